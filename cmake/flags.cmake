@@ -1,0 +1,17 @@
+# The one place of compiler flags: every target links tvx_flags.
+add_library(tvx_flags INTERFACE)
+
+target_compile_options(tvx_flags INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Werror
+  # The order and rounding of every float operation is part of the result: a multiply and an add
+  # must stay two operations.
+  -ffp-contract=off)
+
+# Release is -O2 with the assertions of the program left in: a clear stop beats a wrong feed.
+set(CMAKE_CXX_FLAGS_RELEASE "-O2")
+
+if(TVX_SANITIZE)
+  target_compile_options(tvx_flags INTERFACE
+    -fsanitize=${TVX_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(tvx_flags INTERFACE -fsanitize=${TVX_SANITIZE})
+endif()

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "model/block_store.h"
+#include "model/job_record.h"
+#include "model/parser.h"
+#include "platform/files.h"
+#include "platform/user_interface.h"
+
+namespace tvx {
+
+// The program of one window: its stored moves and what reading it leaves behind.
+struct NcProgram {
+  BlockStore store;
+  int32_t FeedBase = 0;          // reference of the feed colours, mm/min
+  uint32_t incrementalMode = 0;  // 0: G90, 1: G91
+  float arcRadius = 0;           // last radius read; not reset by a load
+  int32_t firstPoint = 1;        // the next drawing starts with a silent first point
+};
+
+// Reads one NC file into the store, in place of the program there. A file that does not exist is
+// created empty. Returns 1; 0 with an empty store and a message when the file cannot be opened, and
+// 0 with what was read so far when the second record of an arc finds no room.
+// `states` is the modal state that lives as long as the process.
+int LoadNcFile(const std::string& path, NcProgram* program, ParserStates* states, JobRecord* job,
+               Files* files, UserInterface* ui);
+
+}  // namespace tvx

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tvx {
+
+// A file open for reading.
+class InputFile {
+ public:
+  virtual ~InputFile() = default;
+  // Reads up to `size` bytes. Returns how many; 0 at the end and on a failure, which read alike.
+  virtual size_t Read(char* buffer, size_t size) = 0;
+};
+
+// A file being written. The bytes go to a temporary file beside the target; an older file of that
+// name stays whole until Commit has succeeded. Destroyed without a Commit, it leaves no trace.
+class OutputFile {
+ public:
+  virtual ~OutputFile() = default;
+  // Appends bytes. Returns false on a failure, after which Commit fails as well.
+  virtual bool Write(std::string_view bytes) = 0;
+  // Overwrites bytes written earlier, from `offset` on. Returns false on a failure or if the range
+  // does not lie within what has been written.
+  virtual bool Patch(uint64_t offset, std::string_view bytes) = 0;
+  // Flushes and puts the file in place of the older one. Returns false if anything failed.
+  virtual bool Commit() = 0;
+};
+
+struct DirectoryEntry {
+  std::string name;  // UTF-8, without directory
+  bool isDirectory = false;
+  uint64_t size = 0;  // bytes; 0 for a directory
+};
+
+// The file system as the program sees it: drive paths in UTF-8. A path without a drive is relative
+// to the current directory, one that starts with "\" or "/" to the root of the current drive.
+class Files {
+ public:
+  virtual ~Files() = default;
+
+  // Null if the file does not exist, cannot be read or is a directory.
+  virtual std::unique_ptr<InputFile> OpenForReading(const std::string& path) = 0;
+  // The same, but a file that does not exist is created empty first. Null if that fails.
+  virtual std::unique_ptr<InputFile> OpenOrCreateForReading(const std::string& path) = 0;
+  // Null if the file cannot be created: no such directory, no right to write, a directory of that
+  // name, or an existing file that may not be written.
+  virtual std::unique_ptr<OutputFile> Create(const std::string& path) = 0;
+  virtual bool Exists(const std::string& path) = 0;
+  virtual bool IsDirectory(const std::string& path) = 0;
+  // Size in bytes, 0 for what is no readable file.
+  virtual uint64_t Size(const std::string& path) = 0;
+  // The entries of a directory in no order, without "." and "..". False if it cannot be read.
+  virtual bool List(const std::string& directory, std::vector<DirectoryEntry>* entries) = 0;
+  // Copies over an older file, which stays whole until the copy is complete. Source and destination
+  // may be the same file under two names: it is then left as it is and the result is true.
+  virtual bool Copy(const std::string& from, const std::string& to) = 0;
+  // Letters of the drives, lower case, ascending.
+  virtual std::vector<char> DriveLetters() = 0;
+
+  // The directory that follows the browser; not that of the process. Absolute, without a backslash
+  // at its end except for the root of a drive.
+  virtual std::string CurrentDirectory() = 0;
+  // False, and no change, if it is no directory.
+  virtual bool SetCurrentDirectory(const std::string& directory) = 0;
+};
+
+// Reads a whole file. False, with *bytes alone, if it cannot be opened.
+bool ReadWholeFile(Files* files, const std::string& path, std::string* bytes);
+
+// Creates or replaces a whole file. False, with the older file as it was, if anything fails.
+bool WriteWholeFile(Files* files, const std::string& path, std::string_view bytes);
+
+class Drives;
+
+// The files of this machine behind a drive table, which has to outlive the result. The current
+// directory starts as the drive path of the process's own if a drive holds it, else "c:\".
+std::unique_ptr<Files> MakeHostFiles(const Drives* drives);
+
+}  // namespace tvx

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+namespace tvx {
+
+// printf into a string, checked by the compiler, of any length. Both programs keep LC_NUMERIC at
+// "C", so numbers are printed alike on every machine.
+[[gnu::format(printf, 1, 2)]] std::string Format(const char* format, ...);
+
+// The shortest plain text (no exponent) that reads back to the same 32-bit value: "0.1", "-12",
+// "1250.5". Infinite values give "inf" and "-inf", a NaN "nan".
+std::string ShortestFloat(float value);
+
+}  // namespace tvx

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tvx {
+
+// CP949 text of a file as UTF-8. A byte that does not decode becomes one private character
+// (U+10FF00 + byte) that EncodeCp949 turns back into the same byte, so foreign bytes survive when a
+// text is only passed on. Never fails.
+std::string DecodeCp949(std::string_view bytes);
+
+// UTF-8 as CP949 (all of modern Hangul). A character that CP949 does not have, or a malformed UTF-8
+// sequence, becomes one "?". Never fails.
+std::string EncodeCp949(std::string_view utf8);
+
+}  // namespace tvx

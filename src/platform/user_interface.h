@@ -1,0 +1,56 @@
+#pragma once
+
+#include <string>
+
+namespace tvx {
+
+// The logic of a dialog: a plain class with the dialog's fields and operations. The front end finds
+// the face by the dialog's own class.
+class Dialog {
+ public:
+  virtual ~Dialog() = default;
+};
+
+enum class MessageIcon { kNone, kInformation, kQuestion, kExclamation, kStop };
+enum class MessageButtons { kOk, kOkCancel, kYesNo };
+
+struct Message {
+  std::string text;
+  std::string caption = "Error message";
+  MessageIcon icon = MessageIcon::kInformation;
+  MessageButtons buttons = MessageButtons::kOk;
+};
+
+struct FileQuestion {
+  bool save = false;             // the save form: a name that does not exist can be typed
+  std::string defaultExtension;  // without a dot; empty for none
+  std::string fileName;          // preset
+  std::string filter;            // "Nc file (*.nc)|*.nc|...||"; empty for none
+  std::string directory;         // drive path to start in; empty for the current directory
+};
+
+// How the program reaches its user. The desktop shows windows, the command-line tool prints
+// messages and refuses dialogs, and the tests play prepared answers.
+class UserInterface {
+ public:
+  virtual ~UserInterface() = default;
+
+  // Shows a message and waits. True for OK and Yes.
+  virtual bool ShowMessage(const Message& message) = 0;
+
+  // Shows the face of a dialog until the user closes it. True if it was accepted. The dialog's
+  // fields and operations are used meanwhile; what they changed stays in either case.
+  virtual bool RunModal(Dialog* dialog) = 0;
+
+  // Asks for one file. Returns true and sets *path, a drive path, on acceptance; returns false and
+  // leaves *path alone when the user cancels.
+  virtual bool ChooseFile(const FileQuestion& question, std::string* path) = 0;
+
+  // Has the view painted anew before the next thing happens.
+  virtual void Repaint() = 0;
+
+  // Shows a text in the status line until the next one.
+  virtual void ShowStatus(const std::string& text) = 0;
+};
+
+}  // namespace tvx
