@@ -1,0 +1,42 @@
+"""scripts/check-layers finds what it is there for."""
+import pathlib
+import subprocess
+import tempfile
+import unittest
+
+SCRIPT = pathlib.Path(__file__).resolve().parents[2] / "scripts" / "check-layers"
+
+# file, its include line, the fault expected in the output or None
+CASES = [
+    ("feed/a.h", '#include "model/path.h"', None),
+    ("feed/a.h", '#include "feed/b.h"', None),
+    ("cli/a.cpp", '#include "shell/app.h"', None),
+    ("desktop/a.cpp", "#include <QWidget>", None),
+    ("platform/a.cpp", "#include <sys/stat.h>", None),
+    ("model/a.cpp", "#include <vector>", None),
+    ("model/a.cpp", '#include "feed/b.h"', 'model/ may not include "feed/b.h"'),
+    ("shell/a.cpp", '#include "cli/b.h"', 'shell/ may not include "cli/b.h"'),
+    ("cli/a.cpp", '#include "desktop/b.h"', 'cli/ may not include "desktop/b.h"'),
+    ("view/a.cpp", "#include <QtGui/QImage>", "belongs to desktop/ only"),
+    ("jobs/a.cpp", "  #  include <unistd.h>", "belongs to platform/ only"),
+    ("model/a.cpp", '#include "path.h"', "must name its folder"),
+    ("extra/a.cpp", "", "not a layer"),
+]
+
+
+class CheckLayers(unittest.TestCase):
+    def test_cases(self):
+        for name, line, fault in CASES:
+            with self.subTest(name=name, line=line), tempfile.TemporaryDirectory() as folder:
+                path = pathlib.Path(folder) / name
+                path.parent.mkdir()
+                path.write_text("#pragma once\n" + line + "\n")
+                run = subprocess.run([SCRIPT, folder], capture_output=True, text=True)
+                if fault is None:
+                    self.assertEqual((run.returncode, run.stdout), (0, ""))
+                else:
+                    self.assertEqual(run.returncode, 1)
+                    self.assertIn(fault, run.stdout)
+
+
+unittest.main()
