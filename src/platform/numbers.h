@@ -17,6 +17,8 @@ constexpr Whole TruncateTo(double value) {
   return static_cast<Whole>(value);
 }
 
-constexpr int32_t TruncateToInt(double value) { return TruncateTo<int32_t>(value); }
+constexpr int32_t TruncateToInt(double value) {
+  return TruncateTo<int32_t>(value);
+}
 
 }  // namespace tvx

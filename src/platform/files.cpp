@@ -1,0 +1,323 @@
+#include "platform/files.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <optional>
+#include <random>
+#include <system_error>
+#include <utility>
+
+#include "platform/drives.h"
+#include "platform/format.h"
+
+namespace tvx {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr size_t kBufferSize = 64 * 1024;  // bytes; a piece large enough to make calls cheap
+
+// An open file of the host, closed with its owner.
+class Descriptor {
+ public:
+  explicit Descriptor(int number = -1) : number_(number) {}
+  Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+  Descriptor& operator=(Descriptor&& other) noexcept {
+    std::swap(number_, other.number_);
+    return *this;
+  }
+  ~Descriptor() { Close(); }
+
+  bool IsOpen() const { return number_ >= 0; }
+  int Number() const { return number_; }
+  // False if bytes written earlier turn out to be lost, as network drives tell only here.
+  bool Close() { return number_ < 0 || ::close(std::exchange(number_, -1)) == 0; }
+
+ private:
+  int number_;
+};
+
+// Reads up to `size` bytes: how many, 0 at the end, -1 on a failure.
+ssize_t ReadSome(int descriptor, char* buffer, size_t size) {
+  ssize_t count;
+  do {
+    count = ::read(descriptor, buffer, size);
+  } while (count < 0 && errno == EINTR);
+  return count;
+}
+
+// Writes all bytes at `offset`.
+bool WriteAll(int descriptor, uint64_t offset, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t count =
+        ::pwrite(descriptor, bytes.data(), bytes.size(), static_cast<off_t>(offset));
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) return false;
+    bytes.remove_prefix(static_cast<size_t>(count));
+    offset += static_cast<uint64_t>(count);
+  }
+  return true;
+}
+
+// Opens a plain file. Pipes and devices are refused like directories: they have no size and might
+// never end. (Not blocking, since the mere opening of a pipe waits for its other side.)
+Descriptor OpenPlainFile(const fs::path& path, int flags) {
+  Descriptor file(::open(path.c_str(), flags | O_RDONLY | O_CLOEXEC | O_NONBLOCK, 0666));
+  struct stat status {};
+  if (file.IsOpen() && (::fstat(file.Number(), &status) != 0 || !S_ISREG(status.st_mode))) {
+    file.Close();
+  }
+  return file;
+}
+
+class HostInputFile : public InputFile {
+ public:
+  explicit HostInputFile(Descriptor file) : file_(std::move(file)) {}
+
+  size_t Read(char* buffer, size_t size) override {
+    const ssize_t count = ReadSome(file_.Number(), buffer, size);
+    return count > 0 ? static_cast<size_t>(count) : 0;
+  }
+
+ private:
+  Descriptor file_;
+};
+
+class HostOutputFile : public OutputFile {
+ public:
+  HostOutputFile(Descriptor file, fs::path temporary, fs::path target)
+      : file_(std::move(file)), temporary_(std::move(temporary)), target_(std::move(target)) {}
+  HostOutputFile(const HostOutputFile&) = delete;
+  HostOutputFile& operator=(const HostOutputFile&) = delete;
+
+  ~HostOutputFile() override {
+    if (!temporary_.empty()) ::unlink(temporary_.c_str());
+  }
+
+  bool Write(std::string_view bytes) override {
+    if (buffer_.size() + bytes.size() > kBufferSize && !Flush()) return false;
+    if (bytes.size() > kBufferSize) return WriteThrough(bytes);
+    buffer_.append(bytes);
+    return good_;
+  }
+
+  bool Patch(uint64_t offset, std::string_view bytes) override {
+    const uint64_t size = written_ + buffer_.size();
+    if (offset > size || bytes.size() > size - offset) return false;
+    good_ = Flush() && WriteAll(file_.Number(), offset, bytes);
+    return good_;
+  }
+
+  bool Commit() override {
+    good_ = Flush() && file_.Close() && ::rename(temporary_.c_str(), target_.c_str()) == 0;
+    if (good_) temporary_.clear();
+    // The file is no longer this object's: what is written or committed after this fails.
+    return std::exchange(good_, false);
+  }
+
+ private:
+  bool Flush() {
+    const bool done = WriteThrough(buffer_);
+    buffer_.clear();
+    return done;
+  }
+
+  bool WriteThrough(std::string_view bytes) {
+    good_ = good_ && WriteAll(file_.Number(), written_, bytes);
+    written_ += bytes.size();
+    return good_;
+  }
+
+  Descriptor file_;
+  fs::path temporary_;  // empty once it is in place
+  fs::path target_;
+  std::string buffer_;    // what is not yet in the file
+  uint64_t written_ = 0;  // bytes in the file
+  bool good_ = true;
+};
+
+// Where a path leads when it is a link, so that a file behind one is replaced and not the link.
+fs::path BehindLinks(fs::path path) {
+  constexpr int kMostLinks = 40;  // as the system itself follows
+  std::error_code error;
+  for (int i = 0; i < kMostLinks && fs::is_symlink(fs::symlink_status(path, error)); ++i) {
+    path = path.parent_path() / fs::read_symlink(path, error);
+  }
+  return path;
+}
+
+// Gives a new file owner and rights of the one it will replace, as far as the system allows.
+void TakeRightsOver(int descriptor, const struct stat& older) {
+  if (::fchown(descriptor, older.st_uid, older.st_gid) != 0) {
+    // Only the superuser gives files away; the file then belongs to who wrote it.
+  }
+  ::fchmod(descriptor, older.st_mode & 07777);
+}
+
+std::unique_ptr<OutputFile> CreateHostFile(const fs::path& path) {
+  const fs::path target = BehindLinks(path);
+  struct stat older {};
+  const bool replaces = ::stat(target.c_str(), &older) == 0;
+  if (replaces && (!S_ISREG(older.st_mode) || ::access(target.c_str(), W_OK) != 0)) return nullptr;
+  if (!target.has_filename()) return nullptr;
+
+  static std::minstd_rand random{std::random_device{}()};
+  constexpr int kAttempts = 100;
+  for (int i = 0; i < kAttempts; ++i) {
+    const fs::path temporary =
+        target.parent_path() / Format(".tvx-%08x.tmp", static_cast<unsigned>(random()));
+    Descriptor file(::open(temporary.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+    if (file.IsOpen()) {
+      if (replaces) TakeRightsOver(file.Number(), older);
+      return std::make_unique<HostOutputFile>(std::move(file), temporary, target);
+    }
+    if (errno != EEXIST) return nullptr;
+  }
+  return nullptr;
+}
+
+class HostFiles : public Files {
+ public:
+  explicit HostFiles(const Drives* drives) : drives_(drives) {
+    std::error_code error;
+    const fs::path process = fs::current_path(error);
+    currentDirectory_ = drives_->FromHost(process).value_or("c:\\");
+  }
+
+  std::unique_ptr<InputFile> OpenForReading(const std::string& path) override {
+    return Open(path, 0);
+  }
+
+  std::unique_ptr<InputFile> OpenOrCreateForReading(const std::string& path) override {
+    return Open(path, O_CREAT);
+  }
+
+  std::unique_ptr<OutputFile> Create(const std::string& path) override {
+    const auto host = Host(path);
+    return host ? CreateHostFile(*host) : nullptr;
+  }
+
+  bool Exists(const std::string& path) override {
+    std::error_code error;
+    return fs::exists(Status(path));
+  }
+
+  bool IsDirectory(const std::string& path) override { return fs::is_directory(Status(path)); }
+
+  uint64_t Size(const std::string& path) override {
+    if (!fs::is_regular_file(Status(path))) return 0;
+    std::error_code error;
+    const uint64_t size = fs::file_size(*Host(path), error);
+    return error ? 0 : size;
+  }
+
+  bool List(const std::string& directory, std::vector<DirectoryEntry>* entries) override {
+    const auto host = Host(directory);
+    if (!host) return false;
+    std::vector<DirectoryEntry> found;
+    std::error_code error;
+    for (fs::directory_iterator entry(*host, error), end; !error && entry != end;
+         entry.increment(error)) {
+      const std::string name = entry->path().filename().string();
+      if (name.find('\\') != std::string::npos) continue;  // no drive path leads there
+      std::error_code ignored;
+      const bool isDirectory = entry->is_directory(ignored);
+      const bool isFile = entry->is_regular_file(ignored);
+      const uint64_t size = isFile ? entry->file_size(ignored) : 0;
+      found.push_back({name, isDirectory, ignored ? 0 : size});
+    }
+    if (error) return false;
+    *entries = std::move(found);
+    return true;
+  }
+
+  bool Copy(const std::string& from, const std::string& to) override {
+    const auto source = Host(from);
+    const auto target = Host(to);
+    if (!source || !target) return false;
+    const Descriptor in = OpenPlainFile(*source, 0);
+    if (!in.IsOpen()) return false;
+    std::error_code error;
+    if (fs::equivalent(*source, *target, error)) return true;
+    const auto out = CreateHostFile(*target);
+    if (!out) return false;
+    std::string buffer(kBufferSize, '\0');
+    for (;;) {
+      const ssize_t count = ReadSome(in.Number(), buffer.data(), buffer.size());
+      if (count < 0) return false;
+      if (count == 0) return out->Commit();
+      if (!out->Write({buffer.data(), static_cast<size_t>(count)})) return false;
+    }
+  }
+
+  std::vector<char> DriveLetters() override { return drives_->Letters(); }
+
+  std::string CurrentDirectory() override { return currentDirectory_; }
+
+  bool SetCurrentDirectory(const std::string& directory) override {
+    if (!IsDirectory(directory)) return false;
+    currentDirectory_ = NormalDrivePath(Absolute(directory));
+    return true;
+  }
+
+ private:
+  std::string Absolute(const std::string& path) const {
+    if (HasDrive(path)) return path;
+    if (path[0] == '\\' || path[0] == '/') return currentDirectory_.substr(0, 2) + path;
+    return currentDirectory_ + "\\" + path;
+  }
+
+  std::optional<fs::path> Host(const std::string& path) const {
+    if (path.empty()) return std::nullopt;
+    return drives_->ToHost(Absolute(path));
+  }
+
+  fs::file_status Status(const std::string& path) const {
+    const auto host = Host(path);
+    std::error_code error;
+    return host ? fs::status(*host, error) : fs::file_status(fs::file_type::none);
+  }
+
+  std::unique_ptr<InputFile> Open(const std::string& path, int flags) const {
+    const auto host = Host(path);
+    if (!host) return nullptr;
+    Descriptor file = OpenPlainFile(*host, flags);
+    return file.IsOpen() ? std::make_unique<HostInputFile>(std::move(file)) : nullptr;
+  }
+
+  const Drives* drives_;
+  std::string currentDirectory_;
+};
+
+}  // namespace
+
+bool ReadWholeFile(Files* files, const std::string& path, std::string* bytes) {
+  const auto file = files->OpenForReading(path);
+  if (file == nullptr) return false;
+  std::string read;
+  for (size_t count = kBufferSize; count > 0;) {
+    const size_t size = read.size();
+    read.resize(size + kBufferSize);
+    count = file->Read(read.data() + size, kBufferSize);
+    read.resize(size + count);
+  }
+  *bytes = std::move(read);
+  return true;
+}
+
+bool WriteWholeFile(Files* files, const std::string& path, std::string_view bytes) {
+  const auto file = files->Create(path);
+  return file != nullptr && file->Write(bytes) && file->Commit();
+}
+
+std::unique_ptr<Files> MakeHostFiles(const Drives* drives) {
+  return std::make_unique<HostFiles>(drives);
+}
+
+}  // namespace tvx

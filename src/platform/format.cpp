@@ -1,0 +1,38 @@
+#include "platform/format.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstdarg>
+#include <cstdio>
+
+namespace tvx {
+
+std::string Format(const char* format, ...) {
+  char shortText[256];
+  va_list arguments;
+  va_start(arguments, format);
+  va_list again;
+  va_copy(again, arguments);
+  const int length = std::vsnprintf(shortText, sizeof shortText, format, arguments);
+  va_end(arguments);
+
+  std::string text;
+  if (length >= 0 && static_cast<size_t>(length) < sizeof shortText) {
+    text.assign(shortText, static_cast<size_t>(length));
+  } else if (length >= 0) {
+    text.resize(static_cast<size_t>(length));
+    std::vsnprintf(text.data(), text.size() + 1, format, again);
+  }
+  va_end(again);
+  return text;
+}
+
+std::string ShortestFloat(float value) {
+  if (std::isnan(value)) return "nan";
+  char text[128];  // the longest are the smallest values: some 60 characters
+  const auto [end, error] =
+      std::to_chars(text, text + sizeof text, value, std::chars_format::fixed);
+  return error == std::errc() ? std::string(text, end) : std::string();
+}
+
+}  // namespace tvx

@@ -1,0 +1,217 @@
+#include "platform/scan.h"
+
+#include <locale.h>
+
+#include <charconv>
+#include <cstdlib>
+#include <limits>
+
+namespace tvx {
+
+namespace {
+
+// The classes of characters of the "C" locale, whatever the process has set.
+bool IsWhite(char c) {
+  return c == ' ' || (c >= '\t' && c <= '\r');
+}
+bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+bool IsSign(char c) {
+  return c == '+' || c == '-';
+}
+char ToLower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+bool IsLetter(char c) {
+  return ToLower(c) >= 'a' && ToLower(c) <= 'z';
+}
+bool IsHexDigit(char c) {
+  return IsDigit(c) || (ToLower(c) >= 'a' && ToLower(c) <= 'f');
+}
+
+std::string_view WithoutLeadingWhite(std::string_view text) {
+  size_t start = 0;
+  while (start < text.size() && IsWhite(text[start])) ++start;
+  return text.substr(start);
+}
+
+// A text that is walked from its start. The walks below take what belongs to a number and stay in
+// front of what does not.
+class Cursor {
+ public:
+  explicit Cursor(std::string_view text) : text_(text) {}
+
+  char Peek() const { return position_ < text_.size() ? text_[position_] : '\0'; }
+  std::string_view Taken() const { return text_.substr(0, position_); }
+
+  bool TakeIf(bool (*fits)(char)) {
+    if (position_ == text_.size() || !fits(text_[position_])) return false;
+    ++position_;
+    return true;
+  }
+  bool TakeAll(bool (*fits)(char)) {
+    const size_t start = position_;
+    while (TakeIf(fits)) {
+    }
+    return position_ > start;
+  }
+  bool TakeLetter(char lowerCase) {
+    if (position_ == text_.size() || ToLower(text_[position_]) != lowerCase) return false;
+    ++position_;
+    return true;
+  }
+  // Takes the letters of the word that are there, up to the first that differs.
+  bool TakeWord(std::string_view lowerCase) {
+    for (const char letter : lowerCase) {
+      if (!TakeLetter(letter)) return false;
+    }
+    return true;
+  }
+
+ private:
+  std::string_view text_;
+  size_t position_ = 0;
+};
+
+// The C library's conversions in the "C" locale, for what std::from_chars does not cover.
+locale_t CLocale() {
+  static const locale_t kLocale = newlocale(LC_ALL_MASK, "C", nullptr);
+  return kLocale;
+}
+void StringToReal(const std::string& text, double* value) {
+  *value = strtod_l(text.c_str(), nullptr, CLocale());
+}
+void StringToReal(const std::string& text, float* value) {
+  *value = strtof_l(text.c_str(), nullptr, CLocale());
+}
+
+// The characters that can stand in a number, so that a rare case copies no more of a long text.
+std::string NumberText(std::string_view text) {
+  Cursor cursor(text);
+  cursor.TakeAll([](char c) {
+    return IsDigit(c) || IsLetter(c) || IsSign(c) || c == '.' || c == '_' || c == '(' || c == ')';
+  });
+  return std::string(cursor.Taken());
+}
+
+// The number at the start of a text, 0 if there is none. std::from_chars is fast and knows no
+// locale, but has no plus sign and no hexadecimal form and does not tell an overflow from an
+// underflow: the latter two go to the C library.
+template <typename Real>
+Real RealAtStart(std::string_view text) {
+  std::string_view number = text;
+  if (number.size() > 1 && number[0] == '+' && number[1] != '-') number.remove_prefix(1);
+  const char* const end = number.data() + number.size();
+  Real value = 0;
+  const auto [stop, error] = std::from_chars(number.data(), end, value);
+  if (error == std::errc::invalid_argument) return 0;
+  const bool mayBeHexadecimal = stop != end && ToLower(*stop) == 'x';
+  if (error != std::errc() || mayBeHexadecimal) StringToReal(NumberText(text), &value);
+  return value;
+}
+
+// The value of a text that holds an optional sign and digits.
+int32_t WholeNumber(std::string_view text) {
+  constexpr int64_t kHighest = std::numeric_limits<int32_t>::max();
+  const bool negative = !text.empty() && text[0] == '-';
+  int64_t magnitude = 0;
+  for (const char c : text) {
+    if (!IsDigit(c)) continue;
+    magnitude = magnitude * 10 + (c - '0');
+    if (magnitude > kHighest + 1) magnitude = kHighest + 1;
+  }
+  if (negative) return static_cast<int32_t>(-magnitude);
+  return static_cast<int32_t>(magnitude > kHighest ? kHighest : magnitude);
+}
+
+bool TakeWholeNumber(Cursor* cursor) {
+  cursor->TakeIf(IsSign);
+  return cursor->TakeAll(IsDigit);
+}
+
+bool TakeNotANumber(Cursor* cursor) {
+  return cursor->TakeWord("nan");
+}
+
+bool TakeInfinity(Cursor* cursor) {
+  if (!cursor->TakeWord("inf")) return false;
+  return ToLower(cursor->Peek()) != 'i' || cursor->TakeWord("inity");
+}
+
+// Digits with a point, and behind them an exponent, which may end before its digits.
+bool TakeFigures(Cursor* cursor, bool (*isFigure)(char), char exponent, bool taken) {
+  taken |= cursor->TakeAll(isFigure);
+  if (cursor->TakeLetter('.')) taken |= cursor->TakeAll(isFigure);
+  if (!taken) return false;
+  if (cursor->TakeLetter(exponent)) {
+    cursor->TakeIf(IsSign);
+    cursor->TakeAll(IsDigit);
+  }
+  return true;
+}
+
+bool TakeReal(Cursor* cursor) {
+  cursor->TakeIf(IsSign);
+  if (ToLower(cursor->Peek()) == 'n') return TakeNotANumber(cursor);
+  if (ToLower(cursor->Peek()) == 'i') return TakeInfinity(cursor);
+  const bool zero = cursor->TakeLetter('0');
+  if (zero && cursor->TakeLetter('x')) return TakeFigures(cursor, IsHexDigit, 'p', false);
+  return TakeFigures(cursor, IsDigit, 'e', zero);
+}
+
+}  // namespace
+
+double TextToDouble(std::string_view text) {
+  return RealAtStart<double>(WithoutLeadingWhite(text));
+}
+
+float TextToFloat(std::string_view text) {
+  return static_cast<float>(TextToDouble(text));
+}
+
+int32_t TextToInt(std::string_view text) {
+  Cursor cursor(WithoutLeadingWhite(text));
+  return TakeWholeNumber(&cursor) ? WholeNumber(cursor.Taken()) : 0;
+}
+
+bool EqualNoCase(std::string_view a, std::string_view b) {
+  if (a.size() != b.size()) return false;
+  for (size_t i = 0; i < a.size(); ++i) {
+    if (ToLower(a[i]) != ToLower(b[i])) return false;
+  }
+  return true;
+}
+
+void WordScanner::SkipWhite() {
+  position_ = text_.size() - WithoutLeadingWhite(text_.substr(position_)).size();
+}
+
+bool WordScanner::ReadWord(std::string* value) {
+  SkipWhite();
+  Cursor cursor(text_.substr(position_));
+  if (!cursor.TakeAll([](char c) { return !IsWhite(c); })) return false;
+  *value = cursor.Taken();
+  position_ += cursor.Taken().size();
+  return true;
+}
+
+bool WordScanner::ReadFloat(float* value) {
+  SkipWhite();
+  Cursor cursor(text_.substr(position_));
+  const bool fits = TakeReal(&cursor);
+  position_ += cursor.Taken().size();
+  if (fits) *value = RealAtStart<float>(cursor.Taken());
+  return fits;
+}
+
+bool WordScanner::ReadInt(int32_t* value) {
+  SkipWhite();
+  Cursor cursor(text_.substr(position_));
+  const bool fits = TakeWholeNumber(&cursor);
+  position_ += cursor.Taken().size();
+  if (fits) *value = WholeNumber(cursor.Taken());
+  return fits;
+}
+
+}  // namespace tvx

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/files.h"
+
+namespace tvx {
+
+// A file system in memory: drive paths without case, as on the host, and faults on demand. It
+// starts as a first start leaves the disk (c:\windows, c:\marlo\afa, c:\marlo\ncdata; drive z:
+// empty), with the current directory "c:\". Files that it opened must not outlive it.
+class MemoryFiles : public Files {
+ public:
+  MemoryFiles();
+
+  // What a test prepares and looks at. Paths as in Files; faults do not touch these.
+
+  // Puts a file there, with the directories that lead to it.
+  void Put(const std::string& path, std::string_view bytes);
+  void MakeDirectory(const std::string& path);
+  void Remove(const std::string& path);
+  // The bytes of a file; a test failure and "" if there is none.
+  std::string Bytes(const std::string& path) const;
+  // The full paths of all files as they were first written, in order without regard to case.
+  std::vector<std::string> FilePaths() const;
+
+  // Faults.
+
+  // The count-th write from now on (1: the next; a Patch counts too) fails as on a full disk.
+  void RefuseWrite(int count) { writesLeft_ = count; }
+  // The count-th Commit from now on fails.
+  void RefuseCommit(int count) { commitsLeft_ = count; }
+  // A file of this name, there or not, cannot be written.
+  void RefuseCreation(const std::string& path);
+  // A file of this name cannot be read.
+  void RefuseOpening(const std::string& path);
+
+  std::unique_ptr<InputFile> OpenForReading(const std::string& path) override;
+  std::unique_ptr<InputFile> OpenOrCreateForReading(const std::string& path) override;
+  std::unique_ptr<OutputFile> Create(const std::string& path) override;
+  bool Exists(const std::string& path) override;
+  bool IsDirectory(const std::string& path) override;
+  uint64_t Size(const std::string& path) override;
+  bool List(const std::string& directory, std::vector<DirectoryEntry>* entries) override;
+  bool Copy(const std::string& from, const std::string& to) override;
+  std::vector<char> DriveLetters() override { return {'c', 'z'}; }
+  std::string CurrentDirectory() override { return currentDirectory_; }
+  bool SetCurrentDirectory(const std::string& directory) override;
+
+ private:
+  class Output;
+  struct Node {
+    std::string path;  // absolute, in the letters of its first mention
+    bool isDirectory = false;
+    std::string bytes;
+  };
+
+  std::string Absolute(const std::string& path) const;
+  std::string Key(const std::string& path) const;
+  const Node* Find(const std::string& path) const;
+  bool CanCreate(const std::string& path) const;
+
+  std::map<std::string, Node> nodes_;  // by Key
+  std::set<std::string> noCreation_;
+  std::set<std::string> noOpening_;
+  int writesLeft_ = 0;  // 0: no fault
+  int commitsLeft_ = 0;
+  std::string currentDirectory_ = "c:\\";
+};
+
+}  // namespace tvx

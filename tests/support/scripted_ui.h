@@ -1,0 +1,68 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/user_interface.h"
+
+namespace tvx {
+
+// A user who follows a script. A test prepares the answers in the order in which they will be asked
+// for, runs the program and looks at what was shown. To be asked for an answer that was not
+// prepared is a test failure and counts as a refusal; so is an answer that nobody asked for.
+class ScriptedUi : public UserInterface {
+ public:
+  ~ScriptedUi() override;
+
+  // The next dialog: the script works on its fields and operations, and its result tells whether it
+  // is accepted.
+  void OnDialog(std::function<bool(Dialog*)> script) { dialogs_.push_back(std::move(script)); }
+
+  // The same for a dialog of class D; any other is a test failure.
+  template <typename D>
+  void OnDialog(std::function<bool(D*)> script) {
+    OnDialog([script = std::move(script)](Dialog* dialog) {
+      D* const expected = dynamic_cast<D*>(dialog);
+      if (expected == nullptr) {
+        ADD_FAILURE() << "another dialog than the script expects";
+        return false;
+      }
+      return script(expected);
+    });
+  }
+
+  // The answer to the next message with a choice. (One that only has an OK button needs no answer.)
+  void OnMessage(bool answer) { answers_.push_back(answer); }
+
+  // The next file question: this drive path is chosen, or it is cancelled.
+  void OnFile(const std::string& path) { files_.emplace_back(path); }
+  void OnFileCancel() { files_.emplace_back(std::nullopt); }
+
+  // What was shown and asked, each kind in its order.
+  std::vector<Message> messages;
+  std::vector<FileQuestion> fileQuestions;
+  std::vector<std::string> statusTexts;
+  int repaints = 0;
+
+  // All of it in one order, a line each: "message TEXT", "dialog", "file FILENAME", "repaint",
+  // "status TEXT".
+  std::vector<std::string> log;
+
+  bool ShowMessage(const Message& message) override;
+  bool RunModal(Dialog* dialog) override;
+  bool ChooseFile(const FileQuestion& question, std::string* path) override;
+  void Repaint() override;
+  void ShowStatus(const std::string& text) override;
+
+ private:
+  std::deque<std::function<bool(Dialog*)>> dialogs_;
+  std::deque<bool> answers_;
+  std::deque<std::optional<std::string>> files_;
+};
+
+}  // namespace tvx
