@@ -8,8 +8,8 @@ namespace tvx {
 
 // Centre of an arc in the XY plane, relative to its start point, from a signed radius: positive for
 // the short way round, 0 or negative for the long one. Writes x (I) and y (J) of *arcOffset for
-// types 6 and 8 and leaves it alone for others. A radius shorter than half the chord puts the centre
-// on the middle of the chord. Returns 1.
+// types 6 and 8 and leaves it alone for others. A radius shorter than half the chord puts the
+// centre on the middle of the chord. Returns 1.
 int ArcCentreFromRadius(const Vec3& start, const Vec3& end, float radius, uint32_t type,
                         Vec3* arcOffset);
 

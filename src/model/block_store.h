@@ -1,8 +1,9 @@
 #pragma once
 
 #include <array>
-#include <cstddef>
 #include <cstdint>
+
+#include "platform/page_memory.h"
 
 namespace tvx {
 
@@ -18,22 +19,29 @@ enum BlockType : uint32_t {
   BlockArcCentre = 101,  // second record of an arc, directly after it
 };
 
-constexpr bool IsRapidType(uint32_t type) { return type == BlockRapidStart || type == BlockRapid; }
-constexpr bool IsCutType(uint32_t type) { return type == BlockCutStart || type == BlockCut; }
-constexpr bool IsArcType(uint32_t type) { return type == BlockArcCcw || type == BlockArcCw; }
+constexpr bool IsRapidType(uint32_t type) {
+  return type == BlockRapidStart || type == BlockRapid;
+}
+constexpr bool IsCutType(uint32_t type) {
+  return type == BlockCutStart || type == BlockCut;
+}
+constexpr bool IsArcType(uint32_t type) {
+  return type == BlockArcCcw || type == BlockArcCw;
+}
 constexpr bool IsMoveType(uint32_t type) {
   return IsRapidType(type) || IsCutType(type) || IsArcType(type);
 }
 
 // One stored record. The page arithmetic depends on its 32 bytes.
 struct MotionBlock {
-  float x = 0, y = 0, z = 0;   // end point, absolute; of a BlockArcCentre: I, J and the end point's Z
+  float x = 0, y = 0,
+        z = 0;  // end point, absolute; of a BlockArcCentre: I, J and the end point's Z
   int32_t feedProgrammed = 0;  // mm/min, before the adjustment
   int32_t feed = 0;            // mm/min, in force after the adjustment
-  int16_t headPercent = 0;     // share of the move from its start, in per cent, that runs at headFeed
-  int16_t headFeed = 0;        // mm/min; 0 for not set
-  int16_t tailPercent = 0;     // share of the move up to its end
-  int16_t tailFeed = 0;        // mm/min; 0 for not set
+  int16_t headPercent = 0;  // share of the move from its start, in per cent, that runs at headFeed
+  int16_t headFeed = 0;     // mm/min; 0 for not set
+  int16_t tailPercent = 0;  // share of the move up to its end
+  int16_t tailFeed = 0;     // mm/min; 0 for not set
   uint32_t type = BlockNone;
 };
 static_assert(sizeof(MotionBlock) == 32);
@@ -47,25 +55,21 @@ class BlockStore {
  public:
   static constexpr uint32_t blocksPerPage = 2041;
   static constexpr uint32_t kMaxPages = 4000;
-  static constexpr size_t kPageBytes = 65530;
   // |x| or |z| above this makes a record bad. y is not tested.
   static constexpr float kCoordinateLimit = 32700.0F;
 
-  // Where page memory comes from; returns null when there is none left. Tests inject failures here.
-  using PageAllocator = void* (*)(size_t bytes);
-
-  BlockStore();
-  explicit BlockStore(PageAllocator allocate);
+  // `memory` has to outlive the store.
+  explicit BlockStore(PageMemory* memory = ProcessPageMemory());
   ~BlockStore();
   BlockStore(const BlockStore&) = delete;
   BlockStore& operator=(const BlockStore&) = delete;
 
-  // Copies CurrentBlock to the block at the index. Returns 1, or 0 beyond the last possible page and
-  // when no page can be had. Does not change blockCount or the register.
+  // Copies CurrentBlock to the block at the index. Returns 1, or 0 beyond the last possible page
+  // and when no page can be had. Does not change blockCount or the register.
   int WriteBlock(uint32_t index) {
     MotionBlock* record = WritableRecord(index);
     if (record == nullptr) return 0;
-    *record = CurrentBlock;
+    CopyFields(CurrentBlock, record);
     return 1;
   }
 
@@ -82,16 +86,38 @@ class BlockStore {
   }
 
   // The stored record as it stands, without the repair and without touching the register; null for
-  // an index that ReadBlock would not read. For listings and for walks over millions of blocks whose
-  // records are known to have been read before.
+  // an index that ReadBlock would not read. For listings and for walks over millions of blocks
+  // whose records are known to have been read before.
   const MotionBlock* Peek(uint32_t index) const {
     return const_cast<BlockStore*>(this)->StoredRecord(index);
+  }
+
+  // The stored record after the repair that a read would make, without touching the register; null
+  // as for Peek. For walks over whole programs: a look costs less than a copy.
+  const MotionBlock* PeekRepaired(uint32_t index) {
+    MotionBlock* record = StoredRecord(index);
+    if (record != nullptr && IsBad(*record)) Repair(record);
+    return record;
   }
 
   MotionBlock CurrentBlock;  // the register
   uint32_t blockCount = 0;   // number of valid blocks; owned by the callers of WriteBlock
 
  private:
+  // Field by field: the parser has just stored the register's fields one by one, and a wide copy
+  // would have to wait for them.
+  static void CopyFields(const MotionBlock& from, MotionBlock* to) {
+    to->x = from.x;
+    to->y = from.y;
+    to->z = from.z;
+    to->feedProgrammed = from.feedProgrammed;
+    to->feed = from.feed;
+    to->headPercent = from.headPercent;
+    to->headFeed = from.headFeed;
+    to->tailPercent = from.tailPercent;
+    to->tailFeed = from.tailFeed;
+    to->type = from.type;
+  }
   static bool IsBad(const MotionBlock& block) {
     return block.x > kCoordinateLimit || block.x < -kCoordinateLimit ||
            block.z > kCoordinateLimit || block.z < -kCoordinateLimit;
@@ -113,7 +139,7 @@ class BlockStore {
   }
   bool AllocatePage(uint32_t page);
 
-  PageAllocator allocate_;
+  PageMemory* memory_;
   std::array<MotionBlock*, kMaxPages> pages_{};
 };
 

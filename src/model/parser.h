@@ -17,7 +17,7 @@ struct ParserState {
   Vec3 lastPos;            // absolute position before the line
   Vec3 modalArcOffset;     // I, J, K of the last valid line; only I and J are ever set
   // Conversational format only.
-  bool centreLine = false;      // CC was read on this line
+  bool centreLine = false;  // CC was read on this line
   float centreDx = 0, centreDy = 0;
 };
 
@@ -36,17 +36,23 @@ struct ParserContext {
   JobRecord* job;             // RapidFeed, IntNcdataFlg, InputFileType
 };
 
-// Parses one line of an NC file. The line is without its line feed; `hasLineFeed` is false when the
-// line was cut before it, in which case a word-address line acts but makes no move. A NUL byte ends
-// the line as if it had been cut there.
+// One line of an NC file, without its line feed. kLinePadding bytes behind it have to be readable,
+// whatever they hold: numbers are taken in several bytes at once.
+struct PaddedLine {
+  static constexpr size_t kLinePadding = 16;
+
+  std::string_view text;
+  bool hasLineFeed;  // false when the line was cut before its line feed
+};
+
+// Parses one line. A word-address line that was cut acts but makes no move; a zero byte in a line
+// cuts it there.
 // Returns 1 if CurrentBlock holds a block to store; for types 6 and 8 *arcOffset then holds the
-// centre's offset from the start point. Returns 0 if the line makes no move.
+// centre's offset from the start point. Returns 0 if the line makes no move. A line with a comment
+// in parentheses, or "#" in the word-address format, changes nothing at all.
 // Picks the format by InputFileType and writes 1 into it if it is not 2.
-int ParseBlockLine(const ParserContext& context, std::string_view line, bool hasLineFeed,
-                   Vec3* arcOffset);
-int ParseWordLine(const ParserContext& context, std::string_view line, bool hasLineFeed,
-                  Vec3* arcOffset);
-int ParseConversationalLine(const ParserContext& context, std::string_view line, bool hasLineFeed,
-                            Vec3* arcOffset);
+int ParseBlockLine(const ParserContext& context, const PaddedLine& line, Vec3* arcOffset);
+int ParseWordLine(const ParserContext& context, const PaddedLine& line, Vec3* arcOffset);
+int ParseConversationalLine(const ParserContext& context, const PaddedLine& line, Vec3* arcOffset);
 
 }  // namespace tvx

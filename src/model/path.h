@@ -32,24 +32,30 @@ uint32_t PrevMove(BlockStore* store, uint32_t index);
 // last block, a move, gets blockCount.
 uint32_t NextMove(BlockStore* store, uint32_t index);
 
-// End point of block i minus that of block j. Returns 1; 0 with everything zero and nothing read for
-// equal indices; 0 with the unit vector left alone if the length is 0. The register is left on j.
+// End point of block i minus that of block j. Returns 1; 0 with everything zero and nothing read
+// for equal indices; 0 with the unit vector left alone if the length is 0. The register is left on
+// j.
 int BlockVector(BlockStore* store, uint32_t i, uint32_t j, Difference* difference, Vec3* unit);
 
 // Point a minus point b, in the same way.
 int DiffVectors(const Vec3& a, const Vec3& b, Difference* difference, Vec3* unit);
 
-inline double Square(float value) { return static_cast<double>(value) * value; }
+inline double Square(float value) {
+  return static_cast<double>(value) * value;
+}
 
 // 0 for arguments below 1e-9, negative ones included.
-inline double SafeSqrt(double value) { return value < 1e-9 ? 0.0 : std::sqrt(value); }
+inline double SafeSqrt(double value) {
+  return value < 1e-9 ? 0.0 : std::sqrt(value);
+}
 
 // Degrees from 0 up to but not including 360 of the direction with the y-like component a and the
-// x-like component b. The factor is 180 / 3.1415, so angles between the axes are stretched a little.
+// x-like component b. The factor is 180 / 3.1415, so angles between the axes are stretched a
+// little.
 float Angle(float a, float b);
 
-// Box of the straight cuts: their end points, and the start point of each run unless it opens with a
-// pure plunge. Starts at +10000 / -10000, so without a cut the minimum stays above the maximum.
+// Box of the straight cuts: their end points, and the start point of each run unless it opens with
+// a pure plunge. Starts at +10000 / -10000, so without a cut the minimum stays above the maximum.
 // Returns 0 for an empty store, else 1.
 int PathExtents(BlockStore* store, Vec3* minimum, Vec3* maximum);
 

@@ -24,8 +24,8 @@ struct CutTimeEntry {
   float CornerMaxRatio = 0;
   float SlopeMinAngle = 0;
   float SlopeMaxRatio = 0;
-  float cutLength = 0;      // mm, straight cuts
-  float rapidLength = 0;    // mm
+  float cutLength = 0;    // mm, straight cuts
+  float rapidLength = 0;  // mm
   float cutMinutes = 0;
   float rapidMinutes = 0;
   float totalMinutes = 0;
@@ -33,7 +33,7 @@ struct CutTimeEntry {
   std::string dirName;      // set by the multi-file run only
   std::string pictureName;  // empty when no picture was made
   std::string AfaMasterFile;
-  std::string optionLine;   // set by the multi-file run only
+  std::string optionLine;  // set by the multi-file run only
   int32_t FeedChgSmoothCheck = 0;
   int32_t XyChgReduceCheck = 0;
   int32_t FeedChgAng = 0;

@@ -1,0 +1,135 @@
+#include "model/path.h"
+
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+
+namespace tvx {
+namespace {
+
+struct Move {
+  uint32_t type;
+  float x, y, z;
+};
+
+void Fill(BlockStore* store, std::initializer_list<Move> moves) {
+  store->blockCount = 0;
+  for (const Move& move : moves) {
+    store->CurrentBlock = {};
+    store->CurrentBlock.type = move.type;
+    store->CurrentBlock.x = move.x;
+    store->CurrentBlock.y = move.y;
+    store->CurrentBlock.z = move.z;
+    store->WriteBlock(store->blockCount++);
+  }
+}
+
+TEST(Path, WalksStepOverBlocksThatAreNoMoves) {
+  BlockStore store;
+  Fill(&store, {{0, 0, 0, 0}, {1, 1, 0, 0}, {101, 0, 0, 0}, {3, 3, 0, 0}, {0, 0, 0, 0}});
+  EXPECT_EQ(PrevMove(&store, 3), 1U);
+  EXPECT_EQ(store.CurrentBlock.x, 1);
+  EXPECT_EQ(PrevMove(&store, 1), 0U) << "block 0 stands for a missing earlier move";
+  EXPECT_EQ(PrevMove(&store, 0), 0U);
+  EXPECT_EQ(store.CurrentBlock.type, 0U) << "and is read";
+  EXPECT_EQ(NextMove(&store, 0), 1U);
+  EXPECT_EQ(NextMove(&store, 1), 3U);
+  EXPECT_EQ(NextMove(&store, 3), 0U) << "only a block of type 0 follows";
+}
+
+TEST(Path, NextMoveFromTheLastBlockAnswersByTheRegister) {
+  BlockStore store;
+  Fill(&store, {{1, 1, 0, 0}, {4, 2, 0, 0}});
+  store.ReadBlock(1);
+  EXPECT_EQ(NextMove(&store, 1), 2U) << "blockCount, for the register still holds a move";
+  store.CurrentBlock.type = BlockNone;
+  EXPECT_EQ(NextMove(&store, 1), 0U);
+}
+
+TEST(Path, BlockTestsAfterAFailedRead) {
+  BlockStore store;
+  Fill(&store, {{4, 1, 0, 0}});
+  store.CurrentBlock.type = BlockRapid;
+  EXPECT_EQ(IsRapidBlock(&store, 7), 1);
+  EXPECT_EQ(IsMoveBlock(&store, 7), 0);
+  EXPECT_EQ(IsCutBlock(&store, 0), 1);
+  EXPECT_EQ(IsCutBlock(&store, 7), 1);
+}
+
+TEST(Path, VectorsAndTheirFailures) {
+  BlockStore store;
+  Fill(&store, {{1, 1, 2, 3}, {3, 4, 6, 3}, {4, 4, 6, 3}});
+  Difference d;
+  Vec3 u{9, 9, 9};
+  EXPECT_EQ(BlockVector(&store, 1, 0, &d, &u), 1);
+  EXPECT_EQ(d.dx, 3);
+  EXPECT_EQ(d.dy, 4);
+  EXPECT_EQ(d.length, 5);
+  EXPECT_EQ(u.x, 0.6F);
+  EXPECT_EQ(store.CurrentBlock.x, 1) << "the register is left on the second block";
+
+  EXPECT_EQ(BlockVector(&store, 2, 1, &d, &u), 0);
+  EXPECT_EQ(d.length, 0);
+  EXPECT_EQ(u.x, 0.6F) << "no length leaves the unit vector";
+
+  store.CurrentBlock.x = 77;
+  EXPECT_EQ(BlockVector(&store, 1, 1, &d, &u), 0);
+  EXPECT_EQ(u.x, 0) << "equal indices clear it";
+  EXPECT_EQ(store.CurrentBlock.x, 77) << "and read nothing";
+}
+
+TEST(Path, SafeSqrtHasAFloor) {
+  EXPECT_EQ(SafeSqrt(-4.0), 0.0);
+  EXPECT_EQ(SafeSqrt(0.0000000009), 0.0);
+  EXPECT_NEAR(SafeSqrt(0.000000001), 0.0000316, 1e-7);
+}
+
+TEST(Path, AngleOfADirection) {
+  const struct {
+    float a, b, degrees;
+  } exact[] = {
+      {0, 0, 0},    {1e-7F, 1e-7F, 0}, {0, 1, 0},    {1, 0, 90},       {0, -1, 180},
+      {-1, 0, 270}, {0, 0.001F, 0},    {-7, 0, 270}, {0, -0.37F, 180},
+  };
+  for (const auto& c : exact) EXPECT_EQ(Angle(c.a, c.b), c.degrees) << c.a << ' ' << c.b;
+  const struct {
+    float a, b, degrees;
+  } near[] = {{1, 1, 45.00133F}, {1, -1, 135.00398F}, {-1, -1, 224.99602F}, {-1, 1, 314.99867F}};
+  for (const auto& c : near) EXPECT_NEAR(Angle(c.a, c.b), c.degrees, 2e-5) << c.a << ' ' << c.b;
+}
+
+TEST(Path, AngleStaysInItsRangeCloseToTheAxes) {
+  for (int i = -2000; i <= 2000; ++i) {
+    const float tiny = static_cast<float>(i) * 1e-8F;
+    for (const float big : {1.0F, -1.0F}) {
+      for (const float angle : {Angle(tiny, big), Angle(big, tiny)}) {
+        EXPECT_GE(angle, 0.0F) << tiny;
+        EXPECT_LT(angle, 360.0F) << tiny;
+      }
+    }
+  }
+}
+
+TEST(Path, ExtentsOfTheCuts) {
+  BlockStore store;
+  Vec3 low, high;
+  EXPECT_EQ(PathExtents(&store, &low, &high), 0);
+
+  Fill(&store, {{1, -500, 0, 90}, {2, 500, 0, 90}});
+  EXPECT_EQ(PathExtents(&store, &low, &high), 1);
+  EXPECT_EQ(low.x, 10000.0F) << "rapids do not count";
+  EXPECT_EQ(high.x, -10000.0F);
+
+  // A plunge leaves its start out; a slanted opening does not; arcs do not count.
+  Fill(&store, {{1, 0, 0, 50}, {3, 0, 0, -5}, {4, 10, 1, -5}, {6, 99, 99, -5}, {101, 1, 1, -5}});
+  PathExtents(&store, &low, &high);
+  EXPECT_EQ(high.z, -5);
+  EXPECT_EQ(high.x, 10);
+  Fill(&store, {{1, 0, 0, 50}, {3, 1, 0, -5}});
+  PathExtents(&store, &low, &high);
+  EXPECT_EQ(high.z, 50);
+  EXPECT_EQ(low.x, 0);
+}
+
+}  // namespace
+}  // namespace tvx
