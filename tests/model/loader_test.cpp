@@ -14,13 +14,13 @@ namespace {
 
 struct Shop {
   MemoryFiles files;
-  ScriptedUserInterface ui;
+  ScriptedUi ui;
   NcProgram program;
   ParserStates states;
   JobRecord job;
 
   int Load(const std::string& text) {
-    WriteWholeFile(&files, "c:\\a.nc", text);
+    files.Put("c:\\a.nc", text);
     return LoadNcFile("c:\\a.nc", &program, &states, &job, &files, &ui);
   }
   std::string Blocks() const { return BlockList(program.store); }
@@ -127,7 +127,7 @@ TEST(Loader, FilesThatCannotBeRead) {
 // A store of one page of 2041 blocks.
 struct SmallShop {
   MemoryFiles files;
-  ScriptedUserInterface ui;
+  ScriptedUi ui;
   OnePageMemory memory;
   NcProgram program{BlockStore(&memory)};
   ParserStates states;
@@ -138,7 +138,7 @@ TEST(Loader, BlocksWithoutRoomAreLostAndTheLoadGoesOn) {
   SmallShop shop;
   std::string text = "G01\n";
   for (int i = 1; i <= 2050; ++i) text += "X" + std::to_string(i) + "\n\n";
-  WriteWholeFile(&shop.files, "c:\\a.nc", text);
+  shop.files.Put("c:\\a.nc", text);
   EXPECT_EQ(LoadNcFile("c:\\a.nc", &shop.program, &shop.states, &shop.job, &shop.files, &shop.ui),
             1);
   EXPECT_EQ(shop.program.store.blockCount, 2041U);
@@ -149,7 +149,7 @@ TEST(Loader, AnArcWithoutRoomForItsCentreEndsTheLoad) {
   SmallShop shop;
   std::string text(2040, '\n');
   text += "G02 X2 I1 J0\nG01 X5\n";
-  WriteWholeFile(&shop.files, "c:\\a.nc", text);
+  shop.files.Put("c:\\a.nc", text);
   EXPECT_EQ(LoadNcFile("c:\\a.nc", &shop.program, &shop.states, &shop.job, &shop.files, &shop.ui),
             0);
   EXPECT_EQ(shop.states.word.savedPos.x, 2);

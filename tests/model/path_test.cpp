@@ -95,7 +95,7 @@ TEST(Path, AngleOfADirection) {
   const struct {
     float a, b, degrees;
   } near[] = {{1, 1, 45.00133F}, {1, -1, 135.00398F}, {-1, -1, 224.99602F}, {-1, 1, 314.99867F}};
-  for (const auto& c : near) EXPECT_NEAR(Angle(c.a, c.b), c.degrees, 2e-5) << c.a << ' ' << c.b;
+  for (const auto& c : near) EXPECT_FLOAT_EQ(Angle(c.a, c.b), c.degrees) << c.a << ' ' << c.b;
 }
 
 TEST(Path, AngleStaysInItsRangeCloseToTheAxes) {
