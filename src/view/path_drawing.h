@@ -1,0 +1,140 @@
+// The stored program as lines on a device, in the colours of its feeds. What a drawing consists of
+// is the sequence of calls that reach the device; screen, picture files and printer differ only in
+// the palette, the background and the device.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <span>
+
+#include "model/arc_geometry.h"
+#include "model/block_store.h"
+#include "model/job_record.h"
+#include "model/loader.h"
+#include "model/path.h"
+#include "view/drawing_device.h"
+#include "view/view_transform.h"
+
+namespace tvx {
+
+// What lasts from one drawing to the next, one for each kind of target.
+struct DrawingState {
+  int32_t lastPenFeed = 0;  // feed for which the pen was last chosen; survives the drawing
+  Vec3 prevEnd;             // end point of the last move handled: the start of an arc
+};
+
+// How one window looks at its program.
+struct ViewState {
+  ViewTransform transform;
+  int32_t RapidVisible = 1;  // 1: rapids are drawn, any other: the pen only moves over them
+  DrawingState screen;
+  DrawingState picture;
+};
+
+// What is drawn. Everything is owned by the window's working state. A drawing changes firstPoint
+// and the register of the program, the scale's lower bound in the view, and one DrawingState.
+struct Scene {
+  NcProgram* program;
+  const JobRecord* job;  // AfaEnabled, FeedChgSmoothCheck
+  ViewState* view;
+};
+
+// The seven bands of the feed, as fractions of FeedBase, from the fastest to the slowest. A band is
+// open at its lower end, except the last.
+struct FeedBand {
+  double above;
+  double upTo;
+};
+inline constexpr int kFeedBands = 7;
+std::span<const FeedBand, kFeedBands> FeedBands();
+
+struct Palette {
+  Pen start;                         // axes, and the path until a move selects its own
+  std::array<Pen, kFeedBands> band;  // in the order of FeedBands
+};
+extern const Palette kScreenPalette;   // for a black background
+extern const Palette kPicturePalette;  // for a white page
+
+// The pen of a feed. A FeedBase of 0 gives penBlue; a feed below 0 or above 100 times the base
+// gives none: the pen in force stays.
+std::optional<Pen> PenForFeed(int32_t feed, int32_t FeedBase, const Palette& palette);
+
+// One drawing of a scene onto a device.
+class PathDrawing {
+ public:
+  PathDrawing(const Scene& scene, DrawingState* state, const Palette& palette,
+              DrawingDevice* device)
+      : store_(&scene.program->store),
+        program_(scene.program),
+        view_(&scene.view->transform),
+        state_(state),
+        palette_(palette),
+        device_(device),
+        rapidVisible_(scene.view->RapidVisible == 1),
+        afaEnabled_(scene.job->AfaEnabled == 1),
+        smooth_(scene.job->FeedChgSmoothCheck == 1) {}
+
+  // Tripod of the world axes, of fixed length on the screen. Returns the pen that was in force
+  // before; the start pen stays selected.
+  Pen DrawAxes();
+
+  // All move blocks in the order of the store.
+  void DrawPath();
+
+  // The move of type 1 to 4 at an index, in portions and colour steps. `block` is that record.
+  void DrawMove(uint32_t index, const MotionBlock& block);
+
+  // An arc as chords of about three pixels. An arc of more than kMostChords is not drawn.
+  void DrawArc(const Vec3& start, const Vec3& end, const Vec3& centre, uint32_t type);
+
+  // One step of the pen to a point. A point beyond 30000 pixels does nothing at all: the next
+  // visible one connects to the last visible one.
+  void DrawTo(const Vec3& point, int32_t feed, uint32_t type);
+
+  // At this many chords, neighbouring values of the single-precision angle lie further apart than a
+  // drawing area is wide.
+  static constexpr double kMostChords = 1e10;
+
+ private:
+  struct Ramp {
+    Vec3 from, to;
+    int32_t fromFeed, toFeed;
+  };
+  static int32_t RampSteps(const Ramp& ramp);
+  void DrawRamp(const Ramp& ramp, int32_t steps, int32_t firstStep, uint32_t type);
+  void DrawWithoutPortions(uint32_t index, const MotionBlock& block);
+  void DrawWithPortions(uint32_t index, const MotionBlock& block);
+
+  struct Arc {
+    Vec3 centre;
+    ArcMeasures measures;
+    uint32_t type;
+    int64_t chords;
+    double slack;  // pixels by which a point may be off through rounding
+
+    Vec3 PointAt(int64_t chord) const;
+  };
+  bool IsOutOfSight(const Arc& arc, int64_t first, int64_t last) const;
+  void DrawChords(const Arc& arc, int64_t first, int64_t last);
+
+  void SelectPenForFeed(int32_t feed);
+
+  BlockStore* store_;
+  NcProgram* program_;
+  ViewTransform* view_;
+  DrawingState* state_;
+  const Palette& palette_;
+  DrawingDevice* device_;
+  bool rapidVisible_;
+  bool afaEnabled_;
+  bool smooth_;
+};
+
+// The drawing of the screen: black background, axes and path. The device has been prepared.
+void Paint(const Scene& scene, DrawingDevice* device);
+
+// The drawing of a picture file: axes and path for a white page, with no background.
+void DrawPicture(const Scene& scene, DrawingDevice* device);
+
+}  // namespace tvx

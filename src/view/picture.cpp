@@ -1,0 +1,127 @@
+#include "view/picture.h"
+
+#include <array>
+#include <cstdlib>
+#include <memory>
+#include <vector>
+
+#include "platform/scan.h"
+#include "view/metafile_device.h"
+#include "view/png_file.h"
+#include "view/raster_device.h"
+#include "view/svg_device.h"
+
+namespace tvx {
+namespace {
+
+// An image of more pixels is refused.
+constexpr int64_t kMostPixels = int64_t{1} << 28;
+
+constexpr uint32_t kPagePixel = 0xFFFFFFFF;  // white
+
+// The letters of the axes as strokes in a cell of 7 by 11 pixels, for an image that no font
+// reaches.
+constexpr int kLetterLeft = 1, kLetterTop = 3;
+struct Stroke {
+  Pixel from, to;
+};
+struct StrokeLetter {
+  std::string_view text;
+  std::array<Stroke, 3> strokes;
+};
+constexpr StrokeLetter kStrokeLetters[] = {
+    {"X", {{{{0, 0}, {6, 10}}, {{6, 0}, {0, 10}}, {{3, 5}, {3, 5}}}}},
+    {"Y", {{{{0, 0}, {3, 5}}, {{6, 0}, {3, 5}}, {{3, 5}, {3, 10}}}}},
+    {"Z", {{{{0, 0}, {6, 0}}, {{6, 0}, {0, 10}}, {{0, 10}, {6, 10}}}}},
+};
+
+// Far from any page; with a scale near its lower bound an axis can end anywhere.
+bool IsNear(int32_t coordinate) {
+  return std::abs(int64_t{coordinate}) < kMostPixels;
+}
+
+void DrawLetters(RasterDevice* device) {
+  device->SelectPen(penBlack);
+  for (const auto& placed : device->texts()) {
+    if (!IsNear(placed.point.x) || !IsNear(placed.point.y)) continue;
+    for (const StrokeLetter& letter : kStrokeLetters) {
+      if (letter.text != placed.text) continue;
+      const auto at = [&](Pixel p) {
+        return Pixel{placed.point.x + kLetterLeft + p.x, placed.point.y + kLetterTop + p.y};
+      };
+      for (const Stroke& stroke : letter.strokes) {
+        device->MoveTo(at(stroke.from));
+        device->LineTo(at(stroke.to));
+      }
+    }
+  }
+}
+
+// Where the first pixel of a page lies whose middle is the origin.
+Pixel PageOrigin(const ViewTransform& view) {
+  return {-(view.clientWidth / 2), -(view.clientHeight / 2)};
+}
+
+bool DrawMetafile(const Scene& scene, OutputFile* file) {
+  MetafileDevice device(file);
+  DrawPicture(scene, &device);
+  return device.Finish();
+}
+
+bool DrawSvg(const Scene& scene, OutputFile* file) {
+  const ViewTransform& view = scene.view->transform;
+  SvgDevice device(file, view.clientWidth, view.clientHeight, PageOrigin(view));
+  DrawPicture(scene, &device);
+  return device.Finish();
+}
+
+bool DrawPng(const Scene& scene, OutputFile* file) {
+  const ViewTransform& view = scene.view->transform;
+  const int64_t count = int64_t{view.clientWidth} * view.clientHeight;
+  if (view.clientWidth <= 0 || view.clientHeight <= 0 || count > kMostPixels) return false;
+  std::vector<uint32_t> pixels(static_cast<size_t>(count), kPagePixel);
+  const Image image{pixels.data(), view.clientWidth, view.clientHeight, view.clientWidth};
+  RasterDevice device(image, PageOrigin(view));
+  DrawPicture(scene, &device);
+  DrawLetters(&device);
+  return file != nullptr && WritePng(image, file);
+}
+
+struct FormatRow {
+  std::string_view ending;
+  PictureFormat format;
+  bool (*draw)(const Scene& scene, OutputFile* file);
+};
+constexpr FormatRow kFormats[] = {
+    {".emf", PictureFormat::kMetafile, DrawMetafile},
+    {".svg", PictureFormat::kSvg, DrawSvg},
+    {".png", PictureFormat::kPng, DrawPng},
+};
+
+}  // namespace
+
+std::optional<PictureFormat> PictureFormatOf(std::string_view path) {
+  for (const FormatRow& row : kFormats) {
+    if (path.size() >= row.ending.size() &&
+        EqualNoCase(path.substr(path.size() - row.ending.size()), row.ending)) {
+      return row.format;
+    }
+  }
+  return std::nullopt;
+}
+
+bool WritePictureFile(PictureFormat format, const std::string& path, const Scene& scene,
+                      Files* files) {
+  const std::unique_ptr<OutputFile> file = files->Create(path);
+  for (const FormatRow& row : kFormats) {
+    if (row.format == format) return row.draw(scene, file.get()) && file->Commit();
+  }
+  return false;
+}
+
+int WritePicture(const std::string& path, const Scene& scene, Files* files) {
+  WritePictureFile(PictureFormat::kMetafile, path, scene, files);
+  return 1;
+}
+
+}  // namespace tvx

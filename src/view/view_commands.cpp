@@ -1,0 +1,129 @@
+#include "view/view_commands.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "platform/numbers.h"
+
+namespace tvx {
+namespace {
+
+constexpr int32_t kAngleStep = 10;       // degrees
+constexpr int64_t kClickThreshold = 10;  // pixels; a drag is longer
+
+struct KeyRule {
+  ViewKey key;
+  int32_t ViewTransform::*field;
+  int32_t direction;
+  bool turns;  // an angle in degrees, else a pan in world units
+};
+constexpr KeyRule kKeyRules[] = {
+    {ViewKey::kUp, &ViewTransform::panY, 1, false},
+    {ViewKey::kDown, &ViewTransform::panY, -1, false},
+    {ViewKey::kRight, &ViewTransform::panX, -1, false},
+    {ViewKey::kLeft, &ViewTransform::panX, 1, false},
+    {ViewKey::kPageUp, &ViewTransform::rotZ, 1, true},
+    {ViewKey::kPageDown, &ViewTransform::rotZ, -1, true},
+    {ViewKey::kHome, &ViewTransform::rotY, 1, true},
+    {ViewKey::kEnd, &ViewTransform::rotY, -1, true},
+    {ViewKey::kInsert, &ViewTransform::rotX, 1, true},
+    {ViewKey::kDelete, &ViewTransform::rotX, -1, true},
+};
+
+// 360 itself is allowed to stand.
+int32_t Turned(int32_t angle, int32_t degrees) {
+  angle += degrees;
+  if (angle > 360) return angle - 360;
+  if (angle < 0) return angle + 360;
+  return angle;
+}
+
+// Held in 32 bits.
+int32_t Panned(int32_t pan, int64_t step) {
+  return static_cast<int32_t>(std::clamp<int64_t>(pan + step, INT32_MIN, INT32_MAX));
+}
+
+bool IsDrag(int32_t from, int32_t to) {
+  return std::abs(int64_t{to} - from) > kClickThreshold;
+}
+
+}  // namespace
+
+int32_t PanStep(float viewScale) {
+  return TruncateToInt(10.0 / viewScale + 1.0);
+}
+
+void ViewCommands::ShowViewMode(int mode) {
+  SetViewMode(&view_->transform, mode, ui_);
+}
+
+void ViewCommands::Fit() {
+  FitToPath(&view_->transform, &program_->store, ui_);
+}
+
+void ViewCommands::Redraw() {
+  ui_->Repaint();
+}
+
+void ViewCommands::ToggleRapids() {
+  view_->RapidVisible = view_->RapidVisible != 1 ? 1 : 0;
+  job_->RapidShown = view_->RapidVisible;
+  ui_->Repaint();
+}
+
+void ViewCommands::PressKey(ViewKey key) {
+  ViewTransform& transform = view_->transform;
+  for (const KeyRule& rule : kKeyRules) {
+    if (rule.key != key) continue;
+    int32_t& value = transform.*rule.field;
+    if (rule.turns) {
+      value = Turned(value, rule.direction * kAngleStep);
+      transform.UpdateTrigTable();
+    } else {
+      value = Panned(value, int64_t{rule.direction} * PanStep(transform.viewScale));
+    }
+    ui_->Repaint();
+  }
+}
+
+void ViewCommands::PressRight(Pixel point) {
+  rubberActive_ = true;
+  rubberDrawn_ = false;
+  rubberPress_ = point;
+}
+
+bool ViewCommands::MoveMouse(Pixel point) {
+  if (!rubberActive_) return false;
+  rubberLast_ = point;
+  rubberDrawn_ = true;
+  return true;
+}
+
+void ViewCommands::ReleaseRight(Pixel point) {
+  PrepareDevice(&view_->transform);  // latches the size that the zoom or fit goes by
+  rubberActive_ = false;
+  rubberDrawn_ = false;
+  if (IsDrag(rubberPress_.x, point.x) && IsDrag(rubberPress_.y, point.y)) {
+    ZoomToRect(&view_->transform, rubberPress_, point, ui_);
+  } else {
+    Fit();
+  }
+}
+
+std::optional<std::array<Pixel, 2>> ViewCommands::RubberBand() const {
+  if (!rubberDrawn_) return std::nullopt;
+  return std::array{rubberPress_, rubberLast_};
+}
+
+void ViewCommands::PressLeft(CCommandPadDlg* pad, const PadActions& actions) {
+  pad->ClearFlags();
+  ui_->RunModal(pad);
+  if (pad->cutTime) {
+    actions.runJobList();
+    actions.showResultList();
+  }
+  if (pad->rapids) ToggleRapids();
+  if (pad->settings) actions.showOptions();
+}
+
+}  // namespace tvx

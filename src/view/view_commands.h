@@ -1,0 +1,84 @@
+// The ways in which a user changes the picture, without a window: the front end forwards its events
+// and shows the rubber band.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <optional>
+
+#include "model/job_record.h"
+#include "model/loader.h"
+#include "platform/user_interface.h"
+#include "view/command_pad.h"
+#include "view/path_drawing.h"
+
+namespace tvx {
+
+// The keys on which a view acts while it has the focus, whatever modifier keys are down.
+enum class ViewKey {
+  kUp,
+  kDown,
+  kRight,
+  kLeft,
+  kPageUp,
+  kPageDown,
+  kHome,
+  kEnd,
+  kInsert,
+  kDelete,
+};
+
+// What the command pad sets off; the operations belong to the owner of the view.
+struct PadActions {
+  std::function<void()> runJobList;
+  std::function<void()> showResultList;
+  std::function<void()> showOptions;
+};
+
+class ViewCommands {
+ public:
+  // All have to outlive the object.
+  ViewCommands(NcProgram* program, JobRecord* job, ViewState* view, UserInterface* ui)
+      : program_(program), job_(job), view_(view), ui_(ui) {}
+
+  // Fixed view 1 to 7.
+  void ShowViewMode(int mode);
+  void Fit();
+  void Redraw();
+  // Shows the rapid moves if they are hidden and the other way round, in the view and in RapidShown
+  // of the job record, and repaints.
+  void ToggleRapids();
+
+  // Pans by about ten pixels, or turns one angle by ten degrees, and repaints.
+  void PressKey(ViewKey key);
+
+  // The rubber band, with points of the drawing area, origin top left. A release more than ten
+  // pixels away in both directions zooms to the rectangle, any other fits the path. Either
+  // repaints.
+  void PressRight(Pixel point);
+  // Returns true if the rubber band has changed and is to be shown anew.
+  bool MoveMouse(Pixel point);
+  void ReleaseRight(Pixel point);
+
+  // The rectangle to show over the picture, as two opposite corners; none outside a drag.
+  std::optional<std::array<Pixel, 2>> RubberBand() const;
+
+  // Opens the command pad and then acts on what was chosen.
+  void PressLeft(CCommandPadDlg* pad, const PadActions& actions);
+
+ private:
+  NcProgram* program_;
+  JobRecord* job_;
+  ViewState* view_;
+  UserInterface* ui_;
+  bool rubberActive_ = false;  // the right button is down and the drag is in progress
+  bool rubberDrawn_ = false;   // a rectangle is on the screen
+  Pixel rubberPress_;
+  Pixel rubberLast_;  // far corner of the rectangle on the screen
+};
+
+// Whole world units by which an arrow key pans: about ten pixels, and at least 1.
+int32_t PanStep(float viewScale);
+
+}  // namespace tvx
