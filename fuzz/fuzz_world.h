@@ -1,0 +1,85 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/files.h"
+#include "platform/user_interface.h"
+
+namespace tvx {
+
+// What a fuzz target gives the core to work in: a file system where every file holds the bytes of
+// the input and whatever is written is dropped, and a user who refuses everything.
+
+class FuzzFiles : public Files {
+ public:
+  // The bytes are not copied and have to outlive the object.
+  explicit FuzzFiles(std::string_view bytes) : bytes_(bytes) {}
+
+  std::unique_ptr<InputFile> OpenForReading(const std::string&) override {
+    return std::make_unique<Input>(bytes_);
+  }
+  std::unique_ptr<InputFile> OpenOrCreateForReading(const std::string& path) override {
+    return OpenForReading(path);
+  }
+  std::unique_ptr<OutputFile> Create(const std::string&) override {
+    return std::make_unique<Output>();
+  }
+  bool Exists(const std::string&) override { return true; }
+  bool IsDirectory(const std::string&) override { return false; }
+  uint64_t Size(const std::string&) override { return bytes_.size(); }
+  bool List(const std::string&, std::vector<DirectoryEntry>*) override { return false; }
+  bool Copy(const std::string&, const std::string&) override { return false; }
+  std::vector<char> DriveLetters() override { return {'c'}; }
+  std::string CurrentDirectory() override { return "c:\\"; }
+  bool SetCurrentDirectory(const std::string&) override { return false; }
+
+ private:
+  class Input : public InputFile {
+   public:
+    explicit Input(std::string_view bytes) : rest_(bytes) {}
+    size_t Read(char* buffer, size_t size) override {
+      const size_t count = std::min(size, rest_.size());
+      if (count > 0) std::memcpy(buffer, rest_.data(), count);
+      rest_.remove_prefix(count);
+      return count;
+    }
+
+   private:
+    std::string_view rest_;
+  };
+
+  class Output : public OutputFile {
+   public:
+    bool Write(std::string_view) override { return true; }
+    bool Patch(uint64_t, std::string_view) override { return true; }
+    bool Commit() override { return true; }
+  };
+
+  std::string_view bytes_;
+};
+
+class FuzzUi : public UserInterface {
+ public:
+  bool ShowMessage(const Message&) override { return false; }
+  bool RunModal(Dialog*) override { return false; }
+  bool ChooseFile(const FileQuestion&, std::string*) override { return false; }
+  void Repaint() override {}
+  void ShowStatus(const std::string&) override {}
+};
+
+inline std::string_view AsText(const uint8_t* data, size_t size) {
+  return {reinterpret_cast<const char*>(data), size};
+}
+
+// Stops the target, and so reports the input, if a promise of the core does not hold.
+inline void Require(bool holds) {
+  if (!holds) __builtin_trap();
+}
+
+}  // namespace tvx
