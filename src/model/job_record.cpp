@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "platform/scan.h"
+#include "platform/text.h"
 
 namespace tvx {
 
@@ -118,6 +119,12 @@ int CopyJobRecord(int /*index*/, JobRecord* destination, const JobRecord& source
     std::visit([&](auto member) { destination->*member = source.*member; }, field.member);
   }
   return 1;
+}
+
+bool NamesMasterFile(std::string_view path) {
+  // A path of four bytes is no more than a drive and the start of a name.
+  constexpr size_t kTooShort = 4;
+  return EncodeCp949(path).size() > kTooShort;
 }
 
 }  // namespace tvx

@@ -84,4 +84,7 @@ bool SetJobField(JobRecord* record, std::string_view name, std::string_view text
 // ConditionDir and RapidShown. `index` is a slot number that the copy does not use. Returns 1.
 int CopyJobRecord(int index, JobRecord* destination, const JobRecord& source);
 
+// True if the path can name a master model: in the encoding of the files it has more than 4 bytes.
+bool NamesMasterFile(std::string_view path);
+
 }  // namespace tvx

@@ -11,6 +11,10 @@ class Dialog {
   virtual ~Dialog() = default;
 };
 
+// How a button that may close a dialog ends. The front end keeps the face open or closes it
+// accordingly; RunModal then tells the caller whether it was accepted.
+enum class Closing { kStaysOpen, kAccepted, kCancelled };
+
 enum class MessageIcon { kNone, kInformation, kQuestion, kExclamation, kStop };
 enum class MessageButtons { kOk, kOkCancel, kYesNo };
 
@@ -24,7 +28,7 @@ struct Message {
 struct FileQuestion {
   bool save = false;             // the save form: a name that does not exist can be typed
   std::string defaultExtension;  // without a dot; empty for none
-  std::string fileName;          // preset
+  std::string fileName;          // preset; may hold a directory to start in, and a mask ("*.afa")
   std::string filter;            // "Nc file (*.nc)|*.nc|...||"; empty for none
   std::string directory;         // drive path to start in; empty for the current directory
 };

@@ -1,0 +1,58 @@
+#include "model/labels.h"
+
+#include <string_view>
+
+namespace tvx {
+
+namespace {
+
+struct Label {
+  std::string_view korean;
+  std::string_view english;
+};
+
+// Replaced in this order: a label that holds an earlier one is reached only by what that left.
+constexpr Label kLabels[] = {
+    {"화일명", "FileName"},
+    {"재전송", "Restart"},
+    {"번호", "Num"},
+    {"블록", "Block"},
+    {"Z영역", "ZArea"},
+    {"좌표", "Cood"},
+    {"공차", "Toler"},
+    {"공구직경", "ToolDia"},
+    {"안전거리", "SafeDist"},
+    {"코너최소각도", "CorChkMinAng"},
+    {"코너최대감속비", "CorMaxDecRat"},
+    {"경사최소각도", "SideChkMinAng"},
+    {"경사최대감속비", "SideMaxDecRat"},
+    {"볼록코너검색", "ConcornerCheck"},
+    {"Z상하향검색", "UpDownChk"},
+    {"가공소재", "MaterialName"},
+    {"최대피드", "MaxFeed"},
+    {"접근피드", "PlungeFeed"},
+    {"코너가중치", "CornerWeight"},
+    {"경사가중치", "SideWeight"},
+    {"부드러운 피드 변화", "SmoothFeed"},
+    {"XY변화 축소", "XyChgReduceCheck"},
+    {"조건화일", "Afa file"},
+    {"Afa조건:", "Afa:"},
+    {"도 가중치", " deg weight"},
+};
+
+void ReplaceAll(std::string_view from, std::string_view to, std::string* text) {
+  for (size_t at = text->find(from); at != std::string::npos; at = text->find(from, at)) {
+    text->replace(at, from.size(), to);
+    at += to.size();
+  }
+}
+
+}  // namespace
+
+std::string ReplaceLabels(std::string text) {
+  if (LabelLanguage != kEnglishLabels) return text;
+  for (const Label& label : kLabels) ReplaceAll(label.korean, label.english, &text);
+  return text;
+}
+
+}  // namespace tvx

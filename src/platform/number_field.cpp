@@ -1,0 +1,64 @@
+#include "platform/number_field.h"
+
+#include <cmath>
+#include <string>
+
+#include "platform/format.h"
+#include "platform/scan.h"
+
+namespace tvx {
+
+namespace {
+
+void Refuse(const std::string& text, UserInterface* ui) {
+  ui->ShowMessage({.text = text, .caption = "TVX", .icon = MessageIcon::kExclamation});
+}
+
+bool EndsHere(WordScanner* scanner) {
+  std::string rest;
+  return !scanner->ReadWord(&rest);
+}
+
+}  // namespace
+
+bool AcceptNumber(std::string_view text, float lowest, float highest, UserInterface* ui,
+                  float* value) {
+  WordScanner scanner(text);
+  float number = 0;
+  if (!scanner.ReadFloat(&number) || !EndsHere(&scanner) || !std::isfinite(number)) {
+    Refuse("숫자를 입력하십시오.", ui);
+    return false;
+  }
+  if (number < lowest || number > highest) {
+    ShowRange(lowest, highest, ui);
+    return false;
+  }
+  *value = number;
+  return true;
+}
+
+bool AcceptWholeNumber(std::string_view text, int32_t lowest, int32_t highest, UserInterface* ui,
+                       int32_t* value) {
+  WordScanner scanner(text);
+  int32_t number = 0;
+  if (!scanner.ReadInt(&number) || !EndsHere(&scanner)) {
+    Refuse("정수를 입력하십시오.", ui);
+    return false;
+  }
+  // A number of more than 32 bits is held at their end, so the range is asked of the text's value.
+  const double exact = TextToDouble(text);
+  if (exact < lowest || exact > highest) {
+    ShowRange(static_cast<float>(lowest), static_cast<float>(highest), ui);
+    return false;
+  }
+  *value = number;
+  return true;
+}
+
+void ShowRange(float lowest, float highest, UserInterface* ui) {
+  Refuse(Format("%s 이상 %s 이하의 값을 입력하십시오.", ShortestFloat(lowest).c_str(),
+                ShortestFloat(highest).c_str()),
+         ui);
+}
+
+}  // namespace tvx
