@@ -1,0 +1,301 @@
+#include "jobs/option_line.h"
+
+#include <algorithm>
+#include <span>
+#include <variant>
+
+#include "platform/format.h"
+#include "platform/scan.h"
+#include "platform/text.h"
+
+namespace tvx {
+
+namespace {
+
+constexpr std::string_view kKeyCode = "KeyCode";
+constexpr std::string_view kWhite = " \t\n\v\f\r";
+constexpr size_t kScanBytes = 100;      // of the line that the scan of one token sees
+constexpr size_t kShortestKeyText = 2;  // bytes
+
+using Float = float JobRecord::*;
+using Whole = int32_t JobRecord::*;
+using Text = std::string JobRecord::*;
+
+// What can stand behind the word of a condition, beside one whole number or one word.
+struct Decimals {
+  int places;  // behind the point
+  std::span<const Float> fields;
+};
+struct Switch {
+  Whole field;
+  bool writesOff;  // "OFF" stands in the line while the field is not 1
+};
+struct Master {};  // the path of the master model, while the model is in use
+
+struct Condition {
+  const char* word;
+  std::variant<Decimals, Whole, Text, Switch, Master> value;
+};
+
+constexpr Float kToolDiameter[] = {&JobRecord::ToolDiameter};
+constexpr Float kSafetyDistance[] = {&JobRecord::SafetyDistance};
+constexpr Float kCornerMinAngle[] = {&JobRecord::CornerMinAngle};
+constexpr Float kCornerMaxRatio[] = {&JobRecord::CornerMaxRatio};
+constexpr Float kSlopeMinAngle[] = {&JobRecord::SlopeMinAngle};
+constexpr Float kSlopeMaxRatio[] = {&JobRecord::SlopeMaxRatio};
+constexpr Float kCorWeights[] = {&JobRecord::CorWeight0, &JobRecord::CorWeight30,
+                                 &JobRecord::CorWeight60};
+constexpr Float kSideWeights[] = {&JobRecord::SideWeight0, &JobRecord::SideWeight30,
+                                  &JobRecord::SideWeight60};
+constexpr Float kZArea[] = {&JobRecord::RestartZMax, &JobRecord::RestartZMin};
+constexpr Float kPoint[] = {&JobRecord::RestartX, &JobRecord::RestartY, &JobRecord::RestartZ};
+
+// The conditions of a line in the order in which they are written.
+const Condition kConditions[] = {
+    {"TD", Decimals{1, kToolDiameter}},
+    {"SD", Decimals{1, kSafetyDistance}},
+    {"CMIA", Decimals{1, kCornerMinAngle}},
+    {"CMAR", Decimals{2, kCornerMaxRatio}},
+    {"SMIA", Decimals{1, kSlopeMinAngle}},
+    {"SMAR", Decimals{2, kSlopeMaxRatio}},
+    {"CCC", Switch{&JobRecord::ConCorChk, true}},
+    {"ZUDC", Switch{&JobRecord::UpDownChk, true}},
+    {"MAT", &JobRecord::Material},
+    {"MAF", &JobRecord::MaxFeed},
+    {"AF", &JobRecord::PlungeFeed},
+    {"CW", Decimals{2, kCorWeights}},
+    {"SW", Decimals{2, kSideWeights}},
+    {"MMA", Master{}},
+    {"FCS", Switch{&JobRecord::FeedChgSmoothCheck, false}},
+    {"XYR", Switch{&JobRecord::XyChgReduceCheck, false}},
+};
+
+// Writing: the text of one condition, empty if it is left out.
+
+std::string ConditionText(const JobRecord& job, const std::string& word, const Decimals& value) {
+  std::string text = word + " ";
+  for (const Float field : value.fields) {
+    text += Format("%3.*f ", value.places, job.*field);
+  }
+  return text;
+}
+
+std::string ConditionText(const JobRecord& job, const std::string& word, Whole field) {
+  return word + Format(" %d ", job.*field);
+}
+
+std::string ConditionText(const JobRecord& job, const std::string& word, Text field) {
+  return word + " " + job.*field + " ";
+}
+
+std::string ConditionText(const JobRecord& job, const std::string& word, const Switch& value) {
+  if (job.*value.field == 1) return word + " ON ";
+  return value.writesOff ? word + " OFF " : "";
+}
+
+std::string ConditionText(const JobRecord& job, const std::string& word, const Master& /*value*/) {
+  if (job.AfaByMaster != 1) return "";
+  if (!NamesMasterFile(job.AfaMasterFile)) return "";
+  return word + " " + job.AfaMasterFile + " ";
+}
+
+std::string RestartText(const JobRecord& job) {
+  if (job.RestartOn != 1) return "RT OFF ";
+  std::string text = "RT ON " + Format(" %d ", job.RestartKind);
+  const auto add = [&](std::span<const Float> fields) {
+    for (const Float field : fields) text += Format(" %6.3f", job.*field);
+    text += " ";
+  };
+  switch (job.RestartKind) {
+    case 1:
+    case 2:
+      text += Format(" %d ", job.RestartNumber);
+      break;
+    case 3:
+      add(kZArea);
+      break;
+    case 4:
+      add(kPoint);
+      break;
+    default:
+      break;
+  }
+  return text;
+}
+
+// Reading.
+
+bool Holds(std::string_view line, std::string_view text) {
+  return line.find(text) != std::string_view::npos;
+}
+
+bool IsWhite(char c) {
+  return kWhite.find(c) != std::string_view::npos;
+}
+
+// The part of a line that the scan of a token sees: so many bytes, counted as in the file's
+// encoding, and the rest of a word that the limit would cut.
+std::string_view ScanWindow(std::string_view text) {
+  size_t end = 0;
+  for (size_t bytes = 0; end < text.size() && bytes < kScanBytes;) {
+    // A character of two or three bytes here has two there; ASCII, and what stands for a byte that
+    // is no text, has one.
+    const auto lead = static_cast<unsigned char>(text[end]);
+    bytes += lead < 0x80 || lead >= 0xF0 ? 1 : 2;
+    end = CharacterEnd(text, end);
+  }
+  if (end == 0 || IsWhite(text[end - 1])) return text.substr(0, end);
+  while (end < text.size() && !IsWhite(text[end])) ++end;
+  return text.substr(0, end);
+}
+
+// A scanner behind the words that stand for themselves, at the first occurrence of a search text.
+std::optional<WordScanner> ScanBehind(std::string_view line, std::string_view searchText,
+                                      int words) {
+  const size_t at = line.find(searchText);
+  if (at == std::string_view::npos) return std::nullopt;
+  WordScanner scanner(ScanWindow(line.substr(at)));
+  std::string ownWord;
+  for (int i = 0; i < words; ++i) scanner.ReadWord(&ownWord);
+  return scanner;
+}
+
+// The first value that does not read ends the scan.
+void ReadDecimals(WordScanner* scanner, std::span<const Float> fields, JobRecord* job) {
+  for (const Float field : fields) {
+    if (!scanner->ReadFloat(&(job->*field))) return;
+  }
+}
+
+void ReadCondition(std::string_view line, const std::string& word, const Decimals& value,
+                   JobRecord* job) {
+  auto scanner = ScanBehind(line, " " + word + " ", 1);
+  if (scanner) ReadDecimals(&*scanner, value.fields, job);
+}
+
+void ReadCondition(std::string_view line, const std::string& word, Whole field, JobRecord* job) {
+  auto scanner = ScanBehind(line, " " + word + " ", 1);
+  if (scanner) scanner->ReadInt(&(job->*field));
+}
+
+void ReadCondition(std::string_view line, const std::string& word, Text field, JobRecord* job) {
+  auto scanner = ScanBehind(line, " " + word + " ", 1);
+  if (scanner) scanner->ReadWord(&(job->*field));
+}
+
+void ReadCondition(std::string_view line, const std::string& word, const Switch& value,
+                   JobRecord* job) {
+  job->*value.field = Holds(line, " " + word + " ON ") ? 1 : 0;
+}
+
+void ReadCondition(std::string_view line, const std::string& word, const Master& /*value*/,
+                   JobRecord* job) {
+  auto scanner = ScanBehind(line, " " + word + " ", 1);
+  job->AfaByMaster = scanner ? 1 : 0;
+  if (scanner) scanner->ReadWord(&job->AfaMasterFile);
+}
+
+void ReadRestart(std::string_view line, JobRecord* job) {
+  auto scanner = ScanBehind(line, "RT ON", 2);
+  job->RestartOn = scanner ? 1 : 0;
+  if (!scanner || !scanner->ReadInt(&job->RestartKind)) return;
+  switch (job->RestartKind) {
+    case 1:
+    case 2:
+      scanner->ReadInt(&job->RestartNumber);
+      break;
+    case 3:
+      ReadDecimals(&*scanner, kZArea, job);
+      break;
+    case 4:
+      ReadDecimals(&*scanner, kPoint, job);
+      break;
+    default:
+      break;
+  }
+}
+
+void ReadConditions(std::string_view line, JobRecord* job) {
+  job->AfaEnabled = Holds(line, "Afa ON") ? 1 : 0;
+  if (job->AfaEnabled == 0) return;
+  // A line that has lost its tool diameter does not start an adjustment.
+  if (!Holds(line, " TD ")) job->AfaEnabled = 0;
+  for (const Condition& condition : kConditions) {
+    std::visit([&](const auto& value) { ReadCondition(line, condition.word, value, job); },
+               condition.value);
+  }
+}
+
+// What stands behind the word and the one character after it, without white space at its end.
+std::string_view KeyText(std::string_view line, size_t keyCodeAt) {
+  std::string_view text = line.substr(keyCodeAt + kKeyCode.size());
+  if (!text.empty()) text.remove_prefix(CharacterEnd(text, 0));
+  return text.substr(0, text.find_last_not_of(kWhite) + 1);
+}
+
+void ReadKeyCodes(std::string_view line, JobRecord* job) {
+  job->KeyCodes.clear();
+  job->KeyCodeCount = 0;
+  job->KeyCodeText.clear();
+  const size_t at = line.find(kKeyCode);
+  job->KeyCodeOn = at != std::string_view::npos ? 1 : 0;
+  if (job->KeyCodeOn == 0) return;
+  std::string_view text = KeyText(line, at);
+  if (text.size() < kShortestKeyText) return;
+  while (true) {
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    if (text.empty()) return;
+    const std::string word(text.substr(0, text.find(' ')));
+    text.remove_prefix(word.size());
+    job->KeyCodeText += word + "\r\n";
+    job->KeyCodes.push_back(word);
+    ++job->KeyCodeCount;
+  }
+}
+
+}  // namespace
+
+std::string BuildOptionLine(const JobRecord& options, const JobRecord& restart,
+                            std::optional<uint64_t> fileSize, std::optional<int32_t> spindleSpeed) {
+  const auto lowBits = static_cast<int32_t>(static_cast<uint32_t>(fileSize.value_or(0)));
+  std::string line = "Dir " + options.WorkDir + Format(" FS %d ", lowBits);
+  if (options.DeleteM30 == 0) line += "M30 ON ";
+  line += RestartText(restart);
+  if (options.AfaEnabled == 1) {
+    line += "Afa ON ";
+    for (const Condition& condition : kConditions) {
+      std::visit([&](const auto& value) { line += ConditionText(options, condition.word, value); },
+                 condition.value);
+    }
+  } else {
+    line += "Afa OFF ";
+  }
+  if (spindleSpeed) AppendSpindleWord(*spindleSpeed, &line);
+  return line;
+}
+
+void AppendSpindleWord(int32_t spindleSpeed, std::string* line) {
+  *line += Format(" KeyCode  S%d", spindleSpeed);
+}
+
+void ParseOptionLine(JobRecord* record, std::string_view line, LineFile* file) {
+  if (file != nullptr) {
+    if (auto scanner = ScanBehind(line, "Dir", 1)) scanner->ReadWord(&file->currentDirectory);
+    if (auto scanner = ScanBehind(line, "FS", 1)) scanner->ReadInt(&file->fileSize);
+  }
+  record->DeleteM30 = Holds(line, "M30 ON") ? 0 : 1;
+  ReadRestart(line, record);
+  ReadConditions(line, record);
+  ReadKeyCodes(line, record);
+}
+
+int LineDirectory(std::string_view line, std::string* directory) {
+  directory->clear();
+  WordScanner scanner(line);
+  scanner.ReadWord(directory);
+  directory->clear();
+  scanner.ReadWord(directory);
+  return 1;
+}
+
+}  // namespace tvx

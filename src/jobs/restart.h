@@ -1,0 +1,72 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "model/job_record.h"
+#include "platform/user_interface.h"
+
+namespace tvx {
+
+// One decimal field of the restart dialog.
+struct RestartDecimal {
+  const char* label;
+  float JobRecord::*field;
+};
+
+inline constexpr std::array<RestartDecimal, 6> kRestartDecimals = {{
+    {"Z 최대", &JobRecord::RestartZMax},
+    {"Z 최소", &JobRecord::RestartZMin},
+    {"X:", &JobRecord::RestartX},
+    {"Y:", &JobRecord::RestartY},
+    {"Z:", &JobRecord::RestartZ},
+    {"탐색 공차", &JobRecord::RestartTolerance},
+}};
+
+// Sets the place at which the transfer of a file begins again after an interruption. Every file
+// that enters the job list afterwards carries it; what to do with it is the transfer program's
+// business, so no range is checked.
+class CRestartDlg : public Dialog {
+ public:
+  static constexpr char kTitle[] = "재전송";
+  // Captions of the radio buttons of RestartKind 1 to 4. Kinds 1 and 2 have a field of the number,
+  // kind 3 the first two of kRestartDecimals, kind 4 the others.
+  static constexpr std::array<const char*, 4> kKinds = {"시퀀스 번호", "NCDATA 블록", "Z 영역",
+                                                        "X,Y,Z 좌표"};
+
+  // Opens on a private copy of the record. `options` is kept until the dialog closes.
+  void Open(JobRecord* options);
+
+  // A radio button, 1 to 4.
+  void SelectKind(int kind);
+  // A change in one of the two number fields. Both show numberText at once, and text that is no
+  // number counts as 0.
+  void EditNumber(std::string_view text);
+  // A change in a decimal field, by its position in kRestartDecimals.
+  void EditDecimal(size_t index, std::string_view text);
+
+  // Switches the position on and hands it back. A point of kind 4 that is not set switches it off
+  // instead and ends as cancelled. Never stays open.
+  Closing Accept();
+  // Switches the position off.
+  Closing Cancel();
+
+  JobRecord own;  // RestartKind is the radio button's
+  std::string numberText;
+  std::array<std::string, kRestartDecimals.size()> decimalTexts;
+
+ private:
+  JobRecord* options_ = nullptr;
+};
+
+// Caption of the job dialog's button after the dialog: the position of the options, or the bare
+// caption if the dialog was not accepted.
+std::string RestartButtonText(const JobRecord& options, bool accepted);
+
+// The rows of the file information for a position that is on: one for kinds 1 to 3, two for kind 4,
+// none for any other.
+std::vector<std::string> RestartInfoRows(const JobRecord& job);
+
+}  // namespace tvx
