@@ -1,0 +1,75 @@
+// The build of a master model: the moves of the program that cuts the final surface become a
+// regular grid of heights with a surface angle at each cell.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "feed/master_grid.h"
+#include "model/loader.h"
+#include "platform/user_interface.h"
+
+namespace tvx {
+
+// Input of a build. Keeps its values from one use to the next.
+class CMasterDlg : public Dialog {
+ public:
+  float MasterToolDiameter = 10.0F;  // mm
+  float MasterAllowance = 0.0F;      // mm
+  float MasterTolerance = 1.0F;      // cell size of the finished grid, mm
+};
+
+struct MasterDlgField {
+  const char* label;
+  float CMasterDlg::*member;
+};
+
+// The fields of the dialog in their order.
+std::span<const MasterDlgField> MasterDlgFields();
+
+// Builds the model from the program in the store, drops an older one, and leaves the wire picture of
+// the model in the store (see ShowMaster). Returns 1.
+//
+// Returns 0 with everything unchanged for fewer than 5 blocks, a program without a straight cut, and
+// sizes of which no grid can be made: a tolerance that is not positive or so small that the part
+// gives no refinement, and values with which the part would leave the range of coordinates.
+//
+// Returns 0 without a model if there is no memory for the cells, with a message. The program in the
+// store is then in grid coordinates and has lost its plunges: the status line tells the user that it
+// has to be loaded again.
+int BuildMaster(const CMasterDlg& input, NcProgram* program, MasterGrid* grid,
+                int32_t* RapidVisible, UserInterface* ui);
+
+// The stages of a build, in their order. While the grid is fine its CellSize is the fine one and the
+// program in the store is in grid coordinates.
+
+// How many times finer than the finished grid the grid is built: at most 5, less where the fine
+// cells would exceed the budget of memory, 0 if even the finished grid exceeds it. `columns` and
+// `rows` are those of the finished grid.
+int32_t Refinement(double columns, double rows);
+
+// Takes an origin, mm, off the coordinates of all moves.
+void ShiftPath(BlockStore* store, float OriginX, float OriginY);
+
+// Takes the straight plunges out of the straight moves: the last block of a plunge becomes a rapid,
+// those before it become no moves, and the move behind it starts a cut. A plunge that no move leaves
+// stays as it is.
+void CleanPlunges(BlockStore* store);
+
+// Gives the grid the fine cells that the path needs, at least k in each direction, and the path's
+// highest point. Returns false without a model if there is no memory for them.
+bool SizeGrid(BlockStore* store, int32_t k, MasterGrid* grid);
+
+// Leaves in each cell the path's point nearest to the cell's node.
+void SamplePath(BlockStore* store, MasterGrid* grid);
+
+// Fills the empty cells between two cells of a row or column that lie less than 4 mm apart.
+void FillGaps(MasterGrid* grid);
+
+// Keeps every k-th cell of every k-th row. CellSize becomes the finished one.
+void ThinOut(MasterGrid* grid, int32_t k, float CellSize);
+
+// Sets the surface angle of each cell but those of row 0 and column 0.
+void MasterAngles(MasterGrid* grid);
+
+}  // namespace tvx

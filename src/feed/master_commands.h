@@ -1,0 +1,39 @@
+// The commands of the master menu.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "feed/master_build.h"
+#include "feed/master_grid.h"
+#include "model/loader.h"
+#include "platform/files.h"
+#include "platform/user_interface.h"
+
+namespace tvx {
+
+// What the commands work on in one window.
+struct MasterContext {
+  NcProgram* program;
+  MasterGrid* grid;
+  CMasterDlg* dialog;
+  int32_t* RapidVisible;
+  Files* files;
+  UserInterface* ui;
+};
+
+// Asks for the input of a build and builds the model from the program in the store (BuildMaster).
+// The input is kept only if the user accepts it.
+void MakeMasterCommand(const MasterContext& context);
+
+// Asks whether to delete the model, and drops it.
+void DeleteMaster(MasterGrid* grid, UserInterface* ui);
+
+// Asks for a file and writes the model to it. Without a model the status line says so.
+void SaveMasterCommand(const MasterContext& context);
+
+// Asks for a file, drops the old model, reads the file, and shows the model in the store. A file
+// that cannot be read leaves no model, and the store as it was.
+void LoadMasterCommand(const MasterContext& context);
+
+}  // namespace tvx

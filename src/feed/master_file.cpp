@@ -1,0 +1,181 @@
+#include "feed/master_file.h"
+
+#include <array>
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+#include <variant>
+
+#include "feed/master_messages.h"
+
+namespace tvx {
+
+namespace {
+
+constexpr size_t kReservedBytes = 100;
+constexpr size_t kHeaderBytes = 156;
+constexpr size_t kCellBytes = 6;
+constexpr int32_t kLastHeaderWord = 4;
+
+// What stands in the header from byte 100 on, 4 bytes each: a field of the grid, or a number of no
+// meaning. On reading such a number is passed over.
+using HeaderWord = std::variant<float MasterGrid::*, int32_t MasterGrid::*, int32_t>;
+constexpr HeaderWord kHeader[] = {
+    &MasterGrid::OriginX,    &MasterGrid::OriginY,   &MasterGrid::MinZ, &MasterGrid::MaxX,
+    &MasterGrid::MaxY,       &MasterGrid::MaxZ,      &MasterGrid::ToolSize,
+    &MasterGrid::CellSize,   &MasterGrid::CellCount, &MasterGrid::NX,   &MasterGrid::NY,
+    0,                       &MasterGrid::ModelBuilt, kLastHeaderWord,
+};
+static_assert(kReservedBytes + 4 * std::size(kHeader) == kHeaderBytes);
+
+// Numbers of a file are little-endian on every machine.
+template <typename Unsigned>
+void Append(Unsigned bits, std::string* bytes) {
+  for (size_t i = 0; i < sizeof(bits); ++i) bytes->push_back(static_cast<char>(bits >> (8 * i)));
+}
+
+template <typename Unsigned>
+Unsigned Take(std::string_view bytes, size_t offset) {
+  Unsigned bits = 0;
+  for (size_t i = 0; i < sizeof(bits); ++i) {
+    const auto byte = static_cast<Unsigned>(static_cast<unsigned char>(bytes[offset + i]));
+    bits = static_cast<Unsigned>(bits | byte << (8 * i));
+  }
+  return bits;
+}
+
+std::string HeaderBytes(const MasterGrid& grid) {
+  std::string bytes(kReservedBytes, '\0');
+  for (const HeaderWord& word : kHeader) {
+    const uint32_t bits = std::visit(
+        [&](auto item) {
+          if constexpr (std::is_same_v<decltype(item), int32_t>) {
+            return std::bit_cast<uint32_t>(item);
+          } else {
+            return std::bit_cast<uint32_t>(grid.*item);
+          }
+        },
+        word);
+    Append(bits, &bytes);
+  }
+  return bytes;
+}
+
+void TakeHeader(std::string_view bytes, MasterGrid* grid) {
+  size_t offset = kReservedBytes;
+  for (const HeaderWord& word : kHeader) {
+    const auto bits = Take<uint32_t>(bytes, offset);
+    if (const auto* real = std::get_if<float MasterGrid::*>(&word)) {
+      grid->**real = std::bit_cast<float>(bits);
+    } else if (const auto* whole = std::get_if<int32_t MasterGrid::*>(&word)) {
+      grid->**whole = std::bit_cast<int32_t>(bits);
+    }
+    offset += 4;
+  }
+}
+
+bool AllFieldsFinite(const MasterGrid& grid) {
+  for (const HeaderWord& word : kHeader) {
+    const auto* real = std::get_if<float MasterGrid::*>(&word);
+    if (real != nullptr && !std::isfinite(grid.**real)) return false;
+  }
+  return true;
+}
+
+// Nothing in a file says that it is a master file; a header that fits the size of its file does.
+bool IsMasterFile(const MasterGrid& header, uint64_t fileSize) {
+  return header.NX > 0 && header.NY > 0 &&
+         header.CellCount == static_cast<int64_t>(header.NX) * header.NY &&
+         fileSize == kHeaderBytes + kCellBytes * static_cast<uint64_t>(header.CellCount) &&
+         AllFieldsFinite(header) && header.CellSize > 0;
+}
+
+// Reads exactly `size` bytes. False if there are not as many.
+bool ReadBytes(InputFile* file, size_t size, std::string* bytes) {
+  bytes->resize(size);
+  size_t done = 0;
+  while (done < size) {
+    const size_t got = file->Read(bytes->data() + done, size - done);
+    if (got == 0) return false;
+    done += got;
+  }
+  return true;
+}
+
+// Cells pass in pieces of this number, so that a file of any size takes little memory.
+constexpr size_t kCellsAtOnce = 10'000;
+
+bool ReadCells(InputFile* file, MasterGrid* grid) {
+  const auto count = static_cast<size_t>(grid->CellCount);
+  std::string bytes;
+  for (size_t first = 0; first < count; first += kCellsAtOnce) {
+    const size_t cells = std::min(kCellsAtOnce, count - first);
+    if (!ReadBytes(file, cells * kCellBytes, &bytes)) return false;
+    for (size_t i = 0; i < cells; ++i) {
+      MasterCell& cell = grid->Cells[first + i];
+      cell.z = std::bit_cast<float>(Take<uint32_t>(bytes, i * kCellBytes));
+      cell.angle = std::bit_cast<int16_t>(Take<uint16_t>(bytes, i * kCellBytes + 4));
+      if (!std::isfinite(cell.z)) return false;
+    }
+  }
+  return true;
+}
+
+bool WriteCells(const MasterGrid& grid, OutputFile* file) {
+  const auto count = static_cast<size_t>(grid.CellCount);
+  std::string bytes;
+  for (size_t first = 0; first < count; first += kCellsAtOnce) {
+    bytes.clear();
+    for (size_t i = first; i < std::min(first + kCellsAtOnce, count); ++i) {
+      Append(std::bit_cast<uint32_t>(grid.Cells[i].z), &bytes);
+      Append(std::bit_cast<uint16_t>(grid.Cells[i].angle), &bytes);
+    }
+    if (!file->Write(bytes)) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+int WriteMasterFile(const std::string& path, const MasterGrid& grid, Files* files,
+                    UserInterface* ui) {
+  if (grid.Cells.Empty()) return 0;
+  const auto file = files->Create(path);
+  if (file == nullptr || !file->Write(HeaderBytes(grid)) || !WriteCells(grid, file.get()) ||
+      !file->Commit()) {
+    ShowCannotOpen(ui);
+    return 0;
+  }
+  return 1;
+}
+
+int ReadMasterFile(const std::string& path, MasterGrid* grid, Files* files, UserInterface* ui) {
+  const auto file = files->OpenForReading(path);
+  MasterGrid loaded(grid->Cells.allocator());
+  std::string bytes;
+  if (file == nullptr || !ReadBytes(file.get(), kHeaderBytes, &bytes)) {
+    ShowCannotOpen(ui);
+    return 0;
+  }
+  TakeHeader(bytes, &loaded);
+  if (!IsMasterFile(loaded, files->Size(path))) {
+    ShowCannotOpen(ui);
+    return 0;
+  }
+  if (!loaded.Cells.Allocate(loaded.CellCount)) {
+    ShowNoMemory(ui);
+    return 0;
+  }
+  if (!ReadCells(file.get(), &loaded)) {
+    ShowCannotOpen(ui);
+    return 0;
+  }
+  IndexCells(&loaded);
+  *grid = std::move(loaded);
+  return 1;
+}
+
+}  // namespace tvx
