@@ -19,8 +19,8 @@ constexpr int32_t kFinest = 5;
 constexpr double kGapReach = 4.0;     // mm
 constexpr double kStillAxis = 0.001;  // mm; a move does not follow an axis on which it is shorter
 
-// Blocks that the clean-up searches for a move behind plunges that have none. A program that ends in
-// thousands of moves straight down would else take the square of their number.
+// Blocks that the clean-up searches for a move behind plunges that have none. A program that ends
+// in thousands of moves straight down would else take the square of their number.
 constexpr uint64_t kMostSearchedInVain = 10'000'000;
 
 constexpr MasterDlgField kFields[] = {
@@ -29,7 +29,9 @@ constexpr MasterDlgField kFields[] = {
     {"마스터 모델 공차", &CMasterDlg::MasterTolerance},
 };
 
-Vec3 EndPoint(const MotionBlock& block) { return {block.x, block.y, block.z}; }
+Vec3 EndPoint(const MotionBlock& block) {
+  return {block.x, block.y, block.z};
+}
 
 // Position of grid line `index`, as it is stored in a cell.
 float Node(int32_t index, float cellSize) {
@@ -51,8 +53,12 @@ Move MoveOf(BlockStore* store, uint32_t i) {
   return move;
 }
 
-bool GoesStraightDown(const Vec3& unit) { return unit.z == -1.0F; }
-bool GoesStraightUp(const Vec3& unit) { return unit.z == 1.0F; }
+bool GoesStraightDown(const Vec3& unit) {
+  return unit.z == -1.0F;
+}
+bool GoesStraightUp(const Vec3& unit) {
+  return unit.z == 1.0F;
+}
 
 // What a build needs to know before it changes anything.
 struct BuildPlan {
@@ -104,8 +110,7 @@ void Deposit(const Vec3& point, MasterGrid* grid) {
 
 float SamplePosition(float start, float length, int64_t j, int64_t count) {
   if (std::abs(length) <= kStillAxis) return start;
-  return static_cast<float>(start +
-                            static_cast<double>(j) * length / static_cast<double>(count));
+  return static_cast<float>(start + static_cast<double>(j) * length / static_cast<double>(count));
 }
 
 // Step from sample to sample on one axis, mm.
@@ -145,8 +150,8 @@ struct ColumnAxis {
   }
 };
 
-// Puts a cell on its node, at the height of the line through two stored points. A filled cell has no
-// stored position: -9999 then stands for it in the line, as it does in the cell.
+// Puts a cell on its node, at the height of the line through two stored points. A filled cell has
+// no stored position: -9999 then stands for it in the line, as it does in the cell.
 void PutOnNode(float MasterCell::*position, float node, float p0, float z0, float p1, float z1,
                MasterCell* cell) {
   cell->*position = node;
@@ -175,8 +180,8 @@ void FillGap(int32_t along, int32_t across, int32_t reach, MasterGrid* grid) {
   }
 }
 
-// Slope between two cells in degrees, 0 to 90. Returns false, with 0, if the second lies outside the
-// grid or one of them has no height.
+// Slope between two cells in degrees, 0 to 90. Returns false, with 0, if the second lies outside
+// the grid or one of them has no height.
 bool Slope(const MasterGrid& grid, const MasterCell& cell, int32_t ix, int32_t iy, float* slope) {
   *slope = 0;
   if (ix < 0 || ix >= grid.NX || iy < 0 || iy >= grid.NY) return false;
@@ -220,8 +225,7 @@ float SlopeAlongY(const MasterGrid& grid, int32_t ix, int32_t iy) {
 bool IsPlunge(BlockStore* store, uint32_t i) {
   store->ReadBlock(i);
   const uint32_t type = store->CurrentBlock.type;
-  return (IsRapidType(type) || type == BlockCutStart) &&
-         GoesStraightDown(MoveOf(store, i).unit);
+  return (IsRapidType(type) || type == BlockCutStart) && GoesStraightDown(MoveOf(store, i).unit);
 }
 
 // The move that leaves the line of the plunge that ends at block i; 0 if there is none.
@@ -255,7 +259,9 @@ uint32_t TakeOutPlunge(BlockStore* store, uint32_t i, uint32_t behind) {
 
 }  // namespace
 
-std::span<const MasterDlgField> MasterDlgFields() { return kFields; }
+std::span<const MasterDlgField> MasterDlgFields() {
+  return kFields;
+}
 
 int32_t Refinement(double columns, double rows) {
   const double cells = columns * rows;
@@ -347,8 +353,8 @@ void ThinOut(MasterGrid* grid, int32_t k, float CellSize) {
 void MasterAngles(MasterGrid* grid) {
   for (int32_t iy = 1; iy < grid->NY; ++iy) {
     for (int32_t ix = 1; ix < grid->NX; ++ix) {
-      grid->At(ix, iy).angle = TruncateTo<int16_t>(
-          std::max(SlopeAlongX(*grid, ix, iy), SlopeAlongY(*grid, ix, iy)));
+      grid->At(ix, iy).angle =
+          TruncateTo<int16_t>(std::max(SlopeAlongX(*grid, ix, iy), SlopeAlongY(*grid, ix, iy)));
     }
   }
 }

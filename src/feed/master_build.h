@@ -27,21 +27,21 @@ struct MasterDlgField {
 // The fields of the dialog in their order.
 std::span<const MasterDlgField> MasterDlgFields();
 
-// Builds the model from the program in the store, drops an older one, and leaves the wire picture of
-// the model in the store (see ShowMaster). Returns 1.
+// Builds the model from the program in the store, drops an older one, and leaves the wire picture
+// of the model in the store (see ShowMaster). Returns 1.
 //
-// Returns 0 with everything unchanged for fewer than 5 blocks, a program without a straight cut, and
-// sizes of which no grid can be made: a tolerance that is not positive or so small that the part
-// gives no refinement, and values with which the part would leave the range of coordinates.
+// Returns 0 with everything unchanged for fewer than 5 blocks, a program without a straight cut,
+// and sizes of which no grid can be made: a tolerance that is not positive or so small that the
+// part gives no refinement, and values with which the part would leave the range of coordinates.
 //
 // Returns 0 without a model if there is no memory for the cells, with a message. The program in the
-// store is then in grid coordinates and has lost its plunges: the status line tells the user that it
-// has to be loaded again.
+// store is then in grid coordinates and has lost its plunges: the status line tells the user that
+// it has to be loaded again.
 int BuildMaster(const CMasterDlg& input, NcProgram* program, MasterGrid* grid,
                 int32_t* RapidVisible, UserInterface* ui);
 
-// The stages of a build, in their order. While the grid is fine its CellSize is the fine one and the
-// program in the store is in grid coordinates.
+// The stages of a build, in their order. While the grid is fine its CellSize is the fine one and
+// the program in the store is in grid coordinates.
 
 // How many times finer than the finished grid the grid is built: at most 5, less where the fine
 // cells would exceed the budget of memory, 0 if even the finished grid exceeds it. `columns` and
@@ -52,8 +52,8 @@ int32_t Refinement(double columns, double rows);
 void ShiftPath(BlockStore* store, float OriginX, float OriginY);
 
 // Takes the straight plunges out of the straight moves: the last block of a plunge becomes a rapid,
-// those before it become no moves, and the move behind it starts a cut. A plunge that no move leaves
-// stays as it is.
+// those before it become no moves, and the move behind it starts a cut. A plunge that no move
+// leaves stays as it is.
 void CleanPlunges(BlockStore* store);
 
 // Gives the grid the fine cells that the path needs, at least k in each direction, and the path's

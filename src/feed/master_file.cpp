@@ -1,6 +1,6 @@
 #include "feed/master_file.h"
 
-#include <array>
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <cstdint>
@@ -24,10 +24,10 @@ constexpr int32_t kLastHeaderWord = 4;
 // meaning. On reading such a number is passed over.
 using HeaderWord = std::variant<float MasterGrid::*, int32_t MasterGrid::*, int32_t>;
 constexpr HeaderWord kHeader[] = {
-    &MasterGrid::OriginX,    &MasterGrid::OriginY,   &MasterGrid::MinZ, &MasterGrid::MaxX,
-    &MasterGrid::MaxY,       &MasterGrid::MaxZ,      &MasterGrid::ToolSize,
-    &MasterGrid::CellSize,   &MasterGrid::CellCount, &MasterGrid::NX,   &MasterGrid::NY,
-    0,                       &MasterGrid::ModelBuilt, kLastHeaderWord,
+    &MasterGrid::OriginX,    &MasterGrid::OriginY, &MasterGrid::MinZ,     &MasterGrid::MaxX,
+    &MasterGrid::MaxY,       &MasterGrid::MaxZ,    &MasterGrid::ToolSize, &MasterGrid::CellSize,
+    &MasterGrid::CellCount,  &MasterGrid::NX,      &MasterGrid::NY,       0,
+    &MasterGrid::ModelBuilt, kLastHeaderWord,
 };
 static_assert(kReservedBytes + 4 * std::size(kHeader) == kHeaderBytes);
 
@@ -69,9 +69,9 @@ void TakeHeader(std::string_view bytes, MasterGrid* grid) {
   for (const HeaderWord& word : kHeader) {
     const auto bits = Take<uint32_t>(bytes, offset);
     if (const auto* real = std::get_if<float MasterGrid::*>(&word)) {
-      grid->**real = std::bit_cast<float>(bits);
+      grid->** real = std::bit_cast<float>(bits);
     } else if (const auto* whole = std::get_if<int32_t MasterGrid::*>(&word)) {
-      grid->**whole = std::bit_cast<int32_t>(bits);
+      grid->** whole = std::bit_cast<int32_t>(bits);
     }
     offset += 4;
   }

@@ -19,10 +19,13 @@ constexpr int64_t kMostCells = std::numeric_limits<int32_t>::max() / 14;
 // Smallest block of the pyramid, cells along a side.
 constexpr int32_t kSmallestBlock = 8;
 
-// Below this number of cells a square is visited as it is: the blocks would cost more than they save.
+// Below this number of cells a square is visited as it is: the blocks would cost more than they
+// save.
 constexpr int64_t kSmallSquare = 256;
 
-void* AllocateMemory(size_t bytes) { return std::malloc(bytes); }
+void* AllocateMemory(size_t bytes) {
+  return std::malloc(bytes);
+}
 
 bool Empty(const CellRange& range) {
   return range.lastX < range.firstX || range.lastY < range.firstY;
@@ -39,7 +42,9 @@ bool Contains(const CellRange& outer, const CellRange& inner) {
 }
 
 // The cells that lookups may visit.
-CellRange VisitedCells(const MasterGrid& grid) { return {1, grid.NX - 1, 1, grid.NY - 1}; }
+CellRange VisitedCells(const MasterGrid& grid) {
+  return {1, grid.NX - 1, 1, grid.NY - 1};
+}
 
 CellRange CellsOfBlock(const MasterGrid& grid, int32_t side, int32_t column, int32_t row) {
   const int32_t firstX = 1 + column * side;
@@ -79,8 +84,7 @@ CellPyramid::Level LevelOfCells(const MasterGrid& grid) {
   level.blocks.reserve(static_cast<size_t>(level.columns) * static_cast<size_t>(level.rows));
   for (int32_t row = 0; row < level.rows; ++row) {
     for (int32_t column = 0; column < level.columns; ++column) {
-      level.blocks.push_back(
-          SummaryOfCells(grid, CellsOfBlock(grid, level.side, column, row)));
+      level.blocks.push_back(SummaryOfCells(grid, CellsOfBlock(grid, level.side, column, row)));
     }
   }
   return level;
@@ -199,7 +203,9 @@ CellRange SearchSquare(const MasterGrid& grid, const Vec3& point, float radius) 
 
 MasterCells::MasterCells() : MasterCells(AllocateMemory) {}
 
-void MasterCells::Free::operator()(MasterCell* cells) const { std::free(cells); }
+void MasterCells::Free::operator()(MasterCell* cells) const {
+  std::free(cells);
+}
 
 bool MasterCells::Allocate(int64_t count) {
   Release();
@@ -224,8 +230,7 @@ void MasterCells::Shrink(int64_t count) {
 bool AllocateGrid(MasterGrid* grid, int64_t NX, int64_t NY) {
   grid->Pyramid.levels.clear();
   // Each count is held below the limit first, so their product cannot overflow.
-  if (NX <= 0 || NY <= 0 || NX > kMostCells || NY > kMostCells ||
-      !grid->Cells.Allocate(NX * NY)) {
+  if (NX <= 0 || NY <= 0 || NX > kMostCells || NY > kMostCells || !grid->Cells.Allocate(NX * NY)) {
     DropMaster(grid);
     return false;
   }
@@ -235,7 +240,9 @@ bool AllocateGrid(MasterGrid* grid, int64_t NX, int64_t NY) {
   return true;
 }
 
-void DropMaster(MasterGrid* grid) { *grid = MasterGrid(grid->Cells.allocator()); }
+void DropMaster(MasterGrid* grid) {
+  *grid = MasterGrid(grid->Cells.allocator());
+}
 
 void IndexCells(MasterGrid* grid) {
   grid->Pyramid.levels.clear();

@@ -20,7 +20,9 @@ struct MasterCell {
   int16_t angle = 0;                   // surface angle, whole degrees
 };
 
-constexpr bool HasHeight(const MasterCell& cell) { return cell.z != kNoHeight; }
+constexpr bool HasHeight(const MasterCell& cell) {
+  return cell.z != kNoHeight;
+}
 
 // The memory of the cells. Moves, but does not copy.
 class MasterCells {
@@ -36,7 +38,8 @@ class MasterCells {
   // there is no memory for them or the count is not positive.
   bool Allocate(int64_t count);
 
-  // Gives the memory beyond the first `count` cells back, as far as that can be done; the cells stay.
+  // Gives the memory beyond the first `count` cells back, as far as that can be done; the cells
+  // stay.
   void Shrink(int64_t count);
 
   void Release() { cells_.reset(); }
@@ -55,7 +58,8 @@ class MasterCells {
   std::unique_ptr<MasterCell[], Free> cells_;
 };
 
-// Cells from first to last in both directions, the ends included; empty if a last is below its first.
+// Cells from first to last in both directions, the ends included; empty if a last is below its
+// first.
 struct CellRange {
   int32_t firstX, lastX, firstY, lastY;
 };
@@ -68,9 +72,9 @@ struct CellBlock {
   int16_t steepest;  // largest angle, degrees; 0 for a block without an answer
 };
 
-// Blocks over blocks over the cells of one grid: level 0 has the smallest blocks, each further level
-// joins two by two of the one below, up to a single block. Row 0 and column 0 of the grid, which no
-// lookup visits, are left out.
+// Blocks over blocks over the cells of one grid: level 0 has the smallest blocks, each further
+// level joins two by two of the one below, up to a single block. Row 0 and column 0 of the grid,
+// which no lookup visits, are left out.
 struct CellPyramid {
   struct Level {
     int32_t side;  // cells along a side of a block
@@ -84,16 +88,16 @@ struct MasterGrid {
   MasterGrid() = default;
   explicit MasterGrid(MasterCells::Allocator allocate) : Cells(allocate) {}
 
-  float OriginX = 0, OriginY = 0;  // world position of grid index (0, 0), mm
-  float MinZ = 0;                  // lowest z of the source path
+  float OriginX = 0, OriginY = 0;      // world position of grid index (0, 0), mm
+  float MinZ = 0;                      // lowest z of the source path
   float MaxX = 0, MaxY = 0, MaxZ = 0;  // highest point of it, x and y relative to the origin
-  float ToolSize = 0;              // tool diameter + 2 x allowance
-  float CellSize = 0;              // distance of neighbouring cells, mm
-  int32_t CellCount = 0;           // NX x NY; 0 without a model
-  int32_t NX = 0, NY = 0;          // cells along X and along Y
-  int32_t ModelBuilt = 0;          // 1 for a model, 0 after a delete
-  MasterCells Cells;               // row after row: cell (ix, iy) at iy x NX + ix
-  CellPyramid Pyramid;             // made by IndexCells; without it a lookup visits every cell
+  float ToolSize = 0;                  // tool diameter + 2 x allowance
+  float CellSize = 0;                  // distance of neighbouring cells, mm
+  int32_t CellCount = 0;               // NX x NY; 0 without a model
+  int32_t NX = 0, NY = 0;              // cells along X and along Y
+  int32_t ModelBuilt = 0;              // 1 for a model, 0 after a delete
+  MasterCells Cells;                   // row after row: cell (ix, iy) at iy x NX + ix
+  CellPyramid Pyramid;                 // made by IndexCells; without it a lookup visits every cell
 
   MasterCell& At(int32_t ix, int32_t iy) { return Cells[Index(ix, iy)]; }
   const MasterCell& At(int32_t ix, int32_t iy) const { return Cells[Index(ix, iy)]; }

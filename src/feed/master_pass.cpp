@@ -12,8 +12,8 @@ namespace tvx {
 
 namespace {
 
-constexpr double kLongMove = 1.2;       // times the distance: the move has room for a zone or sample
-constexpr double kVeryLongMove = 6.0;   // times the radius: the move has room for many samples
+constexpr double kLongMove = 1.2;      // times the distance: the move has room for a zone or sample
+constexpr double kVeryLongMove = 6.0;  // times the radius: the move has room for many samples
 constexpr int64_t kSamplesLeftOut = 3;  // the first sample, counted from the end of the move
 constexpr int32_t kSteepest = 90;       // degrees
 constexpr int32_t kWholeMove = 100;     // per cent

@@ -13,8 +13,8 @@ namespace tvx {
 // of the moves behind them, where the master model is steep near the move and above it.
 //
 // Reads SafetyDistance (reach of the zones, mm; as the search radius and the sampling step at least
-// 1), SlopeMinAngle, SlopeMaxRatio, the three SideWeights and MaxFeed of the job; AfaByMaster is the
-// caller's matter. Without a model every lookup finds nothing.
+// 1), SlopeMinAngle, SlopeMaxRatio, the three SideWeights and MaxFeed of the job; AfaByMaster is
+// the caller's matter. Without a model every lookup finds nothing.
 //
 // *lastNextBlock is the next move that was handled last. It starts at 0 when the program starts and
 // is carried from batch to batch and from pass to pass.

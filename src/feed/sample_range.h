@@ -16,7 +16,8 @@ struct SampleRange {
 };
 
 // Narrows a range to the samples from + j x step that lie between low and high, as seen on one
-// axis. It is never too narrow: what a sample may lose when it is rounded to a float is allowed for.
+// axis. It is never too narrow: what a sample may lose when it is rounded to a float is allowed
+// for.
 inline SampleRange SamplesWithin(const SampleRange& range, double from, double step, double low,
                                  double high) {
   constexpr double kFloatRounding = 1e-6;  // more than half of the last place of a float
