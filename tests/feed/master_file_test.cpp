@@ -44,10 +44,11 @@ std::string FromHex(std::string_view hex) {
 // The file of SmallModel, byte for byte.
 std::string SmallFile() {
   return std::string(100, '\0') +
-         FromHex("000080bf 00000040 000040c0 0000c03f 0000803f 00008040 00002041 0000003f"
-                 "06000000 03000000 02000000 00000000 01000000 04000000"
-                 "003c1cc6 0000 0000803f 0000 003c1cc6 0000"
-                 "003c1cc6 0000 0000a03f 5a00 000000bf 0201");
+         FromHex(
+             "000080bf 00000040 000040c0 0000c03f 0000803f 00008040 00002041 0000003f"
+             "06000000 03000000 02000000 00000000 01000000 04000000"
+             "003c1cc6 0000 0000803f 0000 003c1cc6 0000"
+             "003c1cc6 0000 0000a03f 5a00 000000bf 0201");
 }
 
 struct Reading {
@@ -98,7 +99,8 @@ TEST(MasterFile, LookupsAreTheSameAfterwards) {
   std::mt19937 random(7);
   MasterGrid grid = EmptyGrid(201, 150, 0.3F);
   for (size_t i = 0; i < 201 * 150; ++i) {
-    grid.Cells[i].z = std::bit_cast<float>(0x40000000U + static_cast<uint32_t>(random() % 0x1000000));
+    grid.Cells[i].z =
+        std::bit_cast<float>(0x40000000U + static_cast<uint32_t>(random() % 0x1000000));
     grid.Cells[i].angle = static_cast<int16_t>(random() % 91);
   }
   Reading r;
