@@ -7,7 +7,7 @@
 namespace tvx {
 namespace {
 
-// The record of the sample line in docs/formats/option-line.md.
+// Most fields at their defaults, and one of each kind of token.
 JobRecord SampleRecord() {
   JobRecord job;
   job.WorkDir = "c:\\marlo\\ncdata";
