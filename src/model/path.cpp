@@ -92,11 +92,7 @@ int BlockVector(BlockStore* store, uint32_t i, uint32_t j, Difference* differenc
 }
 
 int DiffVectors(const Vec3& a, const Vec3& b, Difference* difference, Vec3* unit) {
-  difference->dx = a.x - b.x;
-  difference->dy = a.y - b.y;
-  difference->dz = a.z - b.z;
-  difference->length = static_cast<float>(
-      SafeSqrt(Square(difference->dx) + Square(difference->dy) + Square(difference->dz)));
+  *difference = Subtract(a, b);
   if (difference->length == 0) return 0;
   unit->x = difference->dx / difference->length;
   unit->y = difference->dy / difference->length;

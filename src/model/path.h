@@ -49,6 +49,14 @@ inline double SafeSqrt(double value) {
   return value < 1e-9 ? 0.0 : std::sqrt(value);
 }
 
+// Point a minus point b without the unit vector.
+inline Difference Subtract(const Vec3& a, const Vec3& b) {
+  Difference difference{a.x - b.x, a.y - b.y, a.z - b.z, 0};
+  difference.length = static_cast<float>(
+      SafeSqrt(Square(difference.dx) + Square(difference.dy) + Square(difference.dz)));
+  return difference;
+}
+
 // Degrees from 0 up to but not including 360 of the direction with the y-like component a and the
 // x-like component b. The factor is 180 / 3.1415, so angles between the axes are stretched a
 // little.

@@ -1,0 +1,54 @@
+#include "feed/parameter_file.h"
+
+#include "feed/parameter_lines.h"
+#include "platform/text.h"
+
+namespace tvx {
+
+namespace {
+
+using enum LineReading;
+
+const ParameterLine kLines[] = {
+    {"IntNcdataFlg", &JobRecord::IntNcdataFlg, kByKey},
+    {"NCDATA확장자", &JobRecord::NcdataExt, kByKey},
+    {"AfaByMasterFlg", &JobRecord::AfaByMaster, kNever},
+    {"MetafileCreateChk", &JobRecord::MetafileCreateChk, kNever},
+    {"InputFileType", &JobRecord::InputFileType, kByKey},
+    {"RapidFeed", &JobRecord::RapidFeed, kByKey},
+    {"FeedChgSmoothCheck", &JobRecord::FeedChgSmoothCheck, kNever},
+    {"XyChgReduceCheck", &JobRecord::XyChgReduceCheck, kNever},
+    {"FeedChgAng", &JobRecord::FeedChgAng, kNever},
+    {"CorWeight0", &JobRecord::CorWeight0, kNever},
+    {"CorWeight30", &JobRecord::CorWeight30, kNever},
+    {"CorWeight60", &JobRecord::CorWeight60, kNever},
+    {"SideWeight0", &JobRecord::SideWeight0, kNever},
+    {"SideWeight30", &JobRecord::SideWeight30, kNever},
+    {"SideWeight60", &JobRecord::SideWeight60, kNever},
+    {"ZupZdown", &JobRecord::ZupZdown, kNever},
+};
+
+std::string ParameterPath(const std::string& environmentDir) {
+  return environmentDir + "\\tvx.par";
+}
+
+}  // namespace
+
+bool ReadParameterFile(const std::string& environmentDir, JobRecord* record, Files* files) {
+  std::string bytes;
+  if (!ReadWholeFile(files, ParameterPath(environmentDir), &bytes)) return false;
+  const std::string text = DecodeCp949(bytes);
+  WordScanner words(text);
+  ReadLinesByKey(kLines, &words, record, nullptr);
+  return true;
+}
+
+bool WriteParameterFile(const std::string& environmentDir, const JobRecord& record, Files* files,
+                        UserInterface* ui) {
+  const std::string text = PrintLines(kLines, record, /*spindle=*/0);
+  if (WriteWholeFile(files, ParameterPath(environmentDir), text)) return true;
+  ui->ShowMessage({.text = "화일을 열수 없읍니다.\n"});
+  return false;
+}
+
+}  // namespace tvx

@@ -1,0 +1,18 @@
+#include "shell/application.h"
+
+#include "shell/lists.h"
+
+namespace tvx {
+
+CTVXApp::CTVXApp(Files* theFiles, UserInterface* theUi) : files(theFiles), ui(theUi) {}
+
+int CTVXApp::InitApplication() {
+  LabelLanguage = kKoreanLabels;
+  ReadConfiguration(&configuration, files);
+  ReadExtensionList(configuration.EnvDir, &ExtensionList, files);
+  ReadDirectoryList(configuration.EnvDir, &DirectoryList, files);
+  ReadUserKeys(configuration.EnvDir, &UserKeys, files);
+  return 1;
+}
+
+}  // namespace tvx

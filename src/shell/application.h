@@ -1,0 +1,48 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "model/job_record.h"
+#include "model/parser.h"
+#include "platform/files.h"
+#include "platform/user_interface.h"
+#include "shell/configuration.h"
+#include "shell/user_keys.h"
+
+namespace tvx {
+
+// The languages of LabelLanguage.
+inline constexpr int32_t kKoreanLabels = 1;
+inline constexpr int32_t kEnglishLabels = 2;
+
+// The application object, one per process: everything that the windows share.
+class CTVXApp {
+ public:
+  // Both outlive the application.
+  CTVXApp(Files* files, UserInterface* ui);
+
+  // The start of the program: reads configuration, lists and user keys in their order. Files that
+  // are missing are no failure. Returns 1.
+  int InitApplication();
+
+  Files* const files;
+  UserInterface* const ui;
+
+  Configuration configuration;
+  std::vector<std::string> ExtensionList;
+  std::vector<std::string> DirectoryList;
+  std::vector<std::string> UserKeys = std::vector<std::string>(kUserKeyElements);
+  // Exchange places between a view and the job dialog; slot 1 is the one in use.
+  std::array<JobRecord, 17> JobSlots;
+  // Modal state of the parser: what one file leaves, the next one starts with, in any window.
+  ParserStates parserStates;
+  // The spindle speed, rev/min, that the job dialog opens with: that of the default condition file
+  // until a job dialog is accepted.
+  int32_t rememberedSpindle = 1000;
+  int32_t LabelLanguage = kKoreanLabels;
+};
+
+}  // namespace tvx

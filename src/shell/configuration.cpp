@@ -1,0 +1,84 @@
+#include "shell/configuration.h"
+
+#include "platform/scan.h"
+#include "platform/text.h"
+#include "shell/short_text.h"
+
+namespace tvx {
+
+namespace {
+
+const ConfigurationField kFields[] = {
+    {"환경Dir", "환경화일 DIR", &Configuration::EnvDir, "c:\\marlo"},
+    {"WorkDir", "작업 DIR", &Configuration::WorkDir, "c:\\marlo\\ncdata"},
+    {"AFADir", "AFA 조건 DIR", &Configuration::AFADir, "c:\\marlo\\afa"},
+    {"Editor", "편집기(editor)", &Configuration::Editor, "wordpad.exe"},
+};
+
+std::string ConfigurationPath(const Configuration& configuration) {
+  return configuration.WindowsDir + "\\tvx.cfg";
+}
+
+// The file of a first start has two blanks after all keys but the first, and one behind each value.
+std::string FirstStartText(const Configuration& configuration) {
+  std::string text;
+  for (const ConfigurationField& field : kFields) {
+    const bool first = &field == &kFields[0];
+    text += field.key + std::string(first ? " " : "  ") + configuration.*field.value + " \r\n";
+  }
+  return text;
+}
+
+std::string SavedText(const Configuration& configuration) {
+  std::string text;
+  for (const ConfigurationField& field : kFields) {
+    text += field.key + std::string(" ") + configuration.*field.value + "\r\n";
+  }
+  return text;
+}
+
+void TakePairs(std::string_view bytes, Configuration* configuration) {
+  WordScanner words(bytes);
+  std::string key;
+  std::string value;
+  while (ReadShortWord(&words, &key) && ReadShortWord(&words, &value)) {
+    for (const ConfigurationField& field : kFields) {
+      if (EqualNoCase(field.key, key)) configuration->*field.value = value;
+    }
+  }
+}
+
+}  // namespace
+
+std::span<const ConfigurationField> ConfigurationFields() {
+  return kFields;
+}
+
+void ReadConfiguration(Configuration* configuration, Files* files) {
+  *configuration = {};
+  std::string bytes;
+  if (ReadWholeFile(files, ConfigurationPath(*configuration), &bytes)) {
+    TakePairs(bytes, configuration);
+    return;
+  }
+  for (const ConfigurationField& field : kFields) configuration->*field.value = field.initial;
+  WriteWholeFile(files, ConfigurationPath(*configuration),
+                 EncodeCp949(FirstStartText(*configuration)));
+}
+
+bool SaveConfiguration(const Configuration& configuration, Files* files, UserInterface* ui) {
+  const std::string bytes = EncodeCp949(SavedText(configuration));
+  if (WriteWholeFile(files, ConfigurationPath(configuration), bytes)) return true;
+  ui->ShowMessage({.text = "화일을 열수 없읍니다.\n"});
+  return false;
+}
+
+void EditConfiguration(Configuration* configuration, Files* files, UserInterface* ui) {
+  CDirSetupDlg dialog;
+  dialog.values = *configuration;
+  if (!ui->RunModal(&dialog)) return;
+  SaveConfiguration(dialog.values, files, ui);
+  *configuration = dialog.values;
+}
+
+}  // namespace tvx

@@ -1,0 +1,106 @@
+#include "shell/lists.h"
+
+#include <algorithm>
+
+#include "platform/scan.h"
+#include "platform/text.h"
+#include "shell/short_text.h"
+
+namespace tvx {
+
+namespace {
+
+// "*.ppp" stands there twice, as the job dialog has always offered it.
+const char* const kStandardMasks[] = {"*.*", "*.nc", "*.hnc", "*.ppp", "*.ppp", "*.tap", "*.tif"};
+
+std::string DirectoryListPath(const std::string& environmentDir) {
+  return environmentDir + "\\dirlist.txt";
+}
+
+// Words go into the elements from 0 on; those beyond the last element are left unread.
+bool ReadWordList(const std::string& path, std::vector<std::string>* list, Files* files) {
+  std::string bytes;
+  if (!ReadWholeFile(files, path, &bytes)) return false;
+  WordScanner words(bytes);
+  for (std::string& element : *list) {
+    if (!ReadShortWord(&words, &element)) break;
+  }
+  return true;
+}
+
+std::vector<std::string> NotEmpty(const std::vector<std::string>& lines) {
+  std::vector<std::string> result;
+  std::copy_if(lines.begin(), lines.end(), std::back_inserter(result),
+               [](const std::string& line) { return !line.empty(); });
+  return result;
+}
+
+bool SaveDirectoryList(const std::string& environmentDir, const std::vector<std::string>& lines,
+                       Files* files, UserInterface* ui) {
+  std::string text;
+  for (const std::string& line : lines) text += line + "\r\n";
+  if (WriteWholeFile(files, DirectoryListPath(environmentDir), EncodeCp949(text))) return true;
+  ui->ShowMessage({.text = "화일을 열수 없읍니다.\n"});
+  return false;
+}
+
+}  // namespace
+
+void ReadExtensionList(const std::string& environmentDir, std::vector<std::string>* list,
+                       Files* files) {
+  list->resize(kExtensions);
+  if (ReadWordList(environmentDir + "\\fileext.txt", list, files)) return;
+  std::copy(std::begin(kStandardMasks), std::end(kStandardMasks), list->begin());
+}
+
+void ReadDirectoryList(const std::string& environmentDir, std::vector<std::string>* list,
+                       Files* files) {
+  list->resize(kDirectories);
+  ReadWordList(DirectoryListPath(environmentDir), list, files);
+}
+
+std::vector<std::string> ListEntries(const std::vector<std::string>& list) {
+  const auto end =
+      std::find_if(list.begin(), list.end(), [](const std::string& s) { return s.empty(); });
+  return {list.begin(), end};
+}
+
+void CDirListDlg::Add() {
+  FileQuestion question;
+  question.fileName = "*.";
+  std::string path;
+  if (!ui_->ChooseFile(question, &path)) return;
+  const size_t end = path.rfind('\\');
+  if (end == std::string::npos || end == 0 || lines.size() == kDirectories) return;
+  lines.push_back(path.substr(0, end));
+}
+
+void CDirListDlg::Delete() {
+  if (!HasSelection()) return;
+  lines.erase(lines.begin() + selection);
+  selection = -1;
+}
+
+void CDirListDlg::Change() {
+  if (!HasSelection()) return;
+  CTextInputDlg input;
+  input.text = lines[static_cast<size_t>(selection)];
+  if (ui_->RunModal(&input)) lines[static_cast<size_t>(selection)] = input.text;
+}
+
+bool CDirListDlg::HasSelection() const {
+  return selection >= 0 && static_cast<size_t>(selection) < lines.size();
+}
+
+void EditDirectoryList(const std::string& environmentDir, std::vector<std::string>* list,
+                       Files* files, UserInterface* ui) {
+  CDirListDlg dialog(ui);
+  dialog.lines = NotEmpty(*list);
+  if (!ui->RunModal(&dialog)) return;
+  if (!SaveDirectoryList(environmentDir, dialog.lines, files, ui)) return;
+  // A line that was changed to nothing is no entry: it would end the list in front of the others.
+  *list = NotEmpty(dialog.lines);
+  list->resize(kDirectories);
+}
+
+}  // namespace tvx

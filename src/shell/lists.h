@@ -1,0 +1,73 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "platform/files.h"
+#include "platform/user_interface.h"
+
+namespace tvx {
+
+// Two program-wide lists of short strings, each from a text file of words in the environment
+// directory (docs/formats/lists.md): the file masks that the job dialog offers, and directories
+// that the user keeps. Entries fill the elements from 0 on; the first empty element ends a list.
+
+inline constexpr size_t kExtensions = 100;
+inline constexpr size_t kDirectories = 500;
+
+// Reads fileext.txt over the list, which gets kExtensions elements; without the file the seven
+// standard masks. No element is cleared first, so the tail of a longer list stays.
+void ReadExtensionList(const std::string& environmentDir, std::vector<std::string>* list,
+                       Files* files);
+
+// Reads dirlist.txt over the list, which gets kDirectories elements; without the file they stay as
+// they are.
+void ReadDirectoryList(const std::string& environmentDir, std::vector<std::string>* list,
+                       Files* files);
+
+// The entries of a list, up to its first empty element.
+std::vector<std::string> ListEntries(const std::vector<std::string>& list);
+
+// Asks for one line of text.
+class CTextInputDlg : public Dialog {
+ public:
+  static constexpr char kTitle[] = "문자 또는 숫자를 입력하시요";
+
+  std::string text;
+};
+
+// The directory list dialog: a list box over the dialog's own copy of the list. Its accepting
+// button is "저장", its other one "취소".
+class CDirListDlg : public Dialog {
+ public:
+  static constexpr char kTitle[] = "디렉토리 리스트";
+
+  explicit CDirListDlg(UserInterface* ui) : ui_(ui) {}
+
+  // "추가": the user picks any file of the wanted directory, which is added at the end. A list of
+  // kDirectories lines takes no more.
+  void Add();
+  // "삭제": the selected line leaves the list box.
+  void Delete();
+  // "수정": the user edits the selected line.
+  void Change();
+  // "갱신" does nothing.
+  void Refresh() {}
+
+  std::vector<std::string> lines;  // the list box
+  int selection = -1;              // index of the selected line, -1 for none
+
+ private:
+  bool HasSelection() const;
+
+  UserInterface* ui_;
+};
+
+// The command "디렉토리 리스트": runs the dialog. When accepted, the lines are saved in dirlist.txt
+// and become the list; if they cannot be saved the user gets a message, and the list and an older
+// file stay as they were.
+void EditDirectoryList(const std::string& environmentDir, std::vector<std::string>* list,
+                       Files* files, UserInterface* ui);
+
+}  // namespace tvx

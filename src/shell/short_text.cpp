@@ -1,0 +1,39 @@
+#include "shell/short_text.h"
+
+#include "platform/text.h"
+
+namespace tvx {
+
+namespace {
+
+// Bytes of the character at the start of a CP949 text that is not empty.
+size_t CharacterBytes(std::string_view bytes) {
+  const bool leads = static_cast<unsigned char>(bytes[0]) > 0x80;
+  return leads && bytes.size() > 1 ? 2 : 1;
+}
+
+std::string_view WholeCharacters(std::string_view bytes, size_t limit) {
+  size_t end = 0;
+  while (end < bytes.size()) {
+    const size_t next = end + CharacterBytes(bytes.substr(end));
+    if (next > limit) break;
+    end = next;
+  }
+  return bytes.substr(0, end);
+}
+
+}  // namespace
+
+std::string DecodeShortText(std::string_view bytes, size_t limit) {
+  return DecodeCp949(WholeCharacters(bytes, limit));
+}
+
+// White space is never a part of a CP949 character, so a text can be split into words undecoded.
+bool ReadShortWord(WordScanner* bytes, std::string* word) {
+  std::string wordBytes;
+  if (!bytes->ReadWord(&wordBytes)) return false;
+  *word = DecodeShortText(wordBytes, kWordBytes);
+  return true;
+}
+
+}  // namespace tvx

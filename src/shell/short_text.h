@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "platform/scan.h"
+
+namespace tvx {
+
+// Texts of the shell's small files, whose lengths are limited in bytes as the file spells them.
+
+// Most bytes of a word of the configuration file and of the two lists.
+inline constexpr size_t kWordBytes = 51;
+
+// CP949 bytes as text, without what goes beyond `limit` bytes. A character of two bytes that the
+// limit would split is left out.
+std::string DecodeShortText(std::string_view bytes, size_t limit);
+
+// Reads the next word of a CP949 text, cut at kWordBytes; the rest of a longer word is dropped.
+// Returns false and leaves *word alone at the end of the text.
+bool ReadShortWord(WordScanner* bytes, std::string* word);
+
+}  // namespace tvx

@@ -1,0 +1,28 @@
+#include "shell/tvx_view.h"
+
+#include "feed/condition_file.h"
+#include "feed/parameter_file.h"
+#include "shell/lists.h"
+
+namespace tvx {
+
+CTVXView::CTVXView(CTVXApp* theApp) : app(theApp) {
+  SetDefaults();
+  ReadFiles();
+}
+
+// The rest of the record's defaults stand in the record itself.
+void CTVXView::SetDefaults() {
+  job.WorkDir = app->configuration.WorkDir;
+  job.ConditionDir = app->configuration.AFADir;
+}
+
+void CTVXView::ReadFiles() {
+  const std::string& environmentDir = app->configuration.EnvDir;
+  ReadParameterFile(environmentDir, &job, app->files);
+  ReadExtensionList(environmentDir, &app->ExtensionList, app->files);
+  ReadConditionFile(DefaultConditionPath(environmentDir), &job, &app->rememberedSpindle,
+                    app->files);
+}
+
+}  // namespace tvx

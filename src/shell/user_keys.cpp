@@ -1,0 +1,52 @@
+#include "shell/user_keys.h"
+
+#include <string_view>
+
+#include "platform/text.h"
+#include "shell/short_text.h"
+
+namespace tvx {
+
+namespace {
+
+constexpr char kHeader[] = "=======USER KEY======";
+
+std::string UserKeyPath(const std::string& environmentDir) {
+  return environmentDir + "\\UserKey.txt";
+}
+
+// Takes the next line, without its line feed, off the front of a text. False at the end of the
+// text.
+bool TakeLine(std::string_view* text, std::string_view* line) {
+  if (text->empty()) return false;
+  *line = text->substr(0, text->find('\n'));
+  text->remove_prefix(line->size() < text->size() ? line->size() + 1 : line->size());
+  return true;
+}
+
+std::string WithoutTrailingWhite(const std::string& text) {
+  return text.substr(0, text.find_last_not_of(" \t\n\v\f\r") + 1);
+}
+
+}  // namespace
+
+void ReadUserKeys(const std::string& environmentDir, std::vector<std::string>* keys, Files* files) {
+  keys->assign(kUserKeyElements, {});
+  std::string bytes;
+  if (!ReadWholeFile(files, UserKeyPath(environmentDir), &bytes)) return;
+  std::string_view text = bytes;
+  std::string_view line;
+  TakeLine(&text, &line);  // the header, whatever it says
+  for (size_t n = 1; n <= kLastUserKey && TakeLine(&text, &line); ++n) {
+    (*keys)[n] = WithoutTrailingWhite(DecodeShortText(line, kUserKeyBytes));
+  }
+}
+
+void WriteUserKeys(const std::string& environmentDir, const std::vector<std::string>& keys,
+                   Files* files) {
+  std::string text = std::string(kHeader) + "\r\n";
+  for (size_t n = 1; n <= kLastUserKey; ++n) text += keys[n] + "\r\n";
+  WriteWholeFile(files, UserKeyPath(environmentDir), EncodeCp949(text));
+}
+
+}  // namespace tvx

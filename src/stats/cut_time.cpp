@@ -1,0 +1,84 @@
+#include "stats/cut_time.h"
+
+#include "model/path.h"
+#include "platform/numbers.h"
+
+namespace tvx {
+
+namespace {
+
+// The sums are single precision and rounded after each addition: their order is part of the result.
+struct Sums {
+  float cutLength = 0;
+  float rapidLength = 0;
+  float cutMinutes = 0;
+  float rapidMinutes = 0;
+};
+
+void AddTo(float* sum, double term) {
+  *sum = static_cast<float>(*sum + term);
+}
+
+// A share of a move, from per cent to a fraction.
+float Fraction(int16_t percent) {
+  return static_cast<float>(percent) * 0.01F;
+}
+
+// A straight cut runs at three feeds in turn. Where a zone has no feed its term falls away, and the
+// middle is the shorter for it all the same.
+void AddCut(const MotionBlock& block, float length, Sums* sums) {
+  const double head = Fraction(block.headPercent);
+  const double tail = Fraction(block.tailPercent);
+  sums->cutLength += length;
+  if (block.headFeed > 0) AddTo(&sums->cutMinutes, length * head / block.headFeed);
+  if (block.tailFeed > 0) AddTo(&sums->cutMinutes, length * tail / block.tailFeed);
+  if (block.feed != 0) AddTo(&sums->cutMinutes, (1.0 - head - tail) * length / block.feed);
+}
+
+// The feed of a rapid's block plays no part.
+void AddRapid(int32_t rapidFeed, float length, Sums* sums) {
+  sums->rapidLength += length;
+  if (rapidFeed != 0) AddTo(&sums->rapidMinutes, static_cast<double>(length) / rapidFeed);
+}
+
+// Every move is measured from the end of the move before it, the first one from block 0, which
+// stands for a missing earlier move. Remembering that point saves looking back for it.
+Sums AddUpMoves(BlockStore* store, int32_t rapidFeed) {
+  Sums sums;
+  Vec3 previous;
+  for (uint32_t i = 0; i < store->blockCount; ++i) {
+    const MotionBlock* block = store->PeekRepaired(i);
+    if (block == nullptr) continue;
+    const Vec3 point{block->x, block->y, block->z};
+    if (i == 0) previous = point;
+    if (!IsMoveType(block->type)) continue;
+    const float length = i == 0 ? 0 : Subtract(point, previous).length;
+    if (IsCutType(block->type)) AddCut(*block, length, &sums);
+    if (IsRapidType(block->type)) AddRapid(rapidFeed, length, &sums);
+    previous = point;
+  }
+  return sums;
+}
+
+// The quotient is rounded to 32 bits before it is truncated: 100 mm in 0.2 minutes, which has no
+// exact 32-bit form, are 500 mm/min and not 499.
+int32_t AverageFeed(const Sums& sums) {
+  if (sums.cutMinutes == 0) return 0;
+  return TruncateToInt(sums.cutLength / sums.cutMinutes);
+}
+
+}  // namespace
+
+int ComputeCutTime(BlockStore* store, const JobRecord& job, CutTimeEntry* entry) {
+  CopyOptions(job, entry);
+  const Sums sums = AddUpMoves(store, job.RapidFeed);
+  entry->cutLength = sums.cutLength;
+  entry->rapidLength = sums.rapidLength;
+  entry->cutMinutes = sums.cutMinutes;
+  entry->rapidMinutes = sums.rapidMinutes;
+  entry->averageFeed = AverageFeed(sums);
+  entry->totalMinutes = sums.cutMinutes + sums.rapidMinutes;
+  return 1;
+}
+
+}  // namespace tvx

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "model/result_entry.h"
+#include "platform/user_interface.h"
+
+namespace tvx {
+
+// The lines in which a result is shown to the user before it is recorded: restart options,
+// conditions of the feed adjustment if it is on, and the seven figures.
+std::vector<std::string> FileInformationLines(const CutTimeEntry& entry);
+
+// The file information dialog: shows the current result, which it owns, and asks whether the result
+// goes into the table. Nothing is editable.
+class CFileInfoDlg : public Dialog {
+ public:
+  static constexpr char kTitle[] = "화일정보";
+  static constexpr char kAccept[] = "Info list에추가";  // the accepting button
+  static constexpr char kCancel[] = "Cancel";
+
+  // The list box as filled when the dialog opens.
+  std::vector<std::string> Lines() const { return FileInformationLines(current); }
+
+  // The current result: each cut-time run overwrites its options and figures.
+  CutTimeEntry current;
+};
+
+}  // namespace tvx
