@@ -12,7 +12,41 @@ namespace {
 constexpr float kPi = 3.14F;  // what the figures of the shops were made with
 constexpr float kPowerScale = 1.0262515e-05F;
 
+const GetFeedField kFields[] = {
+    {"speedPercent", &GetFeedState::speedPercent},
+    {"feedPercent", &GetFeedState::feedPercent},
+    {"speedBase", &GetFeedState::speedBase},
+    {"lengthFactor", &GetFeedState::lengthFactor},
+    {"lengthRatio", &GetFeedState::lengthRatio},
+    {"speedEffective", &GetFeedState::speedEffective},
+    {"toothFeed", &GetFeedState::toothFeed},
+    {"fluteCount", &GetFeedState::fluteCount},
+    {"materialFactor", &GetFeedState::materialFactor},
+    {"toolFormFactor", &GetFeedState::toolFormFactor},
+    {"powerExponent", &GetFeedState::powerExponent},
+    {"powerCoefficient", &GetFeedState::powerCoefficient},
+    {"toolMaterial", &GetFeedState::toolMaterial},
+    {"workMaterial", &GetFeedState::workMaterial},
+    {"toolDiameter", &GetFeedState::toolDiameter},
+    {"toolLength", &GetFeedState::toolLength},
+    {"fluteLength", &GetFeedState::fluteLength},
+    {"cutDepth", &GetFeedState::cutDepth},
+    {"stepover", &GetFeedState::stepover},
+    {"maxSpindle", &GetFeedState::maxSpindle},
+    {"maxFeedRate", &GetFeedState::maxFeedRate},
+    {"ncPower", &GetFeedState::ncPower},
+    {"idlePower", &GetFeedState::idlePower},
+    {"highSpeedRough", &GetFeedState::highSpeedRough},
+    {"spindleOut", &GetFeedState::spindleOut},
+    {"feedOut", &GetFeedState::feedOut},
+    {"removalOut", &GetFeedState::removalOut},
+};
+
 }  // namespace
+
+std::span<const GetFeedField> GetFeedFields() {
+  return kFields;
+}
 
 void StartCalculation(GetFeedState* state) {
   if (state->toolDiameter != 0) {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
+#include <variant>
 
 namespace tvx {
 
@@ -36,6 +38,14 @@ struct GetFeedState {
   float feedOut = 0;       // mm/min
   float removalOut = 0;    // mm3/min
 };
+
+struct GetFeedField {
+  const char* name;
+  std::variant<int32_t GetFeedState::*, float GetFeedState::*, std::string GetFeedState::*> member;
+};
+
+// All fields in their order.
+std::span<const GetFeedField> GetFeedFields();
 
 // The steps of the calculation. Each works on the whole record and ends by running the next, so a
 // change of any input brings the results up to date: set the field, then run the step named with

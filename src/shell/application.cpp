@@ -1,10 +1,12 @@
 #include "shell/application.h"
 
+#include "model/labels.h"
 #include "shell/lists.h"
 
 namespace tvx {
 
-CTVXApp::CTVXApp(Files* theFiles, UserInterface* theUi) : files(theFiles), ui(theUi) {}
+CTVXApp::CTVXApp(Files* theFiles, UserInterface* theUi)
+    : files(theFiles), ui(theUi), sendOptions(theFiles, theUi) {}
 
 int CTVXApp::InitApplication() {
   LabelLanguage = kKoreanLabels;

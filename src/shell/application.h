@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "jobs/send_options.h"
 #include "model/job_record.h"
 #include "model/parser.h"
 #include "platform/files.h"
@@ -13,10 +14,6 @@
 #include "shell/user_keys.h"
 
 namespace tvx {
-
-// The languages of LabelLanguage.
-inline constexpr int32_t kKoreanLabels = 1;
-inline constexpr int32_t kEnglishLabels = 2;
 
 // The application object, one per process: everything that the windows share.
 class CTVXApp {
@@ -42,7 +39,9 @@ class CTVXApp {
   // The spindle speed, rev/min, that the job dialog opens with: that of the default condition file
   // until a job dialog is accepted.
   int32_t rememberedSpindle = 1000;
-  int32_t LabelLanguage = kKoreanLabels;
+  // The send options of the command of a single cut time: one object for the whole run, whatever
+  // window it is used in.
+  CSendOptionDlg sendOptions;
 };
 
 }  // namespace tvx

@@ -6,7 +6,7 @@
 
 namespace tvx {
 
-CTVXView::CTVXView(CTVXApp* theApp) : app(theApp) {
+CTVXView::CTVXView(CTVXApp* theApp) : app(theApp), optionDialog(theApp->files, theApp->ui) {
   SetDefaults();
   ReadFiles();
 }

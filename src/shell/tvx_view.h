@@ -4,6 +4,7 @@
 
 #include "feed/master_build.h"
 #include "feed/master_grid.h"
+#include "feed/option_dialog.h"
 #include "model/job_record.h"
 #include "model/loader.h"
 #include "shell/application.h"
@@ -29,6 +30,7 @@ class CTVXView {
   ViewState view;        // the picture of them: transform, rapids shown or not
   std::string fileName;  // the NC file in work, without directory; empty before the first load
   CCommandPadDlg commandPad;
+  COptionDlg optionDialog;
   JobRecord job;          // the working record: the parameters in force
   CFileInfoDlg fileInfo;  // with the current result
   ResultTable results;

@@ -1,7 +1,6 @@
 #include "stats/file_information.h"
 
 #include "platform/format.h"
-#include "platform/text.h"
 
 namespace tvx {
 
@@ -44,10 +43,8 @@ bool Smooth(const Entry& e) {
 bool XyReduced(const Entry& e) {
   return AfaOn(e) && e.XyChgReduceCheck == 1;
 }
-// A path of four bytes, as its files spell it, is no more than a drive and the ending's start.
 bool ByMaster(const Entry& e) {
-  constexpr size_t kTooShort = 4;
-  return AfaOn(e) && e.AfaByMaster == 1 && EncodeCp949(e.AfaMasterFile).size() > kTooShort;
+  return AfaOn(e) && e.AfaByMaster == 1 && NamesMasterFile(e.AfaMasterFile);
 }
 
 const char* OnOff(int32_t check) {

@@ -1,6 +1,7 @@
 // The start of the program and of a window: which file is read when, and whose value stands.
 #include <gtest/gtest.h>
 
+#include "model/labels.h"
 #include "model/loader.h"
 #include "shell/application.h"
 #include "shell/lists.h"
@@ -59,7 +60,7 @@ TEST_F(Start, WithoutFilesTheDefaultsStand) {
   EXPECT_EQ(view.fileName, "");
   EXPECT_EQ(view.fileInfo.current.fileName, "");
   EXPECT_EQ(app.rememberedSpindle, 1000);
-  EXPECT_EQ(app.LabelLanguage, kKoreanLabels);
+  EXPECT_EQ(LabelLanguage, kKoreanLabels);
 }
 
 TEST_F(Start, FilesOverTheDefaults) {

@@ -1,0 +1,110 @@
+#include "feed/auto_feed_dialog.h"
+
+#include "feed/condition_file.h"
+#include "platform/format.h"
+#include "platform/scan.h"
+
+namespace tvx {
+
+namespace {
+
+const AutoFeedField kFields[] = {
+    {"공구경로 공구 직경", &JobRecord::ToolDiameter},
+    {"안전거리", &JobRecord::SafetyDistance},
+    {"코너검색 최소각도", &JobRecord::CornerMinAngle},
+    {"코너 최대 감속비", &JobRecord::CornerMaxRatio},
+    {"경사검색 최소각도", &JobRecord::SlopeMinAngle},
+    {"경사 최대감속비", &JobRecord::SlopeMaxRatio},
+    {"공구 접근피드", &JobRecord::PlungeFeed},
+    {"최대피드", &JobRecord::MaxFeed},
+    {"가공소재", &JobRecord::Material},
+};
+static_assert(std::size(kFields) == kAutoFeedFields);
+
+std::string ShownText(int32_t value) {
+  return Format("%d", value);
+}
+std::string ShownText(float value) {
+  return Format("%6.3f", value);
+}
+std::string ShownText(const std::string& value) {
+  return value;
+}
+
+void Store(std::string_view text, int32_t* value) {
+  *value = TextToInt(text);
+}
+void Store(std::string_view text, float* value) {
+  *value = TextToFloat(text);
+}
+void Store(std::string_view text, std::string* value) {
+  *value = text;
+}
+
+FileQuestion ConditionFileQuestion(const JobRecord& job) {
+  FileQuestion question;
+  question.fileName = job.ConditionDir + "\\*.afa";
+  return question;
+}
+
+}  // namespace
+
+bool ChooseConditionFile(JobRecord* job, int32_t* spindleSpeed, Files* files, UserInterface* ui,
+                         std::string* fileName) {
+  std::string path;
+  if (!ui->ChooseFile(ConditionFileQuestion(*job), &path)) return false;
+  if (ReadConditionFile(path, job, spindleSpeed, files) == 0) return false;
+  *fileName = path.substr(path.find_last_of("\\/") + 1);
+  return true;
+}
+
+std::span<const AutoFeedField, kAutoFeedFields> AutoFeedFields() {
+  return kFields;
+}
+
+void CAutoFeedDlg::Open(JobRecord* target) {
+  target_ = target;
+  CopyJobRecord(0, &own, *target);
+  own.ConditionDir = target->ConditionDir;
+  fileCaption = kFileButton;
+  ShowFields();
+}
+
+// A text that is shown is an edit like one by the user, and is read back.
+void CAutoFeedDlg::ShowFields() {
+  for (size_t i = 0; i < kAutoFeedFields; ++i) {
+    const std::string text =
+        std::visit([&](auto member) { return ShownText(own.*member); }, kFields[i].member);
+    Edit(i, text);
+  }
+}
+
+void CAutoFeedDlg::Edit(size_t index, std::string_view text) {
+  texts.at(index) = text;
+  std::visit([&](auto member) { Store(text, &(own.*member)); }, kFields[index].member);
+}
+
+void CAutoFeedDlg::ReadFile() {
+  std::string fileName;
+  if (ChooseConditionFile(&own, &SpindleSpeed, files_, ui_, &fileName)) {
+    ShowFields();
+    fileCaption = std::string(kFileButton) + " " + fileName;
+  } else {
+    fileCaption = kFileButton;
+  }
+}
+
+void CAutoFeedDlg::SaveFile() {
+  FileQuestion question = ConditionFileQuestion(own);
+  question.save = true;
+  std::string path;
+  ui_->ChooseFile(question, &path);
+  WriteConditionFile(path, own, SpindleSpeed, files_, ui_);
+}
+
+Closing CAutoFeedDlg::Accept() {
+  CopyJobRecord(0, target_, own);
+  return Closing::kAccepted;
+}
+
+}  // namespace tvx

@@ -1,0 +1,100 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "feed/afa_setup_dialog.h"
+#include "feed/auto_feed_dialog.h"
+#include "model/job_record.h"
+#include "platform/files.h"
+#include "platform/user_interface.h"
+
+namespace tvx {
+
+// The feed conditions of the files to come, in the two numbers that a machinist thinks in: the
+// lowest and the highest feed. The reduction ratios follow from them.
+//
+// An object lives as long as the program and remembers: only its first opening takes the source
+// record over, later ones show what the last one left. The job dialog has one on its list options,
+// the command of a single cut time another on the working record.
+class CSendOptionDlg : public Dialog {
+ public:
+  static constexpr char kTitle[] = "전송 dialog";
+  static constexpr char kMinFeed[] = "최저 피드";
+  static constexpr char kTopFeed[] = "최대 피드";
+  static constexpr char kSetupButton[] = "Set";
+  static constexpr char kCalculatorButton[] = "GetFeed";
+  static constexpr char kConCorChk[] = "정삭";           // ticked while ConCorChk of `own` is 1
+  static constexpr char kUpDownChk[] = "Z 상하향 검색";  // ticked while UpDownChk of `own` is 1
+  static constexpr char kSpindle[] = "Spindle";          // ticked while SpindleOn is 1
+  static constexpr char kConditionFileButton[] = "조건화일 :";
+  static constexpr char kMasterButton[] = "MMA : ";
+  static constexpr int32_t kHighestFeed = 100000;  // mm/min; both feeds are accepted from 0 to it
+
+  CSendOptionDlg(Files* files, UserInterface* ui);
+
+  // Opens for a source record, which is kept until the dialog closes.
+  void Open(JobRecord* source);
+
+  // Edits. Text that is no number counts as 0. A feed changes the ratios at once.
+  void EditMinFeed(std::string_view text);
+  void EditTopFeed(std::string_view text);
+  void EditSpindleSpeed(std::string_view text);
+
+  // Clicks on the check boxes.
+  void ToggleConCorChk();
+  void ToggleUpDownChk();
+  void ToggleSpindle();
+
+  // The big button, which shows conditionText: the machining condition.
+  void OpenCondition();
+  // The button that shows conditionFileCaption: reads a condition file over the own record.
+  void ChooseConditionFile();
+  // The button "Set": the finer settings.
+  void OpenSetup();
+  // The button that shows masterCaption: names the master model. A cancelled choice removes it.
+  void ChooseMaster();
+  // The button "GetFeed": the calculator, from and to diameter, material, highest feed and spindle.
+  void OpenCalculator();
+
+  // "OK": hands the own record back and switches the adjustment on in both. A feed out of its range
+  // is refused with a message and named in refusedField, and the dialog stays open.
+  Closing Accept();
+  // "Cancel": switches the adjustment off in both; the source's other fields stay.
+  Closing Cancel();
+
+  JobRecord own;
+  int32_t MinFeed = 0;          // mm/min
+  int32_t TopFeed = 0;          // mm/min
+  int32_t SpindleSpeed = 1000;  // 1/min; handed in and out by the job dialog, as is SpindleOn
+  int32_t SpindleOn = 0;
+  int32_t OptionsLoaded = 0;  // 1: the own record has been taken over, and edits recompute
+  // What the controls show. A face that takes these over after an operation must not report them
+  // back as edits.
+  std::string minFeedText;
+  std::string topFeedText;
+  std::string spindleText;
+  std::string conditionText;
+  std::string conditionFileCaption = kConditionFileButton;
+  std::string masterCaption = kMasterButton;
+  std::string refusedField;  // "MinFeed" or "TopFeed", to put the focus on after a refusal
+
+ private:
+  void Refresh();
+  void BuildConditionText();
+  void DeriveSlopeRatio();
+  void ShowFeedsOfCondition();
+  void ShowSpindleSpeed();
+
+  Files* files_;
+  UserInterface* ui_;
+  JobRecord* source_ = nullptr;
+  CAutoFeedDlg condition_;
+  CAfaSetupDlg setup_;
+};
+
+// The text of the job dialog's button for the conditions of a record, and the caption without any.
+std::string ConditionButtonText(const JobRecord& job);
+inline constexpr char kNoConditionText[] = "Afa조건: ";
+
+}  // namespace tvx
