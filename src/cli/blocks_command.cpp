@@ -1,0 +1,71 @@
+// tvx-cli blocks: the stored moves, one a line.
+
+#include <string>
+#include <vector>
+
+#include "cli/command_line.h"
+#include "cli/commands.h"
+#include "cli/errors.h"
+#include "cli/host.h"
+#include "cli/output.h"
+#include "cli/params.h"
+#include "cli/program_files.h"
+#include "platform/format.h"
+
+namespace tvx {
+namespace {
+
+constexpr size_t kPrintedAtOnce = 1 << 16;  // bytes
+
+std::string BlockLine(uint32_t index, const MotionBlock& block) {
+  return std::to_string(index) + '\t' + std::to_string(block.type) + '\t' + ShortestFloat(block.x) +
+         '\t' + ShortestFloat(block.y) + '\t' + ShortestFloat(block.z) + '\t' +
+         std::to_string(block.feedProgrammed) + '\t' + std::to_string(block.feed) + '\t' +
+         std::to_string(block.headPercent) + '\t' + std::to_string(block.headFeed) + '\t' +
+         std::to_string(block.tailPercent) + '\t' + std::to_string(block.tailFeed) + '\n';
+}
+
+}  // namespace
+
+void PrintBlocks(const BlockStore& store) {
+  std::string text;
+  for (uint32_t index = 0; index < store.blockCount; ++index) {
+    const MotionBlock* block = store.Peek(index);
+    if (block != nullptr) text += BlockLine(index, *block);
+    if (text.size() >= kPrintedAtOnce) {
+      Print(text);
+      text.clear();
+    }
+  }
+  Print(text);
+}
+
+int RunBlocks(const Call& call) {
+  Params params;
+  std::vector<std::string> arguments;
+  CommandLine line(call,
+                   "Prints the moves of each program as they stand in the store, one a line: "
+                   "index, type, x, y, z, feedProgrammed, feed, headPercent, headFeed, "
+                   "tailPercent, tailFeed.");
+  params.AddTo(&line);
+  line.AddArguments("FILE", &arguments, "NC programs, loaded one after the other");
+  line.Parse();
+  params.Check();
+
+  Host host(call);
+  const std::vector<ProgramFile> files = FindProgramFiles(host, arguments);
+  CTVXView view(&host.app);
+  params.Apply(&host, &view);
+  for (const ProgramFile& file : files) {
+    const int result = LoadProgram(file, &view);
+    if (params.Adjusts()) AdjustProgram(file, &view);
+    Print("# " + file.argument + " blockCount " + std::to_string(view.program.store.blockCount) +
+          " FeedBase " + std::to_string(view.program.FeedBase) + " result " +
+          std::to_string(result) + "\n");
+    PrintBlocks(view.program.store);
+    if (result != 1) throw Failure{file.argument, "does not fit into the store"};
+  }
+  return 0;
+}
+
+}  // namespace tvx

@@ -1,0 +1,123 @@
+#include "cli/command_line.h"
+
+#include <CLI/CLI.hpp>
+
+#include "cli/errors.h"
+#include "cli/nearest_name.h"
+
+namespace tvx {
+namespace {
+
+std::vector<std::string> OptionNames(const CLI::App& app) {
+  std::vector<std::string> names;
+  for (const CLI::Option* option : app.get_options()) {
+    for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
+    for (const std::string& name : option->get_snames()) names.push_back("-" + name);
+  }
+  return names;
+}
+
+// Words that no option or argument takes. Looked at before any other fault, since a misspelt option
+// is often the cause of those.
+void RefuseLeftOvers(const CLI::App& app, const std::string& command) {
+  for (const std::string& word : app.remaining()) {
+    if (word == "--") continue;  // the mark before arguments that begin with a dash
+    if (word.size() < 2 || word[0] != '-') {
+      throw WrongCall{command + ": unexpected argument '" + word + "'"};
+    }
+    const std::string name = word.substr(0, word.find('='));
+    throw WrongCall{command + ": unknown option '" + name + "'" +
+                    DidYouMean(name, OptionNames(app))};
+  }
+}
+
+// What the parser found wrong, in our words where its own are of little help.
+std::string Explain(const CLI::ParseError& error) {
+  const std::string text = error.what();
+  const std::string name = text.substr(0, text.find(':'));
+  if (error.get_name() == "ArgumentMismatch") {
+    // "NAME was given a disallowed flag override", without the dashes
+    if (text.find("flag override") != std::string::npos) {
+      return "--" + text.substr(0, text.find(' ')) + " takes no value";
+    }
+    const bool tooMany = text.find("At Most") != std::string::npos;
+    return name + (tooMany ? " is given more than once" : " needs a value");
+  }
+  if (error.get_name() == "ConversionError") {
+    // "Could not convert: NAME = VALUE"
+    const size_t nameStart = text.find("--"), equals = text.find(" = ");
+    if (nameStart < equals && equals != std::string::npos) {
+      return text.substr(nameStart, equals - nameStart) + ": '" + text.substr(equals + 3) +
+             "' is no such number";
+    }
+  }
+  return text;
+}
+
+}  // namespace
+
+struct CommandLine::Parser {
+  CLI::App app;
+};
+
+CommandLine::CommandLine(const Call& call, const std::string& description)
+    : call_(call), parser_(std::make_unique<Parser>()) {
+  parser_->app.name("tvx-cli " + call.command);
+  parser_->app.description(description);
+  parser_->app.allow_extras();
+}
+
+CommandLine::~CommandLine() = default;
+
+void CommandLine::AddFlag(const std::string& name, bool* given, const std::string& description) {
+  parser_->app.add_flag(name, *given, description)->disable_flag_override();
+}
+
+void CommandLine::AddOption(const std::string& name, std::optional<std::string>* value,
+                            const std::string& description) {
+  parser_->app.add_option(name, *value, description);
+}
+
+void CommandLine::AddOption(const std::string& name, std::optional<int>* value,
+                            const std::string& description) {
+  parser_->app.add_option(name, *value, description);
+}
+
+void CommandLine::AddOption(const std::string& name, std::optional<float>* value,
+                            const std::string& description) {
+  parser_->app.add_option(name, *value, description);
+}
+
+void CommandLine::AddRepeated(const std::string& name, std::vector<std::string>* values,
+                              const std::string& description) {
+  parser_->app.add_option(name, *values, description)->allow_extra_args(false);
+}
+
+void CommandLine::RequireOption(const std::string& name) {
+  parser_->app.get_option(name)->required();
+}
+
+void CommandLine::AddArgument(const std::string& name, std::string* value,
+                              const std::string& description) {
+  parser_->app.add_option(name, *value, description)->required();
+}
+
+void CommandLine::AddArguments(const std::string& name, std::vector<std::string>* values,
+                               const std::string& description) {
+  parser_->app.add_option(name, *values, description)->required();
+}
+
+void CommandLine::Parse() {
+  std::vector<std::string> reversed(call_.arguments.rbegin(), call_.arguments.rend());
+  try {
+    parser_->app.parse(reversed);
+  } catch (const CLI::CallForHelp&) {
+    throw HelpWanted{parser_->app.help()};
+  } catch (const CLI::ParseError& error) {
+    RefuseLeftOvers(parser_->app, call_.command);
+    throw WrongCall{call_.command + ": " + Explain(error)};
+  }
+  RefuseLeftOvers(parser_->app, call_.command);
+}
+
+}  // namespace tvx

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cli/command.h"
+
+namespace tvx {
+
+// The options and arguments of one command: declare them, then Parse(). The targets have to outlive
+// the parse and keep their values where an option is not given.
+class CommandLine {
+ public:
+  // `description` heads the help text of the command.
+  CommandLine(const Call& call, const std::string& description);
+  ~CommandLine();
+  CommandLine(const CommandLine&) = delete;
+  CommandLine& operator=(const CommandLine&) = delete;
+
+  // An option is named with its dashes ("--json", "-o").
+  void AddFlag(const std::string& name, bool* given, const std::string& description);
+  void AddOption(const std::string& name, std::optional<std::string>* value,
+                 const std::string& description);
+  void AddOption(const std::string& name, std::optional<int>* value,
+                 const std::string& description);
+  void AddOption(const std::string& name, std::optional<float>* value,
+                 const std::string& description);
+  // One value each time, repeated at will.
+  void AddRepeated(const std::string& name, std::vector<std::string>* values,
+                   const std::string& description);
+  void RequireOption(const std::string& name);
+
+  // Arguments by position, in the order of these calls; each is required.
+  void AddArgument(const std::string& name, std::string* value, const std::string& description);
+  // The rest of the arguments, at least one.
+  void AddArguments(const std::string& name, std::vector<std::string>* values,
+                    const std::string& description);
+
+  // Reads the arguments of the call. Throws WrongCall with one line for the user, which names the
+  // nearest option for a misspelt one, and HelpWanted after --help.
+  void Parse();
+
+ private:
+  struct Parser;  // keeps the parser library out of every command
+
+  const Call& call_;
+  std::unique_ptr<Parser> parser_;
+};
+
+// Thrown for --help: the text to print instead of running the command.
+struct HelpWanted {
+  std::string text;
+};
+
+}  // namespace tvx

@@ -1,0 +1,22 @@
+#include "cli/command.h"
+#include "cli/commands.h"
+
+namespace tvx {
+namespace {
+
+constexpr Command kCommands[] = {
+    {"time", "cut-time figures, as programmed and after the feed adjustment", RunTime},
+    {"info", "the lines of the file information dialog", RunInfo},
+    {"blocks", "the stored moves, one a line", RunBlocks},
+    {"condition show", "the parameters of a condition file", RunConditionShow},
+    {"condition write", "write a condition file", RunConditionWrite},
+    {"config show", "the configuration, the lists and the user keys", RunConfigShow},
+};
+
+}  // namespace
+
+std::span<const Command> Commands() {
+  return kCommands;
+}
+
+}  // namespace tvx

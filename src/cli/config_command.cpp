@@ -1,0 +1,34 @@
+// tvx-cli config: what the program reads at its start.
+
+#include <string>
+#include <vector>
+
+#include "cli/command_line.h"
+#include "cli/commands.h"
+#include "cli/host.h"
+#include "cli/json.h"
+#include "cli/output.h"
+#include "shell/user_keys.h"
+
+namespace tvx {
+
+int RunConfigShow(const Call& call) {
+  CommandLine line(call, "Prints the configuration as read at the start of the program.");
+  line.Parse();
+
+  Host host(call);
+  const Configuration& configuration = host.app.configuration;
+  // Keys 1 to 12; an empty one among them is a key not set.
+  const auto firstKey = host.app.UserKeys.begin() + 1;
+  const std::vector<std::string> keys(firstKey, firstKey + kLastUserKey);
+  Print(JsonText({{"EnvDir", configuration.EnvDir},
+                  {"WorkDir", configuration.WorkDir},
+                  {"AFADir", configuration.AFADir},
+                  {"Editor", configuration.Editor},
+                  {"ExtensionList", ListJson(host.app.ExtensionList)},
+                  {"DirectoryList", ListJson(host.app.DirectoryList)},
+                  {"UserKeys", keys}}));
+  return 0;
+}
+
+}  // namespace tvx

@@ -1,0 +1,44 @@
+// tvx-cli info: what the file information dialog would show.
+
+#include <string>
+#include <vector>
+
+#include "cli/command_line.h"
+#include "cli/commands.h"
+#include "cli/host.h"
+#include "cli/json.h"
+#include "cli/output.h"
+#include "cli/params.h"
+#include "cli/program_files.h"
+
+namespace tvx {
+
+int RunInfo(const Call& call) {
+  Params params;
+  bool json = false;
+  std::string argument;
+  CommandLine line(call, "Prints the lines of the file information dialog for a program.");
+  params.AddTo(&line);
+  line.AddFlag("--json", &json, "print one JSON document");
+  line.AddArgument("FILE", &argument, "NC program");
+  line.Parse();
+  params.Check();
+
+  Host host(call);
+  const ProgramFile file{argument, host.ReadablePath(argument)};
+  CTVXView view(&host.app);
+  params.Apply(&host, &view);
+  LoadWholeProgram(file, &view);
+  if (params.Adjusts()) AdjustProgram(file, &view);
+  CountProgram(file, &view);
+
+  const std::vector<std::string> lines = view.fileInfo.Lines();
+  if (json) {
+    Print(JsonText(Json(lines)));
+  } else {
+    for (const std::string& text : lines) Print(text + "\n");
+  }
+  return 0;
+}
+
+}  // namespace tvx

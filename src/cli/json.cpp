@@ -1,0 +1,53 @@
+#include "cli/json.h"
+
+#include <cmath>
+
+#include "platform/format.h"
+
+namespace tvx {
+namespace {
+
+std::string ScalarText(const Json& value) {
+  if (value.is_number_float()) {
+    const float number = value.get<float>();
+    return std::isfinite(number) ? ShortestFloat(number) : "null";
+  }
+  // A file name of the host may hold any bytes.
+  return value.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+void Append(const Json& value, const std::string& indent, std::string* text) {
+  if (!value.is_structured() || value.empty()) {
+    *text += ScalarText(value);
+    return;
+  }
+  const std::string inner = indent + "  ";
+  *text += value.is_object() ? "{" : "[";
+  bool first = true;
+  for (const auto& item : value.items()) {
+    *text += (first ? "\n" : ",\n") + inner;
+    if (value.is_object()) *text += ScalarText(item.key()) + ": ";
+    Append(item.value(), inner, text);
+    first = false;
+  }
+  *text += "\n" + indent + (value.is_object() ? "}" : "]");
+}
+
+}  // namespace
+
+Json ListJson(const std::vector<std::string>& list) {
+  Json words = Json::array();
+  for (const std::string& word : list) {
+    if (word.empty()) break;
+    words.push_back(word);
+  }
+  return words;
+}
+
+std::string JsonText(const Json& document) {
+  std::string text;
+  Append(document, "", &text);
+  return text + "\n";
+}
+
+}  // namespace tvx

@@ -1,0 +1,131 @@
+// tvx-cli: the program without a window. What decides something lives in the core; here an argument
+// goes in and a line comes out.
+
+#include <algorithm>
+#include <cstdio>
+#include <exception>
+#include <new>
+#include <string>
+#include <vector>
+
+#include "cli/command.h"
+#include "cli/command_line.h"
+#include "cli/errors.h"
+#include "cli/nearest_name.h"
+#include "cli/output.h"
+
+namespace tvx {
+namespace {
+
+enum ExitStatus { kDone = 0, kFailed = 1, kWrongCall = 2 };
+
+std::string HelpText() {
+  std::string text =
+      "tvx-cli [--home DIR] COMMAND [OPTIONS] ARGUMENTS\n\n"
+      "  --home DIR  the folder that holds the drives (default: $TVX_HOME, else\n"
+      "              $XDG_DATA_HOME/tvx, else ~/.local/share/tvx)\n\n"
+      "Commands ('tvx-cli COMMAND --help' tells more):\n";
+  for (const Command& command : Commands()) {
+    std::string name = command.name;
+    name.resize(std::max<size_t>(name.size(), 20), ' ');
+    text += "  " + name + " " + command.summary + "\n";
+  }
+  return text;
+}
+
+bool IsHelp(const std::string& word) {
+  return word == "--help" || word == "-h";
+}
+
+// Takes the options that stand before the command from the front of *words.
+std::string TakeHome(std::vector<std::string>* words) {
+  std::string home;
+  while (!words->empty() && words->front().starts_with("-")) {
+    const std::string word = words->front();
+    words->erase(words->begin());
+    if (IsHelp(word)) throw HelpWanted{HelpText()};
+    if (word.starts_with("--home=")) {
+      home = word.substr(7);
+    } else if (word == "--home" && !words->empty()) {
+      home = words->front();
+      words->erase(words->begin());
+    } else if (word == "--home") {
+      throw WrongCall{"--home needs a folder"};
+    } else {
+      throw WrongCall{"unknown option '" + word + "'" + DidYouMean(word, {"--home", "--help"})};
+    }
+  }
+  return home;
+}
+
+// Takes the name of a command, of one or two words, from the front of *words.
+const Command& TakeCommand(std::vector<std::string>* words) {
+  if (words->empty()) throw WrongCall{"no command given; 'tvx-cli --help' lists them"};
+  const std::string one = words->front();
+  const std::string two = words->size() > 1 ? one + " " + (*words)[1] : one;
+  std::vector<std::string> names;
+  std::vector<std::string> secondWords;
+  for (const Command& command : Commands()) {
+    const std::string name = command.name;
+    if (name == one || name == two) {
+      words->erase(words->begin(), words->begin() + (name == one ? 1 : 2));
+      return command;
+    }
+    names.push_back(name);
+    if (name.starts_with(one + " ")) secondWords.push_back(name.substr(one.size() + 1));
+  }
+  if (secondWords.empty()) {
+    // A family name alone is near too: "conditon show" against "condition show".
+    std::string guess = DidYouMean(two, names);
+    if (guess.empty()) guess = DidYouMean(one, names);
+    throw WrongCall{"unknown command '" + one + "'" + guess};
+  }
+  std::string known;
+  for (const std::string& word : secondWords) known += (known.empty() ? "" : ", ") + word;
+  if (words->size() == 1) throw WrongCall{one + ": one of " + known + " must follow"};
+  if (IsHelp((*words)[1])) throw HelpWanted{HelpText()};
+  throw WrongCall{"unknown command '" + two + "'" + DidYouMean(two, names)};
+}
+
+int Run(std::vector<std::string> words) {
+  Call call;
+  call.home = TakeHome(&words);
+  const Command& command = TakeCommand(&words);
+  call.command = command.name;
+  call.arguments = std::move(words);
+  const int status = command.run(call);
+  FinishOutput();
+  return status;
+}
+
+void Complain(const std::string& text) {
+  std::fprintf(stderr, "tvx-cli: %s\n", text.c_str());
+}
+
+int RunAndReport(std::vector<std::string> words) {
+  try {
+    return Run(std::move(words));
+  } catch (const HelpWanted& help) {
+    std::fputs(help.text.c_str(), stdout);
+    return kDone;
+  } catch (const WrongCall& wrong) {
+    Complain(wrong.message);
+    return kWrongCall;
+  } catch (const Failure& failure) {
+    Complain(failure.file + ": " + failure.reason);
+    return kFailed;
+  } catch (const std::bad_alloc&) {
+    Complain("out of memory");
+    return kFailed;
+  } catch (const std::exception& error) {
+    Complain(error.what());
+    return kFailed;
+  }
+}
+
+}  // namespace
+}  // namespace tvx
+
+int main(int count, char** words) {
+  return tvx::RunAndReport(std::vector<std::string>(words + (count > 0 ? 1 : 0), words + count));
+}

@@ -1,0 +1,36 @@
+#include "cli/output.h"
+
+#include <cstdio>
+
+#include "cli/errors.h"
+#include "platform/terminal.h"
+
+namespace tvx {
+namespace {
+
+bool progressShown = false;
+
+}  // namespace
+
+void Print(std::string_view text) {
+  ShowProgress("");
+  std::fwrite(text.data(), 1, text.size(), stdout);
+}
+
+void FinishOutput() {
+  ShowProgress("");
+  if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+    throw Failure{"standard output", "could not be written"};
+  }
+}
+
+void ShowProgress(const std::string& text) {
+  static const bool terminal = StandardErrorIsTerminal();
+  if (!terminal || (text.empty() && !progressShown)) return;
+  // Back to the start of the line, and what stood there erased.
+  std::fprintf(stderr, "\r\033[K%s", text.c_str());
+  std::fflush(stderr);
+  progressShown = !text.empty();
+}
+
+}  // namespace tvx

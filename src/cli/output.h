@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tvx {
+
+// Writes a result to standard output.
+void Print(std::string_view text);
+
+// Ends the output of a command. Throws Failure if a part of it could not be written (a full disk).
+void FinishOutput();
+
+// Shows on standard error what long work is doing, on one line that gives way to the next and to
+// the results; nothing unless standard error is a terminal. An empty text takes the line away.
+void ShowProgress(const std::string& text);
+
+}  // namespace tvx

@@ -1,0 +1,108 @@
+#include "cli/params.h"
+
+#include <variant>
+
+#include "cli/errors.h"
+#include "cli/nearest_name.h"
+#include "feed/condition_file.h"
+#include "feed/master_file.h"
+#include "model/job_record.h"
+
+namespace tvx {
+namespace {
+
+struct Setting {
+  std::string name;
+  std::string value;
+};
+
+Setting SplitSetting(const std::string& word) {
+  const size_t equals = word.find('=');
+  if (equals == std::string::npos) throw WrongCall{"--set needs NAME=VALUE, not '" + word + "'"};
+  return {word.substr(0, equals), word.substr(equals + 1)};
+}
+
+std::string WhatFits(const JobField& field) {
+  if (std::holds_alternative<int32_t JobRecord::*>(field.member)) return "is no whole number";
+  if (std::holds_alternative<float JobRecord::*>(field.member)) return "is no number";
+  return "is no value for a list";
+}
+
+void CheckSetting(const std::string& word) {
+  const Setting setting = SplitSetting(word);
+  const JobField* field = FindJobField(setting.name);
+  if (field == nullptr) {
+    std::vector<std::string> names;
+    for (const JobField& known : JobFields()) names.emplace_back(known.name);
+    throw WrongCall{"--set: unknown field '" + setting.name + "'" +
+                    DidYouMean(setting.name, names)};
+  }
+  JobRecord scratch;
+  if (!SetJobField(&scratch, setting.name, setting.value)) {
+    throw WrongCall{"--set " + setting.name + ": '" + setting.value + "' " + WhatFits(*field)};
+  }
+}
+
+void ReadMaster(const std::string& argument, Host* host, CTVXView* view) {
+  const std::string path = host->ReadablePath(argument);
+  if (ReadMasterFile(path, &view->masterGrid, host->files.get(), &host->ui) != 1) {
+    host->ui.DropMessage();
+    throw Failure{argument, "is no master model file"};
+  }
+}
+
+}  // namespace
+
+void FieldSettings::AddTo(CommandLine* line) {
+  line->AddRepeated("--set", &words_, "NAME=VALUE: set a field of the job record");
+}
+
+void FieldSettings::Check() const {
+  for (const std::string& word : words_) CheckSetting(word);
+}
+
+void FieldSettings::Apply(JobRecord* record) const {
+  for (const std::string& word : words_) {
+    const Setting setting = SplitSetting(word);
+    SetJobField(record, setting.name, setting.value);
+  }
+}
+
+void Params::AddTo(CommandLine* line) {
+  line->AddOption("--condition", &condition_, "FILE.afa: read a condition file");
+  settings_.AddTo(line);
+  line->AddFlag("--afa", &afa_, adjusts_ ? "adjust the feeds (the default)" : "adjust the feeds");
+  line->AddFlag("--no-afa", &noAfa_,
+                adjusts_ ? "do not adjust the feeds" : "do not adjust the feeds (the default)");
+  line->AddOption("--master", &master_, "FILE.mma: read a master model, and adjust by it");
+}
+
+void Params::Check() {
+  if (afa_ && noAfa_) throw WrongCall{"--afa and --no-afa exclude each other"};
+  if (afa_ || noAfa_) adjusts_ = afa_;
+  settings_.Check();
+}
+
+void Params::Apply(Host* host, CTVXView* view) const {
+  if (condition_) {
+    const std::string path = host->ReadablePath(*condition_);
+    if (!ReadConditionFile(path, &view->job, &host->app.rememberedSpindle, host->files.get())) {
+      throw Failure{*condition_, "cannot be read"};
+    }
+  }
+  settings_.Apply(&view->job);
+  if (adjusts_) view->job.AfaEnabled = 1;
+  if (master_) {
+    ReadMaster(*master_, host, view);
+    view->job.AfaByMaster = 1;
+  }
+}
+
+JobRecord DefaultRecord(const CTVXApp& app) {
+  JobRecord record;
+  record.WorkDir = app.configuration.WorkDir;
+  record.ConditionDir = app.configuration.AFADir;
+  return record;
+}
+
+}  // namespace tvx

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cli/command_line.h"
+#include "cli/host.h"
+#include "shell/tvx_view.h"
+
+namespace tvx {
+
+// The options --set NAME=VALUE, repeated, of a command that works on a job record.
+class FieldSettings {
+ public:
+  void AddTo(CommandLine* line);
+  // Throws WrongCall for a word that is no NAME=VALUE, an unknown field or a value that does not
+  // fit it. Before anything runs: a wrong call leaves no trace.
+  void Check() const;
+  void Apply(JobRecord* record) const;
+
+ private:
+  std::vector<std::string> words_;
+};
+
+// The options that the commands on NC files share, in the order in which they act on the working
+// record of a view.
+class Params {
+ public:
+  // `adjusts`: whether the command runs the feed adjustment when neither --afa nor --no-afa is
+  // given.
+  explicit Params(bool adjusts = false) : adjusts_(adjusts) {}
+
+  void AddTo(CommandLine* line);
+  // After the parse. Throws WrongCall as FieldSettings does.
+  void Check();
+  // Throws Failure if a file cannot be read.
+  void Apply(Host* host, CTVXView* view) const;
+
+  // True if each load is followed by the feed adjustment.
+  bool Adjusts() const { return adjusts_; }
+
+ private:
+  std::optional<std::string> condition_;
+  FieldSettings settings_;
+  std::optional<std::string> master_;
+  bool afa_ = false;
+  bool noAfa_ = false;
+  bool adjusts_;
+};
+
+// The defaults of a job record, with the directories of the configuration.
+JobRecord DefaultRecord(const CTVXApp& app);
+
+}  // namespace tvx
