@@ -57,6 +57,8 @@ class BlockStore {
   static constexpr uint32_t kMaxPages = 4000;
   // |x| or |z| above this makes a record bad. y is not tested.
   static constexpr float kCoordinateLimit = 32700.0F;
+  // What a repaired record says beside a place at the limit: a harmless feed, mm/min.
+  static constexpr int32_t kRepairFeed = 300;
 
   // `memory` has to outlive the store.
   explicit BlockStore(PageMemory* memory = ProcessPageMemory());
@@ -122,7 +124,12 @@ class BlockStore {
     return block.x > kCoordinateLimit || block.x < -kCoordinateLimit ||
            block.z > kCoordinateLimit || block.z < -kCoordinateLimit;
   }
-  static void Repair(MotionBlock* block);
+  // In place, so that a walk that may have to repair makes no call and keeps its sums in registers.
+  static void Repair(MotionBlock* block) {
+    block->x = block->y = block->z = kCoordinateLimit;
+    block->feedProgrammed = block->feed = kRepairFeed;
+    block->type = BlockNone;
+  }
 
   MotionBlock* StoredRecord(uint32_t index) {
     if (index >= blockCount) return nullptr;

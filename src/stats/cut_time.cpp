@@ -8,14 +8,15 @@ namespace tvx {
 namespace {
 
 // The sums are single precision and rounded after each addition: their order is part of the result.
+// Those of the minutes are kept in doubles between two additions, as their terms are doubles.
 struct Sums {
   float cutLength = 0;
   float rapidLength = 0;
-  float cutMinutes = 0;
-  float rapidMinutes = 0;
+  double cutMinutes = 0;
+  double rapidMinutes = 0;
 };
 
-void AddTo(float* sum, double term) {
+void AddTo(double* sum, double term) {
   *sum = static_cast<float>(*sum + term);
 }
 
@@ -64,7 +65,7 @@ Sums AddUpMoves(BlockStore* store, int32_t rapidFeed) {
 // exact 32-bit form, are 500 mm/min and not 499.
 int32_t AverageFeed(const Sums& sums) {
   if (sums.cutMinutes == 0) return 0;
-  return TruncateToInt(sums.cutLength / sums.cutMinutes);
+  return TruncateToInt(static_cast<float>(sums.cutLength / sums.cutMinutes));
 }
 
 }  // namespace
@@ -74,10 +75,10 @@ int ComputeCutTime(BlockStore* store, const JobRecord& job, CutTimeEntry* entry)
   const Sums sums = AddUpMoves(store, job.RapidFeed);
   entry->cutLength = sums.cutLength;
   entry->rapidLength = sums.rapidLength;
-  entry->cutMinutes = sums.cutMinutes;
-  entry->rapidMinutes = sums.rapidMinutes;
+  entry->cutMinutes = static_cast<float>(sums.cutMinutes);
+  entry->rapidMinutes = static_cast<float>(sums.rapidMinutes);
   entry->averageFeed = AverageFeed(sums);
-  entry->totalMinutes = sums.cutMinutes + sums.rapidMinutes;
+  entry->totalMinutes = static_cast<float>(sums.cutMinutes + sums.rapidMinutes);
   return 1;
 }
 
