@@ -14,7 +14,7 @@
 namespace tvx {
 
 // What a fuzz target gives the core to work in: a file system where every file holds the bytes of
-// the input and whatever is written is dropped, and a user who refuses everything.
+// the input and what is written is kept aside, and a user who refuses everything.
 
 class FuzzFiles : public Files {
  public:
@@ -28,7 +28,7 @@ class FuzzFiles : public Files {
     return OpenForReading(path);
   }
   std::unique_ptr<OutputFile> Create(const std::string&) override {
-    return std::make_unique<Output>();
+    return std::make_unique<Output>(&written);
   }
   bool Exists(const std::string&) override { return true; }
   bool IsDirectory(const std::string&) override { return false; }
@@ -38,6 +38,8 @@ class FuzzFiles : public Files {
   std::vector<char> DriveLetters() override { return {'c'}; }
   std::string CurrentDirectory() override { return "c:\\"; }
   bool SetCurrentDirectory(const std::string&) override { return false; }
+
+  std::string written;  // the file that was written last
 
  private:
   class Input : public InputFile {
@@ -56,9 +58,20 @@ class FuzzFiles : public Files {
 
   class Output : public OutputFile {
    public:
-    bool Write(std::string_view) override { return true; }
+    explicit Output(std::string* target) : target_(target) {}
+    bool Write(std::string_view bytes) override {
+      bytes_ += bytes;
+      return true;
+    }
     bool Patch(uint64_t, std::string_view) override { return true; }
-    bool Commit() override { return true; }
+    bool Commit() override {
+      *target_ = bytes_;
+      return true;
+    }
+
+   private:
+    std::string* target_;
+    std::string bytes_;
   };
 
   std::string_view bytes_;

@@ -1,0 +1,30 @@
+// The reader of condition files, and its writer on what was read: the input is a file.
+
+#include <string>
+
+#include "feed/condition_file.h"
+#include "fuzz_world.h"
+
+namespace {
+
+using namespace tvx;
+
+// What is written of a file that was read over the defaults.
+std::string Rewritten(std::string_view bytes) {
+  FuzzFiles files(bytes);
+  FuzzUi ui;
+  JobRecord job;
+  int32_t spindle = 1000;
+  Require(ReadConditionFile("c:\\a.afa", &job, &spindle, &files));
+  Require(job.AfaByMaster == 0);
+  Require(WriteConditionFile("c:\\b.afa", job, spindle, &files, &ui));
+  return files.written;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  const std::string written = Rewritten(AsText(data, size));
+  Require(Rewritten(written) == written);
+  return 0;
+}

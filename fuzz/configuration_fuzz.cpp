@@ -1,0 +1,32 @@
+// The reader of the configuration file, and its writer on what was read: the input is the file.
+
+#include <string>
+
+#include "fuzz_world.h"
+#include "platform/text.h"
+#include "shell/configuration.h"
+#include "shell/short_text.h"
+
+using namespace tvx;
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  FuzzFiles files(AsText(data, size));
+  FuzzUi ui;
+  Configuration read;
+  ReadConfiguration(&read, &files);
+  bool complete = true;
+  for (const ConfigurationField& field : ConfigurationFields()) {
+    Require(EncodeCp949(read.*field.value).size() <= kWordBytes);
+    complete &= !(read.*field.value).empty();
+  }
+  Require(SaveConfiguration(read, &files, &ui));
+
+  FuzzFiles savedFiles(files.written);
+  Configuration again;
+  ReadConfiguration(&again, &savedFiles);
+  for (const ConfigurationField& field : ConfigurationFields()) {
+    // An empty value moves the words behind it out of step.
+    Require(!complete || again.*field.value == read.*field.value);
+  }
+  return 0;
+}

@@ -1,0 +1,50 @@
+// The readers of the two lists and of the user keys: the input is the file of each.
+
+#include <string>
+#include <vector>
+
+#include "fuzz_world.h"
+#include "platform/text.h"
+#include "shell/lists.h"
+#include "shell/short_text.h"
+#include "shell/user_keys.h"
+
+namespace {
+
+using namespace tvx;
+
+void CheckList(const std::vector<std::string>& list, size_t elements) {
+  Require(list.size() == elements);
+  size_t filled = 0;
+  for (const std::string& element : list) {
+    Require(EncodeCp949(element).size() <= kWordBytes);
+    filled += element.empty() ? 0 : 1;
+  }
+  Require(ListEntries(list).size() == filled);  // no gaps
+}
+
+void CheckUserKeys(Files* files, std::string* written) {
+  std::vector<std::string> keys;
+  ReadUserKeys("c:", &keys, files);
+  for (const std::string& key : keys) Require(EncodeCp949(key).size() <= kUserKeyBytes);
+  WriteUserKeys("c:", keys, files);
+
+  FuzzFiles savedFiles(*written);
+  std::vector<std::string> again;
+  ReadUserKeys("c:", &again, &savedFiles);
+  Require(again == keys);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  FuzzFiles files(AsText(data, size));
+  std::vector<std::string> extensions;
+  ReadExtensionList("c:", &extensions, &files);
+  CheckList(extensions, kExtensions);
+  std::vector<std::string> directories;
+  ReadDirectoryList("c:", &directories, &files);
+  CheckList(directories, kDirectories);
+  CheckUserKeys(&files, &files.written);
+  return 0;
+}

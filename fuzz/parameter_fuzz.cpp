@@ -1,0 +1,28 @@
+// The reader of the parameter file, and its writer on what was read: the input is the file.
+
+#include <string>
+
+#include "feed/parameter_file.h"
+#include "fuzz_world.h"
+
+namespace {
+
+using namespace tvx;
+
+// What is written of a file that was read over the defaults.
+std::string Rewritten(std::string_view bytes) {
+  FuzzFiles files(bytes);
+  FuzzUi ui;
+  JobRecord job;
+  Require(ReadParameterFile("c:", &job, &files));
+  Require(WriteParameterFile("c:", job, &files, &ui));
+  return files.written;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  const std::string written = Rewritten(AsText(data, size));
+  Require(Rewritten(written) == written);
+  return 0;
+}
