@@ -8,8 +8,11 @@ constexpr Command kCommands[] = {
     {"time", "cut-time figures, as programmed and after the feed adjustment", RunTime},
     {"info", "the lines of the file information dialog", RunInfo},
     {"blocks", "the stored moves, one a line", RunBlocks},
+    {"option-line parse", "the job record that an option line gives", RunOptionLineParse},
+    {"option-line build", "the option line of a file", RunOptionLineBuild},
     {"condition show", "the parameters of a condition file", RunConditionShow},
     {"condition write", "write a condition file", RunConditionWrite},
+    {"getfeed", "the calculator of spindle speed and feed", RunGetFeed},
     {"config show", "the configuration, the lists and the user keys", RunConfigShow},
 };
 

@@ -11,7 +11,10 @@ int RunBlocks(const Call& call);
 int RunConditionShow(const Call& call);
 int RunConditionWrite(const Call& call);
 int RunConfigShow(const Call& call);
+int RunGetFeed(const Call& call);
 int RunInfo(const Call& call);
+int RunOptionLineBuild(const Call& call);
+int RunOptionLineParse(const Call& call);
 int RunTime(const Call& call);
 
 // The records of a store, one a line, in the form of the command blocks.

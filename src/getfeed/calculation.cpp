@@ -9,8 +9,8 @@ namespace tvx {
 
 namespace {
 
-constexpr float kPi = 3.14F;  // what the figures of the shops were made with
-constexpr float kPowerScale = 1.0262515e-05F;
+constexpr double kPi = 3.14;  // what the figures of the shops were made with
+constexpr double kPowerScale = 1.0262515e-05F;
 
 const GetFeedField kFields[] = {
     {"speedPercent", &GetFeedState::speedPercent},
@@ -69,7 +69,8 @@ void LookUpPower(GetFeedState* state) {
 
 void RecalcSpeed(GetFeedState* state) {
   state->speedBase = BaseCutSpeed(state->toolMaterial, state->workMaterial);
-  state->speedBase = static_cast<float>(state->speedPercent) * state->speedBase * 0.01F;
+  state->speedBase =
+      static_cast<float>(state->speedPercent * static_cast<double>(state->speedBase) * 0.01);
   state->speedEffective = state->speedBase * state->lengthFactor;
   RecalcResult(state);
 }
@@ -92,42 +93,43 @@ void RecalcToothFeed(GetFeedState* state) {
 }
 
 void RecalcResult(GetFeedState* state) {
-  const float perimeter = state->toolDiameter * kPi;
+  const double diameter = state->toolDiameter;
+  const double flutes = state->fluteCount;
   const float section = state->stepover * state->cutDepth;
-  if (perimeter == 0 || section == 0) return;
+  if (diameter == 0 || section == 0) return;
 
-  float spindle = std::trunc(state->speedEffective * 1000.0F / perimeter);
+  auto spindle = static_cast<float>(std::trunc(state->speedEffective * 1000.0 / (diameter * kPi)));
   if (spindle > state->maxSpindle) spindle = state->maxSpindle;
-  float feed = state->toolFormFactor * state->materialFactor * state->toolDiameter *
-               state->speedEffective / section;
+  auto feed =
+      static_cast<float>(static_cast<double>(state->toolFormFactor) * state->materialFactor *
+                         diameter * state->speedEffective / section);
   if (feed > state->maxFeedRate) feed = state->maxFeedRate;
-  const float teeth = spindle * state->fluteCount;
-  if (teeth == 0) return;
+  if (spindle == 0 || flutes == 0) return;
 
-  float toothFeed = feed / teeth;
+  auto toothFeed = static_cast<float>(feed / (spindle * flutes));
   if (toothFeed > state->toothFeed) {
     toothFeed = state->toothFeed;
-    feed = toothFeed * spindle * state->fluteCount;
+    feed = static_cast<float>(static_cast<double>(toothFeed) * spindle * flutes);
   } else if (toothFeed > 0) {
     // The spindle comes down to the limit, so that the feed can stay.
-    spindle = toothFeed * spindle / state->toothFeed;
+    spindle = static_cast<float>(static_cast<double>(toothFeed) * spindle / state->toothFeed);
     toothFeed = state->toothFeed;
   }
 
-  const float perTurn = section * toothFeed * state->fluteCount;
-  const float power = state->powerCoefficient *
-                      static_cast<float>(std::pow(static_cast<double>(perTurn),
-                                                  static_cast<double>(state->powerExponent))) *
-                      spindle * kPowerScale;
-  if (power + state->idlePower > state->ncPower) {
+  const double perTurn = static_cast<double>(section) * toothFeed * flutes;
+  const auto power = static_cast<float>(
+      state->powerCoefficient * std::pow(perTurn, static_cast<double>(state->powerExponent)) *
+      spindle * kPowerScale);
+  if (static_cast<double>(power) + state->idlePower > state->ncPower) {
     if (power == 0) return;
-    spindle = (state->ncPower - state->idlePower) * spindle / power;
-    feed = toothFeed * spindle * state->fluteCount;
+    spindle = static_cast<float>((static_cast<double>(state->ncPower) - state->idlePower) *
+                                 spindle / power);
+    feed = static_cast<float>(static_cast<double>(toothFeed) * spindle * flutes);
   }
 
-  const auto percent = static_cast<float>(state->feedPercent);
-  const float feedOut = percent * feed * 0.01F;
-  const float removalOut = feedOut * percent * section * 0.01F;
+  const double percent = state->feedPercent;
+  const auto feedOut = static_cast<float>(percent * feed * 0.01);
+  const auto removalOut = static_cast<float>(feedOut * percent * section * 0.01);
   if (!std::isfinite(spindle) || !std::isfinite(feedOut) || !std::isfinite(removalOut)) return;
   state->spindleOut = TruncateToInt(spindle);
   state->feedOut = feedOut;

@@ -8,7 +8,8 @@
 namespace tvx {
 
 // The record of the calculator: what the shop gives, what the tables add, and the proposal.
-// Every number is a 32-bit float, and every step of the calculation is rounded to one.
+// Every number is a 32-bit float, and every step of the calculation ends in one; inside a step all
+// is double.
 struct GetFeedState {
   int32_t speedPercent = 100;  // slider from tool protection to machining speed
   int32_t feedPercent = 100;   // slider from high quality to machining speed

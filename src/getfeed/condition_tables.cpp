@@ -11,7 +11,7 @@ namespace tvx {
 
 namespace {
 
-constexpr float kInfinity = std::numeric_limits<float>::infinity();
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 // Rows of the tables by work material. Steel grades without a row of their own read that of SS41.
 enum Row {
@@ -30,7 +30,7 @@ enum Row {
 
 struct WorkMaterial {
   Row row;
-  float speedShare;  // of the row's cutting speed
+  double speedShare;  // of the row's cutting speed
 };
 
 constexpr std::string_view kWorkNames[] = {"흑연", "알루미늄", "동",    "황동",       "주철",
@@ -38,9 +38,9 @@ constexpr std::string_view kWorkNames[] = {"흑연", "알루미늄", "동",    "
                                            "SK7",  "SKD61",    "SKD11", "얄처리SKD61"};
 
 constexpr WorkMaterial kWorkMaterials[] = {
-    {kGraphite, 1.0F}, {kAluminium, 1.0F}, {kCopper, 1.0F}, {kBrass, 1.0F},    {kCastIron, 1.0F},
-    {kSs41, 1.0F},     {kSs41, 1.0F},      {kSs41, 0.9F},   {kSs41, 0.7F},     {kSs41, 0.5F},
-    {kSk7, 1.0F},      {kSkd61, 1.0F},     {kSkd11, 1.0F},  {kHardSkd61, 1.0F}};
+    {kGraphite, 1.0}, {kAluminium, 1.0}, {kCopper, 1.0}, {kBrass, 1.0},    {kCastIron, 1.0},
+    {kSs41, 1.0},     {kSs41, 1.0},      {kSs41, 0.9},   {kSs41, 0.7},     {kSs41, 0.5},
+    {kSk7, 1.0},      {kSkd61, 1.0},     {kSkd11, 1.0},  {kHardSkd61, 1.0}};
 static_assert(std::size(kWorkNames) == std::size(kWorkMaterials));
 
 constexpr std::string_view kToolNames[] = {"하이스", "코팅하이스", "초경", "고속초경",
@@ -106,13 +106,13 @@ constexpr FactorSupport kFactors[] = {
 // One straight piece of a curve over the diameter: start + (diameter - from) * slope, up to and
 // including a diameter.
 struct Piece {
-  float upTo;
-  float start;
-  float from;
-  float slope;
+  double upTo;
+  double start;
+  double from;
+  double slope;
 };
 
-constexpr float ValueAt(const Piece& piece, float diameter) {
+constexpr double ValueAt(const Piece& piece, double diameter) {
   return piece.start + (diameter - piece.from) * piece.slope;
 }
 
@@ -125,22 +125,21 @@ struct Stretch {
 };
 
 constexpr Stretch kStretches[] = {
-    {kGraphite, 6, {8, 24.3F, 5, 2.5666668F}},
-    {kAluminium, 12, {15, 4.5F, 12, 12.5F}},
-    {kSk7, 15, {18, 19.1F, 15, 0.76F}},
+    {kGraphite, 6, {8, 24.3, 5, 2.5666668F}},
+    {kAluminium, 12, {15, 4.5, 12, 12.5}},
+    {kSk7, 15, {18, 19.1, 15, 0.76}},
 };
 
 constexpr Piece kToothCurve[] = {
-    {2, 0, 0, 0.0035F},      {4, 0.007F, 2, 0.0015F}, {5, 0.013F, 4, 0.007F},
-    {6, 0.02F, 0, 0},        {8, 0.02F, 6, 0.005F},   {10, 0.03F, 8, 0.005F},
-    {12, 0.04F, 10, 0.005F}, {16, 0.05F, 12, 0.005F}, {kInfinity, 0.09F, 0, 0},
+    {2, 0, 0, 0.0035},     {4, 0.007, 2, 0.0015}, {5, 0.013, 4, 0.007},
+    {6, 0.02, 0, 0},       {8, 0.02, 6, 0.005},   {10, 0.03, 8, 0.005},
+    {12, 0.04, 10, 0.005}, {16, 0.05, 12, 0.005}, {kInfinity, 0.09, 0, 0},
 };
 
 constexpr Piece kRoughToothCurve[] = {
-    {0.3F, 0.003F, 0, 0},     {2, 0.003F, 0.3F, 0.01F}, {4, 0.02F, 2, 0.01F},
-    {5, 0.04F, 4, 0.02F},     {6, 0.06F, 0, 0},         {8, 0.06F, 6, 0.015F},
-    {10, 0.09F, 8, 0.015F},   {12, 0.12F, 10, 0.015F},  {16, 0.15F, 12, 0.0125F},
-    {kInfinity, 0.12F, 0, 0},
+    {0.3, 0.003, 0, 0},     {2, 0.003, 0.3, 0.01},   {4, 0.02, 2, 0.01},   {5, 0.04, 4, 0.02},
+    {6, 0.06, 0, 0},        {8, 0.06, 6, 0.015},     {10, 0.09, 8, 0.015}, {12, 0.12, 10, 0.015},
+    {16, 0.15, 12, 0.0125}, {kInfinity, 0.12, 0, 0},
 };
 
 struct FactorStep {
@@ -191,7 +190,7 @@ float BaseCutSpeed(std::string_view toolMaterial, std::string_view workMaterial)
   const WorkMaterial* work = FindWorkMaterial(workMaterial);
   const size_t tool = IndexOf(kToolNames, toolMaterial);
   if (work == nullptr || tool == std::size(kToolNames)) return 0;
-  return kBaseSpeed[work->row][tool] * work->speedShare;
+  return static_cast<float>(kBaseSpeed[work->row][tool] * work->speedShare);
 }
 
 std::optional<PowerLaw> PowerConstants(std::string_view workMaterial) {
@@ -207,15 +206,17 @@ std::optional<float> MaterialFactor(std::string_view workMaterial, float toolDia
   if (toolDiameter <= kFactors[0].diameter) return kFactors[0].factor[row];
   for (const Stretch& stretch : kStretches) {
     if (stretch.row == row && toolDiameter > stretch.above && toolDiameter <= stretch.piece.upTo) {
-      return ValueAt(stretch.piece, toolDiameter);
+      return static_cast<float>(ValueAt(stretch.piece, toolDiameter));
     }
   }
   for (size_t i = 1; i < std::size(kFactors); ++i) {
     const FactorSupport& lower = kFactors[i - 1];
     const FactorSupport& upper = kFactors[i];
     if (toolDiameter <= upper.diameter) {
-      const float share = (toolDiameter - lower.diameter) / (upper.diameter - lower.diameter);
-      return std::lerp(lower.factor[row], upper.factor[row], share);
+      const double diameter = toolDiameter;
+      const double share = (diameter - lower.diameter) / (upper.diameter - lower.diameter);
+      const double lowerFactor = lower.factor[row];
+      return static_cast<float>(std::lerp(lowerFactor, upper.factor[row], share));
     }
   }
   return std::nullopt;
@@ -227,8 +228,8 @@ float ToothFeedLimit(float toolDiameter, bool highSpeedRough) {
   // The last piece is flat and also takes what is no diameter.
   const auto piece = std::ranges::find_if(curve.first(curve.size() - 1),
                                           [&](const Piece& p) { return toolDiameter <= p.upTo; });
-  if (!highSpeedRough) return ValueAt(*piece, toolDiameter) * 4.0F;
-  return ValueAt(*piece, toolDiameter) * 1.3333334F * 2.0F;
+  const auto value = static_cast<float>(ValueAt(*piece, toolDiameter));
+  return static_cast<float>(highSpeedRough ? value * double{1.3333334F} * 2 : value * 4.0);
 }
 
 float LengthFactor(float lengthRatio, float previousFactor) {

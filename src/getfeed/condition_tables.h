@@ -7,7 +7,7 @@
 namespace tvx {
 
 // All that the calculator knows of machining: constants of the program, keyed by the names that its
-// lists show. Every value is a 32-bit float, and so is every step of an interpolation.
+// lists show. Every value is a 32-bit float; between the tables and a value all is double.
 
 // The names in the order of the tables.
 std::span<const std::string_view> WorkMaterials();

@@ -25,10 +25,10 @@ GetFeedState Started(Change change) {
 
 TEST(Calculation, StartValues) {
   const GetFeedState state = Started([](GetFeedState*) {});
-  EXPECT_FLOAT_EQ(state.toolFormFactor, 0.8F);
-  EXPECT_FLOAT_EQ(state.materialFactor, 14.2F);
-  EXPECT_FLOAT_EQ(state.speedBase, 43.2F);
-  EXPECT_FLOAT_EQ(state.toothFeed, 0.16F);
+  EXPECT_EQ(state.toolFormFactor, 0.8F);
+  EXPECT_EQ(state.materialFactor, 14.2F);
+  EXPECT_EQ(state.speedBase, 43.2F);
+  EXPECT_EQ(state.toothFeed, 0.16F);
   EXPECT_EQ(state.lengthFactor, 1.0F);
   EXPECT_EQ(state.powerCoefficient, 12.11F);  // not yet that of the material
   EXPECT_EQ(Results(state), "1375 440 18");
@@ -105,20 +105,20 @@ TEST(Calculation, FactorsFollowOnlyTheirOwnStep) {
 
   state.fluteCount = 4;
   RecalcResult(&state);
-  EXPECT_FLOAT_EQ(state.toolFormFactor, 0.8F);  // until the next change of the tool
+  EXPECT_EQ(state.toolFormFactor, 0.8F);  // until the next change of the tool
   RecalcTool(&state);
-  EXPECT_FLOAT_EQ(state.toolFormFactor, 1.2F);
+  EXPECT_EQ(state.toolFormFactor, 1.2F);
 
   state.toolDiameter = 20;
   state.workMaterial = "흑연";
   RecalcTool(&state);
   RecalcSpeed(&state);
-  EXPECT_FLOAT_EQ(state.materialFactor, 14.2F);
-  EXPECT_FLOAT_EQ(state.toothFeed, 0.36F);
+  EXPECT_EQ(state.materialFactor, 14.2F);
+  EXPECT_EQ(state.toothFeed, 0.36F);
 
   state.toolLength = 170;  // 8.5 diameters, then more than the table knows
   RecalcTool(&state);
-  EXPECT_FLOAT_EQ(state.speedEffective, 140 * 0.5F);
+  EXPECT_EQ(state.speedEffective, 140 * 0.5F);
   state.toolLength = 500;
   RecalcTool(&state);
   EXPECT_EQ(state.lengthRatio, 25.0F);
@@ -126,7 +126,7 @@ TEST(Calculation, FactorsFollowOnlyTheirOwnStep) {
 
   state.highSpeedRough = 1;
   RecalcToothFeed(&state);
-  EXPECT_FLOAT_EQ(state.toothFeed, 0.32F);
+  EXPECT_EQ(state.toothFeed, 0.32F);
 }
 
 TEST(Calculation, MaterialWithoutAFactor) {

@@ -1,0 +1,63 @@
+// tvx-cli getfeed: the calculator, with changes as the user would make them.
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cli/command_line.h"
+#include "cli/commands.h"
+#include "cli/errors.h"
+#include "cli/host.h"
+#include "cli/json.h"
+#include "cli/nearest_name.h"
+#include "cli/output.h"
+#include "getfeed/calculator_dialog.h"
+
+namespace tvx {
+namespace {
+
+std::vector<std::string> FieldNames() {
+  std::vector<std::string> names;
+  for (const GetFeedField& field : GetFeedFields()) names.emplace_back(field.name);
+  return names;
+}
+
+// Makes one change, FIELD=VALUE.
+void MakeChange(const std::string& word, CGetFeedDlg* dialog) {
+  const size_t equals = word.find('=');
+  if (equals == std::string::npos)
+    throw WrongCall{"--change wants FIELD=VALUE, not '" + word + "'"};
+  const std::string field = word.substr(0, equals);
+  if (dialog->Change(field, word.substr(equals + 1))) return;
+  for (const std::string& name : FieldNames()) {
+    if (name == field) throw WrongCall{"'" + word + "' is no change that the calculator takes"};
+  }
+  throw WrongCall{"the calculator has no field '" + field + "'" + DidYouMean(field, FieldNames())};
+}
+
+}  // namespace
+
+int RunGetFeed(const Call& call) {
+  std::optional<float> diameter;
+  std::optional<std::string> material;
+  std::vector<std::string> changes;
+  bool accept = false;
+  CommandLine line(call, "Proposes spindle speed and feed, and prints the calculator's record.");
+  line.AddOption("--diameter", &diameter, "tool diameter in mm (default 10)");
+  line.AddOption("--material", &material, "material; one it does not know leaves it at KP4");
+  line.AddRepeated("--change", &changes, "FIELD=VALUE, a change as the user would make it");
+  line.AddFlag("--accept", &accept, "check the ranges as on acceptance");
+  line.Parse();
+
+  CliUserInterface ui;
+  CGetFeedDlg dialog(diameter.value_or(GetFeedState().toolDiameter), material.value_or(""), &ui);
+  for (const std::string& change : changes) MakeChange(change, &dialog);
+  if (accept && dialog.Accept() != Closing::kAccepted) {
+    ui.DropMessage();
+    throw Failure{dialog.refusedField, "out of its range, or no number"};
+  }
+  Print(JsonText(FieldsJson(dialog.state, GetFeedFields())));
+  return 0;
+}
+
+}  // namespace tvx
