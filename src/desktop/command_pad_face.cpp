@@ -1,0 +1,48 @@
+#include "desktop/command_pad_face.h"
+
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "desktop/main_window.h"
+#include "desktop/qt_text.h"
+
+namespace tvx {
+
+namespace {
+
+// The command that a button leads to once the pad has closed; 0 for none.
+constexpr struct {
+  int button;
+  int command;
+} kCommands[] = {{1000, 32785}, {CCommandPadDlg::kListCommand, CCommandPadDlg::kListCommand}};
+
+bool IsButtonReady(const MainWindow* window, int button) {
+  for (const auto& row : kCommands) {
+    if (row.button == button) return window != nullptr && window->IsReady(row.command);
+  }
+  return true;
+}
+
+}  // namespace
+
+CommandPadFace::CommandPadFace(CCommandPadDlg* pad, QWidget* parent) : QDialog(parent) {
+  auto* const window = qobject_cast<MainWindow*>(parent);
+  setWindowTitle("TVX  Dialog");
+  auto* const column = new QVBoxLayout(this);
+  for (const CCommandPadDlg::Button& button : CCommandPadDlg::Buttons()) {
+    auto* const face = new QPushButton(ToQt(button.text), this);
+    face->setMinimumWidth(140);
+    face->setAutoDefault(false);
+    face->setEnabled(IsButtonReady(window, button.id));
+    column->addWidget(face);
+    connect(face, &QPushButton::clicked, this, [this, pad, window, &button] {
+      if (pad->Press(button)) {
+        accept();
+      } else if (window != nullptr) {
+        window->RunCommand(button.id);
+      }
+    });
+  }
+}
+
+}  // namespace tvx

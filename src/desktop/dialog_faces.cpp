@@ -1,0 +1,47 @@
+#include "desktop/dialog_faces.h"
+
+#include "desktop/command_pad_face.h"
+#include "desktop/file_info_face.h"
+
+namespace tvx {
+
+namespace {
+
+struct FaceMaker {
+  bool (*fits)(const Dialog& dialog);
+  std::unique_ptr<QDialog> (*make)(Dialog* dialog, QWidget* parent);
+};
+
+// A face class F takes the logic of class L and a parent.
+template <typename L, typename F>
+FaceMaker Face() {
+  return {[](const Dialog& dialog) { return dynamic_cast<const L*>(&dialog) != nullptr; },
+          [](Dialog* dialog, QWidget* parent) -> std::unique_ptr<QDialog> {
+            return std::make_unique<F>(dynamic_cast<L*>(dialog), parent);
+          }};
+}
+
+const FaceMaker kFaces[] = {
+    Face<CCommandPadDlg, CommandPadFace>(),
+    Face<CFileInfoDlg, FileInfoFace>(),
+};
+
+const FaceMaker* FindFace(const Dialog& dialog) {
+  for (const FaceMaker& face : kFaces) {
+    if (face.fits(dialog)) return &face;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+std::unique_ptr<QDialog> MakeFace(Dialog* dialog, QWidget* parent) {
+  const FaceMaker* const face = FindFace(*dialog);
+  return face == nullptr ? nullptr : face->make(dialog, parent);
+}
+
+bool HasFace(const Dialog& dialog) {
+  return FindFace(dialog) != nullptr;
+}
+
+}  // namespace tvx

@@ -1,0 +1,30 @@
+#include "desktop/file_info_face.h"
+
+#include <QDialogButtonBox>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "desktop/qt_text.h"
+
+namespace tvx {
+
+FileInfoFace::FileInfoFace(CFileInfoDlg* dialog, QWidget* parent) : QDialog(parent) {
+  setWindowTitle(ToQt(CFileInfoDlg::kTitle));
+  auto* const column = new QVBoxLayout(this);
+  auto* const list = new QListWidget(this);
+  for (const std::string& line : dialog->Lines()) list->addItem(ToQt(line));
+  list->setMinimumSize(360, 420);
+  column->addWidget(list);
+
+  auto* const buttons = new QDialogButtonBox(this);
+  QPushButton* const accepting =
+      buttons->addButton(ToQt(CFileInfoDlg::kAccept), QDialogButtonBox::AcceptRole);
+  accepting->setDefault(true);
+  buttons->addButton(ToQt(CFileInfoDlg::kCancel), QDialogButtonBox::RejectRole);
+  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  column->addWidget(buttons);
+}
+
+}  // namespace tvx

@@ -1,0 +1,115 @@
+#include "desktop/icons.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPalette>
+#include <QPixmap>
+#include <functional>
+
+namespace tvx {
+
+namespace {
+
+// Icons are drawn on a square of this many units.
+constexpr int kUnits = 24;
+
+QIcon Drawn(const std::function<void(QPainter*)>& draw) {
+  QIcon icon;
+  for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+    QPixmap pixmap(size, size);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(static_cast<double>(size) / kUnits, static_cast<double>(size) / kUnits);
+    painter.setPen(QPen(QApplication::palette().color(QPalette::WindowText), 1.5));
+    draw(&painter);
+    icon.addPixmap(pixmap);
+  }
+  return icon;
+}
+
+void DrawPage(QPainter* painter) {
+  painter->drawPolygon(QPolygonF({{5, 2.5}, {14, 2.5}, {19, 7.5}, {19, 21.5}, {5, 21.5}}));
+  painter->drawPolyline(QPolygonF({{14, 2.5}, {14, 7.5}, {19, 7.5}}));
+}
+
+void DrawFolder(QPainter* painter) {
+  painter->drawPolygon(
+      QPolygonF({{2.5, 19.5}, {2.5, 5}, {9, 5}, {11, 7.5}, {21.5, 7.5}, {21.5, 19.5}}));
+  painter->drawPolyline(QPolygonF({{7, 15}, {10, 11}, {13, 16}, {17, 11}}));
+}
+
+void DrawDisk(QPainter* painter) {
+  painter->drawRect(QRectF(3.5, 3.5, 17, 17));
+  painter->drawRect(QRectF(7.5, 3.5, 9, 6));
+  painter->drawRect(QRectF(6.5, 13, 11, 7.5));
+}
+
+void DrawScissors(QPainter* painter) {
+  painter->drawLine(QPointF(6, 3), QPointF(15.5, 16));
+  painter->drawLine(QPointF(18, 3), QPointF(8.5, 16));
+  painter->drawEllipse(QPointF(7, 18.5), 3, 3);
+  painter->drawEllipse(QPointF(17, 18.5), 3, 3);
+}
+
+void DrawCopies(QPainter* painter) {
+  painter->drawRect(QRectF(3.5, 3.5, 11, 13));
+  painter->drawRect(QRectF(9.5, 7.5, 11, 13));
+}
+
+void DrawClipboard(QPainter* painter) {
+  painter->drawRect(QRectF(4.5, 4.5, 15, 17));
+  painter->drawRect(QRectF(8.5, 2.5, 7, 4));
+  painter->drawLine(QPointF(8, 11), QPointF(16, 11));
+  painter->drawLine(QPointF(8, 15), QPointF(16, 15));
+}
+
+void DrawPrinter(QPainter* painter) {
+  painter->drawRect(QRectF(7, 2.5, 10, 6));
+  painter->drawRect(QRectF(3.5, 8.5, 17, 8));
+  painter->drawRect(QRectF(7, 14, 10, 7.5));
+}
+
+void DrawQuestion(QPainter* painter) {
+  painter->drawEllipse(QPointF(12, 12), 9.5, 9.5);
+  QFont font = painter->font();
+  font.setPixelSize(14);
+  font.setBold(true);
+  painter->setFont(font);
+  painter->drawText(QRectF(0, 0, kUnits, kUnits), Qt::AlignCenter, "?");
+}
+
+const struct {
+  int id;
+  void (*draw)(QPainter*);
+} kToolIcons[] = {
+    {57600, &DrawPage},   {32771, &DrawFolder},    {57603, &DrawDisk},    {57635, &DrawScissors},
+    {57634, &DrawCopies}, {57637, &DrawClipboard}, {57607, &DrawPrinter}, {57664, &DrawQuestion},
+};
+
+}  // namespace
+
+QIcon ToolIcon(int commandId) {
+  for (const auto& icon : kToolIcons) {
+    if (icon.id == commandId) return Drawn(icon.draw);
+  }
+  return {};
+}
+
+QIcon ProgramIcon() {
+  return Drawn([](QPainter* painter) {
+    painter->fillRect(QRectF(1, 1, 22, 22), Qt::black);
+    const QColor colours[] = {Qt::white, QColor(0, 255, 0), QColor(255, 0, 0)};
+    for (int row = 0; row < 3; ++row) {
+      const double y = 6 + 6 * row;
+      QPainterPath wave(QPointF(3, y));
+      wave.cubicTo(8, y - 5, 10, y - 5, 12, y);
+      wave.cubicTo(14, y + 5, 16, y + 5, 21, y);
+      painter->setPen(QPen(colours[row], 1.8));
+      painter->drawPath(wave);
+    }
+  });
+}
+
+}  // namespace tvx

@@ -1,0 +1,39 @@
+// tvx, the desktop program.
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QTimer>
+#include <clocale>
+#include <memory>
+
+#include "desktop/main_window.h"
+#include "desktop/qt_user_interface.h"
+#include "platform/drives.h"
+#include "platform/files.h"
+#include "shell/application.h"
+
+int main(int argc, char** argv) {
+  QApplication qt(argc, argv);
+  // The application takes the user's locale; numbers are read and printed alike everywhere.
+  std::setlocale(LC_NUMERIC, "C");
+  QApplication::setApplicationName("TVX");
+
+  const tvx::Drives drives(tvx::Drives::DefaultHome());
+  const std::unique_ptr<tvx::Files> files = tvx::MakeHostFiles(&drives);
+  tvx::QtUserInterface ui(&drives, files.get());
+  tvx::CTVXApp app(files.get(), &ui);
+  app.InitApplication();
+
+  tvx::MainWindow window(&app, &drives);
+  ui.SetWindow(&window);
+  window.NewView();
+  window.showMaximized();
+  // The first paint gives the drawing area its size, which a fit needs.
+  const QStringList arguments = QApplication::arguments();
+  QTimer::singleShot(0, &window, [&] {
+    for (qsizetype i = 1; i < arguments.size(); ++i) {
+      window.LoadHostFile(QFileInfo(arguments[i]).absoluteFilePath());
+    }
+  });
+  return QApplication::exec();
+}

@@ -1,0 +1,48 @@
+// The user behind windows: message boxes, dialogs, file choosers, the status line.
+#pragma once
+
+#include <QWidget>
+#include <string>
+
+#include "platform/drives.h"
+#include "platform/files.h"
+#include "platform/user_interface.h"
+
+namespace tvx {
+
+// What the user interface needs of the window it works for.
+class InterfaceWindow {
+ public:
+  virtual ~InterfaceWindow() = default;
+  // The parent of dialogs.
+  virtual QWidget* DialogParent() = 0;
+  // Paints the view in work anew, at once.
+  virtual void RepaintActiveView() = 0;
+  virtual void ShowStatusText(const QString& text) = 0;
+};
+
+class QtUserInterface final : public UserInterface {
+ public:
+  // Both outlive the object.
+  QtUserInterface(const Drives* drives, Files* files) : drives_(drives), files_(files) {}
+
+  // Until a window is set, messages have no parent and repaints do nothing.
+  void SetWindow(InterfaceWindow* window) { window_ = window; }
+
+  bool ShowMessage(const Message& message) override;
+  bool RunModal(Dialog* dialog) override;
+  // Leaves the current directory of the program at the directory of the chosen file.
+  bool ChooseFile(const FileQuestion& question, std::string* path) override;
+  void Repaint() override;
+  void ShowStatus(const std::string& text) override;
+
+ private:
+  QWidget* Parent() const { return window_ == nullptr ? nullptr : window_->DialogParent(); }
+  QString StartDirectory(const FileQuestion& question) const;
+
+  const Drives* drives_;
+  Files* files_;
+  InterfaceWindow* window_ = nullptr;
+};
+
+}  // namespace tvx

@@ -1,0 +1,124 @@
+#include "desktop/view_widget.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <cmath>
+#include <optional>
+
+#include "desktop/qt_text.h"
+
+namespace tvx {
+
+namespace {
+
+const struct {
+  int key;
+  ViewKey action;
+} kKeys[] = {
+    {Qt::Key_Up, ViewKey::kUp},         {Qt::Key_Down, ViewKey::kDown},
+    {Qt::Key_Right, ViewKey::kRight},   {Qt::Key_Left, ViewKey::kLeft},
+    {Qt::Key_PageUp, ViewKey::kPageUp}, {Qt::Key_PageDown, ViewKey::kPageDown},
+    {Qt::Key_Home, ViewKey::kHome},     {Qt::Key_End, ViewKey::kEnd},
+    {Qt::Key_Insert, ViewKey::kInsert}, {Qt::Key_Delete, ViewKey::kDelete},
+};
+
+}  // namespace
+
+ViewWidget::ViewWidget(CTVXApp* app, QWidget* parent)
+    : QWidget(parent), view_(app), commands_(ViewCommandsOf(&view_)) {
+  setFocusPolicy(Qt::StrongFocus);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setAttribute(Qt::WA_InputMethodEnabled, false);
+  setMinimumSize(160, 120);
+}
+
+void ViewWidget::Redraw() {
+  isStale_ = true;
+  // Not visible: the next paint event draws. Visible: at once, not at the next idle moment.
+  if (isVisible()) repaint();
+}
+
+void ViewWidget::DrawPicture() {
+  const DevicePreparation preparation = PrepareDevice(&view_.view.transform);
+  const ViewTransform& transform = view_.view.transform;
+  const QSize size(transform.clientWidth, transform.clientHeight);
+  if (image_.size() != size) image_ = QImage(size, QImage::Format_RGB32);
+  if (image_.isNull()) return;
+  origin_ = preparation.origin;
+  RasterDevice device({reinterpret_cast<uint32_t*>(image_.bits()), image_.width(), image_.height(),
+                       image_.bytesPerLine() / 4},
+                      origin_);
+  Paint({&view_.program, &view_.job, &view_.view}, &device);
+  texts_ = device.texts();
+  isStale_ = false;
+  emit Drawn();
+}
+
+void ViewWidget::paintEvent(QPaintEvent* /*event*/) {
+  if (isStale_) DrawPicture();
+  QPainter painter(this);
+  const double ratio = devicePixelRatioF();
+  image_.setDevicePixelRatio(ratio);
+  painter.drawImage(0, 0, image_);
+
+  painter.setPen(QColor(0, 255, 0));
+  const int ascent = painter.fontMetrics().ascent();
+  for (const RasterDevice::PlacedText& text : texts_) {
+    const QPointF corner((text.point.x - origin_.x) / ratio, (text.point.y - origin_.y) / ratio);
+    painter.drawText(corner + QPointF(0, ascent), ToQt(text.text));
+  }
+  if (const auto corners = commands_.RubberBand()) {
+    const QPointF press((*corners)[0].x / ratio, (*corners)[0].y / ratio);
+    const QPointF last((*corners)[1].x / ratio, (*corners)[1].y / ratio);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(QRectF(press, last).normalized());
+  }
+}
+
+void ViewWidget::resizeEvent(QResizeEvent* /*event*/) {
+  const double ratio = devicePixelRatioF();
+  OnResize(&view_.view.transform, static_cast<int32_t>(std::lround(width() * ratio)),
+           static_cast<int32_t>(std::lround(height() * ratio)));
+  isStale_ = true;
+}
+
+bool ViewWidget::event(QEvent* event) {
+  // The window has gone to a screen of another density.
+  if (event->type() == QEvent::ScreenChangeInternal) {
+    resizeEvent(nullptr);
+    update();
+  }
+  return QWidget::event(event);
+}
+
+void ViewWidget::keyPressEvent(QKeyEvent* event) {
+  for (const auto& key : kKeys) {
+    if (event->key() == key.key) {
+      commands_.PressKey(key.action);
+      return;
+    }
+  }
+  QWidget::keyPressEvent(event);
+}
+
+Pixel ViewWidget::AreaPoint(const QMouseEvent& event) const {
+  const double ratio = devicePixelRatioF();
+  return {static_cast<int32_t>(std::floor(event.position().x() * ratio)),
+          static_cast<int32_t>(std::floor(event.position().y() * ratio))};
+}
+
+void ViewWidget::mousePressEvent(QMouseEvent* event) {
+  if (event->button() == Qt::RightButton) commands_.PressRight(AreaPoint(*event));
+  if (event->button() == Qt::LeftButton) OpenCommandPad(&view_);
+}
+
+void ViewWidget::mouseMoveEvent(QMouseEvent* event) {
+  if (commands_.MoveMouse(AreaPoint(*event))) update();
+}
+
+void ViewWidget::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::RightButton) commands_.ReleaseRight(AreaPoint(*event));
+}
+
+}  // namespace tvx

@@ -1,0 +1,52 @@
+// One window's picture and everything that it shows: the widget owns the window's working state.
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+#include <vector>
+
+#include "shell/tvx_view.h"
+#include "shell/view_operations.h"
+#include "view/raster_device.h"
+
+namespace tvx {
+
+// The drawing area is counted in pixels of the screen: on a screen of twice the density the lines
+// stay one pixel wide and crisp, and the picture is drawn from twice as many of them.
+class ViewWidget : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit ViewWidget(CTVXApp* app, QWidget* parent = nullptr);
+
+  CTVXView& view() { return view_; }
+
+  // Draws the picture from the store and shows it, before anything else happens.
+  void Redraw();
+
+ signals:
+  // The picture has been drawn anew: program, feeds or view may have changed.
+  void Drawn();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  bool event(QEvent* event) override;
+
+ private:
+  void DrawPicture();
+  Pixel AreaPoint(const QMouseEvent& event) const;
+
+  CTVXView view_;
+  ViewCommands commands_;
+  QImage image_;  // the picture as drawn last; an exposure only shows it again
+  std::vector<RasterDevice::PlacedText> texts_;
+  Pixel origin_;  // logical coordinates of the image's first pixel
+  bool isStale_ = true;
+};
+
+}  // namespace tvx
