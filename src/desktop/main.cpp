@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QFileInfo>
-#include <QTimer>
 #include <clocale>
 #include <memory>
 
@@ -28,12 +27,9 @@ int main(int argc, char** argv) {
   ui.SetWindow(&window);
   window.NewView();
   window.showMaximized();
-  // The first paint gives the drawing area its size, which a fit needs.
   const QStringList arguments = QApplication::arguments();
-  QTimer::singleShot(0, &window, [&] {
-    for (qsizetype i = 1; i < arguments.size(); ++i) {
-      window.LoadHostFile(QFileInfo(arguments[i]).absoluteFilePath());
-    }
-  });
+  for (qsizetype i = 1; i < arguments.size(); ++i) {
+    window.LoadHostFile(QFileInfo(arguments[i]).absoluteFilePath());
+  }
   return QApplication::exec();
 }

@@ -73,8 +73,18 @@ void MainWindow::LoadHostFile(const QString& path) {
   const std::optional<std::string> drivePath = drives_->FromHost(FromQt(path));
   if (!drivePath.has_value()) return;
   ViewWidget* const active = ActiveView();
-  ViewWidget* const widget = active == nullptr ? NewView() : active;
-  LoadProgram(&widget->view(), *drivePath);
+  LoadInto(active == nullptr ? NewView() : active, *drivePath);
+}
+
+void MainWindow::LoadInto(ViewWidget* widget, const std::string& drivePath) {
+  if (widget->HasBeenDrawn()) {
+    LoadProgram(&widget->view(), drivePath);
+    return;
+  }
+  // Only the first paint gives the drawing area its size, which the fit needs.
+  connect(
+      widget, &ViewWidget::Drawn, this, [this, widget, drivePath] { LoadInto(widget, drivePath); },
+      static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
 }
 
 bool MainWindow::IsReady(int id) const {
@@ -107,7 +117,7 @@ void MainWindow::RunCommand(int id) {
                                   .fileName = "",
                                   .filter = "Nc file (*.nc)|*.nc|모든 화일(*.*)|*.*||",
                                   .directory = ""};
-      if (app_->ui->ChooseFile(question, &path)) LoadProgram(&NewView()->view(), path);
+      if (app_->ui->ChooseFile(question, &path)) LoadInto(NewView(), path);
       break;
     }
     case Action::kExit:

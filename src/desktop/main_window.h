@@ -46,7 +46,7 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  QAction* ActionOf(int id);
+  void LoadInto(ViewWidget* widget, const std::string& drivePath);
   void BuildMenus();
   void AddRows(std::span<const MenuRow> rows, std::vector<QAction*>* menus);
   void BindKeys();

@@ -20,6 +20,7 @@ class ViewWidget : public QWidget {
   explicit ViewWidget(CTVXApp* app, QWidget* parent = nullptr);
 
   CTVXView& view() { return view_; }
+  bool HasBeenDrawn() const { return !image_.isNull(); }
 
   // Draws the picture from the store and shows it, before anything else happens.
   void Redraw();
