@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <system_error>
 
 #include "platform/scan.h"
@@ -52,8 +52,9 @@ std::string_view Trimmed(std::string_view text) {
 std::optional<std::string> ReadTable(const fs::path& file) {
   std::error_code error;
   if (!fs::exists(file, error) && !error) return std::nullopt;
-  std::ifstream in(file, std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(in), {});
+  std::ostringstream table;
+  table << std::ifstream(file, std::ios::binary).rdbuf();  // nothing from what cannot be read
+  return std::move(table).str();
 }
 
 void WriteFirstLayout(const fs::path& home) {
@@ -143,7 +144,7 @@ fs::path Drives::DefaultHome() {
     const char* value = std::getenv(name);
     return fs::path(value != nullptr ? value : "");
   };
-  if (const fs::path home = variable("TVX_HOME"); !home.empty()) return home;
+  if (fs::path home = variable("TVX_HOME"); !home.empty()) return home;
   if (const fs::path data = variable("XDG_DATA_HOME"); data.is_absolute()) return data / "tvx";
   fs::path user = variable("HOME");
   if (user.empty()) {

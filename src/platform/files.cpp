@@ -8,7 +8,6 @@
 #include <cerrno>
 #include <filesystem>
 #include <optional>
-#include <random>
 #include <system_error>
 #include <utility>
 
@@ -21,7 +20,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr size_t kBufferSize = 64 * 1024;  // bytes; a piece large enough to make calls cheap
+constexpr size_t kBufferSize =
+    size_t{64} * 1024;  // bytes; a piece large enough to make calls cheap
 
 // An open file of the host, closed with its owner.
 class Descriptor {
@@ -160,18 +160,22 @@ void TakeRightsOver(int descriptor, const struct stat& older) {
   ::fchmod(descriptor, older.st_mode & 07777);
 }
 
+bool IsWritableFile(const fs::path& path, const struct stat& status) {
+  return S_ISREG(status.st_mode) && ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
+}
+
 std::unique_ptr<OutputFile> CreateHostFile(const fs::path& path) {
   const fs::path target = BehindLinks(path);
   struct stat older {};
   const bool replaces = ::stat(target.c_str(), &older) == 0;
-  if (replaces && (!S_ISREG(older.st_mode) || ::access(target.c_str(), W_OK) != 0)) return nullptr;
-  if (!target.has_filename()) return nullptr;
+  if (replaces ? !IsWritableFile(target, older) : errno != ENOENT) return nullptr;
 
-  static std::minstd_rand random{std::random_device{}()};
+  // A leading dot hides the file, process and number keep it apart from those of others.
+  static unsigned number = 0;
   constexpr int kAttempts = 100;
   for (int i = 0; i < kAttempts; ++i) {
     const fs::path temporary =
-        target.parent_path() / Format(".tvx-%08x.tmp", static_cast<unsigned>(random()));
+        target.parent_path() / Format(".tvx-%ld-%u.tmp", static_cast<long>(::getpid()), ++number);
     Descriptor file(::open(temporary.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
     if (file.IsOpen()) {
       if (replaces) TakeRightsOver(file.Number(), older);
@@ -180,6 +184,11 @@ std::unique_ptr<OutputFile> CreateHostFile(const fs::path& path) {
     if (errno != EEXIST) return nullptr;
   }
   return nullptr;
+}
+
+// A path such as "n:" or "n:\\new\\" is no name for a file, even where nothing is there yet.
+bool NamesDirectory(const std::string& path) {
+  return path.find_last_of("\\/:") == path.size() - 1;
 }
 
 class HostFiles : public Files {
@@ -195,18 +204,15 @@ class HostFiles : public Files {
   }
 
   std::unique_ptr<InputFile> OpenOrCreateForReading(const std::string& path) override {
-    return Open(path, O_CREAT);
+    return NamesDirectory(path) ? nullptr : Open(path, O_CREAT);
   }
 
   std::unique_ptr<OutputFile> Create(const std::string& path) override {
     const auto host = Host(path);
-    return host ? CreateHostFile(*host) : nullptr;
+    return host && !NamesDirectory(path) ? CreateHostFile(*host) : nullptr;
   }
 
-  bool Exists(const std::string& path) override {
-    std::error_code error;
-    return fs::exists(Status(path));
-  }
+  bool Exists(const std::string& path) override { return fs::exists(Status(path)); }
 
   bool IsDirectory(const std::string& path) override { return fs::is_directory(Status(path)); }
 
@@ -240,7 +246,7 @@ class HostFiles : public Files {
   bool Copy(const std::string& from, const std::string& to) override {
     const auto source = Host(from);
     const auto target = Host(to);
-    if (!source || !target) return false;
+    if (!source || !target || NamesDirectory(to)) return false;
     const Descriptor in = OpenPlainFile(*source, 0);
     if (!in.IsOpen()) return false;
     std::error_code error;

@@ -21,12 +21,16 @@ class InputFile {
 class OutputFile {
  public:
   virtual ~OutputFile() = default;
-  // Appends bytes. Returns false on a failure, after which Commit fails as well.
+  // Appends bytes, through a buffer, so that many small pieces cost little and a failure may show
+  // only at a later call. Returns false on a failure, after which Commit fails as well.
   virtual bool Write(std::string_view bytes) = 0;
-  // Overwrites bytes written earlier, from `offset` on. Returns false on a failure or if the range
-  // does not lie within what has been written.
+  // Overwrites bytes written earlier, from `offset` on; writing goes on behind the end. Returns
+  // false on a failure as above, or, with nothing changed, if the range does not lie within what
+  // has been written.
   virtual bool Patch(uint64_t offset, std::string_view bytes) = 0;
-  // Flushes and puts the file in place of the older one. Returns false if anything failed.
+  // Flushes and puts the file in place of the older one, whose rights it takes over; behind a link,
+  // in place of the file that the link leads to. Returns false if anything failed. Nothing can be
+  // written afterwards.
   virtual bool Commit() = 0;
 };
 
@@ -37,23 +41,27 @@ struct DirectoryEntry {
 };
 
 // The file system as the program sees it: drive paths in UTF-8. A path without a drive is relative
-// to the current directory, one that starts with "\" or "/" to the root of the current drive.
+// to the current directory, one that starts with "\" or "/" to the root of the current drive; an
+// empty path is none.
 class Files {
  public:
   virtual ~Files() = default;
 
-  // Null if the file does not exist, cannot be read or is a directory.
+  // Null if the file does not exist, cannot be read or is no plain file (a directory, a pipe, a
+  // device).
   virtual std::unique_ptr<InputFile> OpenForReading(const std::string& path) = 0;
   // The same, but a file that does not exist is created empty first. Null if that fails.
   virtual std::unique_ptr<InputFile> OpenOrCreateForReading(const std::string& path) = 0;
   // Null if the file cannot be created: no such directory, no right to write, a directory of that
-  // name, or an existing file that may not be written.
+  // name or anything else that is no plain file, or an existing file that may not be written.
   virtual std::unique_ptr<OutputFile> Create(const std::string& path) = 0;
+  // A file or a directory of that name.
   virtual bool Exists(const std::string& path) = 0;
   virtual bool IsDirectory(const std::string& path) = 0;
-  // Size in bytes, 0 for what is no readable file.
+  // Size in bytes; 0 for what does not exist or is no plain file.
   virtual uint64_t Size(const std::string& path) = 0;
-  // The entries of a directory in no order, without "." and "..". False if it cannot be read.
+  // The entries of a directory in no order, without "." and "..". False, with *entries
+  // alone, if it cannot be read.
   virtual bool List(const std::string& directory, std::vector<DirectoryEntry>* entries) = 0;
   // Copies over an older file, which stays whole until the copy is complete. Source and destination
   // may be the same file under two names: it is then left as it is and the result is true.
@@ -62,9 +70,9 @@ class Files {
   virtual std::vector<char> DriveLetters() = 0;
 
   // The directory that follows the browser; not that of the process. Absolute, without a backslash
-  // at its end except for the root of a drive.
+  // at its end except for the root of a drive. Its letters are those that were last set.
   virtual std::string CurrentDirectory() = 0;
-  // False, and no change, if it is no directory.
+  // Takes a path like any other here. False, and no change, if it is no directory.
   virtual bool SetCurrentDirectory(const std::string& directory) = 0;
 };
 

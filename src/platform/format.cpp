@@ -5,7 +5,21 @@
 #include <cstdarg>
 #include <cstdio>
 
+#include "platform/c_locale.h"
+
 namespace tvx {
+
+namespace {
+
+// vsnprintf in the "C" locale, whatever the process has set.
+int Print(char* buffer, size_t size, const char* format, va_list arguments) {
+  const locale_t ofThread = uselocale(CLocale());
+  const int length = std::vsnprintf(buffer, size, format, arguments);
+  uselocale(ofThread);
+  return length;
+}
+
+}  // namespace
 
 std::string Format(const char* format, ...) {
   char shortText[256];
@@ -13,7 +27,7 @@ std::string Format(const char* format, ...) {
   va_start(arguments, format);
   va_list again;
   va_copy(again, arguments);
-  const int length = std::vsnprintf(shortText, sizeof shortText, format, arguments);
+  const int length = Print(shortText, sizeof shortText, format, arguments);
   va_end(arguments);
 
   std::string text;
@@ -21,7 +35,7 @@ std::string Format(const char* format, ...) {
     text.assign(shortText, static_cast<size_t>(length));
   } else if (length >= 0) {
     text.resize(static_cast<size_t>(length));
-    std::vsnprintf(text.data(), text.size() + 1, format, again);
+    Print(text.data(), text.size() + 1, format, again);
   }
   va_end(again);
   return text;

@@ -4,8 +4,8 @@
 
 namespace tvx {
 
-// printf into a string, checked by the compiler, of any length. Both programs keep LC_NUMERIC at
-// "C", so numbers are printed alike on every machine.
+// printf into a string, checked by the compiler, of any length. Numbers have a decimal point
+// whatever the locale of the process.
 [[gnu::format(printf, 1, 2)]] std::string Format(const char* format, ...);
 
 // The shortest plain text (no exponent) that reads back to the same 32-bit value: "0.1", "-12",

@@ -1,10 +1,10 @@
 #include "platform/scan.h"
 
-#include <locale.h>
-
 #include <charconv>
 #include <cstdlib>
 #include <limits>
+
+#include "platform/c_locale.h"
 
 namespace tvx {
 
@@ -42,7 +42,6 @@ class Cursor {
  public:
   explicit Cursor(std::string_view text) : text_(text) {}
 
-  char Peek() const { return position_ < text_.size() ? text_[position_] : '\0'; }
   std::string_view Taken() const { return text_.substr(0, position_); }
 
   bool TakeIf(bool (*fits)(char)) {
@@ -61,10 +60,14 @@ class Cursor {
     ++position_;
     return true;
   }
-  // Takes the letters of the word that are there, up to the first that differs.
+  // Takes the whole word or nothing.
   bool TakeWord(std::string_view lowerCase) {
+    const size_t start = position_;
     for (const char letter : lowerCase) {
-      if (!TakeLetter(letter)) return false;
+      if (!TakeLetter(letter)) {
+        position_ = start;
+        return false;
+      }
     }
     return true;
   }
@@ -74,11 +77,7 @@ class Cursor {
   size_t position_ = 0;
 };
 
-// The C library's conversions in the "C" locale, for what std::from_chars does not cover.
-locale_t CLocale() {
-  static const locale_t kLocale = newlocale(LC_ALL_MASK, "C", nullptr);
-  return kLocale;
-}
+// The C library's conversions, for what std::from_chars does not cover.
 void StringToReal(const std::string& text, double* value) {
   *value = strtod_l(text.c_str(), nullptr, CLocale());
 }
@@ -130,15 +129,6 @@ bool TakeWholeNumber(Cursor* cursor) {
   return cursor->TakeAll(IsDigit);
 }
 
-bool TakeNotANumber(Cursor* cursor) {
-  return cursor->TakeWord("nan");
-}
-
-bool TakeInfinity(Cursor* cursor) {
-  if (!cursor->TakeWord("inf")) return false;
-  return ToLower(cursor->Peek()) != 'i' || cursor->TakeWord("inity");
-}
-
 // Digits with a point, and behind them an exponent, which may end before its digits.
 bool TakeFigures(Cursor* cursor, bool (*isFigure)(char), char exponent, bool taken) {
   taken |= cursor->TakeAll(isFigure);
@@ -153,8 +143,9 @@ bool TakeFigures(Cursor* cursor, bool (*isFigure)(char), char exponent, bool tak
 
 bool TakeReal(Cursor* cursor) {
   cursor->TakeIf(IsSign);
-  if (ToLower(cursor->Peek()) == 'n') return TakeNotANumber(cursor);
-  if (ToLower(cursor->Peek()) == 'i') return TakeInfinity(cursor);
+  for (const char* word : {"nan", "infinity", "inf"}) {
+    if (cursor->TakeWord(word)) return true;
+  }
   const bool zero = cursor->TakeLetter('0');
   if (zero && cursor->TakeLetter('x')) return TakeFigures(cursor, IsHexDigit, 'p', false);
   return TakeFigures(cursor, IsDigit, 'e', zero);

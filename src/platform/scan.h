@@ -21,14 +21,20 @@ bool EqualNoCase(std::string_view a, std::string_view b);
 
 // Reads a text word by word as fscanf does with "%s", "%f" and "%d". White space (blank, tab, line
 // feed, vertical tab, form feed, carriage return) separates the words; words have any length.
+// Numbers are read as in the "C" locale: a float may be hexadecimal, "inf" or "nan", one that
+// overflows is an infinity, and a whole number beyond 32 bits is held at the range's ends.
 class WordScanner {
  public:
   // The text is not copied and has to outlive the scanner.
   explicit WordScanner(std::string_view text) : text_(text) {}
 
-  // Each of these skips white space and then takes the longest text that fits the conversion.
-  // Returns false and leaves *value alone at the end of the text or if nothing fits; a text that
-  // does not fit stays unread, so the next call meets it again.
+  // Each of these skips white space and then takes characters as long as they fit the conversion:
+  // the first that does not fit stays unread, also in the middle of a word ("12.5" as a whole
+  // number is 12 and leaves ".5"). Returns false and leaves *value alone at the end of the text, or
+  // if what was taken is no number. Mostly that is nothing, so the next call meets the same word
+  // again, but the sign of "-x" and the point of ".x" are gone. A name is not touched because it
+  // begins like "nan" or "inf", as C would have it. An exponent without digits ("1e+x") is taken
+  // and counts as 0.
   bool ReadWord(std::string* value);
   bool ReadFloat(float* value);
   bool ReadInt(int32_t* value);

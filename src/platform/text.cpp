@@ -24,7 +24,7 @@ struct Cp949Table {
 
   Cp949Table() {
     const iconv_t converter = iconv_open("UTF-16LE", "CP949");
-    if (converter == reinterpret_cast<iconv_t>(-1)) return;
+    if (reinterpret_cast<std::intptr_t>(converter) == -1) return;
     for (unsigned lead = kFirstLead; lead <= kLastLead; ++lead) {
       for (unsigned trail = 0x40; trail <= 0xFF; ++trail) Add(converter, lead, trail);
     }

@@ -19,18 +19,18 @@ enum class MessageIcon { kNone, kInformation, kQuestion, kExclamation, kStop };
 enum class MessageButtons { kOk, kOkCancel, kYesNo };
 
 struct Message {
-  std::string text;
+  std::string text = {};
   std::string caption = "Error message";
   MessageIcon icon = MessageIcon::kInformation;
   MessageButtons buttons = MessageButtons::kOk;
 };
 
 struct FileQuestion {
-  bool save = false;             // the save form: a name that does not exist can be typed
-  std::string defaultExtension;  // without a dot; empty for none
-  std::string fileName;          // preset; may hold a directory to start in, and a mask ("*.afa")
-  std::string filter;            // "Nc file (*.nc)|*.nc|...||"; empty for none
-  std::string directory;         // drive path to start in; empty for the current directory
+  bool save = false;                  // the save form: a name that does not exist can be typed
+  std::string defaultExtension = {};  // without a dot; empty for none
+  std::string fileName = {};   // preset; may hold a directory to start in, and a mask ("*.afa")
+  std::string filter = {};     // "Nc file (*.nc)|*.nc|...||"; empty for none
+  std::string directory = {};  // drive path to start in; empty for the current directory
 };
 
 // How the program reaches its user. The desktop shows windows, the command-line tool prints

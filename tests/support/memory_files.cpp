@@ -100,7 +100,8 @@ const MemoryFiles::Node* MemoryFiles::Find(const std::string& path) const {
 }
 
 bool MemoryFiles::CanCreate(const std::string& path) const {
-  if (path.empty() || noCreation_.count(Key(path)) != 0) return false;
+  if (path.empty() || path.find_last_of("\\/:") == path.size() - 1) return false;
+  if (noCreation_.count(Key(path)) != 0) return false;
   const Node* parent = Find(Parent(Absolute(path)));
   const Node* node = Find(path);
   return parent != nullptr && parent->isDirectory && (node == nullptr || !node->isDirectory);

@@ -23,7 +23,7 @@ TempDir::~TempDir() {
 }
 
 fs::path TempDir::Put(const fs::path& name, std::string_view bytes) const {
-  const fs::path file = path_ / name;
+  fs::path file = path_ / name;
   fs::create_directories(file.parent_path());
   std::ofstream out(file, std::ios::binary);
   out << bytes;
