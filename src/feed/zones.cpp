@@ -11,11 +11,6 @@ namespace {
 // Zones that together cover more than this share of a move, in per cent, are given up.
 constexpr int kMostCovered = 80;
 
-void DropZones(MotionBlock* block) {
-  block->headPercent = block->headFeed = 0;
-  block->tailPercent = block->tailFeed = 0;
-}
-
 void WidenZone(int16_t* zonePercent, int16_t* zoneFeed, int16_t percent, int32_t feed) {
   *zonePercent = std::max(*zonePercent, percent);
   if (*zoneFeed > feed || *zoneFeed == 0) *zoneFeed = TruncateTo<int16_t>(feed);
@@ -24,6 +19,7 @@ void WidenZone(int16_t* zonePercent, int16_t* zoneFeed, int16_t percent, int32_t
 }  // namespace
 
 int32_t RoundDownToStep(int32_t feed, int32_t step) {
+  step = std::max(step, 1);
   const int32_t steps = feed / step;
   return steps != 0 ? steps * step : feed;
 }
@@ -42,6 +38,11 @@ void WidenHeadZone(MotionBlock* block, int16_t percent, int32_t feed) {
 
 bool ZonesCoverMove(const MotionBlock& block) {
   return block.tailPercent + block.headPercent > kMostCovered;
+}
+
+void DropZones(MotionBlock* block) {
+  block->headPercent = block->headFeed = 0;
+  block->tailPercent = block->tailFeed = 0;
 }
 
 int32_t CollapseZones(MotionBlock* block, int32_t feed, bool roundToTen) {

@@ -9,7 +9,7 @@
 namespace tvx {
 
 // feed in whole steps, never up. A feed below one step would become 0, which no machine runs: it
-// stays as it is. `step` is at least 1.
+// stays as it is. A step below 1 counts as 1.
 int32_t RoundDownToStep(int32_t feed, int32_t step);
 
 // Share of a move of this length that lies within `distance` of one of its ends, in whole per cent.
@@ -23,6 +23,9 @@ void WidenHeadZone(MotionBlock* block, int16_t percent, int32_t feed);
 
 // True when the zones leave so little of the move between them that they are given up.
 bool ZonesCoverMove(const MotionBlock& block);
+
+// Takes both zones off the block; its feed stays.
+void DropZones(MotionBlock* block);
 
 // Gives up both zones: the whole move takes the lowest of their feeds and `feed`, rounded down to a
 // multiple of 10 if asked for. Returns that feed.

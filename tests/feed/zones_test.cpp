@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
+#include "path_builder.h"
 
 namespace tvx {
 namespace {
@@ -20,17 +20,11 @@ MotionBlock Zoned(int32_t feed, int16_t headPercent, int16_t headFeed, int16_t t
   return block;
 }
 
-std::string Feeds(const MotionBlock& block) {
-  return std::to_string(block.feed) + " head " + std::to_string(block.headPercent) + "% " +
-         std::to_string(block.headFeed) + " tail " + std::to_string(block.tailPercent) + "% " +
-         std::to_string(block.tailFeed);
-}
-
 TEST(Zones, RoundDownToStepKeepsFeedsBelowOneStep) {
   const struct {
     int32_t feed, step, rounded;
-  } cases[] = {{563, 10, 560}, {349, 50, 300}, {350, 50, 350}, {349, 1, 349},
-               {49, 50, 49},   {0, 10, 0},     {-35, 10, -30}, {7, 2000000000, 7}};
+  } cases[] = {{563, 10, 560}, {349, 50, 300}, {350, 50, 350},     {349, 1, 349}, {49, 50, 49},
+               {0, 10, 0},     {-35, 10, -30}, {7, 2000000000, 7}, {563, 0, 563}, {563, -10, 563}};
   for (const auto& c : cases) EXPECT_EQ(RoundDownToStep(c.feed, c.step), c.rounded) << c.feed;
 }
 
@@ -61,10 +55,10 @@ TEST(Zones, WideningNeverShrinksAZoneOrRaisesItsFeed) {
   for (const auto& c : cases) {
     MotionBlock tail = Zoned(1000, 7, 70, c.percent, c.zoneFeed);
     WidenTailZone(&tail, c.newPercent, c.newFeed);
-    EXPECT_EQ(Feeds(tail), Feeds(Zoned(1000, 7, 70, c.percentAfter, c.zoneFeedAfter)));
+    EXPECT_EQ(FeedText(tail), FeedText(Zoned(1000, 7, 70, c.percentAfter, c.zoneFeedAfter)));
     MotionBlock head = Zoned(1000, c.percent, c.zoneFeed, 7, 70);
     WidenHeadZone(&head, c.newPercent, c.newFeed);
-    EXPECT_EQ(Feeds(head), Feeds(Zoned(1000, c.percentAfter, c.zoneFeedAfter, 7, 70)));
+    EXPECT_EQ(FeedText(head), FeedText(Zoned(1000, c.percentAfter, c.zoneFeedAfter, 7, 70)));
   }
 }
 
@@ -94,7 +88,7 @@ TEST(Zones, CollapseTakesTheLowestFeed) {
       MotionBlock block = Zoned(1000, 50, c.headFeed, 40, c.tailFeed);
       const int32_t expected = roundToTen ? c.feedInTens : c.feed;
       EXPECT_EQ(CollapseZones(&block, c.inHand, roundToTen), expected);
-      EXPECT_EQ(Feeds(block), Feeds(Zoned(expected, 0, 0, 0, 0))) << c.headFeed << c.tailFeed;
+      EXPECT_EQ(FeedText(block), FeedText(Zoned(expected, 0, 0, 0, 0))) << c.headFeed << c.tailFeed;
       EXPECT_EQ(block.feedProgrammed, 1000);
     }
   }
@@ -114,8 +108,8 @@ TEST(Zones, LoweringAWholeMoveDropsFasterZonesOnly) {
   };
   for (const auto& c : cases) {
     MotionBlock block = c.before;
-    EXPECT_EQ(LowerWholeMove(&block, 300), c.lowered) << Feeds(c.before);
-    EXPECT_EQ(Feeds(block), Feeds(c.after)) << Feeds(c.before);
+    EXPECT_EQ(LowerWholeMove(&block, 300), c.lowered) << FeedText(c.before);
+    EXPECT_EQ(FeedText(block), FeedText(c.after)) << FeedText(c.before);
   }
 }
 

@@ -1,0 +1,320 @@
+#include "feed/corner_search.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "feed/angle_feed.h"
+#include "feed/directions.h"
+#include "feed/zones.h"
+#include "platform/numbers.h"
+
+namespace tvx {
+
+namespace {
+
+// Shorter vectors, in mm, have no heading of their own.
+constexpr double kLeastHeadingLength = 0.01;
+// A backward direction as steep as this, by the squares of its parts, has no turn in plan view.
+constexpr double kSteepestTurn = 0.1;
+// Directions with less rise than this are level.
+constexpr double kLevelRise = 0.0001;
+// The look distance of the XY search with XyChgReduceCheck.
+constexpr float kReducedReach = 0.3F;
+// Arcs of a radius below this share of the tool diameter count as corners of 90 degrees.
+constexpr double kSmallArc = 0.6;
+constexpr float kRightAngle = 90.0F;
+// Every length that is not 0 is above this, in mm: the square root of 1e-9.
+constexpr float kLeastLength = 3e-5F;
+
+float UnsignedTurn(float from, float to) {
+  float turn = from - to;
+  if (turn < 0) turn += 360.0F;
+  if (turn > 180.0F) turn = 360.0F - turn;
+  return turn;
+}
+
+// The turn in plan view, up to 90 degrees.
+float PlanTurn(const CornerHeadings& headings, const Vec3& backward) {
+  const bool turns = backward.z == 0 ||
+                     (Square(backward.x) + Square(backward.y)) / Square(backward.z) > kSteepestTurn;
+  if (!turns) return 0;
+  return std::min(UnsignedTurn(headings.forward, headings.backward), kRightAngle);
+}
+
+float LevelledElevation(const Vec3& unit) {
+  return std::fabs(static_cast<double>(unit.z)) < kLevelRise ? 0 : Elevation(unit);
+}
+
+void UpdateHeading(float length, const Vec3& unit, float* heading) {
+  if (length >= kLeastHeadingLength) *heading = Heading(unit);
+}
+
+bool HasPlanPart(const Vec3& unit) {
+  return unit.x != 0 || unit.y != 0;
+}
+
+int16_t AtLeastOnePercent(float distance, float length) {
+  const int16_t percent = ZonePercent(distance, length);
+  return percent == 0 ? int16_t{1} : percent;
+}
+
+}  // namespace
+
+float ArcRadius(BlockStore* store, uint32_t arc) {
+  store->ReadBlock(arc + 1);
+  return static_cast<float>(
+      SafeSqrt(Square(store->CurrentBlock.x) + Square(store->CurrentBlock.y)));
+}
+
+CornerSearch::CornerSearch(BlockStore* store, const PathIndex& path, const JobRecord& job,
+                           CornerHeadings* headings)
+    : store_(store), path_(path), job_(job), headings_(headings) {}
+
+// False if no move follows, so that there is no corner.
+bool CornerSearch::StandOn(uint32_t i) {
+  if (corner_.i == i) return corner_.next != PathIndex::kNoMove;
+  forward_.known = backward_.known = false;
+  corner_ = Corner{};
+  corner_.i = i;
+  corner_.next = path_.NextMove(i);
+  if (corner_.next == PathIndex::kNoMove) return false;
+  corner_.previous = path_.PrevMove(i);
+  corner_.point = path_.Point(i);
+  path_.Vector(corner_.next, i, &corner_.departure.difference, &corner_.departure.unit);
+  path_.Vector(i, corner_.previous, &corner_.arrival.difference, &corner_.arrival.unit);
+  return true;
+}
+
+const CornerSearch::Side& CornerSearch::Look(Direction direction, float distance) {
+  Side* side = direction == Direction::Forward ? &forward_ : &backward_;
+  if (side->known && side->distance == distance) return *side;
+  *side = Side{};
+  side->known = true;
+  side->distance = distance;
+  if (direction == Direction::Forward) {
+    WalkForward(side);
+  } else {
+    WalkBackward(side);
+  }
+  if (side->ended) FindPoint(direction, side);
+  return *side;
+}
+
+// The walk from move to move ends at the first one that is the look distance away from the corner,
+// in a straight line, or before a rapid. It is not asked whether the next move is a rapid.
+void CornerSearch::WalkForward(Side* side) const {
+  ReachNeighbour(corner_.next, corner_.departure, side);
+  side->ended = true;
+  if (!(side->length < side->distance)) return;
+
+  const uint32_t away =
+      path_.FirstAway(corner_.next + 1, corner_.point, side->distance, PathIndex::Rapids::End);
+  if (away == PathIndex::kNoMove) {
+    side->ended = false;
+  } else if (!IsRapidType(path_.Block(away).type)) {
+    Reach(Direction::Forward, away, side);
+  } else {
+    const uint32_t end = path_.PrevMove(away);
+    const uint32_t last =
+        path_.LastAway(end, corner_.point, kLeastLength, PathIndex::Rapids::PassOver);
+    const bool inWalk = last != PathIndex::kNoMove && last >= corner_.next;
+    ReachBeforeRapid(Direction::Forward, end, inWalk ? last : end, side);
+  }
+}
+
+// Backward the walk has also run off the path when it comes to block 0, which stands for a missing
+// move, unless block 0 is a rapid.
+void CornerSearch::WalkBackward(Side* side) const {
+  ReachNeighbour(corner_.previous, corner_.arrival, side);
+  side->ended = true;
+  if (!(side->length < side->distance)) return;
+
+  const uint32_t start = corner_.previous > 0 ? corner_.previous - 1 : 0;
+  const uint32_t away =
+      path_.LastAway(start, corner_.point, side->distance, PathIndex::Rapids::End);
+  if (away == PathIndex::kNoMove) {
+    side->ended = false;
+  } else if (IsRapidType(path_.Block(away).type)) {
+    const uint32_t end = path_.NextMove(away);
+    const uint32_t last =
+        path_.FirstAway(end, corner_.point, kLeastLength, PathIndex::Rapids::PassOver);
+    const bool inWalk = last <= corner_.previous;
+    ReachBeforeRapid(Direction::Backward, end, inWalk ? last : end, side);
+  } else if (away == 0) {
+    side->ended = false;
+  } else {
+    Reach(Direction::Backward, away, side);
+  }
+}
+
+void CornerSearch::ReachNeighbour(uint32_t block, const Stretch& way, Side* side) {
+  side->block = block;
+  side->length = way.difference.length;
+  side->unit = way.unit;
+}
+
+void CornerSearch::Reach(Direction direction, uint32_t block, Side* side) const {
+  Difference difference;
+  if (direction == Direction::Forward) {
+    path_.Vector(block, corner_.i, &difference, &side->unit);
+  } else {
+    path_.Vector(corner_.i, block, &difference, &side->unit);
+  }
+  side->block = block;
+  side->length = difference.length;
+}
+
+// The end of a walk that a rapid stopped nearer than the look distance. If its last move came back
+// to the corner exactly, the direction is that of the last move of the walk that did not.
+void CornerSearch::ReachBeforeRapid(Direction direction, uint32_t block, uint32_t lastAway,
+                                    Side* side) const {
+  Reach(direction, lastAway, side);
+  Reach(direction, block, side);
+}
+
+// The point of the path at about the look distance lies on the line of the segment that the walk
+// ended with; where a rapid stopped the walk, maybe beyond that segment.
+void CornerSearch::FindPoint(Direction direction, Side* side) const {
+  const bool forward = direction == Direction::Forward;
+  Difference segment;  // in the direction of travel
+  Vec3 start = corner_.point;
+  float startLength = 0;  // from the corner to the near end of the segment
+  if (side->block == (forward ? corner_.next : corner_.previous)) {
+    segment = (forward ? corner_.departure : corner_.arrival).difference;
+  } else {
+    const uint32_t near = forward ? path_.PrevMove(side->block) : path_.NextMove(side->block);
+    Vec3 unit;
+    path_.Vector(forward ? side->block : near, forward ? near : side->block, &segment, &unit);
+    Difference toStart;
+    path_.Vector(corner_.i, near, &toStart, &unit);
+    start = path_.Point(near);
+    startLength = toStart.length;
+  }
+  side->hasPoint = segment.length != 0;
+  if (!side->hasPoint) return;
+
+  double rest = static_cast<double>(side->distance) - startLength;
+  if (!forward) rest = -rest;
+  const auto along = [&](float from, float delta) {
+    return static_cast<float>(from + delta * rest / segment.length);
+  };
+  const Vec3 point = {along(start.x, segment.dx), along(start.y, segment.dy),
+                      along(start.z, segment.dz)};
+  if (forward) {
+    DiffVectors(point, corner_.point, &side->far.difference, &side->far.unit);
+  } else {
+    DiffVectors(corner_.point, point, &side->far.difference, &side->far.unit);
+  }
+}
+
+// The turn between the two moves that meet at the corner. Updates the headings.
+float CornerSearch::NearAngle() {
+  UpdateHeading(corner_.departure.difference.length, corner_.departure.unit, &headings_->forward);
+  UpdateHeading(corner_.arrival.difference.length, corner_.arrival.unit, &headings_->backward);
+  return PlanTurn(*headings_, corner_.arrival.unit);
+}
+
+// The angle of the corner when one of its moves is an arc: the smaller the arc, the greater. The
+// reach of this is SafetyDistance whatever the look distance is.
+float CornerSearch::ArcAngle(uint32_t walkEnd, float angle) {
+  uint32_t arc = walkEnd;
+  if (!IsArcType(path_.Block(arc).type)) arc = corner_.i;
+  if (!IsArcType(path_.Block(arc).type)) return angle;
+  const double radius = ArcRadius(store_, arc);
+  if (radius < kSmallArc * job_.ToolDiameter) return kRightAngle;
+  const float limit = static_cast<float>(0.5 * job_.ToolDiameter + job_.SafetyDistance);
+  const double arcAngle = 90.0 - radius / limit * 90.0;
+  return radius < limit && arcAngle > angle ? static_cast<float>(arcAngle) : angle;
+}
+
+int32_t CornerSearch::CornerFeed(float angle) const {
+  if (angle > kRightAngle) angle = kRightAngle;
+  const int32_t feed = AngleFeed(job_.CorWeight0, job_.CorWeight30, job_.CorWeight60,
+                                 job_.CornerMaxRatio, job_.MaxFeed, angle, BandEdges::Inclusive);
+  const double lowest = static_cast<double>(job_.MaxFeed) * job_.CornerMaxRatio;
+  return RoundDownToStep(feed < lowest ? TruncateToInt(lowest) : feed, job_.FeedChgAng);
+}
+
+// Slows one end of the move at the index. Returns the feed in hand: a collapse may have lowered it.
+int32_t CornerSearch::SlowInZone(uint32_t index, int16_t percent, int32_t feed,
+                                 void (*widen)(MotionBlock*, int16_t, int32_t), Collapse collapse) {
+  store_->ReadBlock(index);
+  MotionBlock* block = &store_->CurrentBlock;
+  const bool lowered = block->feed > feed;
+  if (lowered) {
+    widen(block, percent, feed);
+    store_->WriteBlock(index);
+  }
+  if ((lowered || collapse == Collapse::Always) && ZonesCoverMove(*block)) {
+    feed = CollapseZones(block, feed, false);
+    store_->WriteBlock(index);
+  }
+  return feed;
+}
+
+// Slows the two moves that meet at the corner, in a zone at the corner or as a whole.
+void CornerSearch::SlowMoves(float angle, float distance, bool previousZone, bool nextZone,
+                             Collapse collapse) {
+  MotionBlock* block = &store_->CurrentBlock;
+  int32_t feed = CornerFeed(angle);
+  if (previousZone) {
+    const int16_t percent = AtLeastOnePercent(distance, backward_.length);
+    feed = SlowInZone(corner_.i, percent, feed, WidenTailZone, collapse);
+  } else {
+    store_->ReadBlock(corner_.i);
+    if (LowerWholeMove(block, feed)) store_->WriteBlock(corner_.i);
+  }
+
+  if (nextZone) {
+    const int16_t percent = AtLeastOnePercent(distance, forward_.length);
+    SlowInZone(corner_.next, percent, feed, WidenHeadZone, collapse);
+  } else {
+    store_->ReadBlock(corner_.next);
+    // A move that opens a run, an arc and a rapid keep their feed.
+    if (block->type == BlockCut && LowerWholeMove(block, feed)) store_->WriteBlock(corner_.next);
+  }
+}
+
+int CornerSearch::XyCornerSearch(uint32_t i) {
+  if (!StandOn(i)) return 0;
+  const float nearAngle = NearAngle();
+  const float distance =
+      job_.XyChgReduceCheck != 0 ? job_.SafetyDistance * kReducedReach : job_.SafetyDistance;
+
+  const Side& forward = Look(Direction::Forward, distance);
+  if (!forward.ended || !HasPlanPart(forward.unit) || !forward.hasPoint) return 0;
+  UpdateHeading(forward.far.difference.length, forward.far.unit, &headings_->forward);
+
+  const Side& backward = Look(Direction::Backward, distance);
+  if (!backward.ended || !HasPlanPart(backward.unit) || !backward.hasPoint) return 0;
+  UpdateHeading(backward.far.difference.length, backward.far.unit, &headings_->backward);
+
+  const float turn = std::max(nearAngle, PlanTurn(*headings_, backward.far.unit));
+  const float angle = ArcAngle(forward.block, turn);
+  if (angle <= job_.CornerMinAngle) return 0;
+  SlowMoves(angle, distance, backward.block == corner_.previous && backward.length > distance,
+            forward.block == corner_.next && forward.length > distance, Collapse::Always);
+  return 1;
+}
+
+int CornerSearch::ZCornerSearch(uint32_t i) {
+  if (!StandOn(i) || IsRapidType(path_.Block(corner_.next).type)) return 0;
+  const float distance = job_.SafetyDistance;
+
+  const Side& forward = Look(Direction::Forward, distance);
+  if (!forward.ended || !forward.hasPoint) return 0;
+  const Side& backward = Look(Direction::Backward, distance);
+  if (!backward.ended || !backward.hasPoint) return 0;
+
+  const Vec3& departure = forward.far.unit;
+  const Vec3& arrival = backward.far.unit;
+  // Without ConCorChk a corner counts only where the path turns upward.
+  if (job_.ConCorChk != 1 && departure.z - arrival.z <= 0) return 0;
+  const float angle = UnsignedTurn(LevelledElevation(departure), LevelledElevation(arrival));
+  if (angle <= job_.CornerMinAngle) return 0;
+  SlowMoves(angle, distance, backward.block == corner_.previous, forward.block == corner_.next,
+            Collapse::WhenLowered);
+  return 1;
+}
+
+}  // namespace tvx

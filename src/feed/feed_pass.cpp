@@ -1,0 +1,134 @@
+#include "feed/feed_pass.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "feed/angle_feed.h"
+#include "feed/directions.h"
+#include "feed/master_pass.h"
+#include "feed/path_index.h"
+#include "feed/zones.h"
+#include "platform/numbers.h"
+
+namespace tvx {
+
+namespace {
+
+// Blocks are handled in batches by index, each through all the rules before the next one starts.
+// This shows at the edge of a batch: what its last move did to the first move of the next batch is
+// reset there, but for a head zone.
+constexpr uint32_t kBatchBlocks = 200;
+
+// Shorter moves, in mm, and moves with less rise than this are no slopes.
+constexpr double kLeastSlope = 0.0001;
+// A move that opens a run more steeply than this, in degrees, is a plunge.
+constexpr double kPlungeAngle = 89.0;
+
+struct Batch {
+  uint32_t first;
+  uint32_t end;
+};
+
+void ResetFeeds(BlockStore* store, Batch batch, int32_t maxFeed) {
+  for (uint32_t i = batch.first; i < batch.end; ++i) {
+    if (IsMoveBlock(store, i) == 0) continue;
+    store->CurrentBlock.feedProgrammed = store->CurrentBlock.feed = maxFeed;
+    store->WriteBlock(i);
+  }
+}
+
+// Degrees of a direction out of the XY plane, the same going up or down.
+float SlopeAngle(const Vec3& unit) {
+  float angle = Elevation(unit);
+  if (angle > 180.0F) angle = 360.0F - angle;
+  return angle > 90.0F ? 90.0F : angle;
+}
+
+// The feed of a sloping move, before it is rounded.
+int32_t SlopeFeed(const JobRecord& job, const MotionBlock& block, const Vec3& unit, float angle) {
+  int32_t feed = job.PlungeFeed;
+  if (block.type != BlockCutStart || !(angle > kPlungeAngle)) {
+    feed = AngleFeed(job.SideWeight0, job.SideWeight30, job.SideWeight60, job.SlopeMaxRatio,
+                     job.MaxFeed, angle, BandEdges::Strict);
+    const double lowest = static_cast<double>(block.feedProgrammed) * job.SlopeMaxRatio;
+    if (feed < lowest) feed = TruncateToInt(lowest);
+  }
+  if (job.UpDownChk == 1) {
+    if (unit.z < 0) feed = TruncateToInt(static_cast<double>(feed) * job.ZupZdown);
+    const double lowest = static_cast<double>(job.MaxFeed) * job.SlopeMaxRatio;
+    if (feed > job.MaxFeed) {
+      feed = job.MaxFeed;
+    } else if (feed < lowest) {
+      feed = TruncateToInt(lowest);
+    }
+  }
+  return feed;
+}
+
+// A move without length ends the rule for the rest of its batch.
+void SlowSlopes(BlockStore* store, Batch batch, const JobRecord& job) {
+  for (uint32_t i = batch.first; i < batch.end; ++i) {
+    if (IsCutBlock(store, i) == 0) continue;
+    Difference difference;
+    Vec3 unit;
+    if (BlockVector(store, i, PrevMove(store, i), &difference, &unit) == 0) return;
+    if (difference.length <= kLeastSlope || std::fabs(static_cast<double>(unit.z)) <= kLeastSlope) {
+      continue;
+    }
+    const float angle = SlopeAngle(unit);
+    if (!(angle > job.SlopeMinAngle)) continue;
+    store->ReadBlock(i);
+    store->CurrentBlock.feed =
+        RoundDownToStep(SlopeFeed(job, store->CurrentBlock, unit, angle), job.FeedChgAng);
+    store->WriteBlock(i);
+  }
+}
+
+void SearchCorners(BlockStore* store, Batch batch, CornerSearch* search) {
+  for (uint32_t i = batch.first; i < batch.end; ++i) {
+    if (IsMoveBlock(store, i) == 0) continue;
+    const uint32_t type = store->CurrentBlock.type;
+    if (IsRapidType(type)) continue;
+    search->XyCornerSearch(i);
+    if (IsCutType(type)) search->ZCornerSearch(i);
+  }
+}
+
+// An arc runs at one feed, the lowest of those it was given.
+void FlattenArcs(BlockStore* store, Batch batch) {
+  MotionBlock* block = &store->CurrentBlock;
+  for (uint32_t i = batch.first; i < batch.end; ++i) {
+    if (IsMoveBlock(store, i) == 0 || !IsArcType(block->type)) continue;
+    for (const int32_t zoneFeed : {block->headFeed, block->tailFeed}) {
+      if (0 < zoneFeed && zoneFeed < block->feed) block->feed = zoneFeed;
+    }
+    DropZones(block);
+    block->feedProgrammed = block->feed;
+    store->WriteBlock(i);
+  }
+}
+
+}  // namespace
+
+void FeedPass(NcProgram* program, const JobRecord& job, const MasterGrid* master,
+              FeedPassMemory* memory) {
+  static const MasterGrid kNoMaster;
+  BlockStore* store = &program->store;
+  program->FeedBase = job.MaxFeed;
+
+  const PathIndex path(store);
+  CornerSearch search(store, path, job, &memory->headings);
+  for (Batch batch{0, 0}; batch.end < store->blockCount; batch.first = batch.end) {
+    batch.end = std::min(batch.first + kBatchBlocks, store->blockCount);
+    ResetFeeds(store, batch, job.MaxFeed);
+    SlowSlopes(store, batch, job);
+    if (job.AfaByMaster == 1) {
+      MasterSubPass(store, job, master != nullptr ? *master : kNoMaster, batch.first, batch.end,
+                    &memory->LastNextBlock);
+    }
+    SearchCorners(store, batch, &search);
+    FlattenArcs(store, batch);
+  }
+}
+
+}  // namespace tvx

@@ -1,0 +1,89 @@
+// Fast answers to "where along the path does it get away from here?". On a dense path a walk from
+// move to move takes hundreds of steps for each corner, and on one that circles in a small space it
+// never ends; a tree of bounds over runs of blocks lets a search pass over whole runs at once.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "model/block_store.h"
+#include "model/path.h"
+
+namespace tvx {
+
+// An index over the moves of one store, good for as long as no coordinate and no type changes.
+// It takes about two bytes for each block.
+//
+// All answers are those of a walk over every block: the bounds only rule out runs that are nearer
+// than asked beyond doubt, and what remains is measured with DiffVectors. The register is not used.
+class PathIndex {
+ public:
+  static constexpr uint32_t kNoMove = UINT32_MAX;
+
+  // Reads every block once, so bad records are repaired from here on. Leaves the register on the
+  // last block.
+  explicit PathIndex(BlockStore* store);
+
+  // The first move after block i, or kNoMove.
+  uint32_t NextMove(uint32_t i) const;
+  // The last move before block i, or 0 if there is none: block 0 also stands for a missing move.
+  uint32_t PrevMove(uint32_t i) const;
+
+  enum class Rapids { End, PassOver };
+
+  // The first move from `first` on (the last one down from `last`) that ends at least `distance`,
+  // a length above 0, from the point. With Rapids::End a rapid ends the search wherever it goes.
+  // kNoMove if there is none.
+  uint32_t FirstAway(uint32_t first, const Vec3& point, float distance, Rapids rapids) const;
+  uint32_t LastAway(uint32_t last, const Vec3& point, float distance, Rapids rapids) const;
+
+  // The stored block, below blockCount.
+  const MotionBlock& Block(uint32_t i) const { return *store_->Peek(i); }
+  Vec3 Point(uint32_t i) const;
+  // BlockVector without the register.
+  int Vector(uint32_t i, uint32_t j, Difference* difference, Vec3* unit) const;
+
+ private:
+  // Bounds of the end points of a run of moves: a box, and the smallest circle in plan view about
+  // the middle of the box. A run of circling moves fills its circle, but not the corners of its
+  // box.
+  struct Bounds {
+    float lowX, lowY, lowZ;  // low above high: no move in the run
+    float highX, highY, highZ;
+    float radius;
+
+    static Bounds Empty();
+    bool IsEmpty() const { return lowX > highX; }
+    float MiddleX() const { return (lowX + highX) * 0.5F; }
+    float MiddleY() const { return (lowY + highY) * 0.5F; }
+    void Add(const MotionBlock& block);
+    void Add(const Bounds& other);
+    // Nearer than the root of nearSquared to the point, as a whole and beyond doubt.
+    bool IsNear(const Vec3& point, float nearSquared) const;
+  };
+
+  // A level of the tree groups the one below by kFan; the lowest groups blocks by kLeafBlocks.
+  static constexpr uint32_t kLeafBlocks = 16;
+  static constexpr uint32_t kFan = 8;
+
+  void AddLevels();
+  void MeasureRadii();
+
+  // Visits the blocks from `first` on (down from `last`) and returns the first one that `hit`
+  // accepts; passes over every run of the tree that `skip` accepts.
+  template <typename Skip, typename Hit>
+  uint32_t SearchForward(uint32_t first, Skip skip, Hit hit) const;
+  template <typename Skip, typename Hit>
+  uint32_t SearchBackward(uint32_t last, Skip skip, Hit hit) const;
+  template <typename Hit>
+  uint32_t ScanForward(uint32_t first, uint32_t end, Hit hit) const;
+  template <typename Hit>
+  uint32_t ScanBackward(uint32_t last, uint32_t begin, Hit hit) const;
+
+  const BlockStore* store_;
+  uint32_t count_ = 0;  // blocks that can be read
+  std::vector<std::vector<Bounds>> levels_;
+};
+
+}  // namespace tvx

@@ -1,0 +1,390 @@
+#include "reference_pass.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "feed/angle_feed.h"
+#include "feed/master_pass.h"
+#include "model/path.h"
+#include "platform/numbers.h"
+
+namespace tvx {
+
+namespace {
+
+class Reference {
+ public:
+  Reference(BlockStore* store, const JobRecord& job, FeedPassMemory* memory)
+      : store_(store), job_(job), memory_(memory), block_(store->CurrentBlock) {}
+
+  void Run() {
+    uint32_t begin = 0;
+    uint32_t end = std::min(200U, store_->blockCount);
+    while (true) {
+      for (uint32_t i = begin; i < end; ++i) Reset(i);
+      for (uint32_t i = begin; i < end; ++i) {
+        if (IsCutBlock(store_, i) == 1 && !Slope(i)) break;
+      }
+      if (job_.AfaByMaster == 1) {
+        MasterSubPass(store_, job_, MasterGrid(), begin, end, &memory_->LastNextBlock);
+      }
+      for (uint32_t i = begin; i < end; ++i) {
+        if (IsMoveBlock(store_, i) == 0) continue;
+        const uint32_t type = block_.type;
+        if (type == 3 || type == 4) {
+          Xy(i);
+          Z(i);
+        } else if (type == 6 || type == 8) {
+          Xy(i);
+        }
+      }
+      for (uint32_t i = begin; i < end; ++i) Arc(i);
+      if (end == store_->blockCount) return;
+      begin = end;
+      end = std::min(end + 200, store_->blockCount);
+    }
+  }
+
+ private:
+  struct Walk {
+    uint32_t end = 0;
+    Difference d;
+    Vec3 u;
+  };
+
+  void Reset(uint32_t i) {
+    if (IsMoveBlock(store_, i) == 0) return;
+    block_.feedProgrammed = job_.MaxFeed;
+    block_.feed = job_.MaxFeed;
+    store_->WriteBlock(i);
+  }
+
+  int32_t Stepped(int32_t feed) const {
+    const int32_t step = job_.FeedChgAng < 1 ? 1 : job_.FeedChgAng;
+    const int32_t stepped = feed / step * step;
+    return stepped == 0 ? feed : stepped;
+  }
+
+  bool Slope(uint32_t i) {
+    Difference d;
+    Vec3 u;
+    if (BlockVector(store_, i, PrevMove(store_, i), &d, &u) == 0) return false;
+    if (d.length <= 0.0001 || std::abs(u.z) <= 0.0001) return true;
+    float a = Angle(u.z, static_cast<float>(SafeSqrt(Square(u.x) + Square(u.y))));
+    if (a > 180) a = 360 - a;
+    if (a > 90) a = 90;
+    if (!(a > job_.SlopeMinAngle)) return true;
+    store_->ReadBlock(i);
+    const double ratio = job_.SlopeMaxRatio;
+    int32_t f = 0;
+    if (block_.type == 3 && a > 89) {
+      f = job_.PlungeFeed;
+    } else {
+      f = AngleFeed(job_.SideWeight0, job_.SideWeight30, job_.SideWeight60, job_.SlopeMaxRatio,
+                    job_.MaxFeed, a, BandEdges::Strict);
+      if (f < block_.feedProgrammed * ratio) f = TruncateToInt(block_.feedProgrammed * ratio);
+    }
+    if (job_.UpDownChk == 1) {
+      if (u.z < 0) f = TruncateToInt(f * static_cast<double>(job_.ZupZdown));
+      if (f > job_.MaxFeed) {
+        f = job_.MaxFeed;
+      } else if (f < job_.MaxFeed * ratio) {
+        f = TruncateToInt(job_.MaxFeed * ratio);
+      }
+    }
+    block_.feed = Stepped(f);
+    store_->WriteBlock(i);
+    return true;
+  }
+
+  void Arc(uint32_t i) {
+    if (store_->ReadBlock(i) == 0 || (block_.type != 6 && block_.type != 8)) return;
+    int32_t f = block_.feed;
+    if (0 < block_.headFeed && block_.headFeed < f) f = block_.headFeed;
+    if (0 < block_.tailFeed && block_.tailFeed < f) f = block_.tailFeed;
+    block_.headPercent = block_.headFeed = block_.tailPercent = block_.tailFeed = 0;
+    block_.feedProgrammed = block_.feed = f;
+    store_->WriteBlock(i);
+  }
+
+  bool NoMove(uint32_t next) const { return next == 0 || next >= store_->blockCount; }
+
+  Vec3 Point(uint32_t i) {
+    store_->ReadBlock(i);
+    return {block_.x, block_.y, block_.z};
+  }
+
+  bool ForwardWalk(uint32_t i, uint32_t n, float reach, Walk* walk) {
+    walk->end = n;
+    BlockVector(store_, walk->end, i, &walk->d, &walk->u);
+    while (walk->d.length < reach) {
+      walk->end = NextMove(store_, walk->end);
+      if (NoMove(walk->end)) return false;
+      if (IsRapidBlock(store_, walk->end) == 1) {
+        walk->end = PrevMove(store_, walk->end);
+        return true;
+      }
+      BlockVector(store_, walk->end, i, &walk->d, &walk->u);
+    }
+    return true;
+  }
+
+  bool BackwardWalk(uint32_t i, uint32_t p, float reach, Walk* walk) {
+    walk->end = p;
+    BlockVector(store_, i, walk->end, &walk->d, &walk->u);
+    while (walk->d.length < reach) {
+      walk->end = PrevMove(store_, walk->end);
+      if (IsRapidBlock(store_, walk->end) == 1) {
+        walk->end = NextMove(store_, walk->end);
+        break;
+      }
+      BlockVector(store_, i, walk->end, &walk->d, &walk->u);
+      if (walk->end == 0) return false;
+    }
+    BlockVector(store_, i, walk->end, &walk->d, &walk->u);
+    return true;
+  }
+
+  // start + way * (numerator) / length, axis by axis
+  static Vec3 Along(const Vec3& start, const Difference& way, double travel) {
+    return {static_cast<float>(start.x + way.dx * travel / way.length),
+            static_cast<float>(start.y + way.dy * travel / way.length),
+            static_cast<float>(start.z + way.dz * travel / way.length)};
+  }
+
+  bool ForwardPoint(uint32_t i, const Walk& walk, bool zone, float reach, Vec3* point) {
+    if (zone) {
+      if (walk.d.length == 0) return false;
+      *point = Along(Point(i), walk.d, reach);
+      return true;
+    }
+    const uint32_t g = PrevMove(store_, walk.end);
+    Difference a, v;
+    Vec3 unused;
+    BlockVector(store_, i, g, &a, &unused);
+    BlockVector(store_, walk.end, g, &v, &unused);
+    if (v.length == 0) return false;
+    *point = Along(Point(g), v, static_cast<double>(reach) - a.length);
+    return true;
+  }
+
+  bool BackwardPoint(uint32_t i, const Walk& walk, bool zone, float reach, Vec3* point) {
+    if (zone) {
+      if (walk.d.length == 0) return false;
+      *point = Along(Point(i), walk.d, -static_cast<double>(reach));
+      return true;
+    }
+    const uint32_t g = NextMove(store_, walk.end);
+    Difference a, v;
+    Vec3 unused;
+    BlockVector(store_, i, g, &a, &unused);
+    BlockVector(store_, g, walk.end, &v, &unused);
+    if (v.length == 0) return false;
+    *point = Along(Point(g), v, -(static_cast<double>(reach) - a.length));
+    return true;
+  }
+
+  float XyAngle(const Vec3& w) const {
+    float c = memory_->headings.forward - memory_->headings.backward;
+    if (w.z != 0 && !((Square(w.x) + Square(w.y)) / Square(w.z) > 0.1)) c = 0;
+    if (c < 0) c = c + 360;
+    if (c > 180) c = 360 - c;
+    if (c > 90) c = 90;
+    return c;
+  }
+
+  int32_t CornerFeed(float c) const {
+    if (c > 90) c = 90;
+    int32_t v = AngleFeed(job_.CorWeight0, job_.CorWeight30, job_.CorWeight60, job_.CornerMaxRatio,
+                          job_.MaxFeed, c, BandEdges::Inclusive);
+    const double lowest = job_.MaxFeed * static_cast<double>(job_.CornerMaxRatio);
+    if (v < lowest) v = TruncateToInt(lowest);
+    return Stepped(v);
+  }
+
+  static int16_t Percent(float reach, float length) {
+    const auto percent = TruncateTo<int16_t>(reach * 100.0 / length);
+    return percent == 0 ? int16_t{1} : percent;
+  }
+
+  static int16_t Held(int32_t feed) {
+    return static_cast<int16_t>(std::clamp(feed, -32768, 32767));
+  }
+
+  int32_t Collapse(uint32_t index, int32_t f) {
+    if (block_.headFeed == 0) block_.headFeed = block_.tailFeed;
+    if (block_.tailFeed == 0) block_.tailFeed = block_.headFeed;
+    if (block_.headFeed > block_.tailFeed) block_.headFeed = block_.tailFeed;
+    if (0 < block_.headFeed && block_.headFeed < f) f = block_.headFeed;
+    block_.headPercent = block_.headFeed = block_.tailPercent = block_.tailFeed = 0;
+    block_.feed = f;
+    store_->WriteBlock(index);
+    return f;
+  }
+
+  void LowerWhole(uint32_t index, int32_t v) {
+    if (block_.feed <= v) return;
+    block_.feed = v;
+    if (block_.tailFeed > v) block_.tailFeed = block_.tailPercent = 0;
+    if (block_.headFeed > v) block_.headFeed = block_.headPercent = 0;
+    store_->WriteBlock(index);
+  }
+
+  void Xy(uint32_t i) {
+    CornerHeadings* h = &memory_->headings;
+    float reach = job_.SafetyDistance;
+    if (job_.XyChgReduceCheck != 0) reach = static_cast<float>(reach * double{0.3F});
+    const uint32_t n = NextMove(store_, i);
+    if (NoMove(n)) return;
+    const uint32_t p = PrevMove(store_, i);
+
+    Difference d;
+    Vec3 u, w;
+    BlockVector(store_, n, i, &d, &u);
+    if (d.length >= 0.01) h->forward = Angle(u.y, u.x);
+    BlockVector(store_, i, p, &d, &w);
+    if (d.length >= 0.01) h->backward = Angle(w.y, w.x);
+    const float c0 = XyAngle(w);
+
+    Walk fw;
+    if (!ForwardWalk(i, n, reach, &fw)) return;
+    if (fw.u.x == 0 && fw.u.y == 0) return;
+    const bool nextZone = fw.end == n && fw.d.length > reach;
+    Vec3 t;
+    if (!ForwardPoint(i, fw, nextZone, reach, &t)) return;
+    Vec3 v1;
+    DiffVectors(t, Point(i), &d, &v1);
+    if (d.length >= 0.01) h->forward = Angle(v1.y, v1.x);
+
+    Walk bw;
+    if (!BackwardWalk(i, p, reach, &bw)) return;
+    if (bw.u.x == 0 && bw.u.y == 0) return;
+    const bool prevZone = bw.end == p && bw.d.length > reach;
+    Vec3 q;
+    if (!BackwardPoint(i, bw, prevZone, reach, &q)) return;
+    Vec3 v2;
+    DiffVectors(Point(i), q, &d, &v2);
+    if (d.length >= 0.01) h->backward = Angle(v2.y, v2.x);
+    const float c1 = XyAngle(v2);
+    float c = c0 < c1 ? c1 : c0;
+
+    const auto isArc = [&](uint32_t b) {
+      store_->ReadBlock(b);
+      return block_.type == 6 || block_.type == 8;
+    };
+    uint32_t arc = UINT32_MAX;
+    if (isArc(fw.end)) {
+      arc = fw.end;
+    } else if (isArc(i)) {
+      arc = i;
+    }
+    if (arc != UINT32_MAX) {
+      store_->ReadBlock(arc + 1);
+      const auto r = static_cast<float>(std::sqrt(Square(block_.x) + Square(block_.y)));
+      const auto limit = static_cast<float>(0.5 * job_.ToolDiameter + job_.SafetyDistance);
+      if (r < 0.6 * job_.ToolDiameter) {
+        c = 90;
+      } else if (r < limit && 90 - (double{r} / limit) * 90 > c) {
+        c = static_cast<float>(90 - (double{r} / limit) * 90);
+      }
+    }
+    if (c <= job_.CornerMinAngle) return;
+    int32_t v = CornerFeed(c);
+
+    store_->ReadBlock(i);
+    if (prevZone) {
+      if (block_.feed > v) {
+        block_.tailPercent = std::max(block_.tailPercent, Percent(reach, bw.d.length));
+        if (block_.tailFeed > v || block_.tailFeed == 0) block_.tailFeed = Held(v);
+        store_->WriteBlock(i);
+      }
+      if (block_.tailPercent + block_.headPercent > 80) v = Collapse(i, v);
+    } else {
+      LowerWhole(i, v);
+    }
+    store_->ReadBlock(n);
+    if (nextZone) {
+      if (block_.feed > v) {
+        block_.headPercent = std::max(block_.headPercent, Percent(reach, fw.d.length));
+        if (block_.headFeed > v || block_.headFeed == 0) block_.headFeed = Held(v);
+        store_->WriteBlock(n);
+      }
+      if (block_.tailPercent + block_.headPercent > 80) Collapse(n, v);
+    } else if (block_.type == 4) {
+      LowerWhole(n, v);
+    }
+  }
+
+  static float Rise(const Vec3& unit) {
+    if (std::abs(unit.z) < 0.0001) return 0;
+    return Angle(unit.z, static_cast<float>(SafeSqrt(Square(unit.x) + Square(unit.y))));
+  }
+
+  void Z(uint32_t i) {
+    const float reach = job_.SafetyDistance;
+    const uint32_t n = NextMove(store_, i);
+    if (NoMove(n)) return;
+    const uint32_t p = PrevMove(store_, i);
+    if (IsRapidBlock(store_, n) == 1) return;
+
+    Difference d;
+    Walk fw;
+    if (!ForwardWalk(i, n, reach, &fw)) return;
+    const bool nextZone = fw.end == n;
+    Vec3 t;
+    if (!ForwardPoint(i, fw, nextZone && fw.d.length > reach, reach, &t)) return;
+    Vec3 v1;
+    DiffVectors(t, Point(i), &d, &v1);
+
+    Walk bw;
+    if (!BackwardWalk(i, p, reach, &bw)) return;
+    const bool prevZone = bw.end == p;
+    Vec3 q;
+    if (!BackwardPoint(i, bw, prevZone, reach, &q)) return;
+    Vec3 v2;
+    DiffVectors(Point(i), q, &d, &v2);
+
+    float c = Rise(v1) - Rise(v2);
+    if (c < 0) c = c + 360;
+    if (c > 180) c = 360 - c;
+    if (job_.ConCorChk != 1 && v1.z - v2.z <= 0) return;
+    if (c <= job_.CornerMinAngle) return;
+    int32_t v = CornerFeed(c);
+
+    store_->ReadBlock(i);
+    if (prevZone) {
+      if (block_.feed > v) {
+        block_.tailPercent = std::max(block_.tailPercent, Percent(reach, bw.d.length));
+        if (block_.tailFeed > v || block_.tailFeed == 0) block_.tailFeed = Held(v);
+        store_->WriteBlock(i);
+        if (block_.tailPercent + block_.headPercent > 80) v = Collapse(i, v);
+      }
+    } else {
+      LowerWhole(i, v);
+    }
+    store_->ReadBlock(n);
+    if (nextZone) {
+      if (block_.feed > v) {
+        block_.headPercent = std::max(block_.headPercent, Percent(reach, fw.d.length));
+        if (block_.headFeed > v || block_.headFeed == 0) block_.headFeed = Held(v);
+        store_->WriteBlock(n);
+        if (block_.tailPercent + block_.headPercent > 80) Collapse(n, v);
+      }
+    } else if (block_.type == 4) {
+      LowerWhole(n, v);
+    }
+  }
+
+  BlockStore* store_;
+  const JobRecord& job_;
+  FeedPassMemory* memory_;
+  MotionBlock& block_;
+};
+
+}  // namespace
+
+void ReferencePass(BlockStore* store, const JobRecord& job, FeedPassMemory* memory) {
+  Reference(store, job, memory).Run();
+}
+
+}  // namespace tvx
