@@ -4,11 +4,11 @@ namespace tvx {
 
 std::span<const CCommandPadDlg::Button> CCommandPadDlg::Buttons() {
   static constexpr Button kButtons[] = {
-      {1000, "Cut Time", &CCommandPadDlg::cutTime, true},
-      {kListCommand, "TVX 출력", nullptr, false},
-      {1005, "급속이송", &CCommandPadDlg::rapids, true},
-      {1006, "설정", &CCommandPadDlg::settings, true},
-      {1004, "취소", nullptr, true},
+      {"Cut Time", &CCommandPadDlg::cutTime, 1000, true},
+      {"TVX 출력", nullptr, kListCommand, false},
+      {"급속이송", &CCommandPadDlg::rapids, 1005, true},
+      {"설정", &CCommandPadDlg::settings, 1006, true},
+      {"취소", nullptr, 1004, true},
   };
   return kButtons;
 }

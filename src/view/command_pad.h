@@ -12,9 +12,9 @@ namespace tvx {
 class CCommandPadDlg final : public Dialog {
  public:
   struct Button {
-    int id;
     const char* text;
     bool CCommandPadDlg::*flag;  // set by a press; null for none
+    int id;
     bool closes;
   };
 

@@ -217,7 +217,7 @@ TEST(PathDrawing, AnEnormousArcTakesNoLongerThanWhatIsSeenOfIt) {
     SetViewMode(&scene.view.transform, mode, &scene.ui);
     scene.view.transform.viewScale = 100.0F;
     scene.Add(BlockRapidStart, 0, 0);
-    for (float radius = 1e3F; radius < 1e6F; radius *= 10) {
+    for (const float radius : {1e3F, 1e4F, 1e5F}) {
       scene.AddArc(BlockArcCcw, 10, 10, 0, radius);
       scene.AddArc(BlockArcCw, 0, 0, 0, -radius);
     }

@@ -4,31 +4,14 @@
 #include <png.h>
 
 #include <cstdlib>
-#include <fstream>
-#include <new>
 
+#include "allocation_count.h"
 #include "support/memory_files.h"
 #include "support/temp_dir.h"
 #include "test_scene.h"
 #include "view/metafile_device.h"
 #include "view/raster_device.h"
 #include "view/svg_device.h"
-
-// Allocations of the process, so that a test can count those of a drawing.
-namespace {
-size_t allocations = 0;
-}
-void* operator new(size_t size) {
-  ++allocations;
-  if (void* memory = std::malloc(size > 0 ? size : 1)) return memory;
-  throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept {
-  std::free(memory);
-}
-void operator delete(void* memory, size_t) noexcept {
-  std::free(memory);
-}
 
 namespace tvx {
 namespace {
@@ -194,7 +177,7 @@ TEST_F(PictureTest, ThePngIsTheDrawingOnAWhitePageWithLetters) {
   std::vector<uint8_t> pixels(PNG_IMAGE_SIZE(png));
   ASSERT_TRUE(png_image_finish_read(&png, nullptr, pixels.data(), 0, nullptr));
   const auto at = [&](int x, int y) {  // from the centre of the page
-    const auto p = &pixels[static_cast<size_t>(((y + 300) * 800 + x + 400) * 3)];
+    const auto p = &pixels[(static_cast<size_t>(y + 300) * 800 + static_cast<size_t>(x + 400)) * 3];
     return p[0] << 16 | p[1] << 8 | p[2];
   };
   EXPECT_EQ(at(-400, -300), 0xFFFFFF);
@@ -227,11 +210,11 @@ class Sink final : public OutputFile {
 
 TEST_F(PictureTest, ADrawingAllocatesNothingPerMove) {
   const auto allocationsOf = [&](auto draw) {
-    const size_t before = allocations;
+    const size_t before = AllocationCount();
     draw();
-    return allocations - before;
+    return AllocationCount() - before;
   };
-  std::vector<uint32_t> pixels(800 * 600);
+  std::vector<uint32_t> pixels(size_t{800} * 600);
   const auto drawAll = [&] {
     Sink sink;
     RasterDevice raster({pixels.data(), 800, 600, 800}, {-400, -300});

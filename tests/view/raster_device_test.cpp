@@ -24,7 +24,8 @@ class Canvas {
 
   Image image() { return {&at(0, 0), width_, height_, stride_}; }
   uint32_t& at(int32_t x, int32_t y) {
-    return pixels_[static_cast<size_t>((y + 1) * stride_ + x + 1)];
+    return pixels_[static_cast<size_t>(y + 1) * static_cast<size_t>(stride_) +
+                   static_cast<size_t>(x + 1)];
   }
   bool GuardsAreWhole() {
     for (int32_t y = -1; y <= height_; ++y) {
