@@ -31,8 +31,10 @@ float Along(float from, double offset) {
   return static_cast<float>(from + offset);
 }
 
-bool IsBeyondLimit(int32_t coordinate) {
-  return coordinate > kPixelLimit || coordinate < -kPixelLimit;
+// Whole coordinates up to the limit are drawn, so a fraction more is, too. What is no number is
+// not.
+bool IsWithinLimit(double coordinate) {
+  return std::abs(coordinate) < kPixelLimit + 1;
 }
 
 }  // namespace
@@ -60,8 +62,9 @@ void PathDrawing::SelectPenForFeed(int32_t feed) {
 }
 
 void PathDrawing::DrawTo(const Vec3& point, int32_t feed, uint32_t type) {
-  const Pixel pixel = Project(view_, point);
-  if (IsBeyondLimit(pixel.x) || IsBeyondLimit(pixel.y)) return;
+  const ProjectedPixels exact = ProjectToPixels(view_, point);
+  if (!IsWithinLimit(exact.x) || !IsWithinLimit(exact.y)) return;
+  const Pixel pixel = {static_cast<int32_t>(exact.x), static_cast<int32_t>(exact.y)};
   switch (type) {
     case BlockRapidStart:
     case BlockRapid:
@@ -185,10 +188,12 @@ void PathDrawing::DrawWithoutPortions(uint32_t index, const MotionBlock& block) 
       ramp.fromFeed = prevFeed;
     }
     const auto [low, high] = std::minmax(ramp.fromFeed, ramp.toFeed);
-    const int32_t steps = RampSteps(ramp);
-    if (kFeedStepFactor * high > low && steps >= 2) {
-      DrawRamp(ramp, steps, 1, block.type);
-      return;
+    if (kFeedStepFactor * high > low) {
+      const int32_t steps = RampSteps(ramp);
+      if (steps >= 2) {
+        DrawRamp(ramp, steps, 1, block.type);
+        return;
+      }
     }
   }
   DrawTo(end, block.feed, block.type);
@@ -277,16 +282,14 @@ Vec3 PathDrawing::Arc::PointAt(int64_t chord) const {
 
 // True if every point from one chord to another is certain to lie beyond the limit: none is further
 // from the point in the middle than the arc between them is long.
-bool PathDrawing::IsOutOfSight(const Arc& arc, int64_t first, int64_t last) const {
+bool PathDrawing::IsOutOfSight(const Arc& arc, int64_t first, int64_t last) {
   const int64_t middle = first + (last - first) / 2;
-  const Projected point = ProjectToPlane(*view_, arc.PointAt(middle));
+  const ProjectedPixels point = ProjectToPixels(view_, arc.PointAt(middle));
   const double turned = arc.measures.sweep * kArcRadiansPerDegree / static_cast<double>(arc.chords);
   const double reach =
       static_cast<double>(last - middle) * turned * arc.measures.radius * view_->viewScale +
       arc.slack + kPixelLimit;
-  const double x = (point.u - static_cast<double>(view_->panX)) * view_->viewScale;
-  const double y = (point.v - view_->panY) * view_->viewScale;
-  return std::abs(x) > reach || std::abs(y) > reach;
+  return std::abs(point.x) > reach || std::abs(point.y) > reach;
 }
 
 // Draws from one chord to another, halving long stretches so that those out of sight cost one look.

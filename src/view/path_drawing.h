@@ -115,7 +115,7 @@ class PathDrawing {
 
     Vec3 PointAt(int64_t chord) const;
   };
-  bool IsOutOfSight(const Arc& arc, int64_t first, int64_t last) const;
+  bool IsOutOfSight(const Arc& arc, int64_t first, int64_t last);
   void DrawChords(const Arc& arc, int64_t first, int64_t last);
 
   void SelectPenForFeed(int32_t feed);

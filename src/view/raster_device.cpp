@@ -9,26 +9,25 @@ namespace {
 
 constexpr uint32_t kOpaque = 0xFF000000;
 
-// Lines of a drawing end within 30000 pixels, or are arms of the axes, some 50 pixels long. Held at
-// this limit no arm changes where it can be seen, and the products below stay within 64 bits.
-constexpr int64_t kCoordinateLimit = 1 << 24;
+// Bits of a fraction of a pixel. Quotients of lengths below 700000 are then exact.
+constexpr int kFractionBits = 40;
 
-// Quotients rounded down and up; the divisor is positive.
-int64_t FloorDivide(int64_t a, int64_t b) {
-  return a >= 0 ? a / b : -((-a + b - 1) / b);
+// Lines of a drawing end within 30000 pixels, or are arms of the axes, some 50 pixels long. Held at
+// this limit no arm changes where it can be seen.
+constexpr int64_t kCoordinateLimit = 1 << 18;
+int64_t Hold(int64_t coordinate) {
+  return std::clamp(coordinate, -kCoordinateLimit, kCoordinateLimit);
 }
+
+// A quotient rounded up, of a dividend of at least 0.
 int64_t CeilDivide(int64_t a, int64_t b) {
-  return -FloorDivide(-a, b);
+  return (a + b - 1) / b;
 }
 
 }  // namespace
 
-RasterDevice::Course RasterDevice::CourseOf(int64_t from, int64_t to) {
-  return {from, std::abs(to - from), to < from ? -1 : 1};
-}
-
-std::pair<int64_t, int64_t> RasterDevice::Course::Inside(int64_t size) const {
-  return direction > 0 ? std::pair{-start, size - 1 - start} : std::pair{start - (size - 1), start};
+RasterDevice::Range RasterDevice::Inside(int64_t start, int64_t difference, int64_t size) {
+  return difference < 0 ? Range{start - (size - 1), start} : Range{-start, size - 1 - start};
 }
 
 void RasterDevice::FillRectangle(int32_t left, int32_t top, int32_t right, int32_t bottom,
@@ -54,26 +53,33 @@ Pen RasterDevice::SelectPen(Pen pen) {
   return std::exchange(pen_, pen);
 }
 
-Pixel RasterDevice::ToImage(Pixel point) const {
-  const auto hold = [](int64_t value) {
-    return static_cast<int32_t>(std::clamp(value, -kCoordinateLimit, kCoordinateLimit));
-  };
-  return {hold(int64_t{point.x} - origin_.x), hold(int64_t{point.y} - origin_.y)};
-}
-
 void RasterDevice::MoveTo(Pixel point) {
   position_ = ToImage(point);
   dashPhase_ = 0;
 }
 
 void RasterDevice::LineTo(Pixel point) {
-  const Pixel to = ToImage(point);
+  const Spot from = position_;
+  const Spot to = position_ = ToImage(point);
   if (dashed_) {
-    DrawLine<true>(position_, to);
-  } else {
-    DrawLine<false>(position_, to);
+    DrawLine<true>(from, to);
+    return;
   }
-  position_ = to;
+  const int64_t dx = to.x - from.x;
+  const int64_t dy = to.y - from.y;
+  const auto isShort = [](int64_t d) { return static_cast<uint64_t>(d + 2) <= 4; };
+  if (isShort(dx) && isShort(dy) && IsInside(from) && IsInside(to)) {
+    // Most moves of a whole program are that short. These are the pixels of DrawLine, some of them
+    // more than once, at a cost that does not depend on their number.
+    const auto half = [](int64_t d) { return d - d / 2; };
+    uint32_t* const pixel = image_.pixels + from.y * image_.stride + from.x;
+    const uint32_t colour = colour_;
+    pixel[0] = colour;
+    pixel[half(dy) * image_.stride + half(dx)] = colour;
+    pixel[dy * image_.stride + dx] = colour;
+    return;
+  }
+  DrawLine<false>(from, to);
 }
 
 void RasterDevice::Text(Pixel point, std::string_view text) {
@@ -81,55 +87,66 @@ void RasterDevice::Text(Pixel point, std::string_view text) {
 }
 
 // Pixel i of a line of n steps lies i pixels along its longer coordinate and round(i * m / n) along
-// the shorter one of length m. A line that leaves the image is drawn from the first such i to the
-// last that lie in it, so clipping never moves a pixel.
-RasterDevice::Span RasterDevice::SpanInside(const Course& major, const Course& minor,
-                                            bool steep) const {
-  const auto [majorLow, majorHigh] = major.Inside(steep ? image_.height : image_.width);
-  const auto [minorLow, minorHigh] = minor.Inside(steep ? image_.width : image_.height);
-  if (minorLow > minor.length || minorHigh < 0) return {};
-  const int64_t n = major.length;
-  Span span{std::max<int64_t>(0, majorLow), std::min(n, majorHigh), 0};
-  if (minor.length > 0) {
-    const int64_t twice = 2 * minor.length;
-    if (minorLow > 0) span.first = std::max(span.first, CeilDivide((2 * minorLow - 1) * n, twice));
-    if (minorHigh < minor.length) {
-      span.last = std::min(span.last, CeilDivide((2 * minorHigh + 1) * n, twice) - 1);
+// the shorter one of length m. The quotient is carried along in fixed point, which for the lengths
+// that Hold lets through is exact and has no branch that short lines of all directions would spoil.
+template <bool dashed>
+void RasterDevice::DrawPixels(const Steps& steps, int64_t first, int64_t last) {
+  uint32_t* const pixels = image_.pixels;
+  const uint32_t colour = colour_;
+  const int64_t n = std::max<int64_t>(steps.length, 1);
+  const int64_t slope = ((steps.minorLength << kFractionBits) + n - 1) / n;
+  int64_t minorSteps = (int64_t{1} << (kFractionBits - 1)) + first * slope;
+  int64_t offset = steps.offset + first * steps.major;
+  for (int64_t i = first; i <= last; ++i) {
+    if (!dashed || (dashPhase_ + i) % (kDashPixels + kGapPixels) < kDashPixels) {
+      pixels[offset + (minorSteps >> kFractionBits) * steps.minor] = colour;
     }
-    span.minorSteps = (2 * span.first * minor.length + n) / (2 * n);
+    offset += steps.major;
+    minorSteps += slope;
   }
-  return span;
+}
+
+// A line that leaves the image is drawn from the first pixel to the last that lie in it, so
+// clipping never moves a pixel.
+template <bool dashed>
+void RasterDevice::DrawClipped(const Steps& steps, Range majorInside, Range minorInside) {
+  const int64_t n = steps.length;
+  const int64_t m = steps.minorLength;
+  if (minorInside.first > m || minorInside.last < 0) return;
+  int64_t first = std::max<int64_t>(0, majorInside.first);
+  int64_t last = std::min(n, majorInside.last);
+  if (minorInside.first > 0) {
+    first = std::max(first, CeilDivide((2 * minorInside.first - 1) * n, 2 * m));
+  }
+  if (minorInside.last < m) {
+    last = std::min(last, CeilDivide((2 * minorInside.last + 1) * n, 2 * m) - 1);
+  }
+  DrawPixels<dashed>(steps, first, last);
 }
 
 template <bool dashed>
-void RasterDevice::DrawLine(Pixel from, Pixel to) {
-  const Course x = CourseOf(from.x, to.x);
-  const Course y = CourseOf(from.y, to.y);
-  const bool steep = y.length > x.length;
-  const Course& major = steep ? y : x;
-  const Course& minor = steep ? x : y;
-  const int64_t n = major.length;
-  const Span span =
-      IsInside(from) && IsInside(to) ? Span{0, n, 0} : SpanInside(major, minor, steep);
-
-  const int64_t yStep = y.direction * image_.stride;
-  const int64_t majorStep = steep ? yStep : x.direction;
-  const int64_t minorStep = steep ? x.direction : yStep;
-  int64_t pixel = from.y * int64_t{image_.stride} + from.x + span.first * majorStep +
-                  span.minorSteps * minorStep;
-  // Negative until the next step along the shorter coordinate is due. The step is taken without a
-  // branch: on short lines of all directions it could not be predicted.
-  int64_t error = 2 * span.first * minor.length - n - 2 * n * span.minorSteps;
-  for (int64_t i = span.first; i <= span.last; ++i) {
-    if (!dashed || (dashPhase_ + i) % (kDashPixels + kGapPixels) < kDashPixels) {
-      image_.pixels[pixel] = colour_;
-    }
-    error += 2 * minor.length;
-    const int64_t due = ~(error >> 63);
-    pixel += majorStep + (minorStep & due);
-    error -= 2 * n & due;
+void RasterDevice::DrawLine(Spot from, Spot to) {
+  const bool isInside = IsInside(from) && IsInside(to);
+  if (!isInside) {
+    from = {Hold(from.x), Hold(from.y)};
+    to = {Hold(to.x), Hold(to.y)};
   }
-  dashPhase_ += n;
+  const int64_t dx = to.x - from.x;
+  const int64_t dy = to.y - from.y;
+  const int64_t xStep = dx < 0 ? -1 : 1;
+  const int64_t yStep = dy < 0 ? -image_.stride : image_.stride;
+  const int64_t offset = from.y * image_.stride + from.x;
+  const bool steep = std::abs(dy) > std::abs(dx);
+  const Steps steps = steep ? Steps{offset, yStep, xStep, std::abs(dy), std::abs(dx)}
+                            : Steps{offset, xStep, yStep, std::abs(dx), std::abs(dy)};
+  if (isInside) {
+    DrawPixels<dashed>(steps, 0, steps.length);
+  } else {
+    const Range xInside = Inside(from.x, dx, image_.width);
+    const Range yInside = Inside(from.y, dy, image_.height);
+    DrawClipped<dashed>(steps, steep ? yInside : xInside, steep ? xInside : yInside);
+  }
+  dashPhase_ += steps.length;
 }
 
 }  // namespace tvx

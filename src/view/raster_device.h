@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "view/drawing_device.h"
@@ -45,32 +44,36 @@ class RasterDevice final : public DrawingDevice {
   const std::vector<PlacedText>& texts() const { return texts_; }
 
  private:
-  // One coordinate of a line: where it starts, how it goes on, and how many pixels it covers.
-  struct Course {
-    int64_t start;
-    int64_t length;     // at least 0
-    int64_t direction;  // 1 or -1
-
-    // The first and the last distance from the start that lie in 0 to size - 1.
-    std::pair<int64_t, int64_t> Inside(int64_t size) const;
+  // A point of the image; any logical point fits.
+  struct Spot {
+    int64_t x, y;
   };
-  static Course CourseOf(int64_t from, int64_t to);
-
-  // The pixels of a line that lie in the image, counted from its start; none if last < first.
-  struct Span {
-    int64_t first = 0;
-    int64_t last = -1;
-    int64_t minorSteps = 0;  // along the shorter coordinate up to the first
-  };
-  Span SpanInside(const Course& major, const Course& minor, bool steep) const;
-
-  bool IsInside(Pixel p) const {
-    return static_cast<uint32_t>(p.x) < static_cast<uint32_t>(image_.width) &&
-           static_cast<uint32_t>(p.y) < static_cast<uint32_t>(image_.height);
+  Spot ToImage(Pixel p) const { return {int64_t{p.x} - origin_.x, int64_t{p.y} - origin_.y}; }
+  bool IsInside(Spot p) const {
+    return static_cast<uint64_t>(p.x) < static_cast<uint64_t>(image_.width) &&
+           static_cast<uint64_t>(p.y) < static_cast<uint64_t>(image_.height);
   }
-  Pixel ToImage(Pixel point) const;
+
+  // How a line runs: along its longer coordinate with each pixel, along the shorter one now and
+  // then.
+  struct Steps {
+    int64_t offset;        // of its start in the image
+    int64_t major, minor;  // what a step along either adds to the offset
+    int64_t length;        // steps along the longer coordinate
+    int64_t minorLength;   // and along the shorter one
+  };
+  struct Range {
+    int64_t first, last;
+  };
+  // The distances from a start at which a coordinate lies in the image.
+  static Range Inside(int64_t start, int64_t difference, int64_t size);
+
   template <bool dashed>
-  void DrawLine(Pixel from, Pixel to);
+  [[gnu::noinline]] void DrawLine(Spot from, Spot to);  // inline it would burden the short lines
+  template <bool dashed>
+  void DrawClipped(const Steps& steps, Range majorInside, Range minorInside);
+  template <bool dashed>
+  void DrawPixels(const Steps& steps, int64_t first, int64_t last);
 
   Image image_;
   Pixel origin_;
@@ -78,7 +81,7 @@ class RasterDevice final : public DrawingDevice {
   uint32_t colour_ = 0xFF000000;
   bool dashed_ = false;
   int64_t dashPhase_ = 0;  // pixels drawn with the dashed pen since the last move
-  Pixel position_;         // in the image
+  Spot position_;          // in the image
   std::vector<PlacedText> texts_;
 };
 

@@ -7,6 +7,7 @@
 
 #include "model/block_store.h"
 #include "model/path.h"
+#include "platform/numbers.h"
 #include "platform/user_interface.h"
 #include "view/pixel.h"
 
@@ -52,22 +53,26 @@ inline Projected ProjectToPlane(const ViewTransform& view, const Vec3& point) {
           (ky * view.cosZ - a * view.sinZ) * view.cosX + b * view.sinX};
 }
 
-// A pixel coordinate from a real one: truncated towards zero, held at the ends of the range. What
-// is no number is held at the upper end, so that it lies outside every drawing and not at its
-// centre.
-inline int32_t PixelCoordinate(double value) {
-  if (!(value < 2147483647.0)) return INT32_MAX;
-  if (value < -2147483648.0) return INT32_MIN;
-  return static_cast<int32_t>(value);
+// The same in pixels, not yet whole ones. Lifts a viewScale below 0.00001 to that value for good.
+struct ProjectedPixels {
+  double x, y;
+};
+
+inline ProjectedPixels ProjectToPixels(ViewTransform* view, const Vec3& point) {
+  constexpr float kSmallestScale = 0.00001F;
+  if (view->viewScale < kSmallestScale) view->viewScale = kSmallestScale;
+  const Projected plane = ProjectToPlane(*view, point);
+  return {(plane.u - static_cast<double>(view->panX)) * view->viewScale,
+          (plane.v - view->panY) * view->viewScale};
 }
 
-// Pixel offset of a world point from the centre of the drawing area. Lifts a viewScale below
-// 0.00001 to that value for good.
+// Pixel offset of a world point from the centre of the drawing area, truncated towards zero. What
+// lies beyond 32 bits is held there; what is no number is held at the upper end, so that it lies
+// outside every drawing and not at its centre.
 inline Pixel Project(ViewTransform* view, const Vec3& point) {
-  if (view->viewScale < 0.00001) view->viewScale = 0.00001F;
-  const Projected plane = ProjectToPlane(*view, point);
-  return {PixelCoordinate((plane.u - static_cast<double>(view->panX)) * view->viewScale),
-          PixelCoordinate((plane.v - view->panY) * view->viewScale)};
+  const auto whole = [](double value) { return value == value ? TruncateToInt(value) : INT32_MAX; };
+  const ProjectedPixels pixels = ProjectToPixels(view, point);
+  return {whole(pixels.x), whole(pixels.y)};
 }
 
 // Sets the angles of a fixed view, 1 to 7 (top, front, right, four isometric ones), and repaints.
