@@ -39,9 +39,12 @@ void RasterDevice::FillRectangle(int32_t left, int32_t top, int32_t right, int32
   const ptrdiff_t x2 = clamp(int64_t{right} - origin_.x, image_.width);
   const ptrdiff_t y1 = clamp(int64_t{top} - origin_.y, image_.height);
   const ptrdiff_t y2 = clamp(int64_t{bottom} - origin_.y, image_.height);
-  for (ptrdiff_t y = y1; y < y2; ++y) {
-    uint32_t* row = image_.pixels + y * image_.stride;
-    if (x1 < x2) std::fill(row + x1, row + x2, kOpaque | colour);
+  if (x1 >= x2 || y1 >= y2) return;
+  // Rows are copied from the first: that goes several times faster than filling each.
+  uint32_t* const first = image_.pixels + y1 * image_.stride + x1;
+  std::fill(first, first + (x2 - x1), kOpaque | colour);
+  for (ptrdiff_t y = y1 + 1; y < y2; ++y) {
+    std::copy(first, first + (x2 - x1), first + (y - y1) * image_.stride);
   }
 }
 
@@ -50,12 +53,14 @@ Pen RasterDevice::SelectPen(Pen pen) {
   colour_ = kOpaque | style.colour;
   dashed_ = style.dashed;
   dashPhase_ = 0;
+  startIsDrawn_ = false;
   return std::exchange(pen_, pen);
 }
 
 void RasterDevice::MoveTo(Pixel point) {
   position_ = ToImage(point);
   dashPhase_ = 0;
+  startIsDrawn_ = false;
 }
 
 void RasterDevice::LineTo(Pixel point) {
@@ -69,12 +74,15 @@ void RasterDevice::LineTo(Pixel point) {
   const int64_t dy = to.y - from.y;
   const auto isShort = [](int64_t d) { return static_cast<uint64_t>(d + 2) <= 4; };
   if (isShort(dx) && isShort(dy) && IsInside(from) && IsInside(to)) {
-    // Most moves of a whole program are that short. These are the pixels of DrawLine, some of them
-    // more than once, at a cost that does not depend on their number.
-    const auto half = [](int64_t d) { return d - d / 2; };
+    // Most moves of a whole program are that short. These are the pixels of DrawLine, the last one
+    // perhaps twice, at a cost that does not depend on their number.
+    const auto half = [](int64_t d) { return (d + (d > 0 ? 1 : 0)) >> 1; };
     uint32_t* const pixel = image_.pixels + from.y * image_.stride + from.x;
     const uint32_t colour = colour_;
-    pixel[0] = colour;
+    if (!startIsDrawn_) {
+      pixel[0] = colour;
+      startIsDrawn_ = true;
+    }
     pixel[half(dy) * image_.stride + half(dx)] = colour;
     pixel[dy * image_.stride + dx] = colour;
     return;
@@ -140,13 +148,14 @@ void RasterDevice::DrawLine(Spot from, Spot to) {
   const Steps steps = steep ? Steps{offset, yStep, xStep, std::abs(dy), std::abs(dx)}
                             : Steps{offset, xStep, yStep, std::abs(dx), std::abs(dy)};
   if (isInside) {
-    DrawPixels<dashed>(steps, 0, steps.length);
+    DrawPixels<dashed>(steps, startIsDrawn_ ? 1 : 0, steps.length);
   } else {
     const Range xInside = Inside(from.x, dx, image_.width);
     const Range yInside = Inside(from.y, dy, image_.height);
     DrawClipped<dashed>(steps, steep ? yInside : xInside, steep ? xInside : yInside);
   }
   dashPhase_ += steps.length;
+  startIsDrawn_ = true;
 }
 
 }  // namespace tvx

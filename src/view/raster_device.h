@@ -80,8 +80,9 @@ class RasterDevice final : public DrawingDevice {
   Pen pen_ = penDefault;
   uint32_t colour_ = 0xFF000000;
   bool dashed_ = false;
-  int64_t dashPhase_ = 0;  // pixels drawn with the dashed pen since the last move
-  Spot position_;          // in the image
+  int64_t dashPhase_ = 0;      // pixels drawn with the dashed pen since the last move
+  bool startIsDrawn_ = false;  // the position already has the colour of the pen
+  Spot position_;              // in the image
   std::vector<PlacedText> texts_;
 };
 
