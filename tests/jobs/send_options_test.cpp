@@ -53,6 +53,13 @@ TEST_F(SendOptions, FirstOpeningTakesTheSourceOver) {
             "  최대피드  1000\r\n  접근피드  1000\r\n");
 }
 
+// The product is rounded to single precision before the fraction goes: 1000 x 0.7 is 700.
+TEST_F(SendOptions, LowestFeedIsRoundedAsAFloat) {
+  source.CornerMaxRatio = 0.7F;
+  dialog.Open(&source);
+  EXPECT_EQ(dialog.minFeedText, "700");
+}
+
 TEST_F(SendOptions, EditsMoveTheRatios) {
   dialog.Open(&source);
   const struct {
