@@ -41,6 +41,22 @@ QMessageBox::StandardButtons ButtonsOf(MessageButtons buttons) {
   return QMessageBox::Ok;
 }
 
+// A preset name such as "c:\\marlo\\afa\\*.afa" in its two parts; a name alone has no directory.
+std::string DirectoryOf(const std::string& preset) {
+  return preset.substr(0, preset.find_last_of("\\/") + 1);
+}
+std::string NameOf(const std::string& preset) {
+  return preset.substr(preset.find_last_of("\\/") + 1);
+}
+
+// A mask shows the files that match it; the old one of names without an ending means any file.
+bool IsMask(const std::string& name) {
+  return name.find('*') != std::string::npos;
+}
+bool IsFilter(const std::string& name) {
+  return IsMask(name) && name.back() != '.';
+}
+
 }  // namespace
 
 bool QtUserInterface::ShowMessage(const Message& message) {
@@ -55,9 +71,12 @@ bool QtUserInterface::RunModal(Dialog* dialog) {
   return face != nullptr && face->exec() == QDialog::Accepted;
 }
 
+// The preset name may be a directory, or hold one.
 QString QtUserInterface::StartDirectory(const FileQuestion& question) const {
-  const std::string directory =
-      question.directory.empty() ? files_->CurrentDirectory() : question.directory;
+  const std::string& name = question.fileName;
+  std::string directory = question.directory;
+  if (directory.empty()) directory = files_->IsDirectory(name) ? name : DirectoryOf(name);
+  if (!files_->IsDirectory(directory)) directory = files_->CurrentDirectory();
   const std::optional<std::filesystem::path> host = drives_->ToHost(directory);
   return host.has_value() ? ToQt(host->string()) : QString();
 }
@@ -69,9 +88,11 @@ bool QtUserInterface::ChooseFile(const FileQuestion& question, std::string* path
   chooser.setFileMode(question.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
   // Whether an older file may be replaced is for the command to ask, where it does.
   chooser.setOption(QFileDialog::DontConfirmOverwrite);
+  const std::string name = NameOf(question.fileName);
   if (!question.filter.empty()) chooser.setNameFilter(ToQtFilter(question.filter));
-  // A mask as the preset name would only stand in the way here: the filter shows it.
-  if (!ToQt(question.fileName).contains('*')) chooser.selectFile(ToQt(question.fileName));
+  if (question.filter.empty() && IsFilter(name)) chooser.setNameFilter(ToQt(name));
+  // Here a mask or a directory as the preset name would only stand in the way.
+  if (!IsMask(name) && !files_->IsDirectory(question.fileName)) chooser.selectFile(ToQt(name));
   if (question.defaultExtension != "*") chooser.setDefaultSuffix(ToQt(question.defaultExtension));
   if (chooser.exec() != QDialog::Accepted || chooser.selectedFiles().isEmpty()) return false;
 
