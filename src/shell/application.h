@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "feed/feed_pass.h"
 #include "jobs/send_options.h"
 #include "model/job_record.h"
 #include "model/parser.h"
@@ -36,6 +37,8 @@ class CTVXApp {
   std::array<JobRecord, 17> JobSlots;
   // Modal state of the parser: what one file leaves, the next one starts with, in any window.
   ParserStates parserStates;
+  // What one feed pass leaves for the next, in any window.
+  FeedPassMemory feedPassMemory;
   // The spindle speed, rev/min, that the job dialog opens with: that of the default condition file
   // until a job dialog is accepted.
   int32_t rememberedSpindle = 1000;

@@ -1,6 +1,7 @@
 #include "shell/view_operations.h"
 
 #include "feed/master_commands.h"
+#include "shell/cut_time_commands.h"
 #include "view/picture.h"
 
 namespace tvx {
@@ -54,6 +55,7 @@ const Operation kOperations[] = {
     {Action::kNothing, [](CTVXView*, int) {}},
     {Action::kLoad, &Load},
     {Action::kWritePicture, &MakePicture},
+    {Action::kSingleCutTime, [](CTVXView* view, int) { SingleCutTimeCommand(view); }},
     {Action::kMasterBuild, [](CTVXView* view, int) { MakeMasterCommand(MasterContextOf(view)); }},
     {Action::kMasterDelete,
      [](CTVXView* view, int) { DeleteMaster(&view->masterGrid, view->app->ui); }},
