@@ -171,21 +171,21 @@ void PathDrawing::DrawMove(uint32_t index, const MotionBlock& block) {
 // The feed may still step along the move because of its neighbours.
 void PathDrawing::DrawWithoutPortions(uint32_t index, const MotionBlock& block) {
   const Vec3 end = PointOf(block);
-  // Only a continuing move ramps, and only in a smooth drawing; the neighbours matter for nothing
-  // else.
-  if (smooth_ && block.type == BlockCut) {
+  if (smooth_) {
     PrevMove(store_, index);
     const MotionBlock previous = store_->CurrentBlock;
-    NextMove(store_, index);
-    // Without a further move this is whatever the register holds then.
-    const MotionBlock& next = store_->CurrentBlock;
-    const int32_t prevFeed = previous.tailPercent > 0 ? previous.tailFeed : previous.feed;
-    const int32_t nextFeed = next.headPercent > 0 ? next.headFeed : next.feed;
     Ramp ramp{PointOf(previous), end, block.feed, block.feed};
-    if (block.feed < kFeedStepFactor * nextFeed) {
-      ramp.toFeed = nextFeed;
-    } else if (block.feed < kFeedStepFactor * prevFeed) {
-      ramp.fromFeed = prevFeed;
+    if (block.type != BlockCutStart) {  // only a continuing move looks at its neighbours
+      NextMove(store_, index);
+      // Without a further move this is whatever the register holds then.
+      const MotionBlock& next = store_->CurrentBlock;
+      const int32_t prevFeed = previous.tailPercent > 0 ? previous.tailFeed : previous.feed;
+      const int32_t nextFeed = next.headPercent > 0 ? next.headFeed : next.feed;
+      if (block.feed < kFeedStepFactor * nextFeed) {
+        ramp.toFeed = nextFeed;
+      } else if (block.feed < kFeedStepFactor * prevFeed) {
+        ramp.fromFeed = prevFeed;
+      }
     }
     const auto [low, high] = std::minmax(ramp.fromFeed, ramp.toFeed);
     if (kFeedStepFactor * high > low) {

@@ -33,9 +33,8 @@ constexpr KeyRule kKeyRules[] = {
 // 360 itself is allowed to stand.
 int32_t Turned(int32_t angle, int32_t degrees) {
   angle += degrees;
-  if (angle > 360) return angle - 360;
-  if (angle < 0) return angle + 360;
-  return angle;
+  if (degrees > 0) return angle > 360 ? angle - 360 : angle;
+  return angle < 0 ? angle + 360 : angle;
 }
 
 // Held in 32 bits.
