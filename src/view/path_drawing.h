@@ -94,7 +94,7 @@ class PathDrawing {
 
   // At this many chords, neighbouring values of the single-precision angle lie further apart than a
   // drawing area is wide.
-  static constexpr double kMostChords = 1e10;
+  static constexpr double kMostChords = 1e11;
 
  private:
   struct Ramp {
