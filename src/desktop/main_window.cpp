@@ -39,6 +39,8 @@ MainWindow::MainWindow(CTVXApp* app, const Drives* drives) : app_(app), drives_(
   resize(1100, 760);
   area_ = new QMdiArea(this);
   setCentralWidget(area_);
+  legend_ = new LegendDock(this);
+  addDockWidget(Qt::RightDockWidgetArea, legend_);
   BuildMenus();
   BuildToolBar();
   BuildStatusBar();
@@ -46,10 +48,10 @@ MainWindow::MainWindow(CTVXApp* app, const Drives* drives) : app_(app), drives_(
   connect(area_, &QMdiArea::subWindowActivated, this, [this] {
     ShowMenuOfState();
     ShowFileName();
+    ShowProgram();
   });
   ShowMenuOfState();
   ShowFileName();
-  qApp->installEventFilter(this);
 }
 
 ViewWidget* MainWindow::NewView() {
@@ -79,6 +81,7 @@ void MainWindow::LoadHostFile(const QString& path) {
 void MainWindow::LoadInto(ViewWidget* widget, const std::string& drivePath) {
   if (widget->HasBeenDrawn()) {
     LoadProgram(&widget->view(), drivePath);
+    ShowProgram();
     return;
   }
   // Only the first paint gives the drawing area its size, which the fit needs.
@@ -103,6 +106,7 @@ void MainWindow::RunCommand(int id) {
   const Command command = FindCommand(id);
   if (IsViewAction(command.action)) {
     RunViewAction(&ActiveView()->view(), command.action, command.argument);
+    ShowProgram();
     return;
   }
   switch (command.action) {
@@ -176,6 +180,14 @@ void MainWindow::AddRows(std::span<const MenuRow> rows, std::vector<QAction*>* m
 void MainWindow::BuildMenus() {
   AddRows(EmptyMenu(), &emptyMenus_);
   AddRows(WorkingMenu(), &workingMenus_);
+  // The legend is this program's own and has no command of the table.
+  for (QAction* const entry : menuActions_[59393]) {
+    const auto menus = entry->associatedObjects();
+    for (QObject* const menu : menus) {
+      if (auto* const place = qobject_cast<QMenu*>(menu))
+        place->addAction(legend_->toggleViewAction());
+    }
+  }
 }
 
 // The keys of the view come first: F6 is a view there and nothing in the frame.
@@ -243,6 +255,12 @@ void MainWindow::ShowFileName() {
   if (active != nullptr) active->parentWidget()->setWindowTitle(name.isEmpty() ? kTitle : name);
 }
 
+// The program or its feeds may have changed.
+void MainWindow::ShowProgram() {
+  ViewWidget* const active = ActiveView();
+  legend_->ShowProgram(active == nullptr ? nullptr : &active->view());
+}
+
 void MainWindow::ShowAbout() {
   QMessageBox box(this);
   box.setWindowTitle("About TVX");
@@ -272,10 +290,6 @@ void MainWindow::dropEvent(QDropEvent* event) {
   for (const QUrl& url : event->mimeData()->urls()) {
     if (url.isLocalFile()) LoadHostFile(url.toLocalFile());
   }
-}
-
-bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
-  return QMainWindow::eventFilter(watched, event);
 }
 
 }  // namespace tvx

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "desktop/legend_dock.h"
 #include "desktop/qt_user_interface.h"
 #include "desktop/view_widget.h"
 #include "shell/command_table.h"
@@ -43,7 +44,6 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
  protected:
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void LoadInto(ViewWidget* widget, const std::string& drivePath);
@@ -55,13 +55,14 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   void ShowKeyStates();
   void ShowMenuOfState();
   void ShowFileName();
+  void ShowProgram();
   void ShowAbout();
 
   CTVXApp* app_;
   const Drives* drives_;
   QMdiArea* area_;
   QToolBar* toolBar_ = nullptr;
-  std::map<int, QAction*> keyActions_;  // one for each command that has a key
+  LegendDock* legend_;
   std::vector<QAction*> emptyMenus_;    // menus of the bar while no view is open
   std::vector<QAction*> workingMenus_;  // and with a view
   std::map<int, std::vector<QAction*>> menuActions_;

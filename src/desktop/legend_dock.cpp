@@ -1,0 +1,117 @@
+#include "desktop/legend_dock.h"
+
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QPixmap>
+#include <QVBoxLayout>
+#include <cmath>
+
+#include "desktop/qt_text.h"
+#include "model/path.h"
+#include "platform/format.h"
+#include "stats/cut_time.h"
+
+namespace tvx {
+
+namespace {
+
+// A line of the pen on the black of the picture, so that white can be told on a light desktop.
+QPixmap Swatch(Pen pen, double ratio) {
+  constexpr int kWidth = 44;
+  constexpr int kHeight = 16;
+  QPixmap pixmap(QSize(kWidth, kHeight) * ratio);
+  pixmap.setDevicePixelRatio(ratio);
+  pixmap.fill(Qt::black);
+  QPainter painter(&pixmap);
+  const PenStyle& style = StyleOf(pen);
+  painter.setPen(
+      QPen(QColor::fromRgb(style.colour), 3, style.dashed ? Qt::DashLine : Qt::SolidLine));
+  painter.drawLine(QPointF(4, kHeight / 2.0), QPointF(kWidth - 4, kHeight / 2.0));
+  return pixmap;
+}
+
+QLabel* SwatchLabel(Pen pen, QWidget* parent) {
+  auto* const label = new QLabel(parent);
+  label->setPixmap(Swatch(pen, parent->devicePixelRatioF()));
+  return label;
+}
+
+QString ExtentText(const Vec3& low, const Vec3& high) {
+  if (low.x > high.x) return "-";
+  return ToQt(Format("X %.2f ~ %.2f\nY %.2f ~ %.2f\nZ %.2f ~ %.2f", low.x, high.x, low.y, high.y,
+                     low.z, high.z));
+}
+
+}  // namespace
+
+QString FeedRangeText(const FeedBand& band, bool isSlowest, int32_t FeedBase) {
+  if (FeedBase <= 0) return "-";
+  const auto lowest = isSlowest ? 0 : static_cast<int64_t>(std::floor(band.above * FeedBase)) + 1;
+  if (band.upTo > 1.0) return QString("%1 -").arg(lowest);
+  const auto highest = static_cast<int64_t>(std::floor(band.upTo * FeedBase));
+  return lowest > highest ? "-" : QString("%1 - %2").arg(lowest).arg(highest);
+}
+
+LegendDock::LegendDock(QWidget* parent) : QDockWidget("범례", parent) {
+  setObjectName("legend");
+  setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
+  auto* const body = new QWidget(this);
+  auto* const column = new QVBoxLayout(body);
+
+  auto* const colours = new QGridLayout;
+  colours->setColumnStretch(1, 1);
+  colours->addWidget(new QLabel("피드 (mm/min)", body), 0, 0, 1, 2);
+  for (int i = 0; i < kFeedBands; ++i) {
+    ranges_[static_cast<size_t>(i)] = new QLabel("-", body);
+    colours->addWidget(SwatchLabel(kScreenPalette.band[static_cast<size_t>(i)], body), i + 1, 0);
+    colours->addWidget(ranges_[static_cast<size_t>(i)], i + 1, 1);
+  }
+  colours->addWidget(SwatchLabel(penRapid, body), kFeedBands + 1, 0);
+  colours->addWidget(new QLabel("급속이송", body), kFeedBands + 1, 1);
+  column->addLayout(colours);
+
+  auto* const figures = new QFormLayout;
+  const auto figure = [&](const char* label) {
+    auto* const value = new QLabel("-", body);
+    value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    figures->addRow(label, value);
+    return value;
+  };
+  base_ = figure("기준피드");
+  blocks_ = figure("블록");
+  extents_ = figure("범위 (mm)");
+  cutTime_ = figure("절삭시간");
+  totalTime_ = figure("소요시간");
+  column->addLayout(figures);
+  column->addStretch(1);
+  // Wide enough for any figures, so that a load does not change the width of the picture.
+  body->setMinimumWidth(fontMetrics().horizontalAdvance("범위 (mm)  X -10000.00 ~ 10000.00  ") +
+                        24);
+  setWidget(body);
+}
+
+void LegendDock::ShowProgram(CTVXView* view) {
+  const int32_t base = view == nullptr ? 0 : view->program.FeedBase;
+  const auto bands = FeedBands();
+  for (size_t i = 0; i < ranges_.size(); ++i) {
+    ranges_[i]->setText(FeedRangeText(bands[i], i + 1 == ranges_.size(), base));
+  }
+  base_->setText(base > 0 ? ToQt(Format("%d", base)) : "-");
+  const bool empty = view == nullptr || view->program.store.blockCount == 0;
+  for (QLabel* const label : {blocks_, extents_, cutTime_, totalTime_}) label->setText("-");
+  if (empty) return;
+
+  BlockStore* const store = &view->program.store;
+  Vec3 low, high;
+  PathExtents(store, &low, &high);
+  CutTimeEntry figures;
+  ComputeCutTime(store, view->job, &figures);
+  blocks_->setText(ToQt(Format("%u", store->blockCount)));
+  extents_->setText(ExtentText(low, high));
+  cutTime_->setText(ToQt(Format("%.1f min", figures.cutMinutes)));
+  totalTime_->setText(ToQt(Format("%.1f min", figures.totalMinutes)));
+}
+
+}  // namespace tvx
