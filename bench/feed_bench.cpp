@@ -1,0 +1,96 @@
+// The feed pass on one path at several densities. A walk block by block to the look distance would
+// cost a hundred times more at 0.01 mm than at 1 mm, and never end where the path does not get
+// away; the cost per block has to stay flat. The paths are measured in turn, and the ratio is that
+// to the raster at 0.1 mm of the same turn.
+#include <cmath>
+#include <cstdio>
+#include <memory>
+
+#include "feed/feed_pass.h"
+#include "measuring.h"
+#include "workspace.h"
+
+namespace tvx::bench {
+
+namespace {
+
+struct MeasuredPath {
+  std::string name;
+  std::unique_ptr<LoadedProgram> loaded = std::make_unique<LoadedProgram>();
+  std::vector<double> seconds = {};
+  std::vector<double> ratios = {};
+};
+
+double ToThreeDecimals(double value) {
+  return std::round(value * 1000.0) / 1000.0;
+}
+
+// Turns on one spot: with a radius of 2 mm no point is the default look distance away from another.
+void FillHelix(BlockStore* store, uint64_t blocks, double radius, double spacing) {
+  store->blockCount = 0;
+  store->CurrentBlock = MotionBlock();
+  store->CurrentBlock.type = BlockRapidStart;
+  for (uint64_t i = 0; i < blocks; ++i) {
+    const double angle = static_cast<double>(i) * spacing / radius;
+    store->CurrentBlock.x = static_cast<float>(ToThreeDecimals(radius * std::cos(angle)));
+    store->CurrentBlock.y = static_cast<float>(ToThreeDecimals(radius * std::sin(angle)));
+    Require(store->WriteBlock(store->blockCount++) == 1, "no memory for the path");
+    store->CurrentBlock.type = BlockCut;
+  }
+}
+
+std::vector<MeasuredPath> MakePaths(uint64_t blocks, const Workspace& workspace) {
+  std::vector<MeasuredPath> paths;
+  const auto addFile = [&](const char* name, ProgramKind kind, double spacing) {
+    paths.push_back({name});
+    const std::string file = workspace.Put({.kind = kind, .lines = blocks, .spacing = spacing});
+    paths.back().loaded->Load(file, kind, workspace.HostFiles());
+  };
+  addFile("raster 0.1 mm", ProgramKind::kRaster, 0.1);  // what the others are compared with
+  addFile("raster 1 mm", ProgramKind::kRaster, 1.0);
+  addFile("raster 0.01 mm", ProgramKind::kRaster, 0.01);
+  addFile("arcs 0.1 mm", ProgramKind::kArcs, 0.1);
+  for (const double spacing : {0.1, 0.01}) {
+    paths.push_back({"helix of 4 mm, " + Fixed(spacing, 2) + " mm"});
+    FillHelix(&paths.back().loaded->program.store, blocks, 2.0, spacing);
+  }
+  return paths;
+}
+
+void MeasurePass(MeasuredPath* path) {
+  FeedPassMemory memory;
+  NcProgram* const program = &path->loaded->program;
+  const double seconds = Seconds([&] { FeedPass(program, path->loaded->job, nullptr, &memory); });
+  path->seconds.push_back(seconds / program->store.blockCount);
+}
+
+void MeasureSize(uint64_t blocks, int repetitions, const Table& table, const Workspace& workspace) {
+  std::vector<MeasuredPath> paths = MakePaths(blocks, workspace);
+  for (int i = 0; i < repetitions; ++i) {
+    for (MeasuredPath& path : paths) MeasurePass(&path);
+    for (MeasuredPath& path : paths) {
+      path.ratios.push_back(path.seconds.back() / paths.front().seconds.back());
+    }
+  }
+  for (const MeasuredPath& path : paths) {
+    table.Row({path.name, Grouped(path.loaded->program.store.blockCount),
+               Fixed(Median(path.seconds) * 1e9, 0), Fixed(Median(path.ratios), 2)});
+  }
+}
+
+}  // namespace
+
+}  // namespace tvx::bench
+
+int main(int argc, char** argv) {
+  using namespace tvx::bench;
+  const BenchOptions options = ReadBenchOptions(argc, argv);
+  std::printf(
+      "Feed pass with the default parameters, times in ns. Ratio = path / raster 0.1 mm.\n");
+  const Table table({"path                   ", "blocks", "pass/block", "ratio"});
+  const Workspace workspace;
+  for (const uint64_t blocks : options.sizes) {
+    MeasureSize(blocks, options.repetitions, table, workspace);
+  }
+  return 0;
+}
