@@ -45,8 +45,8 @@ float LevelledElevation(const Vec3& unit) {
   return std::fabs(static_cast<double>(unit.z)) < kLevelRise ? 0 : Elevation(unit);
 }
 
-void UpdateHeading(float length, const Vec3& unit, float* heading) {
-  if (length >= kLeastHeadingLength) *heading = Heading(unit);
+bool HasHeading(const Difference& difference) {
+  return difference.length >= kLeastHeadingLength;
 }
 
 bool HasPlanPart(const Vec3& unit) {
@@ -68,27 +68,42 @@ float ArcRadius(BlockStore* store, uint32_t arc) {
 
 CornerSearch::CornerSearch(BlockStore* store, const PathIndex& path, const JobRecord& job,
                            CornerHeadings* headings)
-    : store_(store), path_(path), job_(job), headings_(headings) {}
+    : store_(store),
+      path_(path),
+      job_(job),
+      headings_(headings),
+      straightCosine_(SurelyStraightCosine(job.CornerMinAngle)) {}
+
+void CornerSearch::Measure(const Vec3& start, const Vec3& end, Stretch* stretch) {
+  stretch->unit = {};
+  DiffVectors(end, start, &stretch->difference, &stretch->unit);
+  if (HasHeading(stretch->difference)) stretch->heading = Heading(stretch->unit);
+}
 
 // False if no move follows, so that there is no corner.
 bool CornerSearch::StandOn(uint32_t i) {
   if (corner_.i == i) return corner_.next != PathIndex::kNoMove;
   forward_.known = backward_.known = false;
-  corner_ = Corner{};
+  // Most corners are the next one of the last.
+  const bool follows = corner_.next == i;
+  if (follows) corner_.arrival = corner_.departure;
   corner_.i = i;
   corner_.next = path_.NextMove(i);
   if (corner_.next == PathIndex::kNoMove) return false;
   corner_.previous = path_.PrevMove(i);
   corner_.point = path_.Point(i);
-  path_.Vector(corner_.next, i, &corner_.departure.difference, &corner_.departure.unit);
-  path_.Vector(i, corner_.previous, &corner_.arrival.difference, &corner_.arrival.unit);
+  Measure(corner_.point, path_.Point(corner_.next), &corner_.departure);
+  if (corner_.previous == i) {
+    corner_.arrival = Stretch{};
+  } else if (!follows) {
+    Measure(path_.Point(corner_.previous), corner_.point, &corner_.arrival);
+  }
   return true;
 }
 
 const CornerSearch::Side& CornerSearch::Look(Direction direction, float distance) {
   Side* side = direction == Direction::Forward ? &forward_ : &backward_;
   if (side->known && side->distance == distance) return *side;
-  *side = Side{};
   side->known = true;
   side->distance = distance;
   if (direction == Direction::Forward) {
@@ -183,11 +198,12 @@ void CornerSearch::FindPoint(Direction direction, Side* side) const {
     segment = (forward ? corner_.departure : corner_.arrival).difference;
   } else {
     const uint32_t near = forward ? path_.PrevMove(side->block) : path_.NextMove(side->block);
-    Vec3 unit;
-    path_.Vector(forward ? side->block : near, forward ? near : side->block, &segment, &unit);
-    Difference toStart;
-    path_.Vector(corner_.i, near, &toStart, &unit);
     start = path_.Point(near);
+    const Vec3 end = path_.Point(side->block);
+    Vec3 unit;
+    DiffVectors(forward ? end : start, forward ? start : end, &segment, &unit);
+    Difference toStart;
+    DiffVectors(corner_.point, start, &toStart, &unit);
     startLength = toStart.length;
   }
   side->hasPoint = segment.length != 0;
@@ -200,17 +216,18 @@ void CornerSearch::FindPoint(Direction direction, Side* side) const {
   };
   const Vec3 point = {along(start.x, segment.dx), along(start.y, segment.dy),
                       along(start.z, segment.dz)};
-  if (forward) {
-    DiffVectors(point, corner_.point, &side->far.difference, &side->far.unit);
-  } else {
-    DiffVectors(corner_.point, point, &side->far.difference, &side->far.unit);
-  }
+  Measure(forward ? corner_.point : point, forward ? point : corner_.point, &side->far);
+}
+
+// A stretch too short for a heading leaves the last one.
+void CornerSearch::TakeHeading(const Stretch& stretch, float* heading) {
+  if (HasHeading(stretch.difference)) *heading = stretch.heading;
 }
 
 // The turn between the two moves that meet at the corner. Updates the headings.
 float CornerSearch::NearAngle() {
-  UpdateHeading(corner_.departure.difference.length, corner_.departure.unit, &headings_->forward);
-  UpdateHeading(corner_.arrival.difference.length, corner_.arrival.unit, &headings_->backward);
+  TakeHeading(corner_.departure, &headings_->forward);
+  TakeHeading(corner_.arrival, &headings_->backward);
   return PlanTurn(*headings_, corner_.arrival.unit);
 }
 
@@ -283,11 +300,11 @@ int CornerSearch::XyCornerSearch(uint32_t i) {
 
   const Side& forward = Look(Direction::Forward, distance);
   if (!forward.ended || !HasPlanPart(forward.unit) || !forward.hasPoint) return 0;
-  UpdateHeading(forward.far.difference.length, forward.far.unit, &headings_->forward);
+  TakeHeading(forward.far, &headings_->forward);
 
   const Side& backward = Look(Direction::Backward, distance);
   if (!backward.ended || !HasPlanPart(backward.unit) || !backward.hasPoint) return 0;
-  UpdateHeading(backward.far.difference.length, backward.far.unit, &headings_->backward);
+  TakeHeading(backward.far, &headings_->backward);
 
   const float turn = std::max(nearAngle, PlanTurn(*headings_, backward.far.unit));
   const float angle = ArcAngle(forward.block, turn);
@@ -308,6 +325,7 @@ int CornerSearch::ZCornerSearch(uint32_t i) {
 
   const Vec3& departure = forward.far.unit;
   const Vec3& arrival = backward.far.unit;
+  if (Cosine(departure, arrival) >= straightCosine_) return 0;
   // Without ConCorChk a corner counts only where the path turns upward.
   if (job_.ConCorChk != 1 && departure.z - arrival.z <= 0) return 0;
   const float angle = UnsignedTurn(LevelledElevation(departure), LevelledElevation(arrival));

@@ -43,7 +43,8 @@ class CornerSearch {
   // A straight line between two places of the path, in the direction of travel.
   struct Stretch {
     Difference difference;
-    Vec3 unit;  // (0, 0, 0) without a length
+    Vec3 unit;          // (0, 0, 0) without a length
+    float heading = 0;  // degrees in plan view, where the length is enough to have one
   };
 
   // The end point of move i and the moves that meet there.
@@ -71,6 +72,7 @@ class CornerSearch {
   enum class Direction { Forward, Backward };
   enum class Collapse { Always, WhenLowered };
 
+  static void Measure(const Vec3& start, const Vec3& end, Stretch* stretch);
   bool StandOn(uint32_t i);
   const Side& Look(Direction direction, float distance);
   void WalkForward(Side* side) const;
@@ -80,6 +82,7 @@ class CornerSearch {
   void ReachBeforeRapid(Direction direction, uint32_t block, uint32_t lastAway, Side* side) const;
   void FindPoint(Direction direction, Side* side) const;
 
+  static void TakeHeading(const Stretch& stretch, float* heading);
   float NearAngle();
   float ArcAngle(uint32_t walkEnd, float angle);
   int32_t CornerFeed(float angle) const;
@@ -91,6 +94,7 @@ class CornerSearch {
   const PathIndex& path_;
   const JobRecord& job_;
   CornerHeadings* headings_;
+  double straightCosine_;  // directions with at least this cosine make no corner of the Z profile
   Corner corner_;
   Side forward_, backward_;
 };

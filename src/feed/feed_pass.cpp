@@ -66,15 +66,15 @@ int32_t SlopeFeed(const JobRecord& job, const MotionBlock& block, const Vec3& un
 }
 
 // A move without length ends the rule for the rest of its batch.
-void SlowSlopes(BlockStore* store, Batch batch, const JobRecord& job) {
+void SlowSlopes(BlockStore* store, const PathIndex& path, Batch batch, const JobRecord& job) {
+  const double flatRise = SurelyFlatRise(job.SlopeMinAngle);
   for (uint32_t i = batch.first; i < batch.end; ++i) {
-    if (IsCutBlock(store, i) == 0) continue;
+    if (!IsCutType(path.Block(i).type)) continue;
     Difference difference;
     Vec3 unit;
-    if (BlockVector(store, i, PrevMove(store, i), &difference, &unit) == 0) return;
-    if (difference.length <= kLeastSlope || std::fabs(static_cast<double>(unit.z)) <= kLeastSlope) {
-      continue;
-    }
+    if (path.Vector(i, path.PrevMove(i), &difference, &unit) == 0) return;
+    const double rise = std::fabs(static_cast<double>(unit.z));
+    if (difference.length <= kLeastSlope || rise <= kLeastSlope || rise <= flatRise) continue;
     const float angle = SlopeAngle(unit);
     if (!(angle > job.SlopeMinAngle)) continue;
     store->ReadBlock(i);
@@ -84,21 +84,20 @@ void SlowSlopes(BlockStore* store, Batch batch, const JobRecord& job) {
   }
 }
 
-void SearchCorners(BlockStore* store, Batch batch, CornerSearch* search) {
+void SearchCorners(const PathIndex& path, Batch batch, CornerSearch* search) {
   for (uint32_t i = batch.first; i < batch.end; ++i) {
-    if (IsMoveBlock(store, i) == 0) continue;
-    const uint32_t type = store->CurrentBlock.type;
-    if (IsRapidType(type)) continue;
-    search->XyCornerSearch(i);
+    const uint32_t type = path.Block(i).type;
+    if (IsCutType(type) || IsArcType(type)) search->XyCornerSearch(i);
     if (IsCutType(type)) search->ZCornerSearch(i);
   }
 }
 
 // An arc runs at one feed, the lowest of those it was given.
-void FlattenArcs(BlockStore* store, Batch batch) {
+void FlattenArcs(BlockStore* store, const PathIndex& path, Batch batch) {
   MotionBlock* block = &store->CurrentBlock;
   for (uint32_t i = batch.first; i < batch.end; ++i) {
-    if (IsMoveBlock(store, i) == 0 || !IsArcType(block->type)) continue;
+    if (!IsArcType(path.Block(i).type)) continue;
+    store->ReadBlock(i);
     for (const int32_t zoneFeed : {block->headFeed, block->tailFeed}) {
       if (0 < zoneFeed && zoneFeed < block->feed) block->feed = zoneFeed;
     }
@@ -118,16 +117,16 @@ void FeedPass(NcProgram* program, const JobRecord& job, const MasterGrid* master
 
   const PathIndex path(store);
   CornerSearch search(store, path, job, &memory->headings);
-  for (Batch batch{0, 0}; batch.end < store->blockCount; batch.first = batch.end) {
-    batch.end = std::min(batch.first + kBatchBlocks, store->blockCount);
+  for (Batch batch{0, 0}; batch.end < path.BlockCount(); batch.first = batch.end) {
+    batch.end = std::min(batch.first + kBatchBlocks, path.BlockCount());
     ResetFeeds(store, batch, job.MaxFeed);
-    SlowSlopes(store, batch, job);
+    SlowSlopes(store, path, batch, job);
     if (job.AfaByMaster == 1) {
       MasterSubPass(store, job, master != nullptr ? *master : kNoMaster, batch.first, batch.end,
                     &memory->LastNextBlock);
     }
-    SearchCorners(store, batch, &search);
-    FlattenArcs(store, batch);
+    SearchCorners(path, batch, &search);
+    FlattenArcs(store, path, batch);
   }
 }
 

@@ -38,7 +38,9 @@ class PathIndex {
   uint32_t FirstAway(uint32_t first, const Vec3& point, float distance, Rapids rapids) const;
   uint32_t LastAway(uint32_t last, const Vec3& point, float distance, Rapids rapids) const;
 
-  // The stored block, below blockCount.
+  // The blocks that can be read: all, or all but one where memory for the last one ran out.
+  uint32_t BlockCount() const { return count_; }
+  // The stored block, below BlockCount.
   const MotionBlock& Block(uint32_t i) const { return *store_->Peek(i); }
   Vec3 Point(uint32_t i) const;
   // BlockVector without the register.
@@ -82,7 +84,7 @@ class PathIndex {
   uint32_t ScanBackward(uint32_t last, uint32_t begin, Hit hit) const;
 
   const BlockStore* store_;
-  uint32_t count_ = 0;  // blocks that can be read
+  uint32_t count_ = 0;
   std::vector<std::vector<Bounds>> levels_;
 };
 

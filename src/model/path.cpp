@@ -91,15 +91,6 @@ int BlockVector(BlockStore* store, uint32_t i, uint32_t j, Difference* differenc
   return DiffVectors(a, b, difference, unit);
 }
 
-int DiffVectors(const Vec3& a, const Vec3& b, Difference* difference, Vec3* unit) {
-  *difference = Subtract(a, b);
-  if (difference->length == 0) return 0;
-  unit->x = difference->dx / difference->length;
-  unit->y = difference->dy / difference->length;
-  unit->z = difference->dz / difference->length;
-  return 1;
-}
-
 float Angle(float a, float b) {
   const float a1 = static_cast<float>(a * 100.0);
   const float b1 = static_cast<float>(b * 100.0);
