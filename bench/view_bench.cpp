@@ -2,6 +2,7 @@
 // general painter that is handed the same runs of points ready-made, and the picture files.
 #include <sys/resource.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <vector>
 
@@ -151,8 +152,8 @@ double PictureSeconds(BenchScene* bench, Device* device) {
 }
 
 double MedianOf(int repetitions, const std::function<double()>& seconds) {
-  std::vector<double> values;
-  for (int i = 0; i < repetitions; ++i) values.push_back(seconds());
+  std::vector<double> values(static_cast<size_t>(repetitions));
+  std::generate(values.begin(), values.end(), seconds);
   return Median(std::move(values));
 }
 

@@ -58,14 +58,15 @@ Pen RasterDevice::SelectPen(Pen pen) {
 }
 
 void RasterDevice::MoveTo(Pixel point) {
-  position_ = ToImage(point);
+  position_ = point;
   dashPhase_ = 0;
   startIsDrawn_ = false;
 }
 
 void RasterDevice::LineTo(Pixel point) {
-  const Spot from = position_;
-  const Spot to = position_ = ToImage(point);
+  const Spot from = ToImage(position_);
+  const Spot to = ToImage(point);
+  position_ = point;
   if (dashed_) {
     DrawLine<true>(from, to);
     return;

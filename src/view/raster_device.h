@@ -29,8 +29,7 @@ class RasterDevice final : public DrawingDevice {
 
   // `origin` is the logical coordinate of the image's first pixel. The image has to outlive the
   // device.
-  RasterDevice(const Image& image, Pixel origin)
-      : image_(image), origin_(origin), position_(ToImage({0, 0})) {}
+  RasterDevice(const Image& image, Pixel origin) : image_(image), origin_(origin) {}
 
   void FillRectangle(int32_t left, int32_t top, int32_t right, int32_t bottom,
                      Colour colour) override;
@@ -82,7 +81,7 @@ class RasterDevice final : public DrawingDevice {
   bool dashed_ = false;
   int64_t dashPhase_ = 0;      // pixels drawn with the dashed pen since the last move
   bool startIsDrawn_ = false;  // the position already has the colour of the pen
-  Spot position_;              // in the image
+  Pixel position_;             // logical
   std::vector<PlacedText> texts_;
 };
 
