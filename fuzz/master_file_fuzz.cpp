@@ -1,0 +1,91 @@
+// The reader of master model files, and what the program does with a model that it took: look it
+// up, show it, run over it, and write it again.
+
+#include "feed/master_file.h"
+#include "feed/master_pass.h"
+#include "feed/master_picture.h"
+#include "fuzz_world.h"
+#include "model/loader.h"
+
+namespace {
+
+using namespace tvx;
+
+// Keeps the one file that is written.
+class KeepingFiles : public FuzzFiles {
+ public:
+  using FuzzFiles::FuzzFiles;
+  std::unique_ptr<OutputFile> Create(const std::string&) override {
+    return std::make_unique<Output>(&written);
+  }
+  std::string written;
+
+ private:
+  class Output : public OutputFile {
+   public:
+    explicit Output(std::string* bytes) : bytes_(bytes) {}
+    bool Write(std::string_view bytes) override {
+      bytes_->append(bytes);
+      return true;
+    }
+    bool Patch(uint64_t, std::string_view) override { return false; }
+    bool Commit() override { return true; }
+
+   private:
+    std::string* bytes_;
+  };
+};
+
+// A model that was read is whole, and writing it gives the file back, but for the reserved bytes.
+void CheckFile(const MasterGrid& grid, std::string_view bytes, KeepingFiles* files, FuzzUi* ui) {
+  Require(grid.CellCount > 0 && grid.CellCount == grid.NX * grid.NY && grid.CellSize > 0);
+  Require(WriteMasterFile("c:\\fuzz.mma", grid, files, ui) == 1);
+  const std::string_view written = files->written;
+  Require(written.size() == bytes.size());
+  Require(written.substr(100, 44) == bytes.substr(100, 44));
+  Require(written.substr(148, 4) == bytes.substr(148, 4));
+  Require(written.substr(156) == bytes.substr(156));
+}
+
+// Around the middle of the grid and far from it, with and without the pyramid.
+void CheckLookups(MasterGrid* grid) {
+  const float size = grid->CellSize;
+  const float middleX = grid->OriginX + size * static_cast<float>(grid->NX / 2);
+  const float middleY = grid->OriginY + size * static_cast<float>(grid->NY / 2);
+  const float z = grid->Cells[static_cast<size_t>(grid->CellCount) / 2].z;
+  for (const float radius : {0.0F, size, 20 * size, 5.0F, 3e38F}) {
+    for (const Vec3& point : {Vec3{middleX, middleY, z - 1}, Vec3{middleX, middleY, z},
+                              Vec3{0, 0, -1e9F}, Vec3{-3e38F, 3e38F, 0}}) {
+      const auto lookup = [&] {
+        int32_t angle = 0;
+        MasterLookup(*grid, point, radius, &angle);
+        return angle;
+      };
+      IndexCells(grid);
+      const int32_t fast = lookup();
+      grid->Pyramid.levels.clear();
+      Require(lookup() == fast);
+    }
+  }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  const std::string_view bytes = AsText(data, size);
+  KeepingFiles files(bytes);
+  FuzzUi ui;
+  MasterGrid grid;
+  if (ReadMasterFile("c:\\fuzz.mma", &grid, &files, &ui) == 0) {
+    Require(grid.Cells.Empty() && grid.CellCount == 0);
+    return 0;
+  }
+  CheckFile(grid, bytes, &files, &ui);
+  CheckLookups(&grid);
+  NcProgram program;
+  int32_t RapidVisible = 1;
+  ShowMaster(grid, &program, &RapidVisible);
+  uint32_t lastNextBlock = 0;
+  MasterSubPass(&program.store, JobRecord(), grid, 0, program.store.blockCount, &lastNextBlock);
+  return 0;
+}
