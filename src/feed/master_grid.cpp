@@ -1,10 +1,12 @@
 #include "feed/master_grid.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
 #include <new>
+#include <utility>
 
 #include "platform/numbers.h"
 
@@ -16,12 +18,19 @@ namespace {
 // Only a path that leaves its part by far comes here, and it would hold up the whole machine.
 constexpr int64_t kMostCells = std::numeric_limits<int32_t>::max() / 14;
 
-// Smallest block of the pyramid, cells along a side.
-constexpr int32_t kSmallestBlock = 8;
+// Blocks of the pyramid's level 0 have 8 cells along a side, those of each further level join 4 by
+// 4 of the level below. Lookups divide by the side very often, so it is kept as a shift.
+constexpr int32_t kFan = 4;
+constexpr int SideShift(size_t level) {
+  return 3 + 2 * static_cast<int>(level);
+}
+constexpr int32_t Side(size_t level) {
+  return 1 << SideShift(level);
+}
 
 // Below this number of cells a square is visited as it is: the blocks would cost more than they
 // save.
-constexpr int64_t kSmallSquare = 256;
+constexpr int64_t kSmallSquare = 64;
 
 void* AllocateMemory(size_t bytes) {
   return std::malloc(bytes);
@@ -31,12 +40,12 @@ bool Empty(const CellRange& range) {
   return range.lastX < range.firstX || range.lastY < range.firstY;
 }
 
-CellRange Intersection(const CellRange& a, const CellRange& b) {
+inline CellRange Intersection(const CellRange& a, const CellRange& b) {
   return {std::max(a.firstX, b.firstX), std::min(a.lastX, b.lastX), std::max(a.firstY, b.firstY),
           std::min(a.lastY, b.lastY)};
 }
 
-bool Contains(const CellRange& outer, const CellRange& inner) {
+inline bool Contains(const CellRange& outer, const CellRange& inner) {
   return outer.firstX <= inner.firstX && inner.lastX <= outer.lastX &&
          outer.firstY <= inner.firstY && inner.lastY <= outer.lastY;
 }
@@ -46,48 +55,11 @@ CellRange VisitedCells(const MasterGrid& grid) {
   return {1, grid.NX - 1, 1, grid.NY - 1};
 }
 
-CellRange CellsOfBlock(const MasterGrid& grid, int32_t side, int32_t column, int32_t row) {
+inline CellRange CellsOfBlock(const MasterGrid& grid, size_t level, int32_t column, int32_t row) {
+  const int32_t side = Side(level);
   const int32_t firstX = 1 + column * side;
   const int32_t firstY = 1 + row * side;
   return Intersection({firstX, firstX + side - 1, firstY, firstY + side - 1}, VisitedCells(grid));
-}
-
-constexpr CellBlock kNoAnswer = {-std::numeric_limits<float>::infinity(),
-                                 -std::numeric_limits<float>::infinity(), 0};
-
-void Join(CellBlock* block, const CellBlock& other) {
-  block->highest = std::max(block->highest, other.highest);
-  if (other.steepest > block->steepest) {
-    block->steepest = other.steepest;
-    block->steepestZ = other.steepestZ;
-  } else if (other.steepest == block->steepest) {
-    block->steepestZ = std::max(block->steepestZ, other.steepestZ);
-  }
-}
-
-CellBlock SummaryOfCells(const MasterGrid& grid, const CellRange& cells) {
-  CellBlock block = kNoAnswer;
-  for (int32_t iy = cells.firstY; iy <= cells.lastY; ++iy) {
-    for (int32_t ix = cells.firstX; ix <= cells.lastX; ++ix) {
-      const MasterCell& cell = grid.At(ix, iy);
-      if (cell.angle > 0 && !std::isnan(cell.z)) Join(&block, {cell.z, cell.z, cell.angle});
-    }
-  }
-  return block;
-}
-
-CellPyramid::Level LevelOfCells(const MasterGrid& grid) {
-  CellPyramid::Level level = {.side = kSmallestBlock,
-                              .columns = (grid.NX - 2) / kSmallestBlock + 1,
-                              .rows = (grid.NY - 2) / kSmallestBlock + 1,
-                              .blocks = {}};
-  level.blocks.reserve(static_cast<size_t>(level.columns) * static_cast<size_t>(level.rows));
-  for (int32_t row = 0; row < level.rows; ++row) {
-    for (int32_t column = 0; column < level.columns; ++column) {
-      level.blocks.push_back(SummaryOfCells(grid, CellsOfBlock(grid, level.side, column, row)));
-    }
-  }
-  return level;
 }
 
 const CellBlock& BlockAt(const CellPyramid::Level& level, int32_t column, int32_t row) {
@@ -95,25 +67,78 @@ const CellBlock& BlockAt(const CellPyramid::Level& level, int32_t column, int32_
                       static_cast<size_t>(column)];
 }
 
-CellPyramid::Level LevelAbove(const CellPyramid::Level& below) {
-  CellPyramid::Level level = {.side = below.side * 2,
-                              .columns = (below.columns + 1) / 2,
-                              .rows = (below.rows + 1) / 2,
-                              .blocks = {}};
-  level.blocks.reserve(static_cast<size_t>(level.columns) * static_cast<size_t>(level.rows));
-  for (int32_t row = 0; row < level.rows; ++row) {
-    for (int32_t column = 0; column < level.columns; ++column) {
-      CellBlock block = kNoAnswer;
-      for (int32_t y = row * 2; y < std::min(row * 2 + 2, below.rows); ++y) {
-        for (int32_t x = column * 2; x < std::min(column * 2 + 2, below.columns); ++x) {
-          Join(&block, BlockAt(below, x, y));
+// Builds the pyramid of a grid.
+class PyramidBuilder {
+ public:
+  PyramidBuilder(const MasterGrid& grid, CellPyramid* pyramid) : grid_(grid), pyramid_(pyramid) {}
+
+  void Build() {
+    auto& levels = pyramid_->levels;
+    do {
+      AddLevel(((grid_.NX - 2) >> SideShift(levels.size())) + 1,
+               ((grid_.NY - 2) >> SideShift(levels.size())) + 1);
+    } while (levels.back().blocks.size() > 1);
+  }
+
+ private:
+  void AddLevel(int32_t columns, int32_t rows) {
+    CellPyramid::Level level = {.columns = columns, .rows = rows, .blocks = {}};
+    level.blocks.reserve(static_cast<size_t>(columns) * static_cast<size_t>(rows));
+    for (int32_t row = 0; row < rows; ++row) {
+      for (int32_t column = 0; column < columns; ++column) {
+        candidates_.clear();
+        if (pyramid_->levels.empty()) {
+          TakeCells(CellsOfBlock(grid_, 0, column, row));
+        } else {
+          TakeBlocks(pyramid_->levels.back(), column, row);
         }
+        level.blocks.push_back(JoinCandidates());
       }
-      level.blocks.push_back(block);
+    }
+    pyramid_->levels.push_back(std::move(level));
+  }
+
+  void TakeCells(const CellRange& cells) {
+    for (int32_t iy = cells.firstY; iy <= cells.lastY; ++iy) {
+      for (int32_t ix = cells.firstX; ix <= cells.lastX; ++ix) {
+        const MasterCell& cell = grid_.At(ix, iy);
+        if (cell.angle > 0 && !std::isnan(cell.z)) candidates_.push_back({cell.z, cell.angle});
+      }
     }
   }
-  return level;
-}
+
+  void TakeBlocks(const CellPyramid::Level& below, int32_t column, int32_t row) {
+    for (int32_t y = row * kFan; y < std::min((row + 1) * kFan, below.rows); ++y) {
+      for (int32_t x = column * kFan; x < std::min((column + 1) * kFan, below.columns); ++x) {
+        const CellBlock& block = BlockAt(below, x, y);
+        if (block.steepest == 0) continue;
+        for (size_t i = block.firstStep;; ++i) {
+          candidates_.push_back(pyramid_->steps[i]);
+          if (pyramid_->steps[i].z == block.highest) break;
+        }
+      }
+    }
+  }
+
+  CellBlock JoinCandidates() {
+    std::sort(candidates_.begin(), candidates_.end(), [](const AngleStep& a, const AngleStep& b) {
+      return a.angle != b.angle ? a.angle > b.angle : a.z > b.z;
+    });
+    CellBlock block = {.highest = -std::numeric_limits<float>::infinity(),
+                       .steepest = candidates_.empty() ? int16_t{0} : candidates_.front().angle,
+                       .firstStep = static_cast<uint32_t>(pyramid_->steps.size())};
+    for (const AngleStep& step : candidates_) {
+      if (!(step.z > block.highest)) continue;
+      pyramid_->steps.push_back(step);
+      block.highest = step.z;
+    }
+    return block;
+  }
+
+  const MasterGrid& grid_;
+  CellPyramid* pyramid_;
+  std::vector<AngleStep> candidates_;  // of the block in work
+};
 
 // One lookup under way.
 class Search {
@@ -131,55 +156,105 @@ class Search {
       VisitCells(square_);
       return best_;
     }
-    // From the level whose blocks are about as large as the square.
+    // From the level of which four blocks reach across the square. Those inside it come first: what
+    // they give rules most of the others out.
     size_t level = 0;
-    while (level + 1 < levels.size() && levels[level].side < std::max(width, height)) ++level;
+    while (level + 1 < levels.size() && Side(level) * 4 < std::max(width, height)) ++level;
+    VisitBlocks(level, InnerBlocks(level));
     VisitBlocks(level, square_);
+    VisitEdge();
     return best_;
   }
 
  private:
   void VisitCells(const CellRange& cells) {
+    // Copies, which unlike the members can stay in registers.
+    const float z = z_;
+    int16_t best = best_;
     for (int32_t iy = cells.firstY; iy <= cells.lastY; ++iy) {
-      for (int32_t ix = cells.firstX; ix <= cells.lastX; ++ix) {
-        const MasterCell& cell = grid_.At(ix, iy);
-        if (cell.z > z_ && cell.angle > best_) best_ = cell.angle;
+      const MasterCell* cell = &grid_.At(cells.firstX, iy);
+      for (int32_t ix = cells.firstX; ix <= cells.lastX; ++ix, ++cell) {
+        if (cell->angle > best && cell->z > z) best = cell->angle;
       }
     }
+    best_ = best;
+  }
+
+  // The cells of the blocks of a level that lie wholly inside the square.
+  CellRange InnerBlocks(size_t level) const {
+    const int shift = SideShift(level);
+    const auto first = [&](int32_t cell) {
+      return ((cell - 2 + Side(level)) >> shift << shift) + 1;
+    };
+    const auto last = [&](int32_t cell) { return cell >> shift << shift; };
+    return {first(square_.firstX), last(square_.lastX), first(square_.firstY), last(square_.lastY)};
   }
 
   // The blocks of a level that share cells with `cells`.
   void VisitBlocks(size_t level, const CellRange& cells) {
-    const int32_t side = grid_.Pyramid.levels[level].side;
-    for (int32_t row = (cells.firstY - 1) / side; row <= (cells.lastY - 1) / side; ++row) {
-      for (int32_t column = (cells.firstX - 1) / side; column <= (cells.lastX - 1) / side;
-           ++column) {
+    const int shift = SideShift(level);
+    const int32_t lastColumn = (cells.lastX - 1) >> shift;
+    const int32_t lastRow = (cells.lastY - 1) >> shift;
+    for (int32_t row = (cells.firstY - 1) >> shift; row <= lastRow; ++row) {
+      for (int32_t column = (cells.firstX - 1) >> shift; column <= lastColumn; ++column) {
         VisitBlock(level, column, row);
       }
     }
   }
 
+  // The largest angle of a whole block above the point: that of its first step there.
+  int16_t SteepestAbove(const CellBlock& block) const {
+    const AngleStep* step = &grid_.Pyramid.steps[block.firstStep];
+    while (!(step->z > z_)) ++step;
+    return step->angle;
+  }
+
   void VisitBlock(size_t level, int32_t column, int32_t row) {
-    const CellPyramid::Level& blocks = grid_.Pyramid.levels[level];
-    const CellBlock& block = BlockAt(blocks, column, row);
+    const CellBlock& block = BlockAt(grid_.Pyramid.levels[level], column, row);
     if (block.steepest <= best_ || !(block.highest > z_)) return;
-    const CellRange cells = CellsOfBlock(grid_, blocks.side, column, row);
-    if (block.steepestZ > z_ && Contains(square_, cells)) {
-      best_ = block.steepest;
-      return;
-    }
+    const int16_t steepest = SteepestAbove(block);
+    if (steepest <= best_) return;
+    const CellRange cells = CellsOfBlock(grid_, level, column, row);
     const CellRange inSquare = Intersection(cells, square_);
-    if (level == 0) {
-      VisitCells(inSquare);
-    } else {
+    if (Contains(square_, cells)) {
+      best_ = steepest;
+    } else if (level > 0) {
       VisitBlocks(level - 1, inSquare);
+    } else if (edgeCount_ < edge_.size()) {
+      edge_[edgeCount_++] = {inSquare, steepest};
+    } else {
+      VisitCells(inSquare);
     }
   }
+
+  // The smallest blocks on the edge of the square have to be visited cell by cell. They come last,
+  // the steepest ones first, so that what was found before rules most of them out.
+  void VisitEdge() {
+    for (;;) {
+      EdgeBlock* next = nullptr;
+      int16_t steepest = best_;
+      for (size_t i = 0; i < edgeCount_; ++i) {
+        if (edge_[i].steepest <= steepest) continue;
+        next = &edge_[i];
+        steepest = next->steepest;
+      }
+      if (next == nullptr) return;
+      VisitCells(next->cells);
+      next->steepest = 0;
+    }
+  }
+
+  struct EdgeBlock {
+    CellRange cells;   // those inside the square
+    int16_t steepest;  // largest angle above the point of the whole block; 0 once it was visited
+  };
 
   const MasterGrid& grid_;
   const CellRange square_;
   const float z_;
   int16_t best_ = 0;
+  std::array<EdgeBlock, 64> edge_;  // filled up to edgeCount_
+  size_t edgeCount_ = 0;
 };
 
 // The grid line nearest to a position of the grid, mm; the lower one on a tie.
@@ -228,7 +303,7 @@ void MasterCells::Shrink(int64_t count) {
 }
 
 bool AllocateGrid(MasterGrid* grid, int64_t NX, int64_t NY) {
-  grid->Pyramid.levels.clear();
+  grid->Pyramid = {};
   // Each count is held below the limit first, so their product cannot overflow.
   if (NX <= 0 || NY <= 0 || NX > kMostCells || NY > kMostCells || !grid->Cells.Allocate(NX * NY)) {
     DropMaster(grid);
@@ -245,15 +320,13 @@ void DropMaster(MasterGrid* grid) {
 }
 
 void IndexCells(MasterGrid* grid) {
-  grid->Pyramid.levels.clear();
+  grid->Pyramid = {};
   if (grid->NX < 2 || grid->NY < 2) return;
   // The pyramid is a help, not a need: a lookup answers the same without it.
   try {
-    auto& levels = grid->Pyramid.levels;
-    levels.push_back(LevelOfCells(*grid));
-    while (levels.back().blocks.size() > 1) levels.push_back(LevelAbove(levels.back()));
+    PyramidBuilder(*grid, &grid->Pyramid).Build();
   } catch (const std::bad_alloc&) {
-    grid->Pyramid.levels.clear();
+    grid->Pyramid = {};
   }
 }
 

@@ -64,24 +64,30 @@ struct CellRange {
   int32_t firstX, lastX, firstY, lastY;
 };
 
-// What a lookup has to know of a square block of cells to pass over it, or to take its answer,
-// without visiting the cells. Cells without an angle cannot be an answer and are left out.
+// What a lookup has to know of the cells of a square block to answer for them without a visit: for
+// each angle that can be the answer, from the steepest down, the highest cell that stands at it. A
+// less steep angle has its step only if it reaches higher than all steeper ones.
+struct AngleStep {
+  float z;        // mm
+  int16_t angle;  // degrees, above 0
+};
+
 struct CellBlock {
-  float highest;     // highest z of the block, mm
-  float steepestZ;   // highest z among its steepest cells, mm
-  int16_t steepest;  // largest angle, degrees; 0 for a block without an answer
+  float highest;       // z of its last step, mm
+  int16_t steepest;    // angle of its first step; 0 for a block without steps
+  uint32_t firstStep;  // index of its first step
 };
 
 // Blocks over blocks over the cells of one grid: level 0 has the smallest blocks, each further
-// level joins two by two of the one below, up to a single block. Row 0 and column 0 of the grid,
+// level joins four by four of the one below, up to a single block. Row 0 and column 0 of the grid,
 // which no lookup visits, are left out.
 struct CellPyramid {
   struct Level {
-    int32_t side;  // cells along a side of a block
     int32_t columns, rows;
     std::vector<CellBlock> blocks;  // row after row
   };
   std::vector<Level> levels;
+  std::vector<AngleStep> steps;  // of all blocks
 };
 
 struct MasterGrid {

@@ -111,7 +111,7 @@ TEST(MasterLookup, AnswersAsAVisitOfEveryCell) {
   std::mt19937 random(20);
   const Surface surfaces[] = {Noise, Dome, Spikes};
   const float sizes[] = {0.1F, 0.3F, 0.5F, 1.0F, 2.0F};
-  const int32_t counts[] = {1, 2, 3, 9, 10, 17, 64, 65, 150};
+  const int32_t counts[] = {1, 2, 3, 9, 10, 17, 64, 65, 150, 400};
   for (int round = 0; round < 120; ++round) {
     MasterGrid grid =
         EmptyGrid(counts[random() % std::size(counts)], counts[random() % std::size(counts)],
@@ -128,7 +128,7 @@ TEST(MasterLookup, AnswersAsAVisitOfEveryCell) {
       for (int i = 0; i < 100; ++i) {
         const Vec3 point = {coordinate(grid.OriginX, grid.NX), coordinate(grid.OriginY, grid.NY),
                             static_cast<float>(random() % 24) - 2};
-        const float radius = grid.CellSize * static_cast<float>(random() % 900) / 10;
+        const float radius = grid.CellSize * static_cast<float>(random() % 1500) / 10;
         const int32_t plain = PlainLookup(grid, point, radius);
         ASSERT_EQ(Lookup(grid, point, radius), plain == 0 ? kNothing : plain)
             << "round " << round << " grid " << grid.NX << " x " << grid.NY << " of "
