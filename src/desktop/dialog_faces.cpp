@@ -1,7 +1,12 @@
 #include "desktop/dialog_faces.h"
 
+#include "desktop/calculator_face.h"
 #include "desktop/command_pad_face.h"
+#include "desktop/condition_faces.h"
 #include "desktop/file_info_face.h"
+#include "desktop/master_face.h"
+#include "desktop/restart_face.h"
+#include "desktop/settings_faces.h"
 
 namespace tvx {
 
@@ -14,7 +19,7 @@ struct FaceMaker {
 
 // A face class F takes the logic of class L and a parent.
 template <typename L, typename F>
-FaceMaker Face() {
+FaceMaker MakerOf() {
   return {[](const Dialog& dialog) { return dynamic_cast<const L*>(&dialog) != nullptr; },
           [](Dialog* dialog, QWidget* parent) -> std::unique_ptr<QDialog> {
             return std::make_unique<F>(dynamic_cast<L*>(dialog), parent);
@@ -22,8 +27,12 @@ FaceMaker Face() {
 }
 
 const FaceMaker kFaces[] = {
-    Face<CCommandPadDlg, CommandPadFace>(),
-    Face<CFileInfoDlg, FileInfoFace>(),
+    MakerOf<CCommandPadDlg, CommandPadFace>(), MakerOf<CFileInfoDlg, FileInfoFace>(),
+    MakerOf<CDirSetupDlg, DirSetupFace>(),     MakerOf<CTextInputDlg, TextInputFace>(),
+    MakerOf<CDirListDlg, DirListFace>(),       MakerOf<COptionDlg, OptionFace>(),
+    MakerOf<CMasterDlg, MasterFace>(),         MakerOf<CAutoFeedDlg, AutoFeedFace>(),
+    MakerOf<CAfaSetupDlg, AfaSetupFace>(),     MakerOf<CSendOptionDlg, SendOptionFace>(),
+    MakerOf<CRestartDlg, RestartFace>(),       MakerOf<CGetFeedDlg, CalculatorFace>(),
 };
 
 const FaceMaker* FindFace(const Dialog& dialog) {

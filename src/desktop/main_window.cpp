@@ -15,6 +15,9 @@
 
 #include "desktop/icons.h"
 #include "desktop/qt_text.h"
+#include "shell/configuration.h"
+#include "shell/lists.h"
+#include "shell/user_keys.h"
 #include "shell/view_operations.h"
 
 namespace tvx {
@@ -142,6 +145,15 @@ void MainWindow::RunCommand(int id) {
       break;
     case Action::kAbout:
       ShowAbout();
+      break;
+    case Action::kEditConfiguration:
+      EditConfiguration(&app_->configuration, app_->files, app_->ui);
+      break;
+    case Action::kEditDirectoryList:
+      EditDirectoryList(app_->configuration.EnvDir, &app_->DirectoryList, app_->files, app_->ui);
+      break;
+    case Action::kWriteUserKeys:
+      WriteUserKeys(app_->configuration.EnvDir, app_->UserKeys, app_->files);
       break;
     default:
       break;

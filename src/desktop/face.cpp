@@ -1,0 +1,70 @@
+#include "desktop/face.h"
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <utility>
+
+#include "desktop/qt_text.h"
+
+namespace tvx {
+
+Face::Face(std::string_view title, QWidget* parent) : QDialog(parent) {
+  setWindowTitle(ToQt(title));
+}
+
+void Face::End(Closing closing) {
+  if (closing == Closing::kAccepted) done(QDialog::Accepted);
+  if (closing == Closing::kCancelled) done(QDialog::Rejected);
+}
+
+QLineEdit* Face::AddEdit(QFormLayout* form, std::string_view label, std::string_view text,
+                         std::function<void(const std::string& text)> edited) {
+  auto* const edit = new QLineEdit(ToQt(text), this);
+  form->addRow(ToQt(label), edit);
+  if (edited) {
+    connect(edit, &QLineEdit::textEdited, this,
+            [edited = std::move(edited)](const QString& typed) { edited(FromQt(typed)); });
+  }
+  return edit;
+}
+
+QCheckBox* Face::AddCheck(QLayout* layout, std::string_view label, std::function<bool()> isTicked,
+                          std::function<void()> toggle) {
+  auto* const check = new QCheckBox(ToQt(label), this);
+  check->setChecked(isTicked());
+  layout->addWidget(check);
+  connect(check, &QCheckBox::clicked, this, [=] {
+    toggle();
+    check->setChecked(isTicked());
+  });
+  return check;
+}
+
+QPushButton* Face::AddButton(QLayout* layout, std::string_view text,
+                             std::function<void()> clicked) {
+  auto* const button = new QPushButton(ToQt(text), this);
+  button->setAutoDefault(false);
+  layout->addWidget(button);
+  connect(button, &QPushButton::clicked, this, std::move(clicked));
+  return button;
+}
+
+QDialogButtonBox* Face::AddClosingButtons(QLayout* layout, std::string_view accept,
+                                          std::function<void()> accepted, std::string_view cancel,
+                                          std::function<void()> cancelled) {
+  auto* const buttons = new QDialogButtonBox(this);
+  buttons->addButton(ToQt(accept), QDialogButtonBox::AcceptRole)->setDefault(true);
+  buttons->addButton(ToQt(cancel), QDialogButtonBox::RejectRole)->setAutoDefault(false);
+  connect(buttons, &QDialogButtonBox::accepted, this, accepted);
+  connect(buttons, &QDialogButtonBox::rejected, this, cancelled);
+  layout->addWidget(buttons);
+  return buttons;
+}
+
+void ShowText(QLineEdit* edit, std::string_view text) {
+  if (edit->text() != ToQt(text)) edit->setText(ToQt(text));
+}
+
+}  // namespace tvx

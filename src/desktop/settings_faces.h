@@ -1,0 +1,39 @@
+// The faces of the settings: directories, directory list, one line of text, environment options.
+#pragma once
+
+#include "desktop/face.h"
+#include "feed/option_dialog.h"
+#include "shell/configuration.h"
+#include "shell/lists.h"
+
+class QListWidget;
+
+namespace tvx {
+
+class DirSetupFace : public Face {
+ public:
+  DirSetupFace(CDirSetupDlg* dialog, QWidget* parent);
+};
+
+class TextInputFace : public Face {
+ public:
+  TextInputFace(CTextInputDlg* dialog, QWidget* parent);
+};
+
+class DirListFace : public Face {
+ public:
+  DirListFace(CDirListDlg* dialog, QWidget* parent);
+
+ private:
+  void ShowLines();
+
+  CDirListDlg* dialog_;
+  QListWidget* list_;
+};
+
+class OptionFace : public Face {
+ public:
+  OptionFace(COptionDlg* dialog, QWidget* parent);
+};
+
+}  // namespace tvx
