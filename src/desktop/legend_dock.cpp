@@ -92,13 +92,17 @@ LegendDock::LegendDock(QWidget* parent) : QDockWidget("범례", parent) {
   setWidget(body);
 }
 
-void LegendDock::ShowProgram(CTVXView* view) {
+void LegendDock::ShowColours(const CTVXView* view) {
   const int32_t base = view == nullptr ? 0 : view->program.FeedBase;
   const auto bands = FeedBands();
   for (size_t i = 0; i < ranges_.size(); ++i) {
     ranges_[i]->setText(FeedRangeText(bands[i], i + 1 == ranges_.size(), base));
   }
   base_->setText(base > 0 ? ToQt(Format("%d", base)) : "-");
+}
+
+void LegendDock::ShowProgram(CTVXView* view) {
+  ShowColours(view);
   const bool empty = view == nullptr || view->program.store.blockCount == 0;
   for (QLabel* const label : {blocks_, extents_, cutTime_, totalTime_}) label->setText("-");
   if (empty) return;

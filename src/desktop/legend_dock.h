@@ -17,8 +17,11 @@ class LegendDock : public QDockWidget {
  public:
   explicit LegendDock(QWidget* parent = nullptr);
 
-  // Shows the program of a view; with null the figures are empty. Walks the whole program, so it is
-  // for a program or feeds that have changed and not for every paint.
+  // Shows the feeds of the colours as they are drawn now; with null there are none.
+  void ShowColours(const CTVXView* view);
+
+  // Shows the program of a view with its colours; with null the figures are empty. Walks the whole
+  // program, so it is for a program or feeds that have changed and not for every paint.
   void ShowProgram(CTVXView* view);
 
  private:

@@ -63,7 +63,11 @@ ViewWidget* MainWindow::NewView() {
   child->setAttribute(Qt::WA_DeleteOnClose);
   child->setWindowTitle(kTitle);
   child->setWindowIcon(ProgramIcon());
-  connect(widget, &ViewWidget::Drawn, this, &MainWindow::ShowFileName);
+  connect(widget, &ViewWidget::Drawn, this, [this, widget] {
+    if (widget != ActiveView()) return;
+    ShowFileName();
+    legend_->ShowColours(&widget->view());
+  });
   child->showMaximized();
   widget->setFocus();
   return widget;
