@@ -25,8 +25,6 @@ std::string BlockLine(uint32_t index, const MotionBlock& block) {
          std::to_string(block.tailPercent) + '\t' + std::to_string(block.tailFeed) + '\n';
 }
 
-}  // namespace
-
 void PrintBlocks(const BlockStore& store) {
   std::string text;
   for (uint32_t index = 0; index < store.blockCount; ++index) {
@@ -38,6 +36,14 @@ void PrintBlocks(const BlockStore& store) {
     }
   }
   Print(text);
+}
+
+}  // namespace
+
+void PrintStore(const std::string& name, const NcProgram& program, int result) {
+  Print("# " + name + " blockCount " + std::to_string(program.store.blockCount) + " FeedBase " +
+        std::to_string(program.FeedBase) + " result " + std::to_string(result) + "\n");
+  PrintBlocks(program.store);
 }
 
 int RunBlocks(const Call& call) {
@@ -59,10 +65,7 @@ int RunBlocks(const Call& call) {
   for (const ProgramFile& file : files) {
     const int result = LoadProgram(file, &view);
     if (params.Adjusts()) AdjustProgram(file, &view);
-    Print("# " + file.argument + " blockCount " + std::to_string(view.program.store.blockCount) +
-          " FeedBase " + std::to_string(view.program.FeedBase) + " result " +
-          std::to_string(result) + "\n");
-    PrintBlocks(view.program.store);
+    PrintStore(file.argument, view.program, result);
     if (result != 1) throw Failure{file.argument, "does not fit into the store"};
   }
   return 0;

@@ -109,6 +109,10 @@ void CommandLine::AddArguments(const std::string& name, std::vector<std::string>
 
 void CommandLine::Parse() {
   std::vector<std::string> reversed(call_.arguments.rbegin(), call_.arguments.rend());
+  for (std::string& word : reversed) {
+    // A dash before a digit starts no option for the parser, one before a dot would.
+    if (word.starts_with("-.")) word.insert(1, "0");
+  }
   try {
     parser_->app.parse(reversed);
   } catch (const CLI::CallForHelp&) {

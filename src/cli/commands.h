@@ -1,7 +1,9 @@
 #pragma once
 
+#include <string>
+
 #include "cli/command.h"
-#include "model/block_store.h"
+#include "model/loader.h"
 
 namespace tvx {
 
@@ -13,11 +15,16 @@ int RunConditionWrite(const Call& call);
 int RunConfigShow(const Call& call);
 int RunGetFeed(const Call& call);
 int RunInfo(const Call& call);
+int RunMasterBuild(const Call& call);
+int RunMasterDump(const Call& call);
+int RunMasterLookup(const Call& call);
+int RunMasterShow(const Call& call);
 int RunOptionLineBuild(const Call& call);
 int RunOptionLineParse(const Call& call);
 int RunTime(const Call& call);
 
-// The records of a store, one a line, in the form of the command blocks.
-void PrintBlocks(const BlockStore& store);
+// A program in the form of the command blocks: a line with its name, its counts and what its load
+// returned, then its records, one a line.
+void PrintStore(const std::string& name, const NcProgram& program, int result);
 
 }  // namespace tvx

@@ -68,12 +68,13 @@ struct BuildPlan {
   int32_t refinement;
 };
 
-bool PlanBuild(const CMasterDlg& input, BlockStore* store, BuildPlan* plan) {
-  const double tolerance = input.MasterTolerance;
-  if (store->blockCount < kFewestBlocks || !(tolerance > 0)) return false;
-  plan->ToolSize = static_cast<float>(input.MasterToolDiameter + 2.0 * input.MasterAllowance);
+BuildProblem PlanBuild(const CMasterDlg& input, BlockStore* store, BuildPlan* plan) {
+  if (store->blockCount < kFewestBlocks) return BuildProblem::kFewBlocks;
   PathExtents(store, &plan->minimum, &plan->maximum);
-  if (plan->minimum.x > plan->maximum.x) return false;  // no straight cut
+  if (plan->minimum.x > plan->maximum.x) return BuildProblem::kNoCut;
+  const double tolerance = input.MasterTolerance;
+  if (!(tolerance > 0)) return BuildProblem::kSizes;
+  plan->ToolSize = static_cast<float>(input.MasterToolDiameter + 2.0 * input.MasterAllowance);
   plan->OriginX = static_cast<float>(plan->minimum.x - tolerance);
   plan->OriginY = static_cast<float>(plan->minimum.y - tolerance);
   const double width = static_cast<double>(plan->maximum.x) - plan->OriginX;
@@ -81,10 +82,10 @@ bool PlanBuild(const CMasterDlg& input, BlockStore* store, BuildPlan* plan) {
   // The store takes a block beyond its limit for a bad one: a part shifted there would be lost.
   if (!std::isfinite(plan->ToolSize) || !(width <= BlockStore::kCoordinateLimit) ||
       !std::isfinite(depth)) {
-    return false;
+    return BuildProblem::kSizes;
   }
   plan->refinement = Refinement(std::trunc(width / tolerance), std::trunc(depth / tolerance));
-  return plan->refinement > 0;
+  return plan->refinement > 0 ? BuildProblem::kNone : BuildProblem::kSizes;
 }
 
 // Distance in the plan view, as DiffVectors measures it.
@@ -259,6 +260,11 @@ uint32_t TakeOutPlunge(BlockStore* store, uint32_t i, uint32_t behind) {
 
 }  // namespace
 
+BuildProblem CheckBuild(const CMasterDlg& input, BlockStore* store) {
+  BuildPlan plan{};
+  return PlanBuild(input, store, &plan);
+}
+
 std::span<const MasterDlgField> MasterDlgFields() {
   return kFields;
 }
@@ -363,7 +369,7 @@ int BuildMaster(const CMasterDlg& input, NcProgram* program, MasterGrid* grid,
                 int32_t* RapidVisible, UserInterface* ui) {
   BlockStore* store = &program->store;
   BuildPlan plan{};
-  if (!PlanBuild(input, store, &plan)) return 0;
+  if (PlanBuild(input, store, &plan) != BuildProblem::kNone) return 0;
   DropMaster(grid);  // first, so that two grids never share the memory
   grid->ToolSize = plan.ToolSize;
   grid->OriginX = plan.OriginX;

@@ -27,6 +27,17 @@ struct MasterDlgField {
 // The fields of the dialog in their order.
 std::span<const MasterDlgField> MasterDlgFields();
 
+// Why no model can be made of a program with this input.
+enum class BuildProblem {
+  kNone,
+  kFewBlocks,  // fewer than 5 blocks in the store
+  kNoCut,      // no straight cut
+  kSizes,      // sizes of which no grid can be made: see BuildMaster
+};
+
+// Looks at the program and changes nothing but the register.
+BuildProblem CheckBuild(const CMasterDlg& input, BlockStore* store);
+
 // Builds the model from the program in the store, drops an older one, and leaves the wire picture
 // of the model in the store (see ShowMaster). Returns 1.
 //
