@@ -279,6 +279,62 @@ def steep_walls():
     return moves, ((0, 0, -15), (50, 15, 0))
 
 
+# A cavity with a boss, all walls 75 degrees: the surface that one program finishes and the other
+# clears the way to.
+CAVITY_FLOOR = -12.0
+WALL_SLOPE = math.tan(math.radians(75.0))
+
+
+def cavity_height(x, y):
+    inside = min(x - 6.0, 74.0 - x, y - 6.0, 54.0 - y)  # from the upper edge of the walls inwards
+    wall = max(CAVITY_FLOOR, -max(0.0, inside) * WALL_SLOPE)
+    outside = max(abs(x - 40.0) - 8.0, abs(y - 30.0) - 6.0)  # from the boss outwards
+    boss = -3.0 - max(0.0, outside) * WALL_SLOPE
+    return max(wall, boss)
+
+
+def straightened(points):
+    """The points without those that lie on the line between their neighbours."""
+    kept = [points[0]]
+    for point, after in zip(points[1:], points[2:]):
+        (x0, z0), (x1, z1), (x2, z2) = kept[-1], point, after
+        if abs((z1 - z0) * (x2 - x0) - (z2 - z0) * (x1 - x0)) > 1e-9:
+            kept.append(point)
+    return kept + [points[-1]]
+
+
+def cavity_finishing():
+    """Passes along X over all of the cavity, half a millimetre apart."""
+    feed = 1500
+    moves = approach(0.0, 0.0, 0.0, feed)
+    for row in range(121):
+        y = row * 0.5
+        points = straightened([(i * 0.25, cavity_height(i * 0.25, y)) for i in range(321)])
+        moves += [cut(x, y, z, feed) for x, z in (points if row % 2 == 0 else points[::-1])]
+    return moves + [rapid(z=SAFE_Z), rapid(0.0, 0.0)]
+
+
+def cavity_roughing():
+    """The same cavity cleared level by level, in rows that stay off the surface."""
+    feed, allowance, stepover = 2400, 0.6, 3.0
+    moves = [rapid(z=SAFE_Z)]
+    for level in (-2.0, -4.0, -6.0, -8.0, -10.0, -12.0):
+        wall = -level / WALL_SLOPE + allowance  # width of the walls above the level
+        boss = (-3.0 - level) / WALL_SLOPE + allowance
+        left, right, low, high = 6.0 + wall, 74.0 - wall, 6.0 + wall, 54.0 - wall
+        for row in range(int((high - low) / stepover) + 1):
+            y = low + row * stepover
+            spans = [(left, right)]
+            if level < -3.0 and abs(y - 30.0) < 6.0 + boss:
+                spans = [(left, 32.0 - boss), (48.0 + boss, right)]
+            if row % 2:
+                spans = [(end, start) for start, end in spans[::-1]]
+            for start, end in spans:
+                moves += [rapid(start, y), rapid(z=level + 3.0), cut(z=level + allowance, feed=400)]
+                moves += [cut(end, y, feed=feed), rapid(z=SAFE_Z)]
+    return moves + [rapid(0.0, 0.0)]
+
+
 def incremental_slots():
     """Slots of equal form, each written by increments from the one before."""
     lines = ["%", "O0104", "(INCREMENTAL SLOTS)", "G21G17G40", "G90G54", "T3M6", "S6000M3"]
@@ -359,6 +415,8 @@ def all_files():
     for name, (number, title, (moves, stock)) in paths.items():
         yield f"{name}.nc", word_program(number, title, moves)
         yield f"{name}.hnc", conversational_program(name.upper(), moves, stock)
+    yield "cavity_finishing.nc", word_program(106, "CAVITY FINISHING", cavity_finishing())
+    yield "cavity_roughing.nc", word_program(107, "CAVITY ROUGHING", cavity_roughing())
     yield "incremental_slots.nc", incremental_slots()
     yield "shop_oddities.nc", shop_oddities()
     yield "finishing.afa", CONDITION
