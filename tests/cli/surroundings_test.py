@@ -11,6 +11,17 @@ import unittest
 TOOL = str(pathlib.Path(sys.argv.pop(1)).resolve())
 
 
+def read_all(terminal):
+    """What came to a terminal whose other side is closed: reading on then is an error."""
+    text = b""
+    try:
+        while True:
+            text += os.read(terminal, 10000)
+    except OSError:
+        os.close(terminal)
+        return text
+
+
 class Surroundings(unittest.TestCase):
     def setUp(self):
         temporary = tempfile.TemporaryDirectory()
@@ -33,8 +44,7 @@ class Surroundings(unittest.TestCase):
         ours, theirs = pty.openpty()
         watched = self.run_tool("blocks", self.program, stderr=theirs)
         os.close(theirs)
-        shown = os.read(ours, 10000)
-        os.close(ours)
+        shown = read_all(ours)
         self.assertEqual(watched.stdout, quiet.stdout)
         self.assertIn(b"part.nc: reading", shown)
         # The line is taken away again, so nothing is left on the screen.
