@@ -2,6 +2,7 @@
 
 #include "cli/errors.h"
 #include "cli/output.h"
+#include "feed/feed_pass.h"
 #include "model/loader.h"
 #include "stats/cut_time.h"
 
@@ -34,8 +35,9 @@ void LoadWholeProgram(const ProgramFile& file, CTVXView* view) {
   if (LoadProgram(file, view) != 1) throw Failure{file.argument, "does not fit into the store"};
 }
 
-void AdjustProgram(const ProgramFile& file, CTVXView*) {
-  throw Failure{file.argument, "this build has no feed adjustment yet"};
+void AdjustProgram(const ProgramFile& file, CTVXView* view) {
+  ShowProgress(file.argument + ": adjusting the feeds");
+  FeedPass(&view->program, view->job, &view->masterGrid, &view->app->feedPassMemory);
 }
 
 const CutTimeEntry& CountProgram(const ProgramFile& file, CTVXView* view) {

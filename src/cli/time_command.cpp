@@ -87,7 +87,7 @@ std::string TimesTable(const ProgramFile& file, const Times& times) {
 }  // namespace
 
 int RunTime(const Call& call) {
-  Params params(/*adjusts=*/false);
+  Params params(/*adjusts=*/true);
   bool json = false;
   std::vector<std::string> arguments;
   CommandLine line(call,

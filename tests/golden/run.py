@@ -4,7 +4,7 @@
 usage: tests/golden/run.py [--accept] TVX_CLI [AREA[/CASE]...]
 
 A case is a folder AREA/CASE with a file `cmd` and what it reads. Each line of `cmd` runs in a copy of
-the folder, with a home of its own in home/:
+the folder, with a home of its own in home/ and the project's example programs in examples/:
   tvx-cli ARGUMENTS    the tool
   show FILE            the text of a file, decoded from CP949, each carriage return shown as \\r
 What is printed must be the text of `expect.txt`: the line itself after "$ ", standard output,
@@ -21,6 +21,7 @@ import sys
 import tempfile
 
 GOLDEN = pathlib.Path(__file__).resolve().parent
+EXAMPLES = GOLDEN.parents[1] / "examples"
 
 
 def show(path):
@@ -49,6 +50,7 @@ def run_case(tool, case):
     with tempfile.TemporaryDirectory() as temporary:
         folder = pathlib.Path(temporary).resolve() / case.name
         shutil.copytree(case, folder)
+        (folder / "examples").symlink_to(EXAMPLES)
         for line in (case / "cmd").read_text(encoding="utf-8").splitlines():
             program, *arguments = shlex.split(line)
             output += f"$ {line}\n"
