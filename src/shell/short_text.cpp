@@ -6,10 +6,11 @@ namespace tvx {
 
 namespace {
 
-// Bytes of the character at the start of a CP949 text that is not empty.
+// Bytes of the character at the start of a CP949 text that is not empty. What cannot follow a
+// leading byte, such as a line end, is a character of its own.
 size_t CharacterBytes(std::string_view bytes) {
-  const bool leads = static_cast<unsigned char>(bytes[0]) > 0x80;
-  return leads && bytes.size() > 1 ? 2 : 1;
+  const auto byte = [&](size_t i) { return static_cast<unsigned char>(bytes[i]); };
+  return byte(0) > 0x80 && bytes.size() > 1 && byte(1) >= 'A' ? 2 : 1;
 }
 
 std::string_view WholeCharacters(std::string_view bytes, size_t limit) {

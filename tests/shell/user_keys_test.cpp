@@ -36,6 +36,8 @@ TEST(UserKeys, LinesOfTheFile) {
        {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10", "11", "12"}},
       {std::string(300, 'h') + "\n" + fifty + "y\nz\n", {fifty, "z"}},
       {"h\nab" + std::string(60, ' ') + "c\nz", {"ab", "z"}},
+      {"h\n" + fifty + "\r\nz", {fifty, "z"}},
+      {"h\nx" + fifty.substr(2) + "한\nz", {"x" + fifty.substr(2), "z"}},
   };
   for (const auto& c : cases) {
     MemoryFiles files;
@@ -76,6 +78,18 @@ TEST(UserKeys, TheBytesWritten) {
   ReadUserKeys("c:\\marlo", &read, &files);
   keys[1] = "G04 P500";  // the blank behind it is gone
   EXPECT_EQ(read, keys);
+}
+
+// A leading byte without its second one, at the limit and in front of the line end.
+TEST(UserKeys, HalfACharacterComesBack) {
+  MemoryFiles files;
+  const std::string bytes = "h\r\n" + std::string(49, 'x') + "\xB2\r\n";
+  files.Put(kPath, bytes);
+  Keys keys;
+  ReadUserKeys("c:\\marlo", &keys, &files);
+  WriteUserKeys("c:\\marlo", keys, &files);
+  EXPECT_EQ(files.Bytes(kPath).substr(sizeof("=======USER KEY======\r\n") - 1, 52),
+            bytes.substr(3));
 }
 
 TEST(UserKeys, AFailedWriteLeavesTheOldFile) {
