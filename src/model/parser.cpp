@@ -307,7 +307,7 @@ class ConversationalLine : Line {
         case kX:
         case kY:
         case kZ:
-          Coordinate(word, static_cast<float>(TakeNumber<true>(&next, end).value));
+          Coordinate(word, TakeNumber<true>(&next, end).value);
           break;
         case kFeed:
           if (const NumberToken feed = TakeNumber<true>(&next, end); !feed.empty) {
@@ -354,14 +354,15 @@ class ConversationalLine : Line {
     return Ending::kLineEnd;
   }
 
-  // On a centre line X and Y give the centre, from the position so far.
-  void Coordinate(Word word, float value) {
+  // On a centre line X and Y give the centre, from the position so far. The difference is rounded
+  // once: a value rounded before it would show in the radius.
+  void Coordinate(Word word, double value) {
     if (state_.centreLine && word == kX) {
-      state_.centreDx = value - lengths_[kX];
+      state_.centreDx = static_cast<float>(value - lengths_[kX]);
     } else if (state_.centreLine && word == kY) {
-      state_.centreDy = value - lengths_[kY];
+      state_.centreDy = static_cast<float>(value - lengths_[kY]);
     } else {
-      lengths_[word] = value;
+      lengths_[word] = static_cast<float>(value);
     }
   }
 

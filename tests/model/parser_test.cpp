@@ -232,5 +232,14 @@ TEST(ConversationalParser, SmallCEndsTheLineWithTheBlockAndWithoutItsPosition) {
   EXPECT_EQ(machine.Parse("L X5", false), 1);
 }
 
+// A radius a bit off moves the centres of all arcs that follow, so the numbers of a drawing have to
+// come through: 20.1 less 4.32 is 15.78.
+TEST(ConversationalParser, TheOffsetOfACentreIsRoundedOnce) {
+  Machine machine(2);
+  machine.Parse("L X4.32 F500");
+  machine.Parse("CC X20.1");
+  EXPECT_EQ(machine.arcRadius, 15.78F);
+}
+
 }  // namespace
 }  // namespace tvx
