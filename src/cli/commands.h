@@ -13,6 +13,7 @@ int RunBlocks(const Call& call);
 int RunConditionShow(const Call& call);
 int RunConditionWrite(const Call& call);
 int RunConfigShow(const Call& call);
+int RunDraw(const Call& call);
 int RunGetFeed(const Call& call);
 int RunInfo(const Call& call);
 int RunMasterBuild(const Call& call);
@@ -21,6 +22,8 @@ int RunMasterLookup(const Call& call);
 int RunMasterShow(const Call& call);
 int RunOptionLineBuild(const Call& call);
 int RunOptionLineParse(const Call& call);
+int RunPicture(const Call& call);
+int RunProject(const Call& call);
 int RunTime(const Call& call);
 
 // A program in the form of the command blocks: a line with its name, its counts and what its load

@@ -37,8 +37,10 @@ def check(condition, message):
 def expected_drawing(path):
     """Lines and texts of the recorded calls, and the changes of the pen."""
     selected, position, pens, items = "default", (0, 0), [], []
-    for line in open(path, encoding="utf-8"):
-        words = line.rstrip("\n").split(" ", 3)
+    with open(path, encoding="utf-8") as calls:
+        lines = calls.read().splitlines()
+    for line in lines:
+        words = line.split(" ", 3)
         if words[0] == "pen":
             if words[1] != selected:
                 pens.append(PENS[words[1]])
@@ -175,7 +177,8 @@ class Metafile:
 
 
 def main(picture, calls):
-    metafile = Metafile(open(picture, "rb").read())
+    with open(picture, "rb") as file:
+        metafile = Metafile(file.read())
     metafile.check_header()
     pens, items = expected_drawing(calls)
     for index, (want, have) in enumerate(zip(items, metafile.items)):

@@ -1,0 +1,51 @@
+// tvx-cli picture: the picture file of a program.
+
+#include <optional>
+#include <string>
+
+#include "cli/command_line.h"
+#include "cli/commands.h"
+#include "cli/errors.h"
+#include "cli/host.h"
+#include "cli/output.h"
+#include "cli/params.h"
+#include "cli/program_files.h"
+#include "cli/view_options.h"
+#include "view/picture.h"
+
+namespace tvx {
+
+int RunPicture(const Call& call) {
+  Params params;
+  ViewOptions viewOptions;
+  std::optional<std::string> out;
+  std::string argument;
+  CommandLine line(call, "Writes the picture of a program, with the colours for a white page.");
+  params.AddTo(&line);
+  viewOptions.AddTo(&line);
+  line.AddOption("-o", &out, "OUT.emf, OUT.svg or OUT.png, the file to create or replace");
+  line.RequireOption("-o");
+  line.AddArgument("FILE", &argument, "NC program");
+  line.Parse();
+  params.Check();
+  viewOptions.Check();
+  const std::optional<PictureFormat> format = PictureFormatOf(*out);
+  if (!format) throw WrongCall{"-o: '" + *out + "' ends in none of .emf, .svg and .png"};
+
+  Host host(call);
+  const ProgramFile file{argument, host.ReadablePath(argument)};
+  const std::string outPath = host.DrivePath(*out);
+  CTVXView view(&host.app);
+  params.Apply(&host, &view);
+  LoadWholeProgram(file, &view);
+  if (params.Adjusts()) AdjustProgram(file, &view);
+  viewOptions.Apply(&view, /*fits=*/true);
+  ShowProgress(file.argument + ": drawing");
+  const Scene scene{&view.program, &view.job, &view.view};
+  if (!WritePictureFile(*format, outPath, scene, host.files.get())) {
+    throw Failure{*out, WriteProblem(host, outPath)};
+  }
+  return 0;
+}
+
+}  // namespace tvx

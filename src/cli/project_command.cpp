@@ -1,0 +1,44 @@
+// tvx-cli project: where points appear in the picture.
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cli/command_line.h"
+#include "cli/commands.h"
+#include "cli/host.h"
+#include "cli/numbers.h"
+#include "cli/output.h"
+#include "cli/program_files.h"
+#include "cli/view_options.h"
+#include "view/view_transform.h"
+
+namespace tvx {
+int RunProject(const Call& call) {
+  ViewOptions viewOptions;
+  std::optional<std::string> argument;
+  std::vector<std::string> words;
+  CommandLine line(call,
+                   "Prints where points appear, in pixels from the centre of the drawing area, "
+                   "X Y one a line.");
+  viewOptions.AddTo(&line);
+  line.AddOption("--fit", &argument,
+                 "FILE: fit the view to this program (default: the scale and pan of a new view)");
+  line.AddArguments("POINT", &words, "X,Y,Z: points in mm");
+  line.Parse();
+  viewOptions.Check();
+  std::vector<Vec3> points;
+  for (const std::string& word : words) points.push_back(PointOf(word));
+
+  Host host(call);
+  CTVXView view(&host.app);
+  if (argument) LoadWholeProgram({*argument, host.ReadablePath(*argument)}, &view);
+  viewOptions.Apply(&view, /*fits=*/argument.has_value());
+  for (const Vec3& point : points) {
+    const Pixel pixel = Project(&view.view.transform, point);
+    Print(std::to_string(pixel.x) + ' ' + std::to_string(pixel.y) + '\n');
+  }
+  return 0;
+}
+
+}  // namespace tvx
