@@ -5,8 +5,8 @@
 
 namespace tvx {
 
-CTVXApp::CTVXApp(Files* theFiles, UserInterface* theUi)
-    : files(theFiles), ui(theUi), sendOptions(theFiles, theUi) {}
+CTVXApp::CTVXApp(Files* theFiles, UserInterface* theUi, Programs* thePrograms)
+    : files(theFiles), ui(theUi), programs(thePrograms), sendOptions(theFiles, theUi) {}
 
 int CTVXApp::InitApplication() {
   LabelLanguage = kKoreanLabels;

@@ -10,6 +10,7 @@
 #include "model/job_record.h"
 #include "model/parser.h"
 #include "platform/files.h"
+#include "platform/programs.h"
 #include "platform/user_interface.h"
 #include "shell/configuration.h"
 #include "shell/user_keys.h"
@@ -19,8 +20,8 @@ namespace tvx {
 // The application object, one per process: everything that the windows share.
 class CTVXApp {
  public:
-  // Both outlive the application.
-  CTVXApp(Files* files, UserInterface* ui);
+  // All outlive the application.
+  CTVXApp(Files* files, UserInterface* ui, Programs* programs = NoPrograms());
 
   // The start of the program: reads configuration, lists and user keys in their order. Files that
   // are missing are no failure. Returns 1.
@@ -28,6 +29,7 @@ class CTVXApp {
 
   Files* const files;
   UserInterface* const ui;
+  Programs* const programs;
 
   Configuration configuration;
   std::vector<std::string> ExtensionList;

@@ -6,7 +6,10 @@
 
 namespace tvx {
 
-CTVXView::CTVXView(CTVXApp* theApp) : app(theApp), optionDialog(theApp->files, theApp->ui) {
+CTVXView::CTVXView(CTVXApp* theApp)
+    : app(theApp),
+      optionDialog(theApp->files, theApp->ui),
+      transferDialog(&theApp->UserKeys, theApp->files, theApp->ui) {
   SetDefaults();
   ReadFiles();
 }

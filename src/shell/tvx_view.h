@@ -5,6 +5,7 @@
 #include "feed/master_build.h"
 #include "feed/master_grid.h"
 #include "feed/option_dialog.h"
+#include "jobs/transfer_dialog.h"
 #include "model/job_record.h"
 #include "model/loader.h"
 #include "shell/application.h"
@@ -31,6 +32,7 @@ class CTVXView {
   std::string fileName;  // the NC file in work, without directory; empty before the first load
   CCommandPadDlg commandPad;
   COptionDlg optionDialog;
+  CTransferDlg transferDialog;
   JobRecord job;          // the working record: the parameters in force
   CFileInfoDlg fileInfo;  // with the current result
   ResultTable results;

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "jobs/key_code_pad.h"
 #include "platform/text.h"
 #include "shell/short_text.h"
 
@@ -47,6 +48,13 @@ void WriteUserKeys(const std::string& environmentDir, const std::vector<std::str
   std::string text = std::string(kHeader) + "\r\n";
   for (size_t n = 1; n <= kLastUserKey; ++n) text += keys[n] + "\r\n";
   WriteWholeFile(files, UserKeyPath(environmentDir), EncodeCp949(text));
+}
+
+void EditUserKey(size_t n, std::vector<std::string>* keys, UserInterface* ui) {
+  if (n < 1 || n > kLastUserKey || n >= keys->size()) return;
+  CKeyCodeDlg pad(keys);
+  pad.KeyText = (*keys)[n];
+  if (RunKeyCodePad(&pad, ui)) (*keys)[n] = pad.KeyText;
 }
 
 }  // namespace tvx

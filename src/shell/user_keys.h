@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/files.h"
+#include "platform/user_interface.h"
 
 namespace tvx {
 
@@ -26,5 +27,9 @@ void ReadUserKeys(const std::string& environmentDir, std::vector<std::string>* k
 // fails, and an older file stays as it was.
 void WriteUserKeys(const std::string& environmentDir, const std::vector<std::string>& keys,
                    Files* files);
+
+// The menu entry of user key n, 1 to kLastUserKey: edits the key on the pad. The file is not
+// touched.
+void EditUserKey(size_t n, std::vector<std::string>* keys, UserInterface* ui);
 
 }  // namespace tvx

@@ -2,6 +2,7 @@
 
 #include "feed/master_commands.h"
 #include "shell/cut_time_commands.h"
+#include "shell/job_list_run.h"
 #include "view/picture.h"
 
 namespace tvx {
@@ -55,6 +56,7 @@ const Operation kOperations[] = {
     {Action::kNothing, [](CTVXView*, int) {}},
     {Action::kLoad, &Load},
     {Action::kWritePicture, &MakePicture},
+    {Action::kRunJobList, [](CTVXView* view, int) { RunJobList(view); }},
     {Action::kSingleCutTime, [](CTVXView* view, int) { SingleCutTimeCommand(view); }},
     {Action::kMasterBuild, [](CTVXView* view, int) { MakeMasterCommand(MasterContextOf(view)); }},
     {Action::kMasterDelete,

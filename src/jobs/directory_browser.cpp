@@ -1,0 +1,139 @@
+#include "jobs/directory_browser.h"
+
+#include <algorithm>
+
+namespace tvx {
+
+namespace {
+
+char Lower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+char Upper(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+// The first character is the drive; from index 3 on, each backslash ends a component.
+std::vector<std::string> PartsOf(std::string_view directory) {
+  std::vector<std::string> parts;
+  if (directory.size() <= 3) return parts;
+  std::string_view rest = directory.substr(3);
+  while (!rest.empty() && parts.size() < DirectoryBrowser::kMostParts) {
+    const size_t end = std::min(rest.find('\\'), rest.size());
+    if (end > 0) parts.emplace_back(rest.substr(0, end));
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+  }
+  return parts;
+}
+
+}  // namespace
+
+bool FitsMask(std::string_view name, std::string_view mask) {
+  if (mask == "*.*") return true;
+  // The last "*" met, and how much of the name it has taken: on a mismatch it takes one more.
+  size_t n = 0, m = 0;
+  size_t starMask = std::string_view::npos, starName = 0;
+  while (n < name.size()) {
+    if (m < mask.size() && mask[m] == '*') {
+      starMask = m++;
+      starName = n;
+    } else if (m < mask.size() && (mask[m] == '?' || Lower(mask[m]) == Lower(name[n]))) {
+      ++n, ++m;
+    } else if (starMask != std::string_view::npos) {
+      m = starMask + 1;
+      n = ++starName;
+    } else {
+      return false;
+    }
+  }
+  while (m < mask.size() && mask[m] == '*') ++m;
+  return m == mask.size();
+}
+
+std::string UpperCase(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(), Upper);
+  return text;
+}
+
+std::string LowerCase(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(), Lower);
+  return text;
+}
+
+void DirectoryBrowser::Enter(const std::string& target, std::string_view mask) {
+  files_->SetCurrentDirectory(target);
+  directory = files_->CurrentDirectory();
+  parts = PartsOf(directory);
+  driveLetters = files_->DriveLetters();
+  if (driveLetters.size() > kMostDrives) driveLetters.resize(kMostDrives);
+  FillSubDirectories();
+  FillFiles(mask);
+}
+
+void DirectoryBrowser::FillSubDirectories() {
+  subDirectories.clear();
+  std::vector<DirectoryEntry> entries;
+  files_->List(directory, &entries);
+  for (const DirectoryEntry& entry : entries) {
+    if (!entry.isDirectory || entry.name.starts_with(".")) continue;
+    subDirectories.push_back(entry.name);
+  }
+  std::sort(subDirectories.begin(), subDirectories.end());
+  if (subDirectories.size() > kMostSubDirectories) subDirectories.resize(kMostSubDirectories);
+}
+
+void DirectoryBrowser::FillFiles(std::string_view mask) {
+  files.clear();
+  std::vector<DirectoryEntry> entries;
+  files_->List(directory, &entries);
+  for (const DirectoryEntry& entry : entries) {
+    if (!entry.isDirectory && FitsMask(entry.name, mask)) files.push_back(LowerCase(entry.name));
+  }
+  std::sort(files.begin(), files.end());
+}
+
+std::string DirectoryBrowser::TargetOf(int number) const {
+  if (number < 0) return {};
+  if (number < kFirstPart) {
+    const auto index = static_cast<size_t>(number);
+    return index < driveLetters.size() ? std::string(1, driveLetters[index]) + ":\\" : "";
+  }
+  std::string target = directory.substr(0, 1) + ":\\";
+  const bool isPart = number < kFirstSubDirectory;
+  const auto index = static_cast<size_t>(number - (isPart ? kFirstPart : kFirstSubDirectory));
+  if (index >= (isPart ? parts : subDirectories).size()) return {};
+  const size_t partCount = isPart ? index + 1 : parts.size();
+  for (size_t i = 0; i < partCount; ++i) target += parts[i] + "\\";
+  if (!isPart) target += subDirectories[index] + "\\";
+  return target;
+}
+
+int DirectoryBrowser::DriveItem() const {
+  const auto current = std::find_if(driveLetters.begin(), driveLetters.end(), [&](char letter) {
+    return !directory.empty() && Lower(letter) == Lower(directory[0]);
+  });
+  return current == driveLetters.end() ? 0 : static_cast<int>(current - driveLetters.begin());
+}
+
+int DirectoryBrowser::SelectedItem() const {
+  return parts.empty() ? DriveItem() : kFirstPart + static_cast<int>(parts.size()) - 1;
+}
+
+std::vector<DirectoryBrowser::Item> DirectoryBrowser::Items() const {
+  std::vector<Item> items;
+  for (size_t i = 0; i < driveLetters.size(); ++i) {
+    items.push_back({static_cast<int>(i), -1, std::string("[") + driveLetters[i] + ":]"});
+  }
+  int above = DriveItem();
+  for (size_t i = 0; i < parts.size(); ++i) {
+    const int number = kFirstPart + static_cast<int>(i);
+    items.push_back({number, above, parts[i]});
+    above = number;
+  }
+  for (size_t i = 0; i < subDirectories.size(); ++i) {
+    items.push_back({kFirstSubDirectory + static_cast<int>(i), above, subDirectories[i]});
+  }
+  return items;
+}
+
+}  // namespace tvx

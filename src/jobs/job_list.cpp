@@ -1,0 +1,70 @@
+#include "jobs/job_list.h"
+
+#include "model/job_record.h"
+#include "platform/scan.h"
+
+namespace tvx {
+
+namespace {
+
+constexpr char kFileWord[] = "File";
+
+void SetDrive(char letter, std::string* line) {
+  for (size_t at = line->find("X:"); at != std::string::npos; at = line->find("X:", at + 2)) {
+    (*line)[at] = letter;
+  }
+}
+
+}  // namespace
+
+bool JobList::IsFull() const {
+  return names.size() >= kJobListSlots;
+}
+
+void JobList::Clear() {
+  names.clear();
+  lines.clear();
+}
+
+bool JobList::Insert(size_t position, std::string name, std::string line) {
+  if (IsFull()) return false;
+  const auto at = static_cast<std::ptrdiff_t>(std::min(position, names.size()));
+  names.insert(names.begin() + at, std::move(name));
+  lines.insert(lines.begin() + at, std::move(line));
+  return true;
+}
+
+void JobList::Remove(size_t position) {
+  if (position >= names.size()) return;
+  names.erase(names.begin() + static_cast<std::ptrdiff_t>(position));
+  lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(position));
+}
+
+std::string PrintJobList(const JobList& list) {
+  std::string text;
+  for (size_t i = 0; i < list.size(); ++i) {
+    text += std::string(kFileWord) + " " + list.names[i] + "  " + list.lines[i] + "\r\n";
+  }
+  return text;
+}
+
+JobList ReadJobList(std::string_view text, std::optional<char> driveLetter) {
+  JobList list;
+  WordScanner words(text);
+  std::string word, line;
+  while (words.ReadWord(&word)) {
+    if (EqualNoCase(word, kFileWord)) {
+      if (!list.names.empty()) list.lines.back() = line;
+      line.clear();
+      if (list.IsFull() || !words.ReadWord(&word)) return list;
+      list.Insert(list.size(), word, "");
+    } else if (!list.names.empty()) {
+      line += word + " ";
+      if (driveLetter.has_value()) SetDrive(*driveLetter, &line);
+    }
+  }
+  if (!list.names.empty() && !line.empty()) list.lines.back() = line;
+  return list;
+}
+
+}  // namespace tvx

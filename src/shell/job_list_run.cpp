@@ -1,0 +1,127 @@
+#include "shell/job_list_run.h"
+
+#include "feed/feed_pass.h"
+#include "feed/master_build.h"
+#include "feed/master_file.h"
+#include "jobs/option_line.h"
+#include "shell/cut_time_commands.h"
+#include "stats/cut_time.h"
+#include "view/view_transform.h"
+
+namespace tvx {
+
+namespace {
+
+// Window class of the transfer program.
+constexpr char kTransferWindow[] = "TRNW";
+constexpr char kMasterEnding[] = ".mma";
+constexpr int32_t kDefaultSpindle = 1000;  // 1/min
+constexpr int kJobSlot = 1;
+
+size_t EntryCount(const JobRecord& job) {
+  size_t count = 0;
+  while (count < job.FileNames.size() && !job.FileNames[count].empty()) ++count;
+  return count;
+}
+
+int Load(CTVXView* view, const std::string& path) {
+  return LoadNcFile(path, &view->program, &view->app->parserStates, &view->job, view->app->files,
+                    view->app->ui);
+}
+
+// The NC file that a missing model is built from: the model's path up to its first ending.
+std::string ProgramOfMaster(const std::string& masterPath) {
+  return masterPath.substr(0, masterPath.find(kMasterEnding));
+}
+
+// The model of an entry: read, or built from its NC file and written. Returns false if there is
+// none afterwards.
+bool BringMaster(CTVXView* view, const std::string& masterPath) {
+  Files* const files = view->app->files;
+  UserInterface* const ui = view->app->ui;
+  DropMaster(&view->masterGrid);
+  if (files->Exists(masterPath)) {
+    return ReadMasterFile(masterPath, &view->masterGrid, files, ui) == 1;
+  }
+  if (Load(view, ProgramOfMaster(masterPath)) == 0) return false;
+  if (BuildMaster(view->masterDialog, &view->program, &view->masterGrid, &view->view.RapidVisible,
+                  ui) == 0) {
+    return false;
+  }
+  return WriteMasterFile(masterPath, view->masterGrid, files, ui) == 1;
+}
+
+// What the job dialog works with in this window.
+JobDialogWorld DialogWorld(CTVXView* view) {
+  CTVXApp* const app = view->app;
+  return {&app->JobSlots[kJobSlot],
+          &view->job,
+          app->configuration.EnvDir,
+          app->configuration.Editor,
+          &app->ExtensionList,
+          app->files,
+          app->ui,
+          app->programs};
+}
+
+void RunEntry(CTVXView* view, size_t index, std::string* lastMaster, RunObserver* observer) {
+  const std::string line = view->job.OptionLines[index];
+  ParseOptionLine(&view->job, line, nullptr);
+  std::string directory;
+  LineDirectory(line, &directory);
+  const std::string name = view->job.FileNames[index];
+  const std::string path = directory + "\\" + name;
+
+  const std::string& master = view->job.AfaMasterFile;
+  if (view->job.AfaByMaster == 1 && NamesMasterFile(master) && master != *lastMaster) {
+    if (!BringMaster(view, master)) observer->OnMasterFailed(master);
+    *lastMaster = master;
+  }
+  if (Load(view, path) == 0) observer->OnLoadFailed(path);
+  if (view->job.AfaEnabled == 1) {
+    FeedPass(&view->program, view->job, &view->masterGrid, &view->app->feedPassMemory);
+  }
+  FitToPath(&view->view.transform, &view->program.store, view->app->ui);
+  CutTimeEntry& current = view->fileInfo.current;
+  ComputeCutTime(&view->program.store, view->job, &current);
+  current.fileName = name;
+  current.optionLine = line;
+  current.dirName = directory;
+  RecordResultEntry(view);
+}
+
+}  // namespace
+
+void RunJobList(CTVXView* view, RunObserver* observer) {
+  CTVXApp* const app = view->app;
+  CTransferDlg& dialog = view->transferDialog;
+  dialog.SlotIndex = kJobSlot;
+  dialog.ListOptions.FileNames.resize(kJobListSlots);
+  dialog.ListOptions.OptionLines.resize(kJobListSlots);
+  view->job.KeyCodeOn = view->job.KeyCodeCount = view->job.FirstEditable = 0;
+  CopyJobRecord(kJobSlot, &app->JobSlots[kJobSlot], view->job);
+  dialog.SpindleSpeed = app->rememberedSpindle < 0 ? kDefaultSpindle : app->rememberedSpindle;
+  if (app->programs->HasWindowOfClass(kTransferWindow)) {
+    app->programs->Quit();
+    return;
+  }
+  dialog.Open(DialogWorld(view));
+  if (!app->ui->RunModal(&dialog)) return;
+
+  app->rememberedSpindle = dialog.SpindleSpeed;
+  CopyJobRecord(kJobSlot, &view->job, app->JobSlots[kJobSlot]);
+  RunAcceptedList(view, observer);
+}
+
+void RunAcceptedList(CTVXView* view, RunObserver* observer) {
+  RunObserver nobody;
+  if (observer == nullptr) observer = &nobody;
+  const size_t count = EntryCount(view->job);
+  std::string lastMaster;
+  for (size_t i = 0; i < count; ++i) {
+    observer->OnEntry(i, count, view->job.FileNames[i]);
+    RunEntry(view, i, &lastMaster, observer);
+  }
+}
+
+}  // namespace tvx

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "shell/tvx_view.h"
+
+namespace tvx {
+
+// What a run tells of itself while it goes on; the command-line tool listens.
+class RunObserver {
+ public:
+  virtual ~RunObserver() = default;
+  // Before an entry of `count` is handled.
+  virtual void OnEntry(size_t /*index*/, size_t /*count*/, const std::string& /*path*/) {}
+  // A file of the list that could not be loaded; it is recorded with what the store holds.
+  virtual void OnLoadFailed(const std::string& /*path*/) {}
+  // A master model that could be neither read nor built; the entry goes on without it.
+  virtual void OnMasterFailed(const std::string& /*path*/) {}
+};
+
+// The command "다중 Afa Cut Time": shows the job dialog and takes every file of the accepted list
+// through master model, load, adjustment, fit, figures and recording, each with its own options.
+// While the transfer program is running, TVX ends instead.
+void RunJobList(CTVXView* view, RunObserver* observer = nullptr);
+
+// The part of it behind the dialog: runs the list of the working record.
+void RunAcceptedList(CTVXView* view, RunObserver* observer);
+
+}  // namespace tvx
