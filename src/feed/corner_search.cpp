@@ -147,18 +147,16 @@ void CornerSearch::WalkBackward(Side* side) const {
   const uint32_t start = corner_.previous > 0 ? corner_.previous - 1 : 0;
   const uint32_t away =
       path_.LastAway(start, corner_.point, side->distance, PathIndex::Rapids::End);
-  if (away == PathIndex::kNoMove) {
-    side->ended = false;
-  } else if (IsRapidType(path_.Block(away).type)) {
+  if (away != PathIndex::kNoMove && IsRapidType(path_.Block(away).type)) {
     const uint32_t end = path_.NextMove(away);
     const uint32_t last =
         path_.FirstAway(end, corner_.point, kLeastLength, PathIndex::Rapids::PassOver);
     const bool inWalk = last <= corner_.previous;
     ReachBeforeRapid(Direction::Backward, end, inWalk ? last : end, side);
-  } else if (away == 0) {
-    side->ended = false;
-  } else {
+  } else if (away != PathIndex::kNoMove && away != 0) {
     Reach(Direction::Backward, away, side);
+  } else {
+    side->ended = false;
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 #include "feed/angle_feed.h"
 #include "feed/directions.h"
@@ -28,6 +29,29 @@ struct Batch {
   uint32_t first;
   uint32_t end;
 };
+
+bool SameFeeds(const MotionBlock& a, const MotionBlock& b) {
+  return a.feed == b.feed && a.headPercent == b.headPercent && a.headFeed == b.headFeed &&
+         a.tailPercent == b.tailPercent && a.tailFeed == b.tailFeed;
+}
+
+// Applies a rule to the blocks from first to last, the last one included, and tells the trace.
+template <typename Rule>
+void Apply(FeedRule name, const PathIndex& path, uint32_t first, uint32_t last,
+           const FeedTrace& trace, Rule rule) {
+  if (!trace) {
+    rule();
+    return;
+  }
+  last = std::min(last, path.BlockCount() - 1);
+  std::vector<MotionBlock> before;
+  for (uint32_t i = first; i <= last; ++i) before.push_back(path.Block(i));
+  rule();
+  for (uint32_t i = first; i <= last; ++i) {
+    const MotionBlock& old = before[i - first];
+    if (!SameFeeds(old, path.Block(i))) trace(name, i, old, path.Block(i));
+  }
+}
 
 void ResetFeeds(BlockStore* store, Batch batch, int32_t maxFeed) {
   for (uint32_t i = batch.first; i < batch.end; ++i) {
@@ -84,11 +108,15 @@ void SlowSlopes(BlockStore* store, const PathIndex& path, Batch batch, const Job
   }
 }
 
-void SearchCorners(const PathIndex& path, Batch batch, CornerSearch* search) {
+void SearchCorners(const PathIndex& path, Batch batch, CornerSearch* search,
+                   const FeedTrace& trace) {
   for (uint32_t i = batch.first; i < batch.end; ++i) {
     const uint32_t type = path.Block(i).type;
-    if (IsCutType(type) || IsArcType(type)) search->XyCornerSearch(i);
-    if (IsCutType(type)) search->ZCornerSearch(i);
+    if (!IsCutType(type) && !IsArcType(type)) continue;
+    const uint32_t next = path.NextMove(i);
+    Apply(FeedRule::XyCorner, path, i, next, trace, [&] { search->XyCornerSearch(i); });
+    if (!IsCutType(type)) continue;
+    Apply(FeedRule::ZCorner, path, i, next, trace, [&] { search->ZCornerSearch(i); });
   }
 }
 
@@ -109,8 +137,13 @@ void FlattenArcs(BlockStore* store, const PathIndex& path, Batch batch) {
 
 }  // namespace
 
+const char* RuleName(FeedRule rule) {
+  constexpr const char* kNames[] = {"slope", "master", "xy corner", "z corner", "arc"};
+  return kNames[static_cast<size_t>(rule)];
+}
+
 void FeedPass(NcProgram* program, const JobRecord& job, const MasterGrid* master,
-              FeedPassMemory* memory) {
+              FeedPassMemory* memory, const FeedTrace& trace) {
   static const MasterGrid kNoMaster;
   BlockStore* store = &program->store;
   program->FeedBase = job.MaxFeed;
@@ -119,14 +152,20 @@ void FeedPass(NcProgram* program, const JobRecord& job, const MasterGrid* master
   CornerSearch search(store, path, job, &memory->headings);
   for (Batch batch{0, 0}; batch.end < path.BlockCount(); batch.first = batch.end) {
     batch.end = std::min(batch.first + kBatchBlocks, path.BlockCount());
+    const auto apply = [&](FeedRule name, auto rule) {
+      // A rule may reach the first move behind the batch.
+      Apply(name, path, batch.first, batch.end, trace, rule);
+    };
     ResetFeeds(store, batch, job.MaxFeed);
-    SlowSlopes(store, path, batch, job);
+    apply(FeedRule::Slope, [&] { SlowSlopes(store, path, batch, job); });
     if (job.AfaByMaster == 1) {
-      MasterSubPass(store, job, master != nullptr ? *master : kNoMaster, batch.first, batch.end,
-                    &memory->LastNextBlock);
+      apply(FeedRule::Master, [&] {
+        MasterSubPass(store, job, master != nullptr ? *master : kNoMaster, batch.first, batch.end,
+                      &memory->LastNextBlock);
+      });
     }
-    SearchCorners(path, batch, &search);
-    FlattenArcs(store, path, batch);
+    SearchCorners(path, batch, &search, trace);
+    apply(FeedRule::Arc, [&] { FlattenArcs(store, path, batch); });
   }
 }
 

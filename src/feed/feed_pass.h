@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 #include "feed/corner_search.h"
 #include "feed/master_grid.h"
@@ -18,10 +19,20 @@ struct FeedPassMemory {
   CornerHeadings headings;
 };
 
+enum class FeedRule { Slope, Master, XyCorner, ZCorner, Arc };
+
+// "slope", "master", "xy corner", "z corner", "arc".
+const char* RuleName(FeedRule rule);
+
+// Is told which rule changed the feed or the zones of which block, for those who ask why a move
+// came out as slow as it did.
+using FeedTrace = std::function<void(FeedRule rule, uint32_t block, const MotionBlock& before,
+                                     const MotionBlock& after)>;
+
 // Rewrites feedProgrammed, feed and the zones of the stored moves, and sets FeedBase to MaxFeed.
 // Zones of an earlier run over the same load stay and can only grow or slow further. `master` may
 // be null: there is no model then, and none of its surface is found.
 void FeedPass(NcProgram* program, const JobRecord& job, const MasterGrid* master,
-              FeedPassMemory* memory);
+              FeedPassMemory* memory, const FeedTrace& trace = {});
 
 }  // namespace tvx

@@ -29,6 +29,7 @@ using ZCorner = CornerTest;
 
 std::vector<MotionBlock> Cuts(const std::vector<Vec3>& points) {
   std::vector<MotionBlock> blocks;
+  blocks.reserve(points.size());
   for (const Vec3& p : points) blocks.push_back(Move(BlockCut, p.x, p.y, p.z));
   return blocks;
 }

@@ -108,7 +108,8 @@ TEST_F(FeedPassSlopes, UpDownChkScalesFallingMovesAndHoldsAll) {
 std::vector<MotionBlock> Stairs(uint32_t count) {
   std::vector<MotionBlock> blocks = {Move(BlockRapidStart, 0, 0, 0)};
   for (uint32_t i = 1; i < count; ++i) {
-    blocks.push_back(Move(BlockCut, static_cast<float>(10 * i), 0, static_cast<float>(i / 2 * 10)));
+    const uint32_t rises = i / 2;
+    blocks.push_back(Move(BlockCut, static_cast<float>(10 * i), 0, static_cast<float>(10 * rises)));
   }
   return blocks;
 }
@@ -193,6 +194,25 @@ TEST_F(FeedPassTest, ForgetsProgrammedFeedsAndKeepsZones) {
   EXPECT_EQ(store.Peek(1)->feedProgrammed, 2500);
   EXPECT_EQ(store.Peek(2)->feed, 60);
   EXPECT_EQ(program->FeedBase, 2500);
+}
+
+TEST_F(FeedPassTest, TellsWhichRuleChangedWhichMove) {
+  job.CornerMinAngle = 10;
+  Fill(&store, {Move(BlockRapidStart, 0, 0, 0), Move(BlockCutStart, 0, 0, -20),
+                Move(BlockCut, 30, 0, -20), Move(BlockCut, 30, 30, -20),
+                Move(BlockArcCw, 60, 30, -20), Move(BlockArcCentre, 15, 0, -20)});
+  job.PlungeFeed = 300;
+  std::string told;
+  FeedPass(program.get(), job, nullptr, &memory,
+           [&](FeedRule rule, uint32_t block, const MotionBlock&, const MotionBlock& after) {
+             told += std::string(RuleName(rule)) + " " + std::to_string(block) + ": " +
+                     FeedText(after) + "; ";
+           });
+  EXPECT_EQ(told,
+            "slope 1: 300; z corner 1: 300 tail 25% 100; z corner 2: 1000 head 16% 100; "
+            "xy corner 2: 1000 head 16% 100 tail 16% 100; xy corner 3: 1000 head 16% 100; "
+            "xy corner 3: 1000 head 16% 100 tail 16% 100; xy corner 4: 1000 head 16% 100; "
+            "arc 4: 100; ");
 }
 
 // What must hold on any path, whatever the rules do to it.

@@ -60,7 +60,7 @@ class Writer {
   void Turning() {
     const double spacing = std::pow(10.0, Uniform(-2.5, 1.3));
     const double turn = Chance(0.5) ? 0.1 : 3.0;
-    const double climb = Chance(0.5) ? 0 : Uniform(0, 1.5);
+    const double climb = Chance(0.4) ? 0 : Chance(0.2) ? 0.0003 : Uniform(0, 1.5);
     double heading = Uniform(0, 6.28);
     for (int i = Whole(1, Chance(0.2) ? 300 : 12); i > 0; --i) {
       heading += Uniform(-turn, turn);
@@ -217,12 +217,12 @@ JobRecord RandomJob(Random* random) {
   job.CornerMaxRatio = OneOf(random, {0.1F, 0.3F, 0.05F});
   job.SlopeMinAngle = OneOf(random, {10.0F, 0.0F, 45.0F});
   job.SlopeMaxRatio = OneOf(random, {0.1F, 0.5F});
-  job.ConCorChk = OneOf(random, {0, 1, 1});
-  job.UpDownChk = OneOf(random, {0, 1});
+  job.ConCorChk = OneOf(random, {0, 1, 1, 2});
+  job.UpDownChk = OneOf(random, {0, 1, 1, 2});
   job.ZupZdown = OneOf(random, {1.0F, 0.5F, 1.5F});
   job.MaxFeed = OneOf(random, {1000, 2345, 100000});
   job.PlungeFeed = OneOf(random, {1000, 150, 5000});
-  job.XyChgReduceCheck = OneOf(random, {0, 0, 1});
+  job.XyChgReduceCheck = OneOf(random, {0, 0, 1, -1});
   job.FeedChgAng = OneOf(random, {10, 1, 50});
   job.CorWeight30 = OneOf(random, {0.7F, 1.0F, 0.2F});
   job.CorWeight60 = OneOf(random, {0.3F, 0.0F, 0.9F});
