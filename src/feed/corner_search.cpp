@@ -61,6 +61,7 @@ int16_t AtLeastOnePercent(float distance, float length) {
 }  // namespace
 
 float ArcRadius(BlockStore* store, uint32_t arc) {
+  store->ReadBlock(arc);  // stands in for a centre that found no memory
   store->ReadBlock(arc + 1);
   return static_cast<float>(
       SafeSqrt(Square(store->CurrentBlock.x) + Square(store->CurrentBlock.y)));
@@ -117,23 +118,24 @@ const CornerSearch::Side& CornerSearch::Look(Direction direction, float distance
 
 // The walk from move to move ends at the first one that is the look distance away from the corner,
 // in a straight line, or before a rapid. It is not asked whether the next move is a rapid.
+//
+// A walk that a rapid stopped may end on a move that came back to the corner exactly. Its direction
+// is then that of the last move of the walk that did not.
 void CornerSearch::WalkForward(Side* side) const {
   ReachNeighbour(corner_.next, corner_.departure, side);
   side->ended = true;
   if (!(side->length < side->distance)) return;
 
-  const uint32_t away =
-      path_.FirstAway(corner_.next + 1, corner_.point, side->distance, PathIndex::Rapids::End);
+  const uint32_t away = path_.FirstAway(corner_.next + 1, corner_.point, side->distance);
   if (away == PathIndex::kNoMove) {
     side->ended = false;
   } else if (!IsRapidType(path_.Block(away).type)) {
     Reach(Direction::Forward, away, side);
   } else {
     const uint32_t end = path_.PrevMove(away);
-    const uint32_t last =
-        path_.LastAway(end, corner_.point, kLeastLength, PathIndex::Rapids::PassOver);
-    const bool inWalk = last != PathIndex::kNoMove && last >= corner_.next;
-    ReachBeforeRapid(Direction::Forward, end, inWalk ? last : end, side);
+    const uint32_t last = path_.LastAway(end, corner_.point, kLeastLength);
+    if (last != PathIndex::kNoMove && last > corner_.next) Reach(Direction::Forward, last, side);
+    Reach(Direction::Forward, end, side);
   }
 }
 
@@ -145,14 +147,12 @@ void CornerSearch::WalkBackward(Side* side) const {
   if (!(side->length < side->distance)) return;
 
   const uint32_t start = corner_.previous > 0 ? corner_.previous - 1 : 0;
-  const uint32_t away =
-      path_.LastAway(start, corner_.point, side->distance, PathIndex::Rapids::End);
+  const uint32_t away = path_.LastAway(start, corner_.point, side->distance);
   if (away != PathIndex::kNoMove && IsRapidType(path_.Block(away).type)) {
     const uint32_t end = path_.NextMove(away);
-    const uint32_t last =
-        path_.FirstAway(end, corner_.point, kLeastLength, PathIndex::Rapids::PassOver);
-    const bool inWalk = last <= corner_.previous;
-    ReachBeforeRapid(Direction::Backward, end, inWalk ? last : end, side);
+    const uint32_t last = path_.FirstAway(end, corner_.point, kLeastLength);
+    if (last < corner_.previous) Reach(Direction::Backward, last, side);
+    Reach(Direction::Backward, end, side);
   } else if (away != PathIndex::kNoMove && away != 0) {
     Reach(Direction::Backward, away, side);
   } else {
@@ -175,14 +175,6 @@ void CornerSearch::Reach(Direction direction, uint32_t block, Side* side) const 
   }
   side->block = block;
   side->length = difference.length;
-}
-
-// The end of a walk that a rapid stopped nearer than the look distance. If its last move came back
-// to the corner exactly, the direction is that of the last move of the walk that did not.
-void CornerSearch::ReachBeforeRapid(Direction direction, uint32_t block, uint32_t lastAway,
-                                    Side* side) const {
-  Reach(direction, lastAway, side);
-  Reach(direction, block, side);
 }
 
 // The point of the path at about the look distance lies on the line of the segment that the walk

@@ -79,7 +79,6 @@ class CornerSearch {
   void WalkBackward(Side* side) const;
   static void ReachNeighbour(uint32_t block, const Stretch& way, Side* side);
   void Reach(Direction direction, uint32_t block, Side* side) const;
-  void ReachBeforeRapid(Direction direction, uint32_t block, uint32_t lastAway, Side* side) const;
   void FindPoint(Direction direction, Side* side) const;
 
   static void TakeHeading(const Stretch& stretch, float* heading);

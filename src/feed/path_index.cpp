@@ -33,13 +33,11 @@ struct AwayTest {
   Vec3 point;
   float distance;
   float nearSquared;
-  bool endAtRapid;
 
   bool operator()(const MotionBlock& block) const {
-    const bool ends = endAtRapid && IsRapidType(block.type);
+    if (IsRapidType(block.type)) return true;
     const float dz = block.z - point.z;
-    if (PlaneSquared(block.x - point.x, block.y - point.y) + dz * dz < nearSquared) return ends;
-    if (ends) return true;
+    if (PlaneSquared(block.x - point.x, block.y - point.y) + dz * dz < nearSquared) return false;
     if (!IsMoveType(block.type)) return false;
     Difference difference;
     Vec3 unit;
@@ -56,7 +54,7 @@ PathIndex::Bounds PathIndex::Bounds::Empty() {
 
 void PathIndex::Bounds::Add(const MotionBlock& block) {
   if (!IsMoveType(block.type)) return;
-  // A rapid may end a search wherever it goes, so a run with one is never passed over; nor is one
+  // A rapid ends a search wherever it goes, so a run with one is never passed over; nor is one
   // with a point that cannot be bounded.
   if (IsRapidType(block.type) || !IsFinite(block)) {
     lowX = lowY = lowZ = -kInfinity;
@@ -226,16 +224,14 @@ uint32_t PathIndex::PrevMove(uint32_t i) const {
   return move == kNoMove ? 0 : move;
 }
 
-uint32_t PathIndex::FirstAway(uint32_t first, const Vec3& point, float distance,
-                              Rapids rapids) const {
-  const AwayTest away{point, distance, NearSquared(distance), rapids == Rapids::End};
+uint32_t PathIndex::FirstAway(uint32_t first, const Vec3& point, float distance) const {
+  const AwayTest away{point, distance, NearSquared(distance)};
   return SearchForward(
       first, [&](const Bounds& bounds) { return bounds.IsNear(point, away.nearSquared); }, away);
 }
 
-uint32_t PathIndex::LastAway(uint32_t last, const Vec3& point, float distance,
-                             Rapids rapids) const {
-  const AwayTest away{point, distance, NearSquared(distance), rapids == Rapids::End};
+uint32_t PathIndex::LastAway(uint32_t last, const Vec3& point, float distance) const {
+  const AwayTest away{point, distance, NearSquared(distance)};
   return SearchBackward(
       last, [&](const Bounds& bounds) { return bounds.IsNear(point, away.nearSquared); }, away);
 }

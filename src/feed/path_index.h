@@ -30,13 +30,11 @@ class PathIndex {
   // The last move before block i, or 0 if there is none: block 0 also stands for a missing move.
   uint32_t PrevMove(uint32_t i) const;
 
-  enum class Rapids { End, PassOver };
-
   // The first move from `first` on (the last one down from `last`) that ends at least `distance`,
-  // a length above 0, from the point. With Rapids::End a rapid ends the search wherever it goes.
-  // kNoMove if there is none.
-  uint32_t FirstAway(uint32_t first, const Vec3& point, float distance, Rapids rapids) const;
-  uint32_t LastAway(uint32_t last, const Vec3& point, float distance, Rapids rapids) const;
+  // a length above 0, from the point, or that is a rapid, wherever it goes. kNoMove if there is
+  // none.
+  uint32_t FirstAway(uint32_t first, const Vec3& point, float distance) const;
+  uint32_t LastAway(uint32_t last, const Vec3& point, float distance) const;
 
   // The blocks that can be read: all, or all but one where memory for the last one ran out.
   uint32_t BlockCount() const { return count_; }

@@ -12,11 +12,11 @@ namespace {
 constexpr uint32_t kNoMove = PathIndex::kNoMove;
 
 uint32_t FirstAwayByWalk(const BlockStore& store, int64_t first, int64_t step, const Vec3& point,
-                         float distance, bool endAtRapid) {
+                         float distance) {
   for (int64_t i = first; i >= 0 && i < store.blockCount; i += step) {
     const MotionBlock& block = *store.Peek(static_cast<uint32_t>(i));
     if (!IsMoveType(block.type)) continue;
-    if (endAtRapid && IsRapidType(block.type)) return static_cast<uint32_t>(i);
+    if (IsRapidType(block.type)) return static_cast<uint32_t>(i);
     Difference difference;
     Vec3 unit;
     DiffVectors({block.x, block.y, block.z}, point, &difference, &unit);
@@ -29,15 +29,10 @@ void ExpectWalks(BlockStore* store, uint32_t stride, float distance) {
   const PathIndex path(store);
   for (uint32_t i = 0; i < store->blockCount; i += stride) {
     const Vec3 point = path.Point(i);
-    for (const bool end : {true, false}) {
-      const auto rapids = end ? PathIndex::Rapids::End : PathIndex::Rapids::PassOver;
-      ASSERT_EQ(path.FirstAway(i, point, distance, rapids),
-                FirstAwayByWalk(*store, i, 1, point, distance, end))
-          << i << " " << distance;
-      ASSERT_EQ(path.LastAway(i, point, distance, rapids),
-                FirstAwayByWalk(*store, i, -1, point, distance, end))
-          << i << " " << distance;
-    }
+    ASSERT_EQ(path.FirstAway(i, point, distance), FirstAwayByWalk(*store, i, 1, point, distance))
+        << i << " " << distance;
+    ASSERT_EQ(path.LastAway(i, point, distance), FirstAwayByWalk(*store, i, -1, point, distance))
+        << i << " " << distance;
   }
 }
 
@@ -92,7 +87,7 @@ TEST(PathIndex, StepsOverLinesWithoutAMove) {
 TEST(PathIndex, RepairsBadRecordsAndTakesAnEmptyStore) {
   BlockStore store;
   EXPECT_EQ(PathIndex(&store).NextMove(0), kNoMove);
-  EXPECT_EQ(PathIndex(&store).FirstAway(0, {}, 5.0F, PathIndex::Rapids::End), kNoMove);
+  EXPECT_EQ(PathIndex(&store).FirstAway(0, {}, 5.0F), kNoMove);
   Fill(&store, {Move(BlockCut, 0, 0, 0), Move(BlockCut, 40000, 0, 0), Move(BlockCut, 1, 0, 0)});
   EXPECT_EQ(PathIndex(&store).NextMove(0), 2U);
   EXPECT_EQ(store.Peek(1)->type, BlockNone);
