@@ -4,6 +4,7 @@
 #include "desktop/command_pad_face.h"
 #include "desktop/condition_faces.h"
 #include "desktop/file_info_face.h"
+#include "desktop/job_faces.h"
 #include "desktop/master_face.h"
 #include "desktop/restart_face.h"
 #include "desktop/settings_faces.h"
@@ -32,6 +33,7 @@ const FaceMaker kFaces[] = {
     MakerOf<CDirListDlg, DirListFace>(),       MakerOf<COptionDlg, OptionFace>(),
     MakerOf<CMasterDlg, MasterFace>(),         MakerOf<CAutoFeedDlg, AutoFeedFace>(),
     MakerOf<CAfaSetupDlg, AfaSetupFace>(),     MakerOf<CSendOptionDlg, SendOptionFace>(),
+    MakerOf<CTransferDlg, TransferFace>(),     MakerOf<CKeyCodeDlg, KeyCodeFace>(),
     MakerOf<CRestartDlg, RestartFace>(),       MakerOf<CGetFeedDlg, CalculatorFace>(),
 };
 

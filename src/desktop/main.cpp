@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QTimer>
 #include <clocale>
 #include <memory>
 
@@ -9,6 +10,7 @@
 #include "desktop/qt_user_interface.h"
 #include "platform/drives.h"
 #include "platform/files.h"
+#include "platform/host_programs.h"
 #include "shell/application.h"
 
 int main(int argc, char** argv) {
@@ -20,7 +22,8 @@ int main(int argc, char** argv) {
   const tvx::Drives drives(tvx::Drives::DefaultHome());
   const std::unique_ptr<tvx::Files> files = tvx::MakeHostFiles(&drives);
   tvx::QtUserInterface ui(&drives, files.get());
-  tvx::CTVXApp app(files.get(), &ui);
+  tvx::HostPrograms programs(&drives, [] { QTimer::singleShot(0, qApp, &QApplication::quit); });
+  tvx::CTVXApp app(files.get(), &ui, &programs);
   app.InitApplication();
 
   tvx::MainWindow window(&app, &drives);

@@ -156,6 +156,9 @@ void MainWindow::RunCommand(int id) {
     case Action::kEditDirectoryList:
       EditDirectoryList(app_->configuration.EnvDir, &app_->DirectoryList, app_->files, app_->ui);
       break;
+    case Action::kEditUserKey:
+      EditUserKey(static_cast<size_t>(command.argument), &app_->UserKeys, app_->ui);
+      break;
     case Action::kWriteUserKeys:
       WriteUserKeys(app_->configuration.EnvDir, app_->UserKeys, app_->files);
       break;

@@ -1,0 +1,124 @@
+#include "platform/host_programs.h"
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#ifdef TVX_HAVE_XCB
+#include <xcb/xcb.h>
+#endif
+
+namespace tvx {
+
+namespace {
+
+// Opens a file with whatever the user's desktop has for its kind.
+constexpr char kDesktopOpener[] = "xdg-open";
+
+// Runs a program in a session of its own, so that it outlives this one, and leaves no zombie: an
+// intermediate process ends at once. False if the program cannot be started.
+bool StartDetached(const std::string& program, const std::string& argument) {
+  int report[2];
+  if (pipe2(report, O_CLOEXEC) != 0) return false;
+  const pid_t child = fork();
+  if (child < 0) {
+    close(report[0]);
+    close(report[1]);
+    return false;
+  }
+  if (child == 0) {
+    setsid();
+    const pid_t grandchild = fork();
+    if (grandchild != 0) _exit(grandchild < 0 ? 1 : 0);
+    execlp(program.c_str(), program.c_str(), argument.c_str(), static_cast<char*>(nullptr));
+    // Only reached if there is no such program; a success closes the pipe without a byte.
+    const char failed = 1;
+    (void)!write(report[1], &failed, 1);
+    _exit(127);
+  }
+  close(report[1]);
+  int status = 0;
+  waitpid(child, &status, 0);
+  char failed = 0;
+  const bool started = read(report[0], &failed, 1) == 0 && status == 0;
+  close(report[0]);
+  return started;
+}
+
+#ifdef TVX_HAVE_XCB
+
+struct Free {
+  void operator()(void* memory) const { std::free(memory); }
+};
+template <typename T>
+using Reply = std::unique_ptr<T, Free>;
+
+bool HasClass(xcb_connection_t* display, xcb_window_t window, std::string_view wanted) {
+  constexpr uint32_t kWords = 64;  // of four bytes; far more than a class name takes
+  const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
+      display, xcb_get_property(display, 0, window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 0, kWords),
+      nullptr));
+  if (reply == nullptr) return false;
+  // Two names, each ended by a zero byte: the instance and the class.
+  std::string_view names(static_cast<const char*>(xcb_get_property_value(reply.get())),
+                         static_cast<size_t>(xcb_get_property_value_length(reply.get())));
+  while (!names.empty()) {
+    const size_t end = std::min(names.find('\0'), names.size());
+    if (names.substr(0, end) == wanted) return true;
+    names.remove_prefix(std::min(end + 1, names.size()));
+  }
+  return false;
+}
+
+bool AnyHasClass(xcb_connection_t* display, xcb_window_t root, std::string_view wanted) {
+  std::vector<xcb_window_t> windows = {root};
+  while (!windows.empty()) {
+    const xcb_window_t window = windows.back();
+    windows.pop_back();
+    if (HasClass(display, window, wanted)) return true;
+    const Reply<xcb_query_tree_reply_t> tree(
+        xcb_query_tree_reply(display, xcb_query_tree(display, window), nullptr));
+    if (tree == nullptr) continue;
+    const xcb_window_t* const children = xcb_query_tree_children(tree.get());
+    windows.insert(windows.end(), children, children + xcb_query_tree_children_length(tree.get()));
+  }
+  return false;
+}
+
+#endif
+
+}  // namespace
+
+bool HostPrograms::Start(const std::string& program, const std::string& path) {
+  const auto host = drives_->ToHost(path);
+  if (!host.has_value()) return false;
+  const auto hostProgram = HasDrive(program) ? drives_->ToHost(program) : std::nullopt;
+  const std::string name = hostProgram.has_value() ? hostProgram->string() : program;
+  return StartDetached(name, host->string()) || StartDetached(kDesktopOpener, host->string());
+}
+
+bool HostPrograms::HasWindowOfClass(const std::string& windowClass) {
+#ifdef TVX_HAVE_XCB
+  xcb_connection_t* const display = xcb_connect(nullptr, nullptr);
+  bool found = false;
+  if (xcb_connection_has_error(display) == 0) {
+    xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(display));
+    for (; !found && screens.rem > 0; xcb_screen_next(&screens)) {
+      found = AnyHasClass(display, screens.data->root, windowClass);
+    }
+  }
+  xcb_disconnect(display);
+  return found;
+#else
+  (void)windowClass;
+  return false;
+#endif
+}
+
+}  // namespace tvx
