@@ -59,7 +59,7 @@ TEST(PathIndex, FindsWhatAWalkFindsOnAHelix) {
 TEST(PathIndex, FindsWhatAWalkFindsAmongRapids) {
   BlockStore store;
   std::vector<MotionBlock> blocks = Helix(6000, 2.0, 0, 0.1);
-  for (const size_t i : {0, 700, 701, 2041, 4500}) blocks[i].type = BlockRapid;
+  for (const size_t i : {size_t{0}, size_t{700}, size_t{701}, size_t{2041}, size_t{4500}}) blocks[i].type = BlockRapid;
   Fill(&store, blocks);
   ExpectWalks(&store, 37, 5.0F);
   ExpectWalks(&store, 37, 3.9F);
