@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 
 #include "platform/page_memory.h"
 
@@ -102,6 +103,18 @@ class BlockStore {
     return record;
   }
 
+  // All records of a page, for writing; empty as WriteBlock would fail for one of them.
+  std::span<MotionBlock> WritablePage(uint32_t page) {
+    MotionBlock* const first = page < kMaxPages ? WritableRecord(page * blocksPerPage) : nullptr;
+    return {first, first != nullptr ? blocksPerPage : 0};
+  }
+
+  // True for a record that a read would repair.
+  static bool IsBad(const MotionBlock& block) {
+    return block.x > kCoordinateLimit || block.x < -kCoordinateLimit ||
+           block.z > kCoordinateLimit || block.z < -kCoordinateLimit;
+  }
+
   MotionBlock CurrentBlock;  // the register
   uint32_t blockCount = 0;   // number of valid blocks; owned by the callers of WriteBlock
 
@@ -119,10 +132,6 @@ class BlockStore {
     to->tailPercent = from.tailPercent;
     to->tailFeed = from.tailFeed;
     to->type = from.type;
-  }
-  static bool IsBad(const MotionBlock& block) {
-    return block.x > kCoordinateLimit || block.x < -kCoordinateLimit ||
-           block.z > kCoordinateLimit || block.z < -kCoordinateLimit;
   }
   // In place, so that a walk that may have to repair makes no call and keeps its sums in registers.
   static void Repair(MotionBlock* block) {

@@ -1,93 +1,86 @@
 #include "model/loader.h"
 
 #include <algorithm>
-#include <cstring>
-#include <string_view>
-#include <vector>
+#include <span>
+
+#include "model/conversational_parser.h"
+#include "model/line_reader.h"
+#include "model/word_parser.h"
 
 namespace tvx {
 
 namespace {
 
-// Reads of this size cost little beside the parsing; the bytes are parsed where they lie.
-constexpr size_t kReadBytes = size_t{256} * 1024;
-// What is kept of a line that stands in two reads: more than the parser ever looks at.
-constexpr size_t kAssemblyBytes = 255;
-// The parser sees this much of a line; of a longer one its line feed is out of reach.
-constexpr size_t kParserLineBytes = 80;
 // Feed in force until the first F word, mm/min.
 constexpr int32_t kStartFeed = 100;
 
-// Gives the lines of a file one by one, without their line feeds. A last line without a line feed
-// is dropped. A line has any length and costs no memory beyond the first bytes.
-class LineReader {
+// Appends what the lines give behind the last block of the store.
+class BlockAppender {
  public:
-  explicit LineReader(InputFile* file)
-      : file_(file), buffer_(kReadBytes + PaddedLine::kLinePadding) {}
+  explicit BlockAppender(BlockStore* store) : store_(*store) {}
 
-  // False at the end of the file. The line is padded and valid until the next call.
-  bool Next(std::string_view* line) {
-    assembled_ = 0;
-    for (;;) {
-      const char* const start = buffer_.data() + position_;
-      const size_t left = filled_ - position_;
-      const void* const found = left > 0 ? std::memchr(start, '\n', left) : nullptr;
-      if (found != nullptr) {
-        const size_t length = static_cast<size_t>(static_cast<const char*>(found) - start);
-        position_ += length + 1;
-        if (assembled_ == 0) {
-          *line = std::string_view(start, length);
-        } else {
-          Assemble(start, length);
-          *line = std::string_view(assembly_, assembled_);
-        }
-        return true;
-      }
-      Assemble(start, left);
-      position_ = 0;
-      filled_ = file_->Read(buffer_.data(), kReadBytes);
-      if (filled_ == 0) return false;
-    }
+  // A line that moves: one block, or two for an arc. Returns false when an arc's second record
+  // finds no room, which ends the load.
+  bool Move(LineParser* parser) {
+    const MotionBlock block = parser->Block();
+    if (!Append(block, block.type)) return true;
+    if (!IsArcType(block.type)) return true;
+    parser->ToArcCentre();
+    if (Append(parser->Block(), BlockArcCentre)) return true;
+    ++count_;
+    return false;
+  }
+
+  // A line without a move leaves a block of type 0, so the store keeps the program's line
+  // structure.
+  void None(const LineParser& parser) { Append(parser.Block(), BlockNone); }
+
+  // Hands the count to the store. Repairs bad records now, while it is known whether there are any,
+  // and gives the reference of the feed colours: the highest programmed feed of the straight cuts
+  // that are left.
+  int32_t Finish() {
+    store_.blockCount = count_;
+    for (uint32_t i = 0; hasBad_ && i < count_; ++i) store_.PeekRepaired(i);
+    return highestFeed_;
   }
 
  private:
-  void Assemble(const char* bytes, size_t count) {
-    count = std::min(count, kAssemblyBytes - assembled_);
-    if (count > 0) std::memcpy(assembly_ + assembled_, bytes, count);
-    assembled_ += count;
+  // False, with the block lost, if there is no room for it. The zone fields are those of a fresh
+  // block.
+  bool Append(const MotionBlock& block, uint32_t type) {
+    if (next_ == pageEnd_ && !OpenPage()) [[unlikely]]
+      return false;
+    next_->x = block.x;
+    next_->y = block.y;
+    next_->z = block.z;
+    next_->feedProgrammed = block.feedProgrammed;
+    next_->feed = block.feed;
+    next_->headPercent = next_->headFeed = next_->tailPercent = next_->tailFeed = 0;
+    next_->type = type;
+    ++next_;
+    ++count_;
+    if (BlockStore::IsBad(block)) {
+      hasBad_ = true;
+    } else if (IsCutType(type)) {
+      highestFeed_ = std::max(highestFeed_, block.feedProgrammed);
+    }
+    return true;
   }
 
-  InputFile* file_;
-  std::vector<char> buffer_;
-  size_t position_ = 0;
-  size_t filled_ = 0;
-  char assembly_[kAssemblyBytes + PaddedLine::kLinePadding] = {};
-  size_t assembled_ = 0;
+  bool OpenPage() {
+    const std::span<MotionBlock> page = store_.WritablePage(count_ / BlockStore::blocksPerPage);
+    next_ = page.data();
+    pageEnd_ = page.data() + page.size();
+    return !page.empty();
+  }
+
+  BlockStore& store_;
+  uint32_t count_ = 0;
+  MotionBlock* next_ = nullptr;  // where the next block goes
+  MotionBlock* pageEnd_ = nullptr;
+  int32_t highestFeed_ = 0;  // mm/min
+  bool hasBad_ = false;
 };
-
-// A line that moves: one block, or two for an arc. Returns false when an arc's second record finds
-// no room, which ends the load.
-bool AppendMove(BlockStore* store, const Vec3& arcOffset) {
-  MotionBlock& block = store->CurrentBlock;
-  const float z = block.z;
-  if (store->WriteBlock(store->blockCount) == 0) return true;
-  ++store->blockCount;
-  if (!IsArcType(block.type)) return true;
-  block.x = arcOffset.x;
-  block.y = arcOffset.y;
-  block.z = z;
-  block.type = BlockArcCentre;
-  ++store->blockCount;
-  return store->WriteBlock(store->blockCount - 1) == 1;
-}
-
-// A line without a move leaves a block of type 0, so the store keeps the program's line structure.
-void AppendNone(BlockStore* store) {
-  const uint32_t type = store->CurrentBlock.type;
-  store->CurrentBlock.type = BlockNone;
-  if (store->WriteBlock(store->blockCount) == 1) ++store->blockCount;
-  store->CurrentBlock.type = type;
-}
 
 // A program's first move always begins a run.
 void StartFirstRun(BlockStore* store) {
@@ -101,16 +94,28 @@ void StartFirstRun(BlockStore* store) {
   }
 }
 
-// The reference of the feed colours. Meets every record, so bad ones are repaired from here on.
-int32_t HighestCutFeed(BlockStore* store) {
-  int32_t highest = 0;
-  for (uint32_t i = 0; i < store->blockCount; ++i) {
-    const MotionBlock* const block = store->PeekRepaired(i);
-    if (block != nullptr && IsCutType(block->type)) {
-      highest = std::max(highest, block->feedProgrammed);
+// Reads all lines from `line` on, the reader's last one. Gives the reference of the feed colours;
+// returns false, without it, when an arc's second record finds no room.
+//
+// Flat, because everything that a line touches then stays within reach of the processor: calls and
+// pointers to follow would cost more than the parsing.
+template <typename Parser>
+[[gnu::flatten]] bool ReadLines(const ParserContext& context, LineReader* reader, NcLine line,
+                                BlockStore* store, int32_t* feedBase) {
+  Parser parser(context);
+  BlockAppender appender(store);
+  bool hasRoom = true;
+  do {
+    if (parser.Parse(line) == 0) {
+      appender.None(parser);
+    } else {
+      hasRoom = appender.Move(&parser);
     }
-  }
-  return highest;
+  } while (hasRoom && reader->Next(&line));
+  parser.Save();
+  const int32_t highestFeed = appender.Finish();
+  if (hasRoom) *feedBase = highestFeed;
+  return hasRoom;
 }
 
 }  // namespace
@@ -133,21 +138,19 @@ int LoadNcFile(const std::string& path, NcProgram* program, ParserStates* states
   block.headPercent = block.headFeed = block.tailPercent = block.tailFeed = 0;
   block.feedProgrammed = block.feed = kStartFeed;
 
-  const ParserContext context{states, &block, &program->incrementalMode, &program->arcRadius, job};
-  LineReader reader(file.get());
-  std::string_view line;
   Vec3 arcOffset;
-  while (reader.Next(&line)) {
-    const PaddedLine parserLine{line.substr(0, kParserLineBytes), line.size() <= kParserLineBytes};
-    if (ParseBlockLine(context, parserLine, &arcOffset) == 0) {
-      AppendNone(&store);
-    } else if (!AppendMove(&store, arcOffset)) {
-      return 0;
-    }
+  const ParserContext context{states,     &block, &program->incrementalMode, &program->arcRadius,
+                              &arcOffset, job};
+  LineReader reader(file.get());
+  NcLine line;
+  int32_t feedBase = 0;
+  if (reader.Next(&line)) {
+    const auto readLines =
+        IsConversational(job) ? ReadLines<ConversationalParser> : ReadLines<WordParser>;
+    if (!readLines(context, &reader, line, &store, &feedBase)) return 0;
   }
-
   StartFirstRun(&store);
-  program->FeedBase = HighestCutFeed(&store);
+  program->FeedBase = feedBase;
   return 1;
 }
 

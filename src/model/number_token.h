@@ -1,9 +1,7 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <string_view>
-
-#include "platform/scan.h"
 
 namespace tvx {
 
@@ -13,57 +11,71 @@ struct NumberToken {
   bool empty = true;  // not one character of a number followed the letter
 };
 
-// At most this many characters belong to one number; what follows is passed over by the parser.
-inline constexpr int kNumberLength = 19;
+// A number of any shape, as TakeNumber takes it.
+const char* TakeOddNumber(const char* next, bool plusAllowed, NumberToken* number);
 
-// Takes the number at *next, up to `end`: digits, "." and "-", and "+" where allowed. White space
-// is no part of it. Leaves *next on the first character not taken.
+// Takes the number at *next: digits, "." and "-", and "+" where allowed, at most 19 characters.
+// White space is no part of it. Leaves *next behind the part that has a value, or behind signs and
+// points without one; whatever else belongs to the number is passed over by the parser anyway. A
+// character that belongs to no number has to follow sooner or later; a line feed does in every
+// line.
 //
 // Character by character on purpose: lengths repeat from line to line, so the processor guesses its
 // way through and runs ahead, which beats taking several digits at once.
 template <bool plusAllowed>
-[[gnu::always_inline]] inline NumberToken TakeNumber(const char** next, const char* end) {
-  // Powers of ten that a double holds exactly; with a mantissa below 2^53 one division rounds
-  // right.
-  static constexpr double kPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,
-                                            1e7,  1e8,  1e9,  1e10, 1e11, 1e12, 1e13,
-                                            1e14, 1e15, 1e16, 1e17, 1e18, 1e19};
-  constexpr uint64_t kExactMantissa = uint64_t{1} << 53;
+[[gnu::always_inline]] inline NumberToken TakeNumber(const char** next) {
+  // Powers of ten that a double holds exactly; with a mantissa that it holds exactly as well, one
+  // division rounds right.
+  static constexpr double kPowersOfTen[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                            1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+  constexpr ptrdiff_t kExactDigits = 15;
 
-  const char* const start = *next;
-  if (end - start > kNumberLength) end = start + kNumberLength;
-  const char* p = start;
-  const bool negative = p != end && *p == '-';
-  if (negative || (plusAllowed && p != end && *p == '+')) ++p;
-
-  uint64_t mantissa = 0;
-  const auto digit = [&] { return static_cast<unsigned>(static_cast<unsigned char>(*p) - '0'); };
-  const auto takeDigits = [&] {
-    const char* const first = p;
-    for (; p != end && digit() < 10; ++p) mantissa = mantissa * 10 + digit();
-    return static_cast<int>(p - first);
+  const char* p = *next;
+  // The character's value as a digit; 10 and above for what is none.
+  const auto digitHere = [&] {
+    return static_cast<unsigned>(static_cast<unsigned char>(*p)) - '0';
   };
-  const int wholes = takeDigits();
-  int decimals = 0;
-  if (p != end && *p == '.') {
+  constexpr unsigned kPoint = static_cast<unsigned>('.' - '0');
+  constexpr unsigned kMinus = static_cast<unsigned>('-' - '0');
+  constexpr unsigned kPlus = static_cast<unsigned>('+' - '0');
+
+  const auto takeOdd = [&] {
+    NumberToken number;
+    *next = TakeOddNumber(*next, plusAllowed, &number);
+    return number;
+  };
+
+  unsigned digit = digitHere();
+  const bool negative = digit == kMinus;
+  if (negative || (plusAllowed && digit == kPlus)) {
     ++p;
-    decimals = takeDigits();
+    digit = digitHere();
   }
-  NumberToken number;
-  if (mantissa < kExactMantissa) [[likely]] {
-    number.value = static_cast<double>(static_cast<int64_t>(mantissa)) / kPowersOfTen[decimals];
-    if (negative && wholes + decimals > 0) number.value = -number.value;
-  } else {
-    number.value = TextToDouble(std::string_view(start, static_cast<size_t>(p - start)));
-  }
-  // Signs and points behind the valid prefix belong to the number without a value.
-  const auto belongs = [&] {
-    return digit() < 10 || *p == '.' || *p == '-' || (plusAllowed && *p == '+');
+  uint64_t mantissa = 0;
+  const auto takeDigits = [&] {
+    while (digit < 10) {
+      mantissa = mantissa * 10 + digit;
+      ++p;
+      digit = digitHere();
+    }
   };
-  while (p != end && belongs()) ++p;
-  number.empty = p == start;
+  if (digit >= 10 && digit != kPoint) [[unlikely]]
+    return takeOdd();
+  takeDigits();
+  const char* decimals = p;
+  if (digit == kPoint) {
+    decimals = ++p;
+    digit = digitHere();
+    takeDigits();
+  }
+  // Odd are no character at all and too many of them; a sign without digits, which gives 0, and one
+  // before zeros, which gives -0.
+  if (p - *next > kExactDigits || (negative && mantissa == 0)) [[unlikely]]
+    return takeOdd();
   *next = p;
-  return number;
+  const double value =
+      static_cast<double>(static_cast<int64_t>(mantissa)) / kPowersOfTen[p - decimals];
+  return {negative ? -value : value, false};
 }
 
 }  // namespace tvx

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <string_view>
 
 #include "model/block_store.h"
 #include "model/job_record.h"
@@ -33,26 +32,28 @@ struct ParserContext {
   MotionBlock* CurrentBlock;
   uint32_t* incrementalMode;  // 0: G90, 1: G91
   float* arcRadius;           // last radius read
+  Vec3* arcOffset;            // I, J of the last line: an arc's centre from its start point
   JobRecord* job;             // RapidFeed, IntNcdataFlg, InputFileType
 };
 
-// One line of an NC file, without its line feed. kLinePadding bytes behind it have to be readable,
-// whatever they hold: numbers are taken in several bytes at once.
-struct PaddedLine {
-  static constexpr size_t kLinePadding = 16;
-
-  std::string_view text;
-  bool hasLineFeed;  // false when the line was cut before its line feed
+// One line of an NC file.
+struct NcLine {
+  const char* text;  // up to its first line feed; there always is one
+  bool isCut;        // the line feed ends a line that was cut, and the parser does not get it
+  bool hasComment;   // false if neither "(" nor "#" stands in it
 };
 
 // Parses one line. A word-address line that was cut acts but makes no move; a zero byte in a line
 // cuts it there.
-// Returns 1 if CurrentBlock holds a block to store; for types 6 and 8 *arcOffset then holds the
+// Returns 1 if CurrentBlock holds a block to store; for types 6 and 8 the arc offset then holds the
 // centre's offset from the start point. Returns 0 if the line makes no move. A line with a comment
 // in parentheses, or "#" in the word-address format, changes nothing at all.
 // Picks the format by InputFileType and writes 1 into it if it is not 2.
-int ParseBlockLine(const ParserContext& context, const PaddedLine& line, Vec3* arcOffset);
-int ParseWordLine(const ParserContext& context, const PaddedLine& line, Vec3* arcOffset);
-int ParseConversationalLine(const ParserContext& context, const PaddedLine& line, Vec3* arcOffset);
+int ParseBlockLine(const ParserContext& context, const NcLine& line);
+int ParseWordLine(const ParserContext& context, const NcLine& line);
+int ParseConversationalLine(const ParserContext& context, const NcLine& line);
+
+// Whether ParseBlockLine takes lines for conversational ones; writes into InputFileType as it does.
+bool IsConversational(JobRecord* job);
 
 }  // namespace tvx

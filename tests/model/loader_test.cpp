@@ -2,7 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <initializer_list>
+#include <memory>
 #include <string>
+#include <utility>
 
 #include "model/block_list.h"
 #include "model/one_page_memory.h"
@@ -89,6 +93,58 @@ TEST(Loader, LinesOfAnyLengthAcrossReads) {
     ASSERT_EQ(block->y, static_cast<float>(i)) << i;
   }
   EXPECT_EQ(shop.program.store.Peek(60001)->x, 1);
+}
+
+TEST(Loader, LineEndsAndCommentsAtEveryPlaceOfALine) {
+  std::string text = "G01\n", blocks = "none";
+  for (int n = 0; n < 100; ++n) {
+    const std::string x = "X" + std::to_string(n + 1);
+    const std::string move = x + std::string(static_cast<size_t>(n), ' ');
+    text.append(move).append("\n").append(move).append("(Y9\n").append(move).append("#\n");
+    const bool isCut = move.size() > 80;
+    blocks += isCut ? "; none" : "; cut " + std::to_string(n + 1) + " 0 0 F100";
+    blocks += "; none; none";
+  }
+  Shop shop;
+  EXPECT_EQ(shop.Load(text), 1);
+  EXPECT_EQ(shop.Blocks(), blocks);
+}
+
+// Files that are read a few bytes at a time.
+class SlowFiles final : public MemoryFiles {
+ public:
+  explicit SlowFiles(size_t bytes) : bytes_(bytes) {}
+
+  std::unique_ptr<InputFile> OpenOrCreateForReading(const std::string& path) override {
+    return std::make_unique<SlowFile>(MemoryFiles::OpenOrCreateForReading(path), bytes_);
+  }
+
+ private:
+  struct SlowFile final : InputFile {
+    SlowFile(std::unique_ptr<InputFile> whole, size_t most) : file(std::move(whole)), bytes(most) {}
+    size_t Read(char* buffer, size_t size) override {
+      return file->Read(buffer, std::min(size, bytes));
+    }
+    std::unique_ptr<InputFile> file;
+    size_t bytes;
+  };
+
+  size_t bytes_;
+};
+
+TEST(Loader, SmallReadsGiveTheSameBlocks) {
+  const std::string text = "%\r\nG01 X1.25 F300\r\n(" + std::string(400, 'X') +
+                           ")\r\nX2 Y-3.5\r\nX3" + std::string(300, ' ') + "\r\nG02 X4 I0.5 J0\nX9";
+  Shop shop;
+  ASSERT_EQ(shop.Load(text), 1);
+  for (const size_t bytes : std::initializer_list<size_t>{1, 2, 7, 32, 33, 81, 255, 256, 300}) {
+    SlowFiles files(bytes);
+    files.Put("c:\\a.nc", text);
+    Shop slow;
+    EXPECT_EQ(LoadNcFile("c:\\a.nc", &slow.program, &slow.states, &slow.job, &files, &slow.ui), 1);
+    EXPECT_EQ(slow.Blocks(), shop.Blocks()) << bytes;
+    EXPECT_EQ(slow.program.FeedBase, 300);
+  }
 }
 
 TEST(Loader, ModalStateLastsFromFileToFile) {

@@ -25,11 +25,10 @@ struct Machine {
   }
 
   int Parse(std::string_view line, bool hasLineFeed = true) {
-    std::string padded(line);
-    padded.append(PaddedLine::kLinePadding, '9');
-    return ParseBlockLine({&states, &block, &incrementalMode, &arcRadius, &job},
-                          {std::string_view(padded).substr(0, line.size()), hasLineFeed},
-                          &arcOffset);
+    const std::string text = std::string(line) + "\n99";
+    const bool hasComment = line.find_first_of("(#") != std::string_view::npos;
+    return ParseBlockLine({&states, &block, &incrementalMode, &arcRadius, &arcOffset, &job},
+                          {text.data(), !hasLineFeed, hasComment});
   }
 
   // What the line makes: "none" or the block, an arc with its centre offset.

@@ -1,0 +1,111 @@
+#pragma once
+
+#include <algorithm>
+#include <bit>
+#include <cstddef>
+#include <cstring>
+#include <vector>
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
+#include "model/parser.h"
+#include "platform/files.h"
+
+namespace tvx {
+
+// Gives the lines of a file one by one. A last line without a line feed is dropped. A line has any
+// length and costs no memory beyond the first bytes.
+//
+// Every byte of every program passes through here, so the bytes stay where they were read and are
+// looked at in as large pieces as any processor of the platform can.
+class LineReader {
+ public:
+  explicit LineReader(InputFile* file)
+      : file_(file), buffer_(kKeptBytes + kReadBytes + kLookBytes) {
+    SetRange(0);
+  }
+
+  // False at the end of the file. The line is valid until the next call.
+  bool Next(NcLine* line) {
+    for (;;) {
+      const LineEnd end = FindLineEnd();
+      if (end.lineFeed != end_) {
+        *line = {next_, end.lineFeed - next_ > kParserLineBytes, end.hasComment};
+        next_ = end.lineFeed + 1;
+        if (line->isCut) [[unlikely]]
+          Cut(line);
+        return true;
+      }
+      if (!Refill()) return false;
+    }
+  }
+
+ private:
+  // Reads of this size cost little beside the parsing.
+  static constexpr size_t kReadBytes = size_t{64} * 1024;
+  // What is kept of a line that stands in two reads: more than the parser ever looks at.
+  static constexpr size_t kKeptBytes = 255;
+  // The parser sees this much of a line; of a longer one its line feed is out of reach.
+  static constexpr ptrdiff_t kParserLineBytes = 80;
+  static constexpr size_t kLookBytes = 32;
+
+  struct LineEnd {
+    const char* lineFeed;
+    bool hasComment;  // "(" or "#" stands before the line feed
+  };
+
+  // The first line feed from the next byte on; there always is one.
+  LineEnd FindLineEnd() const {
+#ifdef __SSE2__
+    // Nearly every line ends within the look and holds no comment.
+    const auto places = [](const char* bytes) {
+      const __m128i sixteen = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes));
+      const auto are = [&](char byte) { return _mm_cmpeq_epi8(sixteen, _mm_set1_epi8(byte)); };
+      const __m128i found = _mm_or_si128(are('\n'), _mm_or_si128(are('('), are('#')));
+      return static_cast<unsigned>(_mm_movemask_epi8(found));
+    };
+    const unsigned found = places(next_) | places(next_ + 16) << 16;
+    const char* const first = next_ + std::countr_zero(found);
+    if (found != 0 && *first == '\n') [[likely]]
+      return {first, false};
+#endif
+    const char* const lineFeed = Find('\n', end_);
+    return {lineFeed, Find('(', lineFeed) != lineFeed || Find('#', lineFeed) != lineFeed};
+  }
+
+  // The first such byte before `end`, or `end`.
+  const char* Find(char byte, const char* end) const {
+    const void* const found = std::memchr(next_, byte, static_cast<size_t>(end - next_));
+    return found != nullptr ? static_cast<const char*>(found) : end;
+  }
+
+  // Reads on behind what is left. A line feed stands behind it all, so that every search ends.
+  bool Refill() {
+    const size_t kept = std::min(static_cast<size_t>(end_ - next_), kKeptBytes);
+    std::memmove(buffer_.data(), next_, kept);
+    const size_t count = file_->Read(buffer_.data() + kept, kReadBytes);
+    SetRange(kept + count);
+    return count > 0;
+  }
+
+  void SetRange(size_t filled) {
+    buffer_[filled] = '\n';
+    next_ = buffer_.data();
+    end_ = buffer_.data() + filled;
+  }
+
+  void Cut(NcLine* line) {
+    std::memcpy(cut_, line->text, kParserLineBytes);
+    cut_[kParserLineBytes] = '\n';
+    line->text = cut_;
+  }
+
+  InputFile* file_;
+  std::vector<char> buffer_;
+  const char* next_ = nullptr;  // the first byte not given
+  const char* end_ = nullptr;   // behind the last byte read; a line feed stands there
+  char cut_[kParserLineBytes + 1];
+};
+
+}  // namespace tvx
