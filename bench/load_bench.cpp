@@ -49,11 +49,11 @@ ScanResult ScanFile(const std::string& path, Files* files) {
   size_t kept = 0;  // bytes of a line that the last read left unfinished
   while (const size_t count = file->Read(buffer.data() + kept, buffer.size() - kept)) {
     const size_t filled = kept + count;
-    const void* const lineFeed = memrchr(buffer.data(), '\n', filled);
-    Require(lineFeed != nullptr, "a line is longer than a read");
-    const char* const end = static_cast<const char*>(lineFeed) + 1;
+    const size_t lineFeed = std::string_view(buffer.data(), filled).rfind('\n');
+    Require(lineFeed != std::string_view::npos, "a line is longer than a read");
+    const char* const end = buffer.data() + lineFeed + 1;
     ScanLines(buffer.data(), end, &result);
-    kept = static_cast<size_t>(buffer.data() + filled - end);
+    kept = filled - lineFeed - 1;
     std::memmove(buffer.data(), end, kept);
   }
   return result;

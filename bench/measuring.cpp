@@ -115,6 +115,7 @@ std::vector<double> MediansOfFreshProcesses(int repetitions,
     for (size_t n = 0; n < numbers.size(); ++n) columns[n].push_back(numbers[n]);
   }
   std::vector<double> medians;
+  medians.reserve(columns.size());
   for (std::vector<double>& column : columns) medians.push_back(Median(std::move(column)));
   return medians;
 }
