@@ -34,11 +34,11 @@ float UnsignedTurn(float from, float to) {
 }
 
 // The turn in plan view, up to 90 degrees.
-float PlanTurn(const CornerHeadings& headings, const Vec3& backward) {
+float PlanTurn(float forward, float backwardHeading, const Vec3& backward) {
   const bool turns = backward.z == 0 ||
                      (Square(backward.x) + Square(backward.y)) / Square(backward.z) > kSteepestTurn;
   if (!turns) return 0;
-  return std::min(UnsignedTurn(headings.forward, headings.backward), kRightAngle);
+  return std::min(UnsignedTurn(forward, backwardHeading), kRightAngle);
 }
 
 float LevelledElevation(const Vec3& unit) {
@@ -68,17 +68,21 @@ float ArcRadius(BlockStore* store, uint32_t arc) {
 }
 
 CornerSearch::CornerSearch(BlockStore* store, const PathIndex& path, const JobRecord& job,
-                           CornerHeadings* headings)
+                           const CornerHeadings& headings)
     : store_(store),
       path_(path),
       job_(job),
-      headings_(headings),
+      forwardHeading_(headings.forward),
+      backwardHeading_(headings.backward),
       straightCosine_(SurelyStraightCosine(job.CornerMinAngle)) {}
+
+CornerHeadings CornerSearch::Headings() {
+  return {forwardHeading_.Degrees(), backwardHeading_.Degrees()};
+}
 
 void CornerSearch::Measure(const Vec3& start, const Vec3& end, Stretch* stretch) {
   stretch->unit = {};
   DiffVectors(end, start, &stretch->difference, &stretch->unit);
-  if (HasHeading(stretch->difference)) stretch->heading = Heading(stretch->unit);
 }
 
 // False if no move follows, so that there is no corner.
@@ -177,6 +181,11 @@ void CornerSearch::Reach(Direction direction, uint32_t block, Side* side) const 
   side->length = difference.length;
 }
 
+// A stretch too short for a heading leaves the last one.
+void CornerSearch::TakeHeading(const Stretch& stretch, PlanHeading* heading) {
+  if (HasHeading(stretch.difference)) *heading = PlanHeading(stretch.unit);
+}
+
 // The point of the path at about the look distance lies on the line of the segment that the walk
 // ended with; where a rapid stopped the walk, maybe beyond that segment.
 void CornerSearch::FindPoint(Direction direction, Side* side) const {
@@ -209,16 +218,12 @@ void CornerSearch::FindPoint(Direction direction, Side* side) const {
   Measure(forward ? corner_.point : point, forward ? point : corner_.point, &side->far);
 }
 
-// A stretch too short for a heading leaves the last one.
-void CornerSearch::TakeHeading(const Stretch& stretch, float* heading) {
-  if (HasHeading(stretch.difference)) *heading = stretch.heading;
-}
-
-// The turn between the two moves that meet at the corner. Updates the headings.
-float CornerSearch::NearAngle() {
-  TakeHeading(corner_.departure, &headings_->forward);
-  TakeHeading(corner_.arrival, &headings_->backward);
-  return PlanTurn(*headings_, corner_.arrival.unit);
+// The turn in plan view, with the last headings where a stretch is too short to have one; 0 for a
+// turn that cannot be above the smallest angle that counts.
+float CornerSearch::Turn(const Stretch& departure, const Stretch& arrival) {
+  const bool known = HasHeading(departure.difference) && HasHeading(arrival.difference);
+  if (known && HeadingsHaveCosine(departure.unit, arrival.unit, straightCosine_)) return 0;
+  return PlanTurn(forwardHeading_.Degrees(), backwardHeading_.Degrees(), arrival.unit);
 }
 
 // The angle of the corner when one of its moves is an arc: the smaller the arc, the greater. The
@@ -284,19 +289,21 @@ void CornerSearch::SlowMoves(float angle, float distance, bool previousZone, boo
 
 int CornerSearch::XyCornerSearch(uint32_t i) {
   if (!StandOn(i)) return 0;
-  const float nearAngle = NearAngle();
+  TakeHeading(corner_.departure, &forwardHeading_);
+  TakeHeading(corner_.arrival, &backwardHeading_);
+  const float nearTurn = Turn(corner_.departure, corner_.arrival);
   const float distance =
       job_.XyChgReduceCheck != 0 ? job_.SafetyDistance * kReducedReach : job_.SafetyDistance;
 
   const Side& forward = Look(Direction::Forward, distance);
   if (!forward.ended || !HasPlanPart(forward.unit) || !forward.hasPoint) return 0;
-  TakeHeading(forward.far, &headings_->forward);
+  TakeHeading(forward.far, &forwardHeading_);
 
   const Side& backward = Look(Direction::Backward, distance);
   if (!backward.ended || !HasPlanPart(backward.unit) || !backward.hasPoint) return 0;
-  TakeHeading(backward.far, &headings_->backward);
+  TakeHeading(backward.far, &backwardHeading_);
 
-  const float turn = std::max(nearAngle, PlanTurn(*headings_, backward.far.unit));
+  const float turn = std::max(nearTurn, Turn(forward.far, backward.far));
   const float angle = ArcAngle(forward.block, turn);
   if (angle <= job_.CornerMinAngle) return 0;
   SlowMoves(angle, distance, backward.block == corner_.previous && backward.length > distance,
@@ -315,7 +322,7 @@ int CornerSearch::ZCornerSearch(uint32_t i) {
 
   const Vec3& departure = forward.far.unit;
   const Vec3& arrival = backward.far.unit;
-  if (Cosine(departure, arrival) >= straightCosine_) return 0;
+  if (ElevationsHaveCosine(departure, arrival, straightCosine_)) return 0;
   // Without ConCorChk a corner counts only where the path turns upward.
   if (job_.ConCorChk != 1 && departure.z - arrival.z <= 0) return 0;
   const float angle = UnsignedTurn(LevelledElevation(departure), LevelledElevation(arrival));

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 
+#include "feed/directions.h"
 #include "feed/path_index.h"
 #include "model/block_store.h"
 #include "model/job_record.h"
@@ -29,7 +30,10 @@ float ArcRadius(BlockStore* store, uint32_t arc);
 class CornerSearch {
  public:
   CornerSearch(BlockStore* store, const PathIndex& path, const JobRecord& job,
-               CornerHeadings* headings);
+               const CornerHeadings& headings);
+
+  // As the last search left them, for the next run.
+  CornerHeadings Headings();
 
   // The turn in plan view at the end of move i, a linear move or an arc; arcs of a small radius
   // count as corners at both ends. Returns 1 if a corner was found and the feeds were set, 0 if the
@@ -43,8 +47,7 @@ class CornerSearch {
   // A straight line between two places of the path, in the direction of travel.
   struct Stretch {
     Difference difference;
-    Vec3 unit;          // (0, 0, 0) without a length
-    float heading = 0;  // degrees in plan view, where the length is enough to have one
+    Vec3 unit;  // (0, 0, 0) without a length
   };
 
   // The end point of move i and the moves that meet there.
@@ -81,8 +84,8 @@ class CornerSearch {
   void Reach(Direction direction, uint32_t block, Side* side) const;
   void FindPoint(Direction direction, Side* side) const;
 
-  static void TakeHeading(const Stretch& stretch, float* heading);
-  float NearAngle();
+  static void TakeHeading(const Stretch& stretch, PlanHeading* heading);
+  float Turn(const Stretch& departure, const Stretch& arrival);
   float ArcAngle(uint32_t walkEnd, float angle);
   int32_t CornerFeed(float angle) const;
   void SlowMoves(float angle, float distance, bool previousZone, bool nextZone, Collapse collapse);
@@ -92,8 +95,8 @@ class CornerSearch {
   BlockStore* store_;
   const PathIndex& path_;
   const JobRecord& job_;
-  CornerHeadings* headings_;
-  double straightCosine_;  // directions with at least this cosine make no corner of the Z profile
+  PlanHeading forwardHeading_, backwardHeading_;
+  double straightCosine_;  // directions with at least this cosine make no corner
   Corner corner_;
   Side forward_, backward_;
 };

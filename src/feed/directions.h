@@ -18,10 +18,29 @@ inline float Elevation(const Vec3& unit) {
   return Angle(unit.z, static_cast<float>(SafeSqrt(Square(unit.x) + Square(unit.y))));
 }
 
-// Elevations are measured through two square roots and an arc function, and most moves of a smooth
-// path turn out to be far below the angle that matters. These bounds sort them out by the
-// components of their unit vectors. The measure is within 0.04 degrees of the true angle: its
-// factor is a little long, and close to an axis it works with the rounded cosine.
+// A direction in plan view whose degrees are worked out when they are asked for: on a smooth path
+// most of them never are.
+class PlanHeading {
+ public:
+  explicit PlanHeading(float degrees) : degrees_(degrees) {}
+  explicit PlanHeading(const Vec3& unit) : unit_(unit), known_(false) {}
+
+  float Degrees() {
+    if (!known_) degrees_ = Heading(unit_);
+    known_ = true;
+    return degrees_;
+  }
+
+ private:
+  Vec3 unit_;
+  float degrees_ = 0;
+  bool known_ = true;
+};
+
+// Angles are measured through square roots and an arc function, and most moves of a smooth path
+// turn out to be far below the angle that matters. These bounds sort them out by the components of
+// their unit vectors. The measure is within 0.04 degrees of the true angle: its factor is a little
+// long, and close to an axis it works with the rounded cosine.
 inline constexpr double kSurelyDegrees = 0.2;
 inline constexpr double kRadiansPerDegree = 3.14159265358979323846 / 180.0;
 
@@ -30,16 +49,29 @@ inline double SurelyFlatRise(float degrees) {
   return std::sin((std::min<double>(degrees, 90.0) - kSurelyDegrees) * kRadiansPerDegree);
 }
 
-// The elevations of two directions with at least this cosine between them differ beyond doubt by no
-// more than the angle, in degrees: in space they turn at least as much.
+// Two directions with at least this cosine between them differ beyond doubt by no more than the
+// angle, in degrees.
 inline double SurelyStraightCosine(float degrees) {
   const double angle = std::min<double>(degrees, 180.0) - kSurelyDegrees;
   return angle < 0 ? 2.0 : std::cos(angle * kRadiansPerDegree);
 }
 
-inline double Cosine(const Vec3& a, const Vec3& b) {
+// Whether the cosine between the elevations of two directions is at least this, beyond doubt: in
+// space they turn at least as much.
+inline bool ElevationsHaveCosine(const Vec3& a, const Vec3& b, double cosine) {
   return static_cast<double>(a.x) * b.x + static_cast<double>(a.y) * b.y +
-         static_cast<double>(a.z) * b.z;
+             static_cast<double>(a.z) * b.z >=
+         cosine;
+}
+
+// The same of their headings. A direction too close to the vertical has none: it is measured as 0.
+inline bool HeadingsHaveCosine(const Vec3& a, const Vec3& b, double cosine) {
+  constexpr double kLeastPlanPart = 1e-8;  // squared
+  const double planA = Square(a.x) + Square(a.y);
+  const double planB = Square(b.x) + Square(b.y);
+  const double dot = static_cast<double>(a.x) * b.x + static_cast<double>(a.y) * b.y;
+  return planA > kLeastPlanPart && planB > kLeastPlanPart &&
+         dot >= cosine * std::sqrt(planA * planB);
 }
 
 }  // namespace tvx

@@ -149,7 +149,7 @@ void FeedPass(NcProgram* program, const JobRecord& job, const MasterGrid* master
   program->FeedBase = job.MaxFeed;
 
   const PathIndex path(store);
-  CornerSearch search(store, path, job, &memory->headings);
+  CornerSearch search(store, path, job, memory->headings);
   for (Batch batch{0, 0}; batch.end < path.BlockCount(); batch.first = batch.end) {
     batch.end = std::min(batch.first + kBatchBlocks, path.BlockCount());
     const auto apply = [&](FeedRule name, auto rule) {
@@ -167,6 +167,7 @@ void FeedPass(NcProgram* program, const JobRecord& job, const MasterGrid* master
     SearchCorners(path, batch, &search, trace);
     apply(FeedRule::Arc, [&] { FlattenArcs(store, path, batch); });
   }
+  memory->headings = search.Headings();
 }
 
 }  // namespace tvx

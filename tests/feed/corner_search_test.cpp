@@ -14,13 +14,16 @@ struct CornerTest : testing::Test {
   JobRecord job;
   CornerHeadings headings;
 
-  int Xy(uint32_t i) {
+  int Xy(uint32_t i) { return Search(i, &CornerSearch::XyCornerSearch); }
+  int Z(uint32_t i) { return Search(i, &CornerSearch::ZCornerSearch); }
+
+ private:
+  int Search(uint32_t i, int (CornerSearch::*search)(uint32_t)) {
     const PathIndex path(&store);
-    return CornerSearch(&store, path, job, &headings).XyCornerSearch(i);
-  }
-  int Z(uint32_t i) {
-    const PathIndex path(&store);
-    return CornerSearch(&store, path, job, &headings).ZCornerSearch(i);
+    CornerSearch corners(&store, path, job, headings);
+    const int result = (corners.*search)(i);
+    headings = corners.Headings();
+    return result;
   }
 };
 

@@ -119,6 +119,8 @@ class Writer {
 
   void Plunge() {
     Step(0, 0, Uniform(-12, 12));
+    // Hardly out of the vertical.
+    if (Chance(0.3)) at_.x += Chance(0.5) ? 0.00002F : 0.001F;
     Add(Chance(0.5) ? BlockCutStart : BlockCut);
   }
 
