@@ -8,6 +8,7 @@ constexpr Command kCommands[] = {
     {"time", "cut-time figures, as programmed and after the feed adjustment", RunTime},
     {"info", "the lines of the file information dialog", RunInfo},
     {"blocks", "the stored moves, one a line", RunBlocks},
+    {"run", "the multi-file run over a job list", RunJobs},
     {"master build", "build a master model from a program", RunMasterBuild},
     {"master dump", "the fields and cells of a master model", RunMasterDump},
     {"master lookup", "the angles of a master model near points", RunMasterLookup},

@@ -16,6 +16,7 @@ int RunConfigShow(const Call& call);
 int RunDraw(const Call& call);
 int RunGetFeed(const Call& call);
 int RunInfo(const Call& call);
+int RunJobs(const Call& call);
 int RunMasterBuild(const Call& call);
 int RunMasterDump(const Call& call);
 int RunMasterLookup(const Call& call);

@@ -120,13 +120,17 @@ template <typename Parser>
 
 }  // namespace
 
+void EmptyProgram(NcProgram* program) {
+  program->store.blockCount = 0;
+  program->store.CurrentBlock.type = BlockNone;
+  program->firstPoint = 1;
+  program->incrementalMode = 0;
+}
+
 int LoadNcFile(const std::string& path, NcProgram* program, ParserStates* states, JobRecord* job,
                Files* files, UserInterface* ui) {
   BlockStore& store = program->store;
-  store.blockCount = 0;
-  store.CurrentBlock.type = BlockNone;
-  program->firstPoint = 1;
-  program->incrementalMode = 0;
+  EmptyProgram(program);
 
   const std::unique_ptr<InputFile> file = files->OpenOrCreateForReading(path);
   if (file == nullptr) {

@@ -20,6 +20,9 @@ struct NcProgram {
   int32_t firstPoint = 1;        // the next drawing starts with a silent first point
 };
 
+// Leaves a program as a load begins: without blocks, in absolute mode, with a silent first point.
+void EmptyProgram(NcProgram* program);
+
 // Reads one NC file into the store, in place of the program there. A file that does not exist is
 // created empty. Returns 1; 0 with an empty store and a message when the file cannot be opened, and
 // 0 with what was read so far when the second record of an arc finds no room.

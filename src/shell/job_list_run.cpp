@@ -24,7 +24,11 @@ size_t EntryCount(const JobRecord& job) {
   return count;
 }
 
-int Load(CTVXView* view, const std::string& path) {
+int Load(CTVXView* view, const std::string& path, RunObserver* observer) {
+  if (!observer->MayLoad(path)) {
+    EmptyProgram(&view->program);
+    return 0;
+  }
   return LoadNcFile(path, &view->program, &view->app->parserStates, &view->job, view->app->files,
                     view->app->ui);
 }
@@ -36,14 +40,14 @@ std::string ProgramOfMaster(const std::string& masterPath) {
 
 // The model of an entry: read, or built from its NC file and written. Returns false if there is
 // none afterwards.
-bool BringMaster(CTVXView* view, const std::string& masterPath) {
+bool BringMaster(CTVXView* view, const std::string& masterPath, RunObserver* observer) {
   Files* const files = view->app->files;
   UserInterface* const ui = view->app->ui;
   DropMaster(&view->masterGrid);
   if (files->Exists(masterPath)) {
     return ReadMasterFile(masterPath, &view->masterGrid, files, ui) == 1;
   }
-  if (Load(view, ProgramOfMaster(masterPath)) == 0) return false;
+  if (Load(view, ProgramOfMaster(masterPath), observer) == 0) return false;
   if (BuildMaster(view->masterDialog, &view->program, &view->masterGrid, &view->view.RapidVisible,
                   ui) == 0) {
     return false;
@@ -74,10 +78,10 @@ void RunEntry(CTVXView* view, size_t index, std::string* lastMaster, RunObserver
 
   const std::string& master = view->job.AfaMasterFile;
   if (view->job.AfaByMaster == 1 && NamesMasterFile(master) && master != *lastMaster) {
-    if (!BringMaster(view, master)) observer->OnMasterFailed(master);
+    if (!BringMaster(view, master, observer)) observer->OnMasterFailed(master);
     *lastMaster = master;
   }
-  if (Load(view, path) == 0) observer->OnLoadFailed(path);
+  if (Load(view, path, observer) == 0) observer->OnLoadFailed(path);
   if (view->job.AfaEnabled == 1) {
     FeedPass(&view->program, view->job, &view->masterGrid, &view->app->feedPassMemory);
   }

@@ -10,6 +10,9 @@ class RunObserver {
   virtual ~RunObserver() = default;
   // Before an entry of `count` is handled.
   virtual void OnEntry(size_t /*index*/, size_t /*count*/, const std::string& /*path*/) {}
+  // False if a file is not to be loaded, as if it could not be opened: the loader would create one
+  // that does not exist.
+  virtual bool MayLoad(const std::string& /*path*/) { return true; }
   // A file of the list that could not be loaded; it is recorded with what the store holds.
   virtual void OnLoadFailed(const std::string& /*path*/) {}
   // A master model that could be neither read nor built; the entry goes on without it.
