@@ -148,6 +148,7 @@ int RunMasterLookup(const Call& call) {
   line.Parse();
   const float radius = NumberOf(radiusWord, "RADIUS");
   std::vector<Vec3> points;
+  points.reserve(pointWords.size());
   for (const std::string& word : pointWords) points.push_back(PointOf(word));
 
   Host host(call);

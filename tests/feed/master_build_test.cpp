@@ -339,6 +339,23 @@ TEST(SamplePath, CellsKeepThePointNearestToTheirNode) {
   EXPECT_EQ(held, 3);
 }
 
+// Four cells long: 9 points, each 4 / 9 from the last.
+TEST(SamplePath, TakesTwoPointsToACell) {
+  BlockStore store;
+  MasterGrid grid = EmptyGrid(8, 3, 1);
+  Append(&store, BlockRapidStart, 1, 1.5F, 0);
+  Append(&store, BlockCutStart, 5, 1.5005F, 9);  // too little along Y to follow it
+  SamplePath(&store, &grid);
+  std::string points;
+  for (int32_t ix = 0; ix < 8; ++ix) {
+    const MasterCell& cell = grid.At(ix, 1);
+    points += HasHeight(cell) ? Format(" %.3f %.4f %.3f /", cell.x, cell.y, cell.z) : " . /";
+  }
+  EXPECT_EQ(points,
+            " . / 1.000 1.5000 0.000 / 2.333 1.5000 3.000 / 3.222 1.5000 5.000 /"
+            " 4.111 1.5000 7.000 / . / . / . /");
+}
+
 struct Stored {
   int32_t ix, iy;
   float x, y, z;

@@ -139,6 +139,22 @@ TEST(MasterLookup, AnswersAsAVisitOfEveryCell) {
   }
 }
 
+// A pit that gets steeper outwards: each block on the edge of a square could be the answer, and the
+// one that is stands in the corner that is visited last.
+TEST(MasterLookup, VisitsEveryBlockOnALongEdge) {
+  MasterGrid grid = EmptyGrid(400, 400, 1.0F);
+  for (int32_t iy = 0; iy < 400; ++iy) {
+    for (int32_t ix = 0; ix < 400; ++ix) {
+      SetCell(&grid, ix, iy, 5, std::max(std::abs(ix - 200), std::abs(iy - 200)) / 2);
+    }
+  }
+  IndexCells(&grid);
+  EXPECT_EQ(Lookup(grid, {200, 200, 0}, 155), 77);
+  SetCell(&grid, 354, 354, 5, 78);
+  IndexCells(&grid);
+  EXPECT_EQ(Lookup(grid, {200, 200, 0}, 155), 78);
+}
+
 // Below the value of an empty cell even the empty cells are above the point.
 TEST(MasterLookup, TakesAnEmptyCellForAHeightLikeAnyOther) {
   MasterGrid grid = EmptyGrid(40, 40, 1.0F);

@@ -203,6 +203,16 @@ TEST(MasterSubPass, HandsAFeedToAShortNextMoveOnce) {
   EXPECT_EQ(path.store.Peek(2)->feed, 560);
 }
 
+TEST(MasterSubPass, CollapsesTheNextMoveWithoutRounding) {
+  const MasterGrid model = ModelWith({{100, 0, 45}});
+  Path path({{100, 0}, {100, 100}});
+  path.Block(2)->tailPercent = 76;
+  path.store.CurrentBlock.tailFeed = 355;
+  path.store.WriteBlock(2);
+  EXPECT_EQ(path.Run(model), "1000 tail 5% 560; 355");
+  EXPECT_EQ(path.lastNextBlock, 2U);
+}
+
 TEST(MasterSubPass, KeepsToItsBatch) {
   const MasterGrid model = ModelWith({{50, 0, 45}, {100, 0, 45}});
   Path path({{50, 0}, {100, 0}, {150, 0}});
