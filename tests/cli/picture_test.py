@@ -36,7 +36,8 @@ def svg_drawing(root):
 
 
 class Pictures(unittest.TestCase):
-    VIEW = ("--size", "640x400", "--view", "5", "--hide-rapids")
+    VIEW = ("--afa", "--size", "640x400", "--view", "5", "--hide-rapids")
+    CONVERSATIONAL = ("--set", "InputFileType=2")
 
     def setUp(self):
         temporary = tempfile.TemporaryDirectory()
@@ -55,8 +56,10 @@ class Pictures(unittest.TestCase):
         for program in sorted(EXAMPLES.glob("*nc")):
             picture, calls = self.folder / f"out{ending}", self.folder / "calls.txt"
             with self.subTest(program.name):
-                self.run_tool("picture", *self.VIEW, "-o", picture, program)
-                calls.write_bytes(self.run_tool("draw", *self.VIEW, "--as-picture", program))
+                file_type = self.CONVERSATIONAL if program.suffix == ".hnc" else ()
+                options = (*self.VIEW, *file_type, program)
+                self.run_tool("picture", "-o", picture, *options)
+                calls.write_bytes(self.run_tool("draw", "--as-picture", *options))
                 check(picture, calls)
 
     def test_metafile(self):
