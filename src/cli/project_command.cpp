@@ -28,6 +28,7 @@ int RunProject(const Call& call) {
   line.Parse();
   viewOptions.Check();
   std::vector<Vec3> points;
+  points.reserve(words.size());
   for (const std::string& word : words) points.push_back(PointOf(word));
 
   Host host(call);
