@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QSlider>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "desktop/qt_text.h"
 
@@ -13,9 +14,12 @@ namespace tvx {
 
 namespace {
 
-// The groups of the face, as positions in CalculatorNumbers.
-constexpr size_t kMachineFirst = 5;
-constexpr size_t kResultsFirst = 9;
+// The numbers of each group, by the names of their fields. The logic has them in the order in which
+// they are checked.
+constexpr const char* kInputNumbers[] = {"toolDiameter", "toolLength", "fluteLength", "stepover",
+                                         "cutDepth"};
+constexpr const char* kMachineNumbers[] = {"maxFeedRate", "maxSpindle", "idlePower", "ncPower"};
+constexpr const char* kResultNumbers[] = {"spindleOut", "feedOut", "removalOut"};
 
 }  // namespace
 
@@ -35,7 +39,7 @@ CalculatorFace::CalculatorFace(CGetFeedDlg* dialog, QWidget* parent)
           dialog->state.toolMaterial, &CGetFeedDlg::SelectToolMaterial);
   AddList(inputForm, CGetFeedDlg::kFluteCount, CGetFeedDlg::FluteCountEntries(),
           dialog->FluteCountText(), &CGetFeedDlg::SelectFluteCount);
-  AddNumbers(inputForm, 0, kMachineFirst);
+  AddNumbers(inputForm, kInputNumbers);
   AddCheck(
       inputColumn, CGetFeedDlg::kHighSpeedRough,
       [this] { return dialog_->state.highSpeedRough != 0; },
@@ -49,11 +53,11 @@ CalculatorFace::CalculatorFace(CGetFeedDlg* dialog, QWidget* parent)
   groups->addLayout(right);
   auto* const machine = new QGroupBox(CGetFeedDlg::kMachineGroup, this);
   auto* const machineForm = new QFormLayout(machine);
-  AddNumbers(machineForm, kMachineFirst, kResultsFirst);
+  AddNumbers(machineForm, kMachineNumbers);
   right->addWidget(machine);
   auto* const results = new QGroupBox(CGetFeedDlg::kResultGroup, this);
   auto* const resultForm = new QFormLayout(results);
-  AddNumbers(resultForm, kResultsFirst, kCalculatorNumbers);
+  AddNumbers(resultForm, kResultNumbers);
   right->addWidget(results);
   right->addStretch(1);
 
@@ -80,15 +84,17 @@ void CalculatorFace::AddList(QFormLayout* form, const char* label,
   form->addRow(label, list);
 }
 
-void CalculatorFace::AddNumbers(QFormLayout* form, size_t first, size_t end) {
-  for (size_t i = first; i < end; ++i) {
-    const CalculatorNumber& number = CalculatorNumbers()[i];
-    numbers_[i] = AddEdit(form, number.label, dialog_->NumberText(number),
-                          [this, &number](const std::string& text) {
-                            dialog_->EditNumber(number, text);
-                            ShowResults();
-                          });
-    numbers_[i]->setReadOnly(number.recalculate == nullptr);
+void CalculatorFace::AddNumbers(QFormLayout* form, std::span<const char* const> names) {
+  for (const std::string_view name : names) {
+    const auto all = CalculatorNumbers();
+    const auto number = std::ranges::find(all, name, &CalculatorNumber::name);
+    QLineEdit* const edit = AddEdit(form, number->label, dialog_->NumberText(*number),
+                                    [this, number](const std::string& text) {
+                                      dialog_->EditNumber(*number, text);
+                                      ShowResults();
+                                    });
+    edit->setReadOnly(number->recalculate == nullptr);
+    numbers_[static_cast<size_t>(number - all.begin())] = edit;
   }
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <span>
 
 #include "desktop/face.h"
 #include "getfeed/calculator_dialog.h"
@@ -18,7 +19,7 @@ class CalculatorFace : public Face {
   using Select = bool (CGetFeedDlg::*)(std::string_view entry);
   void AddList(QFormLayout* form, const char* label, const std::vector<std::string>& entries,
                const std::string& selected, Select select);
-  void AddNumbers(QFormLayout* form, size_t first, size_t end);
+  void AddNumbers(QFormLayout* form, std::span<const char* const> names);
   QLabel* AddSlider(QLayout* layout, int position, void (CGetFeedDlg::*release)(int));
   void ShowResults();
   void Accept();

@@ -1,7 +1,11 @@
 #include "desktop/command_pad_face.h"
 
+#include <QCursor>
+#include <QGuiApplication>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "desktop/main_window.h"
 #include "desktop/qt_text.h"
@@ -29,6 +33,7 @@ CommandPadFace::CommandPadFace(CCommandPadDlg* pad, QWidget* parent) : QDialog(p
   auto* const window = qobject_cast<MainWindow*>(parent);
   setWindowTitle("TVX  Dialog");
   auto* const column = new QVBoxLayout(this);
+  column->setSizeConstraint(QLayout::SetFixedSize);
   for (const CCommandPadDlg::Button& button : CCommandPadDlg::Buttons()) {
     auto* const face = new QPushButton(ToQt(button.text), this);
     face->setMinimumWidth(140);
@@ -43,6 +48,14 @@ CommandPadFace::CommandPadFace(CCommandPadDlg* pad, QWidget* parent) : QDialog(p
       }
     });
   }
+  // Where the mouse is, and wholly on its screen.
+  const QPoint mouse = QCursor::pos();
+  const QScreen* const screen = QGuiApplication::screenAt(mouse);
+  if (screen == nullptr) return;
+  const QRect room = screen->availableGeometry();
+  const QSize size = sizeHint();
+  move(std::clamp(mouse.x(), room.left(), std::max(room.left(), room.right() - size.width())),
+       std::clamp(mouse.y(), room.top(), std::max(room.top(), room.bottom() - size.height())));
 }
 
 }  // namespace tvx

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "desktop/main_window.h"
+#include "desktop/qt_text.h"
 #include "desktop/qt_user_interface.h"
 #include "platform/drives.h"
 #include "platform/files.h"
@@ -19,14 +20,15 @@ int main(int argc, char** argv) {
   std::setlocale(LC_NUMERIC, "C");
   QApplication::setApplicationName("TVX");
 
-  const tvx::Drives drives(tvx::Drives::DefaultHome());
+  const std::filesystem::path home = tvx::Drives::DefaultHome();
+  const tvx::Drives drives(home);
   const std::unique_ptr<tvx::Files> files = tvx::MakeHostFiles(&drives);
   tvx::QtUserInterface ui(&drives, files.get());
   tvx::HostPrograms programs(&drives, [] { QTimer::singleShot(0, qApp, &QApplication::quit); });
   tvx::CTVXApp app(files.get(), &ui, &programs);
   app.InitApplication();
 
-  tvx::MainWindow window(&app, &drives);
+  tvx::MainWindow window(&app, &drives, tvx::ToQt((home / "desktop.ini").string()));
   ui.SetWindow(&window);
   window.NewView();
   window.showMaximized();

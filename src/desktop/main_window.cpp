@@ -8,12 +8,20 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPageSetupDialog>
+#include <QPainter>
+#include <QPrintDialog>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QToolBar>
+#include <algorithm>
+#include <iterator>
 #include <set>
 
+#include "desktop/dialog_faces.h"
 #include "desktop/icons.h"
+#include "desktop/lock_keys.h"
+#include "desktop/picture_printer.h"
 #include "desktop/qt_text.h"
 #include "shell/configuration.h"
 #include "shell/lists.h"
@@ -36,7 +44,8 @@ QString MenuText(const char* text) {
 
 }  // namespace
 
-MainWindow::MainWindow(CTVXApp* app, const Drives* drives) : app_(app), drives_(drives) {
+MainWindow::MainWindow(CTVXApp* app, const Drives* drives, const QString& settingsFile)
+    : app_(app), drives_(drives), recent_(settingsFile) {
   setWindowIcon(ProgramIcon());
   setAcceptDrops(true);
   resize(1100, 760);
@@ -50,6 +59,7 @@ MainWindow::MainWindow(CTVXApp* app, const Drives* drives) : app_(app), drives_(
   BindKeys();
   connect(area_, &QMdiArea::subWindowActivated, this, [this] {
     ShowMenuOfState();
+    ShowRecentFiles();
     ShowFileName();
     ShowProgram();
   });
@@ -57,17 +67,24 @@ MainWindow::MainWindow(CTVXApp* app, const Drives* drives) : app_(app), drives_(
   ShowFileName();
 }
 
+// The child windows go after the members of this one, and their going must not reach it.
+MainWindow::~MainWindow() {
+  area_->disconnect(this);
+}
+
 ViewWidget* MainWindow::NewView() {
   auto* const widget = new ViewWidget(app_);
   QMdiSubWindow* const child = area_->addSubWindow(widget);
   child->setAttribute(Qt::WA_DeleteOnClose);
-  child->setWindowTitle(kTitle);
+  widget->setObjectName(kTitle + QString::number(++views_));
+  child->setWindowTitle(widget->objectName());
   child->setWindowIcon(ProgramIcon());
   connect(widget, &ViewWidget::Drawn, this, [this, widget] {
     if (widget != ActiveView()) return;
     ShowFileName();
     legend_->ShowColours(&widget->view());
   });
+  connect(widget, &ViewWidget::CommandPadClosed, this, [this] { ShowProgram(); });
   child->showMaximized();
   widget->setFocus();
   return widget;
@@ -80,92 +97,183 @@ ViewWidget* MainWindow::ActiveView() const {
 
 void MainWindow::LoadHostFile(const QString& path) {
   const std::optional<std::string> drivePath = drives_->FromHost(FromQt(path));
-  if (!drivePath.has_value()) return;
+  if (!drivePath.has_value()) {
+    app_->ui->ShowMessage({.text = FromQt(path) + "\n\n드라이브에 없는 화일입니다."});
+    return;
+  }
   ViewWidget* const active = ActiveView();
-  LoadInto(active == nullptr ? NewView() : active, *drivePath);
+  const bool isFree = active != nullptr && active->view().fileName.empty();
+  OpenFile(*drivePath, isFree ? active : nullptr);
+}
+
+// Only the load command creates a file that is not there: its chooser lets a new name be typed.
+void MainWindow::OpenFile(const std::string& drivePath, ViewWidget* widget) {
+  if (!app_->files->Exists(drivePath)) {
+    app_->ui->ShowMessage({.text = drivePath + "\n\n화일을 열수 없읍니다.\n"});
+    return;
+  }
+  LoadInto(widget == nullptr ? NewView() : widget, drivePath);
 }
 
 void MainWindow::LoadInto(ViewWidget* widget, const std::string& drivePath) {
   if (widget->HasBeenDrawn()) {
     LoadProgram(&widget->view(), drivePath);
+    recent_.Add(ToQt(drivePath));
     ShowProgram();
     return;
   }
-  // Only the first paint gives the drawing area its size, which the fit needs.
+  // Only the first paint gives the drawing area its size, which the fit needs. The name says that
+  // the view is taken.
+  widget->view().fileName = drivePath.substr(drivePath.find_last_of('\\') + 1);
   connect(
       widget, &ViewWidget::Drawn, this, [this, widget, drivePath] { LoadInto(widget, drivePath); },
       static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
 }
 
+namespace {
+
+void Toggle(QWidget* bar) {
+  bar->setVisible(!bar->isVisible());
+}
+
+// Commands that change what is shown of a program, and not the program.
+bool ChangesPictureOnly(Action action) {
+  return action == Action::kViewMode || action == Action::kFit || action == Action::kRedraw ||
+         action == Action::kToggleRapids;
+}
+
+}  // namespace
+
+const MainWindow::Operation* MainWindow::FindOperation(Action action) {
+  static constexpr Operation kOperations[] = {
+      {Action::kNewDocument, [](MainWindow* window, int) { window->NewView(); }},
+      {Action::kNewWindow, [](MainWindow* window, int) { window->NewView(); }},
+      {Action::kOpenDocument, [](MainWindow* window, int) { window->OpenDocument(); }},
+      {Action::kPrint, [](MainWindow* window, int) { window->Print(); }, true},
+      {Action::kPrintSetup, [](MainWindow* window, int) { window->SetUpPrinter(); }},
+      {Action::kExit, [](MainWindow* window, int) { window->close(); }},
+      {Action::kToolbar, [](MainWindow* window, int) { Toggle(window->toolBar_); }},
+      {Action::kStatusBar, [](MainWindow* window, int) { Toggle(window->statusBar()); }},
+      {Action::kCascade, [](MainWindow* window, int) { window->area_->cascadeSubWindows(); }},
+      {Action::kTileHorizontally, [](MainWindow* window, int) { window->Tile(Qt::Vertical); }},
+      {Action::kTileVertically, [](MainWindow* window, int) { window->Tile(Qt::Horizontal); }},
+      {Action::kArrangeIcons, [](MainWindow* window, int) { window->ArrangeIcons(); }},
+      {Action::kAbout, [](MainWindow* window, int) { window->ShowAbout(); }},
+      {Action::kEditConfiguration,
+       [](MainWindow* window, int) {
+         EditConfiguration(&window->app_->configuration, window->app_->files, window->app_->ui);
+       }},
+      {Action::kEditDirectoryList,
+       [](MainWindow* window, int) {
+         CTVXApp* const app = window->app_;
+         EditDirectoryList(app->configuration.EnvDir, &app->DirectoryList, app->files, app->ui);
+       }},
+      {Action::kEditUserKey,
+       [](MainWindow* window, int key) {
+         EditUserKey(static_cast<size_t>(key), &window->app_->UserKeys, window->app_->ui);
+       }},
+      {Action::kWriteUserKeys,
+       [](MainWindow* window, int) {
+         CTVXApp* const app = window->app_;
+         WriteUserKeys(app->configuration.EnvDir, app->UserKeys, app->files);
+       }},
+  };
+  const Operation* const end = std::end(kOperations);
+  const Operation* const found = std::ranges::find(kOperations, action, &Operation::action);
+  return found == end ? nullptr : found;
+}
+
 bool MainWindow::IsReady(int id) const {
   const Action action = FindCommand(id).action;
-  if (IsViewAction(action)) return ActiveView() != nullptr;
-  static const std::set<Action> kFrameActions = {
-      Action::kNewDocument,    Action::kOpenDocument, Action::kExit,    Action::kToolbar,
-      Action::kStatusBar,      Action::kNewWindow,    Action::kCascade, Action::kTileHorizontally,
-      Action::kTileVertically, Action::kArrangeIcons, Action::kAbout,
-  };
-  return kFrameActions.contains(action);
+  if (IsViewAction(action)) {
+    if (ActiveView() == nullptr) return false;
+    return action != Action::kRunJobList || HasFace(ActiveView()->view().transferDialog);
+  }
+  const Operation* const operation = FindOperation(action);
+  return operation != nullptr && (!operation->needsView || ActiveView() != nullptr);
 }
 
 void MainWindow::RunCommand(int id) {
   if (!IsReady(id)) return;
   const Command command = FindCommand(id);
-  if (IsViewAction(command.action)) {
-    RunViewAction(&ActiveView()->view(), command.action, command.argument);
-    ShowProgram();
+  if (const Operation* const operation = FindOperation(command.action)) {
+    operation->run(this, command.argument);
+    ShowMenuOfState();
     return;
   }
-  switch (command.action) {
-    case Action::kNewDocument:
-    case Action::kNewWindow:
-      NewView();
-      break;
-    case Action::kOpenDocument: {
-      std::string path;
-      const FileQuestion question{.save = false,
-                                  .defaultExtension = "",
-                                  .fileName = "",
-                                  .filter = "Nc file (*.nc)|*.nc|모든 화일(*.*)|*.*||",
-                                  .directory = ""};
-      if (app_->ui->ChooseFile(question, &path)) LoadInto(NewView(), path);
-      break;
-    }
-    case Action::kExit:
-      close();
-      break;
-    case Action::kToolbar:
-      toolBar_->setVisible(!toolBar_->isVisible());
-      break;
-    case Action::kStatusBar:
-      statusBar()->setVisible(!statusBar()->isVisible());
-      break;
-    case Action::kCascade:
-      area_->cascadeSubWindows();
-      break;
-    case Action::kTileHorizontally:
-    case Action::kTileVertically:
-      area_->tileSubWindows();
-      break;
-    case Action::kAbout:
-      ShowAbout();
-      break;
-    case Action::kEditConfiguration:
-      EditConfiguration(&app_->configuration, app_->files, app_->ui);
-      break;
-    case Action::kEditDirectoryList:
-      EditDirectoryList(app_->configuration.EnvDir, &app_->DirectoryList, app_->files, app_->ui);
-      break;
-    case Action::kEditUserKey:
-      EditUserKey(static_cast<size_t>(command.argument), &app_->UserKeys, app_->ui);
-      break;
-    case Action::kWriteUserKeys:
-      WriteUserKeys(app_->configuration.EnvDir, app_->UserKeys, app_->files);
-      break;
-    default:
-      break;
+  CTVXView* const view = &ActiveView()->view();
+  RunViewAction(view, command.action, command.argument);
+  if (command.action == Action::kLoad && !view->filePath.empty()) {
+    recent_.Add(ToQt(view->filePath));
   }
-  ShowMenuOfState();
+  if (!ChangesPictureOnly(command.action)) ShowProgram();
+}
+
+void MainWindow::OpenDocument() {
+  std::string path;
+  const FileQuestion question{.save = false,
+                              .defaultExtension = "",
+                              .fileName = "",
+                              .filter = "Nc file (*.nc)|*.nc|모든 화일(*.*)|*.*||",
+                              .directory = ""};
+  if (app_->ui->ChooseFile(question, &path)) OpenFile(path, nullptr);
+}
+
+QPrinter* MainWindow::Printer() {
+  if (printer_ == nullptr) {
+    printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    printer_->setPageOrientation(QPageLayout::Landscape);
+  }
+  return printer_.get();
+}
+
+void MainWindow::SetUpPrinter() {
+  QPageSetupDialog(Printer(), this).exec();
+}
+
+void MainWindow::Print() {
+  Printer()->setDocName(ToQt(ActiveView()->view().fileName));
+  if (QPrintDialog(Printer(), this).exec() == QDialog::Accepted) PrintTo(Printer());
+}
+
+bool MainWindow::PrintTo(QPrinter* printer) {
+  CTVXView& view = ActiveView()->view();
+  QPainter painter;
+  if (!painter.begin(printer)) {
+    app_->ui->ShowMessage({.text = "인쇄할 수 없습니다."});
+    return false;
+  }
+  PaintOnPage({&view.program, &view.job, &view.view},
+              QRectF(QPointF(0, 0), printer->pageRect(QPrinter::DevicePixel).size()), &painter);
+  return painter.end();
+}
+
+// One below the other, or side by side.
+void MainWindow::Tile(Qt::Orientation direction) {
+  QList<QMdiSubWindow*> open = area_->subWindowList();
+  open.removeIf([](const QMdiSubWindow* child) { return child->isMinimized(); });
+  const QRect all = area_->viewport()->rect();
+  const int count = static_cast<int>(open.size());
+  for (int i = 0; i < count; ++i) {
+    open[i]->showNormal();
+    if (direction == Qt::Vertical) {
+      const int top = all.height() * i / count;
+      open[i]->setGeometry(0, top, all.width(), all.height() * (i + 1) / count - top);
+    } else {
+      const int left = all.width() * i / count;
+      open[i]->setGeometry(left, 0, all.width() * (i + 1) / count - left, all.height());
+    }
+  }
+}
+
+// Along the foot of the area, from the left.
+void MainWindow::ArrangeIcons() {
+  QPoint place = area_->viewport()->rect().bottomLeft();
+  for (QMdiSubWindow* const child : area_->subWindowList()) {
+    if (!child->isMinimized()) continue;
+    child->move(place.x(), place.y() + 1 - child->height());
+    place.rx() += child->width();
+  }
 }
 
 void MainWindow::AddRows(std::span<const MenuRow> rows, std::vector<QAction*>* menus) {
@@ -188,6 +296,10 @@ void MainWindow::AddRows(std::span<const MenuRow> rows, std::vector<QAction*>* m
       place = submenu;
     }
     QAction* const entry = place->addAction(MenuText(row.text));
+    if (FindCommand(row.id).action == Action::kRecentFiles) {
+      recentPlace_ = entry;
+      recentMenu_ = place;
+    }
     const Command command = FindCommand(row.id);
     entry->setStatusTip(ToQt(command.prompt));
     entry->setCheckable(command.action == Action::kToolbar || command.action == Action::kStatusBar);
@@ -231,10 +343,19 @@ void MainWindow::BuildToolBar() {
       toolBar_->addSeparator();
       continue;
     }
-    QAction* const action = toolBar_->addAction(ToolIcon(button.id), ToQt(button.text));
+    QAction* const action = toolBar_->addAction(ToQt(button.text));
+    action->setData(button.id);
     action->setStatusTip(ToQt(FindCommand(button.id).prompt));
     connect(action, &QAction::triggered, this, [this, id = button.id] { RunCommand(id); });
     menuActions_[button.id].push_back(action);
+  }
+  ShowToolIcons();
+}
+
+// In the colours of the desktop, which can change from light to dark while the program runs.
+void MainWindow::ShowToolIcons() {
+  for (QAction* const action : toolBar_->actions()) {
+    if (!action->isSeparator()) action->setIcon(ToolIcon(action->data().toInt()));
   }
 }
 
@@ -243,11 +364,28 @@ void MainWindow::BuildStatusBar() {
   file_ = new QLabel(this);
   statusBar()->addWidget(text_, 1);
   statusBar()->addPermanentWidget(file_);
-  for (const char* const name : {"CAP", "NUM", "SCRL"}) {
-    auto* const pane = new QLabel(name, this);
-    pane->setEnabled(false);
-    statusBar()->addPermanentWidget(pane);
-    keyStates_.push_back(pane);
+  constexpr std::array kNames = {"CAP", "NUM", "SCRL"};
+  for (size_t i = 0; i < kNames.size(); ++i) {
+    lockKeys_[i] = new QLabel(kNames[i], this);
+    statusBar()->addPermanentWidget(lockKeys_[i]);
+  }
+  ShowLockKeys();
+  qApp->installEventFilter(this);
+}
+
+// The files opened last stand where the entry of the menu does, with their numbers as keys.
+void MainWindow::ShowRecentFiles() {
+  qDeleteAll(recentEntries_);
+  recentEntries_.clear();
+  const QStringList& paths = recent_.Paths();
+  recentPlace_->setVisible(paths.isEmpty());
+  for (qsizetype i = 0; i < paths.size(); ++i) {
+    auto* const entry =
+        new QAction(QString("&%1 %2").arg(i + 1).arg(QString(paths[i]).replace("&", "&&")), this);
+    connect(entry, &QAction::triggered, this,
+            [this, path = FromQt(paths[i])] { OpenFile(path, nullptr); });
+    recentMenu_->insertAction(recentPlace_, entry);
+    recentEntries_.push_back(entry);
   }
 }
 
@@ -266,12 +404,20 @@ void MainWindow::ShowMenuOfState() {
   }
 }
 
+// A window without a program goes by its number.
 void MainWindow::ShowFileName() {
   ViewWidget* const active = ActiveView();
-  const QString name = active == nullptr ? QString() : ToQt(active->view().fileName);
-  setWindowTitle(name.isEmpty() ? kTitle : name + " - " + kTitle);
-  file_->setText(name);
-  if (active != nullptr) active->parentWidget()->setWindowTitle(name.isEmpty() ? kTitle : name);
+  if (active == nullptr) {
+    setWindowTitle(kTitle);
+    file_->clear();
+    return;
+  }
+  const QString file = ToQt(active->view().fileName);
+  const QString name = file.isEmpty() ? active->objectName() : file;
+  setWindowTitle(name + " - " + kTitle);
+  active->parentWidget()->setWindowTitle(name);
+  file_->setText(file);
+  file_->setToolTip(ToQt(active->view().filePath));
 }
 
 // The program or its feeds may have changed.
@@ -299,6 +445,27 @@ void MainWindow::RepaintActiveView() {
 
 void MainWindow::ShowStatusText(const QString& text) {
   text_->setText(text);
+}
+
+void MainWindow::ShowLockKeys() {
+  const std::array<bool, 3> lit = LockKeys();
+  for (size_t i = 0; i < lit.size(); ++i) lockKeys_[i]->setEnabled(lit[i]);
+}
+
+// The keys that lock are asked for when any key has gone up, and when the window comes to the
+// front.
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched->isWindowType() &&
+      (event->type() == QEvent::KeyRelease || event->type() == QEvent::FocusIn)) {
+    ShowLockKeys();
+  }
+  return QMainWindow::eventFilter(watched, event);
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange && toolBar_ != nullptr) ShowToolIcons();
+  if (event->type() == QEvent::ActivationChange) ShowLockKeys();
+  QMainWindow::changeEvent(event);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {

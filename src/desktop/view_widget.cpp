@@ -110,7 +110,9 @@ Pixel ViewWidget::AreaPoint(const QMouseEvent& event) const {
 
 void ViewWidget::mousePressEvent(QMouseEvent* event) {
   if (event->button() == Qt::RightButton) commands_.PressRight(AreaPoint(*event));
-  if (event->button() == Qt::LeftButton) OpenCommandPad(&view_);
+  if (event->button() != Qt::LeftButton) return;
+  OpenCommandPad(&view_);
+  emit CommandPadClosed();
 }
 
 void ViewWidget::mouseMoveEvent(QMouseEvent* event) {

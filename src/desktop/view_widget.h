@@ -28,6 +28,8 @@ class ViewWidget : public QWidget {
  signals:
   // The picture has been drawn anew: program, feeds or view may have changed.
   void Drawn();
+  // The command pad has closed and what was chosen on it is done.
+  void CommandPadClosed();
 
  protected:
   void paintEvent(QPaintEvent* event) override;

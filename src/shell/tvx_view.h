@@ -30,6 +30,7 @@ class CTVXView {
   NcProgram program;     // the stored moves, with the register CurrentBlock
   ViewState view;        // the picture of them: transform, rapids shown or not
   std::string fileName;  // the NC file in work, without directory; empty before the first load
+  std::string filePath;  // the same as the load got it
   CCommandPadDlg commandPad;
   COptionDlg optionDialog;
   CTransferDlg transferDialog;

@@ -93,6 +93,7 @@ void RunViewAction(CTVXView* view, Action action, int argument) {
 
 int LoadProgram(CTVXView* view, const std::string& path) {
   view->fileName = WithoutDirectory(path);
+  view->filePath = path;
   const int result = LoadNcFile(path, &view->program, &view->app->parserStates, &view->job,
                                 view->app->files, view->app->ui);
   FitToPath(&view->view.transform, &view->program.store, view->app->ui);
