@@ -20,9 +20,9 @@
 
 #include "desktop/dialog_faces.h"
 #include "desktop/icons.h"
-#include "desktop/lock_keys.h"
 #include "desktop/picture_printer.h"
 #include "desktop/qt_text.h"
+#include "platform/lock_keys.h"
 #include "shell/configuration.h"
 #include "shell/lists.h"
 #include "shell/user_keys.h"

@@ -5,7 +5,7 @@
 
 namespace tvx {
 
-// Caps Lock, Num Lock and Scroll Lock, as their lights show; all off where that cannot be told.
+// Caps Lock, Num Lock and Scroll Lock, as their lights show; all off without a display or libxcb.
 std::array<bool, 3> LockKeys();
 
 }  // namespace tvx
