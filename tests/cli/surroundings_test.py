@@ -41,7 +41,10 @@ class Surroundings(unittest.TestCase):
         quiet = self.run_tool("blocks", self.program)
         self.assertEqual(quiet.stderr, b"")
 
-        ours, theirs = pty.openpty()
+        try:
+            ours, theirs = pty.openpty()
+        except OSError:
+            self.skipTest("this machine has no terminals to give")
         watched = self.run_tool("blocks", self.program, stderr=theirs)
         os.close(theirs)
         shown = read_all(ours)
