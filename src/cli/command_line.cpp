@@ -11,8 +11,10 @@ namespace {
 std::vector<std::string> OptionNames(const CLI::App& app) {
   std::vector<std::string> names;
   for (const CLI::Option* option : app.get_options()) {
-    for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
-    for (const std::string& name : option->get_snames()) names.push_back("-" + name);
+    for (const std::string& name : option->get_lnames())
+      names.push_back(std::string("--").append(name));
+    for (const std::string& name : option->get_snames())
+      names.push_back(std::string("-").append(name));
   }
   return names;
 }
@@ -33,7 +35,7 @@ void RefuseLeftOvers(const CLI::App& app, const std::string& command) {
 
 // What the parser found wrong, in our words where its own are of little help.
 std::string Explain(const CLI::ParseError& error) {
-  const std::string text = error.what();
+  std::string text = error.what();
   const std::string name = text.substr(0, text.find(':'));
   if (error.get_name() == "ArgumentMismatch") {
     // "NAME was given a disallowed flag override", without the dashes

@@ -31,7 +31,7 @@ std::string Host::DrivePath(const std::string& argument) const {
 }
 
 std::string Host::ReadablePath(const std::string& argument) const {
-  const std::string path = DrivePath(argument);
+  std::string path = DrivePath(argument);
   if (files->IsDirectory(path)) throw Failure{argument, "is a directory"};
   if (!files->Exists(path)) throw Failure{argument, "no such file"};
   if (files->OpenForReading(path) == nullptr) throw Failure{argument, "cannot be read"};

@@ -18,6 +18,7 @@ std::string NameOf(const std::string& drivePath) {
 std::vector<ProgramFile> FindProgramFiles(const Host& host,
                                           const std::vector<std::string>& arguments) {
   std::vector<ProgramFile> files;
+  files.reserve(arguments.size());
   for (const std::string& argument : arguments) {
     files.push_back({argument, host.ReadablePath(argument)});
   }
