@@ -1,6 +1,7 @@
 #include "cli/command_line.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 
 #include "cli/errors.h"
 #include "cli/nearest_name.h"
@@ -22,15 +23,16 @@ std::vector<std::string> OptionNames(const CLI::App& app) {
 // Words that no option or argument takes. Looked at before any other fault, since a misspelt option
 // is often the cause of those.
 void RefuseLeftOvers(const CLI::App& app, const std::string& command) {
-  for (const std::string& word : app.remaining()) {
-    if (word == "--") continue;  // the mark before arguments that begin with a dash
-    if (word.size() < 2 || word[0] != '-') {
-      throw WrongCall{command + ": unexpected argument '" + word + "'"};
-    }
-    const std::string name = word.substr(0, word.find('='));
-    throw WrongCall{command + ": unknown option '" + name + "'" +
-                    DidYouMean(name, OptionNames(app))};
+  const std::vector<std::string> words = app.remaining();
+  // "--" is the mark before arguments that begin with a dash.
+  const auto word =
+      std::find_if(words.begin(), words.end(), [](const std::string& w) { return w != "--"; });
+  if (word == words.end()) return;
+  if (word->size() < 2 || word->front() != '-') {
+    throw WrongCall{command + ": unexpected argument '" + *word + "'"};
   }
+  const std::string name = word->substr(0, word->find('='));
+  throw WrongCall{command + ": unknown option '" + name + "'" + DidYouMean(name, OptionNames(app))};
 }
 
 // What the parser found wrong, in our words where its own are of little help.
