@@ -4,8 +4,9 @@
 usage: examples/generate.py [--check]
 
 Three tool paths are written in both line formats, word-address (.nc) and conversational (.hnc), so
-the same moves can be compared; the other files have one form. --check writes nothing and fails if a
-file of the folder is not what this program would write.
+the same moves can be compared; the other programs have one form. A condition file and a job list go
+with them. --check writes nothing and fails if a file of the folder is not what this program would
+write.
 """
 import math
 import pathlib
@@ -405,8 +406,49 @@ CONDITION = [
 ]
 
 
+# A job list as the program writes it: on the drive X, which stands for the drive of the list, each
+# file with options of its own. The master model of the roughing is made by the run itself.
+JOB_DIRECTORY = "X:\\marlo\\ncdata"
+JOB_CONDITION = (
+    "Afa ON TD 10.0 SD 3.0 CMIA 15.0 CMAR 0.20 SMIA 12.0 SMAR 0.25 CCC ON ZUDC ON MAT KP4M"
+    " MAF {feed} AF 400 CW 1.00 0.80 0.40 SW 1.00 0.75 0.35"
+)
+
+
+def job_list(sizes):
+    def job(name, words):
+        return f"File {name} Dir {JOB_DIRECTORY} FS {sizes[name]} {words}  "
+
+    def condition(feed):
+        return JOB_CONDITION.format(feed=feed)
+
+    model = f"{JOB_DIRECTORY}\\cavity_finishing.nc.mma"
+    return [
+        job("cavity_roughing.nc", f"M30 ON RT OFF {condition(4000)} MMA {model}"),
+        job("cavity_finishing.nc", f"M30 ON RT OFF {condition(2400)}"),
+        job("finishing_raster.nc", f"RT ON 3 20.000 -2.500 {condition(2400)} FCS ON XYR ON"),
+        job("pocket_arcs.nc", "RT OFF Afa OFF KeyCode G54 S8000"),
+        job("steep_walls.nc", f"RT ON 1 120 {condition(3000)} KeyCode G55"),
+    ]
+
+
 def all_files():
-    """Name and lines of every file."""
+    """Name and bytes of every file."""
+    sizes = {}
+    for name, lines in programs():
+        data = file_bytes(lines)
+        sizes[name] = len(data)
+        yield name, data
+    yield "finishing.afa", file_bytes(CONDITION)
+    yield "job_list.mcf", file_bytes(job_list(sizes))
+
+
+def file_bytes(lines):
+    return "".join(line + "\r\n" for line in lines).encode("cp949")
+
+
+def programs():
+    """Name and lines of every program."""
     paths = {
         "finishing_raster": (101, "FINISHING RASTER", finishing_raster()),
         "pocket_arcs": (102, "POCKET WITH ARCS", pocket_arcs()),
@@ -419,7 +461,6 @@ def all_files():
     yield "cavity_roughing.nc", word_program(107, "CAVITY ROUGHING", cavity_roughing())
     yield "incremental_slots.nc", incremental_slots()
     yield "shop_oddities.nc", shop_oddities()
-    yield "finishing.afa", CONDITION
 
 
 def main():
@@ -427,8 +468,7 @@ def main():
     if sys.argv[1:] and not check:
         sys.exit(__doc__)
     stale = []
-    for name, lines in all_files():
-        data = "".join(line + "\r\n" for line in lines).encode("cp949")
+    for name, data in all_files():
         path = HERE / name
         if check:
             if not path.exists() or path.read_bytes() != data:

@@ -6,6 +6,7 @@ usage: tests/golden/run.py [--accept] TVX_CLI [AREA[/CASE]...]
 A case is a folder AREA/CASE with a file `cmd` and what it reads. Each line of `cmd` runs in a copy of
 the folder, with a home of its own in home/ and the project's example programs in examples/:
   tvx-cli ARGUMENTS    the tool
+  copy FOLDER TO       what a folder holds into another, which is made if it is missing
   show FILE            the text of a file, decoded from CP949, each carriage return shown as \\r
 What is printed must be the text of `expect.txt`: the line itself after "$ ", standard output,
 standard error after "! ", and the exit status if it is not 0. --accept takes the output as expected;
@@ -56,6 +57,8 @@ def run_case(tool, case):
             output += f"$ {line}\n"
             if program == "tvx-cli":
                 output += run_tool(tool, arguments, folder)
+            elif program == "copy":
+                shutil.copytree(folder / arguments[0], folder / arguments[1], dirs_exist_ok=True)
             elif program == "show":
                 output += show(folder / arguments[0])
             else:
