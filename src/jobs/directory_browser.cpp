@@ -6,6 +6,8 @@ namespace tvx {
 
 namespace {
 
+constexpr size_t kDriveEnd = 2;  // where the backslash behind "c:" stands
+
 char Lower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
@@ -98,14 +100,15 @@ std::string DirectoryBrowser::TargetOf(int number) const {
     const auto index = static_cast<size_t>(number);
     return index < driveLetters.size() ? std::string(1, driveLetters[index]) + ":\\" : "";
   }
-  std::string target = directory.substr(0, 1) + ":\\";
   const bool isPart = number < kFirstSubDirectory;
   const auto index = static_cast<size_t>(number - (isPart ? kFirstPart : kFirstSubDirectory));
   if (index >= (isPart ? parts : subDirectories).size()) return {};
-  const size_t partCount = isPart ? index + 1 : parts.size();
-  for (size_t i = 0; i < partCount; ++i) target += parts[i] + "\\";
-  if (!isPart) target += subDirectories[index] + "\\";
-  return target;
+  if (!isPart) {
+    return directory + (directory.ends_with('\\') ? "" : "\\") + subDirectories[index] + "\\";
+  }
+  size_t end = kDriveEnd;
+  for (size_t i = 0; i <= index; ++i) end = directory.find('\\', end + 1);
+  return directory.substr(0, end) + "\\";
 }
 
 int DirectoryBrowser::DriveItem() const {

@@ -51,7 +51,9 @@ class DirectoryBrowser {
 
   std::string directory;  // the current one, as the system gives it
   std::vector<char> driveLetters;
-  std::vector<std::string> parts;           // of the directory, below the drive
+  // The first components of the directory below the drive, as they are shown; the way to an item
+  // is taken from the directory itself.
+  std::vector<std::string> parts;
   std::vector<std::string> subDirectories;  // sorted
   std::vector<std::string> files;           // names that fit the mask, lower case, sorted
 
