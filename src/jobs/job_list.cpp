@@ -9,9 +9,9 @@ namespace {
 
 constexpr char kFileWord[] = "File";
 
-void SetDrive(char letter, std::string* line) {
-  for (size_t at = line->find("X:"); at != std::string::npos; at = line->find("X:", at + 2)) {
-    (*line)[at] = letter;
+void SetDrive(char letter, std::string* word) {
+  for (size_t at = word->find("X:"); at != std::string::npos; at = word->find("X:", at + 2)) {
+    (*word)[at] = letter;
   }
 }
 
@@ -59,8 +59,8 @@ JobList ReadJobList(std::string_view text, std::optional<char> driveLetter) {
       if (list.IsFull() || !words.ReadWord(&word)) return list;
       list.Insert(list.size(), word, "");
     } else if (!list.names.empty()) {
+      if (driveLetter.has_value()) SetDrive(*driveLetter, &word);
       line += word + " ";
-      if (driveLetter.has_value()) SetDrive(*driveLetter, &line);
     }
   }
   if (!list.names.empty() && !line.empty()) list.lines.back() = line;

@@ -76,7 +76,9 @@ void CTransferDlg::Open(const JobDialogWorld& world) {
 
   FillMasks();
   browser.Enter(ListOptions.WorkDir, ListOptions.NcdataExt);
+  // Shown in capitals until the user browses.
   shownFile.currentDirectory = UpperCase(browser.directory);
+  for (std::string& part : browser.parts) part = UpperCase(part);
   FillFromSlot();
 
   ListOptions.AfaEnabled = 1;
@@ -138,7 +140,7 @@ void CTransferDlg::NewMask() {
 
 // An entry that is being transferred, or none at all, is not touched.
 bool CTransferDlg::RefuseFrozen() {
-  if (selectedEntry >= world_.working->FirstEditable) return false;
+  if (selectedEntry >= std::max(world_.working->FirstEditable, 0)) return false;
   ui_->ShowMessage(MessageOf(JobMessage::kEntryIsFrozen));
   return true;
 }
@@ -348,7 +350,7 @@ void CTransferDlg::SetCondition() {
   sendOptions_.SpindleSpeed = SpindleSpeed;
   sendOptions_.Open(&ListOptions);
   if (!ui_->RunModal(&sendOptions_)) {
-    conditionCaption = kNoConditionText;
+    conditionCaption = ReplaceLabels(kNoConditionText);
     return;
   }
   SpindleOn = sendOptions_.SpindleOn;

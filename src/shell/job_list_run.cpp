@@ -70,7 +70,7 @@ JobDialogWorld DialogWorld(CTVXView* view) {
 
 void RunEntry(CTVXView* view, size_t index, std::string* lastMaster, RunObserver* observer) {
   const std::string line = view->job.OptionLines[index];
-  ParseOptionLine(&view->job, line, nullptr);
+  ParseOptionLine(&view->job, line, &view->transferDialog.shownFile);
   std::string directory;
   LineDirectory(line, &directory);
   const std::string name = view->job.FileNames[index];

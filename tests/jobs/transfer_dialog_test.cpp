@@ -81,6 +81,7 @@ TEST_F(TransferDialog, OpensOnTheWorkDirectoryAndTheAcceptedList) {
   EXPECT_EQ(dialog.masks, (Names{"*.*", "*.nc", "*.nc2"}));
   EXPECT_EQ(dialog.selectedMask, 1);
   EXPECT_EQ(dialog.shownFile.currentDirectory, "C:\\MARLO\\NCDATA");
+  EXPECT_EQ(dialog.browser.Items()[3].text, "NCDATA") << "in capitals until the user browses";
   EXPECT_EQ(dialog.ListOptions.AfaEnabled, 1);
 
   slot.FileNames[0] = "c:\\x\\ a.nc ";
@@ -112,6 +113,24 @@ TEST_F(TransferDialog, BrowsesByTheTree) {
   dialog.Browse(0);
   EXPECT_EQ(dialog.browser.SelectedItem(), 0);
   EXPECT_TRUE(dialog.browser.parts.empty());
+}
+
+TEST_F(TransferDialog, BrowsesDeeperThanTheTreeShows) {
+  const std::string deep = "c:\\1\\2\\3\\4\\5\\6\\7\\8\\9\\10\\11";
+  files.Put(deep + "\\12\\deep.nc", "G01 X1\n");
+  slot.WorkDir = deep;
+  Open();
+  EXPECT_EQ(dialog.browser.parts.size(), 10U);
+  dialog.Browse(1000);
+  EXPECT_EQ(dialog.ListOptions.WorkDir, deep + "\\12");
+  EXPECT_EQ(dialog.browser.files, Names{"deep.nc"});
+  dialog.Browse(109);
+  EXPECT_EQ(dialog.ListOptions.WorkDir, "c:\\1\\2\\3\\4\\5\\6\\7\\8\\9\\10");
+  dialog.Browse(1000);
+  EXPECT_EQ(dialog.ListOptions.WorkDir, deep);
+  dialog.Browse(0);
+  dialog.Browse(1000);
+  EXPECT_EQ(dialog.ListOptions.WorkDir, "c:\\1") << "no doubled backslash at the root";
 }
 
 TEST_F(TransferDialog, MasksFitNamesWhateverTheirCase) {
@@ -218,6 +237,7 @@ TEST(JobListText, OddListsStayConsistent) {
     EXPECT_EQ(list.lines.size(), c.size);
   }
   EXPECT_EQ(ReadJobList("File " + longName, {}).names[0], longName);
+  EXPECT_EQ(ReadJobList("File a X:\\X:b MAX: x:\\c", 'd').lines[0], "d:\\d:b MAd: x:\\c ");
 }
 
 TEST_F(TransferDialog, PreviewsHeadAndTailAndTakesTheOptionsOver) {
@@ -288,6 +308,24 @@ TEST_F(TransferDialog, KeyCodesAreFoundByTheirText) {
   });
   dialog.ChangeKeyCode();
   EXPECT_EQ(dialog.list.lines[1], "Dir c:\\x KeyCode  G91   S1000") << "cancelled";
+}
+
+TEST_F(TransferDialog, KeyCodeFileIsReadToItsLimitAndThenToTheEndOfTheWord) {
+  const std::string head = "KeyCode  " + std::string(88, 'A');  // 97 bytes
+  const struct {
+    std::string file;
+    std::string taken;
+  } cases[] = {{head + "BB", head + "BB"},        {head + "BB next", head + "BB"},
+               {head + "BBB next", head + "BBB"}, {head + "B next", head + "B"},
+               {head + "\r\nsecond line", head},  {"", ""}};
+  for (const auto& c : cases) {
+    files.Put("c:\\marlo\\KeyCode1.txt", c.file);
+    dialog.ClearList();
+    dialog.list.Insert(0, "a.nc", "Dir c:\\x KeyCode M01");
+    dialog.SelectEntry(0);
+    dialog.ReadKeyCodes();
+    EXPECT_EQ(dialog.list.lines[0], "Dir c:\\x " + c.taken) << c.file;
+  }
 }
 
 TEST_F(TransferDialog, SpindleWordOfAnInsertedFile) {

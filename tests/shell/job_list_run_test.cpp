@@ -75,8 +75,8 @@ constexpr char kPlain[] = "Dir c:\\marlo\\ncdata FS 5 RT OFF Afa OFF ";
 
 TEST_F(JobListRun, RecordsEveryEntryWithItsOwnOptions) {
   OnJobs({{"a.nc", kPlain},
-          {"b.nc", "Dir c:\\marlo\\ncdata FS 5 RT ON 1 77 Afa ON TD 10.0 MAF 2000 "},
-          {"gone.nc", kPlain}});
+          {"b.nc", "Dir c:\\marlo\\ncdata FS 7 RT ON 1 77 Afa ON TD 10.0 MAF 2000 "},
+          {"gone.nc", "Dir c:\\marlo\\ncdata Afa OFF "}});
   RunJobList(view.get());
   ASSERT_EQ(view->results.entryCount, 3);
   const auto& entries = view->results.entries;
@@ -90,6 +90,7 @@ TEST_F(JobListRun, RecordsEveryEntryWithItsOwnOptions) {
   EXPECT_GT(entries[1].averageFeed, 500);
   EXPECT_EQ(entries[2].cutLength, 0) << "a file that is gone is recorded empty";
   EXPECT_EQ(app.JobSlots[1].FileNames[1], "b.nc") << "the list comes back next time";
+  EXPECT_EQ(view->transferDialog.shownFile.fileSize, 7) << "as the last line with a size says";
 }
 
 TEST_F(JobListRun, EndsAtTheDialogOrTheTransferProgram) {
