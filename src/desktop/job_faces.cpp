@@ -9,11 +9,14 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QSplitter>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 #include <map>
+#include <span>
 
 #include "desktop/qt_text.h"
 
@@ -22,12 +25,49 @@ namespace tvx {
 namespace {
 
 constexpr int kTreeNumber = Qt::UserRole;
+constexpr Qt::Key kEnter[] = {Qt::Key_Return, Qt::Key_Enter};
+constexpr Qt::Key kDelete[] = {Qt::Key_Delete};
 
+bool Shows(const QListWidget& list, const std::vector<std::string>& rows) {
+  if (list.count() != static_cast<int>(rows.size())) return false;
+  for (int i = 0; i < list.count(); ++i) {
+    if (list.item(i)->text() != ToQt(rows[static_cast<size_t>(i)])) return false;
+  }
+  return true;
+}
+
+// Shows the rows and selects one, or none with -1. The list stays scrolled to where it was, or
+// follows a row that was added at its end.
 void ShowRows(QListWidget* list, const std::vector<std::string>& rows, int selected) {
   const QSignalBlocker blocker(list);
-  list->clear();
-  for (const std::string& row : rows) list->addItem(ToQt(row));
+  if (!Shows(*list, rows)) {
+    const int position = list->verticalScrollBar()->value();
+    const bool oneMore = list->count() > 0 && list->count() + 1 == static_cast<int>(rows.size());
+    list->clear();
+    for (const std::string& row : rows) list->addItem(ToQt(row));
+    list->verticalScrollBar()->setValue(position);
+    if (oneMore && selected < 0) list->scrollToBottom();
+  }
+  if (selected < 0) list->clearSelection();
   list->setCurrentRow(selected);
+}
+
+// A list whose first row becomes current only when it is selected: getting the focus, a list makes
+// it current as it is, and the arrow down then passes it by.
+class RowList : public QListWidget {
+ public:
+  using QListWidget::QListWidget;
+
+ protected:
+  void focusInEvent(QFocusEvent* event) override {
+    QListWidget::focusInEvent(event);
+    if (selectedItems().isEmpty()) setCurrentRow(-1);
+  }
+};
+
+// The row that is selected, -1 for none.
+int SelectedRow(const QListWidget& list) {
+  return list.selectedItems().isEmpty() ? -1 : list.row(list.selectedItems().constFirst());
 }
 
 // A list with its caption above it.
@@ -35,10 +75,31 @@ QWidget* Captioned(const char* caption, QWidget* list) {
   auto* const box = new QWidget;
   auto* const column = new QVBoxLayout(box);
   column->setContentsMargins(0, 0, 0, 0);
-  column->addWidget(new QLabel(caption, box));
+  auto* const label = new QLabel(caption, box);
+  label->setBuddy(list);
+  column->addWidget(label);
   column->addWidget(list, 1);
   return box;
 }
+
+// A key that a list has for itself while it has the focus. Enter would end the dialog otherwise.
+void OnKeys(QWidget* list, std::span<const Qt::Key> keys, const std::function<void()>& act) {
+  for (const Qt::Key key : keys) {
+    auto* const shortcut = new QShortcut(QKeySequence(key), list);
+    shortcut->setContext(Qt::WidgetShortcut);
+    QObject::connect(shortcut, &QShortcut::activated, list, act);
+  }
+}
+
+// A tree in which a click does it all: the second click of a double one would browse on from
+// whatever the first one has put there.
+class ClickTree : public QTreeWidget {
+ public:
+  using QTreeWidget::QTreeWidget;
+
+ protected:
+  void mouseDoubleClickEvent(QMouseEvent* /*event*/) override {}
+};
 
 }  // namespace
 
@@ -82,6 +143,7 @@ QPushButton* KeyCodeFace::AddKey(QGridLayout* grid, int row, int column, const c
                                  std::function<void()> press) {
   auto* const key = new QPushButton(caption, this);
   key->setAutoDefault(false);
+  key->setFocusPolicy(Qt::TabFocus);  // a click leaves the focus, and the typing, in the field
   key->setMinimumWidth(48);
   grid->addWidget(key, row, column);
   connect(key, &QPushButton::clicked, this, [this, press = std::move(press)] {
@@ -99,9 +161,10 @@ TransferFace::TransferFace(CTransferDlg* dialog, QWidget* parent)
   auto* const splitter = new QSplitter(Qt::Horizontal, this);
   splitter->addWidget(BuildBrowser());
   splitter->addWidget(BuildLists());
-  information_ = new QListWidget(this);
-  connect(information_, &QListWidget::currentRowChanged, this,
-          [this](int row) { dialog_->selectedInformation = row; });
+  information_ = new RowList(this);
+  connect(information_, &QListWidget::itemSelectionChanged, this,
+          [this] { dialog_->selectedInformation = SelectedRow(*information_); });
+  OnKeys(information_, kEnter, [] {});
   auto* const right = Captioned(CTransferDlg::kInfoListCaption, information_);
   auto* const keys = new QGridLayout;
   static_cast<QVBoxLayout*>(right->layout())->addLayout(keys);
@@ -119,6 +182,7 @@ TransferFace::TransferFace(CTransferDlg* dialog, QWidget* parent)
   column->addWidget(BuildOptions());
   AddClosingButtons(
       column, "전송", [this] { End(dialog_->Accept()); }, "전송 취소", [this] { reject(); });
+  ShowTree();
   Show();
 }
 
@@ -128,23 +192,17 @@ QWidget* TransferFace::BuildBrowser() {
   column->setContentsMargins(0, 0, 0, 0);
   directory_ = new QLabel(box);
   directory_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  directory_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   column->addWidget(directory_);
-  tree_ = new QTreeWidget(box);
+  tree_ = new ClickTree(box);
   tree_->setHeaderHidden(true);
   // Only a click, or Enter, browses; the rebuilding of the tree does not set it off again.
-  const auto browse = [this](QTreeWidgetItem* item) {
-    const int number = item->data(0, kTreeNumber).toInt();
+  const auto browse = [this] {
     // After the click has been dealt with: the item does not outlive the browsing.
-    QMetaObject::invokeMethod(
-        this,
-        [this, number] {
-          dialog_->Browse(number);
-          Show();
-        },
-        Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, &TransferFace::Browse, Qt::QueuedConnection);
   };
   connect(tree_, &QTreeWidget::itemClicked, this, browse);
-  connect(tree_, &QTreeWidget::itemActivated, this, browse);
+  OnKeys(tree_, kEnter, browse);
   column->addWidget(tree_, 1);
   return box;
 }
@@ -154,14 +212,15 @@ QWidget* TransferFace::BuildLists() {
   auto* const row = new QHBoxLayout(box);
   row->setContentsMargins(0, 0, 0, 0);
 
-  files_ = new QListWidget(box);
-  connect(files_, &QListWidget::currentRowChanged, this,
-          [this](int index) { dialog_->selectedFile = index; });
-  connect(files_, &QListWidget::itemActivated, this, [this](QListWidgetItem* item) {
-    dialog_->selectedFile = files_->row(item);
+  files_ = new RowList(box);
+  connect(files_, &QListWidget::itemSelectionChanged, this,
+          [this] { dialog_->selectedFile = SelectedRow(*files_); });
+  const auto append = [this] {
     dialog_->AppendSelected();
     Show();
-  });
+  };
+  connect(files_, &QListWidget::itemDoubleClicked, this, append);
+  OnKeys(files_, kEnter, append);
   QWidget* const fileBox = Captioned(CTransferDlg::kFileListCaption, files_);
   masks_ = new QComboBox(box);
   connect(masks_, &QComboBox::activated, this, [this](int index) {
@@ -178,13 +237,19 @@ QWidget* TransferFace::BuildLists() {
   buttons->addStretch(1);
   row->addLayout(buttons);
 
-  entries_ = new QListWidget(box);
-  connect(entries_, &QListWidget::currentRowChanged, this, [this](int index) {
-    dialog_->SelectEntry(index);
+  entries_ = new RowList(box);
+  connect(entries_, &QListWidget::itemSelectionChanged, this, [this] {
+    dialog_->SelectEntry(SelectedRow(*entries_));
     Show();
   });
-  connect(entries_, &QListWidget::itemDoubleClicked, this, [this] {
+  const auto remove = [this] {
     dialog_->DeleteEntry();
+    Show();
+  };
+  connect(entries_, &QListWidget::itemDoubleClicked, this, remove);
+  OnKeys(entries_, kDelete, remove);
+  OnKeys(entries_, kEnter, [this] {
+    dialog_->ShowEntry();
     Show();
   });
   row->addWidget(Captioned(CTransferDlg::kJobListCaption, entries_), 1);
@@ -213,9 +278,14 @@ QPushButton* TransferFace::AddOperation(QLayout* layout, const char* caption,
   });
 }
 
-void TransferFace::Show() {
+void TransferFace::Browse() {
+  if (tree_->currentItem() == nullptr) return;
+  dialog_->Browse(tree_->currentItem()->data(0, kTreeNumber).toInt());
   ShowTree();
-  directory_->setText(ToQt(dialog_->browser.directory));
+  Show();
+}
+
+void TransferFace::Show() {
   ShowRows(files_, dialog_->browser.files, dialog_->selectedFile);
   ShowRows(entries_, dialog_->list.names, dialog_->selectedEntry);
   ShowRows(information_, dialog_->information, dialog_->selectedInformation);
@@ -231,6 +301,8 @@ void TransferFace::Show() {
 }
 
 void TransferFace::ShowTree() {
+  directory_->setText(ToQt(dialog_->browser.directory));
+  directory_->setToolTip(directory_->text());
   const QSignalBlocker blocker(tree_);
   tree_->clear();
   std::map<int, QTreeWidgetItem*> shown;

@@ -37,7 +37,9 @@ class TransferFace : public Face {
   QWidget* BuildOptions();
   QPushButton* AddOperation(QLayout* layout, const char* caption,
                             void (CTransferDlg::*operation)());
-  // Shows everything that an operation may have changed.
+  // Goes to what the current item of the tree stands for.
+  void Browse();
+  // Shows everything that an operation may have changed; the tree changes by browsing only.
   void Show();
   void ShowTree();
 

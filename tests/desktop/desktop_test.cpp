@@ -7,6 +7,7 @@
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QSlider>
 #include <QTimer>
 
@@ -108,6 +109,10 @@ QLineEdit* EditOf(QWidget* window, std::string_view label) {
 
 QComboBox* ListOf(QWidget* window, std::string_view label) {
   return FieldOf<QComboBox>(window, label);
+}
+
+QListWidget* RowsOf(QWidget* window, std::string_view label) {
+  return FieldOf<QListWidget>(window, label);
 }
 
 QAbstractButton* ButtonOf(QWidget* window, std::string_view text) {

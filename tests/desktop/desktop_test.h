@@ -21,6 +21,7 @@
 class QAbstractButton;
 class QComboBox;
 class QLineEdit;
+class QListWidget;
 class QSlider;
 
 namespace tvx {
@@ -84,6 +85,7 @@ class DesktopTest : public testing::Test {
 QLineEdit* EditOf(QWidget* window, std::string_view label);
 QAbstractButton* ButtonOf(QWidget* window, std::string_view text);
 QComboBox* ListOf(QWidget* window, std::string_view label);
+QListWidget* RowsOf(QWidget* window, std::string_view label);
 
 // What a user does with them.
 void Type(QLineEdit* edit, std::string_view text);
