@@ -42,6 +42,13 @@ const GetFeedField kFields[] = {
     {"removalOut", &GetFeedState::removalOut},
 };
 
+// A tool without a diameter, as while the user types, has no ratio: the last one stands.
+void UpdateLengthFactor(GetFeedState* state) {
+  if (state->toolDiameter == 0) return;
+  state->lengthRatio = state->toolLength / state->toolDiameter;
+  state->lengthFactor = LengthFactor(state->lengthRatio, state->lengthFactor);
+}
+
 }  // namespace
 
 std::span<const GetFeedField> GetFeedFields() {
@@ -49,10 +56,7 @@ std::span<const GetFeedField> GetFeedFields() {
 }
 
 void StartCalculation(GetFeedState* state) {
-  if (state->toolDiameter != 0) {
-    state->lengthRatio = state->toolLength / state->toolDiameter;
-    state->lengthFactor = LengthFactor(state->lengthRatio, state->lengthFactor);
-  }
+  UpdateLengthFactor(state);
   RecalcSpeed(state);
   state->materialFactor =
       MaterialFactor(state->workMaterial, state->toolDiameter).value_or(state->materialFactor);
@@ -76,13 +80,10 @@ void RecalcSpeed(GetFeedState* state) {
 }
 
 void RecalcTool(GetFeedState* state) {
-  if (state->toolDiameter != 0) {
-    state->lengthRatio = state->toolLength / state->toolDiameter;
-    state->toolFormFactor =
-        ToolFormFactor(state->toolMaterial, state->fluteLength, state->toolDiameter,
-                       state->fluteCount, state->toolFormFactor);
-    state->lengthFactor = LengthFactor(state->lengthRatio, state->lengthFactor);
-  }
+  state->toolFormFactor =
+      ToolFormFactor(state->toolMaterial, state->fluteLength, state->toolDiameter,
+                     state->fluteCount, state->toolFormFactor);
+  UpdateLengthFactor(state);
   state->speedEffective = state->lengthFactor * state->speedBase;
   RecalcToothFeed(state);
 }

@@ -63,7 +63,7 @@ void LookUpPower(GetFeedState* state);
 void RecalcSpeed(GetFeedState* state);
 
 // After a change of tool material, toolDiameter, toolLength or fluteLength. Runs RecalcToothFeed.
-// With a diameter of 0 ratio and factors stay as they were.
+// With a diameter of 0 the length ratio and its factor stay as they were.
 void RecalcTool(GetFeedState* state);
 
 // After a change of highSpeedRough. Runs RecalcResult.

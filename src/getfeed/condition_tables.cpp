@@ -242,8 +242,9 @@ float LengthFactor(float lengthRatio, float previousFactor) {
 float ToolFormFactor(std::string_view toolMaterial, float fluteLength, float toolDiameter,
                      float fluteCount, float previousFactor) {
   const size_t tool = IndexOf(kToolNames, toolMaterial);
-  if (tool == std::size(kToolNames) || toolDiameter == 0) return previousFactor;
+  if (tool == std::size(kToolNames)) return previousFactor;
   if (tool >= kHighSpeedSteels) return fluteCount <= 3 ? 0.8F : 1.2F;
+  if (toolDiameter == 0) return previousFactor;
   return HighSpeedSteelFactor(TruncateToInt(fluteLength / toolDiameter), fluteCount,
                               previousFactor);
 }

@@ -41,7 +41,7 @@ float ToothFeedLimit(float toolDiameter, bool highSpeedRough);
 float LengthFactor(float lengthRatio, float previousFactor);
 
 // The factor for the form of the tool, lengths in mm. The previous factor for a high-speed steel
-// tool whose flutes are 6 diameters long or more, for a diameter of 0, and for a name that is not
+// tool whose flutes are 6 diameters long or more or whose diameter is 0, and for a name that is not
 // in the tables.
 float ToolFormFactor(std::string_view toolMaterial, float fluteLength, float toolDiameter,
                      float fluteCount, float previousFactor);

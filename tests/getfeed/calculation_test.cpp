@@ -125,6 +125,13 @@ TEST(Calculation, FactorsFollowOnlyTheirOwnStep) {
   EXPECT_EQ(state.lengthRatio, 25.0F);
   EXPECT_EQ(state.lengthFactor, 0.5F);
 
+  state.toolDiameter = 0;  // no ratio, but carbide goes by its flutes
+  state.fluteCount = 2;
+  RecalcTool(&state);
+  EXPECT_EQ(state.toolFormFactor, 0.8F);
+  EXPECT_EQ(state.lengthRatio, 25.0F);
+
+  state.toolDiameter = 10;
   state.highSpeedRough = 1;
   RecalcToothFeed(&state);
   EXPECT_EQ(state.toothFeed, 0.32F);

@@ -144,7 +144,7 @@ TEST(ConditionTables, ToolFormFactor) {
       {"하이스", 60, 10, 2, kBefore},  {"하이스", 60, 0, 2, kBefore},
       {"하이스", 0, 0, 2, kBefore},    {"하이스", 1e30F, 1e-9F, 2, kBefore},
       {"초경", 90, 10, 3, 0.8F},       {"고속코팅초경", 90, 10, 4, 1.2F},
-      {"강철", 30, 10, 2, kBefore},
+      {"고속초경", 90, 0, 4, 1.2F},    {"강철", 30, 10, 2, kBefore},
   };
   for (const auto& c : cases) {
     EXPECT_EQ(ToolFormFactor(c.tool, c.fluteLength, c.diameter, c.flutes, kBefore), c.factor)
