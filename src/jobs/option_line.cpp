@@ -15,7 +15,7 @@ namespace {
 constexpr std::string_view kKeyCode = "KeyCode";
 constexpr std::string_view kWhite = " \t\n\v\f\r";
 constexpr size_t kScanBytes = 100;      // of the line that the scan of one token sees
-constexpr size_t kShortestKeyText = 2;  // bytes
+constexpr size_t kShortestKeyText = 2;  // bytes of the file
 
 using Float = float JobRecord::*;
 using Whole = int32_t JobRecord::*;
@@ -241,7 +241,7 @@ void ReadKeyCodes(std::string_view line, JobRecord* job) {
   job->KeyCodeOn = at != std::string_view::npos ? 1 : 0;
   if (job->KeyCodeOn == 0) return;
   std::string_view text = KeyText(line, at);
-  if (text.size() < kShortestKeyText) return;
+  if (EncodeCp949(text).size() < kShortestKeyText) return;
   while (true) {
     text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
     if (text.empty()) return;

@@ -2,7 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/format.h"
+#include "platform/text.h"
+#include "support/record_changes.h"
 
 namespace tvx {
 namespace {
@@ -22,34 +23,6 @@ JobRecord SampleRecord() {
 constexpr char kConditions[] =
     "Afa ON TD 10.0 SD 5.0 CMIA 10.0 CMAR 0.10 SMIA 10.0 SMAR 0.10 CCC ON ZUDC ON "
     "MAT STEEL(S45C) MAF 1000 AF 1000 CW 1.00 0.70 0.30 SW 1.00 0.70 0.30 ";
-
-// The fields of a record that differ from those of another, as "NAME=VALUE".
-std::string Changes(const JobRecord& before, const JobRecord& after) {
-  std::string changes;
-  const auto add = [&](const char* name, const std::string& value) {
-    changes += std::string(changes.empty() ? "" : " ") + name + "=" + value;
-  };
-  for (const JobField& field : JobFields()) {
-    std::visit(
-        [&](auto member) {
-          if (before.*member == after.*member) return;
-          using Value = std::decay_t<decltype(after.*member)>;
-          if constexpr (std::is_same_v<Value, int32_t>) {
-            add(field.name, Format("%d", after.*member));
-          } else if constexpr (std::is_same_v<Value, float>) {
-            add(field.name, ShortestFloat(after.*member));
-          } else if constexpr (std::is_same_v<Value, std::string>) {
-            add(field.name, after.*member);
-          } else {
-            std::string words;
-            for (const std::string& word : after.*member) words += "[" + word + "]";
-            add(field.name, words);
-          }
-        },
-        field.member);
-  }
-  return changes;
-}
 
 // What a line changes in a record.
 std::string Parsed(JobRecord job, std::string_view line) {
@@ -270,6 +243,7 @@ TEST(OptionLine, KeyCodes) {
       {"FCS ON KeyCode G90G54  S1000 \r\n", 1, "G90G54\r\nS1000\r\n", {"G90G54", "S1000"}},
       {"KeyCode A", 1, "", {}},  // a text of one byte
       {"KeyCode  A", 1, "A\r\n", {"A"}},
+      {"KeyCode " + DecodeCp949("\xFF"), 1, "", {}},  // one byte of the file as well
       {"KeyCodeXS1 2", 1, "S1\r\n2\r\n", {"S1", "2"}},
       {"KeyCode가나 다", 1, "나\r\n다\r\n", {"나", "다"}},
       {"KeyCode A\tB C", 1, "A\tB\r\nC\r\n", {"A\tB", "C"}},

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+#include "model/job_record.h"
+
+namespace tvx {
+
+// The fields of a record that differ from those of another, as "NAME=VALUE NAME=VALUE" in the order
+// of the record; a list as "NAME=[WORD][WORD]". A test that compares this with a text also shows
+// that every other field stayed as it was.
+std::string Changes(const JobRecord& before, const JobRecord& after);
+
+}  // namespace tvx
