@@ -7,6 +7,7 @@
 #include "model/labels.h"
 #include "platform/format.h"
 #include "support/memory_files.h"
+#include "support/record_changes.h"
 #include "support/scripted_ui.h"
 
 namespace tvx {
@@ -118,6 +119,28 @@ TEST_F(SendOptions, OkHandsBackAndCancelSwitchesOff) {
   EXPECT_EQ(source.AfaEnabled, 0);
   EXPECT_EQ(dialog.own.AfaEnabled, 0);
   EXPECT_EQ(source.MaxFeed, 2000);
+}
+
+// An OK hands the whole own record back, also over what the source has become since it was taken
+// over. Only the fields that no copy carries keep what the source has.
+TEST_F(SendOptions, ALaterOkHandsTheWholeOwnRecordBack) {
+  dialog.Open(&source);
+  dialog.Accept();
+  const JobRecord first = source;
+  source.RapidFeed = 9000;
+  source.FirstEditable = 3;
+  source.WorkDir = "c:\\other";
+  source.NcdataExt = "*.tap";
+  source.KeyCodeText = "S1\r\n";
+  source.ConditionDir = "c:\\afa";
+  source.RapidShown = 0;
+  source.FileNames[0] = "a.nc";
+  source.RestartOn = 1;
+  source.RestartZMin = -3;
+  dialog.Open(&source);
+  EXPECT_EQ(dialog.Accept(), Closing::kAccepted);
+  EXPECT_EQ(Changes(first, source),
+            "FirstEditable=3 KeyCodeText=S1\r\n ConditionDir=c:\\afa RapidShown=0");
 }
 
 TEST_F(SendOptions, OkRefusesAFeedOutOfRange) {

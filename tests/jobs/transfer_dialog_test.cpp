@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "model/labels.h"
 #include "support/memory_files.h"
 #include "support/scripted_ui.h"
 
@@ -335,6 +336,79 @@ TEST_F(TransferDialog, SpindleWordOfAnInsertedFile) {
   EXPECT_TRUE(dialog.list.lines[0].ends_with(" KeyCode  S4500")) << dialog.list.lines[0];
   EXPECT_EQ(dialog.information.back(), "  S4500");
   EXPECT_EQ(dialog.ListOptions.KeyCodeCount, 1);
+}
+
+// The conditions of the files to come: switched off by a cancel, and on again by the next OK.
+TEST_F(TransferDialog, SendOptionsOfTheFilesToCome) {
+  EXPECT_EQ(dialog.conditionCaption, ConditionButtonText(dialog.ListOptions));
+  dialog.SpindleSpeed = 1234;
+  ui.OnDialog<CSendOptionDlg>([](CSendOptionDlg* options) {
+    EXPECT_EQ(options->SpindleOn, 0);
+    EXPECT_EQ(options->spindleText, "1234");
+    options->ToggleSpindle();
+    options->EditSpindleSpeed("4000");
+    options->EditTopFeed("2000");
+    return options->Accept() == Closing::kAccepted;
+  });
+  dialog.SetCondition();
+  EXPECT_NE(dialog.conditionCaption.find("최대피드  2000"), std::string::npos);
+  EXPECT_EQ(dialog.SpindleOn, 1);
+  Append("a.nc");
+  EXPECT_NE(dialog.list.lines[0].find("MAF 2000 "), std::string::npos);
+  EXPECT_TRUE(dialog.list.lines[0].ends_with(" KeyCode  S4000"));
+
+  const auto cancel = [](CSendOptionDlg* options) {
+    options->EditSpindleSpeed("5");
+    return options->Cancel() == Closing::kAccepted;
+  };
+  ui.OnDialog<CSendOptionDlg>(cancel);
+  dialog.SetCondition();
+  EXPECT_EQ(dialog.conditionCaption, "Afa조건: ");
+  EXPECT_EQ(dialog.SpindleSpeed, 4000);
+  Append("b.nc");
+  EXPECT_NE(dialog.list.lines[1].find("RT OFF Afa OFF  KeyCode"), std::string::npos);
+  LabelLanguage = kEnglishLabels;
+  ui.OnDialog<CSendOptionDlg>(cancel);
+  dialog.SetCondition();
+  EXPECT_EQ(dialog.conditionCaption, "Afa: ");
+  LabelLanguage = kKoreanLabels;
+
+  ui.OnDialog<CSendOptionDlg>(
+      [](CSendOptionDlg* options) { return options->Accept() == Closing::kAccepted; });
+  dialog.SetCondition();
+  Append("b.nc");
+  EXPECT_NE(dialog.list.lines[2].find("Afa ON "), std::string::npos);
+}
+
+// A position is that of the files to come, and leaves those in the list alone.
+TEST_F(TransferDialog, RestartPositionOfTheFilesToCome) {
+  EXPECT_EQ(dialog.restartCaption, "재전송 :");
+  const auto restartOf = [&](size_t entry) {
+    const std::string& line = dialog.list.lines[entry];
+    return line.substr(line.find("RT "), line.find("Afa") - line.find("RT "));
+  };
+  Append("a.nc");
+  ui.OnDialog<CRestartDlg>([](CRestartDlg* restart) {
+    restart->SelectKind(4);
+    restart->EditDecimal(2, "1.5");
+    restart->EditDecimal(5, "3");
+    return restart->Accept() == Closing::kAccepted;
+  });
+  dialog.SetRestart();
+  EXPECT_EQ(dialog.restartCaption, "재전송: 좌표->XYZ(  1.50, 9999.00, 9999.00)  공차->  3.00  ");
+  Append("b.nc");
+  EXPECT_EQ(std::ranges::count(dialog.information, "  공차->  1.50"), 1)
+      << "the line has no tolerance, so that of the opening is shown";
+  ui.OnDialog<CRestartDlg>([](CRestartDlg* restart) {
+    EXPECT_EQ(restart->decimalTexts[2], " 1.500");
+    return restart->Cancel() == Closing::kAccepted;
+  });
+  dialog.SetRestart();
+  EXPECT_EQ(dialog.restartCaption, "재전송: ");
+  Append("a.nc");
+  EXPECT_EQ(restartOf(0), "RT OFF ");
+  EXPECT_EQ(restartOf(1), "RT ON  4   1.500 9999.000 9999.000 ");
+  EXPECT_EQ(restartOf(2), "RT OFF ");
 }
 
 TEST_F(TransferDialog, AcceptHandsTheListOverWithoutOldEntries) {
