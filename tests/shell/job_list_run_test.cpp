@@ -93,6 +93,19 @@ TEST_F(JobListRun, RecordsEveryEntryWithItsOwnOptions) {
   EXPECT_EQ(view->transferDialog.shownFile.fileSize, 7) << "as the last line with a size says";
 }
 
+// The lines of a run are read for the job dialog as well: an entry whose line lost its size shows
+// that of the last one read.
+TEST_F(JobListRun, LeavesTheSizeOfTheLastLineToTheDialog) {
+  OnJobs({{"a.nc", kPlain}, {"b.nc", "Dir c:\\marlo\\ncdata RT OFF Afa OFF "}});
+  RunJobList(view.get());
+  ui.OnDialog<CTransferDlg>([](CTransferDlg* dialog) {
+    dialog->SelectEntry(1);
+    EXPECT_EQ(dialog->information.at(2), "FileSize 5 Byte");
+    return false;
+  });
+  RunJobList(view.get());
+}
+
 TEST_F(JobListRun, EndsAtTheDialogOrTheTransferProgram) {
   ui.OnDialog([](Dialog*) { return false; });
   RunJobList(view.get());
