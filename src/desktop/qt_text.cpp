@@ -13,14 +13,15 @@ std::string FromQt(const QString& text) {
 }
 
 QString ToQtFilter(std::string_view filter) {
-  const QStringList parts = ToQt(filter).split('|');
+  // Here blanks, not semicolons, stand between the masks of a filter.
+  const QStringList parts = ToQt(filter).replace(';', ' ').split('|');
   QStringList filters;
   for (qsizetype i = 0; i + 1 < parts.size() && !parts[i].isEmpty(); i += 2) {
     const qsizetype bracket = parts[i].indexOf('(');
     const QString label = parts[i].left(bracket).trimmed();
     // "*.*" means every file, also one without an ending.
     const QString mask = parts[i + 1] == "*.*" ? "*" : parts[i + 1];
-    filters << label + " (" + mask + ")";
+    filters << label + " (" + mask.trimmed() + ")";
   }
   return filters.join(";;");
 }

@@ -10,8 +10,8 @@ namespace tvx {
 QString ToQt(std::string_view text);
 std::string FromQt(const QString& text);
 
-// A filter of the form "Nc file (*.nc)|*.nc|모든 화일(*.*)|*.*||" as Qt spells it:
-// "Nc file (*.nc);;모든 화일 (*)".
+// A filter of the form "Nc file (*.nc, *.tap)|*.nc;*.tap|모든 화일(*.*)|*.*||" as Qt spells it:
+// "Nc file (*.nc *.tap);;모든 화일 (*)".
 QString ToQtFilter(std::string_view filter);
 
 }  // namespace tvx

@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
@@ -17,7 +18,9 @@
 #include "desktop/restart_face.h"
 #include "desktop/settings_faces.h"
 #include "desktop_test.h"
+#include "feed/condition_file.h"
 #include "shell/view_operations.h"
+#include "support/record_changes.h"
 
 namespace tvx {
 namespace {
@@ -96,6 +99,7 @@ TEST_F(DialogFaces, EnvironmentOptions) {
   View().job.MetafileCreateChk = 1;
   View().job.IntNcdataFlg = 0;
   View().job.RapidFeed = 7000;
+  const JobRecord before = View().job;
   const auto change = [](OptionFace* face) {
     EXPECT_EQ(ListOf(face, "최소 급속이송")->currentIndex(), -1);
     Click(face, "그림화일 생성");
@@ -111,8 +115,7 @@ TEST_F(DialogFaces, EnvironmentOptions) {
     Click(face, "Cancel");
   });
   OpenCommandPad(&View());
-  EXPECT_EQ(View().job.RapidFeed, 7000);
-  EXPECT_EQ(View().job.MetafileCreateChk, 1);
+  EXPECT_EQ(Changes(before, View().job), "");
   EXPECT_TRUE(std::filesystem::exists(home / "drive_c/marlo/tvx.par"));
 
   user.On<CommandPadFace>([](CommandPadFace* pad) { Click(pad, "설정"); });
@@ -121,10 +124,8 @@ TEST_F(DialogFaces, EnvironmentOptions) {
     Click(face, "OK");
   });
   OpenCommandPad(&View());
-  EXPECT_EQ(View().job.MetafileCreateChk, 0);
-  EXPECT_EQ(View().job.IntNcdataFlg, 1);
-  EXPECT_EQ(View().job.RapidFeed, 20000);
-  EXPECT_EQ(View().job.NcdataExt, "*.tap");
+  EXPECT_EQ(Changes(before, View().job),
+            "RapidFeed=20000 IntNcdataFlg=1 MetafileCreateChk=0 NcdataExt=*.tap");
 }
 
 TEST_F(DialogFaces, MasterInput) {
@@ -154,12 +155,14 @@ TEST_F(ConditionFaces, SendOptions) {
   const std::filesystem::path master = home.Put("drive_c/marlo/a.mma", "");
   View().job.ConCorChk = 0;
   View().job.UpDownChk = 1;
+  const JobRecord before = View().job;
   user.On<SendOptionFace>([](SendOptionFace* face) {
     Type(face, "최대 피드", "2000");
     Type(face, "최저 피드", "500");
     Click(face, "정삭");
     Click(face, "Z 상하향 검색");
     Click(face, "Spindle");
+    Type(face->findChildren<QLineEdit*>().at(2), "-3200");  // it has no range
     Click(face, "MMA : ");
     EXPECT_NE(ButtonOf(face, "MMA : c:\\marlo\\a.mma"), nullptr);
     Type(face, "최대 피드", "200000");
@@ -173,14 +176,36 @@ TEST_F(ConditionFaces, SendOptions) {
   user.On<QMessageBox>([](QMessageBox* message) { message->accept(); });
   user.On<QDialog>([](QDialog* information) { information->reject(); });
   OpenOptions();
-  const JobRecord& job = View().job;
-  EXPECT_EQ(job.MaxFeed, 2000);
-  EXPECT_EQ(job.CornerMaxRatio, 0.25F);
-  EXPECT_EQ(job.ConCorChk, 1);
-  EXPECT_EQ(job.UpDownChk, 0);
-  EXPECT_EQ(job.AfaMasterFile, "c:\\marlo\\a.mma");
-  EXPECT_EQ(job.AfaEnabled, 1);
+  EXPECT_EQ(Changes(before, View().job),
+            "AfaEnabled=1 CornerMaxRatio=0.25 SlopeMaxRatio=0.25 ConCorChk=1 UpDownChk=0 "
+            "MaxFeed=2000 AfaMasterFile=c:\\marlo\\a.mma");
   EXPECT_EQ(app.sendOptions.SpindleOn, 1);
+  EXPECT_EQ(app.sendOptions.SpindleSpeed, -3200);
+}
+
+TEST_F(ConditionFaces, AConditionFileFillsTheSendOptions) {
+  JobRecord condition;
+  condition.ConCorChk = 0;
+  condition.MaxFeed = 800;
+  condition.CornerMaxRatio = 0.5F;
+  condition.SlopeMaxRatio = 0.75F;
+  ASSERT_TRUE(WriteConditionFile("c:\\marlo\\afa\\a.afa", condition, 2500, files.get(), &ui));
+  const JobRecord before = View().job;
+  user.On<SendOptionFace>([](SendOptionFace* face) {
+    const auto* const spindle = face->findChildren<QLineEdit*>().at(2);
+    EXPECT_EQ(spindle->text(), "1000");
+    EXPECT_TRUE(ButtonOf(face, "정삭")->isChecked());
+    Click(face, "조건화일 :");
+    EXPECT_NE(ButtonOf(face, "조건화일: a.afa"), nullptr);
+    EXPECT_EQ(EditOf(face, "최저 피드")->text(), "400");
+    EXPECT_EQ(EditOf(face, "최대 피드")->text(), "800");
+    EXPECT_EQ(spindle->text(), "2500");
+    EXPECT_FALSE(ButtonOf(face, "정삭")->isChecked());
+    QTest::keyClick(face, Qt::Key_Escape);
+  });
+  user.OnFile(home / "drive_c/marlo/afa/a.afa");
+  OpenOptions();
+  EXPECT_EQ(Changes(before, View().job), "") << "a cancel hands nothing back";
 }
 
 TEST_F(ConditionFaces, TheBigButtonShowsTheConditionLineByLine) {
@@ -215,7 +240,7 @@ TEST_F(ConditionFaces, MachiningCondition) {
     Click(face, "Cancel");
   });
   EXPECT_FALSE(ui.RunModal(&dialog));
-  EXPECT_NE(record.Material, "황동");
+  EXPECT_EQ(Changes(JobRecord(), record), "");
 
   dialog.Open(&record);
   user.On<AutoFeedFace>([&](AutoFeedFace* face) {
@@ -226,15 +251,10 @@ TEST_F(ConditionFaces, MachiningCondition) {
   const std::filesystem::path file = home / "drive_c/marlo/afa/saved.afa";
   user.OnFile(file);
   EXPECT_TRUE(ui.RunModal(&dialog));
-  EXPECT_EQ(record.ToolDiameter, 11.0F);
-  EXPECT_EQ(record.SafetyDistance, 12.0F);
-  EXPECT_EQ(record.CornerMinAngle, 13.0F);
-  EXPECT_EQ(record.CornerMaxRatio, 14.0F);
-  EXPECT_EQ(record.SlopeMinAngle, 15.0F);
-  EXPECT_EQ(record.SlopeMaxRatio, 16.0F);
-  EXPECT_EQ(record.PlungeFeed, 17);
-  EXPECT_EQ(record.MaxFeed, 18);
-  EXPECT_EQ(record.Material, "황동");
+  constexpr char kChanges[] =
+      "ToolDiameter=11 SafetyDistance=12 CornerMinAngle=13 CornerMaxRatio=14 SlopeMinAngle=15 "
+      "SlopeMaxRatio=16 MaxFeed=18 PlungeFeed=17 Material=황동";
+  EXPECT_EQ(Changes(JobRecord(), record), kChanges);
 
   // What was saved comes back through the button that names the file.
   record = JobRecord();
@@ -247,16 +267,14 @@ TEST_F(ConditionFaces, MachiningCondition) {
   });
   user.OnFile(file);
   EXPECT_TRUE(ui.RunModal(&dialog));
-  EXPECT_EQ(record.ToolDiameter, 11.0F);
+  EXPECT_EQ(Changes(JobRecord(), record), kChanges);
 }
 
 TEST_F(ConditionFaces, FinerSettings) {
   CAfaSetupDlg dialog(&ui);
   JobRecord record;
   record.AfaMasterFile = "c:\\a.mma";
-  record.AfaByMaster = 0;
-  record.XyChgReduceCheck = 0;
-  record.FeedChgSmoothCheck = 0;
+  const JobRecord before = record;
   const auto change = [](AfaSetupFace* face) {
     Click(face, CAfaSetupDlg::kAfaByMaster);
     Click(face, CAfaSetupDlg::kXyChgReduce);
@@ -273,12 +291,13 @@ TEST_F(ConditionFaces, FinerSettings) {
     Click(face, "Cancel");
   });
   EXPECT_FALSE(ui.RunModal(&dialog));
-  EXPECT_EQ(record.AfaByMaster, 1) << "the switch and the sliders outlast a cancel";
-  EXPECT_FLOAT_EQ(record.SideWeight60, 0.26F);
-  EXPECT_EQ(record.XyChgReduceCheck, 0);
-  EXPECT_NE(record.FeedChgAng, 25);
+  const std::string atOnce =
+      "CorWeight0=0.21 CorWeight30=0.22 CorWeight60=0.23 SideWeight0=0.24 SideWeight30=0.25 "
+      "SideWeight60=0.26";
+  EXPECT_EQ(Changes(before, record), atOnce + " AfaByMaster=1")
+      << "the switch and the sliders outlast a cancel";
 
-  record.AfaByMaster = 0;
+  record = before;
   dialog.Open(&record);
   user.On<AfaSetupFace>([&](AfaSetupFace* face) {
     change(face);
@@ -290,14 +309,8 @@ TEST_F(ConditionFaces, FinerSettings) {
   });
   user.On<QMessageBox>([](QMessageBox* message) { message->accept(); });
   EXPECT_TRUE(ui.RunModal(&dialog));
-  EXPECT_EQ(record.AfaByMaster, 1);
-  EXPECT_EQ(record.XyChgReduceCheck, 1);
-  EXPECT_EQ(record.FeedChgSmoothCheck, 1);
-  EXPECT_EQ(record.FeedChgAng, 25);
-  EXPECT_EQ(record.ZupZdown, 0.5F);
-  for (size_t i = 0; i < kWeightSliders; ++i) {
-    EXPECT_FLOAT_EQ(record.*WeightSliders()[i].weight, 0.01F * static_cast<float>(i + 21));
-  }
+  EXPECT_EQ(Changes(before, record), "FeedChgSmoothCheck=1 XyChgReduceCheck=1 FeedChgAng=25 " +
+                                         atOnce + " ZupZdown=0.5 AfaByMaster=1");
 }
 
 TEST_F(ConditionFaces, TheDialogsAreReachedFromTheSendOptions) {
@@ -325,7 +338,13 @@ TEST_F(DialogFaces, Restart) {
   JobRecord options;
   CRestartDlg dialog;
   dialog.Open(&options);
-  user.On<RestartFace>([](RestartFace* face) {
+  user.On<RestartFace>([&](RestartFace* face) {
+    EXPECT_TRUE(ButtonOf(face, "X,Y,Z 좌표")->isChecked());
+    int kind = 0;
+    for (const char* const caption : CRestartDlg::kKinds) {
+      Click(face, caption);
+      EXPECT_EQ(dialog.own.RestartKind, ++kind);
+    }
     const auto edits = face->findChildren<QLineEdit*>();
     ASSERT_EQ(edits.size(), 8);
     Type(edits[0], "12");
@@ -337,15 +356,9 @@ TEST_F(DialogFaces, Restart) {
     Click(face, "OK");
   });
   EXPECT_TRUE(ui.RunModal(&dialog));
-  EXPECT_EQ(options.RestartOn, 1);
-  EXPECT_EQ(options.RestartKind, 3);
-  EXPECT_EQ(options.RestartNumber, 34);
-  EXPECT_EQ(options.RestartZMax, 2.0F);
-  EXPECT_EQ(options.RestartZMin, 3.0F);
-  EXPECT_EQ(options.RestartX, 4.0F);
-  EXPECT_EQ(options.RestartY, 5.0F);
-  EXPECT_EQ(options.RestartZ, 6.0F);
-  EXPECT_EQ(options.RestartTolerance, 7.0F);
+  EXPECT_EQ(Changes(JobRecord(), options),
+            "RestartOn=1 RestartKind=3 RestartNumber=34 RestartZMax=2 RestartZMin=3 RestartX=4 "
+            "RestartY=5 RestartZ=6 RestartTolerance=7");
 
   dialog.Open(&options);
   user.On<RestartFace>([](RestartFace* face) { QTest::keyClick(face, Qt::Key_Escape); });
@@ -405,6 +418,19 @@ TEST_F(DialogFaces, Calculator) {
   EXPECT_EQ(state.speedPercent, 120.0F);
   EXPECT_EQ(state.feedPercent, 80.0F);
   EXPECT_NE(state.highSpeedRough, 0);
+}
+
+// The chooser shows what a filter of several masks lets through.
+TEST_F(DialogFaces, FilterOfSeveralMasks) {
+  user.On<QFileDialog>([](QFileDialog* chooser) {
+    EXPECT_EQ(chooser->nameFilters(),
+              (QStringList{"Ncdata file (*.nc *.hnc *tap)", "All file (*)"}));
+    chooser->reject();
+  });
+  std::string path = "kept";
+  EXPECT_FALSE(ui.ChooseFile(
+      {.filter = "Ncdata file(*.nc, *.hnc, *.tap)|*.nc;*.hnc;*tap;|All file(*.*)|*.*||"}, &path));
+  EXPECT_EQ(path, "kept");
 }
 
 // A question whose answer is "no" must not be answered by a key that means "yes".
