@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/language.h"
 #include "desktop/qt_text.h"
 
 namespace tvx {
@@ -29,7 +30,7 @@ CalculatorFace::CalculatorFace(CGetFeedDlg* dialog, QWidget* parent)
   auto* const groups = new QHBoxLayout;
   column->addLayout(groups);
 
-  auto* const input = new QGroupBox(CGetFeedDlg::kInputGroup, this);
+  auto* const input = new QGroupBox(Translated(CGetFeedDlg::kInputGroup), this);
   auto* const inputColumn = new QVBoxLayout(input);
   auto* const inputForm = new QFormLayout;
   inputColumn->addLayout(inputForm);
@@ -51,11 +52,11 @@ CalculatorFace::CalculatorFace(CGetFeedDlg* dialog, QWidget* parent)
 
   auto* const right = new QVBoxLayout;
   groups->addLayout(right);
-  auto* const machine = new QGroupBox(CGetFeedDlg::kMachineGroup, this);
+  auto* const machine = new QGroupBox(Translated(CGetFeedDlg::kMachineGroup), this);
   auto* const machineForm = new QFormLayout(machine);
   AddNumbers(machineForm, kMachineNumbers);
   right->addWidget(machine);
-  auto* const results = new QGroupBox(CGetFeedDlg::kResultGroup, this);
+  auto* const results = new QGroupBox(Translated(CGetFeedDlg::kResultGroup), this);
   auto* const resultForm = new QFormLayout(results);
   AddNumbers(resultForm, kResultNumbers);
   right->addWidget(results);
@@ -75,13 +76,13 @@ void CalculatorFace::AddList(QFormLayout* form, const char* label,
                              const std::vector<std::string>& entries, const std::string& selected,
                              Select select) {
   auto* const list = new QComboBox(this);
-  for (const std::string& entry : entries) list->addItem(ToQt(entry));
-  list->setCurrentIndex(list->findText(ToQt(selected)));
-  connect(list, &QComboBox::textActivated, this, [this, select](const QString& entry) {
-    (dialog_->*select)(FromQt(entry));
+  for (const std::string& entry : entries) list->addItem(Translated(entry), ToQt(entry));
+  list->setCurrentIndex(list->findData(ToQt(selected)));
+  connect(list, &QComboBox::activated, this, [this, list, select](int index) {
+    (dialog_->*select)(FromQt(list->itemData(index).toString()));
     ShowResults();
   });
-  form->addRow(label, list);
+  form->addRow(Translated(label), list);
 }
 
 void CalculatorFace::AddNumbers(QFormLayout* form, std::span<const char* const> names) {
@@ -123,8 +124,8 @@ void CalculatorFace::ShowResults() {
   for (size_t i = 0; i < kCalculatorNumbers; ++i) {
     if (numbers_[i] != nullptr) ShowText(numbers_[i], dialog_->NumberText(CalculatorNumbers()[i]));
   }
-  if (speedCaption_ != nullptr) speedCaption_->setText(ToQt(dialog_->speedCaption));
-  if (feedCaption_ != nullptr) feedCaption_->setText(ToQt(dialog_->feedCaption));
+  if (speedCaption_ != nullptr) speedCaption_->setText(Translated(dialog_->speedCaption));
+  if (feedCaption_ != nullptr) feedCaption_->setText(Translated(dialog_->feedCaption));
 }
 
 void CalculatorFace::Accept() {

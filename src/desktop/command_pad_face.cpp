@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/language.h"
 #include "desktop/main_window.h"
 #include "desktop/qt_text.h"
 
@@ -35,7 +36,7 @@ CommandPadFace::CommandPadFace(CCommandPadDlg* pad, QWidget* parent) : QDialog(p
   auto* const column = new QVBoxLayout(this);
   column->setSizeConstraint(QLayout::SetFixedSize);
   for (const CCommandPadDlg::Button& button : CCommandPadDlg::Buttons()) {
-    auto* const face = new QPushButton(ToQt(button.text), this);
+    auto* const face = new QPushButton(Translated(button.text), this);
     face->setMinimumWidth(140);
     face->setAutoDefault(false);
     face->setEnabled(IsButtonReady(window, button.id));

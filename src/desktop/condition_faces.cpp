@@ -8,9 +8,20 @@
 #include <QSlider>
 #include <QVBoxLayout>
 
+#include "desktop/language.h"
 #include "desktop/qt_text.h"
 
 namespace tvx {
+
+namespace {
+
+// The file that was read follows the words of the button.
+QString FileCaption(const std::string& caption) {
+  constexpr std::string_view kWords = CAutoFeedDlg::kFileButton;
+  return Translated(kWords) + ToQt(std::string_view(caption).substr(kWords.size()));
+}
+
+}  // namespace
 
 AutoFeedFace::AutoFeedFace(CAutoFeedDlg* dialog, QWidget* parent)
     : Face(CAutoFeedDlg::kTitle, parent), dialog_(dialog) {
@@ -32,7 +43,7 @@ AutoFeedFace::AutoFeedFace(CAutoFeedDlg* dialog, QWidget* parent)
 
 void AutoFeedFace::ShowTexts() {
   for (size_t i = 0; i < kAutoFeedFields; ++i) ShowText(edits_[i], dialog_->texts[i]);
-  fileButton_->setText(ToQt(dialog_->fileCaption));
+  fileButton_->setText(FileCaption(dialog_->fileCaption));
 }
 
 AfaSetupFace::AfaSetupFace(CAfaSetupDlg* dialog, QWidget* parent)
@@ -64,7 +75,7 @@ AfaSetupFace::AfaSetupFace(CAfaSetupDlg* dialog, QWidget* parent)
 }
 
 void AfaSetupFace::AddSliders(QLayout* layout, const char* group, size_t first) {
-  auto* const box = new QGroupBox(group, this);
+  auto* const box = new QGroupBox(Translated(group), this);
   auto* const column = new QVBoxLayout(box);
   for (size_t i = first; i < first + kWeightSliders / 2; ++i) {
     auto* const caption = new QLabel(ToQt(dialog_->Caption(i)), box);
@@ -160,7 +171,7 @@ void SendOptionFace::Show() {
   ShowText(topFeed_, dialog_->topFeedText);
   ShowText(spindle_, dialog_->spindleText);
   condition_->setText(ToQt(dialog_->conditionText).replace("\r\n", "\n"));
-  conditionFile_->setText(ToQt(dialog_->conditionFileCaption));
+  conditionFile_->setText(Translated(dialog_->conditionFileCaption));
   master_->setText(ToQt(dialog_->masterCaption));
   // An operation such as a condition file that was read changes more than what was clicked.
   if (conCor_ != nullptr) conCor_->setChecked(dialog_->own.ConCorChk == 1);

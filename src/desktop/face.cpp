@@ -6,12 +6,13 @@
 #include <QPushButton>
 #include <utility>
 
+#include "desktop/language.h"
 #include "desktop/qt_text.h"
 
 namespace tvx {
 
 Face::Face(std::string_view title, QWidget* parent) : QDialog(parent) {
-  setWindowTitle(ToQt(title));
+  setWindowTitle(Translated(title));
 }
 
 void Face::End(Closing closing) {
@@ -22,7 +23,7 @@ void Face::End(Closing closing) {
 QLineEdit* Face::AddEdit(QFormLayout* form, std::string_view label, std::string_view text,
                          std::function<void(const std::string& text)> edited) {
   auto* const edit = new QLineEdit(ToQt(text), this);
-  form->addRow(ToQt(label), edit);
+  form->addRow(Translated(label), edit);
   if (edited) {
     connect(edit, &QLineEdit::textEdited, this,
             [edited = std::move(edited)](const QString& typed) { edited(FromQt(typed)); });
@@ -32,7 +33,7 @@ QLineEdit* Face::AddEdit(QFormLayout* form, std::string_view label, std::string_
 
 QCheckBox* Face::AddCheck(QLayout* layout, std::string_view label, std::function<bool()> isTicked,
                           std::function<void()> toggle) {
-  auto* const check = new QCheckBox(ToQt(label), this);
+  auto* const check = new QCheckBox(Translated(label), this);
   check->setChecked(isTicked());
   layout->addWidget(check);
   connect(check, &QCheckBox::clicked, this, [=] {
@@ -44,7 +45,7 @@ QCheckBox* Face::AddCheck(QLayout* layout, std::string_view label, std::function
 
 QPushButton* Face::AddButton(QLayout* layout, std::string_view text,
                              std::function<void()> clicked) {
-  auto* const button = new QPushButton(ToQt(text), this);
+  auto* const button = new QPushButton(Translated(text), this);
   button->setAutoDefault(false);
   layout->addWidget(button);
   connect(button, &QPushButton::clicked, this, std::move(clicked));
@@ -55,8 +56,8 @@ QDialogButtonBox* Face::AddClosingButtons(QLayout* layout, std::string_view acce
                                           std::function<void()> accepted, std::string_view cancel,
                                           std::function<void()> cancelled) {
   auto* const buttons = new QDialogButtonBox(this);
-  buttons->addButton(ToQt(accept), QDialogButtonBox::AcceptRole)->setDefault(true);
-  buttons->addButton(ToQt(cancel), QDialogButtonBox::RejectRole)->setAutoDefault(false);
+  buttons->addButton(Translated(accept), QDialogButtonBox::AcceptRole)->setDefault(true);
+  buttons->addButton(Translated(cancel), QDialogButtonBox::RejectRole)->setAutoDefault(false);
   connect(buttons, &QDialogButtonBox::accepted, this, accepted);
   connect(buttons, &QDialogButtonBox::rejected, this, cancelled);
   layout->addWidget(buttons);

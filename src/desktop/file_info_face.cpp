@@ -5,23 +5,24 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "desktop/qt_text.h"
+#include "desktop/language.h"
+#include "model/labels.h"
 
 namespace tvx {
 
 FileInfoFace::FileInfoFace(CFileInfoDlg* dialog, QWidget* parent) : QDialog(parent) {
-  setWindowTitle(ToQt(CFileInfoDlg::kTitle));
+  setWindowTitle(Translated(CFileInfoDlg::kTitle));
   auto* const column = new QVBoxLayout(this);
   auto* const list = new QListWidget(this);
-  for (const std::string& line : dialog->Lines()) list->addItem(ToQt(line));
+  for (const std::string& line : dialog->Lines()) list->addItem(Translated(ReplaceLabels(line)));
   list->setMinimumSize(360, 420);
   column->addWidget(list);
 
   auto* const buttons = new QDialogButtonBox(this);
   QPushButton* const accepting =
-      buttons->addButton(ToQt(CFileInfoDlg::kAccept), QDialogButtonBox::AcceptRole);
+      buttons->addButton(Translated(CFileInfoDlg::kAccept), QDialogButtonBox::AcceptRole);
   accepting->setDefault(true);
-  buttons->addButton(ToQt(CFileInfoDlg::kCancel), QDialogButtonBox::RejectRole);
+  buttons->addButton(Translated(CFileInfoDlg::kCancel), QDialogButtonBox::RejectRole);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   column->addWidget(buttons);

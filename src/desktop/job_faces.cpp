@@ -18,7 +18,9 @@
 #include <map>
 #include <span>
 
+#include "desktop/language.h"
 #include "desktop/qt_text.h"
+#include "model/labels.h"
 
 namespace tvx {
 
@@ -75,7 +77,7 @@ QWidget* Captioned(const char* caption, QWidget* list) {
   auto* const box = new QWidget;
   auto* const column = new QVBoxLayout(box);
   column->setContentsMargins(0, 0, 0, 0);
-  auto* const label = new QLabel(caption, box);
+  auto* const label = new QLabel(Translated(caption), box);
   label->setBuddy(list);
   column->addWidget(label);
   column->addWidget(list, 1);
@@ -296,8 +298,8 @@ void TransferFace::Show() {
     masks_->setCurrentIndex(dialog_->selectedMask);
   }
   deleteM30_->setChecked(dialog_->ListOptions.DeleteM30 == 1);
-  restart_->setText(ToQt(dialog_->restartCaption));
-  condition_->setText(ToQt(dialog_->conditionCaption).replace("\r\n", "\n"));
+  restart_->setText(Translated(ReplaceLabels(dialog_->restartCaption)));
+  condition_->setText(Translated(dialog_->conditionCaption).replace("\r\n", "\n"));
 }
 
 void TransferFace::ShowTree() {

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <cmath>
 
+#include "desktop/language.h"
 #include "desktop/qt_text.h"
 #include "model/path.h"
 #include "platform/format.h"
@@ -54,7 +55,7 @@ QString FeedRangeText(const FeedBand& band, bool isSlowest, int32_t FeedBase) {
   return lowest > highest ? "-" : QString("%1 - %2").arg(lowest).arg(highest);
 }
 
-LegendDock::LegendDock(QWidget* parent) : QDockWidget("범례", parent) {
+LegendDock::LegendDock(QWidget* parent) : QDockWidget(Translated("범례"), parent) {
   setObjectName("legend");
   setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
   auto* const body = new QWidget(this);
@@ -62,21 +63,21 @@ LegendDock::LegendDock(QWidget* parent) : QDockWidget("범례", parent) {
 
   auto* const colours = new QGridLayout;
   colours->setColumnStretch(1, 1);
-  colours->addWidget(new QLabel("피드 (mm/min)", body), 0, 0, 1, 2);
+  colours->addWidget(new QLabel(Translated("피드 (mm/min)"), body), 0, 0, 1, 2);
   for (int i = 0; i < kFeedBands; ++i) {
     ranges_[static_cast<size_t>(i)] = new QLabel("-", body);
     colours->addWidget(SwatchLabel(kScreenPalette.band[static_cast<size_t>(i)], body), i + 1, 0);
     colours->addWidget(ranges_[static_cast<size_t>(i)], i + 1, 1);
   }
   colours->addWidget(SwatchLabel(penRapid, body), kFeedBands + 1, 0);
-  colours->addWidget(new QLabel("급속이송", body), kFeedBands + 1, 1);
+  colours->addWidget(new QLabel(Translated("급속이송"), body), kFeedBands + 1, 1);
   column->addLayout(colours);
 
   auto* const figures = new QFormLayout;
   const auto figure = [&](const char* label) {
     auto* const value = new QLabel("-", body);
     value->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    figures->addRow(label, value);
+    figures->addRow(Translated(label), value);
     return value;
   };
   base_ = figure("기준피드");
@@ -87,8 +88,8 @@ LegendDock::LegendDock(QWidget* parent) : QDockWidget("범례", parent) {
   column->addLayout(figures);
   column->addStretch(1);
   // Wide enough for any figures, so that a load does not change the width of the picture.
-  body->setMinimumWidth(fontMetrics().horizontalAdvance("범위 (mm)  X -10000.00 ~ 10000.00  ") +
-                        24);
+  body->setMinimumWidth(
+      fontMetrics().horizontalAdvance(Translated("범위 (mm)") + "  X -10000.00 ~ 10000.00  ") + 24);
   setWidget(body);
 }
 

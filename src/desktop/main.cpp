@@ -1,11 +1,13 @@
 // tvx, the desktop program.
 
 #include <QApplication>
+#include <QCommandLineParser>
 #include <QFileInfo>
 #include <QTimer>
 #include <clocale>
 #include <memory>
 
+#include "desktop/language.h"
 #include "desktop/main_window.h"
 #include "desktop/qt_text.h"
 #include "desktop/qt_user_interface.h"
@@ -14,11 +16,37 @@
 #include "platform/host_programs.h"
 #include "shell/application.h"
 
+namespace {
+
+struct Arguments {
+  int32_t language = tvx::kKoreanLabels;
+  QStringList files;
+};
+
+// The environment chooses the language where the arguments do not.
+Arguments ReadArguments() {
+  QCommandLineParser parser;
+  parser.setApplicationDescription("Shows tool paths and their machining times.");
+  const QString environment = qEnvironmentVariable("TVX_LANGUAGE", "ko");
+  const QCommandLineOption language("language", "The language of the windows: ko or en.",
+                                    "language", environment);
+  parser.addOption(language);
+  parser.addHelpOption();
+  parser.addPositionalArgument("files", "NC programs, each of which gets a window.", "[files...]");
+  parser.process(*qApp);
+  return {parser.value(language) == "en" ? tvx::kEnglishLabels : tvx::kKoreanLabels,
+          parser.positionalArguments()};
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
   QApplication qt(argc, argv);
   // The application takes the user's locale; numbers are read and printed alike everywhere.
   std::setlocale(LC_NUMERIC, "C");
   QApplication::setApplicationName("TVX");
+  const Arguments arguments = ReadArguments();
+  tvx::UseLanguage(arguments.language);
 
   const std::filesystem::path home = tvx::Drives::DefaultHome();
   const tvx::Drives drives(home);
@@ -26,15 +54,14 @@ int main(int argc, char** argv) {
   tvx::QtUserInterface ui(&drives, files.get());
   tvx::HostPrograms programs(&drives, [] { QTimer::singleShot(0, qApp, &QApplication::quit); });
   tvx::CTVXApp app(files.get(), &ui, &programs);
-  app.InitApplication();
+  app.InitApplication(arguments.language);
 
   tvx::MainWindow window(&app, &drives, tvx::ToQt((home / "desktop.ini").string()));
   ui.SetWindow(&window);
   window.NewView();
   window.showMaximized();
-  const QStringList arguments = QApplication::arguments();
-  for (qsizetype i = 1; i < arguments.size(); ++i) {
-    window.LoadHostFile(QFileInfo(arguments[i]).absoluteFilePath());
+  for (const QString& file : arguments.files) {
+    window.LoadHostFile(QFileInfo(file).absoluteFilePath());
   }
   return QApplication::exec();
 }

@@ -20,6 +20,7 @@
 
 #include "desktop/dialog_faces.h"
 #include "desktop/icons.h"
+#include "desktop/language.h"
 #include "desktop/picture_printer.h"
 #include "desktop/qt_text.h"
 #include "platform/lock_keys.h"
@@ -39,7 +40,7 @@ constexpr char kReadyText[] = "Ready";
 
 // A menu text in Qt's form. A text behind a tab stands on the right of the entry and binds no key.
 QString MenuText(const char* text) {
-  return QString::fromUtf8(text);
+  return Translated(text);
 }
 
 }  // namespace
@@ -98,7 +99,8 @@ ViewWidget* MainWindow::ActiveView() const {
 void MainWindow::LoadHostFile(const QString& path) {
   const std::optional<std::string> drivePath = drives_->FromHost(FromQt(path));
   if (!drivePath.has_value()) {
-    app_->ui->ShowMessage({.text = FromQt(path) + "\n\n드라이브에 없는 화일입니다."});
+    app_->ui->ShowMessage(
+        {.text = FromQt(path + "\n\n" + Translated("드라이브에 없는 화일입니다."))});
     return;
   }
   ViewWidget* const active = ActiveView();
@@ -109,7 +111,8 @@ void MainWindow::LoadHostFile(const QString& path) {
 // Only the load command creates a file that is not there: its chooser lets a new name be typed.
 void MainWindow::OpenFile(const std::string& drivePath, ViewWidget* widget) {
   if (!app_->files->Exists(drivePath)) {
-    app_->ui->ShowMessage({.text = drivePath + "\n\n화일을 열수 없읍니다.\n"});
+    app_->ui->ShowMessage(
+        {.text = drivePath + "\n\n" + FromQt(Translated("화일을 열수 없읍니다.\n"))});
     return;
   }
   LoadInto(widget == nullptr ? NewView() : widget, drivePath);
@@ -301,7 +304,7 @@ void MainWindow::AddRows(std::span<const MenuRow> rows, std::vector<QAction*>* m
       recentMenu_ = place;
     }
     const Command command = FindCommand(row.id);
-    entry->setStatusTip(ToQt(command.prompt));
+    entry->setStatusTip(Translated(command.prompt));
     entry->setCheckable(command.action == Action::kToolbar || command.action == Action::kStatusBar);
     connect(entry, &QAction::triggered, this, [this, id = row.id] { RunCommand(id); });
     menuActions_[row.id].push_back(entry);
@@ -345,7 +348,7 @@ void MainWindow::BuildToolBar() {
     }
     QAction* const action = toolBar_->addAction(ToQt(button.text));
     action->setData(button.id);
-    action->setStatusTip(ToQt(FindCommand(button.id).prompt));
+    action->setStatusTip(Translated(FindCommand(button.id).prompt));
     connect(action, &QAction::triggered, this, [this, id = button.id] { RunCommand(id); });
     menuActions_[button.id].push_back(action);
   }

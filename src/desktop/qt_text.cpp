@@ -2,6 +2,8 @@
 
 #include <QStringList>
 
+#include "desktop/language.h"
+
 namespace tvx {
 
 QString ToQt(std::string_view text) {
@@ -18,7 +20,7 @@ QString ToQtFilter(std::string_view filter) {
   QStringList filters;
   for (qsizetype i = 0; i + 1 < parts.size() && !parts[i].isEmpty(); i += 2) {
     const qsizetype bracket = parts[i].indexOf('(');
-    const QString label = parts[i].left(bracket).trimmed();
+    const QString label = Translated(FromQt(parts[i].left(bracket).trimmed()));
     // "*.*" means every file, also one without an ending.
     const QString mask = parts[i + 1] == "*.*" ? "*" : parts[i + 1];
     filters << label + " (" + mask.trimmed() + ")";

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "desktop/dialog_faces.h"
+#include "desktop/language.h"
 #include "desktop/qt_text.h"
 
 namespace tvx {
@@ -60,7 +61,7 @@ bool IsFilter(const std::string& name) {
 }  // namespace
 
 bool QtUserInterface::ShowMessage(const Message& message) {
-  QMessageBox box(IconOf(message.icon), ToQt(message.caption), ToQt(message.text),
+  QMessageBox box(IconOf(message.icon), Translated(message.caption), Translated(message.text),
                   ButtonsOf(message.buttons), Parent());
   const int answer = box.exec();
   return answer == QMessageBox::Ok || answer == QMessageBox::Yes;
@@ -99,7 +100,8 @@ bool QtUserInterface::ChooseFile(const FileQuestion& question, std::string* path
   const QFileInfo chosen(chooser.selectedFiles().constFirst());
   const std::optional<std::string> drivePath = drives_->FromHost(FromQt(chosen.absoluteFilePath()));
   if (!drivePath.has_value()) {
-    ShowMessage({.text = FromQt(chosen.absoluteFilePath()) + "\n\n드라이브에 없는 화일입니다."});
+    ShowMessage({.text = FromQt(chosen.absoluteFilePath() + "\n\n" +
+                                Translated("드라이브에 없는 화일입니다."))});
     return false;
   }
   if (const auto directory = drives_->FromHost(FromQt(chosen.absolutePath()))) {
@@ -114,7 +116,7 @@ void QtUserInterface::Repaint() {
 }
 
 void QtUserInterface::ShowStatus(const std::string& text) {
-  if (window_ != nullptr) window_->ShowStatusText(ToQt(text));
+  if (window_ != nullptr) window_->ShowStatusText(Translated(text));
 }
 
 }  // namespace tvx

@@ -5,6 +5,7 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include "desktop/language.h"
 #include "desktop/qt_text.h"
 
 namespace tvx {
@@ -25,7 +26,7 @@ RestartFace::RestartFace(CRestartDlg* dialog, QWidget* parent)
   auto* const column = new QVBoxLayout(this);
   for (size_t i = 0; i < CRestartDlg::kKinds.size(); ++i) {
     const int kind = static_cast<int>(i) + 1;
-    auto* const choice = new QRadioButton(CRestartDlg::kKinds[i], this);
+    auto* const choice = new QRadioButton(Translated(CRestartDlg::kKinds[i]), this);
     choice->setChecked(dialog->own.RestartKind == kind);
     connect(choice, &QRadioButton::clicked, this, [this, kind] { dialog_->SelectKind(kind); });
     column->addWidget(choice);

@@ -7,6 +7,7 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include "desktop/language.h"
 #include "desktop/qt_text.h"
 
 namespace tvx {
@@ -100,7 +101,7 @@ OptionFace::OptionFace(COptionDlg* dialog, QWidget* parent) : Face("설정", par
   feeds->setCurrentIndex(dialog->ShownRapidFeed());
   connect(feeds, &QComboBox::activated, this,
           [dialog](int entry) { dialog->ChooseRapidFeed(static_cast<size_t>(entry)); });
-  form->addRow(COptionDlg::kRapidFeed, feeds);
+  form->addRow(Translated(COptionDlg::kRapidFeed), feeds);
   AddEdit(form, COptionDlg::kNcdataExt, dialog->own.NcdataExt, [dialog](const std::string& text) {
     dialog->EditNcdataExt(text);
   })->setMaxLength(static_cast<int>(COptionDlg::kLongestExtension));

@@ -1,6 +1,5 @@
 #include "shell/application.h"
 
-#include "model/labels.h"
 #include "shell/lists.h"
 
 namespace tvx {
@@ -8,8 +7,8 @@ namespace tvx {
 CTVXApp::CTVXApp(Files* theFiles, UserInterface* theUi, Programs* thePrograms)
     : files(theFiles), ui(theUi), programs(thePrograms), sendOptions(theFiles, theUi) {}
 
-int CTVXApp::InitApplication() {
-  LabelLanguage = kKoreanLabels;
+int CTVXApp::InitApplication(int32_t language) {
+  LabelLanguage = language;
   ReadConfiguration(&configuration, files);
   ReadExtensionList(configuration.EnvDir, &ExtensionList, files);
   ReadDirectoryList(configuration.EnvDir, &DirectoryList, files);

@@ -8,6 +8,7 @@
 #include "feed/feed_pass.h"
 #include "jobs/send_options.h"
 #include "model/job_record.h"
+#include "model/labels.h"
 #include "model/parser.h"
 #include "platform/files.h"
 #include "platform/programs.h"
@@ -23,9 +24,9 @@ class CTVXApp {
   // All outlive the application.
   CTVXApp(Files* files, UserInterface* ui, Programs* programs = NoPrograms());
 
-  // The start of the program: reads configuration, lists and user keys in their order. Files that
-  // are missing are no failure. Returns 1.
-  int InitApplication();
+  // The start of the program: sets the language of the labels, then reads configuration, lists and
+  // user keys in their order. Files that are missing are no failure. Returns 1.
+  int InitApplication(int32_t language = kKoreanLabels);
 
   Files* const files;
   UserInterface* const ui;

@@ -63,8 +63,9 @@ void ModalScript::OnFile(const std::filesystem::path& path) {
   });
 }
 
-DesktopTest::DesktopTest() {
-  app.InitApplication();
+DesktopTest::DesktopTest(int32_t language) {
+  UseLanguage(language);
+  app.InitApplication(language);
   window = std::make_unique<MainWindow>(&app, &drives);
   ui.SetWindow(window.get());
   window->NewView();
@@ -73,6 +74,11 @@ DesktopTest::DesktopTest() {
   QApplication::setActiveWindow(window.get());
   EXPECT_TRUE(QTest::qWaitForWindowExposed(window.get()));
   Settle();
+}
+
+DesktopTest::~DesktopTest() {
+  UseLanguage(kKoreanLabels);
+  LabelLanguage = kKoreanLabels;
 }
 
 void DesktopTest::Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {

@@ -11,6 +11,7 @@
 #include <memory>
 #include <string>
 
+#include "desktop/language.h"
 #include "desktop/main_window.h"
 #include "desktop/qt_text.h"
 #include "platform/drives.h"
@@ -60,7 +61,8 @@ class ModalScript {
 
 class DesktopTest : public testing::Test {
  protected:
-  DesktopTest();
+  explicit DesktopTest(int32_t language = kKoreanLabels);
+  ~DesktopTest() override;
 
   // Writes a file into the folder of NC programs. Returns its host path.
   std::filesystem::path PutProgram(const std::string& name, std::string_view text);

@@ -1,0 +1,246 @@
+// The windows in English, and in Korean as ever.
+
+#include "desktop/language.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QRegularExpression>
+#include <QToolBar>
+
+#include "desktop/condition_faces.h"
+#include "desktop/file_info_face.h"
+#include "desktop/job_faces.h"
+#include "desktop/restart_face.h"
+#include "desktop/settings_faces.h"
+#include "desktop_test.h"
+#include "platform/number_field.h"
+#include "shell/view_operations.h"
+
+namespace tvx {
+namespace {
+
+// Everything that can be read on an object: captions, rows, tips. Not what a user has typed.
+QStringList TextsOn(const QObject* object) {
+  QStringList texts;
+  for (const char* const name : {"text", "title", "windowTitle", "toolTip", "statusTip",
+                                 "placeholderText", "accessibleName", "informativeText"}) {
+    if (qobject_cast<const QLineEdit*>(object) != nullptr && std::string_view(name) == "text") {
+      continue;
+    }
+    texts << object->property(name).toString();
+  }
+  const auto* const combo = qobject_cast<const QComboBox*>(object);
+  const auto* const view = qobject_cast<const QAbstractItemView*>(object);
+  const QAbstractItemModel* model = view == nullptr ? nullptr : view->model();
+  if (combo != nullptr) model = combo->model();
+  for (int row = 0; model != nullptr && row < model->rowCount(); ++row) {
+    for (int column = 0; column < model->columnCount(); ++column) {
+      texts << model->index(row, column).data().toString();
+    }
+  }
+  return texts;
+}
+
+QStringList TextsIn(const QObject* window) {
+  QStringList texts = TextsOn(window);
+  for (const QObject* const child : window->findChildren<QObject*>()) texts << TextsOn(child);
+  texts.removeAll(QString());
+  return texts;
+}
+
+QStringList Hangul(const QStringList& texts) {
+  return texts.filter(QRegularExpression("[가-힣]"));
+}
+
+class English : public DesktopTest {
+ protected:
+  English() : DesktopTest(kEnglishLabels) {}
+
+  // The next window: it has texts, none of them Korean, and `then` works it until it is closed.
+  template <typename Window>
+  void Next(std::function<void(Window*)> then = [](Window* shown) { shown->reject(); }) {
+    user.On<Window>([then = std::move(then)](Window* shown) {
+      const QStringList texts = TextsIn(shown);
+      EXPECT_FALSE(texts.isEmpty());
+      EXPECT_EQ(Hangul(texts), QStringList()) << FromQt(shown->windowTitle());
+      then(shown);
+    });
+  }
+};
+
+TEST_F(English, TheMainWindow) {
+  window->LoadHostFile(ToQt(PutProgram("part.nc", "G90 G0 X0\nG1 X60 F1000\n").string()));
+  Settle();
+  const QStringList texts = TextsIn(window.get());
+  EXPECT_EQ(Hangul(texts), QStringList());
+  for (const char* const text :
+       {"&File", "&Load\t(Ctrl+T)", "Load an Nc data file.", "From Above(F1)", "Total time"}) {
+    EXPECT_TRUE(texts.contains(text)) << text;
+  }
+}
+
+TEST_F(English, TheDialogsOfTheMenus) {
+  for (const Command& command : Commands()) {
+    SCOPED_TRACE(command.id);
+    switch (command.action) {
+      case Action::kEditConfiguration:
+      case Action::kEditUserKey:
+      case Action::kMasterBuild:
+      case Action::kMasterDelete:
+      case Action::kLoad:
+      case Action::kWritePicture:
+      case Action::kMasterLoad:
+      case Action::kAbout:
+      case Action::kResultList:
+        if (!window->IsReady(command.id)) continue;
+        Next<QDialog>();
+        window->RunCommand(command.id);
+        ASSERT_TRUE(user.Done());
+        break;
+      default:
+        break;
+    }
+  }
+  app.DirectoryList = {"c:\\"};
+  Next<DirListFace>([](DirListFace* face) {
+    face->findChild<QListWidget*>()->setCurrentRow(0);
+    Click(face, "Change");
+    face->reject();
+  });
+  Next<TextInputFace>();
+  window->RunCommand(32796);
+}
+
+TEST_F(English, TheDialogsOfOneFile) {
+  Next<SendOptionFace>([](SendOptionFace* face) {
+    for (QAbstractButton* const button : face->findChildren<QAbstractButton*>()) {
+      if (button->text().startsWith("Afa:")) button->click();
+    }
+    Click(face, "Set");
+    Click(face, "GetFeed");
+    Type(face, "Highest feed", "200000");
+    Click(face, "OK");  // refused
+    Type(face, "Highest feed", "2000");
+    Click(face, "OK");
+  });
+  Next<AutoFeedFace>();
+  Next<AfaSetupFace>();
+  Next<QDialog>([](QDialog* calculator) {
+    Choose(calculator, "Work material", "Brass");
+    Choose(calculator, "Tool material", "Carbide");
+    Click(calculator, "OK");
+  });
+  Next<QMessageBox>([](QMessageBox* message) {
+    EXPECT_EQ(message->text(), "Please enter a value from 0 to 100000.");
+    message->accept();
+  });
+  Next<FileInfoFace>();
+  window->RunCommand(32772);
+  EXPECT_EQ(View().job.Material, "황동") << "what is stored is the same in every language";
+  EXPECT_EQ(LabelLanguage, kEnglishLabels);
+}
+
+TEST_F(English, TheFiguresOfEveryKindOfRestart) {
+  for (const int32_t kind : {1, 2, 3, 4}) {
+    CFileInfoDlg info;
+    info.current.RestartOn = 1;
+    info.current.RestartKind = kind;
+    info.current.RestartZMin = -1.5F;
+    info.current.AfaEnabled = kind % 2;
+    info.current.FeedChgSmoothCheck = info.current.XyChgReduceCheck = 1;
+    info.current.totalMinutes = 1234.5F;
+    Next<FileInfoFace>([](FileInfoFace* face) {
+      const QStringList texts = TextsIn(face);
+      EXPECT_TRUE(texts.contains("Total time 1234.5 min"));
+      face->reject();
+    });
+    ui.RunModal(&info);
+  }
+}
+
+TEST_F(English, TheCommandPadAndItsOptions) {
+  Next<QDialog>([](QDialog* pad) { Click(pad, "Settings"); });
+  Next<OptionFace>();
+  OpenCommandPad(&View());
+}
+
+TEST_F(English, TheJobList) {
+  Next<TransferFace>([](TransferFace* face) {
+    for (QAbstractButton* const button : face->findChildren<QAbstractButton*>()) {
+      if (button->text().startsWith("Restart")) button->click();
+    }
+    EXPECT_EQ(Hangul(TextsIn(face)), QStringList());
+    face->reject();
+  });
+  Next<RestartFace>([](RestartFace* face) {
+    Click(face, "Z area");
+    Click(face, "OK");
+  });
+  window->RunCommand(32785);
+}
+
+TEST_F(English, Messages) {
+  const std::function<void()> says[] = {
+      [this] {
+        float value;
+        AcceptNumber("x", 0, 1, &ui, &value);
+      },
+      [this] {
+        int32_t value;
+        AcceptWholeNumber("1.5", 0, 1, &ui, &value);
+      },
+      [this] { window->LoadHostFile("/no/such/file.nc"); },
+      [this] { ui.ShowMessage(MessageOf(JobMessage::kCannotEnter)); },
+      [this] { ui.ShowMessage(MessageOf(JobMessage::kCannotOpen)); },
+  };
+  for (const auto& say : says) {
+    Next<QMessageBox>();
+    say();
+  }
+  user.OnFile(home / "drive_c/marlo/a.mma");
+  window->RunCommand(32795);
+  EXPECT_TRUE(TextsIn(window.get()).contains("There is no master model to save."));
+  EXPECT_EQ(Hangul(TextsIn(window.get())), QStringList()) << "the status line";
+}
+
+TEST_F(English, WhatTheUserHasNamedKeepsItsName) {
+  View().job.Material = "삭제";
+  View().job.AfaMasterFile = "c:\\설정.mma";
+  user.On<SendOptionFace>([](SendOptionFace* face) {
+    const QStringList texts = TextsIn(face);
+    EXPECT_EQ(Hangul(texts).size(), 2) << FromQt(Hangul(texts).join('\n'));
+    EXPECT_TRUE(texts.contains("MMA : c:\\설정.mma"));
+    face->reject();
+  });
+  window->RunCommand(32772);
+}
+
+TEST_F(English, FilesAreTheSame) {
+  user.On<DirSetupFace>([](DirSetupFace* face) { Click(face, "Save"); });
+  window->RunCommand(32789);
+  EXPECT_EQ(HostBytes(home / "drive_c/windows/tvx.cfg").substr(0, 8),
+            "\xC8\xAF\xB0\xE6"
+            "Dir ");
+}
+
+using Korean = DesktopTest;
+
+TEST_F(Korean, EveryTextIsAsTheTablesHaveIt) {
+  EXPECT_EQ(Translated("화일(&F)"), "화일(&F)");
+  EXPECT_EQ(Translated("소요시간 1.5 min"), "소요시간 1.5 min");
+  QStringList menus;
+  for (const QAction* const entry : window->menuBar()->actions()) {
+    if (entry->isVisible()) menus << entry->text();
+  }
+  EXPECT_EQ(menus, QStringList({"화일(&F)", "Cut Time", "마스타", "그래픽(&G)", "설정", "기타",
+                                "&View", "&Window", "&Help"}));
+}
+
+}  // namespace
+}  // namespace tvx
