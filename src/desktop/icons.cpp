@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QPainter>
-#include <QPainterPath>
 #include <QPalette>
 #include <QPixmap>
 #include <functional>
@@ -14,9 +13,11 @@ namespace {
 // Icons are drawn on a square of this many units.
 constexpr int kUnits = 24;
 
+constexpr int kSizes[] = {16, 24, 32, 48, 64, 128, 256};  // pixels
+
 QIcon Drawn(const std::function<void(QPainter*)>& draw) {
   QIcon icon;
-  for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+  for (const int size : kSizes) {
     QPixmap pixmap(size, size);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
@@ -98,18 +99,9 @@ QIcon ToolIcon(int commandId) {
 }
 
 QIcon ProgramIcon() {
-  return Drawn([](QPainter* painter) {
-    painter->fillRect(QRectF(1, 1, 22, 22), Qt::black);
-    const QColor colours[] = {Qt::white, QColor(0, 255, 0), QColor(255, 0, 0)};
-    for (int row = 0; row < 3; ++row) {
-      const double y = 6 + 6 * row;
-      QPainterPath wave(QPointF(3, y));
-      wave.cubicTo(8, y - 5, 10, y - 5, 12, y);
-      wave.cubicTo(14, y + 5, 16, y + 5, 21, y);
-      painter->setPen(QPen(colours[row], 1.8));
-      painter->drawPath(wave);
-    }
-  });
+  QIcon icon;
+  for (const int size : kSizes) icon.addFile(QString(":/icons/tvx-%1.png").arg(size));
+  return icon;
 }
 
 }  // namespace tvx

@@ -1,5 +1,5 @@
-// The program's own icons, drawn in code so that they are sharp at every size and follow the
-// colours of the desktop theme.
+// The program's own icons. Those of the tool buttons are drawn in code so that they are sharp at
+// every size and follow the colours of the desktop theme.
 #pragma once
 
 #include <QIcon>
@@ -9,7 +9,7 @@ namespace tvx {
 // Icon of a tool button, by its command; an empty one for a command without.
 QIcon ToolIcon(int commandId);
 
-// Icon of the program: a wavy tool path in the colours of its feeds.
+// Icon of the program, the one that packaging/ installs for the desktop.
 QIcon ProgramIcon();
 
 }  // namespace tvx
