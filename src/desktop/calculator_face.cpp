@@ -41,6 +41,9 @@ CalculatorFace::CalculatorFace(CGetFeedDlg* dialog, QWidget* parent)
   AddList(inputForm, CGetFeedDlg::kFluteCount, CGetFeedDlg::FluteCountEntries(),
           dialog->FluteCountText(), &CGetFeedDlg::SelectFluteCount);
   AddNumbers(inputForm, kInputNumbers);
+  speedCaption_ =
+      AddSlider(inputColumn, dialog->state.speedPercent, &CGetFeedDlg::ReleaseSpeedSlider);
+  feedCaption_ = AddSlider(inputColumn, dialog->state.feedPercent, &CGetFeedDlg::ReleaseFeedSlider);
   AddCheck(
       inputColumn, CGetFeedDlg::kHighSpeedRough,
       [this] { return dialog_->state.highSpeedRough != 0; },
@@ -61,11 +64,6 @@ CalculatorFace::CalculatorFace(CGetFeedDlg* dialog, QWidget* parent)
   AddNumbers(resultForm, kResultNumbers);
   right->addWidget(results);
   right->addStretch(1);
-
-  speedCaption_ = AddSlider(column, static_cast<int>(dialog->state.speedPercent),
-                            &CGetFeedDlg::ReleaseSpeedSlider);
-  feedCaption_ = AddSlider(column, static_cast<int>(dialog->state.feedPercent),
-                           &CGetFeedDlg::ReleaseFeedSlider);
   AddClosingButtons(
       column, CGetFeedDlg::kAccept, [this] { Accept(); }, CGetFeedDlg::kCancel,
       [this] { reject(); });

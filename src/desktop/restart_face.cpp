@@ -27,7 +27,11 @@ RestartFace::RestartFace(CRestartDlg* dialog, QWidget* parent)
   for (size_t i = 0; i < CRestartDlg::kKinds.size(); ++i) {
     const int kind = static_cast<int>(i) + 1;
     auto* const choice = new QRadioButton(Translated(CRestartDlg::kKinds[i]), this);
-    choice->setChecked(dialog->own.RestartKind == kind);
+    // The arrow keys start from the choice that is made.
+    if (dialog->own.RestartKind == kind) {
+      choice->setChecked(true);
+      choice->setFocus();
+    }
     connect(choice, &QRadioButton::clicked, this, [this, kind] { dialog_->SelectKind(kind); });
     column->addWidget(choice);
     auto* const form = new QFormLayout;

@@ -340,6 +340,7 @@ TEST_F(DialogFaces, Restart) {
   dialog.Open(&options);
   user.On<RestartFace>([&](RestartFace* face) {
     EXPECT_TRUE(ButtonOf(face, "X,Y,Z 좌표")->isChecked());
+    EXPECT_EQ(face->focusWidget(), ButtonOf(face, "X,Y,Z 좌표"));
     int kind = 0;
     for (const char* const caption : CRestartDlg::kKinds) {
       Click(face, caption);
@@ -390,6 +391,9 @@ TEST_F(DialogFaces, Calculator) {
     // The fields stand in the group of what they are about.
     const auto group = [&](const char* label) { return EditOf(face, label)->parentWidget(); };
     EXPECT_EQ(group("공구 직경"), group("절삭 깊이"));
+    EXPECT_EQ(group("공구 직경"), sliders[0]->parentWidget());
+    EXPECT_EQ(group("공구 직경"), sliders[1]->parentWidget());
+    EXPECT_EQ(group("공구 직경"), ButtonOf(face, "고속황삭")->parentWidget());
     EXPECT_EQ(group("최대 FEED"), group("NC POWER (KW)"));
     EXPECT_EQ(group("이송 속도"), group("Spindle 회전수"));
     EXPECT_NE(group("공구 직경"), group("최대 FEED"));
