@@ -279,7 +279,7 @@ void MainWindow::ArrangeIcons() {
   }
 }
 
-void MainWindow::AddRows(std::span<const MenuRow> rows, std::vector<QAction*>* menus) {
+void MainWindow::AddRows(std::span<const MenuRow> rows, QList<QAction*>* menus) {
   QMenu* menu = nullptr;
   QMenu* submenu = nullptr;
   std::string title;
@@ -288,7 +288,7 @@ void MainWindow::AddRows(std::span<const MenuRow> rows, std::vector<QAction*>* m
     if (menu == nullptr || title != row.menu) {
       title = row.menu;
       subtitle.clear();
-      menu = menuBar()->addMenu(MenuText(row.menu));
+      menu = new QMenu(MenuText(row.menu), menuBar());
       connect(menu, &QMenu::aboutToShow, this, &MainWindow::ShowMenuOfState);
       menus->push_back(menu->menuAction());
     }
@@ -393,9 +393,13 @@ void MainWindow::ShowRecentFiles() {
 }
 
 void MainWindow::ShowMenuOfState() {
-  const bool working = ActiveView() != nullptr;
-  for (QAction* const menu : emptyMenus_) menu->setVisible(!working);
-  for (QAction* const menu : workingMenus_) menu->setVisible(working);
+  // Out of the bar and not just hidden: a hidden menu keeps its letter, and with two menus for
+  // Alt+F neither opens.
+  const QList<QAction*>& menus = ActiveView() != nullptr ? workingMenus_ : emptyMenus_;
+  if (menuBar()->actions() != menus) {
+    menuBar()->clear();
+    menuBar()->addActions(menus);
+  }
   for (const auto& [id, actions] : menuActions_) {
     for (QAction* const action : actions) {
       action->setEnabled(IsReady(id));
@@ -417,8 +421,9 @@ void MainWindow::ShowFileName() {
   }
   const QString file = ToQt(active->view().fileName);
   const QString name = file.isEmpty() ? active->objectName() : file;
-  setWindowTitle(name + " - " + kTitle);
   active->parentWidget()->setWindowTitle(name);
+  // As the area itself names a window that fills it, which it then does not do once more.
+  setWindowTitle(QString("%1 - [%2]").arg(kTitle, name));
   file_->setText(file);
   file_->setToolTip(ToQt(active->view().filePath));
 }

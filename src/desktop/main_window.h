@@ -81,7 +81,7 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   void ShowLockKeys();
   void LoadInto(ViewWidget* widget, const std::string& drivePath);
   void BuildMenus();
-  void AddRows(std::span<const MenuRow> rows, std::vector<QAction*>* menus);
+  void AddRows(std::span<const MenuRow> rows, QList<QAction*>* menus);
   void BindKeys();
   void BuildToolBar();
   void BuildStatusBar();
@@ -94,8 +94,8 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   QMdiArea* area_;
   QToolBar* toolBar_ = nullptr;
   LegendDock* legend_;
-  std::vector<QAction*> emptyMenus_;    // menus of the bar while no view is open
-  std::vector<QAction*> workingMenus_;  // and with a view
+  QList<QAction*> emptyMenus_;    // menus of the bar while no view is open
+  QList<QAction*> workingMenus_;  // and with a view
   std::map<int, std::vector<QAction*>> menuActions_;
   QLabel* text_ = nullptr;
   QLabel* file_ = nullptr;

@@ -87,6 +87,10 @@ bool QtUserInterface::ChooseFile(const FileQuestion& question, std::string* path
   chooser.setDirectory(StartDirectory(question));
   chooser.setAcceptMode(question.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   chooser.setFileMode(question.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  if (!question.title.empty()) {
+    chooser.setWindowTitle(Translated(question.title));
+    chooser.setLabelText(QFileDialog::Accept, Translated(question.title));
+  }
   // Whether an older file may be replaced is for the command to ask, where it does.
   chooser.setOption(QFileDialog::DontConfirmOverwrite);
   const std::string name = NameOf(question.fileName);

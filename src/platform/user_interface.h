@@ -31,6 +31,7 @@ struct FileQuestion {
   std::string fileName = {};   // preset; may hold a directory to start in, and a mask ("*.afa")
   std::string filter = {};     // "Nc file (*.nc)|*.nc|...||"; empty for none
   std::string directory = {};  // drive path to start in; empty for the current directory
+  std::string title = {};      // says what is chosen; empty for the chooser's own word of the form
 };
 
 // How the program reaches its user. The desktop shows windows, the command-line tool prints

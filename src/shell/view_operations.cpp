@@ -31,7 +31,8 @@ void Load(CTVXView* view, int /*argument*/) {
                               .defaultExtension = "*",
                               .fileName = "",
                               .filter = "Nc file (*.nc)|*.nc|모든 화일(*.*)|*.*||",
-                              .directory = ""};
+                              .directory = "",
+                              .title = "불러오기"};
   if (view->app->ui->ChooseFile(question, &path)) LoadProgram(view, path);
 }
 
