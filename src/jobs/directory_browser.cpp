@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/text.h"
+
 namespace tvx {
 
 namespace {
@@ -39,7 +41,10 @@ bool FitsMask(std::string_view name, std::string_view mask) {
     if (m < mask.size() && mask[m] == '*') {
       starMask = m++;
       starName = n;
-    } else if (m < mask.size() && (mask[m] == '?' || Lower(mask[m]) == Lower(name[n]))) {
+    } else if (m < mask.size() && mask[m] == '?') {
+      n = CharacterEnd(name, n);
+      ++m;
+    } else if (m < mask.size() && Lower(mask[m]) == Lower(name[n])) {
       ++n, ++m;
     } else if (starMask != std::string_view::npos) {
       m = starMask + 1;

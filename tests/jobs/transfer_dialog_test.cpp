@@ -140,10 +140,11 @@ TEST_F(TransferDialog, MasksFitNamesWhateverTheirCase) {
     const char* mask;
     bool fits;
   } cases[] = {
-      {"a.nc", "*.nc", true},    {"A.NC", "*.nc", true},    {"a.nc2", "*.nc", false},
-      {"noext", "*.*", true},    {"a.b.nc", "*.nc", true},  {"anc", "*.nc", false},
-      {"abc.nc", "a?c.*", true}, {"ac.nc", "a?c.*", false}, {"", "*", true},
-      {"aaab", "*a*b", true},    {"aaab", "*a*c", false},   {"x", "", false},
+      {"a.nc", "*.nc", true},    {"A.NC", "*.nc", true},     {"a.nc2", "*.nc", false},
+      {"noext", "*.*", true},    {"a.b.nc", "*.nc", true},   {"anc", "*.nc", false},
+      {"abc.nc", "a?c.*", true}, {"ac.nc", "a?c.*", false},  {"", "*", true},
+      {"aaab", "*a*b", true},    {"aaab", "*a*c", false},    {"x", "", false},
+      {"가.nc", "?.nc", true},   {"가나.nc", "?.nc", false}, {"가나.nc", "*??.nc", true},
   };
   for (const auto& c : cases)
     EXPECT_EQ(FitsMask(c.name, c.mask), c.fits) << c.name << ' ' << c.mask;
