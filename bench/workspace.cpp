@@ -10,22 +10,10 @@ namespace tvx::bench {
 
 namespace fs = std::filesystem;
 
-namespace {
-
-// Measured work has no questions to its user.
-class NoUser final : public UserInterface {
- public:
-  bool ShowMessage(const Message& message) override {
-    Require(false, message.text);
-    return false;
-  }
-  bool RunModal(Dialog*) override { return false; }
-  bool ChooseFile(const FileQuestion&, std::string*) override { return false; }
-  void Repaint() override {}
-  void ShowStatus(const std::string&) override {}
-};
-
-}  // namespace
+bool NoUser::ShowMessage(const Message& message) {
+  Require(false, message.text);
+  return false;
+}
 
 Workspace::Workspace() {
   std::string name = (fs::temp_directory_path() / "tvx-bench-XXXXXX").string();

@@ -12,6 +12,16 @@
 
 namespace tvx::bench {
 
+// Measured work has no questions to its user: a message ends the benchmark.
+class NoUser final : public UserInterface {
+ public:
+  bool ShowMessage(const Message& message) override;
+  bool RunModal(Dialog*) override { return false; }
+  bool ChooseFile(const FileQuestion&, std::string*) override { return false; }
+  void Repaint() override {}
+  void ShowStatus(const std::string&) override {}
+};
+
 // A temporary folder for the programs that are measured, removed at the end, and the files of the
 // host as the library sees them.
 class Workspace {

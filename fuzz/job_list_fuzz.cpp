@@ -1,0 +1,100 @@
+// The reader of job lists, as a saved list and as one with a drive, and the job dialog's work on
+// what it read: the input is the file of the list, and every other file as well.
+
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "fuzz_world.h"
+#include "jobs/transfer_dialog.h"
+#include "platform/programs.h"
+#include "platform/text.h"
+
+namespace {
+
+using namespace tvx;
+
+constexpr size_t kTriedEntries = 3;
+
+bool SameLists(const JobList& a, const JobList& b) {
+  return a.names == b.names && a.lines == b.lines;
+}
+
+void CheckLengths(const JobList& list) {
+  Require(list.names.size() == list.lines.size() && list.size() <= kJobListSlots);
+}
+
+void CheckShape(const JobList& list) {
+  CheckLengths(list);
+  for (size_t i = 0; i < list.size(); ++i) {
+    Require(!list.names[i].empty() && list.names[i].find(' ') == std::string::npos);
+    Require(list.lines[i].empty() || list.lines[i].back() == ' ');
+  }
+}
+
+JobList CheckReader(std::string_view text) {
+  const JobList list = ReadJobList(text, std::nullopt);
+  CheckShape(list);
+  Require(SameLists(ReadJobList(PrintJobList(list), std::nullopt), list));
+
+  const JobList moved = ReadJobList(text, 'd');
+  CheckShape(moved);
+  Require(moved.names == list.names);
+  for (size_t i = 0; i < moved.size(); ++i) {
+    Require(moved.lines[i].find("X:") == std::string::npos);
+    Require(moved.lines[i].size() == list.lines[i].size());
+  }
+  return list;
+}
+
+// The buttons of the key codes, with each row of the information list selected in turn. The last
+// rows are those of the key codes.
+void PressKeyCodeButtons(CTransferDlg* dialog) {
+  for (const CTransferDlg::Button& button : CTransferDlg::KeyCodeButtons()) {
+    const size_t rows = dialog->information.size();
+    for (size_t row = rows - std::min(rows, size_t{4}); row < rows; ++row) {
+      if (row >= dialog->information.size()) break;
+      dialog->selectedInformation = static_cast<int>(row);
+      (dialog->*button.press)();
+      CheckLengths(dialog->list);
+    }
+  }
+}
+
+void CheckDialog(const JobList& list, FuzzFiles* files, FuzzUi* ui) {
+  const std::vector<std::string> userKeys(100);
+  const std::vector<std::string> extensions = {"*.nc"};
+  JobRecord slot, working;
+  working.FirstEditable = 0;
+  CTransferDlg dialog(&userKeys, files, ui);
+  dialog.Open({&slot, &working, "c:", "", &extensions, files, ui, NoPrograms()});
+  dialog.ReadList();
+  Require(SameLists(dialog.list, list));
+  dialog.Accept();
+  dialog.Open({&slot, &working, "c:", "", &extensions, files, ui, NoPrograms()});
+  CheckLengths(dialog.list);
+
+  for (size_t i = 0; i < std::min(dialog.list.size(), kTriedEntries); ++i) {
+    dialog.SelectEntry(static_cast<int>(i));
+    Require(dialog.information.size() > 3);
+    PressKeyCodeButtons(&dialog);
+    dialog.Preview();
+    dialog.EditEntry();
+  }
+  dialog.SaveList();
+  const size_t size = dialog.list.size();
+  dialog.DeleteEntry();
+  Require(dialog.list.size() + (size > 0 ? 1 : 0) == size);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  const std::string_view bytes = AsText(data, size);
+  FuzzFiles files(bytes);
+  FuzzUi ui;
+  CheckDialog(CheckReader(DecodeCp949(bytes)), &files, &ui);
+  return 0;
+}
