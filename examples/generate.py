@@ -336,6 +336,47 @@ def cavity_roughing():
     return moves + [rapid(0.0, 0.0)]
 
 
+def corner_fan():
+    """Straight moves of one length whose headings turn by 15 degrees more at each corner."""
+    x, y, moves = 0.0, 0.0, approach(0.0, 0.0, -1.0, 1000)
+    for heading in (0, 15, -15, 30, -30, 45, -45, 0):
+        x += 24.0 * math.cos(math.radians(heading))
+        y += 24.0 * math.sin(math.radians(heading))
+        moves.append(cut(x, y, feed=1000))
+    return moves + [rapid(z=SAFE_Z), rapid(0.0, 0.0)]
+
+
+def slope_hills():
+    """One pass over five hills, each steeper than the one before: 15, 30, 45, 60 and 75 degrees."""
+    height, x = 9.0, 0.0
+    moves = [rapid(z=SAFE_Z), rapid(0.0, 0.0), rapid(z=2.0), cut(z=-height, feed=300)]
+    for degrees in (15, 30, 45, 60, 75):
+        run = height / math.tan(math.radians(degrees))
+        for length, z in ((8.0, -height), (run, 0.0), (8.0, 0.0), (run, -height)):
+            x += length
+            moves.append(cut(x, 0.0, z, 1000))
+    moves.append(cut(x + 8.0, 0.0, -height, 1000))
+    return moves + [rapid(z=SAFE_Z), rapid(0.0, 0.0)]
+
+
+def arc_bends():
+    """Straight moves joined by bends of 24 degrees with radii of 3, 5, 7, 9 and 12 mm."""
+    x, y, moves = 0.0, 0.0, approach(0.0, 0.0, -1.0, 1000)
+    heading = 12
+    for radius in (3.0, 5.0, 7.0, 9.0, 12.0):
+        angle = math.radians(heading)
+        x, y = x + 20.0 * math.cos(angle), y + 20.0 * math.sin(angle)
+        moves.append(cut(x, y, feed=1000))
+        side = radius if heading < 0 else -radius  # of the centre: left of the path or right
+        centre = (x - side * math.sin(angle), y + side * math.cos(angle))
+        heading = -heading
+        angle = math.radians(heading)
+        x, y = centre[0] + side * math.sin(angle), centre[1] - side * math.cos(angle)
+        moves.append(arc("ccw" if side > 0 else "cw", x, y, centre))
+    moves.append(cut(x + 20.0 * math.cos(angle), y + 20.0 * math.sin(angle), feed=1000))
+    return moves + [rapid(z=SAFE_Z), rapid(0.0, 0.0)]
+
+
 def incremental_slots():
     """Slots of equal form, each written by increments from the one before."""
     lines = ["%", "O0104", "(INCREMENTAL SLOTS)", "G21G17G40", "G90G54", "T3M6", "S6000M3"]
@@ -459,6 +500,10 @@ def programs():
         yield f"{name}.hnc", conversational_program(name.upper(), moves, stock)
     yield "cavity_finishing.nc", word_program(106, "CAVITY FINISHING", cavity_finishing())
     yield "cavity_roughing.nc", word_program(107, "CAVITY ROUGHING", cavity_roughing())
+    # Small ones that show what single parameters of the feed adjustment do.
+    yield "corner_fan.nc", word_program(108, "CORNER FAN", corner_fan())
+    yield "slope_hills.nc", word_program(109, "SLOPE HILLS", slope_hills())
+    yield "arc_bends.nc", word_program(110, "ARC BENDS", arc_bends())
     yield "incremental_slots.nc", incremental_slots()
     yield "shop_oddities.nc", shop_oddities()
 

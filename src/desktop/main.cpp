@@ -45,6 +45,7 @@ int main(int argc, char** argv) {
   // The application takes the user's locale; numbers are read and printed alike everywhere.
   std::setlocale(LC_NUMERIC, "C");
   QApplication::setApplicationName("TVX");
+  QApplication::setDesktopFileName("tvx");  // by which a desktop finds the icon of the windows
   const Arguments arguments = ReadArguments();
   tvx::UseLanguage(arguments.language);
 

@@ -91,6 +91,16 @@ class Installed(unittest.TestCase):
                 for option in self.options_of(command):
                     self.assertRegex(text, rf"(?<![\w-]){option}(?![\w-])")
 
+    def test_man_page_tells_every_option_of_the_window(self):
+        self.desktop_only()
+        page = self.share / "man" / "man1" / "tvx.1"
+        text = re.sub(".\b", "", output_of("mandoc", "-T", "ascii", page))
+        options = re.findall(r"--[a-z-]+", output_of(self.root / "bin" / "tvx", "--help",
+                                                     env=self.environment))
+        self.assertIn("--language", options)
+        for option in options:
+            self.assertRegex(text, rf"(?<![\w-]){option}(?![\w-])")
+
     def complete(self, *words):
         script = f"""
             source '{self.share}/bash-completion/completions/tvx-cli'
