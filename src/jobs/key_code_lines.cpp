@@ -18,9 +18,9 @@ std::string WithoutLeadingBlanks(const std::string& text) {
 
 // The first line, of at most kReadBytes; a word that this would cut is taken whole.
 std::string FirstLine(const std::string& bytes) {
-  const std::string line = bytes.substr(0, bytes.find_first_of("\r\n"));
-  if (line.size() <= kReadBytes) return line;
-  return line.substr(0, line.find(' ', kReadBytes - 1));
+  std::string line = bytes.substr(0, bytes.find_first_of("\r\n"));
+  if (line.size() > kReadBytes) line = line.substr(0, line.find(' ', kReadBytes - 1));
+  return line;
 }
 
 }  // namespace

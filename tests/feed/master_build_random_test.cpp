@@ -1,8 +1,8 @@
 // The build of a master model against a plain one, on random surfaces.
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cmath>
-#include <cstring>
 #include <vector>
 
 #include "feed/master_build.h"
@@ -51,7 +51,8 @@ class PlainBuild {
     }
     for (int iy = 0; iy < NY; iy += k) {
       for (int ix = 0; ix < NX; ix += k) {
-        cells[static_cast<size_t>((NX / k) * iy / k + ix / k)] = At(ix, iy);
+        const int kept = (NX / k) * iy / k + ix / k;
+        cells[static_cast<size_t>(kept)] = At(ix, iy);
       }
     }
     NX /= k;
@@ -70,7 +71,10 @@ class PlainBuild {
   std::vector<MasterCell> cells;
 
  private:
-  MasterCell& At(int ix, int iy) { return cells[static_cast<size_t>(iy * NX + ix)]; }
+  MasterCell& At(int ix, int iy) {
+    const int index = iy * NX + ix;
+    return cells[static_cast<size_t>(index)];
+  }
   bool Inside(int ix, int iy) const { return ix >= 0 && ix < NX && iy >= 0 && iy < NY; }
 
   Vec3 Point(uint32_t i) {
@@ -175,13 +179,15 @@ class Surface {
     const double left = Uniform(-50, 50);
     const double front = Uniform(-50, 50);
     Add(BlockRapidStart, left, front, 50);
-    for (double y = 0; y <= width; y += isLong ? 0.1 : Uniform(0.1, 6)) {
+    double y = -0.1;
+    while ((y += isLong ? 0.1 : Uniform(0.1, 6)) <= width) {
       if (Chance(0.7)) {
         Add(BlockRapidStart, left, front + y, 50);
         if (Chance(0.5)) Add(BlockRapid, left, front + y, 10);
         Add(BlockCutStart, left, front + y, 0);
       }
-      for (double x = 0; x <= length; x += Uniform(0.2, 1.8) * step) {
+      double x = 0;
+      while ((x += Uniform(0.2, 1.8) * step) <= length) {
         if (Chance(0.03)) x += 4 * step;
         const double side = !isLong && Chance(0.3) ? Uniform(-0.5, 0.5) : 0;
         Add(Chance(0.05) ? BlockCutStart : BlockCut, left + x, front + y + side,
@@ -244,7 +250,7 @@ TEST(BuildMaster, GivesTheCellsOfThePlainBuildOnRandomSurfaces) {
     ASSERT_EQ(grid.NX, plain.NX) << "seed " << seed;
     ASSERT_EQ(grid.NY, plain.NY) << "seed " << seed;
     for (size_t i = 0; i < static_cast<size_t>(grid.CellCount); ++i) {
-      ASSERT_EQ(std::memcmp(&grid.Cells[i].z, &plain.cells[i].z, sizeof(float)), 0)
+      ASSERT_EQ(std::bit_cast<uint32_t>(grid.Cells[i].z), std::bit_cast<uint32_t>(plain.cells[i].z))
           << "seed " << seed << " cell " << i;
       ASSERT_EQ(grid.Cells[i].angle, plain.cells[i].angle) << "seed " << seed << " cell " << i;
     }
