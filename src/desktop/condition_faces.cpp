@@ -43,7 +43,7 @@ AutoFeedFace::AutoFeedFace(CAutoFeedDlg* dialog, QWidget* parent)
 
 void AutoFeedFace::ShowTexts() {
   for (size_t i = 0; i < kAutoFeedFields; ++i) ShowText(edits_[i], dialog_->texts[i]);
-  fileButton_->setText(FileCaption(dialog_->fileCaption));
+  ShowCaption(fileButton_, FileCaption(dialog_->fileCaption));
 }
 
 AfaSetupFace::AfaSetupFace(CAfaSetupDlg* dialog, QWidget* parent)
@@ -170,9 +170,9 @@ void SendOptionFace::Show() {
   ShowText(minFeed_, dialog_->minFeedText);
   ShowText(topFeed_, dialog_->topFeedText);
   ShowText(spindle_, dialog_->spindleText);
-  condition_->setText(ToQt(dialog_->conditionText).replace("\r\n", "\n"));
-  conditionFile_->setText(Translated(dialog_->conditionFileCaption));
-  master_->setText(ToQt(dialog_->masterCaption));
+  ShowCaption(condition_, ToQt(dialog_->conditionText));
+  ShowCaption(conditionFile_, Translated(dialog_->conditionFileCaption));
+  ShowCaption(master_, ToQt(dialog_->masterCaption));
   // An operation such as a condition file that was read changes more than what was clicked.
   if (conCor_ != nullptr) conCor_->setChecked(dialog_->own.ConCorChk == 1);
   if (upDown_ != nullptr) upDown_->setChecked(dialog_->own.UpDownChk == 1);

@@ -68,4 +68,8 @@ void ShowText(QLineEdit* edit, std::string_view text) {
   if (edit->text() != ToQt(text)) edit->setText(ToQt(text));
 }
 
+void ShowCaption(QPushButton* button, QString text) {
+  button->setText(text.replace('&', "&&").replace("\r\n", "\n"));
+}
+
 }  // namespace tvx

@@ -45,4 +45,8 @@ class Face : public QDialog {
 // Shows a text that differs from what the edit holds, without moving the cursor otherwise.
 void ShowText(QLineEdit* edit, std::string_view text);
 
+// Shows a text that holds what the user has named, such as a path, on a button. An ampersand in it
+// stays one, where Qt would take it for the mark of a key.
+void ShowCaption(QPushButton* button, QString text);
+
 }  // namespace tvx

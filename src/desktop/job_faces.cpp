@@ -299,7 +299,7 @@ void TransferFace::Show() {
   }
   deleteM30_->setChecked(dialog_->ListOptions.DeleteM30 == 1);
   restart_->setText(Translated(ReplaceLabels(dialog_->restartCaption)));
-  condition_->setText(Translated(dialog_->conditionCaption).replace("\r\n", "\n"));
+  ShowCaption(condition_, Translated(dialog_->conditionCaption));
 }
 
 void TransferFace::ShowTree() {

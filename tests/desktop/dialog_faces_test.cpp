@@ -225,6 +225,22 @@ TEST_F(ConditionFaces, TheBigButtonShowsTheConditionLineByLine) {
   OpenOptions();
 }
 
+// A folder such as "R&D" is named on the buttons as it is.
+TEST_F(ConditionFaces, AnAmpersandIsNoKey) {
+  View().job.Material = "A&B";
+  View().job.AfaMasterFile = "c:\\R&D\\a.mma";
+  user.On<SendOptionFace>([](SendOptionFace* face) {
+    QString captions;
+    for (const QAbstractButton* const button : face->findChildren<QAbstractButton*>()) {
+      captions += button->text() + "\n";
+    }
+    EXPECT_TRUE(captions.contains("MMA : c:\\R&&D\\a.mma\n"));
+    EXPECT_TRUE(captions.contains("  가공소재: A&&B\n"));
+    face->reject();
+  });
+  OpenOptions();
+}
+
 TEST_F(ConditionFaces, MachiningCondition) {
   CAutoFeedDlg dialog(files.get(), &ui);
   JobRecord record;
