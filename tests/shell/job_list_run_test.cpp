@@ -152,5 +152,33 @@ TEST_F(JobListRun, MastersAreReadOnceInARowAndBuiltWhereMissing) {
   EXPECT_EQ(run(), "aba");
 }
 
+// Whatever a line holds, its entry is recorded and the next one is run with its own options.
+TEST_F(JobListRun, GoesOnBehindOddLines) {
+  const std::string longWord(10000, 'n');
+  const std::pair<std::string, std::string> odd[] = {
+      {"gone.nc", kPlain},
+      {longWord, kPlain},
+      {"a.nc", ""},
+      {"a.nc", "Dir"},
+      {"a.nc", "Dir q:\\..\\.. FS 1 RT OFF Afa OFF "},
+      {"..\\..\\..\\a.nc", kPlain},
+      {"a.nc", "Dir c:\\" + longWord + " MMA c:\\" + longWord},
+      {"a.nc",
+       "Dir c:\\marlo\\gone Afa ON TD 1e39 SD nan MAF -99999999999 CW x SW MMA ab.mma KeyCode"},
+      {"a.nc", "Dir c:\\marlo\\none FS Dir M30 ON RT ON KeyCode Afa ON MAT TD MMA FCS ON"},
+      {"a.nc", "Dir c:\\\xF0\x9F\x92 FS \x01\x02 RT ON 99 Afa ON TD  MMA \x7F\x7F\x7F\x7F\x7F"},
+  };
+  std::vector<std::pair<std::string, std::string>> entries(std::begin(odd), std::end(odd));
+  entries.emplace_back("b.nc", kPlain);
+  OnJobs(entries);
+  RunJobList(view.get());
+  ASSERT_EQ(view->results.entryCount, static_cast<int32_t>(entries.size()));
+  for (size_t i = 0; i + 1 < entries.size(); ++i) {
+    EXPECT_EQ(view->results.entries[i].fileName, entries[i].first);
+    EXPECT_EQ(view->results.entries[i].cutLength, 0) << entries[i].second;
+  }
+  EXPECT_EQ(view->results.entries[entries.size() - 1].averageFeed, 500);
+}
+
 }  // namespace
 }  // namespace tvx
