@@ -53,6 +53,53 @@ class Surroundings(unittest.TestCase):
         # The line is taken away again, so nothing is left on the screen.
         self.assertTrue(shown.endswith(b"\r\x1b[K"), shown)
 
+    def write_list(self, *entries):
+        """A saved list of names and directories, as bytes, with no options."""
+        path = self.folder / "list.txt"
+        path.write_bytes(b"".join(b"File %s Dir %s RT OFF Afa OFF \r\n" % job for job in entries))
+        return path
+
+    def test_a_run_names_what_fails_while_it_goes_on(self):
+        here = b"z:" + bytes(self.folder).replace(b"/", b"\\")
+        jobs = self.write_list((b"gone.nc", here), (b"part.nc", here))
+        try:
+            ours, theirs = pty.openpty()
+        except OSError:
+            self.skipTest("this machine has no terminals to give")
+        run = self.run_tool("run", jobs, stderr=theirs)
+        os.close(theirs)
+        shown = read_all(ours)
+        self.assertEqual(run.returncode, 1)
+        places = [shown.find(text) for text in (b"1/2 gone.nc", b"tvx-cli: ", b"2/2 part.nc")]
+        self.assertNotIn(-1, places)
+        self.assertEqual(places, sorted(places), shown)
+        self.assertTrue(shown.endswith(b"\r\x1b[K"), shown)
+        self.assertIn(here + b"\\gone.nc: ", shown)
+
+    def test_a_run_over_entries_that_cannot_be(self):
+        here = b"z:" + bytes(self.folder).replace(b"/", b"\\")
+        (self.folder / "again.nc").symlink_to("again.nc")
+        (self.folder / "pipe.nc").mkdir()
+        odd = [
+            (b"again.nc", here),
+            (b"pipe.nc", here),
+            (b"n" * 10000, here),
+            (b"a.nc", here + b"\\" + b"d" * 10000),
+            (b"a.nc", b"q:\\.."),
+            (b"..\\" * 40 + b"a.nc", here),
+            (b"\x00\x01\xff.nc", here),
+            (b"a.nc", b"FS"),
+        ]
+        before = sorted(os.listdir(self.folder))
+        jobs = self.write_list(*odd, (b"part.nc", here))
+        run = self.run_tool("run", "--json", jobs)
+        results = json.loads(run.stdout)
+        self.assertEqual(run.returncode, 1)
+        self.assertEqual(len(run.stderr.splitlines()), len(odd), run.stderr)
+        self.assertEqual([entry["cutLength"] > 0 for entry in results], [False] * len(odd) + [True])
+        after = sorted(os.listdir(self.folder))
+        self.assertEqual([name for name in after if name not in ("home", "list.txt")], before)
+
     def test_output_that_cannot_be_written_is_a_failure(self):
         with open("/dev/full", "wb") as full:
             run = self.run_tool("blocks", self.program, stdout=full)
