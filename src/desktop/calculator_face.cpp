@@ -55,14 +55,8 @@ CalculatorFace::CalculatorFace(CGetFeedDlg* dialog, QWidget* parent)
 
   auto* const right = new QVBoxLayout;
   groups->addLayout(right);
-  auto* const machine = new QGroupBox(Translated(CGetFeedDlg::kMachineGroup), this);
-  auto* const machineForm = new QFormLayout(machine);
-  AddNumbers(machineForm, kMachineNumbers);
-  right->addWidget(machine);
-  auto* const results = new QGroupBox(Translated(CGetFeedDlg::kResultGroup), this);
-  auto* const resultForm = new QFormLayout(results);
-  AddNumbers(resultForm, kResultNumbers);
-  right->addWidget(results);
+  AddNumberGroup(right, CGetFeedDlg::kMachineGroup, kMachineNumbers);
+  AddNumberGroup(right, CGetFeedDlg::kResultGroup, kResultNumbers);
   right->addStretch(1);
   AddClosingButtons(
       column, CGetFeedDlg::kAccept, [this] { Accept(); }, CGetFeedDlg::kCancel,
@@ -95,6 +89,15 @@ void CalculatorFace::AddNumbers(QFormLayout* form, std::span<const char* const> 
     edit->setReadOnly(number->recalculate == nullptr);
     numbers_[static_cast<size_t>(number - all.begin())] = edit;
   }
+}
+
+void CalculatorFace::AddNumberGroup(QLayout* layout, const char* title,
+                                    std::span<const char* const> names) {
+  auto* const box = new QGroupBox(Translated(title), this);
+  auto* const form = new QFormLayout;
+  box->setLayout(form);
+  AddNumbers(form, names);
+  layout->addWidget(box);
 }
 
 QLabel* CalculatorFace::AddSlider(QLayout* layout, int position,

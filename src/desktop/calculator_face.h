@@ -20,6 +20,7 @@ class CalculatorFace : public Face {
   void AddList(QFormLayout* form, const char* label, const std::vector<std::string>& entries,
                const std::string& selected, Select select);
   void AddNumbers(QFormLayout* form, std::span<const char* const> names);
+  void AddNumberGroup(QLayout* layout, const char* title, std::span<const char* const> names);
   QLabel* AddSlider(QLayout* layout, int position, void (CGetFeedDlg::*release)(int));
   void ShowResults();
   void Accept();

@@ -36,10 +36,11 @@ QCheckBox* Face::AddCheck(QLayout* layout, std::string_view label, std::function
   auto* const check = new QCheckBox(Translated(label), this);
   check->setChecked(isTicked());
   layout->addWidget(check);
-  connect(check, &QCheckBox::clicked, this, [=] {
-    toggle();
-    check->setChecked(isTicked());
-  });
+  connect(check, &QCheckBox::clicked, this,
+          [check, isTicked = std::move(isTicked), toggle = std::move(toggle)] {
+            toggle();
+            check->setChecked(isTicked());
+          });
   return check;
 }
 
@@ -58,8 +59,8 @@ QDialogButtonBox* Face::AddClosingButtons(QLayout* layout, std::string_view acce
   auto* const buttons = new QDialogButtonBox(this);
   buttons->addButton(Translated(accept), QDialogButtonBox::AcceptRole)->setDefault(true);
   buttons->addButton(Translated(cancel), QDialogButtonBox::RejectRole)->setAutoDefault(false);
-  connect(buttons, &QDialogButtonBox::accepted, this, accepted);
-  connect(buttons, &QDialogButtonBox::rejected, this, cancelled);
+  connect(buttons, &QDialogButtonBox::accepted, this, std::move(accepted));
+  connect(buttons, &QDialogButtonBox::rejected, this, std::move(cancelled));
   layout->addWidget(buttons);
   return buttons;
 }
