@@ -11,9 +11,11 @@
 #include <QPageSetupDialog>
 #include <QPainter>
 #include <QPrintDialog>
+#include <QPrintPreviewDialog>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QToolBar>
+#include <QToolButton>
 #include <algorithm>
 #include <iterator>
 #include <set>
@@ -92,7 +94,8 @@ ViewWidget* MainWindow::NewView() {
 }
 
 ViewWidget* MainWindow::ActiveView() const {
-  QMdiSubWindow* const child = area_->activeSubWindow();
+  // The child window that keeps the menus also while a dialog or another program is in front.
+  QMdiSubWindow* const child = area_->currentSubWindow();
   return child == nullptr ? nullptr : qobject_cast<ViewWidget*>(child->widget());
 }
 
@@ -153,6 +156,7 @@ const MainWindow::Operation* MainWindow::FindOperation(Action action) {
       {Action::kNewWindow, [](MainWindow* window, int) { window->NewView(); }},
       {Action::kOpenDocument, [](MainWindow* window, int) { window->OpenDocument(); }},
       {Action::kPrint, [](MainWindow* window, int) { window->Print(); }, true},
+      {Action::kPrintPreview, [](MainWindow* window, int) { window->PreviewPrint(); }, true},
       {Action::kPrintSetup, [](MainWindow* window, int) { window->SetUpPrinter(); }},
       {Action::kExit, [](MainWindow* window, int) { window->close(); }},
       {Action::kToolbar, [](MainWindow* window, int) { Toggle(window->toolBar_); }},
@@ -237,6 +241,12 @@ void MainWindow::SetUpPrinter() {
 void MainWindow::Print() {
   Printer()->setDocName(ToQt(ActiveView()->view().fileName));
   if (QPrintDialog(Printer(), this).exec() == QDialog::Accepted) PrintTo(Printer());
+}
+
+void MainWindow::PreviewPrint() {
+  QPrintPreviewDialog preview(Printer(), this);
+  connect(&preview, &QPrintPreviewDialog::paintRequested, this, &MainWindow::PrintTo);
+  preview.exec();
 }
 
 bool MainWindow::PrintTo(QPrinter* printer) {
@@ -351,8 +361,22 @@ void MainWindow::BuildToolBar() {
     action->setStatusTip(Translated(FindCommand(button.id).prompt));
     connect(action, &QAction::triggered, this, [this, id = button.id] { RunCommand(id); });
     menuActions_[button.id].push_back(action);
+    if (FindCommand(button.id).action != Action::kPrint) continue;
+    auto* const printer = qobject_cast<QToolButton*>(toolBar_->widgetForAction(action));
+    printer->setMenu(BuildPrinterMenu());
+    printer->setPopupMode(QToolButton::MenuButtonPopup);
   }
   ShowToolIcons();
+}
+
+QMenu* MainWindow::BuildPrinterMenu() {
+  auto* const menu = new QMenu(this);
+  for (const MenuRow& row : PrinterMenu()) {
+    QAction* const entry = menu->addAction(MenuText(row.text));
+    connect(entry, &QAction::triggered, this, [this, id = row.id] { RunCommand(id); });
+    menuActions_[row.id].push_back(entry);
+  }
+  return menu;
 }
 
 // In the colours of the desktop, which can change from light to dark while the program runs.
@@ -364,9 +388,7 @@ void MainWindow::ShowToolIcons() {
 
 void MainWindow::BuildStatusBar() {
   text_ = new QLabel(kReadyText, this);
-  file_ = new QLabel(this);
   statusBar()->addWidget(text_, 1);
-  statusBar()->addPermanentWidget(file_);
   constexpr std::array kNames = {"CAP", "NUM", "SCRL"};
   for (size_t i = 0; i < kNames.size(); ++i) {
     lockKeys_[i] = new QLabel(kNames[i], this);
@@ -376,15 +398,16 @@ void MainWindow::BuildStatusBar() {
   qApp->installEventFilter(this);
 }
 
-// The files opened last stand where the entry of the menu does, with their numbers as keys.
+// The files opened last stand where the entry of the menu does, with their numbers as keys. They
+// are no children of the window: they can go while it shows its children.
 void MainWindow::ShowRecentFiles() {
   qDeleteAll(recentEntries_);
   recentEntries_.clear();
   const QStringList& paths = recent_.Paths();
   recentPlace_->setVisible(paths.isEmpty());
   for (qsizetype i = 0; i < paths.size(); ++i) {
-    auto* const entry =
-        new QAction(QString("&%1 %2").arg(i + 1).arg(QString(paths[i]).replace("&", "&&")), this);
+    auto* const entry = new QAction(
+        QString("&%1 %2").arg(i + 1).arg(QString(paths[i]).replace("&", "&&")), recentMenu_);
     connect(entry, &QAction::triggered, this,
             [this, path = FromQt(paths[i])] { OpenFile(path, nullptr); });
     recentMenu_->insertAction(recentPlace_, entry);
@@ -416,7 +439,6 @@ void MainWindow::ShowFileName() {
   ViewWidget* const active = ActiveView();
   if (active == nullptr) {
     setWindowTitle(kTitle);
-    file_->clear();
     return;
   }
   const QString file = ToQt(active->view().fileName);
@@ -424,8 +446,6 @@ void MainWindow::ShowFileName() {
   active->parentWidget()->setWindowTitle(name);
   // As the area itself names a window that fills it, which it then does not do once more.
   setWindowTitle(QString("%1 - [%2]").arg(kTitle, name));
-  file_->setText(file);
-  file_->setToolTip(ToQt(active->view().filePath));
 }
 
 // The program or its feeds may have changed.

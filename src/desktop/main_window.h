@@ -68,6 +68,7 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
 
   void OpenDocument();
   void Print();
+  void PreviewPrint();
   void SetUpPrinter();
   void ArrangeIcons();
   void ShowAbout();
@@ -84,6 +85,7 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   void AddRows(std::span<const MenuRow> rows, QList<QAction*>* menus);
   void BindKeys();
   void BuildToolBar();
+  QMenu* BuildPrinterMenu();
   void BuildStatusBar();
   void ShowMenuOfState();
   void ShowFileName();
@@ -98,7 +100,6 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   QList<QAction*> workingMenus_;  // and with a view
   std::map<int, std::vector<QAction*>> menuActions_;
   QLabel* text_ = nullptr;
-  QLabel* file_ = nullptr;
   std::array<QLabel*, 3> lockKeys_{};
   RecentFiles recent_;
   QMenu* recentMenu_ = nullptr;

@@ -31,6 +31,8 @@ ViewWidget::ViewWidget(CTVXApp* app, QWidget* parent)
   setAttribute(Qt::WA_OpaquePaintEvent);
   setAttribute(Qt::WA_InputMethodEnabled, false);
   setMinimumSize(160, 120);
+  // That of a child window's border would stay.
+  setCursor(Qt::ArrowCursor);
 }
 
 void ViewWidget::Redraw() {

@@ -9,6 +9,7 @@ const Command kCommands[] = {
     {57601, Action::kOpenDocument},
     {57606, Action::kPrintSetup},
     {57607, Action::kPrint},
+    {57609, Action::kPrintPreview},
     {57616, Action::kRecentFiles},
     {57665, Action::kExit},
     {59392, Action::kToolbar},
@@ -154,6 +155,12 @@ const ToolButton kToolBar[] = {
     {57634, "Copy"}, {57637, "Paste"}, {0, ""},         {57607, "Print"}, {57664, "About"},
 };
 
+const MenuRow kPrinterMenu[] = {
+    {"", "", "&Print...\tCtrl+P", 57607},
+    {"", "", "Print Pre&view", 57609},
+    {"", "", "P&rint Setup...", 57606},
+};
+
 }  // namespace
 
 std::span<const Command> Commands() {
@@ -181,6 +188,9 @@ std::span<const Accelerator> FrameAccelerators() {
 }
 std::span<const ToolButton> ToolBar() {
   return kToolBar;
+}
+std::span<const MenuRow> PrinterMenu() {
+  return kPrinterMenu;
 }
 
 }  // namespace tvx

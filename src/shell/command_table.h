@@ -14,6 +14,7 @@ enum class Action {
   kNewDocument,
   kOpenDocument,
   kPrint,
+  kPrintPreview,
   kPrintSetup,
   kRecentFiles,
   kExit,
@@ -89,5 +90,8 @@ struct ToolButton {
 };
 
 std::span<const ToolButton> ToolBar();
+
+// What the arrow beside the tool button of the printer offers; the rows name no menu.
+std::span<const MenuRow> PrinterMenu();
 
 }  // namespace tvx

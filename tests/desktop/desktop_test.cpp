@@ -8,6 +8,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMdiArea>
+#include <QMenuBar>
 #include <QSlider>
 #include <QTimer>
 
@@ -84,6 +86,25 @@ DesktopTest::~DesktopTest() {
 void DesktopTest::Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
   QApplication::setActiveWindow(window.get());
   QTest::keyClick(window.get(), key, modifiers);
+}
+
+QAction* ShownAction(const QList<QAction*>& actions, const char* text) {
+  for (QAction* const action : actions) {
+    if (action->isVisible() && action->text() == ToQt(text)) return action;
+  }
+  return nullptr;
+}
+
+QAction* DesktopTest::Entry(const MenuRow& row) {
+  const QAction* menu = ShownAction(window->menuBar()->actions(), row.menu);
+  if (menu != nullptr && *row.submenu != '\0') {
+    menu = ShownAction(menu->menu()->actions(), row.submenu);
+  }
+  return menu == nullptr ? nullptr : ShownAction(menu->menu()->actions(), row.text);
+}
+
+QList<QMdiSubWindow*> DesktopTest::Children() {
+  return window->findChild<QMdiArea*>()->subWindowList();
 }
 
 void DesktopTest::Settle() {

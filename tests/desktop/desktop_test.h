@@ -22,6 +22,7 @@
 class QAbstractButton;
 class QComboBox;
 class QLineEdit;
+class QMdiSubWindow;
 class QListWidget;
 class QSlider;
 
@@ -70,6 +71,9 @@ class DesktopTest : public testing::Test {
   // A key in the main window, which is brought to the front: after a dialog nobody else does it
   // here.
   void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+  // The entry of a menu row among the menus that are shown, or null.
+  QAction* Entry(const MenuRow& row);
+  QList<QMdiSubWindow*> Children();
   // Lets the windows paint and handle what is pending.
   static void Settle();
 
@@ -88,6 +92,9 @@ QLineEdit* EditOf(QWidget* window, std::string_view label);
 QAbstractButton* ButtonOf(QWidget* window, std::string_view text);
 QComboBox* ListOf(QWidget* window, std::string_view label);
 QListWidget* RowsOf(QWidget* window, std::string_view label);
+
+// The action of this text that is shown, or null.
+QAction* ShownAction(const QList<QAction*>& actions, const char* text);
 
 // What a user does with them.
 void Type(QLineEdit* edit, std::string_view text);

@@ -11,17 +11,11 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
-#include <QPageSetupDialog>
-#include <QPrintDialog>
 #include <QStatusBar>
 #include <QStatusTipEvent>
 #include <QToolBar>
-#include <map>
 
-#include "desktop/condition_faces.h"
-#include "desktop/master_face.h"
 #include "desktop/picture_printer.h"
-#include "desktop/settings_faces.h"
 #include "desktop_test.h"
 
 namespace tvx {
@@ -29,167 +23,13 @@ namespace {
 
 constexpr char kProgram[] = "G90 G0 X0 Y0 Z0\nG1 X60 F1000\nY30\n";
 
-struct Angles {
-  int32_t x, y, z;
-  friend bool operator==(const Angles&, const Angles&) = default;
-};
-
 class MainWindowTest : public DesktopTest {
  protected:
   void Load(const char* name = "part.nc") {
     window->LoadHostFile(ToQt(PutProgram(name, kProgram).string()));
     Settle();
   }
-
-  static QAction* Named(const QList<QAction*>& actions, const char* text) {
-    for (QAction* const action : actions) {
-      if (action->isVisible() && action->text() == ToQt(text)) return action;
-    }
-    return nullptr;
-  }
-
-  // The entry of a row, in the menus that are shown.
-  QAction* Entry(const MenuRow& row) {
-    const QAction* menu = Named(window->menuBar()->actions(), row.menu);
-    if (menu != nullptr && *row.submenu != '\0') menu = Named(menu->menu()->actions(), row.submenu);
-    return menu == nullptr ? nullptr : Named(menu->menu()->actions(), row.text);
-  }
-
-  Angles ViewAngles() {
-    const ViewTransform& view = View().view.transform;
-    return {view.rotX, view.rotY, view.rotZ};
-  }
-
-  QList<QMdiSubWindow*> Children() { return window->findChild<QMdiArea*>()->subWindowList(); }
-
-  // What shows that a command has reached its operation. `run` carries the command out.
-  using Run = std::function<void()>;
-  using Effect = std::function<void(const Run& run)>;
-
-  template <typename Window>
-  Effect Opens() {
-    return [this](const Run& run) {
-      bool opened = false;
-      user.On<Window>([&](Window* dialog) {
-        opened = true;
-        dialog->reject();
-      });
-      run();
-      EXPECT_TRUE(opened);
-    };
-  }
-
-  Effect Turns(const Angles& angles) {
-    return [this, angles](const Run& run) {
-      View().view.transform.rotX = 17;
-      run();
-      EXPECT_EQ(ViewAngles(), angles);
-    };
-  }
-
-  Effect Opens(int windows) {
-    return [this, windows](const Run& run) {
-      const auto before = Children().size();
-      run();
-      EXPECT_EQ(Children().size() - before, windows);
-    };
-  }
-
-  std::map<int, Effect> Effects() {
-    const Effect toggleRapids = [this](const Run& run) {
-      const int32_t before = View().view.RapidVisible;
-      run();
-      EXPECT_NE(View().view.RapidVisible, before);
-      EXPECT_EQ(View().job.RapidShown, View().view.RapidVisible);
-    };
-    const Effect fit = [this](const Run& run) {
-      View().view.transform.viewScale = 1.25F;
-      run();
-      EXPECT_NE(View().view.transform.viewScale, 1.25F);
-    };
-    const auto draws = [this](const Run& run) {
-      int drawn = 0;
-      const auto connection = QObject::connect(window->ActiveView(), &ViewWidget::Drawn,
-                                               window.get(), [&] { ++drawn; });
-      run();
-      QObject::disconnect(connection);
-      EXPECT_EQ(drawn, 1);
-    };
-    const auto toggles = [this](QWidget* widget) {
-      return [this, widget](const Run& run) {
-        run();
-        EXPECT_FALSE(widget->isVisible());
-        run();
-        EXPECT_TRUE(widget->isVisible());
-      };
-    };
-    const Effect nothing = [](const Run& run) { run(); };
-    const Effect writesKeys = [this](const Run& run) {
-      run();
-      EXPECT_TRUE(std::filesystem::exists(home / "drive_c/marlo/UserKey.txt"));
-    };
-    const Effect tiles = [this](const Run& run) {
-      run();
-      for (QMdiSubWindow* const child : Children()) EXPECT_FALSE(child->isMaximized());
-    };
-    std::map<int, Effect> effects = {
-        {32771, Opens<QFileDialog>()},
-        {32791, Opens<QFileDialog>()},
-        {32772, Opens<SendOptionFace>()},
-        {32773, nothing},
-        {32792, Opens<MasterFace>()},
-        {32794, Opens<QMessageBox>()},
-        {32795, Opens<QFileDialog>()},
-        {32802, Opens<QFileDialog>()},
-        {32775, Turns({0, 0, 0})},
-        {32776, Turns({270, 0, 0})},
-        {32777, Turns({0, 90, 270})},
-        {32778, Turns({300, 0, 330})},
-        {32779, Turns({300, 0, 240})},
-        {32786, Turns({300, 0, 150})},
-        {32780, Turns({300, 0, 60})},
-        {32781, fit},
-        {32782, draws},
-        {32783, toggleRapids},
-        {32789, Opens<DirSetupFace>()},
-        {32796, Opens<DirListFace>()},
-        {32813, writesKeys},
-        {59392, toggles(window->findChild<QToolBar*>())},
-        {59393, toggles(window->statusBar())},
-        {57600, Opens(1)},
-        {57601, Opens<QFileDialog>()},
-        {57648, Opens(1)},
-        {57650, tiles},
-        {57651, tiles},
-        {57652, tiles},
-        {57649, nothing},
-        {57664, Opens<QMessageBox>()},
-        {32785, Opens<QDialog>()},
-        {57606, Opens<QPageSetupDialog>()},
-        {57607, Opens<QPrintDialog>()},
-    };
-    for (const MenuRow& row : WorkingMenu()) {
-      if (FindCommand(row.id).action == Action::kEditUserKey) effects[row.id] = Opens<QDialog>();
-    }
-    return effects;
-  }
 };
-
-constexpr int kExit = 57665;
-
-TEST_F(MainWindowTest, EveryEntryReachesItsOperationOrIsDisabled) {
-  Load();
-  const std::map<int, Effect> effects = Effects();
-  for (const MenuRow& row : WorkingMenu()) {
-    SCOPED_TRACE(row.text);
-    QAction* const entry = Entry(row);
-    ASSERT_NE(entry, nullptr);
-    if (row.id == kExit) continue;
-    const auto effect = effects.find(row.id);
-    ASSERT_EQ(entry->isEnabled(), effect != effects.end());
-    if (entry->isEnabled()) effect->second([entry] { entry->trigger(); });
-  }
-}
 
 TEST_F(MainWindowTest, TheMenuWithoutADocumentOpensOne) {
   for (QMdiSubWindow* const child : Children()) child->close();
@@ -209,49 +49,6 @@ TEST_F(MainWindowTest, TheMenuWithoutADocumentOpensOne) {
   Settle();
   EXPECT_EQ(Children().size(), 1);
   EXPECT_NE(Entry(WorkingMenu()[0]), nullptr);
-}
-
-TEST_F(MainWindowTest, EveryKeyReachesItsCommand) {
-  Load();
-  const std::map<int, Effect> effects = Effects();
-  for (const std::span<const Accelerator> table : {ViewAccelerators(), FrameAccelerators()}) {
-    for (const Accelerator& accelerator : table) {
-      SCOPED_TRACE(accelerator.key);
-      // A view in the view's table, a command without action in the frame's.
-      if (accelerator.id == 57680) continue;
-      const QKeyCombination key = QKeySequence(accelerator.key)[0];
-      const Run press = [&] { Press(key.key(), key.keyboardModifiers()); };
-      const auto effect = effects.find(accelerator.id);
-      if (effect != effects.end()) {
-        effect->second(press);
-      } else {
-        const Angles before = ViewAngles();
-        press();
-        EXPECT_EQ(ViewAngles(), before);
-      }
-    }
-  }
-  // A key that is printed in a menu and is none.
-  const int32_t rapids = View().view.RapidVisible;
-  Press(Qt::Key_F12);
-  EXPECT_EQ(View().view.RapidVisible, rapids);
-}
-
-TEST_F(MainWindowTest, EveryToolButtonReachesItsCommandOrIsDisabled) {
-  Load();
-  const std::map<int, Effect> effects = Effects();
-  const QList<QAction*> actions = window->findChild<QToolBar*>()->actions();
-  ASSERT_EQ(static_cast<size_t>(actions.size()), ToolBar().size());
-  for (size_t i = 0; i < ToolBar().size(); ++i) {
-    QAction* const action = actions[static_cast<qsizetype>(i)];
-    SCOPED_TRACE(ToolBar()[i].text);
-    EXPECT_EQ(action->isSeparator(), ToolBar()[i].id == 0);
-    if (action->isSeparator()) continue;
-    EXPECT_FALSE(action->icon().isNull());
-    const auto effect = effects.find(ToolBar()[i].id);
-    ASSERT_EQ(action->isEnabled(), effect != effects.end());
-    if (action->isEnabled()) effect->second([action] { action->trigger(); });
-  }
 }
 
 TEST_F(MainWindowTest, AnotherWindowHasAProgramAndAViewOfItsOwn) {
@@ -346,7 +143,8 @@ TEST_F(MainWindowTest, TheFourFilesOpenedLastAreOffered) {
   Settle();
   QStringList offered;
   QAction* second = nullptr;
-  for (QAction* const entry : Named(window->menuBar()->actions(), "&File")->menu()->actions()) {
+  for (QAction* const entry :
+       ShownAction(window->menuBar()->actions(), "&File")->menu()->actions()) {
     if (!entry->isVisible() || !entry->text().contains("ncdata")) continue;
     offered << entry->text();
     if (offered.size() == 2) second = entry;
@@ -403,11 +201,6 @@ TEST_F(MainWindowTest, AMarkedEntryShowsItsPrompt) {
     Entry(row)->showStatusText(window.get());
     EXPECT_EQ(window->statusBar()->currentMessage(), prompt);
   }
-}
-
-TEST_F(MainWindowTest, ExitClosesTheWindow) {
-  window->RunCommand(kExit);
-  EXPECT_FALSE(window->isVisible());
 }
 
 }  // namespace
