@@ -112,18 +112,5 @@ TEST_F(Start, AnEnvironmentThatDoesNotExist) {
   EXPECT_EQ(files.opened[1], "\\fileext.txt");
 }
 
-// Windows share the program-wide state and nothing else.
-TEST_F(Start, ASecondWindow) {
-  CTVXApp app(&files, &ui);
-  app.InitApplication();
-  CTVXView first(&app);
-  first.job.MaxFeed = 77;
-  app.configuration.WorkDir = "e:\\later";
-  CTVXView second(&app);
-  EXPECT_EQ(second.job.MaxFeed, 1000);
-  EXPECT_EQ(second.job.WorkDir, "e:\\later");
-  EXPECT_EQ(first.job.WorkDir, "c:\\marlo\\ncdata");
-}
-
 }  // namespace
 }  // namespace tvx
