@@ -163,6 +163,7 @@ SendOptionFace::SendOptionFace(CSendOptionDlg* dialog, QWidget* parent)
   AddButton(row, CSendOptionDlg::kCalculatorButton, then(&CSendOptionDlg::OpenCalculator));
   AddClosingButtons(
       column, "OK", [this] { Accept(); }, "Cancel", [this] { reject(); });
+  minFeed_->setFocus();  // the feeds are what most users come for
   Show();
 }
 

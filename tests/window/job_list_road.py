@@ -1,0 +1,127 @@
+"""A whole job by the keys alone: three files with different options, key codes on one of them, the saved
+list, and the run, of which the window then shows the last file."""
+import shutil
+
+from driver import EXAMPLES, expect
+
+PROGRAMS = ("cavity_roughing.nc", "finishing_raster.nc", "pocket_arcs.nc", "steep_walls.nc")
+RASTER, POCKET, WALLS = 1, 2, 3  # rows of the file list
+
+# What Tab goes through in the job dialog.
+STOPS = ("tree", "files", "mask", "삽입", "삭제", "청소", "화일정보", "미리보기", "편집", "저장", "읽기", "TVX",
+         "화일확장자", "jobs", "information", "K추가", "K삽입", "K삭제", "K수정", "K저장", "K읽기", "M30삭제",
+         "재전송", "AFA 설정", "전송", "전송 취소")
+JOB_DIALOG, PAD = "전송", "Key code를 입력하시요 !!"
+
+CONDITION = ("Afa ON TD 10.0 SD 5.0 CMIA 10.0 CMAR {0:.2f} SMIA 10.0 SMAR {0:.2f} CCC ON ZUDC ON"
+             " MAT STEEL(S45C) MAF {1} AF 1000 CW 1.00 0.70 0.30 SW 1.00 0.70 0.30")
+
+
+def entry(name, restart, condition, key_codes=""):
+    size = (EXAMPLES / name).stat().st_size
+    return (rf"File {name} Dir c:\marlo\ncdata FS {size} M30 ON RT {restart} "
+            f"{CONDITION.format(*condition)}{key_codes}")
+
+
+LINES = [
+    entry("finishing_raster.nc", "OFF", (0.1, 1000)),
+    entry("pocket_arcs.nc", "OFF", (0.25, 2400), " KeyCode G54 M03"),
+    entry("steep_walls.nc", "ON 1 120", (0.25, 2400)),
+]
+
+
+class Keys:
+    """The keys in the job dialog, which starts at the tree."""
+
+    def __init__(self, screen):
+        self.screen, self.at = screen, 0
+
+    def go(self, stop, *keys):
+        """Tabs to a control, the shorter way round, and presses keys there."""
+        place = STOPS.index(stop)
+        tab = "Tab" if place > self.at else "shift+Tab"
+        self.screen.key(*[tab] * abs(place - self.at), *keys)
+        self.at = place
+
+    def insert(self, row):
+        """Selects a row of the file list and puts it at the end of the job."""
+        self.go("files", "Home", *["Down"] * row, "Return")
+
+
+def run(screen, picture=lambda name: None):
+    screen.data.mkdir(parents=True)
+    for name in PROGRAMS:
+        shutil.copy(EXAMPLES / name, screen.data)
+    screen.start()
+    screen.key("alt+f", "Right", "Down", "Down", "Return")
+    screen.wait_for_window(JOB_DIALOG)
+    keys = Keys(screen)
+    picture("opened")
+    keys.insert(RASTER)
+    set_condition(screen, keys, picture)
+    keys.insert(POCKET)
+    set_restart(screen, keys, picture)
+    keys.insert(WALLS)
+    add_key_codes(screen, keys, picture)
+    keys.go("jobs", "Home")
+    keys.go("미리보기", "space")
+    picture("preview")
+    keys.go("저장", "space")
+    screen.wait_until("the list is saved", lambda: saved_list(screen) == LINES)
+    keys.go("전송", "space")
+    screen.wait_for_window("TVX - [TVX1]")
+    shows_the_last_file(screen)
+    picture("run")
+
+
+def set_condition(screen, keys, picture):
+    """A higher feed for the files to come."""
+    keys.go("AFA 설정", "space")
+    screen.wait_for_window("전송 dialog")
+    screen.fill("600")
+    screen.key("Tab")
+    screen.fill("2400")
+    picture("condition")
+    screen.key("Return")
+    screen.wait_for_window(JOB_DIALOG)
+
+
+def set_restart(screen, keys, picture):
+    keys.go("재전송", "space")
+    screen.wait_for_window("재전송")
+    screen.key("Up", "Up", "Up", "Tab")
+    screen.fill("120")
+    picture("restart")
+    screen.key("Return")
+    screen.wait_for_window(JOB_DIALOG)
+
+
+def add_key_codes(screen, keys, picture):
+    """Two of them to the second entry."""
+    keys.go("jobs", "Home", "Down")
+    for code in ("G54", "M03"):
+        keys.go("K추가", "space")
+        screen.wait_for_window(PAD)
+        screen.fill(code)
+        if code == "G54":
+            picture("pad")
+        screen.key("Return")
+        screen.wait_for_window(JOB_DIALOG)
+    picture("key_codes")
+
+
+def saved_list(screen):
+    """The entries of the saved list, with single blanks between the words."""
+    path = screen.home / "drive_c" / "marlo" / "FList1.txt"
+    if not path.exists():
+        return None
+    return [" ".join(line.split()) for line in path.read_text("cp949").splitlines()]
+
+
+def shows_the_last_file(screen):
+    """With the options of its line."""
+    program = screen.data / "steep_walls.nc"
+    options = {"MaxFeed": 2400, "PlungeFeed": 1000, "CornerMaxRatio": 0.25, "SlopeMaxRatio": 0.25}
+    settings = [word for name, value in options.items() for word in ("--set", f"{name}={value}")]
+    screen.wait_for_drawing("--view", "4", "--afa", *settings, program=program)
+    expect("the list has not changed", saved_list(screen) == LINES)
