@@ -1,6 +1,7 @@
 // tvx-cli run: the multi-file run over a job list.
 
 #include <cstdio>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -13,9 +14,14 @@
 #include "cli/output.h"
 #include "cli/params.h"
 #include "jobs/job_list.h"
+#include "platform/drives.h"
 #include "platform/format.h"
 #include "platform/scan.h"
 #include "platform/text.h"
+#include "reports/cut_time_list.h"
+#include "reports/job_list_file.h"
+#include "reports/spreadsheet_export.h"
+#include "reports/text_report.h"
 #include "shell/job_list_run.h"
 
 namespace tvx {
@@ -85,8 +91,7 @@ void AcceptList(const JobList& list, bool pictures, CTVXView* view) {
 void PrintTable(const ResultTable& results) {
   float total = 0;
   Print("  cut mm  rapid mm   cut min  rapid min  total min  feed  file\n");
-  for (int32_t i = 0; i < results.entryCount; ++i) {
-    const CutTimeEntry& entry = results.entries[static_cast<size_t>(i)];
+  for (const CutTimeEntry& entry : results.Recorded()) {
     Print(Format("%8.1f  %8.1f  %8.2f  %9.2f  %9.2f  %4d  %s\n", entry.cutLength, entry.rapidLength,
                  entry.cutMinutes, entry.rapidMinutes, entry.totalMinutes, entry.averageFeed,
                  entry.fileName.c_str()));
@@ -97,26 +102,101 @@ void PrintTable(const ResultTable& results) {
 
 Json ResultsJson(const ResultTable& results) {
   Json array = Json::array();
-  for (int32_t i = 0; i < results.entryCount; ++i) {
-    array.push_back(FieldsJson(results.entries[static_cast<size_t>(i)], EntryFields()));
+  for (const CutTimeEntry& entry : results.Recorded()) {
+    array.push_back(FieldsJson(entry, EntryFields()));
   }
   return array;
+}
+
+void PrintInformation(const ResultTable& results) {
+  const char* between = "";
+  for (const CutTimeEntry& entry : results.Recorded()) {
+    Print(between);
+    for (const std::string& text : CutTimeListLines(entry)) Print(text + "\n");
+    between = "\n";
+  }
+}
+
+// The files to write from the results, as named on the command line.
+struct Outputs {
+  std::optional<std::string> report, list, listCopy, sheet;
+
+  void AddTo(CommandLine* line) {
+    line->AddOption("--report", &report, "OUT.tvx: write the text report");
+    line->AddOption("--list", &list, "OUT.mcf: write the job list file");
+    line->AddOption("--list-copy", &listCopy,
+                    "OUT.mcf: write the job list file and copy the files of the list beside it");
+    line->AddOption("--sheet", &sheet, "FILE: fill the first sheet of a workbook and save it");
+  }
+};
+
+// The full drive path of a file to write.
+std::string OutputPath(const Host& host, const std::string& argument) {
+  return NormalDrivePath(host.DrivePath(argument));
+}
+
+void WriteOutput(const Host& host, const std::optional<std::string>& argument,
+                 const std::function<bool(const std::string& path)>& write) {
+  if (!argument) return;
+  const std::string path = OutputPath(host, *argument);
+  if (!write(path)) throw Failure{*argument, WriteProblem(host, path)};
+}
+
+// Returns false if a file could not be copied, which stops nothing.
+bool ReportFailedCopies(const std::vector<FailedCopy>& failed) {
+  for (const FailedCopy& copy : failed) {
+    std::fprintf(stderr, "tvx-cli: %s: cannot be copied to %s\n", copy.source.c_str(),
+                 copy.destination.c_str());
+  }
+  return failed.empty();
+}
+
+void WriteSheet(const std::string& argument, const Host& host, ResultTable* results) {
+  const auto program = host.app.spreadsheets->Start(SpreadsheetForm::kFile);
+  if (program == nullptr) throw Failure{argument, kNoSpreadsheetProgram};
+  if (!WriteSpreadsheetFile(OutputPath(host, argument), results, program.get())) {
+    throw Failure{argument, "cannot be filled and saved"};
+  }
+}
+
+// The spreadsheet comes last, since it cuts the figures of the results down. Returns false if a
+// part of it failed and the rest was done.
+bool WriteOutputs(const Outputs& outputs, const Host& host, ResultTable* results) {
+  Files* const files = host.files.get();
+  std::vector<FailedCopy> failed;
+  WriteOutput(host, outputs.report,
+              [&](const std::string& path) { return WriteTextReportFile(path, *results, files); });
+  WriteOutput(host, outputs.list,
+              [&](const std::string& path) { return WriteJobListFile(path, *results, files); });
+  WriteOutput(host, outputs.listCopy, [&](const std::string& path) {
+    return WriteJobListFileCopy(path, *results, files, &failed);
+  });
+  const bool copied = ReportFailedCopies(failed);
+  if (outputs.sheet) {
+    ShowProgress(*outputs.sheet + ": filling");
+    WriteSheet(*outputs.sheet, host, results);
+  }
+  return copied;
 }
 
 }  // namespace
 
 int RunJobs(const Call& call) {
   Params params;
-  bool json = false, pictures = false, noPictures = false;
+  Outputs outputs;
+  bool json = false, information = false, pictures = false, noPictures = false;
   std::string argument;
   CommandLine line(call, "Runs a job list: a .mcf list, or a saved list (any other ending).");
   params.AddTo(&line);
   line.AddFlag("--json", &json, "print one JSON document");
+  line.AddFlag("--info", &information, "print the lines of the cut-time list for each file");
+  outputs.AddTo(&line);
   line.AddFlag("--pictures", &pictures, "write a picture of each file into the current folder");
   line.AddFlag("--no-pictures", &noPictures, "write none (the default)");
   line.AddArgument("LIST", &argument, "job list");
   line.Parse();
   params.Check();
+  if (json && information) throw WrongCall{"--json and --info exclude each other"};
 
   Host host(call);
   const JobList list = ReadList(host, host.ReadablePath(argument), argument);
@@ -128,10 +208,13 @@ int RunJobs(const Call& call) {
   ShowProgress("");
   if (json) {
     Print(JsonText(ResultsJson(view.results)));
+  } else if (information) {
+    PrintInformation(view.results);
   } else {
     PrintTable(view.results);
   }
-  return report.failed() ? 1 : 0;
+  const bool complete = WriteOutputs(outputs, host, &view.results);
+  return report.failed() || !complete ? 1 : 0;
 }
 
 }  // namespace tvx

@@ -3,6 +3,7 @@
 #include "desktop/calculator_face.h"
 #include "desktop/command_pad_face.h"
 #include "desktop/condition_faces.h"
+#include "desktop/cut_time_list_face.h"
 #include "desktop/file_info_face.h"
 #include "desktop/job_faces.h"
 #include "desktop/master_face.h"
@@ -28,13 +29,14 @@ FaceMaker MakerOf() {
 }
 
 const FaceMaker kFaces[] = {
-    MakerOf<CCommandPadDlg, CommandPadFace>(), MakerOf<CFileInfoDlg, FileInfoFace>(),
-    MakerOf<CDirSetupDlg, DirSetupFace>(),     MakerOf<CTextInputDlg, TextInputFace>(),
-    MakerOf<CDirListDlg, DirListFace>(),       MakerOf<COptionDlg, OptionFace>(),
-    MakerOf<CMasterDlg, MasterFace>(),         MakerOf<CAutoFeedDlg, AutoFeedFace>(),
-    MakerOf<CAfaSetupDlg, AfaSetupFace>(),     MakerOf<CSendOptionDlg, SendOptionFace>(),
-    MakerOf<CTransferDlg, TransferFace>(),     MakerOf<CKeyCodeDlg, KeyCodeFace>(),
-    MakerOf<CRestartDlg, RestartFace>(),       MakerOf<CGetFeedDlg, CalculatorFace>(),
+    MakerOf<CCommandPadDlg, CommandPadFace>(),   MakerOf<CFileInfoDlg, FileInfoFace>(),
+    MakerOf<CDirSetupDlg, DirSetupFace>(),       MakerOf<CTextInputDlg, TextInputFace>(),
+    MakerOf<CDirListDlg, DirListFace>(),         MakerOf<COptionDlg, OptionFace>(),
+    MakerOf<CMasterDlg, MasterFace>(),           MakerOf<CAutoFeedDlg, AutoFeedFace>(),
+    MakerOf<CAfaSetupDlg, AfaSetupFace>(),       MakerOf<CSendOptionDlg, SendOptionFace>(),
+    MakerOf<CTransferDlg, TransferFace>(),       MakerOf<CKeyCodeDlg, KeyCodeFace>(),
+    MakerOf<CRestartDlg, RestartFace>(),         MakerOf<CGetFeedDlg, CalculatorFace>(),
+    MakerOf<CCutTimeListDlg, CutTimeListFace>(),
 };
 
 const FaceMaker* FindFace(const Dialog& dialog) {

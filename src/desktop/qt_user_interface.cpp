@@ -86,13 +86,13 @@ bool QtUserInterface::ChooseFile(const FileQuestion& question, std::string* path
   QFileDialog chooser(Parent());
   chooser.setDirectory(StartDirectory(question));
   chooser.setAcceptMode(question.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-  chooser.setFileMode(question.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-  if (!question.title.empty()) {
-    chooser.setWindowTitle(Translated(question.title));
-    chooser.setLabelText(QFileDialog::Accept, Translated(question.title));
+  const bool takesNewNames = question.save && !question.mustExist;
+  chooser.setFileMode(takesNewNames ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  if (!question.title.empty()) chooser.setWindowTitle(Translated(question.title));
+  if (!question.acceptLabel.empty()) {
+    chooser.setLabelText(QFileDialog::Accept, Translated(question.acceptLabel));
   }
-  // Whether an older file may be replaced is for the command to ask, where it does.
-  chooser.setOption(QFileDialog::DontConfirmOverwrite);
+  chooser.setOption(QFileDialog::DontConfirmOverwrite, !question.confirmsOverwrite);
   const std::string name = NameOf(question.fileName);
   if (!question.filter.empty()) chooser.setNameFilter(ToQtFilter(question.filter));
   if (question.filter.empty() && IsFilter(name)) chooser.setNameFilter(ToQt(name));

@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#include "platform/text.h"
+
 namespace tvx {
 
 namespace {
@@ -39,13 +41,6 @@ constexpr Label kLabels[] = {
     {"Afa조건:", "Afa:"},
     {"도 가중치", " deg weight"},
 };
-
-void ReplaceAll(std::string_view from, std::string_view to, std::string* text) {
-  for (size_t at = text->find(from); at != std::string::npos; at = text->find(from, at)) {
-    text->replace(at, from.size(), to);
-    at += to.size();
-  }
-}
 
 }  // namespace
 

@@ -155,4 +155,12 @@ std::string EncodeCp949(std::string_view utf8) {
   return result;
 }
 
+void ReplaceAll(std::string_view from, std::string_view to, std::string* text) {
+  if (from.empty()) return;
+  for (size_t at = text->find(from); at != std::string::npos; at = text->find(from, at)) {
+    text->replace(at, from.size(), to);
+    at += to.size();
+  }
+}
+
 }  // namespace tvx

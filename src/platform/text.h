@@ -22,4 +22,8 @@ inline size_t CharacterEnd(std::string_view utf8, size_t at) {
   return at;
 }
 
+// Replaces every occurrence of a text, from the front, and goes on behind what it put in. Nothing
+// happens for an empty `from`.
+void ReplaceAll(std::string_view from, std::string_view to, std::string* text);
+
 }  // namespace tvx

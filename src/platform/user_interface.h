@@ -27,11 +27,14 @@ struct Message {
 
 struct FileQuestion {
   bool save = false;                  // the save form: a name that does not exist can be typed
+  bool mustExist = false;             // the save form, but only for a file that exists
+  bool confirmsOverwrite = false;     // the user is asked before an existing file is taken
   std::string defaultExtension = {};  // without a dot; empty for none
-  std::string fileName = {};   // preset; may hold a directory to start in, and a mask ("*.afa")
-  std::string filter = {};     // "Nc file (*.nc)|*.nc|...||"; empty for none
-  std::string directory = {};  // drive path to start in; empty for the current directory
-  std::string title = {};      // says what is chosen; empty for the chooser's own word of the form
+  std::string fileName = {};     // preset; may hold a directory to start in, and a mask ("*.afa")
+  std::string filter = {};       // "Nc file (*.nc)|*.nc|...||"; empty for none
+  std::string directory = {};    // drive path to start in; empty for the current directory
+  std::string title = {};        // of the window; empty for the chooser's own words of the form
+  std::string acceptLabel = {};  // of the accepting button; empty as above
 };
 
 // How the program reaches its user. The desktop shows windows, the command-line tool prints

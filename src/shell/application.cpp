@@ -4,8 +4,13 @@
 
 namespace tvx {
 
-CTVXApp::CTVXApp(Files* theFiles, UserInterface* theUi, Programs* thePrograms)
-    : files(theFiles), ui(theUi), programs(thePrograms), sendOptions(theFiles, theUi) {}
+CTVXApp::CTVXApp(Files* theFiles, UserInterface* theUi, Programs* thePrograms,
+                 Spreadsheets* theSpreadsheets)
+    : files(theFiles),
+      ui(theUi),
+      programs(thePrograms),
+      spreadsheets(theSpreadsheets),
+      sendOptions(theFiles, theUi) {}
 
 int CTVXApp::InitApplication(int32_t language) {
   LabelLanguage = language;

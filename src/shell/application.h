@@ -13,6 +13,7 @@
 #include "platform/files.h"
 #include "platform/programs.h"
 #include "platform/user_interface.h"
+#include "reports/spreadsheet.h"
 #include "shell/configuration.h"
 #include "shell/user_keys.h"
 
@@ -22,7 +23,8 @@ namespace tvx {
 class CTVXApp {
  public:
   // All outlive the application.
-  CTVXApp(Files* files, UserInterface* ui, Programs* programs = NoPrograms());
+  CTVXApp(Files* files, UserInterface* ui, Programs* programs = NoPrograms(),
+          Spreadsheets* spreadsheets = NoSpreadsheets());
 
   // The start of the program: sets the language of the labels, then reads configuration, lists and
   // user keys in their order. Files that are missing are no failure. Returns 1.
@@ -31,6 +33,7 @@ class CTVXApp {
   Files* const files;
   UserInterface* const ui;
   Programs* const programs;
+  Spreadsheets* const spreadsheets;
 
   Configuration configuration;
   std::vector<std::string> ExtensionList;

@@ -9,7 +9,8 @@ namespace tvx {
 CTVXView::CTVXView(CTVXApp* theApp)
     : app(theApp),
       optionDialog(theApp->files, theApp->ui),
-      transferDialog(&theApp->UserKeys, theApp->files, theApp->ui) {
+      transferDialog(&theApp->UserKeys, theApp->files, theApp->ui),
+      cutTimeList(&results, theApp->files, theApp->ui, theApp->spreadsheets) {
   SetDefaults();
   ReadFiles();
 }

@@ -8,6 +8,7 @@
 #include "jobs/transfer_dialog.h"
 #include "model/job_record.h"
 #include "model/loader.h"
+#include "reports/cut_time_list.h"
 #include "shell/application.h"
 #include "stats/file_information.h"
 #include "stats/result_table.h"
@@ -37,6 +38,7 @@ class CTVXView {
   JobRecord job;          // the working record: the parameters in force
   CFileInfoDlg fileInfo;  // with the current result
   ResultTable results;
+  CCutTimeListDlg cutTimeList;  // shows the table
   CMasterDlg masterDialog;
   MasterGrid masterGrid;  // the master model
 

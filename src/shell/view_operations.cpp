@@ -32,7 +32,8 @@ void Load(CTVXView* view, int /*argument*/) {
                               .fileName = "",
                               .filter = "Nc file (*.nc)|*.nc|모든 화일(*.*)|*.*||",
                               .directory = "",
-                              .title = "불러오기"};
+                              .title = "불러오기",
+                              .acceptLabel = "불러오기"};
   if (view->app->ui->ChooseFile(question, &path)) LoadProgram(view, path);
 }
 
@@ -48,6 +49,11 @@ void MakePicture(CTVXView* view, int /*argument*/) {
   WritePicture(WithoutDirectory(path), SceneOf(view), view->app->files);
 }
 
+void ShowResultList(CTVXView* view, int /*argument*/) {
+  view->cutTimeList.Open();
+  view->app->ui->RunModal(&view->cutTimeList);
+}
+
 struct Operation {
   Action action;
   void (*run)(CTVXView* view, int argument);
@@ -59,6 +65,7 @@ const Operation kOperations[] = {
     {Action::kWritePicture, &MakePicture},
     {Action::kRunJobList, [](CTVXView* view, int) { RunJobList(view); }},
     {Action::kSingleCutTime, [](CTVXView* view, int) { SingleCutTimeCommand(view); }},
+    {Action::kResultList, &ShowResultList},
     {Action::kMasterBuild, [](CTVXView* view, int) { MakeMasterCommand(MasterContextOf(view)); }},
     {Action::kMasterDelete,
      [](CTVXView* view, int) { DeleteMaster(&view->masterGrid, view->app->ui); }},

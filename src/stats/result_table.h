@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "model/result_entry.h"
@@ -15,6 +16,12 @@ inline constexpr size_t kResultEntries = 300;
 struct ResultTable {
   std::vector<CutTimeEntry> entries = std::vector<CutTimeEntry>(kResultEntries);
   int32_t entryCount = 0;  // entries from index 0 that are valid
+
+  // The valid entries.
+  std::span<CutTimeEntry> Recorded() { return {entries.data(), static_cast<size_t>(entryCount)}; }
+  std::span<const CutTimeEntry> Recorded() const {
+    return {entries.data(), static_cast<size_t>(entryCount)};
+  }
 };
 
 }  // namespace tvx

@@ -1,0 +1,103 @@
+#include "desktop/cut_time_list_face.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+#include "desktop/qt_text.h"
+
+namespace tvx {
+
+namespace {
+
+void ShowRows(QListWidget* list, const std::vector<std::string>& rows) {
+  const QSignalBlocker blocker(list);
+  list->clear();
+  for (const std::string& row : rows) list->addItem(ToQt(row));
+}
+
+// A list under its heading.
+QListWidget* AddList(const char* heading, QSplitter* splitter) {
+  auto* const box = new QWidget(splitter);
+  auto* const column = new QVBoxLayout(box);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->addWidget(new QLabel(heading, box));
+  auto* const list = new QListWidget(box);
+  column->addWidget(list, 1);
+  splitter->addWidget(box);
+  return list;
+}
+
+}  // namespace
+
+CutTimeListFace::CutTimeListFace(CCutTimeListDlg* dialog, QWidget* parent)
+    : Face(CCutTimeListDlg::kTitle, parent), dialog_(dialog) {
+  resize(820, 620);
+  setSizeGripEnabled(true);
+  auto* const row = new QHBoxLayout(this);
+  row->addWidget(BuildLists(), 1);
+
+  auto* const buttons = new QVBoxLayout;
+  AddButton(buttons, "OK", [this] { accept(); })->setDefault(true);
+  AddButton(buttons, "Cancel", [this] { reject(); });
+  buttons->addSpacing(16);
+  for (const CCutTimeListDlg::Button& button : CCutTimeListDlg::Buttons()) {
+    AddButton(buttons, button.caption, [this, &button] { Press(button); });
+  }
+  buttons->addStretch(1);
+  row->addLayout(buttons);
+  Show();
+}
+
+QWidget* CutTimeListFace::BuildLists() {
+  auto* const box = new QWidget(this);
+  auto* const column = new QVBoxLayout(box);
+  column->setContentsMargins(0, 0, 0, 0);
+  auto* const splitter = new QSplitter(Qt::Horizontal, box);
+  splitter->setChildrenCollapsible(false);
+  files_ = AddList(CCutTimeListDlg::kFileHeading, splitter);
+  information_ = AddList(CCutTimeListDlg::kInformationHeading, splitter);
+  splitter->setStretchFactor(0, 2);
+  splitter->setStretchFactor(1, 3);
+  column->addWidget(splitter, 1);
+  // Not the current row: the first one becomes that by the mere focus.
+  connect(files_, &QListWidget::itemSelectionChanged, this, [this] {
+    const QModelIndexList rows = files_->selectionModel()->selectedRows();
+    dialog_->Select(rows.isEmpty() ? -1 : rows.constFirst().row());
+    ShowRows(information_, dialog_->information);
+  });
+
+  auto* const totalRow = new QHBoxLayout;
+  auto* const label = new QLabel(CCutTimeListDlg::kTotalLabel, box);
+  total_ = new QLineEdit(box);
+  total_->setReadOnly(true);
+  total_->setAlignment(Qt::AlignRight);
+  label->setBuddy(total_);
+  totalRow->addWidget(label);
+  totalRow->addWidget(total_);
+  totalRow->addStretch(1);
+  column->addLayout(totalRow);
+  return box;
+}
+
+void CutTimeListFace::Press(const CCutTimeListDlg::Button& button) {
+  End((dialog_->*button.press)());
+  Show();
+}
+
+void CutTimeListFace::Show() {
+  ShowRows(files_, dialog_->fileNames);
+  {
+    const QSignalBlocker blocker(files_);
+    files_->setCurrentRow(dialog_->selected);
+  }
+  ShowRows(information_, dialog_->information);
+  total_->setText(ToQt(dialog_->TotalTimeText()));
+}
+
+}  // namespace tvx

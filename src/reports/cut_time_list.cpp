@@ -1,0 +1,109 @@
+#include "reports/cut_time_list.h"
+
+#include <algorithm>
+
+#include "platform/format.h"
+#include "reports/job_list_file.h"
+#include "reports/spreadsheet_export.h"
+#include "reports/text_report.h"
+#include "stats/entry_lines.h"
+
+namespace tvx {
+
+namespace {
+
+constexpr int kRapidLengthDecimals = 3;
+constexpr int kNoFile = -1;
+
+void Append(const std::vector<std::string>& more, std::vector<std::string>* lines) {
+  lines->insert(lines->end(), more.begin(), more.end());
+}
+
+}  // namespace
+
+std::vector<std::string> CutTimeListLines(const CutTimeEntry& entry) {
+  std::vector<std::string> lines = {"Dir : " + entry.dirName};
+  Append(RestartLines(entry), &lines);
+  Append(ConditionLines(entry, ""), &lines);
+  Append(FigureLines(entry, kRapidLengthDecimals), &lines);
+  lines.push_back("그림화일 " + entry.pictureName);
+  return lines;
+}
+
+std::span<const CCutTimeListDlg::Button> CCutTimeListDlg::Buttons() {
+  static constexpr Button kButtons[] = {
+      {"청소", &CCutTimeListDlg::Clear},
+      {"화일삭제", &CCutTimeListDlg::DeleteSelected},
+      {"화일 출력", &CCutTimeListDlg::WriteReport},
+      {"AFA 출력", &CCutTimeListDlg::WriteList},
+      {"AFA 출력, Copy", &CCutTimeListDlg::WriteListCopy},
+      {"스프레드시트 출력", &CCutTimeListDlg::Export},
+  };
+  return kButtons;
+}
+
+void CCutTimeListDlg::Open() {
+  information.clear();
+  Fill();
+}
+
+void CCutTimeListDlg::Fill() {
+  fileNames.clear();
+  selected = kNoFile;
+  totalTime = 0;
+  for (const CutTimeEntry& entry : results_->Recorded()) {
+    fileNames.push_back(entry.fileName);
+    totalTime += entry.totalMinutes;
+  }
+}
+
+void CCutTimeListDlg::Select(int index) {
+  const auto recorded = results_->Recorded();
+  const bool isEntry = index >= 0 && static_cast<size_t>(index) < recorded.size();
+  selected = isEntry ? index : kNoFile;
+  if (isEntry) information = CutTimeListLines(recorded[static_cast<size_t>(index)]);
+}
+
+Closing CCutTimeListDlg::Clear() {
+  results_->entryCount = 0;
+  return Closing::kAccepted;
+}
+
+Closing CCutTimeListDlg::DeleteSelected() {
+  if (selected == kNoFile) {
+    ui_->ShowMessage({.text = "화일이 선택되지 않아습니다!!!\n", .caption = "DNC message"});
+    return Closing::kStaysOpen;
+  }
+  const auto recorded = results_->Recorded();
+  std::copy(recorded.begin() + selected + 1, recorded.end(), recorded.begin() + selected);
+  recorded.back().fileName.clear();
+  --results_->entryCount;
+  Fill();
+  return Closing::kStaysOpen;
+}
+
+Closing CCutTimeListDlg::WriteReport() {
+  WriteTextReport(*results_, files_, ui_);
+  return Closing::kStaysOpen;
+}
+
+Closing CCutTimeListDlg::WriteList() {
+  WriteJobList(*results_, files_, ui_);
+  return Closing::kStaysOpen;
+}
+
+Closing CCutTimeListDlg::WriteListCopy() {
+  WriteJobListCopy(*results_, files_, ui_);
+  return Closing::kStaysOpen;
+}
+
+Closing CCutTimeListDlg::Export() {
+  ExportSpreadsheet(results_, spreadsheets_, ui_);
+  return Closing::kStaysOpen;
+}
+
+std::string CCutTimeListDlg::TotalTimeText() const {
+  return Format("%.2f", totalTime);
+}
+
+}  // namespace tvx

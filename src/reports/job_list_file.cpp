@@ -1,0 +1,136 @@
+#include "reports/job_list_file.h"
+
+#include "jobs/option_line.h"
+#include "platform/scan.h"
+#include "platform/text.h"
+
+namespace tvx {
+
+namespace {
+
+constexpr char kMasterWord[] = "MMA";
+constexpr char kAnyDrive = 'X';
+
+// The path up to its last backslash, without it.
+std::string DirectoryOf(const std::string& path) {
+  const size_t slash = path.find_last_of('\\');
+  return slash == std::string::npos ? "" : path.substr(0, slash);
+}
+
+std::string NameOf(const std::string& path) {
+  return path.substr(path.find_last_of('\\') + 1);
+}
+
+// Gives a line the directory of the list. Returns the one that it had.
+std::string ReplaceDirectory(const std::string& listDirectory, std::string* line) {
+  std::string directory;
+  LineDirectory(*line, &directory);
+  ReplaceAll(directory, DriveForm(listDirectory), line);
+  return directory;
+}
+
+std::string EntryText(const CutTimeEntry& entry, const std::string& line) {
+  return EncodeCp949("File " + entry.fileName + " " + line + " \r\n");
+}
+
+// Copies the files of the entries into the directory of a list.
+class Copier {
+ public:
+  Copier(std::string directory, Files* files, std::vector<FailedCopy>* failed)
+      : directory_(std::move(directory)), files_(files), failed_(failed) {}
+
+  // Copies the master model that a line names, unless one of its name is there, and has the line
+  // name the copy.
+  void CopyMaster(std::string* line) {
+    std::string source;
+    if (!LineMasterFile(*line, &source)) return;
+    const std::string destination = directory_ + "\\" + NameOf(source);
+    if (!files_->Exists(destination)) Copy(source, destination);
+    ReplaceAll(source, DriveForm(destination), line);
+  }
+
+  // An entry without an option line has no directory to copy from.
+  void CopyProgram(const std::string& sourceDirectory, const std::string& fileName) {
+    if (sourceDirectory.empty()) return;
+    Copy(sourceDirectory + "\\" + fileName, directory_ + "\\" + fileName);
+  }
+
+ private:
+  void Copy(const std::string& source, const std::string& destination) {
+    if (EqualNoCase(source, destination)) return;
+    if (!files_->Copy(source, destination) && failed_ != nullptr) {
+      failed_->push_back({source, destination});
+    }
+  }
+
+  std::string directory_;
+  Files* files_;
+  std::vector<FailedCopy>* failed_;
+};
+
+bool ChooseListFile(UserInterface* ui, std::string* path) {
+  FileQuestion question;
+  question.save = true;
+  question.title = "TVX  화일명을 입력 하시요!!";
+  question.fileName = "*.mcf";
+  question.filter = "TVX file (*.mcf)|*.mcf|모든 화일(*.*)|*.*||";
+  return ui->ChooseFile(question, path);
+}
+
+}  // namespace
+
+std::string DriveForm(std::string directory) {
+  constexpr size_t kDriveLength = 2;
+  if (directory.empty()) return directory;
+  const size_t slash = directory.find('\\');
+  const bool hasDrive = slash != std::string::npos && slash >= kDriveLength;
+  directory[hasDrive ? slash - kDriveLength : 0] = kAnyDrive;
+  return directory;
+}
+
+bool LineMasterFile(std::string_view line, std::string* path) {
+  const size_t at = line.find(kMasterWord);
+  if (at == std::string_view::npos) return false;
+  WordScanner words(line.substr(at));
+  std::string ownWord;
+  words.ReadWord(&ownWord);
+  return words.ReadWord(path);
+}
+
+bool WriteJobListFile(const std::string& path, const ResultTable& results, Files* files) {
+  const auto file = files->Create(path);
+  if (file == nullptr) return false;
+  for (const CutTimeEntry& entry : results.Recorded()) {
+    std::string line = entry.optionLine;
+    ReplaceDirectory(DirectoryOf(path), &line);
+    file->Write(EntryText(entry, line));
+  }
+  return file->Commit();
+}
+
+bool WriteJobListFileCopy(const std::string& path, const ResultTable& results, Files* files,
+                          std::vector<FailedCopy>* failed) {
+  const auto file = files->Create(path);
+  if (file == nullptr) return false;
+  Copier copier(DirectoryOf(path), files, failed);
+  for (const CutTimeEntry& entry : results.Recorded()) {
+    std::string line = entry.optionLine;
+    copier.CopyMaster(&line);
+    const std::string directory = ReplaceDirectory(DirectoryOf(path), &line);
+    file->Write(EntryText(entry, line));
+    copier.CopyProgram(directory, entry.fileName);
+  }
+  return file->Commit();
+}
+
+void WriteJobList(const ResultTable& results, Files* files, UserInterface* ui) {
+  std::string path;
+  if (ChooseListFile(ui, &path)) WriteJobListFile(path, results, files);
+}
+
+void WriteJobListCopy(const ResultTable& results, Files* files, UserInterface* ui) {
+  std::string path;
+  if (ChooseListFile(ui, &path)) WriteJobListFileCopy(path, results, files, nullptr);
+}
+
+}  // namespace tvx

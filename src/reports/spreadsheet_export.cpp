@@ -1,0 +1,142 @@
+#include "reports/spreadsheet_export.h"
+
+#include <cmath>
+
+#include "platform/format.h"
+#include "stats/entry_lines.h"
+
+namespace tvx {
+
+namespace {
+
+using Entry = CutTimeEntry;
+
+struct Column {
+  const char* title;
+  CellValue (*value)(const Entry& entry, size_t number);
+  bool isCondition = false;  // written only for an entry with the feed adjustment
+};
+
+constexpr bool kCondition = true;
+
+CellValue Number(int32_t value) {
+  return static_cast<float>(value);
+}
+
+CellValue MetresCell(float millimetres) {
+  return static_cast<float>(Metres(millimetres));
+}
+
+// A switch, where some columns have a blank behind the word.
+CellValue Switch(int32_t check, const char* behind = "") {
+  return OnOff(check) + std::string(behind);
+}
+
+// The columns from A on.
+const Column kColumns[] = {
+    {"NO", [](const Entry&, size_t number) { return CellValue(static_cast<float>(number)); }},
+    {"Ncdata Name", [](const Entry& e, size_t) { return CellValue(e.fileName); }},
+    {"절삭길이", [](const Entry& e, size_t) { return MetresCell(e.cutLength); }},
+    {"절삭시간", [](const Entry& e, size_t) { return CellValue(e.cutMinutes); }},
+    {"평균절삭속도", [](const Entry& e, size_t) { return Number(e.averageFeed); }},
+    {"급속이송속도", [](const Entry& e, size_t) { return Number(e.RapidFeed); }},
+    {"급속이송길이", [](const Entry& e, size_t) { return MetresCell(e.rapidLength); }},
+    {"급속이송시간", [](const Entry& e, size_t) { return CellValue(e.rapidMinutes); }},
+    {"소요 시간", [](const Entry& e, size_t) { return CellValue(e.totalMinutes); }},
+    {"그림화일",
+     [](const Entry& e, size_t) { return CellValue(e.dirName + "\\" + e.pictureName); }},
+    {"Afa", [](const Entry& e, size_t) { return Switch(e.AfaEnabled); }},
+    {"공구직경", [](const Entry& e, size_t) { return CellValue(e.ToolDiameter); }, kCondition},
+    {"안전거리", [](const Entry& e, size_t) { return CellValue(e.SafetyDistance); }, kCondition},
+    {"코너최소각도", [](const Entry& e, size_t) { return CellValue(e.CornerMinAngle); },
+     kCondition},
+    {"코너최대감속비", [](const Entry& e, size_t) { return CellValue(e.CornerMaxRatio); },
+     kCondition},
+    {"경사최소각도", [](const Entry& e, size_t) { return CellValue(e.SlopeMinAngle); }, kCondition},
+    {"경사최대감속비", [](const Entry& e, size_t) { return CellValue(e.SlopeMaxRatio); },
+     kCondition},
+    {"볼록코너검색", [](const Entry& e, size_t) { return Switch(e.ConCorChk); }, kCondition},
+    {"Z상하향검색", [](const Entry& e, size_t) { return Switch(e.UpDownChk); }, kCondition},
+    {"최대피드", [](const Entry& e, size_t) { return Number(e.MaxFeed); }, kCondition},
+    {"접근피드", [](const Entry& e, size_t) { return Number(e.PlungeFeed); }, kCondition},
+    {"코너가중치", [](const Entry& e, size_t) { return CellValue(CornerWeightsText(e)); },
+     kCondition},
+    {"경사가중치", [](const Entry& e, size_t) { return CellValue(SlopeWeightsText(e)); },
+     kCondition},
+    {"부드러운 피드 변화", [](const Entry& e, size_t) { return Switch(e.FeedChgSmoothCheck, " "); },
+     kCondition},
+    {"XY변화 축소 ON", [](const Entry& e, size_t) { return Switch(e.XyChgReduceCheck, " "); },
+     kCondition},
+    {"마스타 화일 ", [](const Entry& e, size_t) { return CellValue(e.AfaMasterFile); }, kCondition},
+};
+
+// Writes one cell, of a row counted from 1.
+bool PutCell(size_t column, size_t row, const CellValue& value, SpreadsheetApplication* program) {
+  const std::string cell =
+      static_cast<char>('A' + static_cast<int>(column)) + Format("%d", static_cast<int>(row));
+  return program->SelectRange(cell, cell) && program->PutValue(value);
+}
+
+bool PutTitles(SpreadsheetApplication* program) {
+  for (size_t i = 0; i < std::size(kColumns); ++i) {
+    if (!PutCell(i, 1, kColumns[i].title, program)) return false;
+  }
+  return true;
+}
+
+bool PutEntry(const Entry& entry, size_t index, SpreadsheetApplication* program) {
+  constexpr size_t kFirstRow = 2;  // below the titles
+  for (size_t i = 0; i < std::size(kColumns); ++i) {
+    const Column& column = kColumns[i];
+    if (column.isCondition && entry.AfaEnabled != 1) continue;
+    if (!PutCell(i, index + kFirstRow, column.value(entry, index + 1), program)) return false;
+  }
+  return true;
+}
+
+float ToThousandths(float minutes) {
+  return static_cast<float>(std::trunc(minutes * 1000.0) * 0.001);
+}
+
+// Cut down in the table itself, so that lists and reports written later agree with the sheet.
+void CutFigures(Entry* entry) {
+  entry->cutLength = std::trunc(entry->cutLength);
+  entry->rapidLength = std::trunc(entry->rapidLength);
+  entry->cutMinutes = ToThousandths(entry->cutMinutes);
+  entry->rapidMinutes = ToThousandths(entry->rapidMinutes);
+  entry->totalMinutes = ToThousandths(entry->totalMinutes);
+}
+
+}  // namespace
+
+bool FillWorkbook(const std::string& path, ResultTable* results, SpreadsheetApplication* program) {
+  if (!program->OpenWorkbook(path) || !program->SelectSheet(1) || !PutTitles(program)) return false;
+  size_t index = 0;
+  for (Entry& entry : results->Recorded()) {
+    CutFigures(&entry);
+    if (!PutEntry(entry, index, program)) return false;
+    ++index;
+  }
+  return true;
+}
+
+void ExportSpreadsheet(ResultTable* results, Spreadsheets* spreadsheets, UserInterface* ui) {
+  FileQuestion question;
+  question.save = true;
+  question.mustExist = true;
+  question.fileName = "*.xls";
+  question.filter = "Excel file (*.xls)|*.xls|모든 화일(*.*)|*.*||";
+  std::string path;
+  if (!ui->ChooseFile(question, &path)) return;
+  const auto program = spreadsheets->Start(SpreadsheetForm::kInteractive);
+  const bool done = program != nullptr && FillWorkbook(path, results, program.get()) &&
+                    program->SetVisible(true) && program->SetUserControl(true);
+  if (!done) ui->ShowMessage({.text = kNoSpreadsheetProgram});
+}
+
+bool WriteSpreadsheetFile(const std::string& path, ResultTable* results,
+                          SpreadsheetApplication* program) {
+  return FillWorkbook(path, results, program) && program->Save();
+}
+
+}  // namespace tvx

@@ -1,0 +1,85 @@
+#include "reports/text_report.h"
+
+#include "platform/format.h"
+#include "platform/text.h"
+#include "stats/entry_lines.h"
+
+namespace tvx {
+
+namespace {
+
+constexpr char kLineEnd[] = "\r\n";
+constexpr int kRapidLengthDecimals = 3;
+
+void AddLine(const std::string& line, std::string* report) {
+  *report += kLineEnd + ("\t" + line);
+}
+
+// Unlike the windows: three decimals, the upper bound of the Z area first, and the tolerance of a
+// point on a line of its own.
+void AddRestart(const CutTimeEntry& entry, std::string* report) {
+  if (entry.RestartOn != 1) {
+    AddLine("Restart OFF", report);
+    return;
+  }
+  AddLine("Restart ON", report);
+  switch (entry.RestartKind) {
+    case 1:
+      AddLine(Format("재전송: 번호-> %d ", entry.RestartNumber), report);
+      break;
+    case 2:
+      AddLine(Format("재전송: 블록-> %d ", entry.RestartNumber), report);
+      break;
+    case 3:
+      AddLine(Format("재전송: Z영역->(%6.3f - %6.3f) ", entry.RestartZMax, entry.RestartZMin),
+              report);
+      break;
+    case 4:
+      AddLine(Format("재전송: 좌표->XYZ(%6.3f, %6.3f, %6.3f)", entry.RestartX, entry.RestartY,
+                     entry.RestartZ),
+              report);
+      AddLine(Format("공차->%6.2f", entry.RestartTolerance), report);
+      break;
+    default:
+      break;
+  }
+}
+
+void AddEntry(const CutTimeEntry& entry, std::string* report) {
+  *report += kLineEnd + ("화일이름 " + entry.fileName);
+  AddLine("Dir : " + entry.dirName + " ", report);
+  AddRestart(entry, report);
+  for (const std::string& line : ConditionLines(entry, "")) AddLine(line, report);
+  for (const std::string& line : FigureLines(entry, kRapidLengthDecimals)) AddLine(line, report);
+  AddLine("그림화일 " + entry.pictureName + kLineEnd, report);
+}
+
+// The chooser may name a directory; the report goes where the program stands.
+std::string WithoutDirectory(const std::string& path) {
+  return path.substr(path.find_last_of('\\') + 1);
+}
+
+}  // namespace
+
+std::string TextReport(const ResultTable& results) {
+  std::string report;
+  for (const CutTimeEntry& entry : results.Recorded()) AddEntry(entry, &report);
+  return report;
+}
+
+bool WriteTextReportFile(const std::string& path, const ResultTable& results, Files* files) {
+  return WriteWholeFile(files, path, EncodeCp949(TextReport(results)));
+}
+
+void WriteTextReport(const ResultTable& results, Files* files, UserInterface* ui) {
+  FileQuestion question;
+  question.save = true;
+  question.confirmsOverwrite = true;
+  question.fileName = "*.tvx";
+  question.filter = "TVX file (*.tvx)|*.tvx|모든 화일(*.*)|*.*||";
+  std::string path;
+  if (!ui->ChooseFile(question, &path)) return;
+  WriteTextReportFile(WithoutDirectory(path), results, files);
+}
+
+}  // namespace tvx
