@@ -719,5 +719,51 @@
         <source>프로그램을 다시 불러와야 합니다.</source>
         <translation>The program has to be loaded again.</translation>
     </message>
+    <message>
+        <source>그림화일 </source>
+        <translation>Picture file </translation>
+    </message>
+    <message>
+        <source>화일삭제</source>
+        <translation>Remove file</translation>
+    </message>
+    <message>
+        <source>화일 출력</source>
+        <translation>Write report</translation>
+    </message>
+    <message>
+        <source>AFA 출력</source>
+        <translation>Write job list</translation>
+    </message>
+    <message>
+        <source>AFA 출력, Copy</source>
+        <translation>Write job list, copy</translation>
+    </message>
+    <message>
+        <source>스프레드시트 출력</source>
+        <translation>Fill spreadsheet</translation>
+    </message>
+    <message>
+        <source>화일이 선택되지 않아습니다!!!
+</source>
+        <translation>No file is selected!!!
+</translation>
+    </message>
+    <message>
+        <source>화일 이름</source>
+        <translation>File name</translation>
+    </message>
+    <message>
+        <source>화일 정보</source>
+        <translation>File information</translation>
+    </message>
+    <message>
+        <source>전체 시간 </source>
+        <translation>Total time </translation>
+    </message>
+    <message>
+        <source>TVX  화일명을 입력 하시요!!</source>
+        <translation>TVX  Enter the file name!!</translation>
+    </message>
 </context>
 </TS>

@@ -9,24 +9,28 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
+#include "desktop/language.h"
 #include "desktop/qt_text.h"
+#include "model/labels.h"
 
 namespace tvx {
 
 namespace {
 
-void ShowRows(QListWidget* list, const std::vector<std::string>& rows) {
-  const QSignalBlocker blocker(list);
-  list->clear();
-  for (const std::string& row : rows) list->addItem(ToQt(row));
+// A line of a result in the language in use. Names stay as they are.
+QString InformationLine(const std::string& line) {
+  for (const std::string_view label : kNameLabels) {
+    if (line.starts_with(label)) return Translated(label) + ToQt(line.substr(label.size()));
+  }
+  return Translated(ReplaceLabels(line));
 }
 
 // A list under its heading.
 QListWidget* AddList(const char* heading, QSplitter* splitter) {
-  auto* const box = new QWidget(splitter);
+  auto* const box = new QWidget;
   auto* const column = new QVBoxLayout(box);
   column->setContentsMargins(0, 0, 0, 0);
-  column->addWidget(new QLabel(heading, box));
+  column->addWidget(new QLabel(Translated(heading), box));
   auto* const list = new QListWidget(box);
   column->addWidget(list, 1);
   splitter->addWidget(box);
@@ -62,6 +66,8 @@ QWidget* CutTimeListFace::BuildLists() {
   splitter->setChildrenCollapsible(false);
   files_ = AddList(CCutTimeListDlg::kFileHeading, splitter);
   information_ = AddList(CCutTimeListDlg::kInformationHeading, splitter);
+  files_->setObjectName("files");
+  information_->setObjectName("information");
   splitter->setStretchFactor(0, 2);
   splitter->setStretchFactor(1, 3);
   column->addWidget(splitter, 1);
@@ -69,11 +75,11 @@ QWidget* CutTimeListFace::BuildLists() {
   connect(files_, &QListWidget::itemSelectionChanged, this, [this] {
     const QModelIndexList rows = files_->selectionModel()->selectedRows();
     dialog_->Select(rows.isEmpty() ? -1 : rows.constFirst().row());
-    ShowRows(information_, dialog_->information);
+    ShowInformation();
   });
 
   auto* const totalRow = new QHBoxLayout;
-  auto* const label = new QLabel(CCutTimeListDlg::kTotalLabel, box);
+  auto* const label = new QLabel(Translated(CCutTimeListDlg::kTotalLabel), box);
   total_ = new QLineEdit(box);
   total_->setReadOnly(true);
   total_->setAlignment(Qt::AlignRight);
@@ -91,13 +97,21 @@ void CutTimeListFace::Press(const CCutTimeListDlg::Button& button) {
 }
 
 void CutTimeListFace::Show() {
-  ShowRows(files_, dialog_->fileNames);
   {
     const QSignalBlocker blocker(files_);
+    files_->clear();
+    for (const std::string& name : dialog_->fileNames) files_->addItem(ToQt(name));
     files_->setCurrentRow(dialog_->selected);
   }
-  ShowRows(information_, dialog_->information);
+  ShowInformation();
   total_->setText(ToQt(dialog_->TotalTimeText()));
+}
+
+void CutTimeListFace::ShowInformation() {
+  information_->clear();
+  for (const std::string& line : dialog_->information) {
+    information_->addItem(InformationLine(line));
+  }
 }
 
 }  // namespace tvx

@@ -21,6 +21,7 @@ class CutTimeListFace final : public Face {
   void Press(const CCutTimeListDlg::Button& button);
   // Shows what the logic holds.
   void Show();
+  void ShowInformation();
 
   CCutTimeListDlg* dialog_;
   QListWidget* files_ = nullptr;

@@ -4,6 +4,7 @@
 
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/files.h"
@@ -15,6 +16,9 @@ namespace tvx {
 
 // Everything that is known about a result, as the list shows it.
 std::vector<std::string> CutTimeListLines(const CutTimeEntry& entry);
+
+// What stands in these lines before a name, of a directory, a master model and a picture.
+inline constexpr std::string_view kNameLabels[] = {"Dir : ", "MMA ", "그림화일 "};
 
 // The dialog of the list. It works on the result table of its window, to which the runs append
 // while it is closed; nothing else is kept between two openings.
