@@ -20,6 +20,7 @@
 
 #include "desktop/command_pad_face.h"
 #include "desktop/condition_faces.h"
+#include "desktop/cut_time_list_face.h"
 #include "desktop/file_info_face.h"
 #include "desktop/job_faces.h"
 #include "desktop/master_face.h"
@@ -235,6 +236,8 @@ void CommandsTest::DescribeView() {
                       run();
                       EXPECT_EQ(View().results.entryCount, results + 1);
                     }};
+  effects[32774] =
+      Opens<CutTimeListFace>("shows the list of results, and writes the reports from there");
   effects[32792] = {"asks for tool and tolerance and builds the master model",
                     [this](const Run& run) {
                       user.On<MasterFace>([](MasterFace* face) { Click(face, "OK"); });
