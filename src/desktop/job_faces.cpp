@@ -198,13 +198,10 @@ QWidget* TransferFace::BuildBrowser() {
   column->addWidget(directory_);
   tree_ = new ClickTree(box);
   tree_->setHeaderHidden(true);
-  // Only a click, or Enter, browses; the rebuilding of the tree does not set it off again.
-  const auto browse = [this] {
-    // After the click has been dealt with: the item does not outlive the browsing.
-    QMetaObject::invokeMethod(this, &TransferFace::Browse, Qt::QueuedConnection);
-  };
-  connect(tree_, &QTreeWidget::itemClicked, this, browse);
-  OnKeys(tree_, kEnter, browse);
+  // Only a click, or Enter, browses; the rebuilding of the tree does not set it off again. The
+  // click is dealt with first: its item does not outlive the browsing.
+  connect(tree_, &QTreeWidget::itemClicked, this, &TransferFace::Browse, Qt::QueuedConnection);
+  OnKeys(tree_, kEnter, [this] { Browse(); });
   column->addWidget(tree_, 1);
   return box;
 }

@@ -422,6 +422,29 @@ TEST_F(JobFaces, TheFaceFitsOnASmallScreenAndGrowsWithItsWindow) {
   });
 }
 
+TEST_F(JobFaces, ListsStayWhereTheUserLooks) {
+  for (int i = 0; i < 80; ++i) PutProgram("n" + std::to_string(100 + i) + ".nc", "G1 X1 F100\n");
+  Run([&](TransferFace* face) {
+    QListWidget* const list = FilesOf(face);
+    list->scrollToBottom();
+    const int row = list->count() - 1;
+    const auto isVisible = [](QListWidget* rows, int at) {
+      return rows->viewport()->rect().contains(CentreOf(rows, at));
+    };
+    for (int i = 0; i < 80; ++i) DoubleClickRow(list, row);
+    EXPECT_TRUE(isVisible(list, row));
+    EXPECT_TRUE(isVisible(EntriesOf(face), 79)) << "follows what is appended";
+    EntriesOf(face)->scrollToTop();
+    Click(face, CTransferDlg::kDeleteM30);
+    ClickAnd(face, "화일정보");
+    EXPECT_TRUE(isVisible(EntriesOf(face), 0));
+    ClickRow(EntriesOf(face), 0);
+    ClickAnd(face, "삭제");
+    EXPECT_TRUE(isVisible(EntriesOf(face), 0));
+    EXPECT_TRUE(isVisible(list, row));
+  });
+}
+
 // A user's whole job: three files from two folders, each with options of its own, key codes on one
 // of them, and the run.
 TEST_F(JobFaces, AWholeJob) {

@@ -98,7 +98,7 @@ std::vector<ListCase> ListCases() {
       {"long words",
        "File a.nc Dir c:\\" + longWord + " MMA X:" + longWord + " KeyCode " + longWord, 1},
       {"garbage", "File " + garbage, 1},
-      {"zeros", std::string("File a\0b Dir c:\\\0 FS \0", 23), 1},
+      {"zeros", std::string("File a\0b Dir c:\\\0 FS \0", 22), 1},
       {"other tokens' texts", "File FS Dir Dir FS M30 ON RT ON KeyCode Afa ON MAT KeyCode TD File",
        1},
       {"numbers that are none", "File a.nc Dir c:\\x FS -1e9 RT ON x 1 Afa ON TD nan SD inf MAF -1",
