@@ -5,12 +5,12 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QSignalBlocker>
 #include <QSplitter>
 #include <QVBoxLayout>
 
 #include "desktop/language.h"
 #include "desktop/qt_text.h"
+#include "desktop/row_list.h"
 #include "model/labels.h"
 
 namespace tvx {
@@ -23,18 +23,6 @@ QString InformationLine(const std::string& line) {
     if (line.starts_with(label)) return Translated(label) + ToQt(line.substr(label.size()));
   }
   return Translated(ReplaceLabels(line));
-}
-
-// A list under its heading.
-QListWidget* AddList(const char* heading, QSplitter* splitter) {
-  auto* const box = new QWidget;
-  auto* const column = new QVBoxLayout(box);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->addWidget(new QLabel(Translated(heading), box));
-  auto* const list = new QListWidget(box);
-  column->addWidget(list, 1);
-  splitter->addWidget(box);
-  return list;
 }
 
 }  // namespace
@@ -64,17 +52,17 @@ QWidget* CutTimeListFace::BuildLists() {
   column->setContentsMargins(0, 0, 0, 0);
   auto* const splitter = new QSplitter(Qt::Horizontal, box);
   splitter->setChildrenCollapsible(false);
-  files_ = AddList(CCutTimeListDlg::kFileHeading, splitter);
-  information_ = AddList(CCutTimeListDlg::kInformationHeading, splitter);
+  files_ = new RowList;
+  information_ = new QListWidget;
+  splitter->addWidget(Captioned(CCutTimeListDlg::kFileHeading, files_));
+  splitter->addWidget(Captioned(CCutTimeListDlg::kInformationHeading, information_));
   files_->setObjectName("files");
   information_->setObjectName("information");
   splitter->setStretchFactor(0, 2);
   splitter->setStretchFactor(1, 3);
   column->addWidget(splitter, 1);
-  // Not the current row: the first one becomes that by the mere focus.
   connect(files_, &QListWidget::itemSelectionChanged, this, [this] {
-    const QModelIndexList rows = files_->selectionModel()->selectedRows();
-    dialog_->Select(rows.isEmpty() ? -1 : rows.constFirst().row());
+    dialog_->Select(SelectedRow(*files_));
     ShowInformation();
   });
 
@@ -97,12 +85,7 @@ void CutTimeListFace::Press(const CCutTimeListDlg::Button& button) {
 }
 
 void CutTimeListFace::Show() {
-  {
-    const QSignalBlocker blocker(files_);
-    files_->clear();
-    for (const std::string& name : dialog_->fileNames) files_->addItem(ToQt(name));
-    files_->setCurrentRow(dialog_->selected);
-  }
+  ShowRows(files_, dialog_->fileNames, dialog_->selected);
   ShowInformation();
   total_->setText(ToQt(dialog_->TotalTimeText()));
 }

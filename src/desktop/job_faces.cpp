@@ -9,7 +9,6 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QScrollBar>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QSplitter>
@@ -20,6 +19,7 @@
 
 #include "desktop/language.h"
 #include "desktop/qt_text.h"
+#include "desktop/row_list.h"
 #include "model/labels.h"
 
 namespace tvx {
@@ -29,60 +29,6 @@ namespace {
 constexpr int kTreeNumber = Qt::UserRole;
 constexpr Qt::Key kEnter[] = {Qt::Key_Return, Qt::Key_Enter};
 constexpr Qt::Key kDelete[] = {Qt::Key_Delete};
-
-bool Shows(const QListWidget& list, const std::vector<std::string>& rows) {
-  if (list.count() != static_cast<int>(rows.size())) return false;
-  for (int i = 0; i < list.count(); ++i) {
-    if (list.item(i)->text() != ToQt(rows[static_cast<size_t>(i)])) return false;
-  }
-  return true;
-}
-
-// Shows the rows and selects one, or none with -1. The list stays scrolled to where it was, or
-// follows a row that was added at its end.
-void ShowRows(QListWidget* list, const std::vector<std::string>& rows, int selected) {
-  const QSignalBlocker blocker(list);
-  if (!Shows(*list, rows)) {
-    const int position = list->verticalScrollBar()->value();
-    const bool oneMore = list->count() > 0 && list->count() + 1 == static_cast<int>(rows.size());
-    list->clear();
-    for (const std::string& row : rows) list->addItem(ToQt(row));
-    list->verticalScrollBar()->setValue(position);
-    if (oneMore && selected < 0) list->scrollToBottom();
-  }
-  if (selected < 0) list->clearSelection();
-  list->setCurrentRow(selected);
-}
-
-// A list whose first row becomes current only when it is selected: getting the focus, a list makes
-// it current as it is, and the arrow down then passes it by.
-class RowList : public QListWidget {
- public:
-  using QListWidget::QListWidget;
-
- protected:
-  void focusInEvent(QFocusEvent* event) override {
-    QListWidget::focusInEvent(event);
-    if (selectedItems().isEmpty()) setCurrentRow(-1);
-  }
-};
-
-// The row that is selected, -1 for none.
-int SelectedRow(const QListWidget& list) {
-  return list.selectedItems().isEmpty() ? -1 : list.row(list.selectedItems().constFirst());
-}
-
-// A list with its caption above it.
-QWidget* Captioned(const char* caption, QWidget* list) {
-  auto* const box = new QWidget;
-  auto* const column = new QVBoxLayout(box);
-  column->setContentsMargins(0, 0, 0, 0);
-  auto* const label = new QLabel(Translated(caption), box);
-  label->setBuddy(list);
-  column->addWidget(label);
-  column->addWidget(list, 1);
-  return box;
-}
 
 // A key that a list has for itself while it has the focus. Enter would end the dialog otherwise.
 void OnKeys(QWidget* list, std::span<const Qt::Key> keys, const std::function<void()>& act) {

@@ -7,6 +7,7 @@
 
 #include "desktop/command_pad_face.h"
 #include "desktop/cut_time_list_face.h"
+#include "desktop/job_faces.h"
 #include "desktop_test.h"
 #include "reports/example_entry.h"
 #include "shell/view_operations.h"
@@ -51,7 +52,8 @@ TEST_F(CutTimeListWindow, ShowsTheLinesOfTheClickedFile) {
     list->setFocus();
     EXPECT_TRUE(list->selectedItems().isEmpty());
     EXPECT_EQ(lines->count(), 0) << "nothing is selected by the focus alone";
-    ClickRow(list, 0);
+    QTest::keyClick(list, Qt::Key_Down);
+    EXPECT_EQ(list->currentRow(), 0);
     EXPECT_EQ(lines->count(), 11);
     ClickRow(list, 1);
     EXPECT_EQ(lines->count(), 26);
@@ -122,6 +124,14 @@ TEST_F(CutTimeListWindow, AsksBeforeAReportIsOverwrittenAndNotForAList) {
   window->RunCommand(kListCommand);
   EXPECT_NE(HostBytes(report), "older");
   EXPECT_TRUE(HostBytes(list).starts_with("File "));
+}
+
+// The pad's button that runs a job list goes on to the results, also when no list was accepted.
+TEST_F(CutTimeListWindow, OpensBehindTheRunOfTheCommandPad) {
+  user.On<CommandPadFace>([](CommandPadFace* pad) { Click(pad, "Cut Time"); });
+  user.On<TransferFace>([](TransferFace* jobs) { jobs->reject(); });
+  user.On<CutTimeListFace>([](CutTimeListFace* face) { face->reject(); });
+  OpenCommandPad(&View());
 }
 
 TEST_F(CutTimeListWindow, OpensOverTheCommandPad) {
