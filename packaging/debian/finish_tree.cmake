@@ -11,3 +11,9 @@ configure_file(${CPACK_TVX_DEBIAN_FOLDER}/changelog ${doc}/changelog COPYONLY)
 file(GLOB_RECURSE manuals ${tree}/share/man/*.[18])
 # -n: the same package from the same files.
 execute_process(COMMAND gzip -9n ${doc}/changelog ${manuals} COMMAND_ERROR_IS_FATAL ANY)
+
+# The libraries of the office find each other by the folder that they lie in, so tvx-calc has to take them
+# from that folder and not from the links that Debian has elsewhere.
+if(EXISTS ${tree}/libexec/tvx/tvx-calc)
+  configure_file(${CPACK_TVX_DEBIAN_FOLDER}/lintian-overrides ${tree}/share/lintian/overrides/tvx COPYONLY)
+endif()
