@@ -49,9 +49,9 @@ class Writer {
   void Run() {
     using Kind = void (Writer::*)();
     constexpr Kind kKinds[] = {
-        &Writer::Turning, &Writer::Turning, &Writer::Lattice, &Writer::Lattice, &Writer::Circling,
-        &Writer::Doubled, &Writer::Rapids,  &Writer::Rapids,  &Writer::Arcs,    &Writer::NoMoves,
-        &Writer::Plunge,  &Writer::Back,    &Writer::Odd};
+        &Writer::Turning, &Writer::Turning, &Writer::Lattice, &Writer::Lattice,  &Writer::Circling,
+        &Writer::Doubled, &Writer::Rapids,  &Writer::Rapids,  &Writer::Arcs,     &Writer::NoMoves,
+        &Writer::Plunge,  &Writer::Back,    &Writer::Odd,     &Writer::Traverses};
     const auto kind = static_cast<size_t>(Whole(0, static_cast<int>(std::size(kKinds)) - 1));
     (this->*kKinds[kind])();
   }
@@ -78,6 +78,14 @@ class Writer {
       const int way = Chance(0.5) ? step : -step;
       const int axis = Whole(0, 3);
       Step(axis == 0 || axis == 3 ? way : 0, axis == 1 ? way : 0, axis >= 2 ? way : 0);
+      AddCut();
+    }
+  }
+
+  // Moves much longer than the distances that the rules look at.
+  void Traverses() {
+    for (int i = Whole(1, 10); i > 0; --i) {
+      Step(Uniform(-30, 30), Uniform(-30, 30), Chance(0.7) ? 0 : Uniform(-9, 9));
       AddCut();
     }
   }

@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "feed/angle_feed.h"
-#include "feed/master_pass.h"
+#include "feed/master_fixture.h"
 #include "model/path.h"
 #include "platform/numbers.h"
 
@@ -14,8 +14,9 @@ namespace {
 
 class Reference {
  public:
-  Reference(BlockStore* store, const JobRecord& job, FeedPassMemory* memory)
-      : store_(store), job_(job), memory_(memory), block_(store->CurrentBlock) {}
+  Reference(BlockStore* store, const JobRecord& job, const MasterGrid& master,
+            FeedPassMemory* memory)
+      : store_(store), job_(job), master_(master), memory_(memory), block_(store->CurrentBlock) {}
 
   void Run() {
     uint32_t begin = 0;
@@ -26,7 +27,9 @@ class Reference {
         if (IsCutBlock(store_, i) == 1 && !Slope(i)) break;
       }
       if (job_.AfaByMaster == 1) {
-        MasterSubPass(store_, job_, MasterGrid(), begin, end, &memory_->LastNextBlock);
+        for (uint32_t i = begin; i < end; ++i) {
+          if (IsCutBlock(store_, i) == 1) Master(i);
+        }
       }
       for (uint32_t i = begin; i < end; ++i) {
         if (IsMoveBlock(store_, i) == 0) continue;
@@ -95,6 +98,94 @@ class Reference {
     block_.feed = Stepped(f);
     store_->WriteBlock(i);
     return true;
+  }
+
+  int32_t Steepest(const Vec3& point) const {
+    if (master_.Cells.Empty()) return 0;
+    return PlainLookup(master_, point, job_.SafetyDistance >= 1 ? job_.SafetyDistance : 1.0F);
+  }
+
+  int32_t SteepestAlong(const Vec3& end, const Difference& d) const {
+    const double radius = job_.SafetyDistance >= 1 ? job_.SafetyDistance : 1.0F;
+    const auto before = [&](int k, int n) {
+      return Vec3{static_cast<float>(end.x - k * double{d.dx} / n),
+                  static_cast<float>(end.y - k * double{d.dy} / n),
+                  static_cast<float>(end.z - k * double{d.dz} / n)};
+    };
+    if (master_.Cells.Empty() || !(d.length > 1.2 * radius)) return 0;
+    if (!(d.length > 6 * radius)) return Steepest(before(1, 2));
+    const int n = TruncateToInt(d.length / radius);
+    int32_t steepest = 0;
+    for (int k = 3; k < n - 2; ++k) steepest = std::max(steepest, Steepest(before(k, n)));
+    return steepest;
+  }
+
+  int32_t MasterFeed(int32_t angle) const {
+    return AngleFeed(job_.SideWeight0, job_.SideWeight30, job_.SideWeight60, job_.SlopeMaxRatio,
+                     job_.MaxFeed, static_cast<float>(angle), BandEdges::Inclusive);
+  }
+  // With the block in the register.
+  int32_t MasterZoneFeed(int32_t angle) const {
+    int32_t f = MasterFeed(angle);
+    const double lowest = block_.feedProgrammed * static_cast<double>(job_.SlopeMaxRatio);
+    if (f < lowest) f = TruncateToInt(lowest);
+    return f / 10 * 10;
+  }
+
+  int16_t MasterPercent(float length) const {
+    const double reach = job_.SafetyDistance;
+    return length > 1.2 * reach ? TruncateTo<int16_t>(reach * 100 / length) : int16_t{0};
+  }
+
+  void Master(uint32_t i) {
+    Difference d, ahead;
+    Vec3 unused;
+    BlockVector(store_, i, PrevMove(store_, i), &d, &unused);
+    const Vec3 point = Point(i);
+    uint32_t n = NextMove(store_, i);
+    const bool moves = !NoMove(n) && BlockVector(store_, i, n, &ahead, &unused) == 1;
+    const int16_t pct1 = MasterPercent(d.length);
+    const int16_t pct2 = MasterPercent(moves ? ahead.length : 0);
+    const int32_t aEnd = Steepest(point);
+    int32_t aMove = SteepestAlong(point, d);
+    const int32_t aMax = std::max(aEnd, aMove);
+    if (!(static_cast<float>(aMax) > job_.SlopeMinAngle)) return;
+    if (pct1 == 0) aMove = aMax;
+    store_->ReadBlock(i);
+    if (static_cast<float>(aMove) > job_.SlopeMinAngle && block_.feed > MasterFeed(aMove)) {
+      block_.feed = MasterFeed(aMove);
+      store_->WriteBlock(i);
+    }
+    if (pct1 == 0 || pct1 >= 100) return;
+
+    const int32_t f = MasterZoneFeed(aEnd);
+    block_.tailPercent = std::max(block_.tailPercent, pct1);
+    if (block_.tailFeed > f || block_.tailFeed == 0) block_.tailFeed = Held(f);
+    store_->WriteBlock(i);
+    if (block_.tailPercent + block_.headPercent > 80) {
+      block_.feed = Collapse(i, f) / 10 * 10;
+      store_->WriteBlock(i);
+    }
+
+    n = NextMove(store_, i);
+    if (0 < pct2 && pct2 < 100) {
+      memory_->LastNextBlock = n;
+      store_->ReadBlock(n);
+      if (block_.feed > f) {
+        block_.headPercent = std::max(block_.headPercent, pct2);
+        if (block_.headFeed > f || block_.headFeed == 0) block_.headFeed = Held(f);
+        store_->WriteBlock(n);
+      }
+      if (block_.tailPercent + block_.headPercent > 80) Collapse(n, f);
+      return;
+    }
+    if (NoMove(n) || n == memory_->LastNextBlock) return;
+    store_->ReadBlock(n);
+    memory_->LastNextBlock = n;
+    if (block_.feed > MasterZoneFeed(aEnd)) {
+      block_.feed = MasterZoneFeed(aEnd);
+      store_->WriteBlock(n);
+    }
   }
 
   void Arc(uint32_t i) {
@@ -377,14 +468,16 @@ class Reference {
 
   BlockStore* store_;
   const JobRecord& job_;
+  const MasterGrid& master_;
   FeedPassMemory* memory_;
   MotionBlock& block_;
 };
 
 }  // namespace
 
-void ReferencePass(BlockStore* store, const JobRecord& job, FeedPassMemory* memory) {
-  Reference(store, job, memory).Run();
+void ReferencePass(BlockStore* store, const JobRecord& job, const MasterGrid& master,
+                   FeedPassMemory* memory) {
+  Reference(store, job, master, memory).Run();
 }
 
 }  // namespace tvx

@@ -9,7 +9,8 @@
 
 namespace tvx {
 
-// FeedPass without a master model. The rules of the master model themselves are not written anew.
-void ReferencePass(BlockStore* store, const JobRecord& job, FeedPassMemory* memory);
+// FeedPass, with a lookup in the master model that visits every cell.
+void ReferencePass(BlockStore* store, const JobRecord& job, const MasterGrid& master,
+                   FeedPassMemory* memory);
 
 }  // namespace tvx
