@@ -28,6 +28,11 @@ usr/share/icons/hicolor/scalable/apps/tvx.svg
 usr/share/man/man1/tvx.1.gz
 usr/share/mime/packages/tvx.xml
 """.split()
+CALC_FILES = """
+usr/libexec/tvx/tvx-calc
+usr/share/lintian/overrides/tvx
+usr/share/man/man1/tvx-calc.1.gz
+""".split()
 
 
 class Debian(unittest.TestCase):
@@ -39,6 +44,7 @@ class Debian(unittest.TestCase):
                        check=True, stdout=subprocess.DEVNULL)
         (cls.package,) = pathlib.Path(temporary.name).glob("*.deb")
         cls.has_desktop = (BUILD / "src" / "desktop" / "tvx").exists()
+        cls.has_calc = (BUILD / "src" / "calc" / "tvx-calc").exists()
 
     def ask(self, *arguments):
         return subprocess.run(["dpkg-deb", *arguments], check=True, capture_output=True,
@@ -65,7 +71,7 @@ class Debian(unittest.TestCase):
         listing = [line.split(maxsplit=5) for line in
                    self.ask("--contents", self.package).splitlines()]
         files = {name.removeprefix("./"): mode for mode, *_, name in listing if mode[0] != "d"}
-        for name in FILES + DESKTOP_FILES * self.has_desktop:
+        for name in FILES + DESKTOP_FILES * self.has_desktop + CALC_FILES * self.has_calc:
             with self.subTest(name=name):
                 self.assertIn(name, files)
         for mode, owner, *_, name in listing:

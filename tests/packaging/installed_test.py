@@ -184,6 +184,16 @@ class Installed(unittest.TestCase):
                     with self.subTest(page=page.name, target=target):
                         self.assertTrue((page.parent / target).exists())
 
+    def test_every_page_is_linked(self):
+        for index, folder in ((self.doc / "README.md", self.doc / "docs"),
+                              (self.doc / "docs" / "formats" / "README.md",
+                               self.doc / "docs" / "formats")):
+            links = re.findall(r"\]\(([^)#]+)", index.read_text(encoding="utf-8"))
+            linked = {(index.parent / link).resolve() for link in links}
+            for page in folder.glob("*.md"):
+                with self.subTest(page=page.name):
+                    self.assertTrue(page.resolve() in linked or page == index)
+
 
 for wanted in ("mandoc", "man", "desktop-file-validate", "update-mime-database"):
     if shutil.which(wanted) is None:
