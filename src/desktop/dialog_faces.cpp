@@ -39,22 +39,13 @@ const FaceMaker kFaces[] = {
     MakerOf<CCutTimeListDlg, CutTimeListFace>(),
 };
 
-const FaceMaker* FindFace(const Dialog& dialog) {
-  for (const FaceMaker& face : kFaces) {
-    if (face.fits(dialog)) return &face;
-  }
-  return nullptr;
-}
-
 }  // namespace
 
 std::unique_ptr<QDialog> MakeFace(Dialog* dialog, QWidget* parent) {
-  const FaceMaker* const face = FindFace(*dialog);
-  return face == nullptr ? nullptr : face->make(dialog, parent);
-}
-
-bool HasFace(const Dialog& dialog) {
-  return FindFace(dialog) != nullptr;
+  for (const FaceMaker& face : kFaces) {
+    if (face.fits(*dialog)) return face.make(dialog, parent);
+  }
+  return nullptr;
 }
 
 }  // namespace tvx

@@ -11,7 +11,4 @@ namespace tvx {
 // The face of a dialog, by the class of its logic; null for a dialog that has none yet.
 std::unique_ptr<QDialog> MakeFace(Dialog* dialog, QWidget* parent);
 
-// True if a face of this dialog can be made.
-bool HasFace(const Dialog& dialog);
-
 }  // namespace tvx

@@ -46,9 +46,9 @@ void UseLanguage(int32_t language) {
 }
 
 QString Translated(std::string_view text) {
-  const QString source = ToQt(text);
+  QString source = ToQt(text);
   if (Translations().isEmpty()) return source;
-  if (const QString whole = TranslationOf(source); !whole.isEmpty()) return whole;
+  if (QString whole = TranslationOf(source); !whole.isEmpty()) return whole;
   QStringList numbers;
   QString translation = TranslationOf(TakeNumbers(source, &numbers));
   if (translation.isEmpty()) return source;

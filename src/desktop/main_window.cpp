@@ -20,7 +20,6 @@
 #include <iterator>
 #include <set>
 
-#include "desktop/dialog_faces.h"
 #include "desktop/icons.h"
 #include "desktop/language.h"
 #include "desktop/picture_printer.h"
@@ -142,6 +141,11 @@ void Toggle(QWidget* bar) {
   bar->setVisible(!bar->isVisible());
 }
 
+// Commands of the frame that have no picture to show while no view is open.
+bool ShowsPicture(Action action) {
+  return action == Action::kPrint || action == Action::kPrintPreview;
+}
+
 // Commands that change what is shown of a program, and not the program.
 bool ChangesPictureOnly(Action action) {
   return action == Action::kViewMode || action == Action::kFit || action == Action::kRedraw ||
@@ -155,8 +159,8 @@ const MainWindow::Operation* MainWindow::FindOperation(Action action) {
       {Action::kNewDocument, [](MainWindow* window, int) { window->NewView(); }},
       {Action::kNewWindow, [](MainWindow* window, int) { window->NewView(); }},
       {Action::kOpenDocument, [](MainWindow* window, int) { window->OpenDocument(); }},
-      {Action::kPrint, [](MainWindow* window, int) { window->Print(); }, true},
-      {Action::kPrintPreview, [](MainWindow* window, int) { window->PreviewPrint(); }, true},
+      {Action::kPrint, [](MainWindow* window, int) { window->Print(); }},
+      {Action::kPrintPreview, [](MainWindow* window, int) { window->PreviewPrint(); }},
       {Action::kPrintSetup, [](MainWindow* window, int) { window->SetUpPrinter(); }},
       {Action::kExit, [](MainWindow* window, int) { window->close(); }},
       {Action::kToolbar, [](MainWindow* window, int) { Toggle(window->toolBar_); }},
@@ -192,12 +196,8 @@ const MainWindow::Operation* MainWindow::FindOperation(Action action) {
 
 bool MainWindow::IsReady(int id) const {
   const Action action = FindCommand(id).action;
-  if (IsViewAction(action)) {
-    if (ActiveView() == nullptr) return false;
-    return action != Action::kRunJobList || HasFace(ActiveView()->view().transferDialog);
-  }
-  const Operation* const operation = FindOperation(action);
-  return operation != nullptr && (!operation->needsView || ActiveView() != nullptr);
+  if (IsViewAction(action)) return ActiveView() != nullptr;
+  return FindOperation(action) != nullptr && (!ShowsPicture(action) || ActiveView() != nullptr);
 }
 
 void MainWindow::RunCommand(int id) {

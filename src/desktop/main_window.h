@@ -62,7 +62,6 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   struct Operation {
     Action action;
     void (*run)(MainWindow* window, int argument);
-    bool needsView = false;
   };
   static const Operation* FindOperation(Action action);
 

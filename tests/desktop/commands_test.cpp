@@ -497,7 +497,7 @@ class CommandsPage {
 
   static QString English(const char* text) {
     UseLanguage(kEnglishLabels);
-    const QString english = Translated(text);
+    QString english = Translated(text);
     UseLanguage(kKoreanLabels);
     return english;
   }
