@@ -35,7 +35,7 @@ void CheckShape(const JobList& list) {
 }
 
 JobList CheckReader(std::string_view text) {
-  const JobList list = ReadJobList(text, std::nullopt);
+  JobList list = ReadJobList(text, std::nullopt);
   CheckShape(list);
   Require(SameLists(ReadJobList(PrintJobList(list), std::nullopt), list));
 

@@ -32,10 +32,14 @@ std::string Host::DrivePath(const std::string& argument) const {
 
 std::string Host::ReadablePath(const std::string& argument) const {
   std::string path = DrivePath(argument);
-  if (files->IsDirectory(path)) throw Failure{argument, "is a directory"};
-  if (!files->Exists(path)) throw Failure{argument, "no such file"};
-  if (files->OpenForReading(path) == nullptr) throw Failure{argument, "cannot be read"};
+  if (const char* const problem = ReadProblem(*this, path)) throw Failure{argument, problem};
   return path;
+}
+
+const char* ReadProblem(const Host& host, const std::string& drivePath) {
+  if (host.files->IsDirectory(drivePath)) return "is a directory";
+  if (!host.files->Exists(drivePath)) return "no such file";
+  return host.files->OpenForReading(drivePath) == nullptr ? "cannot be read" : nullptr;
 }
 
 std::string WriteProblem(const Host& host, const std::string& drivePath) {

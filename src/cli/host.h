@@ -33,6 +33,9 @@ class Host {
   CTVXApp app;
 };
 
+// Why a path is no file that can be read, in words for an error line; null for one that can.
+const char* ReadProblem(const Host& host, const std::string& drivePath);
+
 // Why a path can be no file to write, in words for an error line.
 std::string WriteProblem(const Host& host, const std::string& drivePath);
 

@@ -39,38 +39,47 @@ class RunReport final : public RunObserver {
   void OnEntry(size_t index, size_t count, const std::string& name) override {
     ShowProgress(Format("%zu/%zu %s", index + 1, count, name.c_str()));
   }
-  bool MayLoad(const std::string& path) override {
-    return host_->files->OpenForReading(path) != nullptr;
+  bool MayLoad(const std::string& path) override { return ReadProblem(*host_, path) == nullptr; }
+  void OnLoadFailed(const std::string& path) override {
+    const char* const problem = ReadProblem(*host_, path);
+    Report(path, problem != nullptr ? problem : "does not fit into the store");
   }
-  void OnLoadFailed(const std::string& path) override { Report(path, "cannot be loaded"); }
   void OnMasterFailed(const std::string& path) override {
     Report(path, "cannot be used as a master model");
+  }
+
+  void Report(const std::string& path, const std::string& reason) {
+    // In place of the program's own message, which does not name the file.
+    host_->ui.DropMessage();
+    ShowProgress("");
+    std::fprintf(stderr, "tvx-cli: %s: %s\n", path.c_str(), reason.c_str());
+    failed_ = true;
   }
 
   bool failed() const { return failed_; }
 
  private:
-  void Report(const std::string& path, const char* reason) {
-    // In place of the program's own message, which does not name the file.
-    host_->ui.DropMessage();
-    ShowProgress("");
-    std::fprintf(stderr, "tvx-cli: %s: %s\n", path.c_str(), reason);
-    failed_ = true;
-  }
-
   Host* host_;
   bool failed_ = false;
 };
 
 // A .mcf list comes back with the drive that it lies on; any other list stands as it is.
-JobList ReadList(const Host& host, const std::string& drivePath, const std::string& argument) {
+JobList ReadList(const Host& host, const std::string& drivePath, const std::string& argument,
+                 RunReport* report) {
   std::string bytes;
   if (!ReadWholeFile(host.files.get(), drivePath, &bytes))
     throw Failure{argument, "cannot be read"};
   constexpr size_t kEnding = 4;
   const bool isMcf = drivePath.size() >= kEnding &&
                      EqualNoCase(drivePath.substr(drivePath.size() - kEnding), ".mcf");
-  return ReadJobList(DecodeCp949(bytes), isMcf ? std::optional(drivePath[0]) : std::nullopt);
+  size_t leftOut = 0;
+  JobList list =
+      ReadJobList(DecodeCp949(bytes), isMcf ? std::optional(drivePath[0]) : std::nullopt, &leftOut);
+  if (leftOut > 0) {
+    report->Report(argument, Format("a list holds %zu files, the last %zu of this one are left out",
+                                    kJobListSlots, leftOut));
+  }
+  return list;
 }
 
 // The list enters the working record as an accepted job dialog leaves it there.
@@ -199,11 +208,11 @@ int RunJobs(const Call& call) {
   if (json && information) throw WrongCall{"--json and --info exclude each other"};
 
   Host host(call);
-  const JobList list = ReadList(host, host.ReadablePath(argument), argument);
+  RunReport report(&host);
+  const JobList list = ReadList(host, host.ReadablePath(argument), argument, &report);
   CTVXView view(&host.app);
   params.Apply(&host, &view);
   AcceptList(list, pictures && !noPictures, &view);
-  RunReport report(&host);
   RunAcceptedList(&view, &report);
   ShowProgress("");
   if (json) {

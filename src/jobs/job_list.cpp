@@ -48,22 +48,23 @@ std::string PrintJobList(const JobList& list) {
   return text;
 }
 
-JobList ReadJobList(std::string_view text, std::optional<char> driveLetter) {
+JobList ReadJobList(std::string_view text, std::optional<char> driveLetter, size_t* leftOut) {
   JobList list;
+  size_t found = 0;  // entries of the text; a full list takes no more of them
   WordScanner words(text);
-  std::string word, line;
+  std::string word;
   while (words.ReadWord(&word)) {
     if (EqualNoCase(word, kFileWord)) {
-      if (!list.names.empty()) list.lines.back() = line;
-      line.clear();
-      if (list.IsFull() || !words.ReadWord(&word)) return list;
+      if (!words.ReadWord(&word)) break;
       list.Insert(list.size(), word, "");
-    } else if (!list.names.empty()) {
+      ++found;
+    } else if (found > 0 && found == list.size()) {
+      // Word by word: a list of one endless line must not be searched again for each of its words.
       if (driveLetter.has_value()) SetDrive(*driveLetter, &word);
-      line += word + " ";
+      list.lines.back() += word + " ";
     }
   }
-  if (!list.names.empty() && !line.empty()) list.lines.back() = line;
+  if (leftOut != nullptr) *leftOut = found - list.size();
   return list;
 }
 

@@ -27,7 +27,9 @@ std::string PrintJobList(const JobList& list);
 
 // Reads a list from the text of a saved list or of a .mcf file, word by word. With a drive letter,
 // every "X:" of a line gets that letter. Text ahead of the first "File" is dropped, an entry
-// without a line gets an empty one, and a longer list stops at kJobListSlots.
-JobList ReadJobList(std::string_view text, std::optional<char> driveLetter);
+// without a line gets an empty one. A longer list stops at kJobListSlots; how many entries were
+// left out goes to *leftOut, if given.
+JobList ReadJobList(std::string_view text, std::optional<char> driveLetter,
+                    size_t* leftOut = nullptr);
 
 }  // namespace tvx

@@ -307,7 +307,10 @@ void CTransferDlg::ReadMcf() {
 void CTransferDlg::ReadListFile(const std::string& path, std::optional<char> driveLetter) {
   ClearList();
   std::string bytes;
-  if (ReadWholeFile(files_, path, &bytes)) list = ReadJobList(DecodeCp949(bytes), driveLetter);
+  if (!ReadWholeFile(files_, path, &bytes)) return;
+  size_t leftOut = 0;
+  list = ReadJobList(DecodeCp949(bytes), driveLetter, &leftOut);
+  if (leftOut > 0) ui_->ShowMessage(MessageOf(JobMessage::kCannotEnter));
 }
 
 // The options of the entry previewed become those of the files to come.

@@ -74,7 +74,7 @@ class Surroundings(unittest.TestCase):
         self.assertNotIn(-1, places)
         self.assertEqual(places, sorted(places), shown)
         self.assertTrue(shown.endswith(b"\r\x1b[K"), shown)
-        self.assertIn(here + b"\\gone.nc: ", shown)
+        self.assertIn(here + b"\\gone.nc: no such file\r\n", shown)
 
     def test_a_run_over_entries_that_cannot_be(self):
         here = b"z:" + bytes(self.folder).replace(b"/", b"\\")
@@ -95,10 +95,20 @@ class Surroundings(unittest.TestCase):
         run = self.run_tool("run", "--json", jobs)
         results = json.loads(run.stdout)
         self.assertEqual(run.returncode, 1)
-        self.assertEqual(len(run.stderr.splitlines()), len(odd), run.stderr)
+        reasons = [line.rsplit(b": ")[-1].decode() for line in run.stderr.splitlines()]
+        self.assertEqual(reasons, ["no such file", "is a directory"] + ["no such file"] * 6)
         self.assertEqual([entry["cutLength"] > 0 for entry in results], [False] * len(odd) + [True])
         after = sorted(os.listdir(self.folder))
         self.assertEqual([name for name in after if name not in ("home", "list.txt")], before)
+
+    def test_a_list_that_is_too_long_is_not_cut_in_silence(self):
+        here = b"z:" + bytes(self.folder).replace(b"/", b"\\")
+        run = self.run_tool("run", "--json", self.write_list(*[(b"part.nc", here)] * 302))
+        self.assertEqual((run.returncode, len(json.loads(run.stdout))), (1, 300))
+        self.assertIn(b"list.txt: a list holds 300 files, the last 2 of this one are left out",
+                      run.stderr)
+        run = self.run_tool("run", "--json", self.write_list(*[(b"part.nc", here)] * 300))
+        self.assertEqual((run.returncode, run.stderr), (0, b""))
 
     def test_output_that_cannot_be_written_is_a_failure(self):
         with open("/dev/full", "wb") as full:

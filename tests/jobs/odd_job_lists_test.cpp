@@ -116,8 +116,11 @@ TEST_F(OddJobLists, EveryButtonLeavesBothListsOfOneLength) {
     memory.Put("c:\\list.mcf", row.text);
     slot.NcdataExt = "*.nc";
     const auto dialog = Opened(&memory);
+    user.messages.clear();
     dialog->ReadList();
     EXPECT_EQ(dialog->list.size(), row.entries);
+    // A list that does not fit says so.
+    EXPECT_EQ(user.messages.size(), row.entries == kJobListSlots ? 1U : 0U);
     const auto check = [&](const char* caption) {
       EXPECT_EQ(dialog->list.names.size(), dialog->list.lines.size()) << caption;
       EXPECT_LE(dialog->list.size(), kJobListSlots) << caption;
