@@ -2,6 +2,7 @@
 // seen to do what docs/commands.md says. That page is written from what stands here.
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QDialogButtonBox>
 #include <QListWidget>
 #include <QMdiSubWindow>
@@ -13,6 +14,7 @@
 #include <QPrintPreviewWidget>
 #include <QRegularExpression>
 #include <QStatusBar>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 #include <fstream>
@@ -130,6 +132,7 @@ class CommandsTest : public DesktopTest {
 
   void Describe();
   void DescribeView();
+  void DescribePad();
   void DescribeFrame();
 
   bool HasEffect(int id) const { return effects.contains(id); }
@@ -144,6 +147,7 @@ class CommandsTest : public DesktopTest {
 
 void CommandsTest::Describe() {
   DescribeView();
+  DescribePad();
   DescribeFrame();
   effects[32789] = {"shows the directories and the editor; \"저장\" writes `tvx.cfg`",
                     [this](const Run& run) {
@@ -293,6 +297,23 @@ void CommandsTest::DescribeView() {
                     }};
 }
 
+// The buttons of the pad that are no commands of the tables.
+void CommandsTest::DescribePad() {
+  effects[1000] = {"closes the pad, runs the job list as 32785 does and shows the list of results",
+                   [this](const Run& run) {
+                     user.On<TransferFace>([](TransferFace* face) { face->reject(); });
+                     user.On<CutTimeListFace>([](CutTimeListFace* face) { face->reject(); });
+                     run();
+                   }};
+  effects[1005] = {"closes the pad and does what 32783 does", effects.at(32783).check};
+  effects[1006] = Opens<OptionFace>("closes the pad and shows the options of the window");
+  effects[1004] = {"closes the pad", [this](const Run& run) {
+                     const int32_t rapids = View().view.RapidVisible;
+                     run();
+                     EXPECT_EQ(View().view.RapidVisible, rapids);
+                   }};
+}
+
 void CommandsTest::DescribeFrame() {
   effects[57600] = NewWindow("opens an empty window");
   effects[57648] = NewWindow("opens an empty window");
@@ -427,18 +448,20 @@ TEST_F(CommandsTest, EveryEntryOfTheMenuWithoutADocument) {
   }
 }
 
-// The pad's own buttons, and the one that is a command and leaves the pad open.
+// A button that leaves the pad open is followed by the one that closes it.
 TEST_F(CommandsTest, EveryButtonOfThePad) {
-  Check(32783, [this] {
-    user.On<CommandPadFace>([](CommandPadFace* pad) { Click(pad, "급속이송"); });
-    OpenCommandPad(&View());
-  });
-  user.On<CommandPadFace>([](CommandPadFace* pad) { Click(pad, "설정"); });
-  user.On<OptionFace>([](OptionFace* options) { options->reject(); });
-  OpenCommandPad(&View());
-  user.On<CommandPadFace>([](CommandPadFace* pad) { Click(pad, "취소"); });
-  OpenCommandPad(&View());
-  EXPECT_TRUE(user.Done());
+  for (const CCommandPadDlg::Button& button : CCommandPadDlg::Buttons()) {
+    SCOPED_TRACE(button.text);
+    Check(button.id, [&] {
+      QTimer::singleShot(0, window.get(), [&] {
+        QPointer<QWidget> pad = QApplication::activeModalWidget();
+        Click(pad, button.text);
+        EXPECT_EQ(pad->isVisible(), button.id == 32774);
+        if (pad->isVisible()) Click(pad, "취소");
+      });
+      OpenCommandPad(&View());
+    });
+  }
 }
 
 // The page of the commands, a row for each in the order of the tables.
@@ -473,10 +496,23 @@ class CommandsPage {
                   .arg(QString::number(id), texts_[id].join("; "), english_[id].join("; "),
                        places_[id].join("; "), keys_[id].join(", "), ToQt(effectOf_(id)));
     }
-    return FromQt(text);
+    return FromQt(text) + kInThePicture;
   }
 
  private:
+  // What ViewWidgetTest does with keys and mouse.
+  static constexpr char kInThePicture[] =
+      "\n## In the picture\n\n"
+      "Whatever modifier keys are down; every press draws the picture anew.\n\n"
+      "| Key or mouse | What happens |\n|---|---|\n"
+      "| arrow keys | move the picture by about ten pixels, and at least by 1 mm |\n"
+      "| Page Up, Page Down | turn by 10 degrees forth and back about Z |\n"
+      "| Home, End | the same about Y |\n"
+      "| Insert, Delete | the same about the horizontal of the screen |\n"
+      "| right button, drag | zooms to the rectangle if it is more than 10 pixels wide and high |\n"
+      "| right button, click or shorter drag | fits the path into the window |\n"
+      "| left button | opens the command pad |\n";
+
   void AddMenuRow(const MenuRow& row) {
     QString place = Plain(ToQt(row.menu));
     if (*row.submenu != '\0') place += " > " + Plain(ToQt(row.submenu));
@@ -516,10 +552,6 @@ TEST_F(CommandsTest, ThePageTellsThem) {
   const std::map<int, std::string> others = {
       {kRecentFiles,
        "gives way to the four files opened last; a choice loads one into a new window"},
-      {1000, "runs the job list as 32785 does, then shows the list of results"},
-      {1005, "shows or hides the rapid moves"},
-      {1006, "shows the options of the window"},
-      {1004, "closes the pad"},
   };
   CommandsPage page([&](int id) -> std::string {
     if (HasEffect(id)) return effects.at(id).words;
