@@ -15,6 +15,8 @@ namespace tvx {
 
 namespace {
 
+constexpr int kButtonWidth = 190;  // pixels; room for the title above
+
 // The command that a button leads to once the pad has closed; 0 for none.
 constexpr struct {
   int button;
@@ -37,7 +39,7 @@ CommandPadFace::CommandPadFace(CCommandPadDlg* pad, QWidget* parent) : QDialog(p
   column->setSizeConstraint(QLayout::SetFixedSize);
   for (const CCommandPadDlg::Button& button : CCommandPadDlg::Buttons()) {
     auto* const face = new QPushButton(Translated(button.text), this);
-    face->setMinimumWidth(140);
+    face->setMinimumWidth(kButtonWidth);
     face->setAutoDefault(false);
     face->setEnabled(IsButtonReady(window, button.id));
     column->addWidget(face);

@@ -164,6 +164,7 @@ SendOptionFace::SendOptionFace(CSendOptionDlg* dialog, QWidget* parent)
   AddClosingButtons(
       column, "OK", [this] { Accept(); }, "Cancel", [this] { reject(); });
   minFeed_->setFocus();  // the feeds are what most users come for
+  minFeed_->selectAll();
   Show();
 }
 

@@ -7,6 +7,7 @@
 #include <clocale>
 #include <memory>
 
+#include "desktop/korean.h"
 #include "desktop/language.h"
 #include "desktop/main_window.h"
 #include "desktop/qt_text.h"
@@ -48,6 +49,7 @@ int main(int argc, char** argv) {
   QApplication::setDesktopFileName("tvx");  // by which a desktop finds the icon of the windows
   const Arguments arguments = ReadArguments();
   tvx::UseLanguage(arguments.language);
+  if (arguments.language == tvx::kKoreanLabels) tvx::SetUpKorean();
 
   const std::filesystem::path home = tvx::Drives::DefaultHome();
   const tvx::Drives drives(home);

@@ -3,7 +3,9 @@
 #include <QDialog>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QMessageBox>
+#include <QTreeView>
 #include <memory>
 
 #include "desktop/dialog_faces.h"
@@ -58,6 +60,15 @@ bool IsFilter(const std::string& name) {
   return IsMask(name) && name.back() != '.';
 }
 
+// Sizes and dates beside the names, none of them cut. The desktop's own chooser has no such view.
+void ShowWholeColumns(QFileDialog* chooser) {
+  constexpr QSize kSize(820, 520);
+  chooser->resize(kSize);
+  if (const auto* const files = chooser->findChild<QTreeView*>("treeView")) {
+    files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  }
+}
+
 }  // namespace
 
 bool QtUserInterface::ShowMessage(const Message& message) {
@@ -84,6 +95,7 @@ QString QtUserInterface::StartDirectory(const FileQuestion& question) const {
 
 bool QtUserInterface::ChooseFile(const FileQuestion& question, std::string* path) {
   QFileDialog chooser(Parent());
+  ShowWholeColumns(&chooser);
   chooser.setDirectory(StartDirectory(question));
   chooser.setAcceptMode(question.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   const bool takesNewNames = question.save && !question.mustExist;

@@ -24,6 +24,7 @@ TOOLS = ("Xvfb", "openbox", "xdotool", "import")
 
 PATIENCE = 20.0  # seconds after which what is waited for counts as missing
 POLL = 0.03  # seconds
+STILL = 0.25  # seconds; shorter than a cursor blinks
 
 # The pens that draw on the black of the view, 0xRRGGBB.
 PENS = {
@@ -90,10 +91,10 @@ class Screen:
 
     WIDTH, HEIGHT = 1280, 800
 
-    def __init__(self, program, tool, folder, scale=1):
+    def __init__(self, program, tool, folder, scale=1, dark=False, language="ko"):
         self.program, self.tool = pathlib.Path(program), pathlib.Path(tool)
         self.folder = pathlib.Path(folder)
-        self.scale = scale
+        self.scale, self.dark, self.language = scale, dark, language
         self.home = self.folder / "home"
         self.data = self.home / "drive_c" / "marlo" / "ncdata"
         self.view_rect = None  # of the black view, known once the program has started
@@ -107,7 +108,10 @@ class Screen:
             "XDG_RUNTIME_DIR": str(self.folder), "XDG_CONFIG_HOME": str(self.home / "config"),
             "XDG_CACHE_HOME": str(self.home / "cache"), "TVX_HOME": str(self.home),
             "QT_QPA_PLATFORM": "xcb", "QT_SCALE_FACTOR": str(self.scale),
+            "TVX_LANGUAGE": self.language,
         }
+        if self.dark:
+            self._choose_dark_desktop()
         try:
             self._start_server()
             self._spawn("openbox", "openbox")
@@ -121,6 +125,22 @@ class Screen:
         if isinstance(error, Failure):
             self.save("failure.png")
         self._stop()
+
+    def _choose_dark_desktop(self):
+        """The settings of a desktop that the program takes its colours from."""
+        colours = {"BackgroundNormal": "42,46,50", "BackgroundAlternate": "49,54,59",
+                   "ForegroundNormal": "252,252,252", "ForegroundInactive": "161,169,177",
+                   "ForegroundLink": "29,153,243", "ForegroundVisited": "155,89,182"}
+        selection = colours | {"BackgroundNormal": "61,174,233"}
+        lines = []
+        for group in ("Window", "View", "Button", "Tooltip", "Selection"):
+            lines.append(f"[Colors:{group}]")
+            values = selection if group == "Selection" else colours
+            lines += [f"{key}={value}" for key, value in values.items()]
+        (self.home / "config").mkdir()
+        (self.home / "config" / "kdeglobals").write_text("\n".join(lines), encoding="utf-8")
+        self.environment |= {"XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true",
+                             "KDE_SESSION_VERSION": "5"}
 
     def _start_server(self):
         size = f"{self.WIDTH * self.scale}x{self.HEIGHT * self.scale}x24"
@@ -177,6 +197,10 @@ class Screen:
                     raise Failure(f"{process.args[0]} has ended while waiting: {what}")
             time.sleep(POLL)
 
+    def active_window(self):
+        """The number of the window that has the keys."""
+        return self._ask("getactivewindow")
+
     def title(self):
         """The title of the window that has the keys."""
         return self._ask("getactivewindow", "getwindowname")
@@ -230,9 +254,22 @@ class Screen:
     def view(self):
         return self.picture(self.view_rect)
 
-    def save(self, name):
-        """The whole screen as a file in the folder of the road."""
-        subprocess.run(["import", "-silent", "-window", "root", self.folder / name],
+    def wait_until_still(self):
+        """Waits until the whole screen stays as it is for a moment."""
+        whole = Rect(0, 0, self.WIDTH * self.scale, self.HEIGHT * self.scale)
+        last = [self.picture(whole), time.monotonic()]
+
+        def is_still():
+            now = self.picture(whole)
+            if now != last[0]:
+                last[:] = now, time.monotonic()
+            return time.monotonic() - last[1] > STILL
+
+        self.wait_until("the screen stays as it is", is_still)
+
+    def save(self, name, window="root"):
+        """The whole screen, or a window with its frame, as a file in the folder of the road."""
+        subprocess.run(["import", "-silent", "-frame", "-window", window, self.folder / name],
                        env=self.environment, check=False, timeout=PATIENCE)
 
     def drawing(self, *options, program):
@@ -291,7 +328,19 @@ class Screen:
         while is_black(right, top):
             right += 1
         self.view_rect = Rect(0, top, right, bottom - top)
-        return right > self.WIDTH * self.scale // 2
+        # A window that has not been painted yet is black all over, without axes.
+        return any(whole.colour(x, y) == WHITE for y in range(top, bottom) for x in range(right))
+
+    def leave(self):
+        """Ends the program by the menu."""
+        program = self._processes.pop()
+        self.key("alt+f", "x")
+        try:
+            status = program.wait(PATIENCE)
+        except subprocess.TimeoutExpired:
+            self._processes.append(program)
+            raise Failure("the program does not end") from None
+        expect(f"the program ends well, not with {status}", status == 0)
 
     def load(self, program):
         """Loads a program by the menu and the file chooser."""

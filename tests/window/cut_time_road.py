@@ -1,0 +1,71 @@
+"""The road of one file: Ctrl+T, the send options typed in, the adjusted path on the screen, the file
+information, the recorded result and its picture. Then the same with the pictures switched off."""
+import shutil
+
+from driver import EXAMPLES, expect
+
+# What the record holds after the typing: the lowest feed over the highest for corners, the same for
+# slopes, and as plunge feed the highest one of before.
+TYPED = ("--afa", "--set", "MaxFeed=2000", "--set", "CornerMaxRatio=0.2", "--set",
+         "SlopeMaxRatio=0.2", "--set", "PlungeFeed=1000")
+
+
+def run(screen):
+    screen.data.mkdir(parents=True)
+    program = screen.data / "part.nc"
+    shutil.copy(EXAMPLES / "finishing_raster.nc", program)
+    picture = screen.data / "part.nc.emf"
+
+    screen.start()
+    screen.load(program)
+    type_options(screen, lowest="400", highest="2000")
+    expect("nothing is recorded before it is accepted", not picture.exists())
+    record(screen)
+    screen.wait_for_drawing(*TYPED, program=program)
+    screen.wait_until("the picture of the recorded result", lambda: is_metafile(picture))
+    screen.leave()
+
+    picture.unlink()
+    screen.start()
+    screen.load(program)
+    switch_pictures_off(screen)
+    type_options(screen, lowest="400", highest="2000")
+    record(screen)
+    screen.wait_for_drawing(*TYPED, program=program)
+    expect("no picture is made when none is wanted", not picture.exists())
+
+
+def wait_for_main_window(screen):
+    screen.wait_for_window("TVX - [part.nc]")
+
+
+def type_options(screen, lowest, highest):
+    """The keys start in the lowest feed; the highest one is the next field."""
+    screen.key("ctrl+t")
+    screen.wait_for_window("전송 dialog")
+    screen.fill(lowest)
+    screen.key("Tab")
+    screen.fill(highest)
+    screen.key("Return")
+    screen.wait_for_window("화일정보")
+
+
+def record(screen):
+    screen.key("Return")
+    wait_for_main_window(screen)
+
+
+def is_metafile(path):
+    """Complete: the header tells the number of its bytes."""
+    data = path.read_bytes() if path.exists() else b""
+    return data[40:44] == b" EMF" and int.from_bytes(data[48:52], "little") == len(data)
+
+
+def switch_pictures_off(screen):
+    """By the command pad, whose last button but one opens the settings."""
+    screen.click(screen.view_rect.width // 2, 20)
+    screen.wait_for_window("TVX  Dialog")
+    screen.key("shift+Tab", "shift+Tab", "space")
+    screen.wait_for_window("설정")
+    screen.key("space", "Return")
+    wait_for_main_window(screen)
