@@ -1,5 +1,5 @@
 """A whole job by the keys alone: three files with different options, key codes on one of them, the saved
-list, and the run, of which the window then shows the last file."""
+list, and the run, of which the window then shows the last file and the list of results all three."""
 import shutil
 
 from driver import EXAMPLES, expect
@@ -72,6 +72,12 @@ def run(screen, picture=lambda name: None):
     screen.wait_for_window("TVX - [TVX1]")
     shows_the_last_file(screen)
     picture("run")
+    screen.key("alt+f", "Right", "Down", "Down", "Down", "Return")
+    screen.wait_for_window("TVX 출력")
+    screen.key("Down")
+    picture("results")
+    screen.key("Escape")
+    screen.wait_for_window("TVX - [TVX1]")
 
 
 def set_condition(screen, keys, picture):
