@@ -5,6 +5,8 @@
 #include <QFileInfo>
 #include <QTimer>
 #include <clocale>
+#include <cstdio>
+#include <cstdlib>
 #include <memory>
 
 #include "desktop/korean.h"
@@ -24,7 +26,8 @@ struct Arguments {
   QStringList files;
 };
 
-// The environment chooses the language where the arguments do not.
+// The environment chooses the language where the arguments do not. A language that is asked for and
+// not known ends the program; one of the environment, which is set once for all, does not.
 Arguments ReadArguments() {
   QCommandLineParser parser;
   parser.setApplicationDescription("Shows tool paths and their machining times.");
@@ -35,8 +38,12 @@ Arguments ReadArguments() {
   parser.addHelpOption();
   parser.addPositionalArgument("files", "NC programs, each of which gets a window.", "[files...]");
   parser.process(*qApp);
-  return {parser.value(language) == "en" ? tvx::kEnglishLabels : tvx::kKoreanLabels,
-          parser.positionalArguments()};
+  const QString asked = parser.value(language);
+  if (parser.isSet(language) && asked != "ko" && asked != "en") {
+    std::fprintf(stderr, "tvx: no language \"%s\": ko or en\n", qPrintable(asked));
+    std::exit(2);
+  }
+  return {asked == "en" ? tvx::kEnglishLabels : tvx::kKoreanLabels, parser.positionalArguments()};
 }
 
 }  // namespace
