@@ -17,7 +17,10 @@ fs::path HomeOf(const Call& call) {
 }  // namespace
 
 Host::Host(const Call& call)
-    : drives_(HomeOf(call)), files(MakeHostFiles(&drives_)), app(files.get(), &ui) {
+    : drives_(HomeOf(call)),
+      files(MakeHostFiles(&drives_)),
+      spreadsheets(&drives_),
+      app(files.get(), &ui, NoPrograms(), &spreadsheets) {
   app.InitApplication();
 }
 

@@ -7,6 +7,7 @@
 #include "cli/command.h"
 #include "platform/drives.h"
 #include "platform/files.h"
+#include "reports/calc_client.h"
 #include "shell/application.h"
 
 namespace tvx {
@@ -30,6 +31,7 @@ class Host {
  public:
   const std::unique_ptr<Files> files;
   CliUserInterface ui;
+  CalcSpreadsheets spreadsheets;
   CTVXApp app;
 };
 

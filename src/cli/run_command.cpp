@@ -164,7 +164,8 @@ void WriteSheet(const std::string& argument, const Host& host, ResultTable* resu
   const auto program = host.app.spreadsheets->Start(SpreadsheetForm::kFile);
   if (program == nullptr) throw Failure{argument, kNoSpreadsheetProgram};
   if (!WriteSpreadsheetFile(OutputPath(host, argument), results, program.get())) {
-    throw Failure{argument, "cannot be filled and saved"};
+    const std::string problem = program->Problem();
+    throw Failure{argument, problem.empty() ? "cannot be filled and saved" : problem};
   }
 }
 

@@ -17,6 +17,7 @@
 #include "platform/drives.h"
 #include "platform/files.h"
 #include "platform/host_programs.h"
+#include "reports/calc_client.h"
 #include "shell/application.h"
 
 namespace {
@@ -63,7 +64,8 @@ int main(int argc, char** argv) {
   const std::unique_ptr<tvx::Files> files = tvx::MakeHostFiles(&drives);
   tvx::QtUserInterface ui(&drives, files.get());
   tvx::HostPrograms programs(&drives, [] { QTimer::singleShot(0, qApp, &QApplication::quit); });
-  tvx::CTVXApp app(files.get(), &ui, &programs);
+  tvx::CalcSpreadsheets spreadsheets(&drives);
+  tvx::CTVXApp app(files.get(), &ui, &programs, &spreadsheets);
   app.InitApplication(arguments.language);
 
   tvx::MainWindow window(&app, &drives, tvx::ToQt((home / "desktop.ini").string()));

@@ -11,8 +11,9 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/descriptor.h"
 #include "platform/drives.h"
-#include "platform/format.h"
+#include "platform/new_file.h"
 
 namespace tvx {
 
@@ -22,26 +23,6 @@ namespace {
 
 constexpr size_t kBufferSize =
     size_t{64} * 1024;  // bytes; a piece large enough to make calls cheap
-
-// An open file of the host, closed with its owner.
-class Descriptor {
- public:
-  explicit Descriptor(int number = -1) : number_(number) {}
-  Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
-  Descriptor& operator=(Descriptor&& other) noexcept {
-    std::swap(number_, other.number_);
-    return *this;
-  }
-  ~Descriptor() { Close(); }
-
-  bool IsOpen() const { return number_ >= 0; }
-  int Number() const { return number_; }
-  // False if bytes written earlier turn out to be lost, as network drives tell only here.
-  bool Close() { return number_ < 0 || ::close(std::exchange(number_, -1)) == 0; }
-
- private:
-  int number_;
-};
 
 // Reads up to `size` bytes: how many, 0 at the end, -1 on a failure.
 ssize_t ReadSome(int descriptor, char* buffer, size_t size) {
@@ -91,14 +72,9 @@ class HostInputFile : public InputFile {
 
 class HostOutputFile : public OutputFile {
  public:
-  HostOutputFile(Descriptor file, fs::path temporary, fs::path target)
-      : file_(std::move(file)), temporary_(std::move(temporary)), target_(std::move(target)) {}
-  HostOutputFile(const HostOutputFile&) = delete;
-  HostOutputFile& operator=(const HostOutputFile&) = delete;
+  explicit HostOutputFile(const fs::path& target) : file_(target) {}
 
-  ~HostOutputFile() override {
-    if (!temporary_.empty()) ::unlink(temporary_.c_str());
-  }
+  bool IsOpen() const { return file_.IsOpen(); }
 
   bool Write(std::string_view bytes) override {
     if (buffer_.size() + bytes.size() > kBufferSize && !Flush()) return false;
@@ -110,13 +86,12 @@ class HostOutputFile : public OutputFile {
   bool Patch(uint64_t offset, std::string_view bytes) override {
     const uint64_t size = written_ + buffer_.size();
     if (offset > size || bytes.size() > size - offset) return false;
-    good_ = Flush() && WriteAll(file_.Number(), offset, bytes);
+    good_ = Flush() && WriteAll(file_.descriptor(), offset, bytes);
     return good_;
   }
 
   bool Commit() override {
-    good_ = Flush() && file_.Close() && ::rename(temporary_.c_str(), target_.c_str()) == 0;
-    if (good_) temporary_.clear();
+    good_ = Flush() && file_.PutInPlace();
     // The file is no longer this object's: what is written or committed after this fails.
     return std::exchange(good_, false);
   }
@@ -129,61 +104,20 @@ class HostOutputFile : public OutputFile {
   }
 
   bool WriteThrough(std::string_view bytes) {
-    good_ = good_ && WriteAll(file_.Number(), written_, bytes);
+    good_ = good_ && WriteAll(file_.descriptor(), written_, bytes);
     written_ += bytes.size();
     return good_;
   }
 
-  Descriptor file_;
-  fs::path temporary_;  // empty once it is in place
-  fs::path target_;
+  NewFile file_;
   std::string buffer_;    // what is not yet in the file
   uint64_t written_ = 0;  // bytes in the file
   bool good_ = true;
 };
 
-// Where a path leads when it is a link, so that a file behind one is replaced and not the link.
-fs::path BehindLinks(fs::path path) {
-  constexpr int kMostLinks = 40;  // as the system itself follows
-  std::error_code error;
-  for (int i = 0; i < kMostLinks && fs::is_symlink(fs::symlink_status(path, error)); ++i) {
-    path = path.parent_path() / fs::read_symlink(path, error);
-  }
-  return path;
-}
-
-// Gives a new file owner and rights of the one it will replace, as far as the system allows.
-void TakeRightsOver(int descriptor, const struct stat& older) {
-  if (::fchown(descriptor, older.st_uid, older.st_gid) != 0) {
-    // Only the superuser gives files away; the file then belongs to who wrote it.
-  }
-  ::fchmod(descriptor, older.st_mode & 07777);
-}
-
-bool IsWritableFile(const fs::path& path, const struct stat& status) {
-  return S_ISREG(status.st_mode) && ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
-}
-
 std::unique_ptr<OutputFile> CreateHostFile(const fs::path& path) {
-  const fs::path target = BehindLinks(path);
-  struct stat older {};
-  const bool replaces = ::stat(target.c_str(), &older) == 0;
-  if (replaces ? !IsWritableFile(target, older) : errno != ENOENT) return nullptr;
-
-  // A leading dot hides the file, process and number keep it apart from those of others.
-  static unsigned number = 0;
-  constexpr int kAttempts = 100;
-  for (int i = 0; i < kAttempts; ++i) {
-    const fs::path temporary =
-        target.parent_path() / Format(".tvx-%ld-%u.tmp", static_cast<long>(::getpid()), ++number);
-    Descriptor file(::open(temporary.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
-    if (file.IsOpen()) {
-      if (replaces) TakeRightsOver(file.Number(), older);
-      return std::make_unique<HostOutputFile>(std::move(file), temporary, target);
-    }
-    if (errno != EEXIST) return nullptr;
-  }
-  return nullptr;
+  auto file = std::make_unique<HostOutputFile>(path);
+  return file->IsOpen() ? std::move(file) : nullptr;
 }
 
 // A path such as "n:" or "n:\\new\\" is no name for a file, even where nothing is there yet.

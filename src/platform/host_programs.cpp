@@ -121,4 +121,30 @@ bool HostPrograms::HasWindowOfClass(const std::string& windowClass) {
 #endif
 }
 
+bool HasDisplay() {
+  const auto variable = [](const char* name) -> std::filesystem::path {
+    const char* const value = std::getenv(name);
+    return value == nullptr ? "" : value;
+  };
+  std::error_code error;
+  const auto wayland = variable("WAYLAND_DISPLAY");
+  if (!wayland.empty() && std::filesystem::exists(variable("XDG_RUNTIME_DIR") / wayland, error)) {
+    return true;
+  }
+  if (variable("DISPLAY").empty()) return false;
+#ifdef TVX_HAVE_XCB
+  xcb_connection_t* const display = xcb_connect(nullptr, nullptr);
+  const bool found = xcb_connection_has_error(display) == 0;
+  xcb_disconnect(display);
+  return found;
+#else
+  return true;
+#endif
+}
+
+std::filesystem::path ProgramFolder() {
+  std::error_code error;
+  return std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+}
+
 }  // namespace tvx

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
 
 #include "platform/drives.h"
@@ -24,5 +25,11 @@ class HostPrograms final : public Programs {
   const Drives* drives_;
   std::function<void()> quit_;
 };
+
+// True if a program that shows a window would find a display, as far as this build can tell.
+bool HasDisplay();
+
+// The folder of this program's own executable; empty if the system does not tell.
+std::filesystem::path ProgramFolder();
 
 }  // namespace tvx

@@ -15,13 +15,17 @@ namespace {
 constexpr int kRapidLengthDecimals = 3;
 constexpr int kNoFile = -1;
 
+void Append(const std::vector<std::string>& more, std::vector<std::string>* lines) {
+  lines->insert(lines->end(), more.begin(), more.end());
+}
+
 }  // namespace
 
 std::vector<std::string> CutTimeListLines(const CutTimeEntry& entry) {
   std::vector<std::string> lines = {"Dir : " + entry.dirName};
-  AppendLines(RestartLines(entry), &lines);
-  AppendLines(ConditionLines(entry, ""), &lines);
-  AppendLines(FigureLines(entry, kRapidLengthDecimals), &lines);
+  Append(RestartLines(entry), &lines);
+  Append(ConditionLines(entry, ""), &lines);
+  Append(FigureLines(entry, kRapidLengthDecimals), &lines);
   lines.push_back("그림화일 " + entry.pictureName);
   return lines;
 }

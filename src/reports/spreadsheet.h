@@ -40,6 +40,9 @@ class SpreadsheetApplication {
   // File form only: saves the workbook under its path, in the format of the path's ending, and
   // closes it. An older file stays whole if that fails.
   virtual bool Save() = 0;
+
+  // Why a step failed, in words for a person. Empty if none did or nobody knows.
+  virtual std::string Problem() const { return {}; }
 };
 
 enum class SpreadsheetForm {

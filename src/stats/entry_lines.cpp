@@ -74,10 +74,6 @@ std::vector<std::string> FigureLines(const CutTimeEntry& entry, int rapidLengthD
   };
 }
 
-void AppendLines(const std::vector<std::string>& more, std::vector<std::string>* lines) {
-  lines->insert(lines->end(), more.begin(), more.end());
-}
-
 std::string CornerWeightsText(const CutTimeEntry& entry) {
   return WeightsText(entry.CorWeight0, entry.CorWeight30, entry.CorWeight60);
 }

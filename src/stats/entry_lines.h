@@ -20,9 +20,6 @@ std::vector<std::string> ConditionLines(const CutTimeEntry& entry, const char* w
 // The seven figures.
 std::vector<std::string> FigureLines(const CutTimeEntry& entry, int rapidLengthDecimals);
 
-// Adds lines to the end.
-void AppendLines(const std::vector<std::string>& more, std::vector<std::string>* lines);
-
 // The three corner or slope weights, with a blank behind each.
 std::string CornerWeightsText(const CutTimeEntry& entry);
 std::string SlopeWeightsText(const CutTimeEntry& entry);

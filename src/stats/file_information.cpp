@@ -13,14 +13,18 @@ bool IsKnownRestart(int32_t kind) {
   return kind >= 1 && kind <= 4;
 }
 
+void Append(const std::vector<std::string>& more, std::vector<std::string>* lines) {
+  lines->insert(lines->end(), more.begin(), more.end());
+}
+
 }  // namespace
 
 std::vector<std::string> FileInformationLines(const CutTimeEntry& entry) {
   std::vector<std::string> lines = RestartLines(entry);
   // Here a position that nobody knows has a line all the same.
   if (entry.RestartOn == 1 && !IsKnownRestart(entry.RestartKind)) lines.emplace_back();
-  AppendLines(ConditionLines(entry, kWeightIndent), &lines);
-  AppendLines(FigureLines(entry, kRapidLengthDecimals), &lines);
+  Append(ConditionLines(entry, kWeightIndent), &lines);
+  Append(FigureLines(entry, kRapidLengthDecimals), &lines);
   return lines;
 }
 

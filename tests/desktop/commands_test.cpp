@@ -503,7 +503,7 @@ class CommandsPage {
   // What ViewWidgetTest does with keys and mouse.
   static constexpr char kInThePicture[] =
       "\n## In the picture\n\n"
-      "Whatever modifier keys are down; every key press draws the picture anew.\n\n"
+      "Whatever modifier keys are down; every press draws the picture anew.\n\n"
       "| Key or mouse | What happens |\n|---|---|\n"
       "| arrow keys | move the picture by about ten pixels, and at least by 1 mm |\n"
       "| Page Up, Page Down | turn by 10 degrees forth and back about Z |\n"

@@ -1,7 +1,6 @@
 // The list of results in its window.
 
 #include <QAbstractButton>
-#include <QFileDialog>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
@@ -125,18 +124,6 @@ TEST_F(CutTimeListWindow, AsksBeforeAReportIsOverwrittenAndNotForAList) {
   window->RunCommand(kListCommand);
   EXPECT_NE(HostBytes(report), "older");
   EXPECT_TRUE(HostBytes(list).starts_with("File "));
-}
-
-TEST_F(CutTimeListWindow, TakesOnlyAWorkbookThatExists) {
-  user.On<CutTimeListFace>([](CutTimeListFace* face) {
-    Click(face, "스프레드시트 출력");
-    face->reject();
-  });
-  user.OnFile(home / "drive_c/marlo/none.xls");
-  user.On<QMessageBox>([](QMessageBox* message) { message->accept(); });
-  user.On<QFileDialog>([](QFileDialog* chooser) { chooser->reject(); });
-  window->RunCommand(kListCommand);
-  EXPECT_FLOAT_EQ(View().results.entries[0].cutLength, 12345.6F) << "nothing was exported";
 }
 
 // The pad's button that runs a job list goes on to the results, also when no list was accepted.

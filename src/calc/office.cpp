@@ -1,0 +1,154 @@
+#include "calc/office.h"
+
+#include <com/sun/star/bridge/UnoUrlResolver.hpp>
+#include <com/sun/star/connection/NoConnectException.hpp>
+#include <com/sun/star/frame/Desktop.hpp>
+#include <cppuhelper/bootstrap.hxx>
+#include <random>
+#include <rtl/bootstrap.hxx>
+#include <thread>
+#include <vector>
+
+#include "calc/problem.h"
+#include "calc/uno_text.h"
+#include "platform/format.h"
+#include "platform/host_programs.h"
+
+namespace tvx {
+
+namespace uno = com::sun::star::uno;
+
+namespace {
+
+// The caller of this program waits less; this ends one that nobody waits for any more.
+constexpr Milliseconds kLongestStart{120000};
+constexpr Milliseconds kTryAgain{50};
+constexpr Milliseconds kOrderlyEnd{3000};
+
+// With these an office asks to be started once more, having set up its settings.
+constexpr int kStartAgain = 81;
+constexpr int kStartAgainAfterCrash = 79;
+
+constexpr char kProgramFolder[] = TVX_OFFICE_PROGRAM_FOLDER;
+
+std::string UniqueName() {
+  std::random_device random;
+  return Format("tvx_%08x%08x", random(), random());
+}
+
+// An office that finds no display, or was installed without its windows, goes on unseen: with a
+// workbook that the user would look for in vain.
+void CheckForWindow() {
+  if (!HasDisplay()) throw Problem{"there is no display"};
+  std::error_code error;
+  for (std::filesystem::directory_iterator file(kProgramFolder, error), end; !error && file != end;
+       file.increment(error)) {
+    if (file->path().filename().string().starts_with("libvclplug_")) return;
+  }
+  throw Problem{"LibreOffice is not installed here, or without its windows"};
+}
+
+}  // namespace
+
+TemporaryFolder::TemporaryFolder() {
+  std::error_code error;
+  path_ = std::filesystem::temp_directory_path(error) / UniqueName();
+  if (error || !std::filesystem::create_directory(path_, error)) {
+    throw Problem{"no temporary folder can be made"};
+  }
+}
+
+TemporaryFolder::~TemporaryFolder() {
+  std::error_code ignored;
+  std::filesystem::remove_all(path_, ignored);
+}
+
+Office::Office(OfficeForm form) : form_(form), pipe_(UniqueName()) {
+  if (form_ == OfficeForm::kWindow) CheckForWindow();
+  if (form_ == OfficeForm::kHidden) profile_ = std::make_unique<TemporaryFolder>();
+  Launch();
+  Connect();
+}
+
+void Office::Launch() {
+  const std::string folder = kProgramFolder;
+  std::vector<std::string> command = {
+      // The first takes care of the user's settings, of crashes and of an office that runs
+      // already; the second is the office itself.
+      folder + (form_ == OfficeForm::kWindow ? "/soffice" : "/soffice.bin"),
+      "--nologo",
+      "--nodefault",
+      "--norestore",
+      "--accept=pipe,name=" + pipe_ + ";urp;StarOffice.ComponentContext",
+  };
+  if (form_ == OfficeForm::kWindow) {
+    process_ = ChildProcess::Start(command, ChildTies::kNeighbour);
+  } else {
+    command.insert(command.end(), {"--headless", "--invisible",
+                                   "-env:UserInstallation=" + FileUrl(profile_->path())});
+    // In a plain "C" locale an office finds no file with a name beyond ASCII.
+    process_ = ChildProcess::Start(command, ChildTies::kServant, {"LC_ALL=C.UTF-8"});
+  }
+  if (process_ == nullptr) throw Problem{"LibreOffice is not installed in " + folder};
+  process_->EndInPlaceOfThisProcess();
+}
+
+void Office::Connect() {
+  // Without this the client library finds no types and crashes at the first call.
+  const rtl::OUString variable("URE_BOOTSTRAP");
+  rtl::Bootstrap::set(variable,
+                      "vnd.sun.star.pathname:" TVX_OFFICE_PROGRAM_FOLDER "/fundamentalrc");
+  context_ = cppu::defaultBootstrap_InitialComponentContext();
+
+  int moreStarts = 3;
+  bool handedOn = false;  // to an office that runs already
+  const auto end = std::chrono::steady_clock::now() + kLongestStart;
+  while (!TryToConnect()) {
+    if (std::chrono::steady_clock::now() > end) throw Problem{"LibreOffice does not answer"};
+    const std::optional<int> status = handedOn ? std::nullopt : process_->ExitStatus();
+    if (status == kStartAgain || status == kStartAgainAfterCrash) {
+      if (moreStarts-- == 0) throw Problem{"LibreOffice ends again and again"};
+      Launch();
+    } else if (status == 0 && form_ == OfficeForm::kWindow) {
+      handedOn = true;
+    } else if (status.has_value()) {
+      throw Problem{Format("LibreOffice ended with status %d", *status)};
+    }
+    std::this_thread::sleep_for(kTryAgain);
+  }
+}
+
+bool Office::TryToConnect() {
+  const auto resolver = com::sun::star::bridge::UnoUrlResolver::create(context_);
+  try {
+    const uno::Reference<uno::XComponentContext> office(
+        resolver->resolve("uno:pipe,name=" + FromUtf8(pipe_) + ";urp;StarOffice.ComponentContext"),
+        uno::UNO_QUERY_THROW);
+    desktop_ = com::sun::star::frame::Desktop::create(office);
+  } catch (const com::sun::star::connection::NoConnectException&) {
+    return false;
+  }
+  return true;
+}
+
+void Office::LeaveToUser() {
+  process_->Leave();
+  desktop_.clear();
+}
+
+Office::~Office() {
+  if (!desktop_.is() || process_->ExitStatus().has_value()) return;
+  try {
+    // The user may have opened something in it meanwhile.
+    if (desktop_->getComponents()->createEnumeration()->hasMoreElements()) {
+      process_->Leave();
+      return;
+    }
+    desktop_->terminate();
+    process_->WaitForEnd(kOrderlyEnd);
+  } catch (const uno::Exception&) {
+    // It has gone away or does not obey: the end of `process_` is its end.
+  }
+}
+
+}  // namespace tvx

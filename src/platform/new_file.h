@@ -1,0 +1,36 @@
+// A file of this machine that is written beside an older one and takes its place when complete.
+#pragma once
+
+#include <filesystem>
+
+#include "platform/descriptor.h"
+
+namespace tvx {
+
+// Starts empty under a name of its own, and is filled through its descriptor or by another program
+// through its path. Destroyed without PutInPlace, it leaves no trace.
+class NewFile {
+ public:
+  // `target`: absolute. Behind a link, the file that the link leads to is the one to be replaced.
+  explicit NewFile(const std::filesystem::path& target);
+  ~NewFile();
+  NewFile(const NewFile&) = delete;
+  NewFile& operator=(const NewFile&) = delete;
+
+  // False if there may be no such file: no folder, no right to write there, or a target that may
+  // not be written or is no plain file.
+  bool IsOpen() const { return !path_.empty(); }
+  const std::filesystem::path& path() const { return path_; }
+  int descriptor() const { return descriptor_.Number(); }
+
+  // Puts it in place, with the rights of the older file. False, with the older file as it was, if
+  // that fails.
+  bool PutInPlace();
+
+ private:
+  Descriptor descriptor_;
+  std::filesystem::path path_;  // empty once it is in place
+  std::filesystem::path target_;
+};
+
+}  // namespace tvx

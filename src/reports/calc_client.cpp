@@ -1,0 +1,113 @@
+#include "reports/calc_client.h"
+
+#include <cstdlib>
+#include <utility>
+#include <vector>
+
+#include "platform/format.h"
+#include "platform/host_programs.h"
+#include "reports/calc_lines.h"
+
+namespace tvx {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// How long tvx-calc may take to end when its work is done: it has an office to close.
+constexpr Milliseconds kOrderlyEnd{10000};
+// The same after a failure, when nobody knows what state it is in.
+constexpr Milliseconds kForcedEnd{3000};
+
+constexpr char kHasEnded[] = "the program has ended";
+
+class CalcApplication final : public SpreadsheetApplication {
+ public:
+  CalcApplication(std::unique_ptr<ChildProcess> calc, const Drives* drives, Milliseconds patience)
+      : calc_(std::move(calc)), drives_(drives), patience_(patience) {}
+
+  ~CalcApplication() override {
+    if (calc_ == nullptr) return;
+    calc_->CloseInput();
+    calc_->WaitForEnd(kOrderlyEnd);
+  }
+
+  // The first answer, which comes without a question.
+  bool HasStarted() { return AwaitDone(); }
+
+  bool OpenWorkbook(const std::string& path) override {
+    const auto host = drives_->ToHost(path);
+    return host ? Do(kCalcOpen, host->string()) : Fail("lies on no drive");
+  }
+  bool SelectSheet(int number) override { return Do(kCalcSheet, Format("%d", number)); }
+  bool SelectRange(const std::string& first, const std::string& last) override {
+    return Do(kCalcRange, first == last ? first : first + ":" + last);
+  }
+  bool PutValue(const CellValue& value) override {
+    if (const auto* text = std::get_if<std::string>(&value)) return Do(kCalcText, *text);
+    // A cell holds a double: all digits of the 32-bit value reach it.
+    return Do(kCalcNumber, Format("%.17g", static_cast<double>(std::get<float>(value))));
+  }
+  bool SetVisible(bool visible) override { return Do(kCalcVisible, visible ? kCalcYes : kCalcNo); }
+  bool SetUserControl(bool control) override {
+    return control ? Do(kCalcLeave, "") : true;  // it has the control until it gives it away
+  }
+  bool Save() override { return Do(kCalcSave, ""); }
+
+  std::string Problem() const override { return problem_; }
+
+ private:
+  bool Do(std::string_view word, std::string_view argument) {
+    if (calc_ == nullptr) return false;
+    if (!calc_->Send(CalcLine(word, argument), patience_)) return Fail(kHasEnded);
+    return AwaitDone();
+  }
+
+  bool AwaitDone() {
+    std::string answer;
+    switch (calc_->Receive(&answer, patience_)) {
+      case Reception::kEnd:
+        return Fail(kHasEnded);
+      case Reception::kTooLate:
+        return Fail("the program does not answer");
+      case Reception::kLine:
+        break;
+    }
+    if (answer == kCalcDone) return true;
+    return Fail(SplitCalcLine(answer).second);
+  }
+
+  bool Fail(std::string problem) {
+    problem_ = std::move(problem);
+    if (calc_ != nullptr) calc_->End(kForcedEnd);
+    calc_ = nullptr;
+    return false;
+  }
+
+  std::unique_ptr<ChildProcess> calc_;  // null after a failure
+  const Drives* drives_;
+  Milliseconds patience_;
+  std::string problem_;
+};
+
+}  // namespace
+
+fs::path FindCalcProgram() {
+  const char* const named = std::getenv("TVX_CALC");
+  if (named != nullptr && *named != '\0') return named;
+  const fs::path above = ProgramFolder().parent_path();
+  std::error_code error;
+  const fs::path installed = above / "libexec" / "tvx" / "tvx-calc";
+  return fs::exists(installed, error) ? installed : above / "calc" / "tvx-calc";
+}
+
+std::unique_ptr<SpreadsheetApplication> CalcSpreadsheets::Start(SpreadsheetForm form) {
+  const std::string_view word = form == SpreadsheetForm::kFile ? kCalcFileForm : kCalcWindowForm;
+  auto calc = ChildProcess::Start({program_.string(), std::string(word)}, ChildTies::kPartner);
+  if (calc == nullptr) return nullptr;
+  auto application = std::make_unique<CalcApplication>(std::move(calc), drives_, patience_);
+  if (!application->HasStarted()) return nullptr;
+  return application;
+}
+
+}  // namespace tvx
