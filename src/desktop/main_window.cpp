@@ -439,6 +439,7 @@ void MainWindow::ShowFileName() {
   ViewWidget* const active = ActiveView();
   if (active == nullptr) {
     setWindowTitle(kTitle);
+    ShowFilePath({});
     return;
   }
   const QString file = ToQt(active->view().fileName);
@@ -446,6 +447,14 @@ void MainWindow::ShowFileName() {
   active->parentWidget()->setWindowTitle(name);
   // As the area itself names a window that fills it, which it then does not do once more.
   setWindowTitle(QString("%1 - [%2]").arg(kTitle, name));
+  ShowFilePath(ToQt(active->view().filePath));
+}
+
+// Stands in the text pane until something else is to be said there.
+void MainWindow::ShowFilePath(const QString& path) {
+  if (path == shownPath_) return;
+  shownPath_ = path;
+  text_->setText(path.isEmpty() ? kReadyText : path);
 }
 
 // The program or its feeds may have changed.

@@ -88,6 +88,7 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   void BuildStatusBar();
   void ShowMenuOfState();
   void ShowFileName();
+  void ShowFilePath(const QString& path);
   void ShowProgram();
 
   CTVXApp* app_;
@@ -99,6 +100,7 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   QList<QAction*> workingMenus_;  // and with a view
   std::map<int, std::vector<QAction*>> menuActions_;
   QLabel* text_ = nullptr;
+  QString shownPath_;  // of the file that the text pane named last
   std::array<QLabel*, 3> lockKeys_{};
   RecentFiles recent_;
   QMenu* recentMenu_ = nullptr;

@@ -76,6 +76,21 @@ TEST_F(MainWindowTest, AnotherWindowHasAProgramAndAViewOfItsOwn) {
   EXPECT_NE(window->windowTitle().indexOf("part.nc"), -1);
 }
 
+TEST_F(MainWindowTest, TitleAndStatusBarNameTheFile) {
+  const auto pane = [this] { return window->statusBar()->findChild<QLabel*>()->text(); };
+  EXPECT_EQ(window->windowTitle(), "TVX - [TVX1]");
+  EXPECT_EQ(pane(), "Ready");
+  Load();
+  EXPECT_EQ(window->windowTitle(), "TVX - [part.nc]");
+  EXPECT_EQ(pane(), "c:\\marlo\\ncdata\\part.nc");
+  ui.ShowStatus("says something");
+  Press(Qt::Key_F9);
+  EXPECT_EQ(pane(), "says something");
+  Press(Qt::Key_N, Qt::ControlModifier);
+  Settle();
+  EXPECT_EQ(pane(), "Ready");
+}
+
 TEST_F(MainWindowTest, ADroppedFileIsLoaded) {
   const std::filesystem::path path = PutProgram("dropped.nc", kProgram);
   QMimeData data;

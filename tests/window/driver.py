@@ -38,6 +38,10 @@ def missing_tools():
     return [tool for tool in TOOLS if shutil.which(tool) is None]
 
 
+# The letter of the load in its menu, and the title of the chooser.
+LOADING = {"ko": ("t", "불러오기"), "en": ("l", "Load")}
+
+
 class Failure(Exception):
     """What the user would have seen amiss."""
 
@@ -344,8 +348,9 @@ class Screen:
 
     def load(self, program):
         """Loads a program by the menu and the file chooser."""
-        self.key("alt+f", "t")
-        self.wait_for_window("불러오기")
+        letter, title = LOADING[self.language]
+        self.key("alt+f", letter)
+        self.wait_for_window(title)
         self.fill(str(program))
         self.key("Return")
         self.wait_for_window(f"TVX - [{pathlib.Path(program).name}]")
