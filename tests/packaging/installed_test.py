@@ -72,6 +72,12 @@ class Installed(unittest.TestCase):
         program.wait(timeout=30)
         self.assertIn("pocket_arcs.nc", recent.read_text())
 
+    def test_helper_of_the_spreadsheet_finds_its_libraries(self):
+        helper = self.root / "libexec" / "tvx" / "tvx-calc"
+        if not helper.exists():
+            self.skipTest("built without LibreOffice")
+        self.assertEqual(output_of(helper), "usage: tvx-calc window|file\n")
+
     def test_man_pages_are_clean(self):
         pages = sorted((self.share / "man").rglob("*.[18]"))
         self.assertIn("tvx-cli.1", [page.name for page in pages])
