@@ -1,5 +1,6 @@
-// Drawing: the fit against a bare walk with the projection, a repaint into an image against a
-// general painter that is handed the same runs of points ready-made, and the picture files.
+// Drawing: from the file to the first picture, the fit against a bare walk with the projection, a
+// repaint into an image against a general painter that is handed the same runs of points
+// ready-made, and the picture files.
 #include <sys/resource.h>
 
 #include <algorithm>
@@ -56,14 +57,20 @@ struct BenchScene {
 
   Scene scene() { return {&loaded.program, &loaded.job, &view}; }
 
-  void Load(uint64_t lines, const BenchOptions& options, const Workspace& workspace) {
-    const ProgramKind kind = ProgramKind::kRaster;
-    const std::string path =
-        workspace.Put({.kind = kind, .lines = lines, .spacing = options.spacing});
-    loaded.Load(path, kind, workspace.HostFiles());
+  static constexpr ProgramKind kKind = ProgramKind::kRaster;
+
+  static std::string Put(uint64_t lines, const BenchOptions& options, const Workspace& workspace) {
+    return workspace.Put({.kind = kKind, .lines = lines, .spacing = options.spacing});
+  }
+
+  void Load(const std::string& path, const Workspace& workspace) {
+    loaded.Load(path, kKind, workspace.HostFiles());
     OnResize(&view.transform, kWidth, kHeight);
     PrepareDevice(&view.transform);
     FitToPath(&view.transform, &loaded.program.store, &ui);
+  }
+  void Load(uint64_t lines, const BenchOptions& options, const Workspace& workspace) {
+    Load(Put(lines, options, workspace), workspace);
   }
 
   // Gives the straight cuts feeds that change every so many moves; 0 for one feed.
@@ -126,6 +133,26 @@ double RepaintSeconds(BenchScene* bench, std::vector<uint32_t>* pixels) {
     RasterDevice device({pixels->data(), kWidth, kHeight, kWidth}, {-kWidth / 2, -kHeight / 2});
     Paint(bench->scene(), &device);
   });
+}
+
+// From the file to the first picture, as a window shows it: load, fit and paint, with memory that
+// is touched for the first time. The file is in the system's cache.
+void MeasureFirstPicture(const BenchOptions& options, const Workspace& workspace) {
+  std::puts("");
+  const Table table({"lines", "first picture, ns a line", "ratio", "to"});
+  double reference = 0;
+  for (const uint64_t lines : options.sizes) {
+    const std::string path = BenchScene::Put(lines, options, workspace);
+    const auto seconds = MediansOfFreshProcesses(options.repetitions, [&] {
+      BenchScene bench;
+      std::vector<uint32_t> pixels(size_t{kWidth} * kHeight);
+      return std::vector<double>{Seconds([&] { bench.Load(path, workspace); }) +
+                                 RepaintSeconds(&bench, &pixels)};
+    });
+    const double each = seconds[0] / static_cast<double>(lines) * 1e9;
+    if (reference == 0) reference = each;
+    table.Row({Grouped(lines), Fixed(each, 1), Fixed(each / reference, 2), "the first row"});
+  }
 }
 
 // Every stored move read and projected, and nothing more.
@@ -257,6 +284,7 @@ int main(int argc, char** argv) {
   const BenchOptions options = ReadBenchOptions(argc, argv);
   const Workspace workspace;
   for (const uint64_t lines : options.sizes) Measure(lines, options, workspace);
+  MeasureFirstPicture(options, workspace);
   std::puts("");
   MeasureMemory(options.sizes.back(), options, workspace);
 }
