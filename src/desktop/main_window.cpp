@@ -81,6 +81,8 @@ ViewWidget* MainWindow::NewView() {
   widget->setObjectName(kTitle + QString::number(++views_));
   child->setWindowTitle(widget->objectName());
   child->setWindowIcon(ProgramIcon());
+  // Its menu has the key that closes it for the frame alone; two owners of a key make it dead.
+  for (QAction* const action : child->systemMenu()->actions()) action->setShortcuts({});
   connect(widget, &ViewWidget::Drawn, this, [this, widget] {
     if (widget != ActiveView()) return;
     ShowFileName();
@@ -346,6 +348,13 @@ void MainWindow::BindKeys() {
               [this, id = accelerator.id] { RunCommand(id); });
     }
   }
+  // The usual keys of windows within a window, which the area leaves to the child's own frame.
+  const auto bind = [this](const char* keys, void (QMdiArea::*operation)()) {
+    connect(new QShortcut(QKeySequence(keys), this), &QShortcut::activated, area_, operation);
+  };
+  bind("Ctrl+F4", &QMdiArea::closeActiveSubWindow);
+  bind("Ctrl+F6", &QMdiArea::activateNextSubWindow);
+  bind("Ctrl+Shift+F6", &QMdiArea::activatePreviousSubWindow);
 }
 
 void MainWindow::BuildToolBar() {

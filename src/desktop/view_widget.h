@@ -22,6 +22,9 @@ class ViewWidget : public QWidget {
   CTVXView& view() { return view_; }
   bool HasBeenDrawn() const { return !image_.isNull(); }
 
+  // The size of a window that neither fills the area nor has been sized by the user.
+  QSize sizeHint() const override { return {720, 480}; }
+
   // Draws the picture from the store and shows it, before anything else happens.
   void Redraw();
 

@@ -76,6 +76,22 @@ TEST_F(MainWindowTest, AnotherWindowHasAProgramAndAViewOfItsOwn) {
   EXPECT_NE(window->windowTitle().indexOf("part.nc"), -1);
 }
 
+TEST_F(MainWindowTest, KeysOfTheChildrenGoThroughThemAndCloseThem) {
+  ViewWidget* const first = window->ActiveView();
+  ViewWidget* const second = window->NewView();
+  Settle();
+  Press(Qt::Key_F6, Qt::ControlModifier);
+  EXPECT_EQ(window->ActiveView(), first);
+  Press(Qt::Key_F6, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(window->ActiveView(), second);
+  Press(Qt::Key_F4, Qt::ControlModifier);
+  Settle();
+  EXPECT_EQ(window->ActiveView(), first);
+  Press(Qt::Key_F4, Qt::ControlModifier);
+  Settle();
+  EXPECT_EQ(window->ActiveView(), nullptr);
+}
+
 TEST_F(MainWindowTest, TitleAndStatusBarNameTheFile) {
   const auto pane = [this] { return window->statusBar()->findChild<QLabel*>()->text(); };
   EXPECT_EQ(window->windowTitle(), "TVX - [TVX1]");
