@@ -5,9 +5,12 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <functional>
+#include <string_view>
 #include <vector>
 
 #include "measuring.h"
+#include "platform/vector_registers.h"
 #include "view/metafile_device.h"
 #include "view/path_drawing.h"
 #include "view/picture.h"
@@ -115,7 +118,7 @@ double PainterSeconds(BenchScene* bench) {
   Paint(bench->scene(), &collector);
   collector.Finish();
   QImage image(kWidth, kHeight, QImage::Format_RGB32);
-  return Seconds([&] {
+  const double seconds = Seconds([&] {
     image.fill(Qt::black);
     QPainter painter(&image);
     for (const auto& run : collector.runs) {
@@ -125,6 +128,8 @@ double PainterSeconds(BenchScene* bench) {
       painter.drawPolyline(run.points);
     }
   });
+  ReleaseVectorRegisters();  // as the window does
+  return seconds;
 }
 #endif
 
@@ -178,12 +183,6 @@ double PictureSeconds(BenchScene* bench, Device* device) {
   });
 }
 
-double MedianOf(int repetitions, const std::function<double()>& seconds) {
-  std::vector<double> values(static_cast<size_t>(repetitions));
-  std::generate(values.begin(), values.end(), seconds);
-  return Median(std::move(values));
-}
-
 // Growth of this process's largest memory so far, in kilobytes, by some work.
 long MemoryGrowth(const std::function<void()>& work) {
   const auto largest = [] {
@@ -221,58 +220,89 @@ void MeasureMemory(uint64_t lines, const BenchOptions& options, const Workspace&
   }
 }
 
+// One thing measured, and the row that it is compared with.
+struct Work {
+  const char* name;
+  const char* reference;  // "" for none
+  std::function<double()> measure;
+  std::vector<double> seconds = {};
+};
+
+// The works one after the other, turn by turn: what slows the machine for a while slows both sides
+// of a ratio.
+void MeasureInTurn(std::vector<Work>* works, int repetitions) {
+  for (int i = 0; i < repetitions; ++i) {
+    for (Work& work : *works) work.seconds.push_back(work.measure());
+  }
+}
+
+void Print(const std::vector<Work>& works, uint64_t lines) {
+  const Table table({"work                   ", "ns a block", "ratio", "to"});
+  for (const Work& work : works) {
+    const double each = Median(work.seconds) / static_cast<double>(lines) * 1e9;
+    const auto reference = std::ranges::find(works, std::string_view(work.reference), &Work::name);
+    std::vector<double> ratios;
+    for (size_t i = 0; reference != works.end() && i < work.seconds.size(); ++i) {
+      ratios.push_back(work.seconds[i] / reference->seconds[i]);
+    }
+    table.Row({work.name, Fixed(each, 1), ratios.empty() ? "" : Fixed(Median(ratios), 2),
+               work.reference});
+  }
+}
+
 void Measure(uint64_t lines, const BenchOptions& options, const Workspace& workspace) {
   BenchScene bench;
   bench.Load(lines, options, workspace);
   std::vector<uint32_t> pixels(size_t{kWidth} * kHeight);
-
-  std::printf("\n%s lines on %d x %d pixels\n", Grouped(lines).c_str(), kWidth, kHeight);
-  const Table table({"work", "ns a block", "ratio", "to"});
-  const auto row = [&](const char* work, double seconds, double reference, const char* to) {
-    table.Row({work, Fixed(seconds / static_cast<double>(lines) * 1e9, 1),
-               reference > 0 ? Fixed(seconds / reference, 2) : "", to});
+  const auto prepare = [&](uint32_t changeEvery, bool smooth) {
+    bench.SetFeeds(changeEvery);
+    bench.loaded.job.AfaEnabled = smooth ? 1 : 0;
+    bench.loaded.job.FeedChgSmoothCheck = smooth ? 1 : 0;
   };
-  const auto repaint = [&] {
-    return MedianOf(options.repetitions, [&] { return RepaintSeconds(&bench, &pixels); });
+  const auto repaint = [&](uint32_t changeEvery, bool smooth) {
+    prepare(changeEvery, smooth);
+    return RepaintSeconds(&bench, &pixels);
+  };
+  const auto picture = [&](auto makeDevice) {
+    prepare(4, true);
+    Sink sink;
+    auto device = makeDevice(&sink);
+    return PictureSeconds(&bench, &device);
   };
 
-  const double walk = MedianOf(options.repetitions, [&] { return WalkSeconds(&bench); });
-  row("walk and projection", walk, 0, "");
-  const double fit = MedianOf(options.repetitions, [&] {
-    return Seconds(
-        [&] { FitToPath(&bench.view.transform, &bench.loaded.program.store, &bench.ui); });
-  });
-  row("fit", fit, walk, "walk");
-
-  bench.SetFeeds(0);
-  const double oneFeed = repaint();
-  row("repaint, one feed", oneFeed, walk, "walk");
+  // The walk comes after works of its own kind: after the painter it would find other memory in the
+  // processor's caches.
+  std::vector<Work> works = {
 #if TVX_BENCH_WITH_QT
-  const double painter = MedianOf(options.repetitions, [&] { return PainterSeconds(&bench); });
-  row("painter, ready polylines", painter, walk, "walk");
-  row("repaint, one feed", oneFeed, painter, "painter");
+    {"painter", "",
+     [&] {
+       prepare(0, false);
+       return PainterSeconds(&bench);
+     }},
+    {"repaint", "painter", [&] { return repaint(0, false); }},
+#else
+    {"repaint", "walk", [&] { return repaint(0, false); }},
 #endif
-  bench.SetFeeds(4);
-  row("repaint, a pen each 4", repaint(), oneFeed, "one feed");
-  bench.loaded.job.AfaEnabled = 1;
-  bench.loaded.job.FeedChgSmoothCheck = 1;
-  row("repaint, smooth", repaint(), oneFeed, "one feed");
-
-  Sink sink;
-  row("metafile",
-      MedianOf(options.repetitions,
-               [&] {
-                 MetafileDevice device(&sink);
-                 return PictureSeconds(&bench, &device);
-               }),
-      walk, "walk");
-  row("SVG",
-      MedianOf(options.repetitions,
-               [&] {
-                 SvgDevice device(&sink, kWidth, kHeight, {-kWidth / 2, -kHeight / 2});
-                 return PictureSeconds(&bench, &device);
-               }),
-      walk, "walk");
+    {"repaint, a pen each 4", "repaint", [&] { return repaint(4, false); }},
+    {"repaint, smooth", "repaint", [&] { return repaint(4, true); }},
+    {"metafile, smooth", "walk",
+     [&] { return picture([](Sink* sink) { return MetafileDevice(sink); }); }},
+    {"SVG, smooth", "walk",
+     [&] {
+       return picture([](Sink* sink) {
+         return SvgDevice(sink, kWidth, kHeight, {-kWidth / 2, -kHeight / 2});
+       });
+     }},
+    {"walk", "", [&] { return WalkSeconds(&bench); }},
+    {"fit", "walk",
+     [&] {
+       return Seconds(
+           [&] { FitToPath(&bench.view.transform, &bench.loaded.program.store, &bench.ui); });
+     }},
+  };
+  MeasureInTurn(&works, options.repetitions);
+  std::printf("\n%s lines on %d x %d pixels\n", Grouped(lines).c_str(), kWidth, kHeight);
+  Print(works, lines);
 }
 
 }  // namespace

@@ -712,6 +712,22 @@
         <translation>The list of results is full; nothing was recorded.</translation>
     </message>
     <message>
+        <source>마스터 모델을 만들 수 없습니다: 프로그램이 너무 짧습니다.</source>
+        <translation>No master model can be made: the program is too short.</translation>
+    </message>
+    <message>
+        <source>마스터 모델을 만들 수 없습니다: 직선 절삭이 없습니다.</source>
+        <translation>No master model can be made: there is no straight cut.</translation>
+    </message>
+    <message>
+        <source>마스터 모델을 만들 수 없습니다: 가공 범위가 너무 넓습니다.</source>
+        <translation>No master model can be made: the part is too wide.</translation>
+    </message>
+    <message>
+        <source>마스터 모델을 만들 수 없습니다: 공차가 맞지 않습니다.</source>
+        <translation>No master model can be made: the tolerance does not fit.</translation>
+    </message>
+    <message>
         <source>저장할 마스터 모델이 없습니다.</source>
         <translation>There is no master model to save.</translation>
     </message>

@@ -38,6 +38,24 @@ void PrintBlocks(const BlockStore& store) {
   Print(text);
 }
 
+// "1000", "1000 head 25% 100", "1000 head 25% 100 tail 30% 200".
+std::string FeedText(const MotionBlock& block) {
+  const auto zone = [](const char* name, int percent, int feed) {
+    return percent == 0 && feed == 0 ? std::string() : Format(" %s %d%% %d", name, percent, feed);
+  };
+  return std::to_string(block.feed) + zone("head", block.headPercent, block.headFeed) +
+         zone("tail", block.tailPercent, block.tailFeed);
+}
+
+// Tells on standard error why the moves of a program come out as slow as they do.
+FeedTrace Explanation(const std::string& name) {
+  return
+      [name](FeedRule rule, uint32_t index, const MotionBlock& before, const MotionBlock& after) {
+        PrintRemark(name + ": block " + std::to_string(index) + ": " + RuleName(rule) + ": " +
+                    FeedText(before) + " -> " + FeedText(after));
+      };
+}
+
 }  // namespace
 
 void PrintStore(const std::string& name, const NcProgram& program, int result) {
@@ -48,12 +66,14 @@ void PrintStore(const std::string& name, const NcProgram& program, int result) {
 
 int RunBlocks(const Call& call) {
   Params params;
+  bool explains = false;
   std::vector<std::string> arguments;
   CommandLine line(call,
                    "Prints the moves of each program as they stand in the store, one a line: "
                    "index, type, x, y, z, feedProgrammed, feed, headPercent, headFeed, "
                    "tailPercent, tailFeed.");
   params.AddTo(&line);
+  line.AddFlag("--explain", &explains, "with --afa: tell each change and the rule that made it");
   line.AddArguments("FILE", &arguments, "NC programs, loaded one after the other");
   line.Parse();
   params.Check();
@@ -64,7 +84,9 @@ int RunBlocks(const Call& call) {
   params.Apply(&host, &view);
   for (const ProgramFile& file : files) {
     const int result = LoadProgram(file, &view);
-    if (params.Adjusts()) AdjustProgram(file, &view);
+    if (params.Adjusts()) {
+      AdjustProgram(file, &view, explains ? Explanation(file.argument) : FeedTrace());
+    }
     PrintStore(file.argument, view.program, result);
     if (result != 1) throw Failure{file.argument, "does not fit into the store"};
   }

@@ -1,7 +1,5 @@
 #include "cli/cli_user_interface.h"
 
-#include <cstdio>
-
 #include "cli/output.h"
 
 namespace tvx {
@@ -19,8 +17,7 @@ void CliUserInterface::ShowStatus(const std::string& text) {
 
 void CliUserInterface::PrintMessage() {
   if (held_.empty()) return;
-  ShowProgress("");
-  std::fprintf(stderr, "tvx-cli: %s\n", held_.c_str());
+  PrintRemark(held_);
   held_.clear();
 }
 

@@ -98,10 +98,6 @@ int Run(std::vector<std::string> words) {
   return status;
 }
 
-void Complain(const std::string& text) {
-  std::fprintf(stderr, "tvx-cli: %s\n", text.c_str());
-}
-
 int RunAndReport(std::vector<std::string> words) {
   try {
     return Run(std::move(words));
@@ -109,16 +105,16 @@ int RunAndReport(std::vector<std::string> words) {
     std::fputs(help.text.c_str(), stdout);
     return kDone;
   } catch (const WrongCall& wrong) {
-    Complain(wrong.message);
+    PrintRemark(wrong.message);
     return kWrongCall;
   } catch (const Failure& failure) {
-    Complain(failure.file + ": " + failure.reason);
+    PrintRemark(failure.file + ": " + failure.reason);
     return kFailed;
   } catch (const std::bad_alloc&) {
-    Complain("out of memory");
+    PrintRemark("out of memory");
     return kFailed;
   } catch (const std::exception& error) {
-    Complain(error.what());
+    PrintRemark(error.what());
     return kFailed;
   }
 }

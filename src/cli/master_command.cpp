@@ -36,6 +36,8 @@ const char* Reason(BuildProblem problem) {
       return "is too short for a master model: it takes 5 lines";
     case BuildProblem::kNoCut:
       return "gives no master model: it has no straight cut";
+    case BuildProblem::kTooWide:
+      return "gives no master model: the part is wider than 32700 mm";
     case BuildProblem::kSizes:
       return "gives no master model with these sizes: the tolerance has to be above 0, and coarse "
              "enough for the size of the part";

@@ -16,7 +16,11 @@ namespace {
 
 // The directory of a file as the job dialog's browser would name it.
 std::string DirectoryOf(const std::string& path, Files* files) {
-  files->SetCurrentDirectory(path.substr(0, path.find_last_of("\\/") + 1));
+  constexpr size_t kDriveLength = 2;
+  const size_t separator = path.find_last_of("\\/");
+  // A drive and a name alone: the file lies in the root.
+  files->SetCurrentDirectory(separator == std::string::npos ? path.substr(0, kDriveLength) + "\\"
+                                                            : path.substr(0, separator + 1));
   return files->CurrentDirectory();
 }
 

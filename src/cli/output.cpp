@@ -1,5 +1,6 @@
 #include "cli/output.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "cli/errors.h"
@@ -15,6 +16,14 @@ bool progressShown = false;
 void Print(std::string_view text) {
   ShowProgress("");
   std::fwrite(text.data(), 1, text.size(), stdout);
+}
+
+void PrintRemark(std::string text) {
+  // A name out of a damaged list can hold anything.
+  std::ranges::replace_if(
+      text, [](char c) { return static_cast<unsigned char>(c) < ' '; }, '?');
+  ShowProgress("");
+  std::fprintf(stderr, "tvx-cli: %s\n", text.c_str());
 }
 
 void FinishOutput() {

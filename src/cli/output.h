@@ -8,6 +8,9 @@ namespace tvx {
 // Writes a result to standard output.
 void Print(std::string_view text);
 
+// Writes a line to standard error, behind the name of the tool; control characters as "?".
+void PrintRemark(std::string text);
+
 // Ends the output of a command. Throws Failure if a part of it could not be written (a full disk).
 void FinishOutput();
 

@@ -2,7 +2,6 @@
 
 #include "cli/errors.h"
 #include "cli/output.h"
-#include "feed/feed_pass.h"
 #include "model/loader.h"
 #include "stats/cut_time.h"
 
@@ -36,9 +35,9 @@ void LoadWholeProgram(const ProgramFile& file, CTVXView* view) {
   if (LoadProgram(file, view) != 1) throw Failure{file.argument, "does not fit into the store"};
 }
 
-void AdjustProgram(const ProgramFile& file, CTVXView* view) {
+void AdjustProgram(const ProgramFile& file, CTVXView* view, const FeedTrace& trace) {
   ShowProgress(file.argument + ": adjusting the feeds");
-  FeedPass(&view->program, view->job, &view->masterGrid, &view->app->feedPassMemory);
+  FeedPass(&view->program, view->job, &view->masterGrid, &view->app->feedPassMemory, trace);
 }
 
 const CutTimeEntry& CountProgram(const ProgramFile& file, CTVXView* view) {

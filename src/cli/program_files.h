@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "cli/host.h"
+#include "feed/feed_pass.h"
 #include "shell/tvx_view.h"
 
 namespace tvx {
@@ -25,8 +26,8 @@ int LoadProgram(const ProgramFile& file, CTVXView* view);
 // The same where a program that was read in part is of no use. Throws Failure.
 void LoadWholeProgram(const ProgramFile& file, CTVXView* view);
 
-// Runs the feed adjustment over the program of the view.
-void AdjustProgram(const ProgramFile& file, CTVXView* view);
+// Runs the feed adjustment over the program of the view; the trace is told what it does.
+void AdjustProgram(const ProgramFile& file, CTVXView* view, const FeedTrace& trace = {});
 
 // Works out the figures of the program into the view's current result and returns them.
 const CutTimeEntry& CountProgram(const ProgramFile& file, CTVXView* view);

@@ -1,6 +1,5 @@
 // tvx-cli run: the multi-file run over a job list.
 
-#include <cstdio>
 #include <functional>
 #include <optional>
 #include <string>
@@ -51,8 +50,7 @@ class RunReport final : public RunObserver {
   void Report(const std::string& path, const std::string& reason) {
     // In place of the program's own message, which does not name the file.
     host_->ui.DropMessage();
-    ShowProgress("");
-    std::fprintf(stderr, "tvx-cli: %s: %s\n", path.c_str(), reason.c_str());
+    PrintRemark(path + ": " + reason);
     failed_ = true;
   }
 
@@ -154,8 +152,7 @@ void WriteOutput(const Host& host, const std::optional<std::string>& argument,
 // Returns false if a file could not be copied, which stops nothing.
 bool ReportFailedCopies(const std::vector<FailedCopy>& failed) {
   for (const FailedCopy& copy : failed) {
-    std::fprintf(stderr, "tvx-cli: %s: cannot be copied to %s\n", copy.source.c_str(),
-                 copy.destination.c_str());
+    PrintRemark(copy.source + ": cannot be copied to " + copy.destination);
   }
   return failed.empty();
 }

@@ -109,10 +109,12 @@ void LegendDock::ShowProgram(CTVXView* view) {
   if (empty) return;
 
   BlockStore* const store = &view->program.store;
+  const MotionBlock kept = store->CurrentBlock;
   Vec3 low, high;
   PathExtents(store, &low, &high);
   CutTimeEntry figures;
   ComputeCutTime(store, view->job, &figures);
+  store->CurrentBlock = kept;  // looking at a program leaves no trace
   blocks_->setText(ToQt(Format("%u", store->blockCount)));
   extents_->setText(ExtentText(low, high));
   cutTime_->setText(ToQt(Format("%.1f min", figures.cutMinutes)));

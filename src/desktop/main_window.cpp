@@ -25,6 +25,7 @@
 #include "desktop/picture_printer.h"
 #include "desktop/qt_text.h"
 #include "platform/lock_keys.h"
+#include "platform/vector_registers.h"
 #include "shell/configuration.h"
 #include "shell/lists.h"
 #include "shell/user_keys.h"
@@ -211,6 +212,7 @@ void MainWindow::RunCommand(int id) {
     return;
   }
   CTVXView* const view = &ActiveView()->view();
+  ReleaseVectorRegisters();  // the menus have been painted
   RunViewAction(view, command.action, command.argument);
   if (command.action == Action::kLoad && !view->filePath.empty()) {
     recent_.Add(ToQt(view->filePath));

@@ -110,7 +110,10 @@ bool QtUserInterface::ChooseFile(const FileQuestion& question, std::string* path
   if (question.filter.empty() && IsFilter(name)) chooser.setNameFilter(ToQt(name));
   // Here a mask or a directory as the preset name would only stand in the way.
   if (!IsMask(name) && !files_->IsDirectory(question.fileName)) chooser.selectFile(ToQt(name));
-  if (question.defaultExtension != "*") chooser.setDefaultSuffix(ToQt(question.defaultExtension));
+  // The chooser would put it behind the name of an existing file too, and then not find that.
+  if (takesNewNames && question.defaultExtension != "*") {
+    chooser.setDefaultSuffix(ToQt(question.defaultExtension));
+  }
   if (chooser.exec() != QDialog::Accepted || chooser.selectedFiles().isEmpty()) return false;
 
   const QFileInfo chosen(chooser.selectedFiles().constFirst());

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "desktop/qt_text.h"
+#include "platform/vector_registers.h"
 
 namespace tvx {
 
@@ -51,6 +52,7 @@ void ViewWidget::DrawPicture() {
   RasterDevice device({reinterpret_cast<uint32_t*>(image_.bits()), image_.width(), image_.height(),
                        image_.bytesPerLine() / 4},
                       origin_);
+  ReleaseVectorRegisters();
   Paint({&view_.program, &view_.job, &view_.view}, &device);
   texts_ = device.texts();
   isStale_ = false;

@@ -46,7 +46,7 @@ inline constexpr double kRadiansPerDegree = 3.14159265358979323846 / 180.0;
 
 // A direction with no more rise than this is beyond doubt not above the angle, in degrees.
 inline double SurelyFlatRise(float degrees) {
-  return std::sin((std::min<double>(degrees, 90.0) - kSurelyDegrees) * kRadiansPerDegree);
+  return std::sin(std::clamp(degrees - kSurelyDegrees, -90.0, 90.0) * kRadiansPerDegree);
 }
 
 // Two directions with at least this cosine between them differ beyond doubt by no more than the

@@ -168,6 +168,8 @@ void FeedPass(NcProgram* program, const JobRecord& job, const MasterGrid* master
     apply(FeedRule::Arc, [&] { FlattenArcs(store, path, batch); });
   }
   memory->headings = search.Headings();
+  // Which blocks the rules had to look at last does not show.
+  store->ReadBlock(store->blockCount - 1);
 }
 
 }  // namespace tvx

@@ -79,11 +79,11 @@ BuildProblem PlanBuild(const CMasterDlg& input, BlockStore* store, BuildPlan* pl
   plan->OriginY = static_cast<float>(plan->minimum.y - tolerance);
   const double width = static_cast<double>(plan->maximum.x) - plan->OriginX;
   const double depth = static_cast<double>(plan->maximum.y) - plan->OriginY;
-  // The store takes a block beyond its limit for a bad one: a part shifted there would be lost.
-  if (!std::isfinite(plan->ToolSize) || !(width <= BlockStore::kCoordinateLimit) ||
-      !std::isfinite(depth)) {
+  if (!std::isfinite(plan->ToolSize) || !std::isfinite(width) || !std::isfinite(depth)) {
     return BuildProblem::kSizes;
   }
+  // The store takes a block beyond its limit for a bad one: a part shifted there would be lost.
+  if (width > BlockStore::kCoordinateLimit) return BuildProblem::kTooWide;
   plan->refinement = Refinement(std::trunc(width / tolerance), std::trunc(depth / tolerance));
   return plan->refinement > 0 ? BuildProblem::kNone : BuildProblem::kSizes;
 }

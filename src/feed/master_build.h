@@ -32,6 +32,7 @@ enum class BuildProblem {
   kNone,
   kFewBlocks,  // fewer than 5 blocks in the store
   kNoCut,      // no straight cut
+  kTooWide,    // a part that would leave the range of coordinates
   kSizes,      // sizes of which no grid can be made: see BuildMaster
 };
 

@@ -14,12 +14,31 @@ bool ChooseMasterFile(const MasterContext& context, bool save, std::string* path
   return context.ui->ChooseFile(question, path);
 }
 
+// What the status bar says of a program that gives no model.
+const char* StatusText(BuildProblem problem) {
+  switch (problem) {
+    case BuildProblem::kFewBlocks:
+      return "마스터 모델을 만들 수 없습니다: 프로그램이 너무 짧습니다.";
+    case BuildProblem::kNoCut:
+      return "마스터 모델을 만들 수 없습니다: 직선 절삭이 없습니다.";
+    case BuildProblem::kTooWide:
+      return "마스터 모델을 만들 수 없습니다: 가공 범위가 너무 넓습니다.";
+    case BuildProblem::kSizes:
+      return "마스터 모델을 만들 수 없습니다: 공차가 맞지 않습니다.";
+    case BuildProblem::kNone:
+      break;
+  }
+  return "";
+}
+
 }  // namespace
 
 void MakeMasterCommand(const MasterContext& context) {
   CMasterDlg edited = *context.dialog;
   if (!context.ui->RunModal(&edited)) return;
   *context.dialog = edited;
+  const BuildProblem problem = CheckBuild(edited, &context.program->store);
+  if (problem != BuildProblem::kNone) context.ui->ShowStatus(StatusText(problem));
   BuildMaster(edited, context.program, context.grid, context.RapidVisible, context.ui);
 }
 

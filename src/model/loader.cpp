@@ -155,6 +155,8 @@ int LoadNcFile(const std::string& path, NcProgram* program, ParserStates* states
   }
   StartFirstRun(&store);
   program->FeedBase = feedBase;
+  // Where a walk over the program ends. A comment at the head of the next program keeps this place.
+  store.ReadBlock(store.blockCount - 1);
   return 1;
 }
 

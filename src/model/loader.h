@@ -25,7 +25,8 @@ void EmptyProgram(NcProgram* program);
 
 // Reads one NC file into the store, in place of the program there. A file that does not exist is
 // created empty. Returns 1; 0 with an empty store and a message when the file cannot be opened, and
-// 0 with what was read so far when the second record of an arc finds no room.
+// 0 with what was read so far when the second record of an arc finds no room. A read program leaves
+// the register on its last block.
 // `states` is the modal state that lives as long as the process.
 int LoadNcFile(const std::string& path, NcProgram* program, ParserStates* states, JobRecord* job,
                Files* files, UserInterface* ui);

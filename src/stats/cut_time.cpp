@@ -61,6 +61,15 @@ Sums AddUpMoves(BlockStore* store, int32_t rapidFeed) {
   return sums;
 }
 
+// Leaves the register where measuring each move from the one before it ends: on the move before the
+// last block, if that is a straight one.
+void EndOfWalk(BlockStore* store) {
+  const uint32_t last = store->blockCount - 1;
+  store->ReadBlock(last);
+  const uint32_t type = store->CurrentBlock.type;
+  if (store->blockCount > 0 && (IsCutType(type) || IsRapidType(type))) PrevMove(store, last);
+}
+
 // The quotient is rounded to 32 bits before it is truncated: 100 mm in 0.2 minutes, which has no
 // exact 32-bit form, are 500 mm/min and not 499.
 int32_t AverageFeed(const Sums& sums) {
@@ -73,6 +82,7 @@ int32_t AverageFeed(const Sums& sums) {
 int ComputeCutTime(BlockStore* store, const JobRecord& job, CutTimeEntry* entry) {
   CopyOptions(job, entry);
   const Sums sums = AddUpMoves(store, job.RapidFeed);
+  EndOfWalk(store);
   entry->cutLength = sums.cutLength;
   entry->rapidLength = sums.rapidLength;
   entry->cutMinutes = static_cast<float>(sums.cutMinutes);

@@ -52,8 +52,10 @@ std::optional<Pen> PenForFeed(int32_t feed, int32_t FeedBase, const Palette& pal
   if (FeedBase == 0) return penBlue;
   const auto fraction = static_cast<float>(static_cast<double>(feed) / FeedBase);
   if (fraction > kFeedBandTable[0].upTo || fraction < 0.0F) return std::nullopt;
+  // As many bands as it does not rise above lie before its own. Counting has no branch that a feed
+  // changing all the time would spoil.
   size_t band = 0;
-  while (band < kFeedBands - 1 && !(fraction > kFeedBandTable[band].above)) ++band;
+  for (size_t i = 0; i < kFeedBands - 1; ++i) band += fraction > kFeedBandTable[i].above ? 0 : 1;
   return palette.band[band];
 }
 

@@ -75,15 +75,13 @@ void RasterDevice::LineTo(Pixel point) {
   const int64_t dy = to.y - from.y;
   const auto isShort = [](int64_t d) { return static_cast<uint64_t>(d + 2) <= 4; };
   if (isShort(dx) && isShort(dy) && IsInside(from) && IsInside(to)) {
-    // Most moves of a whole program are that short. These are the pixels of DrawLine, the last one
-    // perhaps twice, at a cost that does not depend on their number.
+    // Most moves of a whole program are that short. These are the pixels of DrawLine, some perhaps
+    // twice, at a cost that does not depend on their number or on a change of the pen.
     const auto half = [](int64_t d) { return (d + (d > 0 ? 1 : 0)) >> 1; };
     uint32_t* const pixel = image_.pixels + from.y * image_.stride + from.x;
     const uint32_t colour = colour_;
-    if (!startIsDrawn_) {
-      pixel[0] = colour;
-      startIsDrawn_ = true;
-    }
+    pixel[0] = colour;
+    startIsDrawn_ = true;
     pixel[half(dy) * image_.stride + half(dx)] = colour;
     pixel[dy * image_.stride + dx] = colour;
     return;

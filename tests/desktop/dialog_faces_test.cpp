@@ -453,6 +453,19 @@ TEST_F(DialogFaces, FilterOfSeveralMasks) {
   EXPECT_EQ(path, "kept");
 }
 
+// Many programs have a name without an ending: one that exists keeps it.
+TEST_F(DialogFaces, ChosenFileWithoutAnEnding) {
+  const std::filesystem::path file = home.Put("drive_c/marlo/ncdata/O1234", "G1 X10\n");
+  user.OnFile(file);
+  std::string path;
+  EXPECT_TRUE(ui.ChooseFile({.defaultExtension = "mma"}, &path));
+  EXPECT_EQ(path, "c:\\marlo\\ncdata\\O1234");
+
+  user.OnFile(file);
+  EXPECT_TRUE(ui.ChooseFile({.save = true, .defaultExtension = "tvx"}, &path));
+  EXPECT_EQ(path, "c:\\marlo\\ncdata\\O1234.tvx");
+}
+
 // A question whose answer is "no" must not be answered by a key that means "yes".
 TEST_F(DialogFaces, Messages) {
   const struct {

@@ -66,6 +66,20 @@ TEST(MasterCommands, MakeBuildsWithTheAcceptedInputAndKeepsIt) {
   EXPECT_EQ(w.ui.log.back(), "repaint");
 }
 
+TEST(MasterCommands, MakeSaysWhyThereIsNoModel) {
+  Window w;
+  const std::string before = BlockList(w.program.store);
+  for (const float tolerance : {0.0F, 2.0F}) {
+    w.ui.OnDialog<CMasterDlg>([tolerance](CMasterDlg* dlg) {
+      dlg->MasterTolerance = tolerance;
+      return true;
+    });
+    MakeMasterCommand(w.Context());
+    EXPECT_EQ(w.ui.statusTexts.size(), 1U) << tolerance;
+    EXPECT_EQ(BlockList(w.program.store) == before, tolerance == 0.0F) << tolerance;
+  }
+}
+
 TEST(MasterCommands, DeleteAsksFirst) {
   Window w;
   w.Make();
