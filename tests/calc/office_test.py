@@ -351,7 +351,8 @@ def leaves_the_workbook_to_the_user(place):
         return
     # The number of the display is told before anything starts on it.
     read, write = os.pipe()
-    server = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-screen", "0", "1280x800x24"],
+    server = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-screen", "0", "1280x800x24",
+                               "-noreset"],
                               pass_fds=[write], stderr=subprocess.DEVNULL)
     display = {"DISPLAY": ":" + os.read(read, 16).decode().strip()}
     place.environment.update(display)

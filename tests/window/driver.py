@@ -149,8 +149,9 @@ class Screen:
     def _start_server(self):
         size = f"{self.WIDTH * self.scale}x{self.HEIGHT * self.scale}x24"
         read, write = os.pipe()
+        # A server that starts anew when its last client leaves would drop the one that is just coming.
         self._spawn("server", "Xvfb", "-displayfd", str(write), "-screen", "0", size,
-                    "-nolisten", "tcp", pass_fds=[write])
+                    "-nolisten", "tcp", "-noreset", pass_fds=[write])
         os.close(write)
         with os.fdopen(read) as pipe:
             number = pipe.readline().strip()  # ends when the server is ready, or has ended
