@@ -15,13 +15,13 @@ struct Call {
 
 // A command: its name as typed, of one or two words, and what runs it. `run` returns the exit
 // status, or throws WrongCall or Failure.
-struct Command {
+struct ToolCommand {
   const char* name;
   const char* summary;
   int (*run)(const Call& call);
 };
 
 // All commands, in the order of the help text. A new command is a new row and a new file.
-std::span<const Command> Commands();
+std::span<const ToolCommand> ToolCommands();
 
 }  // namespace tvx

@@ -4,7 +4,7 @@
 namespace tvx {
 namespace {
 
-constexpr Command kCommands[] = {
+constexpr ToolCommand kCommands[] = {
     {"time", "cut-time figures, as programmed and after the feed adjustment", RunTime},
     {"info", "the lines of the file information dialog", RunInfo},
     {"blocks", "the stored moves, one a line", RunBlocks},
@@ -26,7 +26,7 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-std::span<const Command> Commands() {
+std::span<const ToolCommand> ToolCommands() {
   return kCommands;
 }
 

@@ -25,7 +25,7 @@ std::string HelpText() {
       "  --home DIR  the folder that holds the drives (default: $TVX_HOME, else\n"
       "              $XDG_DATA_HOME/tvx, else ~/.local/share/tvx)\n\n"
       "Commands ('tvx-cli COMMAND --help' tells more):\n";
-  for (const Command& command : Commands()) {
+  for (const ToolCommand& command : ToolCommands()) {
     std::string name = command.name;
     name.resize(std::max<size_t>(name.size(), 20), ' ');
     text += "  " + name + " " + command.summary + "\n";
@@ -40,32 +40,36 @@ bool IsHelp(const std::string& word) {
 // Takes the options that stand before the command from the front of *words.
 std::string TakeHome(std::vector<std::string>* words) {
   std::string home;
+  bool isGiven = false;
   while (!words->empty() && words->front().starts_with("-")) {
     const std::string word = words->front();
     words->erase(words->begin());
     if (IsHelp(word)) throw HelpWanted{HelpText()};
+    isGiven = true;
     if (word.starts_with("--home=")) {
       home = word.substr(7);
     } else if (word == "--home" && !words->empty()) {
       home = words->front();
       words->erase(words->begin());
     } else if (word == "--home") {
-      throw WrongCall{"--home needs a folder"};
+      break;
     } else {
       throw WrongCall{"unknown option '" + word + "'" + DidYouMean(word, {"--home", "--help"})};
     }
   }
+  // An empty one is most likely a variable that is not set.
+  if (isGiven && home.empty()) throw WrongCall{"--home needs a folder"};
   return home;
 }
 
 // Takes the name of a command, of one or two words, from the front of *words.
-const Command& TakeCommand(std::vector<std::string>* words) {
+const ToolCommand& TakeCommand(std::vector<std::string>* words) {
   if (words->empty()) throw WrongCall{"no command given; 'tvx-cli --help' lists them"};
   const std::string one = words->front();
   const std::string two = words->size() > 1 ? one + " " + (*words)[1] : one;
   std::vector<std::string> names;
   std::vector<std::string> secondWords;
-  for (const Command& command : Commands()) {
+  for (const ToolCommand& command : ToolCommands()) {
     const std::string name = command.name;
     if (name == one || name == two) {
       words->erase(words->begin(), words->begin() + (name == one ? 1 : 2));
@@ -90,7 +94,7 @@ const Command& TakeCommand(std::vector<std::string>* words) {
 int Run(std::vector<std::string> words) {
   Call call;
   call.home = TakeHome(&words);
-  const Command& command = TakeCommand(&words);
+  const ToolCommand& command = TakeCommand(&words);
   call.command = command.name;
   call.arguments = std::move(words);
   const int status = command.run(call);

@@ -471,6 +471,7 @@ void MainWindow::ShowFilePath(const QString& path) {
 // The program or its feeds may have changed.
 void MainWindow::ShowProgram() {
   ViewWidget* const active = ActiveView();
+  if (active != nullptr) active->update();
   legend_->ShowProgram(active == nullptr ? nullptr : &active->view());
 }
 

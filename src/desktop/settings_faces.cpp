@@ -9,6 +9,7 @@
 
 #include "desktop/language.h"
 #include "desktop/qt_text.h"
+#include "desktop/row_list.h"
 
 namespace tvx {
 
@@ -48,14 +49,14 @@ TextInputFace::TextInputFace(CTextInputDlg* dialog, QWidget* parent)
 }
 
 DirListFace::DirListFace(CDirListDlg* dialog, QWidget* parent)
-    : Face(CDirListDlg::kTitle, parent), dialog_(dialog), list_(new QListWidget(this)) {
+    : Face(CDirListDlg::kTitle, parent), dialog_(dialog), list_(new RowList(this)) {
   auto* const column = new QVBoxLayout(this);
   auto* const row = new QHBoxLayout;
   column->addLayout(row);
   list_->setMinimumSize(kPathWidth, 260);
   row->addWidget(list_);
-  connect(list_, &QListWidget::currentRowChanged, this,
-          [this](int line) { dialog_->selection = line; });
+  connect(list_, &QListWidget::itemSelectionChanged, this,
+          [this] { dialog_->selection = SelectedRow(*list_); });
 
   auto* const buttons = new QVBoxLayout;
   row->addLayout(buttons);
@@ -79,10 +80,7 @@ DirListFace::DirListFace(CDirListDlg* dialog, QWidget* parent)
 }
 
 void DirListFace::ShowLines() {
-  const QSignalBlocker blocker(list_);
-  list_->clear();
-  for (const std::string& line : dialog_->lines) list_->addItem(ToQt(line));
-  list_->setCurrentRow(dialog_->selection);
+  ShowRows(list_, dialog_->lines, dialog_->selection);
 }
 
 OptionFace::OptionFace(COptionDlg* dialog, QWidget* parent) : Face("설정", parent) {

@@ -34,12 +34,18 @@ ViewWidget::ViewWidget(CTVXApp* app, QWidget* parent)
   setMinimumSize(160, 120);
   // That of a child window's border would stay.
   setCursor(Qt::ArrowCursor);
+  // A rubber band whose release got lost outside follows the mouse without a button.
+  setMouseTracking(true);
 }
 
 void ViewWidget::Redraw() {
   isStale_ = true;
   // Not visible: the next paint event draws. Visible: at once, not at the next idle moment.
   if (isVisible()) repaint();
+}
+
+ViewWidget::PictureOptions ViewWidget::Options() const {
+  return {view_.job.AfaEnabled, view_.job.FeedChgSmoothCheck, view_.view.RapidVisible};
 }
 
 void ViewWidget::DrawPicture() {
@@ -56,11 +62,12 @@ void ViewWidget::DrawPicture() {
   Paint({&view_.program, &view_.job, &view_.view}, &device);
   texts_ = device.texts();
   isStale_ = false;
+  shownOptions_ = Options();
   emit Drawn();
 }
 
 void ViewWidget::paintEvent(QPaintEvent* /*event*/) {
-  if (isStale_) DrawPicture();
+  if (isStale_ || shownOptions_ != Options()) DrawPicture();
   QPainter painter(this);
   const double ratio = devicePixelRatioF();
   image_.setDevicePixelRatio(ratio);
@@ -119,12 +126,19 @@ void ViewWidget::mousePressEvent(QMouseEvent* event) {
   emit CommandPadClosed();
 }
 
+// The mouse counts inside the area only, although Qt tells a drag on to its end wherever it is.
+bool ViewWidget::IsInside(const QMouseEvent& event) const {
+  return rect().contains(event.position().toPoint());
+}
+
 void ViewWidget::mouseMoveEvent(QMouseEvent* event) {
-  if (commands_.MoveMouse(AreaPoint(*event))) update();
+  if (IsInside(*event) && commands_.MoveMouse(AreaPoint(*event))) update();
 }
 
 void ViewWidget::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() == Qt::RightButton) commands_.ReleaseRight(AreaPoint(*event));
+  if (event->button() == Qt::RightButton && IsInside(*event)) {
+    commands_.ReleaseRight(AreaPoint(*event));
+  }
 }
 
 }  // namespace tvx

@@ -3,6 +3,7 @@
 
 #include <QImage>
 #include <QWidget>
+#include <array>
 #include <vector>
 
 #include "shell/tvx_view.h"
@@ -46,6 +47,10 @@ class ViewWidget : public QWidget {
  private:
   void DrawPicture();
   Pixel AreaPoint(const QMouseEvent& event) const;
+  bool IsInside(const QMouseEvent& event) const;
+  // What of the options shows in the picture; a dialog can change it without a redraw.
+  using PictureOptions = std::array<int32_t, 3>;
+  PictureOptions Options() const;
 
   CTVXView view_;
   ViewCommands commands_;
@@ -53,6 +58,7 @@ class ViewWidget : public QWidget {
   std::vector<RasterDevice::PlacedText> texts_;
   Pixel origin_;  // logical coordinates of the image's first pixel
   bool isStale_ = true;
+  PictureOptions shownOptions_{};
 };
 
 }  // namespace tvx

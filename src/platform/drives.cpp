@@ -121,6 +121,8 @@ Drives::Drives(const fs::path& home) {
 }
 
 void Drives::ReadLines(const fs::path& home, std::string_view table) {
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";  // as some editors write it
+  if (table.starts_with(kByteOrderMark)) table.remove_prefix(kByteOrderMark.size());
   while (!table.empty()) {
     const size_t end = std::min(table.find('\n'), table.size());
     ReadLine(home, Trimmed(table.substr(0, end)));

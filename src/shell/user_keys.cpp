@@ -54,7 +54,10 @@ void EditUserKey(size_t n, std::vector<std::string>* keys, UserInterface* ui) {
   if (n < 1 || n > kLastUserKey || n >= keys->size()) return;
   CKeyCodeDlg pad(keys);
   pad.KeyText = (*keys)[n];
-  if (RunKeyCodePad(&pad, ui)) (*keys)[n] = pad.KeyText;
+  // Cut at once as the file would be: what the menu and the pad give is then what stays.
+  if (RunKeyCodePad(&pad, ui)) {
+    (*keys)[n] = DecodeShortText(EncodeCp949(pad.KeyText), kUserKeyBytes);
+  }
 }
 
 }  // namespace tvx

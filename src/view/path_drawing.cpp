@@ -157,7 +157,19 @@ void PathDrawing::DrawPath() {
       state_->prevEnd = end;
     }
   }
+  EndOfWalk();
   device_->SelectPen(previous);
+}
+
+// A move without portions is compared with its neighbours. Where no ramp is drawn the result is not
+// needed, and of the reads only the last one shows: in the register.
+void PathDrawing::EndOfWalk() {
+  const uint32_t last = store_->blockCount - 1;
+  const MotionBlock& block = store_->CurrentBlock;
+  if (afaEnabled_ && !smooth_ && IsCutType(block.type) && block.headPercent == 0 &&
+      block.tailPercent == 0) {
+    PrevMove(store_, last);
+  }
 }
 
 void PathDrawing::DrawMove(uint32_t index, const MotionBlock& block) {

@@ -117,6 +117,7 @@ class PathDrawing {
   };
   bool IsOutOfSight(const Arc& arc, int64_t first, int64_t last);
   void DrawChords(const Arc& arc, int64_t first, int64_t last);
+  void EndOfWalk();
 
   void SelectPenForFeed(int32_t feed);
 
