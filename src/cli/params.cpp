@@ -68,9 +68,13 @@ void FieldSettings::Apply(JobRecord* record) const {
   }
 }
 
-void Params::AddTo(CommandLine* line) {
+void Params::AddRecordOptionsTo(CommandLine* line) {
   line->AddOption("--condition", &condition_, "FILE.afa: read a condition file");
   settings_.AddTo(line);
+}
+
+void Params::AddTo(CommandLine* line) {
+  AddRecordOptionsTo(line);
   line->AddFlag("--afa", &afa_, adjusts_ ? "adjust the feeds (the default)" : "adjust the feeds");
   line->AddFlag("--no-afa", &noAfa_,
                 adjusts_ ? "do not adjust the feeds" : "do not adjust the feeds (the default)");

@@ -32,6 +32,8 @@ class Params {
   explicit Params(bool adjusts = false) : adjusts_(adjusts) {}
 
   void AddTo(CommandLine* line);
+  // Those of the record alone, --condition and --set, for a job list: its lines decide the rest.
+  void AddRecordOptionsTo(CommandLine* line);
   // After the parse. Throws WrongCall as FieldSettings does.
   void Check();
   // Throws Failure if a file cannot be read.

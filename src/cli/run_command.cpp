@@ -44,7 +44,7 @@ class RunReport final : public RunObserver {
     Report(path, problem != nullptr ? problem : "does not fit into the store");
   }
   void OnMasterFailed(const std::string& path) override {
-    Report(path, "cannot be used as a master model");
+    Report(path, "cannot be read, or built and written, as a master model");
   }
 
   void Report(const std::string& path, const std::string& reason) {
@@ -194,7 +194,7 @@ int RunJobs(const Call& call) {
   bool json = false, information = false, pictures = false, noPictures = false;
   std::string argument;
   CommandLine line(call, "Runs a job list: a .mcf list, or a saved list (any other ending).");
-  params.AddTo(&line);
+  params.AddRecordOptionsTo(&line);
   line.AddFlag("--json", &json, "print one JSON document");
   line.AddFlag("--info", &information, "print the lines of the cut-time list for each file");
   outputs.AddTo(&line);

@@ -20,8 +20,10 @@ class PieceReader {
   bool Next(std::string_view* piece) {
     if (rest_.empty()) return false;
     const size_t lineFeed = rest_.substr(0, kPieceBytes).find('\n');
-    const size_t length =
+    size_t length =
         lineFeed == std::string_view::npos ? std::min(kPieceBytes, rest_.size()) : lineFeed + 1;
+    // CR LF is one line end and is not torn apart.
+    if (rest_.substr(length - 1).starts_with("\r\n")) ++length;
     *piece = rest_.substr(0, length);
     rest_.remove_prefix(length);
     return true;

@@ -15,7 +15,7 @@ class RunObserver {
   virtual bool MayLoad(const std::string& /*path*/) { return true; }
   // A file of the list that could not be loaded; it is recorded with what the store holds.
   virtual void OnLoadFailed(const std::string& /*path*/) {}
-  // A master model that could be neither read nor built; the entry goes on without it.
+  // A master model that could not be read, built or written. A built one is in use all the same.
   virtual void OnMasterFailed(const std::string& /*path*/) {}
 };
 
