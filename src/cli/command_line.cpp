@@ -5,6 +5,7 @@
 
 #include "cli/errors.h"
 #include "cli/nearest_name.h"
+#include "cli/numbers.h"
 
 namespace tvx {
 namespace {
@@ -89,7 +90,11 @@ void CommandLine::AddOption(const std::string& name, std::optional<int>* value,
 
 void CommandLine::AddOption(const std::string& name, std::optional<float>* value,
                             const std::string& description) {
-  parser_->app.add_option(name, *value, description);
+  // The parser library would take "nan", "1e400" and an empty word.
+  const auto read = [what = call_.command + ": " + name, value](const std::string& word) {
+    *value = NumberOf(word, what);
+  };
+  parser_->app.add_option_function<std::string>(name, read, description)->type_name("FLOAT");
 }
 
 void CommandLine::AddRepeated(const std::string& name, std::vector<std::string>* values,

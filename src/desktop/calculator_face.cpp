@@ -69,6 +69,7 @@ void CalculatorFace::AddList(QFormLayout* form, const char* label,
                              Select select) {
   auto* const list = new QComboBox(this);
   for (const std::string& entry : entries) list->addItem(Translated(entry), ToQt(entry));
+  list->model()->sort(0);  // by what is shown: the entries themselves are sorted in Korean
   list->setCurrentIndex(list->findData(ToQt(selected)));
   connect(list, &QComboBox::activated, this, [this, list, select](int index) {
     (dialog_->*select)(FromQt(list->itemData(index).toString()));

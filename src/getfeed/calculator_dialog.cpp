@@ -1,6 +1,7 @@
 #include "getfeed/calculator_dialog.h"
 
 #include <algorithm>
+#include <charconv>
 
 #include "getfeed/condition_tables.h"
 #include "platform/format.h"
@@ -146,7 +147,10 @@ bool CGetFeedDlg::Change(std::string_view field, std::string_view value) {
   if (field == "toolMaterial") return SelectToolMaterial(value);
   if (field == "fluteCount") return SelectFluteCount(value);
   if (field == "speedPercent" || field == "feedPercent") {
-    const int position = TextToInt(value);
+    int position = 0;
+    const char* const end = value.data() + value.size();
+    const auto read = std::from_chars(value.data(), end, position);
+    if (read.ec != std::errc() || read.ptr != end) return false;
     if (position != InPercentRange(position)) return false;
     field == "speedPercent" ? ReleaseSpeedSlider(position) : ReleaseFeedSlider(position);
     return true;

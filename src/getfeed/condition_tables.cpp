@@ -225,7 +225,7 @@ std::optional<float> MaterialFactor(std::string_view workMaterial, float toolDia
 float ToothFeedLimit(float toolDiameter, bool highSpeedRough) {
   const std::span<const Piece> curve =
       highSpeedRough ? std::span<const Piece>(kRoughToothCurve) : kToothCurve;
-  // The last piece is flat and also takes what is no diameter.
+  // The last piece is flat; what is no number gives none.
   const auto piece = std::ranges::find_if(curve.first(curve.size() - 1),
                                           [&](const Piece& p) { return toolDiameter <= p.upTo; });
   const auto value = static_cast<float>(ValueAt(*piece, toolDiameter));

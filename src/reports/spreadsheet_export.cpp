@@ -24,7 +24,7 @@ CellValue Number(int32_t value) {
 }
 
 CellValue MetresCell(float millimetres) {
-  return static_cast<float>(Metres(millimetres));
+  return static_cast<float>(millimetres * 0.001);  // of 1234 mm the nearest to 1.234
 }
 
 // A switch, where some columns have a blank behind the word.
