@@ -1,5 +1,6 @@
 """The road of one file: Ctrl+T, the send options typed in, the adjusted path on the screen, the file
-information, the recorded result and its picture. Then the same with the pictures switched off."""
+information, the recorded result and its picture, the list of results and its report. Then the same with the
+pictures switched off."""
 import shutil
 
 from driver import EXAMPLES, expect
@@ -23,6 +24,7 @@ def run(screen):
     record(screen)
     screen.wait_for_drawing(*TYPED, program=program)
     screen.wait_until("the picture of the recorded result", lambda: is_metafile(picture))
+    write_report(screen, screen.data / "week.tvx")
     screen.leave()
 
     picture.unlink()
@@ -52,6 +54,19 @@ def type_options(screen, lowest, highest):
 
 def record(screen):
     screen.key("Return")
+    wait_for_main_window(screen)
+
+
+def write_report(screen, report):
+    """By the list of results: "화일 출력" is the seventh control behind the list of files."""
+    screen.key("alt+f", "Right", "Down", "Down", "Down", "Return")
+    screen.wait_for_window("TVX 출력")
+    screen.key("Down", *["Tab"] * 7, "space")
+    screen.choose_file(report, over="TVX 출력")
+    lines = report.read_bytes().decode("cp949").split("\r\n")
+    expect("the report names the file", any("part.nc" in line for line in lines))
+    expect("the report tells the highest feed", any("2000" in line for line in lines))
+    screen.key("Escape")
     wait_for_main_window(screen)
 
 

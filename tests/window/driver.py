@@ -347,6 +347,15 @@ class Screen:
             raise Failure("the program does not end") from None
         expect(f"the program ends well, not with {status}", status == 0)
 
+    def choose_file(self, path, over):
+        """Types a file into the chooser that opens over the window of this title, and waits until
+        that has the keys again."""
+        self.wait_until(f"a file chooser over “{over}”", lambda: self.title() not in (over, "", None))
+        self.fill(str(path))
+        self.key("Return")
+        self.wait_for_window(over)
+        self.wait_until_still()  # keys that come while the chooser goes are lost
+
     def load(self, program):
         """Loads a program by the menu and the file chooser."""
         letter, title = LOADING[self.language]

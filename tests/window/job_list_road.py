@@ -1,5 +1,6 @@
 """A whole job by the keys alone: three files with different options, key codes on one of them, the saved
-list, and the run, of which the window then shows the last file and the list of results all three."""
+list, and the run, of which the window then shows the last file and the list of results all three. The job
+list file written from there is read again by the job dialog, opened from the command pad."""
 import shutil
 
 from driver import EXAMPLES, expect
@@ -76,6 +77,29 @@ def run(screen, picture=lambda name: None):
     screen.wait_for_window("TVX 출력")
     screen.key("Down")
     picture("results")
+    job = screen.data / "week.mcf"
+    screen.key(*["Tab"] * 8, "space")  # to "AFA 출력"
+    screen.choose_file(job, over="TVX 출력")
+    screen.key("Escape")
+    screen.wait_for_window("TVX - [TVX1]")
+    reads_its_job_list_again(screen, job)
+
+
+def reads_its_job_list_again(screen, job):
+    """The saved list has gone, so what is saved is what was read."""
+    (screen.home / "drive_c" / "marlo" / "FList1.txt").unlink()
+    screen.click(screen.view_rect.width // 2, 20)
+    screen.wait_for_window("TVX  Dialog")
+    screen.key("space")  # "Cut Time"
+    screen.wait_for_window(JOB_DIALOG)
+    keys = Keys(screen)
+    keys.go("청소", "space")
+    keys.go("TVX", "space")
+    screen.choose_file(job, over=JOB_DIALOG)
+    keys.go("저장", "space")
+    screen.wait_until("the list that was read is the one that ran", lambda: saved_list(screen) == LINES)
+    screen.key("Escape")
+    screen.wait_for_window("TVX 출력")
     screen.key("Escape")
     screen.wait_for_window("TVX - [TVX1]")
 
