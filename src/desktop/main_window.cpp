@@ -120,6 +120,8 @@ void MainWindow::OpenFile(const std::string& drivePath, ViewWidget* widget) {
         {.text = drivePath + "\n\n" + FromQt(Translated("화일을 열수 없읍니다.\n"))});
     return;
   }
+  // As a chooser does: pictures and reports go where the program lies.
+  app_->files->SetCurrentDirectory(drivePath.substr(0, drivePath.find_last_of('\\') + 1));
   LoadInto(widget == nullptr ? NewView() : widget, drivePath);
 }
 

@@ -146,6 +146,12 @@ TEST_F(MainWindowTest, AFileThatIsNotThereIsNotCreated) {
   EXPECT_EQ(View().fileName, "");
 }
 
+TEST_F(MainWindowTest, TheDirectoryOfAnOpenedFileBecomesTheCurrentOne) {
+  files->SetCurrentDirectory("c:\\marlo");
+  Load();
+  EXPECT_EQ(files->CurrentDirectory(), "c:\\marlo\\ncdata");
+}
+
 TEST_F(MainWindowTest, SeveralFilesGetAWindowEach) {
   for (const char* const name : {"a.nc", "b.nc", "c.nc"}) {
     window->LoadHostFile(ToQt(PutProgram(name, kProgram).string()));

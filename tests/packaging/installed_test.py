@@ -191,14 +191,36 @@ class Installed(unittest.TestCase):
                         self.assertTrue((page.parent / target).exists())
 
     def test_every_page_is_linked(self):
-        for index, folder in ((self.doc / "README.md", self.doc / "docs"),
-                              (self.doc / "docs" / "formats" / "README.md",
-                               self.doc / "docs" / "formats")):
+        docs = self.doc / "docs"
+        indexes = [(self.doc / "README.md", docs)]
+        indexes += [(docs / folder / "README.md", docs / folder)
+                    for folder in ("formats", "guide/en", "guide/ko")]
+        for index, folder in indexes:
             links = re.findall(r"\]\(([^)#]+)", index.read_text(encoding="utf-8"))
             linked = {(index.parent / link).resolve() for link in links}
             for page in folder.glob("*.md"):
                 with self.subTest(page=page.name):
                     self.assertTrue(page.resolve() in linked or page == index)
+
+    def test_guide_is_the_same_in_both_languages(self):
+        """Page for page: the headings down to their depth, the tables, the pictures."""
+        def outline(language, page):
+            text = (self.doc / "docs" / "guide" / language / page).read_text(encoding="utf-8")
+            text = text.replace(f"/{language}/", "/")
+            return re.findall(r"^(#+) |^(\|)|\]\(([^)]+\.png)\)", text, re.M)
+
+        pages = sorted(page.name for page in (self.doc / "docs" / "guide" / "en").glob("*"))
+        self.assertEqual(pages, sorted(p.name for p in (self.doc / "docs/guide/ko").glob("*")))
+        for page in pages:
+            with self.subTest(page=page):
+                self.assertEqual(outline("ko", page), outline("en", page))
+
+    def test_every_picture_is_shown(self):
+        shown = {(page.parent / target).resolve() for page in self.doc.rglob("*.md") for target in
+                 re.findall(r"\]\(([^)]+\.(?:png|svg))\)", page.read_text(encoding="utf-8"))}
+        for picture in (self.doc / "docs" / "pictures").rglob("*.*"):
+            with self.subTest(picture=picture.name):
+                self.assertIn(picture.resolve(), shown)
 
 
 for wanted in ("mandoc", "man", "desktop-file-validate", "update-mime-database"):

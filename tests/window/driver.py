@@ -11,11 +11,13 @@ longer and not red. A Failure says what did not come, and the screen of that mom
 failure.png in the folder of the road.
 """
 import array
+import functools
 import os
 import pathlib
 import shutil
 import subprocess
 import time
+import xml.etree.ElementTree
 from typing import NamedTuple
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
@@ -38,8 +40,18 @@ def missing_tools():
     return [tool for tool in TOOLS if shutil.which(tool) is None]
 
 
-# The letter of the load in its menu, and the title of the chooser.
-LOADING = {"ko": ("t", "불러오기"), "en": ("l", "Load")}
+MENUS = ("file", "cut_time", "master", "graphics", "settings", "other", "view", "window", "help")
+
+# The letter of the load in its menu.
+LOAD_LETTERS = {"ko": "t", "en": "l"}
+
+
+@functools.cache
+def english_texts():
+    """The texts of the English window by the Korean ones."""
+    root = xml.etree.ElementTree.parse(ROOT / "translations" / "tvx_en.ts").getroot()
+    return {message.findtext("source"): message.findtext("translation")
+            for message in root.iter("message")}
 
 
 class Failure(Exception):
@@ -210,8 +222,14 @@ class Screen:
         """The title of the window that has the keys."""
         return self._ask("getactivewindow", "getwindowname")
 
+    def text(self, korean):
+        """A text of the program as this screen has it."""
+        return english_texts().get(korean, korean) if self.language == "en" else korean
+
     def wait_for_window(self, title):
-        """Waits until the window of this title has the keys: what is typed before goes elsewhere."""
+        """Waits until the window of this title has the keys: what is typed before goes elsewhere. The
+        title is named in Korean, whatever the language of the screen."""
+        title = self.text(title)
         self.wait_until(f"the window “{title}” (“{self.title()}” has the keys)",
                         lambda: self.title() == title)
 
@@ -223,6 +241,15 @@ class Screen:
 
     def key(self, *keys):
         self._xdotool("key", "--delay", 4, *keys)
+
+    def menu(self, name, *keys):
+        """Opens a menu from the nearer end of the bar and goes on with keys in it."""
+        place = MENUS.index(name)
+        ways = ["Right"] * place if place < 4 else ["Left"] * (len(MENUS) - place)
+        for step in (["alt+f", *ways], keys):
+            if step:
+                self.key(*step)
+                self.wait_until_still()
 
     def type(self, text):
         self._xdotool("type", "--delay", 2, text)
@@ -358,9 +385,8 @@ class Screen:
 
     def load(self, program):
         """Loads a program by the menu and the file chooser."""
-        letter, title = LOADING[self.language]
-        self.key("alt+f", letter)
-        self.wait_for_window(title)
+        self.key("alt+f", LOAD_LETTERS[self.language])
+        self.wait_for_window("불러오기")
         self.fill(str(program))
         self.key("Return")
         self.wait_for_window(f"TVX - [{pathlib.Path(program).name}]")
