@@ -11,6 +11,7 @@ bool ChooseMasterFile(const MasterContext& context, bool save, std::string* path
   FileQuestion question;
   question.save = save;
   question.filter = " AFA MASTER FILE (*.mma)|*.mma||";
+  question.defaultExtension = "mma";  // the choosers list no other files
   return context.ui->ChooseFile(question, path);
 }
 
