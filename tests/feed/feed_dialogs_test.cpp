@@ -79,21 +79,24 @@ TEST_F(AfaSetupDialog, MasterSwitchNeedsAFile) {
 }
 
 TEST_F(AfaSetupDialog, ChecksAndEditsWaitForTheAcceptance) {
-  job.FeedChgSmoothCheck = 1;
+  job.FeedChgSmoothCheck = 2;
+  job.XyChgReduceCheck = 2;
   job.ZupZdown = 1.5F;
   const JobRecord before = job;
   dialog.Open(&job);
-  EXPECT_TRUE(dialog.feedChgSmoothTicked);
-  EXPECT_FALSE(dialog.xyChgReduceTicked);
+  EXPECT_FALSE(dialog.feedChgSmoothTicked);  // by 1 only
+  EXPECT_TRUE(dialog.xyChgReduceTicked);
   EXPECT_EQ(dialog.feedChgAngText + " " + dialog.zUpZDownText, "10 1.5");
-  dialog.feedChgSmoothTicked = false;
-  dialog.xyChgReduceTicked = true;
+  dialog.feedChgSmoothTicked = true;
+  dialog.xyChgReduceTicked = false;
   dialog.feedChgAngText = "-3";
   dialog.zUpZDownText = "0.25";
   EXPECT_EQ(Changes(before, job), "");
   EXPECT_EQ(dialog.Accept(), Closing::kAccepted);
   EXPECT_EQ(Changes(before, job),
-            "FeedChgSmoothCheck=0 XyChgReduceCheck=1 FeedChgAng=-3 ZupZdown=0.25");
+            "FeedChgSmoothCheck=1 XyChgReduceCheck=0 FeedChgAng=-3 ZupZdown=0.25");
+  dialog.Open(&job);
+  EXPECT_TRUE(dialog.feedChgSmoothTicked);
 }
 
 TEST_F(AfaSetupDialog, RefusesWhatIsNoNumber) {

@@ -52,7 +52,7 @@ TEST(MasterSubPass, SlowsALongMoveNearWallsAndTheNextOne) {
   } cases[] = {
       {"a wall at the end", {{100, 0, 90}}, "1000 tail 5% 100; 1000 head 5% 100"},
       {"angles up to the limit do not count", {{100, 0, 10}}, "1000; 1000"},
-      {"angles of a damaged model", {{100, 0, 32'000}}, "1000 tail 5% 100; 1000 head 5% 100"},
+      {"angles of a damaged model", {{50, 0, 32'000}}, "100 tail 5% 1000; 1000"},
       {"just above the limit", {{100, 0, 11}}, "1000 tail 5% 900; 1000 head 5% 900"},
       {"the zone feeds fall on tens, the feed of a whole move does not",
        {{100, 0, 45}, {50, 0, 60}},

@@ -93,7 +93,6 @@ TEST_F(ConditionFile, ValuesByKey) {
       {"AfaByMaster 1 공구직경 99 MaxFeed 5 nothing 7 ConCorChk 0", "ConCorChk=0"},
       {"FeedChgAng", ""},
       {"FeedChgAng 50x", "FeedChgAng=50"},
-      {"Spindle 12.9", "Spindle=12"},
       {"Spindle -5 Spindle 99999999999", "Spindle=2147483647"},
       {"CorWeight0 .5 CorWeight30 5e-1 CorWeight60 +0.5\nSideWeight0 0,5",
        "CorWeight0=0.5 CorWeight30=0.5 CorWeight60=0.5 SideWeight0=0"},
