@@ -2,68 +2,49 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
+#include <cmath>
 
 namespace tvx {
 namespace {
 
-constexpr BandEdges kStrict = BandEdges::Strict;
-constexpr BandEdges kInclusive = BandEdges::Inclusive;
-
 TEST(AngleFeed, FallsThroughTheSupportPointsInWholeSteps) {
-  const struct {
-    float angle;
-    BandEdges edges;
-    int32_t feed;
-  } cases[] = {
-      {0.0F, kInclusive, 1000},    {15.0F, kInclusive, 865},  // -9 * 15 + 1000
-      {29.99F, kStrict, 730},                                 // -9 * 29.99 + 1000 = 730.09
-      {30.0F, kStrict, 729},                                  // opens the middle band
-      {30.0F, kInclusive, 730},     // closes the first one, which stops short of 729
-      {45.0F, kStrict, 564},        // -11 * 15 + 729
-      {45.0F, kInclusive, 564},     //
-      {45.00133F, kStrict, 563},    // 45 degrees as Angle measures it
-      {60.0F, kStrict, 370},        //
-      {60.0F, kInclusive, 399},     // -11 * 30 + 729
-      {60.0001F, kInclusive, 369},  //
-      {89.0F, kStrict, 109},        // -9 * 29 + 370
-      {90.0F, kStrict, 100},        //
-      {90.0F, kInclusive, 100},     //
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(AngleFeed(1.0F, 0.7F, 0.3F, 0.1F, 1000, c.angle, c.edges), c.feed)
-        << c.angle << (c.edges == kStrict ? " strict" : " inclusive");
-  }
-}
-
-TEST(AngleFeed, FollowsOtherWeightsRatiosAndFeeds) {
-  const struct {
+  struct Curve {
     float w0, w30, w60, ratio;
     int32_t maxFeed;
+  };
+  constexpr Curve kUsual = {1.0F, 0.7F, 0.3F, 0.1F, 1000};
+  const struct {
+    Curve curve;
     float angle;
-    int32_t feed;
+    int32_t strict, inclusive;
   } cases[] = {
-      {1.0F, 1.0F, 1.0F, 0.1F, 1000, 60.0F, 1000},  // no reduction up to 60 degrees
-      {1.0F, 1.0F, 1.0F, 0.1F, 1000, 75.0F, 550},   // -30 * 15 + 1000
-      {0.0F, 0.0F, 0.0F, 0.1F, 1000, 10.0F, 100},   // full reduction everywhere
-      {1.0F, 0.7F, 0.3F, 1.0F, 1000, 90.0F, 1000},  // a ratio of 1 lowers nothing
-      {0.0F, 0.5F, 1.0F, 0.5F, 2000, 20.0F, 1320},  // rising: 1000 + 16 * 20
-      {1.0F, 0.7F, 0.3F, 0.1F, 20, 29.0F, 20},      // a span below 30 has the step 0
-      {1.0F, 0.7F, 0.3F, 0.1F, 0, 45.0F, 0},       {1.0F, 0.7F, 0.3F, 0.1F, 100000, 90.0F, 10000},
+      {kUsual, 0, 1000, 1000},
+      {kUsual, 29.99F, 730, 730},     // -9 * 29.99 + 1000 = 730.09
+      {kUsual, 30, 729, 730},         // opens the middle band, or closes the first short of it
+      {kUsual, 45, 564, 564},         // -11 * 15 + 729
+      {kUsual, 45.00133F, 563, 563},  // 45 degrees as Angle measures it
+      {kUsual, 60, 370, 399},         // -11 * 30 + 729
+      {kUsual, 89, 109, 109},         // -9 * 29 + 370
+      {kUsual, 90, 100, 100},
+      {{1.0F, 1.0F, 1.0F, 0.1F, 1000}, 75, 550, 550},    // -30 * 15 + 1000
+      {{0.0F, 0.0F, 0.0F, 0.1F, 1000}, 10, 100, 100},    // full reduction everywhere
+      {{1.0F, 0.7F, 0.3F, 1.0F, 1000}, 90, 1000, 1000},  // a ratio of 1 lowers nothing
+      {{0.0F, 0.5F, 1.0F, 0.5F, 2000}, 20, 1320, 1320},  // rising: 1000 + 16 * 20
+      {{1.0F, 0.7F, 0.3F, 0.1F, 20}, 29, 20, 20},        // a span below 30 has the step 0
+      {{1.0F, 0.7F, 0.3F, 0.1F, 100000}, 90, 10000, 10000},
+      // Values that fit no feed.
+      {{1e30F, 1e30F, 1e30F, 0.1F, 1000}, 0, INT32_MAX, INT32_MAX},
+      {{1e30F, -1e30F, 0.0F, 0.1F, 1000}, 0, INT32_MAX, INT32_MAX},
+      {kUsual, std::nanf(""), 0, 0},
   };
   for (const auto& c : cases) {
-    EXPECT_EQ(AngleFeed(c.w0, c.w30, c.w60, c.ratio, c.maxFeed, c.angle, kInclusive), c.feed)
-        << c.ratio << " " << c.maxFeed << " " << c.angle;
+    const auto feed = [&](BandEdges edges) {
+      const auto& [w0, w30, w60, ratio, maxFeed] = c.curve;
+      return AngleFeed(w0, w30, w60, ratio, maxFeed, c.angle, edges);
+    };
+    EXPECT_EQ(feed(BandEdges::Strict), c.strict) << c.curve.maxFeed << " at " << c.angle;
+    EXPECT_EQ(feed(BandEdges::Inclusive), c.inclusive) << c.curve.maxFeed << " at " << c.angle;
   }
-}
-
-TEST(AngleFeed, HoldsValuesThatFitNoFeed) {
-  constexpr int32_t kMost = std::numeric_limits<int32_t>::max();
-  EXPECT_EQ(AngleFeed(1e30F, 1e30F, 1e30F, 0.1F, 1000, 0.0F, kInclusive), kMost);
-  EXPECT_EQ(AngleFeed(1e30F, -1e30F, 0.0F, 0.1F, 1000, 0.0F, kInclusive), kMost);
-  EXPECT_EQ(
-      AngleFeed(1.0F, 0.7F, 0.3F, 0.1F, 1000, std::numeric_limits<float>::quiet_NaN(), kInclusive),
-      0);
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "feed/master_fixture.h"
+#include "feed_fixture.h"
 #include "model/block_list.h"
 #include "support/memory_files.h"
 #include "support/scripted_ui.h"
@@ -12,146 +12,120 @@ namespace {
 
 constexpr char kPath[] = "c:\\part.mma";
 
-struct Window {
+class MasterCommands : public testing::Test {
+ protected:
+  MasterCommands() {
+    Append(&program.store, BlockRapidStart, 0, 0, 9);
+    for (int i = 0; i < 40; ++i) {
+      Append(&program.store, BlockCut, i % 2 == 0 ? 20.0F : 0.0F, static_cast<float>(i) * 0.5F, 1);
+    }
+    before = BlockList(program.store);
+  }
+
+  // The command with other sizes in the dialog. Returns the sizes that it showed.
+  std::vector<float> Make(float diameter, float allowance, float tolerance, bool accepted = true) {
+    std::vector<float> shown;
+    ui.OnDialog<CMasterDlg>([&](CMasterDlg* dlg) {
+      shown = {dlg->MasterToolDiameter, dlg->MasterAllowance, dlg->MasterTolerance};
+      dlg->MasterToolDiameter = diameter;
+      dlg->MasterAllowance = allowance;
+      dlg->MasterTolerance = tolerance;
+      return accepted;
+    });
+    MakeMasterCommand(context);
+    return shown;
+  }
+
   NcProgram program;
+  std::string before;
   MasterGrid grid;
   CMasterDlg dialog;
   int32_t RapidVisible = 1;
   MemoryFiles files;
   ScriptedUi ui;
-
-  Window() {
-    Append(&program.store, BlockRapidStart, 0, 0, 9);
-    for (int i = 0; i < 40; ++i) {
-      Append(&program.store, BlockCut, i % 2 == 0 ? 20.0F : 0.0F, static_cast<float>(i) * 0.5F, 1);
-    }
-  }
-
-  MasterContext Context() { return {&program, &grid, &dialog, &RapidVisible, &files, &ui}; }
-
-  void Make() {
-    ui.OnDialog<CMasterDlg>([](CMasterDlg* dlg) {
-      dlg->MasterTolerance = 2;
-      return true;
-    });
-    MakeMasterCommand(Context());
-  }
+  MasterContext context = {&program, &grid, &dialog, &RapidVisible, &files, &ui};
 };
 
-TEST(MasterCommands, MakeBuildsWithTheAcceptedInputAndKeepsIt) {
-  Window w;
-  const std::string before = BlockList(w.program.store);
-  w.ui.OnDialog<CMasterDlg>([](CMasterDlg* dlg) {
-    EXPECT_EQ(dlg->MasterToolDiameter, 10);
-    EXPECT_EQ(dlg->MasterAllowance, 0);
-    EXPECT_EQ(dlg->MasterTolerance, 1);
-    dlg->MasterTolerance = 3;
-    return false;
-  });
-  MakeMasterCommand(w.Context());
-  EXPECT_EQ(w.dialog.MasterTolerance, 1);
-  EXPECT_EQ(BlockList(w.program.store), before);
-
-  w.ui.OnDialog<CMasterDlg>([](CMasterDlg* dlg) {
-    dlg->MasterToolDiameter = 6;
-    dlg->MasterAllowance = 0.5F;
-    dlg->MasterTolerance = 2;
-    return true;
-  });
-  MakeMasterCommand(w.Context());
-  EXPECT_EQ(w.dialog.MasterAllowance, 0.5F);
-  EXPECT_EQ(w.grid.CellSize, 2);
-  EXPECT_EQ(w.grid.ToolSize, 7);
-  EXPECT_EQ(w.RapidVisible, 0);
-  EXPECT_EQ(w.ui.log.back(), "repaint");
+TEST_F(MasterCommands, MakeBuildsWithTheAcceptedInputAndKeepsIt) {
+  EXPECT_EQ(Make(8, 1, 3, false), (std::vector<float>{10, 0, 1}));
+  EXPECT_EQ(BlockList(program.store), before);
+  EXPECT_EQ(Make(6, 0.5F, 2), (std::vector<float>{10, 0, 1}));
+  EXPECT_EQ(grid.CellSize, 2);
+  EXPECT_EQ(grid.ToolSize, 7);
+  EXPECT_EQ(RapidVisible, 0);
+  EXPECT_EQ(ui.log, (std::vector<std::string>{"dialog", "dialog", "repaint"}));
+  EXPECT_EQ(Make(6, 0.5F, 2, false), (std::vector<float>{6, 0.5F, 2}));
 }
 
-TEST(MasterCommands, MakeSaysWhyThereIsNoModel) {
-  Window w;
-  const std::string before = BlockList(w.program.store);
-  for (const float tolerance : {0.0F, 2.0F}) {
-    w.ui.OnDialog<CMasterDlg>([tolerance](CMasterDlg* dlg) {
-      dlg->MasterTolerance = tolerance;
-      return true;
-    });
-    MakeMasterCommand(w.Context());
-    EXPECT_EQ(w.ui.statusTexts.size(), 1U) << tolerance;
-    EXPECT_EQ(BlockList(w.program.store) == before, tolerance == 0.0F) << tolerance;
-  }
+TEST_F(MasterCommands, MakeSaysWhyThereIsNoModel) {
+  Make(10, 0, 0);
+  EXPECT_EQ(BlockList(program.store), before);
+  EXPECT_EQ(ui.log.back(), "status 마스터 모델을 만들 수 없습니다: 공차가 맞지 않습니다.");
 }
 
-TEST(MasterCommands, DeleteAsksFirst) {
-  Window w;
-  w.Make();
+TEST_F(MasterCommands, DeleteAsksFirst) {
+  Make(10, 0, 2);
   for (const bool accepted : {false, true}) {
-    w.ui.OnMessage(accepted);
-    DeleteMaster(&w.grid, &w.ui);
-    EXPECT_EQ(w.grid.ModelBuilt, accepted ? 0 : 1);
-    EXPECT_EQ(w.grid.Cells.Empty(), accepted);
+    ui.OnMessage(accepted);
+    DeleteMaster(&grid, &ui);
+    EXPECT_EQ(grid.ModelBuilt, accepted ? 0 : 1);
+    EXPECT_EQ(grid.Cells.Empty(), accepted);
   }
-  const Message& message = w.ui.messages[0];
-  EXPECT_EQ(message.text, "마스터 모텔을 삭제 하겠읍니까?");
-  EXPECT_EQ(message.caption, " Optimizer message ");
-  EXPECT_EQ(message.icon, MessageIcon::kInformation);
-  EXPECT_EQ(message.buttons, MessageButtons::kOkCancel);
+  EXPECT_EQ(ui.messages[0].text, "마스터 모텔을 삭제 하겠읍니까?");
+  EXPECT_EQ(ui.messages[0].caption, " Optimizer message ");
+  EXPECT_EQ(ui.messages[0].icon, MessageIcon::kInformation);
+  EXPECT_EQ(ui.messages[0].buttons, MessageButtons::kOkCancel);
 }
 
-TEST(MasterCommands, SaveAndLoad) {
-  Window w;
-  w.Make();
-  const std::string picture = BlockList(w.program.store);
-  w.ui.OnFile(kPath);
-  SaveMasterCommand(w.Context());
-  EXPECT_EQ(w.files.Bytes(kPath).size(), 156U + 6 * static_cast<size_t>(w.grid.CellCount));
+TEST_F(MasterCommands, SaveAndLoad) {
+  Make(10, 0, 2);
+  const std::string picture = BlockList(program.store);
+  const int32_t cells = grid.CellCount;
+  ui.OnFileCancel();
+  SaveMasterCommand(context);
+  EXPECT_TRUE(files.FilePaths().empty());
+  ui.OnFile(kPath);
+  SaveMasterCommand(context);
+  EXPECT_EQ(files.Bytes(kPath).size(), 156U + 6 * static_cast<size_t>(cells));
 
-  Window other;
-  other.files.Put(kPath, w.files.Bytes(kPath));
-  other.ui.OnFile(kPath);
-  LoadMasterCommand(other.Context());
-  EXPECT_EQ(other.grid.CellCount, w.grid.CellCount);
-  EXPECT_EQ(BlockList(other.program.store), picture);
-  EXPECT_EQ(other.RapidVisible, 0);
-  EXPECT_EQ(other.ui.log.back(), "repaint");
-
-  EXPECT_EQ(w.ui.fileQuestions[0].filter, " AFA MASTER FILE (*.mma)|*.mma||");
-  EXPECT_TRUE(w.ui.fileQuestions[0].save);
-  EXPECT_EQ(other.ui.fileQuestions[0].filter, " AFA MASTER FILE (*.mma)|*.mma||");
-  EXPECT_FALSE(other.ui.fileQuestions[0].save);
+  program.store.blockCount = 0;
+  RapidVisible = 1;
+  ui.OnFileCancel();
+  LoadMasterCommand(context);
+  EXPECT_EQ(grid.ModelBuilt, 1);
+  EXPECT_EQ(RapidVisible, 1);
+  ui.OnFile(kPath);
+  LoadMasterCommand(context);
+  EXPECT_EQ(grid.CellCount, cells);
+  EXPECT_EQ(BlockList(program.store), picture);
+  EXPECT_EQ(RapidVisible, 0);
+  EXPECT_EQ(ui.log.back(), "repaint");
+  for (const FileQuestion& question : ui.fileQuestions) {
+    EXPECT_EQ(question.filter, " AFA MASTER FILE (*.mma)|*.mma||");
+  }
+  EXPECT_TRUE(ui.fileQuestions[1].save);
+  EXPECT_FALSE(ui.fileQuestions[3].save);
 }
 
-TEST(MasterCommands, CancelledChoosersChangeNothing) {
-  Window w;
-  w.Make();
-  w.ui.OnFileCancel();
-  SaveMasterCommand(w.Context());
-  w.ui.OnFileCancel();
-  LoadMasterCommand(w.Context());
-  EXPECT_EQ(w.grid.ModelBuilt, 1);
-  EXPECT_TRUE(w.files.FilePaths().empty());
+TEST_F(MasterCommands, SaveWithoutAModelSaysSo) {
+  ui.OnFile(kPath);
+  SaveMasterCommand(context);
+  EXPECT_EQ(ui.log.back(), "status 저장할 마스터 모델이 없습니다.");
+  EXPECT_TRUE(files.FilePaths().empty());
 }
 
-TEST(MasterCommands, SaveWithoutAModelKeepsTheFile) {
-  Window w;
-  w.files.Put(kPath, "older");
-  w.ui.OnFile(kPath);
-  SaveMasterCommand(w.Context());
-  EXPECT_EQ(w.files.Bytes(kPath), "older");
-  EXPECT_EQ(w.ui.statusTexts.size(), 1U);
-}
-
-TEST(MasterCommands, AFailedLoadLeavesNoModelAndTheStore) {
-  Window w;
-  w.Make();
-  const std::string before = BlockList(w.program.store);
-  w.RapidVisible = 1;
-  w.files.Put(kPath, "no model");
-  w.ui.OnFile(kPath);
-  LoadMasterCommand(w.Context());
-  EXPECT_EQ(w.ui.messages.size(), 1U);
-  EXPECT_EQ(w.grid.ModelBuilt, 0);
-  EXPECT_EQ(w.grid.CellCount, 0);
-  EXPECT_EQ(BlockList(w.program.store), before);
-  EXPECT_EQ(w.RapidVisible, 1);
+TEST_F(MasterCommands, AFailedLoadLeavesNoModelAndTheStore) {
+  Make(10, 0, 2);
+  const std::string picture = BlockList(program.store);
+  RapidVisible = 1;
+  files.Put(kPath, "no model");
+  ui.OnFile(kPath);
+  LoadMasterCommand(context);
+  EXPECT_EQ(ui.messages.size(), 1U);
+  EXPECT_EQ(grid.ModelBuilt, 0);
+  EXPECT_EQ(grid.CellCount, 0);
+  EXPECT_EQ(BlockList(program.store), picture);
+  EXPECT_EQ(RapidVisible, 1);
 }
 
 }  // namespace

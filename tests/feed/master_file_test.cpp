@@ -2,12 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <bit>
 #include <cmath>
-#include <limits>
-#include <random>
+#include <sstream>
 
-#include "feed/master_fixture.h"
+#include "feed_fixture.h"
 #include "support/memory_files.h"
 #include "support/scripted_ui.h"
 
@@ -15,6 +13,7 @@ namespace tvx {
 namespace {
 
 constexpr char kPath[] = "c:\\part.mma";
+const std::string kCannotOpen = "화일을 열수 없습니다.\n";
 
 MasterGrid SmallModel() {
   MasterGrid grid = EmptyGrid(3, 2, 0.5F);
@@ -31,12 +30,13 @@ MasterGrid SmallModel() {
   return grid;
 }
 
-std::string FromHex(std::string_view hex) {
+// Bytes in hexadecimal words.
+std::string FromHex(const std::string& hex) {
   std::string bytes;
-  for (size_t i = 0; i < hex.size(); ++i) {
-    if (hex[i] == ' ') continue;
-    bytes.push_back(static_cast<char>(std::stoi(std::string(hex.substr(i, 2)), nullptr, 16)));
-    ++i;
+  std::istringstream words(hex);
+  for (std::string word; words >> word;) {
+    for (size_t i = 0; i < word.size(); i += 2)
+      bytes += static_cast<char>(std::stoi(word.substr(i, 2), nullptr, 16));
   }
   return bytes;
 }
@@ -51,69 +51,44 @@ std::string SmallFile() {
              "003c1cc6 0000 0000a03f 5a00 000000bf 0201");
 }
 
-struct Reading {
+class MasterFile : public testing::Test {
+ protected:
+  int Read(const std::string& bytes) {
+    files.Put(kPath, bytes);
+    return ReadMasterFile(kPath, &grid, &files, &ui);
+  }
+  std::string Written() {
+    EXPECT_EQ(WriteMasterFile(kPath, grid, &files, &ui), 1);
+    return files.Bytes(kPath);
+  }
+
   MemoryFiles files;
   ScriptedUi ui;
-  MasterGrid grid;
-
-  int Read() { return ReadMasterFile(kPath, &grid, &files, &ui); }
+  MasterGrid grid = SmallModel();
 };
 
-void ExpectCannotOpen(const ScriptedUi& ui, const std::string& about) {
-  ASSERT_EQ(ui.messages.size(), 1U) << about;
-  EXPECT_EQ(ui.messages[0].text, "화일을 열수 없습니다.\n") << about;
-  EXPECT_EQ(ui.messages[0].caption, "Error message") << about;
-  EXPECT_EQ(ui.messages[0].icon, MessageIcon::kInformation) << about;
-}
-
-TEST(MasterFile, WritesTheModelByteForByte) {
-  Reading r;
-  EXPECT_EQ(WriteMasterFile(kPath, SmallModel(), &r.files, &r.ui), 1);
-  EXPECT_EQ(r.files.Bytes(kPath), SmallFile());
-  EXPECT_EQ(r.files.Bytes(kPath).size(), 192U);
-}
-
-TEST(MasterFile, ReadsWhatItWrote) {
-  Reading r;
+TEST_F(MasterFile, HoldsTheModelByteForByte) {
+  EXPECT_EQ(Written(), SmallFile());
   std::string bytes = SmallFile();
-  bytes[0] = 'x';  // the reserved bytes may hold anything
-  bytes[99] = 'y';
-  bytes[145] = 'z';
-  bytes[153] = '!';
-  r.files.Put(kPath, bytes);
-  ASSERT_EQ(r.Read(), 1);
-  const MasterGrid expected = SmallModel();
-  EXPECT_EQ(r.grid.OriginX, -1);
-  EXPECT_EQ(r.grid.ToolSize, 10);
-  EXPECT_EQ(r.grid.ModelBuilt, 1);
-  for (size_t i = 0; i < 6; ++i) {
-    EXPECT_EQ(r.grid.Cells[i].z, expected.Cells[i].z) << i;
-    EXPECT_EQ(r.grid.Cells[i].angle, expected.Cells[i].angle) << i;
-    EXPECT_EQ(r.grid.Cells[i].x, kNoHeight) << i;
-  }
-  EXPECT_EQ(WriteMasterFile(kPath, r.grid, &r.files, &r.ui), 1);
-  EXPECT_EQ(r.files.Bytes(kPath), SmallFile());
+  // The reserved bytes may hold anything.
+  for (const size_t reserved : {0, 99, 145, 153}) bytes[reserved] = 'x';
+  grid = MasterGrid();
+  ASSERT_EQ(Read(bytes), 1);
+  EXPECT_EQ(grid.Cells[4].x, kNoHeight);
+  EXPECT_EQ(Written(), SmallFile());
 }
 
-TEST(MasterFile, LookupsAreTheSameAfterwards) {
-  std::mt19937 random(7);
-  MasterGrid grid = EmptyGrid(201, 150, 0.3F);
-  for (size_t i = 0; i < 201 * 150; ++i) {
-    grid.Cells[i].z =
-        std::bit_cast<float>(0x40000000U + static_cast<uint32_t>(random() % 0x1000000));
-    grid.Cells[i].angle = static_cast<int16_t>(random() % 91);
+TEST_F(MasterFile, HoldsALargeModel) {
+  grid = EmptyGrid(201, 150, 0.3F);
+  for (int32_t i = 0; i < 201 * 150; ++i) {
+    SetCell(&grid, i % 201, i / 201, static_cast<float>(i) * 0.7F, i % 91);
   }
-  Reading r;
-  ASSERT_EQ(WriteMasterFile(kPath, grid, &r.files, &r.ui), 1);
-  ASSERT_EQ(r.Read(), 1);
-  for (int i = 0; i < 300; ++i) {
-    const Vec3 point = {static_cast<float>(random() % 60), static_cast<float>(random() % 45),
-                        2.0F + static_cast<float>(random() % 60) / 10};
-    const float radius = static_cast<float>(random() % 100) / 10;
-    int32_t angle = 0;
-    MasterLookup(r.grid, point, radius, &angle);
-    ASSERT_EQ(angle, PlainLookup(grid, point, radius)) << i;
-  }
+  const std::string bytes = Written();
+  grid = SmallModel();
+  ASSERT_EQ(Read(bytes), 1);
+  EXPECT_EQ(Written(), bytes);
+  EXPECT_EQ(grid.At(0, 50).z, 10050 * 0.7F);  // of the second piece in which cells pass
+  EXPECT_EQ(grid.At(0, 50).angle, 10050 % 91);
 }
 
 template <typename T>
@@ -123,9 +98,7 @@ std::string With(size_t offset, T value) {
   return bytes;
 }
 
-TEST(MasterFile, RefusesWhatIsNoMasterFile) {
-  constexpr float kInfinity = std::numeric_limits<float>::infinity();
-  std::string sevenCells = With(132, 7);
+TEST_F(MasterFile, RefusesWhatIsNoMasterFile) {
   std::string negativeCounts = With(136, -3);
   negativeCounts.replace(140, 4, "\xfe\xff\xff\xff");
   std::string noCells = With(132, 0).substr(0, 156);
@@ -144,75 +117,60 @@ TEST(MasterFile, RefusesWhatIsNoMasterFile) {
       {"a header only", SmallFile().substr(0, 156)},
       {"a cell cut off", SmallFile().substr(0, 191)},
       {"one byte too many", SmallFile() + "x"},
-      {"a count that does not fit the sides", sevenCells},
-      {"the same with the bytes for it", sevenCells + "123456"},
+      {"a count that does not fit the sides", With(132, 7)},
+      {"the same with the bytes for it", With(132, 7) + "123456"},
       {"sides that do not fit the count", With(136, 2)},
       {"negative sides", negativeCounts},
       {"no cells", noCells},
       {"more cells than a count can hold", overflow},
       {"a huge count", With(132, 0x7fffffff)},
       {"origin is no number", With(100, std::nanf(""))},
-      {"endless origin", With(104, kInfinity)},
-      {"endless tool", With(124, -kInfinity)},
+      {"endless origin", With(104, HUGE_VALF)},
+      {"endless tool", With(124, -HUGE_VALF)},
       {"no cell size", With(128, 0.0F)},
       {"negative cell size", With(128, -0.5F)},
       {"cell size is no number", With(128, std::nanf(""))},
-      {"endless height", With(156 + 6, kInfinity)},
+      {"endless height", With(156 + 6, HUGE_VALF)},
       {"the last height is no number", With(186, std::nanf(""))},
   };
   for (const auto& c : cases) {
-    Reading r;
-    r.grid = SmallModel();
-    r.files.Put(kPath, c.bytes);
-    EXPECT_EQ(r.Read(), 0) << c.about;
-    ExpectCannotOpen(r.ui, c.about);
-    EXPECT_EQ(r.grid.CellCount, 6) << c.about;
-    EXPECT_EQ(r.grid.At(1, 1).angle, 90) << c.about;
+    EXPECT_EQ(Read(c.bytes), 0) << c.about;
+    EXPECT_EQ(grid.CellCount, 6) << c.about;
+    EXPECT_EQ(grid.At(1, 1).angle, 90) << c.about;
   }
+  files.Remove(kPath);
+  EXPECT_EQ(ReadMasterFile(kPath, &grid, &files, &ui), 0);
+  EXPECT_FALSE(files.Exists(kPath));
+  EXPECT_EQ(ui.log, std::vector<std::string>(std::size(cases) + 1, "message " + kCannotOpen));
+  EXPECT_EQ(ui.messages[0].caption, "Error message");
 }
 
-TEST(MasterFile, ReportsWhatCannotBeOpened) {
-  Reading r;
-  EXPECT_EQ(r.Read(), 0);
-  ExpectCannotOpen(r.ui, "no such file");
-  EXPECT_FALSE(r.files.Exists(kPath));
-}
-
-TEST(MasterFile, RefusesWithoutMemory) {
-  Reading r;
+TEST_F(MasterFile, RefusesWithoutMemory) {
   allocationsLeft = 1;
-  r.grid = MasterGrid(AllocateWhileAllowed);
-  r.files.Put(kPath, SmallFile());
-  ASSERT_EQ(r.Read(), 1);
-  EXPECT_EQ(r.Read(), 0);
-  ASSERT_EQ(r.ui.messages.size(), 1U);
-  EXPECT_EQ(r.ui.messages[0].text, "Memory를 할당할 수 없습니다!!!");
-  EXPECT_EQ(r.ui.messages[0].caption, " Message");
-  EXPECT_EQ(r.grid.CellCount, 6);
+  grid = MasterGrid(AllocateWhileAllowed);
+  ASSERT_EQ(Read(SmallFile()), 1);
+  EXPECT_EQ(Read(SmallFile()), 0);
+  EXPECT_EQ(ui.log, std::vector<std::string>{"message Memory를 할당할 수 없습니다!!!"});
+  EXPECT_EQ(ui.messages[0].caption, " Message");
+  EXPECT_EQ(grid.CellCount, 6);
 }
 
-TEST(MasterFile, AFailedWriteKeepsTheOlderFile) {
+TEST_F(MasterFile, AFailedWriteSaysSoAndKeepsTheOlderFile) {
   const std::function<void(MemoryFiles*)> faults[] = {
-      [](MemoryFiles* files) { files->RefuseCreation(kPath); },
-      [](MemoryFiles* files) { files->RefuseWrite(1); },
-      [](MemoryFiles* files) { files->RefuseWrite(2); },
-      [](MemoryFiles* files) { files->RefuseCommit(1); },
+      [](MemoryFiles* f) { f->RefuseWrite(1); },
+      [](MemoryFiles* f) { f->RefuseWrite(2); },
+      [](MemoryFiles* f) { f->RefuseCommit(1); },
+      [](MemoryFiles* f) { f->RefuseCreation(kPath); },
   };
+  files.Put(kPath, "older");
   for (const auto& fault : faults) {
-    Reading r;
-    r.files.Put(kPath, "older");
-    fault(&r.files);
-    EXPECT_EQ(WriteMasterFile(kPath, SmallModel(), &r.files, &r.ui), 0);
-    ExpectCannotOpen(r.ui, "a failed write");
-    EXPECT_EQ(r.files.Bytes(kPath), "older");
+    fault(&files);
+    EXPECT_EQ(WriteMasterFile(kPath, grid, &files, &ui), 0);
+    EXPECT_EQ(files.Bytes(kPath), "older");
   }
-}
-
-TEST(MasterFile, DoesNotWriteWithoutAModel) {
-  Reading r;
-  r.files.Put(kPath, "older");
-  EXPECT_EQ(WriteMasterFile(kPath, MasterGrid(), &r.files, &r.ui), 0);
-  EXPECT_EQ(r.files.Bytes(kPath), "older");
+  EXPECT_EQ(ui.log, std::vector<std::string>(4, "message " + kCannotOpen));
+  EXPECT_EQ(WriteMasterFile("c:\\new.mma", MasterGrid(), &files, &ui), 0);  // without a model
+  EXPECT_FALSE(files.Exists("c:\\new.mma"));
 }
 
 }  // namespace

@@ -1,8 +1,9 @@
-#include "random_program.h"
-
+// Random programs and parameter sets that reach the odd corners of the feed adjustment.
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
+#include "feed_fixture.h"
 #include "model/path.h"
 
 namespace tvx {
@@ -98,11 +99,7 @@ class Writer {
     for (int i = Whole(5, 200); i > 0; --i) {
       const double dx = radius * (std::cos(turn * (i - 1)) - std::cos(turn * i));
       const double dy = radius * (std::sin(turn * (i - 1)) - std::sin(turn * i));
-      if (upright) {
-        Step(dx, rise, dy);
-      } else {
-        Step(dx, dy, rise);
-      }
+      upright ? Step(dx, rise, dy) : Step(dx, dy, rise);
       AddCut();
     }
   }
@@ -161,28 +158,17 @@ class Writer {
     }
   }
 
+  // Bad records, places far off and values that are no place, for a move or two.
   void Odd() {
+    constexpr float kInfinity = std::numeric_limits<float>::infinity();
+    constexpr float kNone = std::numeric_limits<float>::quiet_NaN();
     const Vec3 back = at_;
-    switch (Whole(0, 5)) {
-      case 0:
-        at_.x = Chance(0.5) ? 32700.5F : -40000.0F;
-        break;  // bad records
-      case 1:
-        at_.z = Chance(0.5) ? 1e9F : -std::numeric_limits<float>::infinity();
-        break;
-      case 2:
-        at_.y = static_cast<float>(Uniform(-1e6, 1e6));
-        break;
-      case 3:
-        at_.y = Chance(0.5) ? 3e38F : -3e38F;
-        break;
-      case 4:
-        (Chance(0.5) ? at_.x : at_.y) = std::numeric_limits<float>::quiet_NaN();
-        break;
-      default:
-        at_.y = std::numeric_limits<float>::infinity();
-        break;
-    }
+    const Vec3 odd[] = {
+        {32700.5F, back.y, back.z},   {-40000.0F, back.y, back.z}, {back.x, back.y, 1e9F},
+        {back.x, back.y, -kInfinity}, {back.x, 54321.5F, back.z},  {back.x, -1e6F, back.z},
+        {back.x, 3e38F, back.z},      {back.x, -3e38F, back.z},    {kNone, back.y, back.z},
+        {back.x, kNone, back.z},      {back.x, kInfinity, back.z}};
+    at_ = odd[Whole(0, static_cast<int>(std::size(odd)) - 1)];
     for (int i = Whole(1, 2); i > 0; --i) AddCut();
     at_ = back;
     if (Chance(0.5)) AddCut();
@@ -216,6 +202,12 @@ T OneOf(Random* random, std::initializer_list<T> values) {
 
 std::vector<MotionBlock> RandomProgram(Random* random, size_t moves) {
   return Writer(random, moves).Write();
+}
+
+bool StaysWithin(float reach, const std::vector<MotionBlock>& blocks) {
+  return std::all_of(blocks.begin(), blocks.end(), [=](const MotionBlock& block) {
+    return std::abs(block.x) < reach && std::abs(block.y) < reach && std::abs(block.z) < reach;
+  });
 }
 
 JobRecord RandomJob(Random* random) {
@@ -252,20 +244,6 @@ JobRecord RandomJob(Random* random) {
   job.SlopeMinAngle = OneOf(random, {-1.0F, 10.0F});
   job.AfaByMaster = OneOf(random, {0, 1});
   return job;
-}
-
-void Fill(BlockStore* store, const std::vector<MotionBlock>& blocks) {
-  store->blockCount = 0;
-  for (const MotionBlock& block : blocks) {
-    store->CurrentBlock = block;
-    store->WriteBlock(store->blockCount++);
-  }
-}
-
-std::vector<MotionBlock> Contents(const BlockStore& store) {
-  std::vector<MotionBlock> blocks;
-  for (uint32_t i = 0; i < store.blockCount; ++i) blocks.push_back(*store.Peek(i));
-  return blocks;
 }
 
 }  // namespace tvx

@@ -1,10 +1,8 @@
-#include "reference_pass.h"
-
 #include <algorithm>
 #include <cmath>
 
 #include "feed/angle_feed.h"
-#include "feed/master_fixture.h"
+#include "feed_fixture.h"
 #include "model/path.h"
 #include "platform/numbers.h"
 
@@ -33,13 +31,9 @@ class Reference {
       }
       for (uint32_t i = begin; i < end; ++i) {
         if (IsMoveBlock(store_, i) == 0) continue;
-        const uint32_t type = block_.type;
-        if (type == 3 || type == 4) {
-          Xy(i);
-          Z(i);
-        } else if (type == 6 || type == 8) {
-          Xy(i);
-        }
+        const bool isCut = block_.type == 3 || block_.type == 4;
+        if (isCut || IsArc(i)) Xy(i);
+        if (isCut) Z(i);
       }
       for (uint32_t i = begin; i < end; ++i) Arc(i);
       if (end == store_->blockCount) return;
@@ -62,6 +56,10 @@ class Reference {
     store_->WriteBlock(i);
   }
 
+  static int32_t AtLeast(double lowest, int32_t f) {
+    return f < lowest ? TruncateToInt(lowest) : f;
+  }
+
   int32_t Stepped(int32_t feed) const {
     const int32_t step = job_.FeedChgAng < 1 ? 1 : job_.FeedChgAng;
     const int32_t stepped = feed / step * step;
@@ -79,21 +77,15 @@ class Reference {
     if (!(a > job_.SlopeMinAngle)) return true;
     store_->ReadBlock(i);
     const double ratio = job_.SlopeMaxRatio;
-    int32_t f = 0;
-    if (block_.type == 3 && a > 89) {
-      f = job_.PlungeFeed;
-    } else {
-      f = AngleFeed(job_.SideWeight0, job_.SideWeight30, job_.SideWeight60, job_.SlopeMaxRatio,
-                    job_.MaxFeed, a, BandEdges::Strict);
-      if (f < block_.feedProgrammed * ratio) f = TruncateToInt(block_.feedProgrammed * ratio);
+    int32_t f = job_.PlungeFeed;
+    if (block_.type != 3 || !(a > 89)) {
+      f = AtLeast(block_.feedProgrammed * ratio,
+                  AngleFeed(job_.SideWeight0, job_.SideWeight30, job_.SideWeight60,
+                            job_.SlopeMaxRatio, job_.MaxFeed, a, BandEdges::Strict));
     }
     if (job_.UpDownChk == 1) {
       if (u.z < 0) f = TruncateToInt(f * static_cast<double>(job_.ZupZdown));
-      if (f > job_.MaxFeed) {
-        f = job_.MaxFeed;
-      } else if (f < job_.MaxFeed * ratio) {
-        f = TruncateToInt(job_.MaxFeed * ratio);
-      }
+      f = f > job_.MaxFeed ? job_.MaxFeed : AtLeast(job_.MaxFeed * ratio, f);
     }
     block_.feed = Stepped(f);
     store_->WriteBlock(i);
@@ -126,10 +118,7 @@ class Reference {
   }
   // With the block in the register.
   int32_t MasterZoneFeed(int32_t angle) const {
-    int32_t f = MasterFeed(angle);
-    const double lowest = block_.feedProgrammed * static_cast<double>(job_.SlopeMaxRatio);
-    if (f < lowest) f = TruncateToInt(lowest);
-    return f / 10 * 10;
+    return AtLeast(block_.feedProgrammed * double{job_.SlopeMaxRatio}, MasterFeed(angle)) / 10 * 10;
   }
 
   int16_t MasterPercent(float length) const {
@@ -159,10 +148,9 @@ class Reference {
     if (pct1 == 0 || pct1 >= 100) return;
 
     const int32_t f = MasterZoneFeed(aEnd);
-    block_.tailPercent = std::max(block_.tailPercent, pct1);
-    if (block_.tailFeed > f || block_.tailFeed == 0) block_.tailFeed = Held(f);
+    Widen(&block_.tailPercent, &block_.tailFeed, pct1, f);
     store_->WriteBlock(i);
-    if (block_.tailPercent + block_.headPercent > 80) {
+    if (Covered()) {
       block_.feed = Collapse(i, f) / 10 * 10;
       store_->WriteBlock(i);
     }
@@ -171,12 +159,9 @@ class Reference {
     if (0 < pct2 && pct2 < 100) {
       memory_->LastNextBlock = n;
       store_->ReadBlock(n);
-      if (block_.feed > f) {
-        block_.headPercent = std::max(block_.headPercent, pct2);
-        if (block_.headFeed > f || block_.headFeed == 0) block_.headFeed = Held(f);
-        store_->WriteBlock(n);
-      }
-      if (block_.tailPercent + block_.headPercent > 80) Collapse(n, f);
+      if (block_.feed > f) Widen(&block_.headPercent, &block_.headFeed, pct2, f);
+      store_->WriteBlock(n);
+      if (Covered()) Collapse(n, f);
       return;
     }
     if (NoMove(n) || n == memory_->LastNextBlock) return;
@@ -188,8 +173,12 @@ class Reference {
     }
   }
 
+  bool IsArc(uint32_t i) {
+    return store_->ReadBlock(i) == 1 && (block_.type == 6 || block_.type == 8);
+  }
+
   void Arc(uint32_t i) {
-    if (store_->ReadBlock(i) == 0 || (block_.type != 6 && block_.type != 8)) return;
+    if (!IsArc(i)) return;
     int32_t f = block_.feed;
     if (0 < block_.headFeed && block_.headFeed < f) f = block_.headFeed;
     if (0 < block_.tailFeed && block_.tailFeed < f) f = block_.tailFeed;
@@ -243,35 +232,24 @@ class Reference {
             static_cast<float>(start.z + way.dz * travel / way.length)};
   }
 
-  bool ForwardPoint(uint32_t i, const Walk& walk, bool zone, float reach, Vec3* point) {
-    if (zone) {
-      if (walk.d.length == 0) return false;
-      *point = Along(Point(i), walk.d, reach);
-      return true;
-    }
-    const uint32_t g = PrevMove(store_, walk.end);
-    Difference a, v;
-    Vec3 unused;
-    BlockVector(store_, i, g, &a, &unused);
-    BlockVector(store_, walk.end, g, &v, &unused);
-    if (v.length == 0) return false;
-    *point = Along(Point(g), v, static_cast<double>(reach) - a.length);
-    return true;
+  // The point at about the look distance on the segment that a walk ended with. Its end near the
+  // corner is g.
+  bool ForwardPoint(uint32_t i, uint32_t n, const Walk& walk, float reach, Vec3* point) {
+    const uint32_t g = walk.end == n ? i : PrevMove(store_, walk.end);
+    return FarPoint(i, g, g, walk.end, 1, reach, point);
   }
-
-  bool BackwardPoint(uint32_t i, const Walk& walk, bool zone, float reach, Vec3* point) {
-    if (zone) {
-      if (walk.d.length == 0) return false;
-      *point = Along(Point(i), walk.d, -static_cast<double>(reach));
-      return true;
-    }
-    const uint32_t g = NextMove(store_, walk.end);
+  bool BackwardPoint(uint32_t i, uint32_t p, const Walk& walk, float reach, Vec3* point) {
+    const uint32_t g = walk.end == p ? i : NextMove(store_, walk.end);
+    return FarPoint(i, g, walk.end, g, -1, reach, point);
+  }
+  bool FarPoint(uint32_t i, uint32_t g, uint32_t from, uint32_t to, double way, float reach,
+                Vec3* point) {
     Difference a, v;
     Vec3 unused;
     BlockVector(store_, i, g, &a, &unused);
-    BlockVector(store_, g, walk.end, &v, &unused);
+    BlockVector(store_, to, from, &v, &unused);
     if (v.length == 0) return false;
-    *point = Along(Point(g), v, -(static_cast<double>(reach) - a.length));
+    *point = Along(Point(g), v, way * (double{reach} - a.length));
     return true;
   }
 
@@ -286,11 +264,9 @@ class Reference {
 
   int32_t CornerFeed(float c) const {
     if (c > 90) c = 90;
-    int32_t v = AngleFeed(job_.CorWeight0, job_.CorWeight30, job_.CorWeight60, job_.CornerMaxRatio,
-                          job_.MaxFeed, c, BandEdges::Inclusive);
-    const double lowest = job_.MaxFeed * static_cast<double>(job_.CornerMaxRatio);
-    if (v < lowest) v = TruncateToInt(lowest);
-    return Stepped(v);
+    const int32_t v = AngleFeed(job_.CorWeight0, job_.CorWeight30, job_.CorWeight60,
+                                job_.CornerMaxRatio, job_.MaxFeed, c, BandEdges::Inclusive);
+    return Stepped(AtLeast(job_.MaxFeed * double{job_.CornerMaxRatio}, v));
   }
 
   static int16_t Percent(float reach, float length) {
@@ -302,6 +278,13 @@ class Reference {
     return static_cast<int16_t>(std::clamp(feed, -32768, 32767));
   }
 
+  static void Widen(int16_t* percent, int16_t* feed, int16_t newPercent, int32_t newFeed) {
+    *percent = std::max(*percent, newPercent);
+    if (*feed > newFeed || *feed == 0) *feed = Held(newFeed);
+  }
+
+  bool Covered() const { return block_.tailPercent + block_.headPercent > 80; }
+
   int32_t Collapse(uint32_t index, int32_t f) {
     if (block_.headFeed == 0) block_.headFeed = block_.tailFeed;
     if (block_.tailFeed == 0) block_.tailFeed = block_.headFeed;
@@ -311,6 +294,31 @@ class Reference {
     block_.feed = f;
     store_->WriteBlock(index);
     return f;
+  }
+
+  // Slows the tail of block i, and the head of block n. The Xy search collapses zones also where it
+  // lowered nothing.
+  void SlowMoves(uint32_t i, uint32_t n, int16_t tailPercent, int16_t headPercent, float c,
+                 bool isXy) {
+    int32_t v = CornerFeed(c);
+    store_->ReadBlock(i);
+    if (tailPercent != 0) {
+      const bool lower = block_.feed > v;
+      if (lower) Widen(&block_.tailPercent, &block_.tailFeed, tailPercent, v);
+      store_->WriteBlock(i);
+      if ((lower || isXy) && Covered()) v = Collapse(i, v);
+    } else {
+      LowerWhole(i, v);
+    }
+    store_->ReadBlock(n);
+    if (headPercent != 0) {
+      const bool lower = block_.feed > v;
+      if (lower) Widen(&block_.headPercent, &block_.headFeed, headPercent, v);
+      store_->WriteBlock(n);
+      if ((lower || isXy) && Covered()) Collapse(n, v);
+    } else if (block_.type == 4) {
+      LowerWhole(n, v);
+    }
   }
 
   void LowerWhole(uint32_t index, int32_t v) {
@@ -342,7 +350,7 @@ class Reference {
     if (fw.u.x == 0 && fw.u.y == 0) return;
     const bool nextZone = fw.end == n && fw.d.length > reach;
     Vec3 t;
-    if (!ForwardPoint(i, fw, nextZone, reach, &t)) return;
+    if (!ForwardPoint(i, n, fw, reach, &t)) return;
     Vec3 v1;
     DiffVectors(t, Point(i), &d, &v1);
     if (d.length >= 0.01) h->forward = Angle(v1.y, v1.x);
@@ -352,25 +360,15 @@ class Reference {
     if (bw.u.x == 0 && bw.u.y == 0) return;
     const bool prevZone = bw.end == p && bw.d.length > reach;
     Vec3 q;
-    if (!BackwardPoint(i, bw, prevZone, reach, &q)) return;
+    if (!BackwardPoint(i, p, bw, reach, &q)) return;
     Vec3 v2;
     DiffVectors(Point(i), q, &d, &v2);
     if (d.length >= 0.01) h->backward = Angle(v2.y, v2.x);
     const float c1 = XyAngle(v2);
     float c = c0 < c1 ? c1 : c0;
 
-    const auto isArc = [&](uint32_t b) {
-      store_->ReadBlock(b);
-      return block_.type == 6 || block_.type == 8;
-    };
-    uint32_t arc = UINT32_MAX;
-    if (isArc(fw.end)) {
-      arc = fw.end;
-    } else if (isArc(i)) {
-      arc = i;
-    }
-    if (arc != UINT32_MAX) {
-      store_->ReadBlock(arc + 1);
+    if (IsArc(fw.end) || IsArc(i)) {
+      store_->ReadBlock((IsArc(fw.end) ? fw.end : i) + 1);
       const auto r = static_cast<float>(std::sqrt(Square(block_.x) + Square(block_.y)));
       const auto limit = static_cast<float>(0.5 * job_.ToolDiameter + job_.SafetyDistance);
       if (r < 0.6 * job_.ToolDiameter) {
@@ -380,30 +378,8 @@ class Reference {
       }
     }
     if (c <= job_.CornerMinAngle) return;
-    int32_t v = CornerFeed(c);
-
-    store_->ReadBlock(i);
-    if (prevZone) {
-      if (block_.feed > v) {
-        block_.tailPercent = std::max(block_.tailPercent, Percent(reach, bw.d.length));
-        if (block_.tailFeed > v || block_.tailFeed == 0) block_.tailFeed = Held(v);
-        store_->WriteBlock(i);
-      }
-      if (block_.tailPercent + block_.headPercent > 80) v = Collapse(i, v);
-    } else {
-      LowerWhole(i, v);
-    }
-    store_->ReadBlock(n);
-    if (nextZone) {
-      if (block_.feed > v) {
-        block_.headPercent = std::max(block_.headPercent, Percent(reach, fw.d.length));
-        if (block_.headFeed > v || block_.headFeed == 0) block_.headFeed = Held(v);
-        store_->WriteBlock(n);
-      }
-      if (block_.tailPercent + block_.headPercent > 80) Collapse(n, v);
-    } else if (block_.type == 4) {
-      LowerWhole(n, v);
-    }
+    SlowMoves(i, n, prevZone ? Percent(reach, bw.d.length) : int16_t{0},
+              nextZone ? Percent(reach, fw.d.length) : int16_t{0}, c, true);
   }
 
   static float Rise(const Vec3& unit) {
@@ -421,17 +397,15 @@ class Reference {
     Difference d;
     Walk fw;
     if (!ForwardWalk(i, n, reach, &fw)) return;
-    const bool nextZone = fw.end == n;
     Vec3 t;
-    if (!ForwardPoint(i, fw, nextZone && fw.d.length > reach, reach, &t)) return;
+    if (!ForwardPoint(i, n, fw, reach, &t)) return;
     Vec3 v1;
     DiffVectors(t, Point(i), &d, &v1);
 
     Walk bw;
     if (!BackwardWalk(i, p, reach, &bw)) return;
-    const bool prevZone = bw.end == p;
     Vec3 q;
-    if (!BackwardPoint(i, bw, prevZone, reach, &q)) return;
+    if (!BackwardPoint(i, p, bw, reach, &q)) return;
     Vec3 v2;
     DiffVectors(Point(i), q, &d, &v2);
 
@@ -440,30 +414,8 @@ class Reference {
     if (c > 180) c = 360 - c;
     if (job_.ConCorChk != 1 && v1.z - v2.z <= 0) return;
     if (c <= job_.CornerMinAngle) return;
-    int32_t v = CornerFeed(c);
-
-    store_->ReadBlock(i);
-    if (prevZone) {
-      if (block_.feed > v) {
-        block_.tailPercent = std::max(block_.tailPercent, Percent(reach, bw.d.length));
-        if (block_.tailFeed > v || block_.tailFeed == 0) block_.tailFeed = Held(v);
-        store_->WriteBlock(i);
-        if (block_.tailPercent + block_.headPercent > 80) v = Collapse(i, v);
-      }
-    } else {
-      LowerWhole(i, v);
-    }
-    store_->ReadBlock(n);
-    if (nextZone) {
-      if (block_.feed > v) {
-        block_.headPercent = std::max(block_.headPercent, Percent(reach, fw.d.length));
-        if (block_.headFeed > v || block_.headFeed == 0) block_.headFeed = Held(v);
-        store_->WriteBlock(n);
-        if (block_.tailPercent + block_.headPercent > 80) Collapse(n, v);
-      }
-    } else if (block_.type == 4) {
-      LowerWhole(n, v);
-    }
+    SlowMoves(i, n, bw.end == p ? Percent(reach, bw.d.length) : int16_t{0},
+              fw.end == n ? Percent(reach, fw.d.length) : int16_t{0}, c, false);
   }
 
   BlockStore* store_;

@@ -1,13 +1,15 @@
-// What the tests of the master model share.
+// What the tests of the feed adjustment and of the master model share.
 #pragma once
 
 #include <algorithm>
 #include <cstdint>
-#include <string>
+#include <random>
+#include <vector>
 
+#include "feed/feed_pass.h"
 #include "feed/master_grid.h"
 #include "model/block_store.h"
-#include "platform/format.h"
+#include "model/job_record.h"
 #include "platform/numbers.h"
 
 namespace tvx {
@@ -53,14 +55,38 @@ inline int32_t PlainLookup(const MasterGrid& grid, const Vec3& point, double rad
 // Appends a move to a store.
 inline void Append(BlockStore* store, BlockType type, float x, float y, float z,
                    int32_t feed = 1000) {
-  store->CurrentBlock = {};
-  store->CurrentBlock.x = x;
-  store->CurrentBlock.y = y;
-  store->CurrentBlock.z = z;
-  store->CurrentBlock.feedProgrammed = store->CurrentBlock.feed = feed;
-  store->CurrentBlock.type = type;
+  store->CurrentBlock = {
+      .x = x, .y = y, .z = z, .feedProgrammed = feed, .feed = feed, .type = type};
   store->WriteBlock(store->blockCount++);
 }
+
+// Replaces the program in the store.
+inline void Fill(BlockStore* store, const std::vector<MotionBlock>& blocks) {
+  store->blockCount = 0;
+  for (const MotionBlock& block : blocks) {
+    store->CurrentBlock = block;
+    store->WriteBlock(store->blockCount++);
+  }
+}
+
+using Random = std::mt19937;
+
+// At least `moves` blocks of runs of every kind: straight, turning and circling moves from much
+// shorter to much longer than the look distance, lattices whose distances are exact, doubled
+// points, plunges, rapids, arcs, lines without a move, bad records and places far off.
+std::vector<MotionBlock> RandomProgram(Random* random, size_t moves);
+
+// Whether no coordinate is farther than this from 0, in mm.
+bool StaysWithin(float reach, const std::vector<MotionBlock>& blocks);
+
+// A parameter set, now and then with values that no dialog would give.
+JobRecord RandomJob(Random* random);
+
+// FeedPass written the plain way: every walk goes block by block through the register, and a lookup
+// visits every cell. Far too slow for real programs, and the measure of the fast one, which has to
+// leave the same bytes.
+void ReferencePass(BlockStore* store, const JobRecord& job, const MasterGrid& master,
+                   FeedPassMemory* memory);
 
 // Memory that can be had a given number of times.
 inline int allocationsLeft = 0;
