@@ -43,7 +43,7 @@ AutoFeedFace::AutoFeedFace(CAutoFeedDlg* dialog, QWidget* parent)
 
 void AutoFeedFace::ShowTexts() {
   for (size_t i = 0; i < kAutoFeedFields; ++i) ShowText(edits_[i], dialog_->texts[i]);
-  ShowCaption(fileButton_, FileCaption(dialog_->fileCaption));
+  ShowFileCaption(fileButton_, FileCaption(dialog_->fileCaption));
 }
 
 AfaSetupFace::AfaSetupFace(CAfaSetupDlg* dialog, QWidget* parent)
@@ -173,8 +173,8 @@ void SendOptionFace::Show() {
   ShowText(topFeed_, dialog_->topFeedText);
   ShowText(spindle_, dialog_->spindleText);
   ShowCaption(condition_, ToQt(dialog_->conditionText));
-  ShowCaption(conditionFile_, Translated(dialog_->conditionFileCaption));
-  ShowCaption(master_, ToQt(dialog_->masterCaption));
+  ShowFileCaption(conditionFile_, Translated(dialog_->conditionFileCaption));
+  ShowFileCaption(master_, ToQt(dialog_->masterCaption));
   // An operation such as a condition file that was read changes more than what was clicked.
   if (conCor_ != nullptr) conCor_->setChecked(dialog_->own.ConCorChk == 1);
   if (upDown_ != nullptr) upDown_->setChecked(dialog_->own.UpDownChk == 1);

@@ -29,7 +29,7 @@ QString InformationLine(const std::string& line) {
 
 CutTimeListFace::CutTimeListFace(CCutTimeListDlg* dialog, QWidget* parent)
     : Face(CCutTimeListDlg::kTitle, parent), dialog_(dialog) {
-  resize(820, 620);
+  ResizeOnScreen(this, {820, 620});
   setSizeGripEnabled(true);
   auto* const row = new QHBoxLayout(this);
   row->addWidget(BuildLists(), 1);

@@ -4,6 +4,7 @@
 #include <QDialogButtonBox>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <utility>
 
 #include "desktop/language.h"
@@ -71,6 +72,18 @@ void ShowText(QLineEdit* edit, std::string_view text) {
 
 void ShowCaption(QPushButton* button, QString text) {
   button->setText(text.replace('&', "&&").replace("\r\n", "\n"));
+}
+
+void ShowFileCaption(QPushButton* button, const QString& text) {
+  constexpr int kWidth = 320;  // pixels
+  const QString shown = button->fontMetrics().elidedText(text, Qt::ElideMiddle, kWidth);
+  ShowCaption(button, shown);
+  button->setToolTip(shown == text ? QString() : text.toHtmlEscaped());
+}
+
+void ResizeOnScreen(QWidget* window, QSize wanted) {
+  constexpr QSize kFrame(16, 48);  // what the window manager puts around it, about
+  window->resize(wanted.boundedTo(window->screen()->availableSize() - kFrame));
 }
 
 }  // namespace tvx

@@ -49,4 +49,11 @@ void ShowText(QLineEdit* edit, std::string_view text);
 // stays one, where Qt would take it for the mark of a key.
 void ShowCaption(QPushButton* button, QString text);
 
+// The same for the name of a file, which may be long: its middle gives way, and a tool tip shows it
+// whole.
+void ShowFileCaption(QPushButton* button, const QString& text);
+
+// Gives a window a size, or as much of it as the screen has room for.
+void ResizeOnScreen(QWidget* window, QSize wanted);
+
 }  // namespace tvx

@@ -103,7 +103,7 @@ QPushButton* KeyCodeFace::AddKey(QGridLayout* grid, int row, int column, const c
 
 TransferFace::TransferFace(CTransferDlg* dialog, QWidget* parent)
     : Face(CTransferDlg::kTitle, parent), dialog_(dialog) {
-  resize(1180, 700);
+  ResizeOnScreen(this, {1180, 700});
   setSizeGripEnabled(true);
   auto* const column = new QVBoxLayout(this);
   auto* const splitter = new QSplitter(Qt::Horizontal, this);
@@ -139,6 +139,7 @@ QWidget* TransferFace::BuildBrowser() {
   auto* const column = new QVBoxLayout(box);
   column->setContentsMargins(0, 0, 0, 0);
   directory_ = new QLabel(box);
+  directory_->setTextFormat(Qt::PlainText);
   directory_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   directory_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   column->addWidget(directory_);

@@ -20,6 +20,7 @@
 #include <iterator>
 #include <set>
 
+#include "desktop/elided_label.h"
 #include "desktop/icons.h"
 #include "desktop/language.h"
 #include "desktop/picture_printer.h"
@@ -102,15 +103,25 @@ ViewWidget* MainWindow::ActiveView() const {
 }
 
 void MainWindow::LoadHostFile(const QString& path) {
-  const std::optional<std::string> drivePath = drives_->FromHost(FromQt(path));
-  if (!drivePath.has_value()) {
-    app_->ui->ShowMessage(
-        {.text = FromQt(path + "\n\n" + Translated("드라이브에 없는 화일입니다."))});
-    return;
+  waiting_.append(path);
+  LoadWaitingFiles();
+}
+
+// One after the other: a view gets its size by its first paint, and only the one in front is
+// painted. The file behind may also count on what this one leaves in the parser.
+void MainWindow::LoadWaitingFiles() {
+  while (!waiting_.isEmpty() && loading_.isNull()) {
+    const QString path = waiting_.takeFirst();
+    const std::optional<std::string> drivePath = drives_->FromHost(FromQt(path));
+    if (!drivePath.has_value()) {
+      app_->ui->ShowMessage(
+          {.text = FromQt(path + "\n\n" + Translated("드라이브에 없는 화일입니다."))});
+      continue;
+    }
+    ViewWidget* const active = ActiveView();
+    const bool isFree = active != nullptr && active->view().fileName.empty();
+    OpenFile(*drivePath, isFree ? active : nullptr);
   }
-  ViewWidget* const active = ActiveView();
-  const bool isFree = active != nullptr && active->view().fileName.empty();
-  OpenFile(*drivePath, isFree ? active : nullptr);
 }
 
 // Only the load command creates a file that is not there: its chooser lets a new name be typed.
@@ -127,17 +138,23 @@ void MainWindow::OpenFile(const std::string& drivePath, ViewWidget* widget) {
 
 void MainWindow::LoadInto(ViewWidget* widget, const std::string& drivePath) {
   if (widget->HasBeenDrawn()) {
-    LoadProgram(&widget->view(), drivePath);
-    recent_.Add(ToQt(drivePath));
+    ShowFilePathAnew();
+    if (LoadProgram(&widget->view(), drivePath) == 1) recent_.Add(ToQt(drivePath));
     ShowProgram();
     return;
   }
   // Only the first paint gives the drawing area its size, which the fit needs. The name says that
   // the view is taken.
   widget->view().fileName = drivePath.substr(drivePath.find_last_of('\\') + 1);
-  connect(
-      widget, &ViewWidget::Drawn, this, [this, widget, drivePath] { LoadInto(widget, drivePath); },
-      static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+  loading_ = widget;
+  const auto load = [this, widget, drivePath] {
+    LoadInto(widget, drivePath);
+    loading_.clear();
+    LoadWaitingFiles();
+  };
+  connect(widget, &ViewWidget::Drawn, this, load,
+          static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+  connect(widget, &QObject::destroyed, this, &MainWindow::LoadWaitingFiles, Qt::QueuedConnection);
 }
 
 namespace {
@@ -170,7 +187,7 @@ const MainWindow::Operation* MainWindow::FindOperation(Action action) {
       {Action::kExit, [](MainWindow* window, int) { window->close(); }},
       {Action::kToolbar, [](MainWindow* window, int) { Toggle(window->toolBar_); }},
       {Action::kStatusBar, [](MainWindow* window, int) { Toggle(window->statusBar()); }},
-      {Action::kCascade, [](MainWindow* window, int) { window->area_->cascadeSubWindows(); }},
+      {Action::kCascade, [](MainWindow* window, int) { window->Cascade(); }},
       {Action::kTileHorizontally, [](MainWindow* window, int) { window->Tile(Qt::Vertical); }},
       {Action::kTileVertically, [](MainWindow* window, int) { window->Tile(Qt::Horizontal); }},
       {Action::kArrangeIcons, [](MainWindow* window, int) { window->ArrangeIcons(); }},
@@ -214,11 +231,11 @@ void MainWindow::RunCommand(int id) {
     return;
   }
   CTVXView* const view = &ActiveView()->view();
+  if (!ChangesPictureOnly(command.action)) ShowFilePathAnew();
   ReleaseVectorRegisters();  // the menus have been painted
+  const uint32_t loads = view->loads;
   RunViewAction(view, command.action, command.argument);
-  if (command.action == Action::kLoad && !view->filePath.empty()) {
-    recent_.Add(ToQt(view->filePath));
-  }
+  if (command.action == Action::kLoad && view->loads != loads) recent_.Add(ToQt(view->filePath));
   if (!ChangesPictureOnly(command.action)) ShowProgram();
 }
 
@@ -244,12 +261,21 @@ void MainWindow::SetUpPrinter() {
   QPageSetupDialog(Printer(), this).exec();
 }
 
+// A file that the last program was printed to is not offered for another one.
+void MainWindow::NamePrintedDocument() {
+  const QString name = ToQt(ActiveView()->view().fileName);
+  if (name == Printer()->docName()) return;
+  Printer()->setDocName(name);
+  Printer()->setOutputFileName({});
+}
+
 void MainWindow::Print() {
-  Printer()->setDocName(ToQt(ActiveView()->view().fileName));
+  NamePrintedDocument();
   if (QPrintDialog(Printer(), this).exec() == QDialog::Accepted) PrintTo(Printer());
 }
 
 void MainWindow::PreviewPrint() {
+  NamePrintedDocument();
   QPrintPreviewDialog preview(Printer(), this);
   connect(&preview, &QPrintPreviewDialog::paintRequested, this, &MainWindow::PrintTo);
   preview.exec();
@@ -265,6 +291,19 @@ bool MainWindow::PrintTo(QPrinter* printer) {
   PaintOnPage({&view.program, &view.job, &view.view},
               QRectF(QPointF(0, 0), printer->pageRect(QPrinter::DevicePixel).size()), &painter);
   return painter.end();
+}
+
+// One behind the other, none of them larger than the area leaves room for.
+void MainWindow::Cascade() {
+  area_->cascadeSubWindows();
+  QList<QMdiSubWindow*> open = area_->subWindowList();
+  open.removeIf([](const QMdiSubWindow* child) { return child->isMinimized(); });
+  QPoint last;
+  for (const QMdiSubWindow* const child : open) {
+    last = {std::max(last.x(), child->x()), std::max(last.y(), child->y())};
+  }
+  const QSize room = area_->viewport()->size() - QSize(last.x(), last.y());
+  for (QMdiSubWindow* const child : open) child->resize(child->size().boundedTo(room));
 }
 
 // One below the other, or side by side.
@@ -400,7 +439,8 @@ void MainWindow::ShowToolIcons() {
 }
 
 void MainWindow::BuildStatusBar() {
-  text_ = new QLabel(kReadyText, this);
+  text_ = new ElidedLabel(kReadyText, this);
+  text_->setTextFormat(Qt::PlainText);
   statusBar()->addWidget(text_, 1);
   constexpr std::array kNames = {"CAP", "NUM", "SCRL"};
   for (size_t i = 0; i < kNames.size(); ++i) {
@@ -468,6 +508,11 @@ void MainWindow::ShowFilePath(const QString& path) {
   if (path == shownPath_) return;
   shownPath_ = path;
   text_->setText(path.isEmpty() ? kReadyText : path);
+}
+
+// In place of what the last command had to say.
+void MainWindow::ShowFilePathAnew() {
+  text_->setText(shownPath_.isEmpty() ? kReadyText : shownPath_);
 }
 
 // The program or its feeds may have changed.

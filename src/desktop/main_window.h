@@ -4,6 +4,7 @@
 
 #include <QMainWindow>
 #include <QMdiArea>
+#include <QPointer>
 #include <QPrinter>
 #include <array>
 #include <map>
@@ -65,6 +66,8 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   };
   static const Operation* FindOperation(Action action);
 
+  void LoadWaitingFiles();
+  void NamePrintedDocument();
   void OpenDocument();
   void Print();
   void PreviewPrint();
@@ -74,6 +77,7 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
 
   // Opens a file of the drives, in a new view if none is given.
   void OpenFile(const std::string& drivePath, ViewWidget* widget);
+  void Cascade();
   void Tile(Qt::Orientation direction);
   QPrinter* Printer();
   void ShowToolIcons();
@@ -89,6 +93,7 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   void ShowMenuOfState();
   void ShowFileName();
   void ShowFilePath(const QString& path);
+  void ShowFilePathAnew();
   void ShowProgram();
 
   CTVXApp* app_;
@@ -108,6 +113,8 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   std::vector<QAction*> recentEntries_;
   std::unique_ptr<QPrinter> printer_;  // made at its first use, which takes its time
   int views_ = 0;                      // opened so far
+  QStringList waiting_;                // files of the host still to be loaded
+  QPointer<ViewWidget> loading_;       // waits for its first paint to load one
 };
 
 }  // namespace tvx

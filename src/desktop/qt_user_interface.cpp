@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "desktop/dialog_faces.h"
+#include "desktop/face.h"
 #include "desktop/language.h"
 #include "desktop/qt_text.h"
 
@@ -62,8 +63,7 @@ bool IsFilter(const std::string& name) {
 
 // Sizes and dates beside the names, none of them cut. The desktop's own chooser has no such view.
 void ShowWholeColumns(QFileDialog* chooser) {
-  constexpr QSize kSize(820, 520);
-  chooser->resize(kSize);
+  ResizeOnScreen(chooser, {820, 520});
   if (const auto* const files = chooser->findChild<QTreeView*>("treeView")) {
     files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
   }
@@ -74,6 +74,7 @@ void ShowWholeColumns(QFileDialog* chooser) {
 bool QtUserInterface::ShowMessage(const Message& message) {
   QMessageBox box(IconOf(message.icon), Translated(message.caption), Translated(message.text),
                   ButtonsOf(message.buttons), Parent());
+  box.setTextFormat(Qt::PlainText);  // a name in it may look like a tag
   const int answer = box.exec();
   return answer == QMessageBox::Ok || answer == QMessageBox::Yes;
 }

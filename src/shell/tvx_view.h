@@ -32,6 +32,7 @@ class CTVXView {
   ViewState view;        // the picture of them: transform, rapids shown or not
   std::string fileName;  // the NC file in work, without directory; empty before the first load
   std::string filePath;  // the same as the load got it
+  uint32_t loads = 0;    // programs read so far; a load that fails does not count
   CCommandPadDlg commandPad;
   COptionDlg optionDialog;
   CTransferDlg transferDialog;

@@ -104,6 +104,7 @@ int LoadProgram(CTVXView* view, const std::string& path) {
   view->filePath = path;
   const int result = LoadNcFile(path, &view->program, &view->app->parserStates, &view->job,
                                 view->app->files, view->app->ui);
+  if (result == 1) ++view->loads;
   FitToPath(&view->view.transform, &view->program.store, view->app->ui);
   return result;
 }
