@@ -83,7 +83,7 @@ class CommandsTest : public DesktopTest {
   template <typename Window>
   Effect Opens(const std::string& words) {
     return {words, [this](const Run& run) {
-              user.On<Window>([](Window* shown) { shown->reject(); });
+              user.Rejects<Window>();
               run();
               EXPECT_TRUE(user.Done());
             }};
@@ -126,7 +126,7 @@ class CommandsTest : public DesktopTest {
   // A master model takes the place of its program, which the next one needs again.
   void MakeMaster() {
     LoadProgram(&View(), "c:\\marlo\\ncdata\\part.nc");
-    user.On<MasterFace>([](MasterFace* face) { Click(face, "OK"); });
+    user.Does<MasterFace>({{"OK"}});
     window->RunCommand(32792);
   }
 
@@ -151,17 +151,14 @@ void CommandsTest::Describe() {
   DescribeFrame();
   effects[32789] = {"shows the directories and the editor; \"저장\" writes `tvx.cfg`",
                     [this](const Run& run) {
-                      user.On<DirSetupFace>([](DirSetupFace* face) {
-                        Type(face, "작업 DIR", "d:\\nc");
-                        Click(face, "저장");
-                      });
+                      user.Does<DirSetupFace>({{"작업 DIR", "d:\\nc"}, {"저장"}});
                       run();
                       EXPECT_EQ(app.configuration.WorkDir, "d:\\nc");
                       EXPECT_TRUE(std::filesystem::exists(home / "drive_c/windows/tvx.cfg"));
                     }};
   effects[32796] = {"shows the directory list; \"저장\" writes `dirlist.txt`",
                     [this](const Run& run) {
-                      user.On<DirListFace>([](DirListFace* face) { Click(face, "저장"); });
+                      user.Does<DirListFace>({{"저장"}});
                       run();
                       EXPECT_TRUE(std::filesystem::exists(home / "drive_c/marlo/dirlist.txt"));
                     }};
@@ -171,10 +168,7 @@ void CommandsTest::Describe() {
     effects[command.id] = {"edits user key " + std::to_string(key) + " on the key-code pad",
                            [this, key](const Run& run) {
                              app.UserKeys[key] = "G90";
-                             user.On<KeyCodeFace>([](KeyCodeFace* pad) {
-                               Click(pad, "M03");
-                               Click(pad, "OK");
-                             });
+                             user.Does<KeyCodeFace>({{"M03"}, {"OK"}});
                              run();
                              EXPECT_EQ(app.UserKeys[key], "G90M03");
                            }};
@@ -199,10 +193,11 @@ void CommandsTest::Describe() {
 void CommandsTest::DescribeView() {
   effects[32771] = {"asks for a file, loads it and fits it into the window",
                     [this](const Run& run) {
-                      user.OnFile(PutProgram("loaded.nc", Program()));
+                      user.OnFile(PutProgram("하나.nc", Program()));
                       View().view.transform.viewScale = 1.25F;
                       run();
-                      EXPECT_EQ(View().fileName, "loaded.nc");
+                      EXPECT_EQ(View().fileName, "하나.nc");
+                      EXPECT_EQ(files->CurrentDirectory(), "c:\\marlo\\ncdata");
                       EXPECT_GT(View().program.store.blockCount, 100U);
                       EXPECT_NE(View().view.transform.viewScale, 1.25F);
                     }};
@@ -216,16 +211,15 @@ void CommandsTest::DescribeView() {
                       run();
                       EXPECT_EQ(View().results.entryCount, results);
                     }};
-  effects[32772] = {
-      "asks for the options, adjusts the feeds, shows the figures and records them",
-      [this](const Run& run) {
-        View().job.MetafileCreateChk = 0;
-        user.On<SendOptionFace>([](SendOptionFace* face) { Click(face, "OK"); });
-        user.On<FileInfoFace>([](FileInfoFace* face) { Click(face, "Info list에추가"); });
-        const auto results = View().results.entryCount;
-        run();
-        EXPECT_EQ(View().results.entryCount, results + 1);
-      }};
+  effects[32772] = {"asks for the options, adjusts the feeds, shows the figures and records them",
+                    [this](const Run& run) {
+                      View().job.MetafileCreateChk = 0;
+                      user.Does<SendOptionFace>({{"OK"}});
+                      user.Does<FileInfoFace>({{"Info list에추가"}});
+                      const auto results = View().results.entryCount;
+                      run();
+                      EXPECT_EQ(View().results.entryCount, results + 1);
+                    }};
   effects[32785] = {"shows the job list, then runs its files and records their figures",
                     [this](const Run& run) {
                       View().job.MetafileCreateChk = 0;
@@ -244,13 +238,13 @@ void CommandsTest::DescribeView() {
       Opens<CutTimeListFace>("shows the list of results, and writes the reports from there");
   effects[32792] = {"asks for tool and tolerance and builds the master model",
                     [this](const Run& run) {
-                      user.On<MasterFace>([](MasterFace* face) { Click(face, "OK"); });
+                      user.Does<MasterFace>({{"OK"}});
                       run();
                       EXPECT_FALSE(View().masterGrid.Cells.Empty());
                     }};
   effects[32794] = {"asks, and deletes the master model", [this](const Run& run) {
                       MakeMaster();
-                      user.On<QMessageBox>([](QMessageBox* question) { Click(question, "OK"); });
+                      user.Does<QMessageBox>({{"OK"}});
                       run();
                       EXPECT_TRUE(View().masterGrid.Cells.Empty());
                     }};
@@ -301,8 +295,8 @@ void CommandsTest::DescribeView() {
 void CommandsTest::DescribePad() {
   effects[1000] = {"closes the pad, runs the job list as 32785 does and shows the list of results",
                    [this](const Run& run) {
-                     user.On<TransferFace>([](TransferFace* face) { face->reject(); });
-                     user.On<CutTimeListFace>([](CutTimeListFace* face) { face->reject(); });
+                     user.Rejects<TransferFace>();
+                     user.Rejects<CutTimeListFace>();
                      run();
                    }};
   effects[1005] = {"closes the pad and does what 32783 does", effects.at(32783).check};
@@ -341,9 +335,11 @@ void CommandsTest::DescribeFrame() {
     EXPECT_NE(Children()[0]->pos(), Children()[1]->pos());
   });
   effects[57651] = Arranges("lays the windows one below the other", [this] {
+    EXPECT_EQ(Children()[0]->width(), Children()[1]->width());
     EXPECT_EQ(Children()[0]->geometry().bottom() + 1, Children()[1]->geometry().top());
   });
   effects[57652] = Arranges("lays the windows side by side", [this] {
+    EXPECT_EQ(Children()[0]->height(), Children()[1]->height());
     EXPECT_EQ(Children()[0]->geometry().right() + 1, Children()[1]->geometry().left());
   });
   effects[57649] = {"lays the windows shown as icons along the foot", [this](const Run& run) {
@@ -440,6 +436,9 @@ TEST_F(CommandsTest, EveryEntryOfTheMenuWithoutADocument) {
     SCOPED_TRACE(row.text);
     for (QMdiSubWindow* const child : Children()) child->close();
     Settle();
+    EXPECT_EQ(Entry(WorkingMenu()[0]), nullptr) << "its menus are hidden";
+    Press(Qt::Key_F1);
+    Press(Qt::Key_T, Qt::ControlModifier);
     QAction* const entry = Entry(row);
     if (row.id == kRecentFiles && entry == nullptr) continue;
     ASSERT_NE(entry, nullptr);
@@ -459,7 +458,7 @@ TEST_F(CommandsTest, EveryButtonOfThePad) {
         EXPECT_EQ(pad->isVisible(), button.id == 32774);
         if (pad->isVisible()) Click(pad, "취소");
       });
-      OpenCommandPad(&View());
+      QTest::mouseClick(window->ActiveView(), Qt::LeftButton, {}, {100, 100});
     });
   }
 }

@@ -5,12 +5,9 @@
 #include <QListWidget>
 #include <QMessageBox>
 
-#include "desktop/command_pad_face.h"
 #include "desktop/cut_time_list_face.h"
-#include "desktop/job_faces.h"
 #include "desktop_test.h"
 #include "reports/example_entry.h"
-#include "shell/view_operations.h"
 
 namespace tvx {
 namespace {
@@ -85,13 +82,8 @@ TEST_F(CutTimeListWindow, DeletesAndClears) {
 }
 
 TEST_F(CutTimeListWindow, WritesItsReports) {
-  user.On<CutTimeListFace>([](CutTimeListFace* face) {
-    Click(face, "화일 출력");
-    Click(face, "AFA 출력");
-    Click(face, "AFA 출력, Copy");
-    Click(face, "스프레드시트 출력");
-    Click(face, "Cancel");
-  });
+  user.Does<CutTimeListFace>(
+      {{"화일 출력"}, {"AFA 출력"}, {"AFA 출력, Copy"}, {"스프레드시트 출력"}, {"Cancel"}});
   const std::filesystem::path out = home / "drive_c/windows";
   home.Put("drive_c/windows/times.xls", "");
   PutProgram("a.nc", "G0 X1\n");
@@ -124,24 +116,6 @@ TEST_F(CutTimeListWindow, AsksBeforeAReportIsOverwrittenAndNotForAList) {
   window->RunCommand(kListCommand);
   EXPECT_NE(HostBytes(report), "older");
   EXPECT_TRUE(HostBytes(list).starts_with("File "));
-}
-
-// The pad's button that runs a job list goes on to the results, also when no list was accepted.
-TEST_F(CutTimeListWindow, OpensBehindTheRunOfTheCommandPad) {
-  user.On<CommandPadFace>([](CommandPadFace* pad) { Click(pad, "Cut Time"); });
-  user.On<TransferFace>([](TransferFace* jobs) { jobs->reject(); });
-  user.On<CutTimeListFace>([](CutTimeListFace* face) { face->reject(); });
-  OpenCommandPad(&View());
-}
-
-TEST_F(CutTimeListWindow, OpensOverTheCommandPad) {
-  user.On<CommandPadFace>([&](CommandPadFace* pad) {
-    Click(pad, "TVX 출력");
-    EXPECT_TRUE(pad->isVisible());
-    Click(pad, "취소");
-  });
-  user.On<CutTimeListFace>([](CutTimeListFace* face) { Click(face, "Cancel"); });
-  OpenCommandPad(&View());
 }
 
 class EnglishCutTimeList : public CutTimeListWindow {

@@ -117,12 +117,11 @@ std::filesystem::path DesktopTest::PutProgram(const std::string& name, std::stri
 
 namespace {
 
-// The widget of a form behind its label.
-template <typename Widget>
-Widget* FieldOf(QWidget* window, std::string_view label) {
+QWidget* BuddyOf(QWidget* window, std::string_view label) {
   for (const QLabel* const candidate : window->findChildren<QLabel*>()) {
-    if (candidate->text() != ToQt(label)) continue;
-    if (auto* const field = qobject_cast<Widget*>(candidate->buddy())) return field;
+    if (candidate->buddy() != nullptr && candidate->text() == ToQt(label)) {
+      return candidate->buddy();
+    }
   }
   ADD_FAILURE() << "no field " << label;
   return nullptr;
@@ -131,15 +130,23 @@ Widget* FieldOf(QWidget* window, std::string_view label) {
 }  // namespace
 
 QLineEdit* EditOf(QWidget* window, std::string_view label) {
-  return FieldOf<QLineEdit>(window, label);
+  return qobject_cast<QLineEdit*>(BuddyOf(window, label));
 }
 
 QComboBox* ListOf(QWidget* window, std::string_view label) {
-  return FieldOf<QComboBox>(window, label);
+  return qobject_cast<QComboBox*>(BuddyOf(window, label));
 }
 
 QListWidget* RowsOf(QWidget* window, std::string_view label) {
-  return FieldOf<QListWidget>(window, label);
+  return qobject_cast<QListWidget*>(BuddyOf(window, label));
+}
+
+QAbstractButton* ButtonFrom(QWidget* window, std::string_view start) {
+  for (QAbstractButton* const button : window->findChildren<QAbstractButton*>()) {
+    if (button->text().startsWith(ToQt(start))) return button;
+  }
+  ADD_FAILURE() << "no button " << start;
+  return nullptr;
 }
 
 QAbstractButton* ButtonOf(QWidget* window, std::string_view text) {
@@ -177,6 +184,20 @@ void Choose(QWidget* window, std::string_view label, std::string_view entry) {
     QTest::keyClick(list, Qt::Key_Down);
   }
   EXPECT_EQ(FromQt(list->currentText()), entry);
+}
+
+void Do(QWidget* window, const std::vector<Deed>& deeds) {
+  for (const Deed& deed : deeds) {
+    if (!deed.text) {
+      Click(window, deed.on);
+    } else if (deed.on.empty()) {
+      Type(window->findChild<QLineEdit*>(), *deed.text);
+    } else if (qobject_cast<QComboBox*>(BuddyOf(window, deed.on)) != nullptr) {
+      Choose(window, deed.on, *deed.text);
+    } else {
+      Type(window, deed.on, *deed.text);
+    }
+  }
 }
 
 void Drag(QSlider* slider, int position) {

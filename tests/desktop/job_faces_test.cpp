@@ -1,5 +1,4 @@
-// The windows of a job: the job dialog with its lists, buttons and keys, the key-code pad, and a
-// whole job from the directory tree to the recorded results.
+// The windows of a job: the job dialog with its lists, buttons and keys, the key-code pad.
 
 #include "desktop/job_faces.h"
 
@@ -16,7 +15,6 @@
 #include "desktop/restart_face.h"
 #include "desktop_test.h"
 #include "jobs/message_table.h"
-#include "shell/job_list_run.h"
 
 namespace tvx {
 namespace {
@@ -125,12 +123,7 @@ class JobFaces : public DesktopTest {
       box->accept();
     });
   }
-  void OnPad(const char* text) {
-    user.On<KeyCodeFace>([text](KeyCodeFace* pad) {
-      Type(pad->findChild<QLineEdit*>(), text);
-      Click(pad, "OK");
-    });
-  }
+  void OnPad(const char* text) { user.Does<KeyCodeFace>({{"", text}, {"OK"}}); }
 
   JobRecord slot, working;
   StartedPrograms programs;
@@ -267,7 +260,7 @@ TEST_F(JobFaces, TheMaskDecidesWhichFilesAreListed) {
     ClickAnd(face, "화일확장자");
     EXPECT_EQ(masks->currentText(), "*.txt");
     EXPECT_EQ(Texts(*FilesOf(face)), Names{"note.txt"});
-    user.On<KeyCodeFace>([](KeyCodeFace* pad) { Click(pad, "Cancel"); });
+    user.Does<KeyCodeFace>({{"Cancel"}});
     ClickAnd(face, "화일확장자");
     EXPECT_EQ(Texts(*FilesOf(face)), Names{"note.txt"});
   });
@@ -278,18 +271,10 @@ TEST_F(JobFaces, TheOptionsGoWithTheFilesToCome) {
     DoubleClickRow(FilesOf(face), 0);
     Click(face, CTransferDlg::kDeleteM30);
     EXPECT_EQ(dialog.ListOptions.DeleteM30, 1);
-    user.On<RestartFace>([](RestartFace* restart) {
-      Click(restart, "시퀀스 번호");
-      Type(restart->findChild<QLineEdit*>(), "120");
-      Click(restart, "OK");
-    });
+    user.Does<RestartFace>({{"시퀀스 번호"}, {"", "120"}, {"OK"}});
     Click(face, CTransferDlg::kRestartButton);
     EXPECT_NE(ButtonOf(face, "재전송: 번호->120"), nullptr);
-    user.On<SendOptionFace>([](SendOptionFace* options) {
-      Type(options, "최대 피드", "2000");
-      Click(options, "Spindle");
-      Click(options, "OK");
-    });
+    user.Does<SendOptionFace>({{"최대 피드", "2000"}, {"Spindle"}, {"OK"}});
     QAbstractButton* condition = nullptr;
     for (QAbstractButton* const button : face->findChildren<QAbstractButton*>()) {
       if (button->text().startsWith("Afa조건:")) condition = button;
@@ -298,10 +283,10 @@ TEST_F(JobFaces, TheOptionsGoWithTheFilesToCome) {
     condition->click();
     EXPECT_NE(condition->text().indexOf("2000"), -1);
     DoubleClickRow(FilesOf(face), 0);
-    user.On<SendOptionFace>([](SendOptionFace* options) { Click(options, "Cancel"); });
+    user.Does<SendOptionFace>({{"Cancel"}});
     condition->click();
     EXPECT_EQ(condition->text(), "Afa조건: ");
-    user.On<RestartFace>([](RestartFace* restart) { Click(restart, "Cancel"); });
+    user.Does<RestartFace>({{"Cancel"}});
     Click(face, "재전송: 번호->120");
     DoubleClickRow(FilesOf(face), 0);
 
@@ -443,67 +428,6 @@ TEST_F(JobFaces, ListsStayWhereTheUserLooks) {
     EXPECT_TRUE(isVisible(EntriesOf(face), 0));
     EXPECT_TRUE(isVisible(list, row));
   });
-}
-
-// A user's whole job: three files from two folders, each with options of its own, key codes on one
-// of them, and the run.
-TEST_F(JobFaces, AWholeJob) {
-  View().job.MetafileCreateChk = 0;
-  View().job.WorkDir = "c:\\marlo";
-  user.On<TransferFace>([&](TransferFace* face) {
-    ClickFolder(face, "ncdata");
-    DoubleClickRow(FilesOf(face), 0);
-    user.On<SendOptionFace>([](SendOptionFace* options) {
-      Type(options, "최대 피드", "2000");
-      Click(options, "OK");
-    });
-    for (QAbstractButton* const button : face->findChildren<QAbstractButton*>()) {
-      if (button->text().startsWith("Afa조건:")) button->click();
-    }
-    DoubleClickRow(FilesOf(face), 1);
-    user.On<RestartFace>([](RestartFace* restart) {
-      Click(restart, "NCDATA 블록");
-      Type(restart->findChild<QLineEdit*>(), "7");
-      Click(restart, "OK");
-    });
-    Click(face, CTransferDlg::kRestartButton);
-    ClickFolder(face, "sub");
-    DoubleClickRow(FilesOf(face), 0);
-    ClickRow(EntriesOf(face), 1);
-    user.On<KeyCodeFace>([](KeyCodeFace* pad) {
-      Click(pad, "G54");
-      Click(pad, "OK");
-    });
-    Click(face, "K추가");
-    Click(face, "전송");
-  });
-  window->RunCommand(32785);
-
-  ASSERT_TRUE(user.Done());
-  ASSERT_EQ(View().results.entryCount, 3);
-  const auto& entries = View().results.entries;
-  EXPECT_EQ(entries[0].fileName, "a.nc");
-  EXPECT_EQ(entries[0].MaxFeed, 1000);
-  EXPECT_EQ(entries[0].RestartOn, 0);
-  EXPECT_EQ(entries[1].fileName, "b.nc");
-  EXPECT_EQ(entries[1].MaxFeed, 2000);
-  EXPECT_TRUE(entries[1].optionLine.ends_with(" KeyCode  G54")) << entries[1].optionLine;
-  EXPECT_EQ(entries[2].fileName, "d.nc");
-  EXPECT_EQ(entries[2].dirName, "c:\\marlo\\ncdata\\sub");
-  EXPECT_EQ(entries[2].RestartKind, 2);
-  EXPECT_EQ(entries[2].RestartNumber, 7);
-  EXPECT_EQ(entries[2].optionLine.find("KeyCode"), std::string::npos);
-  EXPECT_FLOAT_EQ(entries[0].cutLength, 210.0F);
-  EXPECT_FLOAT_EQ(entries[1].cutLength, 110.0F);
-  EXPECT_FLOAT_EQ(entries[2].cutLength, 30.0F);
-  EXPECT_EQ(View().program.store.blockCount, 2U) << "the window shows the last file";
-
-  user.On<TransferFace>([](TransferFace* face) {
-    EXPECT_EQ(EntriesOf(face)->count(), 3) << "the list comes back";
-    face->reject();
-  });
-  window->RunCommand(32785);
-  EXPECT_EQ(View().results.entryCount, 3);
 }
 
 }  // namespace

@@ -222,7 +222,7 @@ TEST_F(English, WhatTheUserHasNamedKeepsItsName) {
 }
 
 TEST_F(English, FilesAreTheSame) {
-  user.On<DirSetupFace>([](DirSetupFace* face) { Click(face, "Save"); });
+  user.Does<DirSetupFace>({{"Save"}});
   window->RunCommand(32789);
   EXPECT_EQ(HostBytes(home / "drive_c/windows/tvx.cfg").substr(0, 8),
             "\xC8\xAF\xB0\xE6"

@@ -31,26 +31,6 @@ class MainWindowTest : public DesktopTest {
   }
 };
 
-TEST_F(MainWindowTest, TheMenuWithoutADocumentOpensOne) {
-  for (QMdiSubWindow* const child : Children()) child->close();
-  Settle();
-  EXPECT_EQ(Children().size(), 0);
-  for (const MenuRow& row : EmptyMenu()) {
-    SCOPED_TRACE(row.text);
-    QAction* const entry = Entry(row);
-    ASSERT_NE(entry, nullptr);
-    EXPECT_EQ(entry->isEnabled(), window->IsReady(row.id));
-  }
-  EXPECT_EQ(Entry(WorkingMenu()[0]), nullptr) << "its menus are hidden";
-  Press(Qt::Key_F1);
-  Press(Qt::Key_T, Qt::ControlModifier);
-
-  Press(Qt::Key_N, Qt::ControlModifier);
-  Settle();
-  EXPECT_EQ(Children().size(), 1);
-  EXPECT_NE(Entry(WorkingMenu()[0]), nullptr);
-}
-
 TEST_F(MainWindowTest, AnotherWindowHasAProgramAndAViewOfItsOwn) {
   Load();
   ViewWidget* const first = window->ActiveView();
@@ -121,26 +101,8 @@ TEST_F(MainWindowTest, ADroppedFileIsLoaded) {
   EXPECT_EQ(View().program.store.blockCount, 3U);
 }
 
-TEST_F(MainWindowTest, TheLoadCommandTakesAFileAndFitsIt) {
-  const std::filesystem::path path = PutProgram("하나.nc", kProgram);
-  user.OnFile(path);
-  window->RunCommand(32771);
-  Settle();
-  EXPECT_EQ(View().fileName, "하나.nc");
-  EXPECT_EQ(View().program.store.blockCount, 3U);
-  EXPECT_NE(View().view.transform.viewScale, 30.0F);
-  EXPECT_EQ(files->CurrentDirectory(), "c:\\marlo\\ncdata");
-}
-
-TEST_F(MainWindowTest, ThePictureIsWrittenWhereTheUserChose) {
-  Load();
-  user.OnFile(home / "drive_c/marlo/part.emf");
-  window->RunCommand(32791);
-  EXPECT_TRUE(std::filesystem::exists(home / "drive_c/marlo/part.emf"));
-}
-
 TEST_F(MainWindowTest, AFileThatIsNotThereIsNotCreated) {
-  user.On<QMessageBox>([](QMessageBox* message) { message->accept(); });
+  user.Does<QMessageBox>({{"OK"}});
   window->LoadHostFile(ToQt((home / "drive_c/marlo/missing.nc").string()));
   EXPECT_FALSE(std::filesystem::exists(home / "drive_c/marlo/missing.nc"));
   EXPECT_EQ(View().fileName, "");
@@ -187,17 +149,6 @@ TEST_F(MainWindowTest, TheFourFilesOpenedLastAreOffered) {
   EXPECT_EQ(View().fileName, "e & f.nc");
 }
 
-TEST_F(MainWindowTest, TilesLieOneBelowTheOtherOrSideBySide) {
-  window->NewView();
-  Settle();
-  window->RunCommand(57651);
-  EXPECT_EQ(Children()[0]->width(), Children()[1]->width());
-  EXPECT_EQ(Children()[0]->geometry().bottom() + 1, Children()[1]->geometry().top());
-  window->RunCommand(57652);
-  EXPECT_EQ(Children()[0]->height(), Children()[1]->height());
-  EXPECT_EQ(Children()[0]->geometry().right() + 1, Children()[1]->geometry().left());
-}
-
 TEST_F(MainWindowTest, ThePageHasThePictureOfTheScreen) {
   Load();
   QImage page(1600, 500, QImage::Format_RGB32);
@@ -219,7 +170,7 @@ TEST_F(MainWindowTest, ThePageHasThePictureOfTheScreen) {
   printer.setOutputFileName(ToQt((home / "page.pdf").string()));
   EXPECT_TRUE(window->PrintTo(&printer));
   EXPECT_EQ(HostBytes(home / "page.pdf").substr(0, 5), "%PDF-");
-  user.On<QMessageBox>([](QMessageBox* message) { message->accept(); });
+  user.Does<QMessageBox>({{"OK"}});
   printer.setOutputFileName(ToQt((home / "no/such/folder/page.pdf").string()));
   EXPECT_FALSE(window->PrintTo(&printer));
 }
