@@ -68,14 +68,18 @@ void ModalScript::OnFile(const std::filesystem::path& path) {
 DesktopTest::DesktopTest(int32_t language) {
   UseLanguage(language);
   app.InitApplication(language);
-  window = std::make_unique<MainWindow>(&app, &drives);
-  ui.SetWindow(window.get());
+  OpenWindow();
   window->NewView();
+  EXPECT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+  Settle();
+}
+
+void DesktopTest::OpenWindow(const QString& settingsFile) {
+  window = std::make_unique<MainWindow>(&app, &drives, settingsFile);
+  ui.SetWindow(window.get());
   window->resize(900, 600);
   window->show();
   QApplication::setActiveWindow(window.get());
-  EXPECT_TRUE(QTest::qWaitForWindowExposed(window.get()));
-  Settle();
 }
 
 DesktopTest::~DesktopTest() {
@@ -155,6 +159,21 @@ QAbstractButton* ButtonOf(QWidget* window, std::string_view text) {
   }
   ADD_FAILURE() << "no button " << text;
   return nullptr;
+}
+
+std::vector<std::string> Texts(const QListWidget& list) {
+  std::vector<std::string> texts;
+  for (int i = 0; i < list.count(); ++i) texts.push_back(FromQt(list.item(i)->text()));
+  return texts;
+}
+
+QPoint CentreOf(QListWidget* list, int row) {
+  return list->visualItemRect(list->item(row)).center();
+}
+
+void ClickRow(QListWidget* list, int row) {
+  ASSERT_LT(row, list->count());
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, CentreOf(list, row));
 }
 
 // As the input method of Korean text does it, which suits digits as well.

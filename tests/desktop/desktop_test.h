@@ -83,6 +83,8 @@ class DesktopTest : public testing::Test {
   explicit DesktopTest(int32_t language = kKoreanLabels);
   ~DesktopTest() override;
 
+  // A window that is not the first, without a view.
+  void OpenWindow(const QString& settingsFile = {});
   // Writes a file into the folder of NC programs. Returns its host path.
   std::filesystem::path PutProgram(const std::string& name, std::string_view text);
   CTVXView& View() { return window->ActiveView()->view(); }
@@ -116,7 +118,12 @@ QAbstractButton* ButtonFrom(QWidget* window, std::string_view start);
 // The action of this text that is shown, or null.
 QAction* ShownAction(const QList<QAction*>& actions, const char* text);
 
+// The texts of a list's rows.
+std::vector<std::string> Texts(const QListWidget& list);
+QPoint CentreOf(QListWidget* list, int row);
+
 // What a user does with them.
+void ClickRow(QListWidget* list, int row);
 void Type(QLineEdit* edit, std::string_view text);
 void Type(QWidget* window, std::string_view label, std::string_view text);
 void Click(QWidget* window, std::string_view text);

@@ -162,11 +162,11 @@ TEST_F(ConditionFaces, AConditionFileFillsTheSendOptions) {
     EXPECT_TRUE(ButtonOf(face, "정삭")->isChecked());
     QAbstractButton* const big = ButtonFrom(face, "Afa조건:");
     EXPECT_EQ(big->text().count('\n'), 12) << "a line for each value";
-    EXPECT_TRUE(big->text().contains("\n  최대피드  1000"));
+    EXPECT_TRUE(big->text().contains("\n  최대피드  1000\n"));
     user.OnFile(home / "drive_c/marlo/afa/a.afa");
     Click(face, "조건화일 :");
     EXPECT_NE(ButtonOf(face, "조건화일: a.afa"), nullptr);
-    EXPECT_TRUE(big->text().contains("\n  최대피드  800"));
+    EXPECT_TRUE(big->text().contains("\n  최대피드  800\n"));
     EXPECT_EQ(edits[0]->text() + " " + edits[1]->text() + " " + edits[2]->text(), "400 800 2500");
     EXPECT_FALSE(ButtonOf(face, "정삭")->isChecked());
     QTest::keyClick(face, Qt::Key_Escape);
@@ -265,8 +265,7 @@ TEST_F(DialogFaces, Restart) {
     Type(edits[1], "34");
     EXPECT_EQ(edits[0]->text(), "34");
     for (qsizetype i = 2; i < edits.size(); ++i) Type(edits[i], std::to_string(i));
-    Click(face, "Z 영역");
-    Click(face, "OK");
+    Do(face, {{"Z 영역"}, {"OK"}});
   });
   EXPECT_TRUE(ui.RunModal(&dialog));
   EXPECT_EQ(Changes(JobRecord(), options),
@@ -304,10 +303,10 @@ TEST_F(DialogFaces, Calculator) {
     Drag(sliders[1], 80);
     // The fields stand in the group of what they are about.
     const auto group = [&](const char* label) { return EditOf(face, label)->parentWidget(); };
-    for (const QWidget* const input :
-         {static_cast<QWidget*>(EditOf(face, "절삭 깊이")), static_cast<QWidget*>(sliders[0]),
-          static_cast<QWidget*>(sliders[1]), static_cast<QWidget*>(ButtonOf(face, "고속황삭"))}) {
-      EXPECT_EQ(input->parentWidget(), group("공구 직경"));
+    const auto inputs = group("공구 직경")->findChildren<QWidget*>();
+    for (QWidget* const input : std::initializer_list<QWidget*>{
+             EditOf(face, "절삭 깊이"), sliders[0], sliders[1], ButtonOf(face, "고속황삭")}) {
+      EXPECT_TRUE(inputs.contains(input));
     }
     EXPECT_EQ(group("최대 FEED"), group("NC POWER (KW)"));
     EXPECT_EQ(group("이송 속도"), group("Spindle 회전수"));

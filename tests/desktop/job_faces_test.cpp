@@ -33,31 +33,17 @@ class StartedPrograms : public Programs {
   Names started;
 };
 
-Names Texts(const QListWidget& list) {
-  Names texts;
-  for (int i = 0; i < list.count(); ++i) texts.push_back(FromQt(list.item(i)->text()));
-  return texts;
-}
-
-QPoint CentreOf(QListWidget* list, int row) {
-  return list->visualItemRect(list->item(row)).center();
-}
-
-void ClickRow(QListWidget* list, int row) {
-  ASSERT_LT(row, list->count());
-  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, CentreOf(list, row));
-}
-
 // As the system reports it: a click, and then the second press.
 void DoubleClickRow(QListWidget* list, int row) {
   ClickRow(list, row);
   QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, CentreOf(list, row));
 }
 
-void PressIn(QWidget* widget, Qt::Key key) {
+void PressIn(QWidget* widget, std::initializer_list<Qt::Key> keys) {
   QApplication::setActiveWindow(widget->window());
   widget->setFocus();
-  QTest::keyClick(widget, key);
+  for (const Qt::Key key : keys) QTest::keyClick(widget, key);
+  QApplication::processEvents();
 }
 
 QListWidget* FilesOf(QWidget* face) {
@@ -168,38 +154,28 @@ TEST_F(JobFaces, AClickOnTheTreeBrowsesAndASecondOneDoesNot) {
 TEST_F(JobFaces, AllIsReachedByKeys) {
   Run([&](TransferFace* face) {
     auto* const tree = face->findChild<QTreeWidget*>();
-    PressIn(tree, Qt::Key_Down);
+    PressIn(tree, {Qt::Key_Down});
     EXPECT_EQ(dialog.browser.directory, "c:\\marlo\\ncdata") << "Enter browses, not an arrow";
-    PressIn(tree, Qt::Key_Enter);
-    Settle();
+    PressIn(tree, {Qt::Key_Enter});
     EXPECT_EQ(dialog.browser.directory, "c:\\marlo\\ncdata\\sub");
-    PressIn(tree, Qt::Key_Up);
-    PressIn(tree, Qt::Key_Return);
-    Settle();
+    PressIn(tree, {Qt::Key_Up, Qt::Key_Return});
     EXPECT_EQ(dialog.browser.directory, "c:\\marlo\\ncdata");
 
-    QListWidget* const list = FilesOf(face);
-    PressIn(list, Qt::Key_Shift);
+    PressIn(FilesOf(face), {Qt::Key_Shift});
     EXPECT_EQ(dialog.selectedFile, -1) << "the focus alone selects nothing";
-    QTest::keyClick(list, Qt::Key_Down);
-    QTest::keyClick(list, Qt::Key_Down);
-    QTest::keyClick(list, Qt::Key_Return);
-    QTest::keyClick(list, Qt::Key_Up);
-    QTest::keyClick(list, Qt::Key_Enter);
-    EXPECT_TRUE(face->isVisible()) << "Enter belongs to the list";
+    PressIn(FilesOf(face), {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return, Qt::Key_Up, Qt::Key_Enter});
     EXPECT_EQ(dialog.list.names, (Names{"b.nc", "a.nc"}));
     ExpectConsistent(face);
 
     QListWidget* const entries = EntriesOf(face);
-    PressIn(entries, Qt::Key_Down);
+    PressIn(entries, {Qt::Key_Down});
     EXPECT_EQ(dialog.selectedEntry, entries->currentRow());
-    QTest::keyClick(entries, Qt::Key_Home);
+    PressIn(entries, {Qt::Key_Home});
     EXPECT_EQ(dialog.information.at(0), "화일명 : b.nc ");
-    QTest::keyClick(entries, Qt::Key_Return);
-    PressIn(InformationOf(face), Qt::Key_Down);
-    QTest::keyClick(InformationOf(face), Qt::Key_Return);
-    EXPECT_TRUE(face->isVisible());
-    PressIn(entries, Qt::Key_Delete);
+    PressIn(entries, {Qt::Key_Return});
+    PressIn(InformationOf(face), {Qt::Key_Down, Qt::Key_Return});
+    EXPECT_TRUE(face->isVisible()) << "Enter belongs to the lists";
+    PressIn(entries, {Qt::Key_Delete});
     EXPECT_EQ(dialog.list.names, Names{"a.nc"});
   });
 }
@@ -313,23 +289,30 @@ TEST_F(JobFaces, TheKeyCodeButtonsWorkOnTheSelectedRow) {
       ClickMessage(face, guarded, JobMessage::kEntryIsFrozen);
     }
     ClickRow(EntriesOf(face), 0);
-    ClickPad(face, "K추가", "G90");
-    ClickPad(face, "K삽입", "S1000");  // no row is selected: at the end
-    EXPECT_EQ(codes(), " KeyCode  G90 S1000");
-    selectWord(face, "  S1000");
-    ClickPad(face, "K삽입", "G54");
-    EXPECT_EQ(codes(), " KeyCode  G90 G54  S1000");
-    ClickAnd(face, "K저장");
-    selectWord(face, "  G90");
-    ClickPad(face, "K수정", "G91");
-    EXPECT_EQ(codes(), " KeyCode  G91 G54  S1000");
-    selectWord(face, "  G54");
-    ClickAnd(face, "K삭제");
-    EXPECT_EQ(codes(), " KeyCode  G91   S1000");
-    ClickAnd(face, "K삭제");  // no row is selected: the last one
-    EXPECT_EQ(codes(), " KeyCode  G91   ");
-    ClickAnd(face, "K읽기");
-    EXPECT_EQ(codes(), " KeyCode  G90 G54  S1000");
+    const struct {
+      const char* row;  // selected before; null: none
+      const char* button;
+      const char* typed;  // null: no pad opens
+      const char* codes;
+    } steps[] = {
+        {nullptr, "K추가", "G90", "G90"},
+        {nullptr, "K삽입", "S1000", "G90 S1000"},  // at the end
+        {"  S1000", "K삽입", "G54", "G90 G54  S1000"},
+        {nullptr, "K저장", nullptr, "G90 G54  S1000"},
+        {"  G90", "K수정", "G91", "G91 G54  S1000"},
+        {"  G54", "K삭제", nullptr, "G91   S1000"},
+        {nullptr, "K삭제", nullptr, "G91   "},  // the last one
+        {nullptr, "K읽기", nullptr, "G90 G54  S1000"},
+    };
+    for (const auto& step : steps) {
+      if (step.row != nullptr) selectWord(face, step.row);
+      if (step.typed != nullptr) {
+        ClickPad(face, step.button, step.typed);
+      } else {
+        ClickAnd(face, step.button);
+      }
+      EXPECT_EQ(codes(), std::string(" KeyCode  ") + step.codes) << step.button;
+    }
     user.On<KeyCodeFace>([](KeyCodeFace* pad) {
       EXPECT_EQ(pad->findChild<QLineEdit*>()->text(), "S1000");
       pad->reject();

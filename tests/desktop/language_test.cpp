@@ -141,8 +141,7 @@ TEST_F(English, TheFiguresOfEveryKindOfRestart) {
     info.current.FeedChgSmoothCheck = info.current.XyChgReduceCheck = 1;
     info.current.totalMinutes = 1234.5F;
     Next<FileInfoFace>([](FileInfoFace* face) {
-      const QStringList texts = TextsIn(face);
-      EXPECT_TRUE(texts.contains("Total time 1234.5 min"));
+      EXPECT_TRUE(TextsIn(face).contains("Total time 1234.5 min"));
       face->reject();
     });
     ui.RunModal(&info);

@@ -101,14 +101,10 @@ TEST_F(MainWindowTest, ADroppedFileIsLoaded) {
   EXPECT_EQ(View().program.store.blockCount, 3U);
 }
 
-TEST_F(MainWindowTest, AFileThatIsNotThereIsNotCreated) {
+TEST_F(MainWindowTest, SeveralFilesGetAWindowEachAndOneThatIsNotThereNone) {
   user.Does<QMessageBox>({{"OK"}});
   window->LoadHostFile(ToQt((home / "drive_c/marlo/missing.nc").string()));
   EXPECT_FALSE(std::filesystem::exists(home / "drive_c/marlo/missing.nc"));
-  EXPECT_EQ(View().fileName, "");
-}
-
-TEST_F(MainWindowTest, SeveralFilesGetAWindowEach) {
   for (const char* const name : {"a.nc", "b.nc", "c.nc"}) {
     window->LoadHostFile(ToQt(PutProgram(name, kProgram).string()));
   }
@@ -127,12 +123,8 @@ TEST_F(MainWindowTest, TheFourFilesOpenedLastAreOffered) {
     RecentFiles(settings).Add(ToQt("c:\\marlo\\ncdata\\" + std::string(name)));
   }
   PutProgram("e & f.nc", kProgram);
-  window = std::make_unique<MainWindow>(&app, &drives, settings);
-  ui.SetWindow(window.get());
-  window->show();
-  QApplication::setActiveWindow(window.get());
-  window->NewView();
-  for (QMdiSubWindow* const child : Children()) child->close();
+  OpenWindow(settings);
+  window->NewView()->parentWidget()->close();
   Settle();
   QStringList offered;
   QAction* second = nullptr;
