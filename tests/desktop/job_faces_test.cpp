@@ -210,18 +210,19 @@ TEST_F(JobFaces, TheButtonsOfTheLists) {
     ClickAnd(face, "편집");
     EXPECT_EQ(programs.started, Names{"ed c:\\marlo\\ncdata\\a.nc"});
 
-    ClickAnd(face, "저장");
-    ClickAnd(face, "삭제");
-    EXPECT_EQ(dialog.list.names, (Names{"b.nc", "b.nc"}));
-    DoubleClickRow(EntriesOf(face), 1);
-    EXPECT_EQ(dialog.list.names, Names{"b.nc"});
-    ClickAnd(face, "청소");
-    EXPECT_EQ(dialog.list.size(), 0U);
-    ClickAnd(face, "읽기");
-    EXPECT_EQ(dialog.list.names, (Names{"b.nc", "a.nc", "b.nc"}));
     user.OnFile(home / "drive_c/lists/old.mcf");
-    ClickAnd(face, "TVX");
+    const std::pair<const char*, Names> steps[] = {{"저장", {"b.nc", "a.nc", "b.nc"}},
+                                                   {"삭제", {"b.nc", "b.nc"}},
+                                                   {"청소", {}},
+                                                   {"읽기", {"b.nc", "a.nc", "b.nc"}},
+                                                   {"TVX", {"a.nc"}}};
+    for (const auto& [button, names] : steps) {
+      ClickAnd(face, button);
+      EXPECT_EQ(dialog.list.names, names) << button;
+    }
     EXPECT_EQ(dialog.list.lines, Names{"Dir c:\\lists FS 5 RT OFF Afa OFF "});
+    DoubleClickRow(EntriesOf(face), 0);
+    EXPECT_EQ(dialog.list.names, Names());
   });
 }
 

@@ -69,6 +69,7 @@ TEST_F(SpreadsheetExport, CellsOfARow) {
   CutTimeEntry adjusted = AdjustedEntry("a.nc");
   adjusted.UpDownChk = adjusted.XyChgReduceCheck = adjusted.AfaByMaster = 0;
   ResultTable table = TableOf({PlainEntry("=1+1"), adjusted});
+  table.entries[0].AfaEnabled = 2;  // neither on nor off
   spreadsheets.cells["L2"] = "old";
   Export(&table);
   const std::string figures = "|12.345|14.567|850|15000|0.987|0.259|14.826|'c:\\marlo\\ncdata\\";
@@ -105,7 +106,7 @@ TEST_F(SpreadsheetExport, FiguresAreCutDownInTheTable) {
 TEST_F(SpreadsheetExport, OneMessageForAProgramThatIsNotThereOrDies) {
   ui.OnFileCancel();
   ExportSpreadsheet(nullptr, &spreadsheets, &ui);
-  EXPECT_TRUE(spreadsheets.log.empty() && ui.messages.empty());
+  EXPECT_TRUE(spreadsheets.log.empty());
   // The steps: open, sheet, 52 for the titles, 22 for the entry, visible, control.
   for (const int refused : {0, 1, 2, 3, 54, 55, 76, 77, 78, 79}) {
     spreadsheets.refusesStart = refused == 0;

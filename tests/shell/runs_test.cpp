@@ -43,8 +43,6 @@ class SingleCutTime : public Runs {
     LoadNcFile("a.nc", &view.program, &app.parserStates, &view.job, &files, &ui);
     view.fileName = "a.nc";
   }
-
-  std::string Blocks() { return BlockList(view.program.store); }
 };
 
 TEST_F(SingleCutTime, FromTheOptionsToTheEntryAndItsPicture) {
@@ -72,21 +70,20 @@ TEST_F(SingleCutTime, FromTheOptionsToTheEntryAndItsPicture) {
 }
 
 TEST_F(SingleCutTime, StopsAtTheDialogThatIsRefused) {
-  const std::string before = Blocks();
+  const std::string before = BlockList(view.program.store);
   ui.OnDialog<CSendOptionDlg>([](CSendOptionDlg* options) {
     options->EditTopFeed("2000");
     return options->Cancel() == Closing::kAccepted;
   });
   SingleCutTimeCommand(&view);
-  EXPECT_EQ(Blocks(), before);
-  EXPECT_EQ(ui.repaints, 0);
+  EXPECT_EQ(BlockList(view.program.store), before);
   EXPECT_EQ(view.job.MaxFeed, 1000);
   EXPECT_EQ(view.fileInfo.current.fileName, "");
 
   OnOptions("2000");
   ui.OnDialog([](Dialog*) { return false; });
   SingleCutTimeCommand(&view);
-  EXPECT_NE(Blocks(), before);
+  EXPECT_NE(BlockList(view.program.store), before);
   EXPECT_EQ(view.results.entryCount, 0);
   EXPECT_EQ(view.fileInfo.current.cutLength, 210.0F);
   EXPECT_FALSE(files.Exists("c:\\marlo\\ncdata\\a.nc.emf"));
@@ -124,12 +121,14 @@ TEST_F(JobListRun, RecordsEveryEntryWithItsOwnOptions) {
   ASSERT_EQ(view.results.entryCount, 3);
   std::string recorded;
   for (const CutTimeEntry& entry : view.results.Recorded()) {
-    recorded += entry.fileName + " " + std::to_string(entry.AfaEnabled) + " " +
-                std::to_string(entry.MaxFeed) + " " + std::to_string(entry.cutLength > 0) + " " +
-                (entry.averageFeed > 500 ? "faster\n" : "as programmed\n");
+    recorded +=
+        Format("%s AFA %d MAF %d ", entry.fileName.c_str(), entry.AfaEnabled, entry.MaxFeed) +
+        (entry.cutLength == 0      ? "empty\n"
+         : entry.averageFeed > 500 ? "faster\n"
+                                   : "\n");
   }
   EXPECT_EQ(recorded,
-            "gone.nc 0 1000 0 as programmed\nb.nc 1 2000 1 faster\na.nc 0 2000 1 as programmed\n");
+            "gone.nc AFA 0 MAF 1000 empty\nb.nc AFA 1 MAF 2000 faster\na.nc AFA 0 MAF 2000 \n");
   EXPECT_EQ(view.results.entries[2].dirName, "c:\\marlo\\ncdata");
   EXPECT_EQ(view.results.entries[2].optionLine, kPlainLine);
   EXPECT_EQ(view.program.store.blockCount, 5U) << "the window shows the last file";
@@ -146,7 +145,9 @@ TEST_F(JobListRun, RecordsEveryEntryWithItsOwnOptions) {
 
 TEST_F(JobListRun, EndsAtTheDialogOrTheTransferProgram) {
   app.rememberedSpindle = -5;
-  OnJobs(false, [](CTransferDlg* dialog) {
+  view.job.KeyCodeOn = view.job.KeyCodeCount = 2;
+  OnJobs(false, [this](CTransferDlg* dialog) {
+    EXPECT_EQ(app.JobSlots[1].KeyCodeOn + app.JobSlots[1].KeyCodeCount, 0);
     EXPECT_EQ(dialog->SpindleSpeed, 1000);
     dialog->SpindleSpeed = 2000;
   });
@@ -183,8 +184,6 @@ TEST_F(JobListRun, MastersAreReadOnceInARowAndBuiltWhereMissing) {
     return masters;
   };
   EXPECT_EQ(run(), "a") << "both were missing; a is read again after b took its place";
-  EXPECT_TRUE(files.Exists("c:\\a.nc.mma"));
-  EXPECT_TRUE(files.Exists("c:\\b.nc.mma"));
   EXPECT_EQ(run(), "aba");
 }
 

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/format.h"
 #include "shell/application.h"
 #include "shell/tvx_view.h"
 #include "support/memory_files.h"
@@ -49,9 +50,8 @@ class ShellTest : public testing::Test {
   // Lines to and fro over a step, enough of them for a master model.
   static std::string Surface() {
     std::string text = "G90 G0 X0 Y0 Z20\nG1 Z0 F700\n";
-    for (int y = 0; y <= 60; ++y) {
-      text += y % 2 == 0 ? "X30\nZ8\nX60\nY" : "X30\nZ0\nX0\nY";
-      text += std::to_string(y + 1) + "\n";
+    for (int y = 1; y <= 60; y += 2) {
+      text += Format("X30\nZ8\nX60\nY%d\nX30\nZ0\nX0\nY%d\n", y, y + 1);
     }
     return text;
   }
