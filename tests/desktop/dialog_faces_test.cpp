@@ -137,7 +137,7 @@ TEST_F(ConditionFaces, SendOptions) {
     Do(face, {{"최대 피드", "200000"}, {"OK"}});  // refused
     EXPECT_TRUE(face->isVisible());
     EXPECT_EQ(face->focusWidget(), EditOf(face, "최대 피드"));
-    user.Rejects<FileInfoFace>();
+    user.Does<FileInfoFace>({{"Cancel"}});
     Do(face, {{"최대 피드", "2000"}, {"OK"}});
   });
   EXPECT_EQ(changes,
