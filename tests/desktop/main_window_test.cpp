@@ -110,7 +110,7 @@ TEST_F(MainWindowTest, SeveralFilesGetAWindowEachAndOneThatIsNotThereNone) {
 
 TEST_F(MainWindowTest, TheFourFilesOpenedLastAreOffered) {
   const QString settings = ToQt((home / "desktop.ini").string());
-  for (const char* const name : {"a.nc", "b.nc", "c.nc", "d.nc", "e & f.nc", "b.nc"}) {
+  for (const char* const name : {"a.nc", "c.nc", "b.nc", "d.nc", "e & f.nc", "b.nc"}) {
     RecentFiles(settings).Add(ToQt("c:\\marlo\\ncdata\\" + std::string(name)));
   }
   PutProgram("e & f.nc", kProgram);
