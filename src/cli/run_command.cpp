@@ -44,7 +44,7 @@ class RunReport final : public RunObserver {
     Report(path, problem != nullptr ? problem : "does not fit into the store");
   }
   void OnMasterFailed(const std::string& path) override {
-    Report(path, "cannot be read, or built and written, as a master model");
+    Report(path, "the master model cannot be read, built or written");
   }
 
   void Report(const std::string& path, const std::string& reason) {

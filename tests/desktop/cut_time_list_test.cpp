@@ -5,34 +5,22 @@
 #include <QListWidget>
 #include <QMessageBox>
 
-#include "desktop/command_pad_face.h"
 #include "desktop/cut_time_list_face.h"
-#include "desktop/job_faces.h"
 #include "desktop_test.h"
 #include "reports/example_entry.h"
-#include "shell/view_operations.h"
 
 namespace tvx {
 namespace {
 
 constexpr int kListCommand = 32774;
 
-QStringList Rows(const QListWidget* list) {
-  QStringList rows;
-  for (int i = 0; i < list->count(); ++i) rows << list->item(i)->text();
-  return rows;
-}
+using Names = std::vector<std::string>;
 
 QListWidget* FilesOf(CutTimeListFace* face) {
   return face->findChild<QListWidget*>("files");
 }
 QListWidget* LinesOf(CutTimeListFace* face) {
   return face->findChild<QListWidget*>("information");
-}
-
-void ClickRow(QListWidget* list, int row) {
-  QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
-                    list->visualItemRect(list->item(row)).center());
 }
 
 class CutTimeListWindow : public DesktopTest {
@@ -42,60 +30,50 @@ class CutTimeListWindow : public DesktopTest {
   }
 };
 
-TEST_F(CutTimeListWindow, ShowsTheLinesOfTheClickedFile) {
-  user.On<CutTimeListFace>([](CutTimeListFace* face) {
+TEST_F(CutTimeListWindow, ShowsDeletesAndClears) {
+  user.On<CutTimeListFace>([this](CutTimeListFace* face) {
     EXPECT_EQ(face->windowTitle(), "TVX 출력");
     QListWidget* const list = FilesOf(face);
     const QListWidget* const lines = LinesOf(face);
-    EXPECT_EQ(Rows(list), QStringList({"a.nc", "b.nc"}));
+    EXPECT_EQ(Texts(*list), (Names{"a.nc", "b.nc"}));
     EXPECT_EQ(EditOf(face, "전체 시간 ")->text(), "29.65");
     list->setFocus();
     EXPECT_TRUE(list->selectedItems().isEmpty());
     EXPECT_EQ(lines->count(), 0) << "nothing is selected by the focus alone";
-    QTest::keyClick(list, Qt::Key_Down);
-    EXPECT_EQ(list->currentRow(), 0);
-    EXPECT_EQ(lines->count(), 11);
+    user.Does<QMessageBox>({{"OK"}});
+    Click(face, "화일삭제");
     ClickRow(list, 1);
-    EXPECT_EQ(lines->count(), 26);
-    EXPECT_EQ(lines->item(25)->text(), "그림화일 b.nc.emf");
+    EXPECT_EQ(Texts(*lines).size(), 26U);
+    EXPECT_EQ(Texts(*lines).back(), "그림화일 b.nc.emf");
+    QTest::keyClick(list, Qt::Key_Up);
+    EXPECT_EQ(list->currentRow(), 0);
+    Click(face, "화일삭제");
+    EXPECT_EQ(Texts(*list), Names{"b.nc"});
+    EXPECT_EQ(lines->count(), 11) << "kept until the next selection";
+    EXPECT_TRUE(list->selectedItems().isEmpty());
+    EXPECT_EQ(EditOf(face, "전체 시간 ")->text(), "14.83");
     Click(face, "OK");
   });
   window->RunCommand(kListCommand);
-  EXPECT_EQ(View().results.entryCount, 2);
-}
-
-TEST_F(CutTimeListWindow, DeletesAndClears) {
-  user.On<CutTimeListFace>([&](CutTimeListFace* face) {
-    Click(face, "화일삭제");
-    ClickRow(FilesOf(face), 0);
-    Click(face, "화일삭제");
-    EXPECT_EQ(Rows(FilesOf(face)), QStringList("b.nc"));
-    EXPECT_EQ(LinesOf(face)->count(), 11) << "kept until the next selection";
-    EXPECT_TRUE(FilesOf(face)->selectedItems().isEmpty());
-    EXPECT_EQ(EditOf(face, "전체 시간 ")->text(), "14.83");
-    Click(face, "청소");
-    EXPECT_FALSE(face->isVisible());
-  });
-  user.On<QMessageBox>([](QMessageBox* message) {
-    EXPECT_EQ(message->windowTitle(), "DNC message");
-    message->accept();
-  });
+  EXPECT_EQ(View().results.entryCount, 1);
+  user.Does<CutTimeListFace>({{"청소"}});
   window->RunCommand(kListCommand);
   EXPECT_EQ(View().results.entryCount, 0);
 }
 
 TEST_F(CutTimeListWindow, WritesItsReports) {
-  user.On<CutTimeListFace>([](CutTimeListFace* face) {
-    Click(face, "화일 출력");
-    Click(face, "AFA 출력");
-    Click(face, "AFA 출력, Copy");
-    Click(face, "스프레드시트 출력");
-    Click(face, "Cancel");
-  });
+  user.Does<CutTimeListFace>(
+      {{"화일 출력"}, {"AFA 출력"}, {"AFA 출력, Copy"}, {"스프레드시트 출력"}, {"Cancel"}});
   const std::filesystem::path out = home / "drive_c/windows";
-  home.Put("drive_c/windows/times.xls", "");
+  for (const char* const name : {"r.tvx", "l.mcf", "c.mcf", "times.xls"}) {
+    home.Put("drive_c/windows/" + std::string(name), "older");
+    user.OnFile(out / name);
+    // Asks before a report is overwritten, and not for a list.
+    if (name != std::string("r.tvx")) continue;
+    user.On<QMessageBox>(
+        [](QMessageBox* question) { question->button(QMessageBox::Yes)->click(); });
+  }
   PutProgram("a.nc", "G0 X1\n");
-  for (const char* const name : {"r.tvx", "l.mcf", "c.mcf", "times.xls"}) user.OnFile(out / name);
   user.On<QMessageBox>([](QMessageBox* message) {
     EXPECT_EQ(message->text(), "Couldn't start Excel.");
     message->accept();
@@ -105,43 +83,6 @@ TEST_F(CutTimeListWindow, WritesItsReports) {
   EXPECT_TRUE(HostBytes(out / "l.mcf").starts_with("File a.nc Dir X:\\windows FS 20480 "));
   EXPECT_EQ(HostBytes(out / "c.mcf").substr(0, 20), "File a.nc Dir X:\\win");
   EXPECT_EQ(HostBytes(out / "a.nc"), "G0 X1\n");
-}
-
-TEST_F(CutTimeListWindow, AsksBeforeAReportIsOverwrittenAndNotForAList) {
-  const std::filesystem::path report = home.Put("drive_c/marlo/r.tvx", "older");
-  const std::filesystem::path list = home.Put("drive_c/marlo/l.mcf", "older");
-  user.On<CutTimeListFace>([](CutTimeListFace* face) {
-    Click(face, "화일 출력");
-    Click(face, "AFA 출력");
-    face->reject();
-  });
-  user.OnFile(report);
-  user.On<QMessageBox>([](QMessageBox* message) {
-    EXPECT_EQ(message->standardButtons(), QMessageBox::Yes | QMessageBox::No);
-    message->button(QMessageBox::Yes)->click();
-  });
-  user.OnFile(list);
-  window->RunCommand(kListCommand);
-  EXPECT_NE(HostBytes(report), "older");
-  EXPECT_TRUE(HostBytes(list).starts_with("File "));
-}
-
-// The pad's button that runs a job list goes on to the results, also when no list was accepted.
-TEST_F(CutTimeListWindow, OpensBehindTheRunOfTheCommandPad) {
-  user.On<CommandPadFace>([](CommandPadFace* pad) { Click(pad, "Cut Time"); });
-  user.On<TransferFace>([](TransferFace* jobs) { jobs->reject(); });
-  user.On<CutTimeListFace>([](CutTimeListFace* face) { face->reject(); });
-  OpenCommandPad(&View());
-}
-
-TEST_F(CutTimeListWindow, OpensOverTheCommandPad) {
-  user.On<CommandPadFace>([&](CommandPadFace* pad) {
-    Click(pad, "TVX 출력");
-    EXPECT_TRUE(pad->isVisible());
-    Click(pad, "취소");
-  });
-  user.On<CutTimeListFace>([](CutTimeListFace* face) { Click(face, "Cancel"); });
-  OpenCommandPad(&View());
 }
 
 class EnglishCutTimeList : public CutTimeListWindow {
@@ -155,11 +96,10 @@ TEST_F(EnglishCutTimeList, NamesAloneStayAsTheyAre) {
   entry.pictureName = "번호.emf";
   user.On<CutTimeListFace>([](CutTimeListFace* face) {
     ClickRow(FilesOf(face), 1);
-    const QStringList lines = Rows(LinesOf(face));
+    const Names lines = Texts(*LinesOf(face));
     EXPECT_EQ(lines[0], "Dir : c:\\번호");
     EXPECT_EQ(lines[17], "MMA c:\\die\\코아.mma");
     EXPECT_EQ(lines[25], "Picture file 번호.emf");
-    EXPECT_EQ(lines.filter(QRegularExpression("[가-힣]")).size(), 3);
     Click(face, "Remove file");
     face->accept();
   });

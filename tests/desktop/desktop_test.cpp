@@ -68,14 +68,18 @@ void ModalScript::OnFile(const std::filesystem::path& path) {
 DesktopTest::DesktopTest(int32_t language) {
   UseLanguage(language);
   app.InitApplication(language);
-  window = std::make_unique<MainWindow>(&app, &drives);
-  ui.SetWindow(window.get());
+  OpenWindow();
   window->NewView();
+  EXPECT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+  Settle();
+}
+
+void DesktopTest::OpenWindow(const QString& settingsFile) {
+  window = std::make_unique<MainWindow>(&app, &drives, settingsFile);
+  ui.SetWindow(window.get());
   window->resize(900, 600);
   window->show();
   QApplication::setActiveWindow(window.get());
-  EXPECT_TRUE(QTest::qWaitForWindowExposed(window.get()));
-  Settle();
 }
 
 DesktopTest::~DesktopTest() {
@@ -117,12 +121,11 @@ std::filesystem::path DesktopTest::PutProgram(const std::string& name, std::stri
 
 namespace {
 
-// The widget of a form behind its label.
-template <typename Widget>
-Widget* FieldOf(QWidget* window, std::string_view label) {
+QWidget* BuddyOf(QWidget* window, std::string_view label) {
   for (const QLabel* const candidate : window->findChildren<QLabel*>()) {
-    if (candidate->text() != ToQt(label)) continue;
-    if (auto* const field = qobject_cast<Widget*>(candidate->buddy())) return field;
+    if (candidate->buddy() != nullptr && candidate->text() == ToQt(label)) {
+      return candidate->buddy();
+    }
   }
   ADD_FAILURE() << "no field " << label;
   return nullptr;
@@ -131,15 +134,23 @@ Widget* FieldOf(QWidget* window, std::string_view label) {
 }  // namespace
 
 QLineEdit* EditOf(QWidget* window, std::string_view label) {
-  return FieldOf<QLineEdit>(window, label);
+  return qobject_cast<QLineEdit*>(BuddyOf(window, label));
 }
 
 QComboBox* ListOf(QWidget* window, std::string_view label) {
-  return FieldOf<QComboBox>(window, label);
+  return qobject_cast<QComboBox*>(BuddyOf(window, label));
 }
 
 QListWidget* RowsOf(QWidget* window, std::string_view label) {
-  return FieldOf<QListWidget>(window, label);
+  return qobject_cast<QListWidget*>(BuddyOf(window, label));
+}
+
+QAbstractButton* ButtonFrom(QWidget* window, std::string_view start) {
+  for (QAbstractButton* const button : window->findChildren<QAbstractButton*>()) {
+    if (button->text().startsWith(ToQt(start))) return button;
+  }
+  ADD_FAILURE() << "no button " << start;
+  return nullptr;
 }
 
 QAbstractButton* ButtonOf(QWidget* window, std::string_view text) {
@@ -148,6 +159,21 @@ QAbstractButton* ButtonOf(QWidget* window, std::string_view text) {
   }
   ADD_FAILURE() << "no button " << text;
   return nullptr;
+}
+
+std::vector<std::string> Texts(const QListWidget& list) {
+  std::vector<std::string> texts;
+  for (int i = 0; i < list.count(); ++i) texts.push_back(FromQt(list.item(i)->text()));
+  return texts;
+}
+
+QPoint CentreOf(QListWidget* list, int row) {
+  return list->visualItemRect(list->item(row)).center();
+}
+
+void ClickRow(QListWidget* list, int row) {
+  ASSERT_LT(row, list->count());
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, CentreOf(list, row));
 }
 
 // As the input method of Korean text does it, which suits digits as well.
@@ -177,6 +203,20 @@ void Choose(QWidget* window, std::string_view label, std::string_view entry) {
     QTest::keyClick(list, Qt::Key_Down);
   }
   EXPECT_EQ(FromQt(list->currentText()), entry);
+}
+
+void Do(QWidget* window, const std::vector<Deed>& deeds) {
+  for (const Deed& deed : deeds) {
+    if (!deed.text) {
+      Click(window, deed.on);
+    } else if (deed.on.empty()) {
+      Type(window->findChild<QLineEdit*>(), *deed.text);
+    } else if (qobject_cast<QComboBox*>(BuddyOf(window, deed.on)) != nullptr) {
+      Choose(window, deed.on, *deed.text);
+    } else {
+      Type(window, deed.on, *deed.text);
+    }
+  }
 }
 
 void Drag(QSlider* slider, int position) {

@@ -9,6 +9,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "desktop/language.h"
@@ -28,6 +29,14 @@ class QSlider;
 
 namespace tvx {
 
+// What a user does in a window: types into the edit behind a label, chooses from the list behind
+// it, or, without a text, clicks a button. The label "" means the first edit.
+struct Deed {
+  std::string on;
+  std::optional<std::string> text = std::nullopt;
+};
+void Do(QWidget* window, const std::vector<Deed>& deeds);
+
 // A user behind modal windows: each step waits for a window of its class, works on it and leaves it
 // closed, and steps for windows that open meanwhile follow it. A window that no step waits for, and
 // a step whose window never comes, are test failures.
@@ -44,6 +53,15 @@ class ModalScript {
       act(expected);
       return true;
     });
+  }
+
+  template <typename Window>
+  void Does(std::vector<Deed> deeds) {
+    On<Window>([deeds = std::move(deeds)](Window* window) { Do(window, deeds); });
+  }
+  template <typename Window>
+  void Rejects() {
+    On<Window>([](Window* window) { window->reject(); });
   }
 
   // A file chooser: this host path is typed and accepted.
@@ -65,6 +83,8 @@ class DesktopTest : public testing::Test {
   explicit DesktopTest(int32_t language = kKoreanLabels);
   ~DesktopTest() override;
 
+  // A window that is not the first, without a view.
+  void OpenWindow(const QString& settingsFile = {});
   // Writes a file into the folder of NC programs. Returns its host path.
   std::filesystem::path PutProgram(const std::string& name, std::string_view text);
   CTVXView& View() { return window->ActiveView()->view(); }
@@ -92,11 +112,18 @@ QLineEdit* EditOf(QWidget* window, std::string_view label);
 QAbstractButton* ButtonOf(QWidget* window, std::string_view text);
 QComboBox* ListOf(QWidget* window, std::string_view label);
 QListWidget* RowsOf(QWidget* window, std::string_view label);
+// The button whose text begins so, or null.
+QAbstractButton* ButtonFrom(QWidget* window, std::string_view start);
 
 // The action of this text that is shown, or null.
 QAction* ShownAction(const QList<QAction*>& actions, const char* text);
 
+// The texts of a list's rows.
+std::vector<std::string> Texts(const QListWidget& list);
+QPoint CentreOf(QListWidget* list, int row);
+
 // What a user does with them.
+void ClickRow(QListWidget* list, int row);
 void Type(QLineEdit* edit, std::string_view text);
 void Type(QWidget* window, std::string_view label, std::string_view text);
 void Click(QWidget* window, std::string_view text);

@@ -14,11 +14,14 @@
 #include "desktop/calculator_face.h"
 #include "desktop/command_pad_face.h"
 #include "desktop/condition_faces.h"
+#include "desktop/file_info_face.h"
 #include "desktop/master_face.h"
 #include "desktop/restart_face.h"
 #include "desktop/settings_faces.h"
 #include "desktop_test.h"
 #include "feed/condition_file.h"
+#include "platform/text.h"
+#include "shell/lists.h"
 #include "shell/view_operations.h"
 #include "support/record_changes.h"
 
@@ -28,71 +31,51 @@ namespace {
 using DialogFaces = DesktopTest;
 
 TEST_F(DialogFaces, DirectorySettings) {
-  user.On<DirSetupFace>([](DirSetupFace* face) {
-    Type(face, "환경화일 DIR", "c:\\설정");
-    Type(face, "작업 DIR", "c:\\work");
-    Type(face, "AFA 조건 DIR", "c:\\afa");
-    Type(face, "편집기(editor)", "ed");
-    Click(face, "저장");
-  });
+  user.Does<DirSetupFace>({{"환경화일 DIR", "c:\\설정"},
+                           {"작업 DIR", "c:\\work"},
+                           {"AFA 조건 DIR", "c:\\afa"},
+                           {"편집기(editor)", "ed"},
+                           {"저장"}});
   window->RunCommand(32789);
-  EXPECT_EQ(app.configuration.EnvDir, "c:\\설정");
-  EXPECT_EQ(app.configuration.WorkDir, "c:\\work");
-  EXPECT_EQ(app.configuration.AFADir, "c:\\afa");
-  EXPECT_EQ(app.configuration.Editor, "ed");
-  EXPECT_NE(HostBytes(home / "drive_c/windows/tvx.cfg").find("WorkDir c:\\work\r\n"),
-            std::string::npos);
-
-  user.On<DirSetupFace>([](DirSetupFace* face) {
-    Type(face, "작업 DIR", "c:\\other");
-    Click(face, "취소");
-  });
+  user.Does<DirSetupFace>({{"작업 DIR", "c:\\other"}, {"취소"}});
   window->RunCommand(32789);
   EXPECT_EQ(app.configuration.WorkDir, "c:\\work");
+  EXPECT_EQ(DecodeCp949(HostBytes(home / "drive_c/windows/tvx.cfg")),
+            "환경Dir c:\\설정\r\nWorkDir c:\\work\r\nAFADir c:\\afa\r\nEditor ed\r\n");
 }
 
 TEST_F(DialogFaces, DirectoryList) {
-  const std::filesystem::path file = home.Put("drive_c/parts/a.nc", "");
-  user.On<DirListFace>([](DirListFace* face) {
+  user.On<DirListFace>([this](DirListFace* face) {
     auto* const list = face->findChild<QListWidget*>();
-    Click(face, "수정");  // nothing is selected: nothing happens
+    Do(face, {{"수정"}, {"삭제"}});  // nothing is selected: nothing happens
+    for (int i = 0; i < 2; ++i) {
+      user.OnFile(home.Put("drive_c/parts/a.nc", ""));
+      Click(face, "추가");
+    }
+    user.On<TextInputFace>([](TextInputFace* input) {
+      EXPECT_EQ(input->findChild<QLineEdit*>()->text(), "c:\\parts");
+      Type(input->findChild<QLineEdit*>(), "d:\\둘째");
+      QTest::keyClick(input, Qt::Key_Return);
+    });
+    list->setFocus();  // which must not stand for a selection
     Click(face, "삭제");
-    Click(face, "추가");
-    EXPECT_EQ(list->count(), 1);
-    Click(face, "추가");
+    EXPECT_EQ(list->count(), 2);
     list->setCurrentRow(0);
     Click(face, "수정");
     EXPECT_EQ(list->item(0)->text(), "d:\\둘째");
+    user.Does<TextInputFace>({{"", "c:\\dropped"}, {"Cancel"}});
+    Click(face, "수정");
     list->setCurrentRow(1);
-    Click(face, "삭제");
-    EXPECT_EQ(list->count(), 1);
-    Click(face, "갱신");
-    Click(face, "저장");
-  });
-  user.OnFile(file);
-  user.OnFile(file);
-  user.On<TextInputFace>([](TextInputFace* input) {
-    auto* const edit = input->findChild<QLineEdit*>();
-    EXPECT_EQ(edit->text(), "c:\\parts");
-    Type(edit, "d:\\둘째");
-    QTest::keyClick(edit, Qt::Key_Return);
+    Do(face, {{"삭제"}, {"갱신"}, {"저장"}});
   });
   window->RunCommand(32796);
-  EXPECT_EQ(ListEntries(app.DirectoryList), (std::vector<std::string>{"d:\\둘째"}));
-  EXPECT_TRUE(std::filesystem::exists(home / "drive_c/marlo/dirlist.txt"));
-
   user.On<DirListFace>([](DirListFace* face) {
     face->findChild<QListWidget*>()->setCurrentRow(0);
-    Click(face, "수정");
-    Click(face, "삭제");
-    Click(face, "취소");
-  });
-  user.On<TextInputFace>([](TextInputFace* input) {
-    Type(input->findChild<QLineEdit*>(), "c:\\dropped");
-    Click(input, "Cancel");
+    Do(face, {{"삭제"}, {"취소"}});
   });
   window->RunCommand(32796);
   EXPECT_EQ(ListEntries(app.DirectoryList), (std::vector<std::string>{"d:\\둘째"}));
+  EXPECT_EQ(DecodeCp949(HostBytes(home / "drive_c/marlo/dirlist.txt")), "d:\\둘째\r\n");
 }
 
 TEST_F(DialogFaces, EnvironmentOptions) {
@@ -100,85 +83,70 @@ TEST_F(DialogFaces, EnvironmentOptions) {
   View().job.IntNcdataFlg = 0;
   View().job.RapidFeed = 7000;
   const JobRecord before = View().job;
-  const auto change = [](OptionFace* face) {
-    EXPECT_EQ(ListOf(face, "최소 급속이송")->currentIndex(), -1);
-    Click(face, "그림화일 생성");
-    Click(face, "정수 Ncdata");
-    Choose(face, "최소 급속이송", "20000");
-    Type(face, "NCDATA확장자", "*.tap");
+  // Opens them, changes them all and presses buttons. Returns what has changed.
+  const auto change = [&](const std::vector<Deed>& buttons) {
+    user.Does<CommandPadFace>({{"설정"}});
+    user.On<OptionFace>([&](OptionFace* face) {
+      EXPECT_EQ(ListOf(face, "최소 급속이송")->currentIndex(), -1);
+      Do(face, {{"그림화일 생성"},
+                {"정수 Ncdata"},
+                {"최소 급속이송", "20000"},
+                {"NCDATA확장자", "*.tap"}});
+      Do(face, buttons);
+    });
+    OpenCommandPad(&View());
+    return Changes(before, View().job);
   };
-  user.On<CommandPadFace>([](CommandPadFace* pad) { Click(pad, "설정"); });
-  user.On<OptionFace>([&](OptionFace* face) {
-    change(face);
-    Click(face, "저장");
-    EXPECT_TRUE(face->isVisible());
-    Click(face, "Cancel");
-  });
-  OpenCommandPad(&View());
-  EXPECT_EQ(Changes(before, View().job), "");
+  EXPECT_EQ(change({{"저장"}, {"Cancel"}}), "");
   EXPECT_TRUE(std::filesystem::exists(home / "drive_c/marlo/tvx.par"));
-
-  user.On<CommandPadFace>([](CommandPadFace* pad) { Click(pad, "설정"); });
-  user.On<OptionFace>([&](OptionFace* face) {
-    change(face);
-    Click(face, "OK");
-  });
-  OpenCommandPad(&View());
-  EXPECT_EQ(Changes(before, View().job),
-            "RapidFeed=20000 IntNcdataFlg=1 MetafileCreateChk=0 NcdataExt=*.tap");
+  EXPECT_EQ(change({{"OK"}}), "RapidFeed=20000 IntNcdataFlg=1 MetafileCreateChk=0 NcdataExt=*.tap");
 }
 
 TEST_F(DialogFaces, MasterInput) {
-  const auto change = [](MasterFace* face, const char* button) {
-    Type(face, "공구 직경", "6.5");
-    Type(face, "가공 여유", "0.25");
-    Type(face, "마스터 모델 공차", "2");
-    Click(face, button);
+  const CMasterDlg& dialog = View().masterDialog;
+  const auto change = [&](const char* button) {
+    user.Does<MasterFace>(
+        {{"공구 직경", "6.5"}, {"가공 여유", "0.25"}, {"마스터 모델 공차", "2"}, {button}});
+    window->RunCommand(32792);
+    return std::vector{dialog.MasterToolDiameter, dialog.MasterAllowance, dialog.MasterTolerance};
   };
-  user.On<MasterFace>([&](MasterFace* face) { change(face, "Cancel"); });
-  window->RunCommand(32792);
-  EXPECT_EQ(View().masterDialog.MasterToolDiameter, 10.0F);
-
-  user.On<MasterFace>([&](MasterFace* face) { change(face, "OK"); });
-  window->RunCommand(32792);
-  EXPECT_EQ(View().masterDialog.MasterToolDiameter, 6.5F);
-  EXPECT_EQ(View().masterDialog.MasterAllowance, 0.25F);
-  EXPECT_EQ(View().masterDialog.MasterTolerance, 2.0F);
+  EXPECT_EQ(change("Cancel")[0], 10.0F);
+  EXPECT_EQ(change("OK"), (std::vector{6.5F, 0.25F, 2.0F}));
 }
 
 class ConditionFaces : public DesktopTest {
  protected:
-  void OpenOptions() { window->RunCommand(32772); }
+  // Opens the send options for a user. Returns what has changed in the record.
+  std::string Run(std::function<void(SendOptionFace*)> act) {
+    const JobRecord before = View().job;
+    user.On<SendOptionFace>(std::move(act));
+    window->RunCommand(32772);
+    return Changes(before, View().job);
+  }
 };
 
 TEST_F(ConditionFaces, SendOptions) {
-  const std::filesystem::path master = home.Put("drive_c/marlo/a.mma", "");
   View().job.ConCorChk = 0;
   View().job.UpDownChk = 1;
-  const JobRecord before = View().job;
-  user.On<SendOptionFace>([](SendOptionFace* face) {
-    Type(face, "최대 피드", "2000");
-    Type(face, "최저 피드", "500");
-    Click(face, "정삭");
-    Click(face, "Z 상하향 검색");
-    Click(face, "Spindle");
+  const std::string changes = Run([this](SendOptionFace* face) {
+    Do(face,
+       {{"최대 피드", "2000"}, {"최저 피드", "500"}, {"정삭"}, {"Z 상하향 검색"}, {"Spindle"}});
     Type(face->findChildren<QLineEdit*>().at(2), "-3200");  // it has no range
+    user.OnFile(home.Put("drive_c/marlo/R&D/a.mma", ""));
     Click(face, "MMA : ");
-    EXPECT_NE(ButtonOf(face, "MMA : c:\\marlo\\a.mma"), nullptr);
-    Type(face, "최대 피드", "200000");
-    Click(face, "OK");  // refused
+    // As it is, and not the key of a button.
+    EXPECT_EQ(ButtonFrom(face, "MMA")->text(), "MMA : c:\\marlo\\R&&D\\a.mma");
+    user.Does<QMessageBox>({{"OK"}});
+    Do(face, {{"최대 피드", "200000"}, {"OK"}});  // refused
     EXPECT_TRUE(face->isVisible());
     EXPECT_EQ(face->focusWidget(), EditOf(face, "최대 피드"));
-    Type(face, "최대 피드", "2000");
-    Click(face, "OK");
+    user.Does<FileInfoFace>({{"Cancel"}});
+    Do(face, {{"최대 피드", "2000"}, {"OK"}});
   });
-  user.OnFile(master);
-  user.On<QMessageBox>([](QMessageBox* message) { message->accept(); });
-  user.On<QDialog>([](QDialog* information) { information->reject(); });
-  OpenOptions();
-  EXPECT_EQ(Changes(before, View().job),
+  EXPECT_EQ(changes,
             "AfaEnabled=1 CornerMaxRatio=0.25 SlopeMaxRatio=0.25 ConCorChk=1 UpDownChk=0 "
-            "MaxFeed=2000 AfaMasterFile=c:\\marlo\\a.mma");
+            "MaxFeed=2000 AfaMasterFile=c:\\marlo\\R&D\\a.mma");
+  EXPECT_EQ(View().results.entryCount, 0) << "the file information was refused";
   EXPECT_EQ(app.sendOptions.SpindleOn, 1);
   EXPECT_EQ(app.sendOptions.SpindleSpeed, -3200);
 }
@@ -190,96 +158,55 @@ TEST_F(ConditionFaces, AConditionFileFillsTheSendOptions) {
   condition.CornerMaxRatio = 0.5F;
   condition.SlopeMaxRatio = 0.75F;
   ASSERT_TRUE(WriteConditionFile("c:\\marlo\\afa\\a.afa", condition, 2500, files.get(), &ui));
-  const JobRecord before = View().job;
-  user.On<SendOptionFace>([](SendOptionFace* face) {
-    const auto* const spindle = face->findChildren<QLineEdit*>().at(2);
-    EXPECT_EQ(spindle->text(), "1000");
+  View().job.AfaEnabled = 1;
+  const std::string changes = Run([this](SendOptionFace* face) {
+    const auto edits = face->findChildren<QLineEdit*>();
+    EXPECT_EQ(edits[2]->text(), "1000");
     EXPECT_TRUE(ButtonOf(face, "정삭")->isChecked());
+    QAbstractButton* const big = ButtonFrom(face, "Afa조건:");
+    EXPECT_EQ(big->text().count('\n'), 12) << "a line for each value";
+    EXPECT_TRUE(big->text().contains("\n  최대피드  1000\n"));
+    user.OnFile(home / "drive_c/marlo/afa/a.afa");
     Click(face, "조건화일 :");
     EXPECT_NE(ButtonOf(face, "조건화일: a.afa"), nullptr);
-    EXPECT_EQ(EditOf(face, "최저 피드")->text(), "400");
-    EXPECT_EQ(EditOf(face, "최대 피드")->text(), "800");
-    EXPECT_EQ(spindle->text(), "2500");
+    EXPECT_TRUE(big->text().contains("\n  최대피드  800\n"));
+    EXPECT_EQ(edits[0]->text() + " " + edits[1]->text() + " " + edits[2]->text(), "400 800 2500");
     EXPECT_FALSE(ButtonOf(face, "정삭")->isChecked());
     QTest::keyClick(face, Qt::Key_Escape);
   });
-  user.OnFile(home / "drive_c/marlo/afa/a.afa");
-  OpenOptions();
-  EXPECT_EQ(Changes(before, View().job), "") << "a cancel hands nothing back";
-}
-
-TEST_F(ConditionFaces, TheBigButtonShowsTheConditionLineByLine) {
-  user.On<SendOptionFace>([](SendOptionFace* face) {
-    QAbstractButton* big = nullptr;
-    for (QAbstractButton* const button : face->findChildren<QAbstractButton*>()) {
-      if (button->text().startsWith("Afa조건:")) big = button;
-    }
-    ASSERT_NE(big, nullptr);
-    EXPECT_EQ(big->text().count('\n'), 12);
-    EXPECT_NE(big->text().indexOf("\n  최대피드  1500"), -1);
-    Type(face, "최대 피드", "1600");
-    EXPECT_NE(big->text().indexOf("\n  최대피드  1600"), -1);
-    face->reject();
-  });
-  View().job.MaxFeed = 1500;
-  OpenOptions();
-}
-
-// A folder such as "R&D" is named on the buttons as it is.
-TEST_F(ConditionFaces, AnAmpersandIsNoKey) {
-  View().job.Material = "A&B";
-  View().job.AfaMasterFile = "c:\\R&D\\a.mma";
-  user.On<SendOptionFace>([](SendOptionFace* face) {
-    QString captions;
-    for (const QAbstractButton* const button : face->findChildren<QAbstractButton*>()) {
-      captions += button->text() + "\n";
-    }
-    EXPECT_TRUE(captions.contains("MMA : c:\\R&&D\\a.mma\n"));
-    EXPECT_TRUE(captions.contains("  가공소재: A&&B\n"));
-    face->reject();
-  });
-  OpenOptions();
+  EXPECT_EQ(changes, "AfaEnabled=0") << "a cancel switches the adjustment off and no more";
 }
 
 TEST_F(ConditionFaces, MachiningCondition) {
   CAutoFeedDlg dialog(files.get(), &ui);
   JobRecord record;
-  const auto change = [&](AutoFeedFace* face) {
-    for (size_t i = 0; i + 1 < kAutoFeedFields; ++i) {
-      Type(face, AutoFeedFields()[i].label, std::to_string(i + 11));
-    }
-    Type(face, "가공소재", "황동");
-  };
-  dialog.Open(&record);
-  user.On<AutoFeedFace>([&](AutoFeedFace* face) {
-    change(face);
-    Click(face, "Cancel");
-  });
-  EXPECT_FALSE(ui.RunModal(&dialog));
-  EXPECT_EQ(Changes(JobRecord(), record), "");
-
-  dialog.Open(&record);
-  user.On<AutoFeedFace>([&](AutoFeedFace* face) {
-    change(face);
-    Click(face, "조건저장");
-    Click(face, "OK");
-  });
   const std::filesystem::path file = home / "drive_c/marlo/afa/saved.afa";
-  user.OnFile(file);
-  EXPECT_TRUE(ui.RunModal(&dialog));
+  const auto change = [&](const char* button) {
+    dialog.Open(&record);
+    user.On<AutoFeedFace>([&](AutoFeedFace* face) {
+      for (size_t i = 0; i + 1 < kAutoFeedFields; ++i) {
+        Type(face, AutoFeedFields()[i].label, std::to_string(i + 11));
+      }
+      user.OnFile(file);
+      Do(face, {{"가공소재", "황동"}, {"조건저장"}, {button}});
+    });
+    ui.RunModal(&dialog);
+    return Changes(JobRecord(), record);
+  };
   constexpr char kChanges[] =
       "ToolDiameter=11 SafetyDistance=12 CornerMinAngle=13 CornerMaxRatio=14 SlopeMinAngle=15 "
       "SlopeMaxRatio=16 MaxFeed=18 PlungeFeed=17 Material=황동";
-  EXPECT_EQ(Changes(JobRecord(), record), kChanges);
+  EXPECT_EQ(change("Cancel"), "");
+  EXPECT_EQ(change("OK"), kChanges);
 
   // What was saved comes back through the button that names the file.
   record = JobRecord();
   dialog.Open(&record);
-  user.On<AutoFeedFace>([](AutoFeedFace* face) {
+  user.On<AutoFeedFace>([&](AutoFeedFace* face) {
+    user.OnFile(file);
     Click(face, "가공조건 화일 :");
     EXPECT_EQ(EditOf(face, "최대피드")->text(), "18");
-    EXPECT_NE(ButtonOf(face, "가공조건 화일 : saved.afa"), nullptr);
-    Click(face, "OK");
+    Do(face, {{"가공조건 화일 : saved.afa"}, {"OK"}});
   });
   user.OnFile(file);
   EXPECT_TRUE(ui.RunModal(&dialog));
@@ -288,66 +215,38 @@ TEST_F(ConditionFaces, MachiningCondition) {
 
 TEST_F(ConditionFaces, FinerSettings) {
   CAfaSetupDlg dialog(&ui);
-  JobRecord record;
-  record.AfaMasterFile = "c:\\a.mma";
-  const JobRecord before = record;
-  const auto change = [](AfaSetupFace* face) {
-    Click(face, CAfaSetupDlg::kAfaByMaster);
-    Click(face, CAfaSetupDlg::kXyChgReduce);
-    Click(face, CAfaSetupDlg::kFeedChgSmooth);
-    Type(face, CAfaSetupDlg::kZupZdown, "0.5");
-    Type(face, CAfaSetupDlg::kFeedChgAng, "25");
-    const auto sliders = face->findChildren<QSlider*>();
-    EXPECT_EQ(sliders.size(), qsizetype{kWeightSliders});
-    for (qsizetype i = 0; i < sliders.size(); ++i) Drag(sliders[i], static_cast<int>(i) + 21);
+  JobRecord before;
+  before.AfaMasterFile = "c:\\a.mma";
+  // Changes them all and then does something. Returns what has changed.
+  const auto change = [&](const std::function<void(AfaSetupFace*)>& then) {
+    JobRecord record = before;
+    dialog.Open(&record);
+    user.On<AfaSetupFace>([&](AfaSetupFace* face) {
+      Do(face, {{CAfaSetupDlg::kAfaByMaster},
+                {CAfaSetupDlg::kXyChgReduce},
+                {CAfaSetupDlg::kFeedChgSmooth},
+                {CAfaSetupDlg::kZupZdown, "0.5"},
+                {CAfaSetupDlg::kFeedChgAng, "25"}});
+      int position = 20;
+      for (QSlider* const slider : face->findChildren<QSlider*>()) Drag(slider, ++position);
+      then(face);
+    });
+    ui.RunModal(&dialog);
+    return Changes(before, record);
   };
-  dialog.Open(&record);
-  user.On<AfaSetupFace>([&](AfaSetupFace* face) {
-    change(face);
-    Click(face, "Cancel");
-  });
-  EXPECT_FALSE(ui.RunModal(&dialog));
   const std::string atOnce =
       "CorWeight0=0.21 CorWeight30=0.22 CorWeight60=0.23 SideWeight0=0.24 SideWeight30=0.25 "
       "SideWeight60=0.26";
-  EXPECT_EQ(Changes(before, record), atOnce + " AfaByMaster=1")
+  EXPECT_EQ(change([](AfaSetupFace* face) { Click(face, "Cancel"); }), atOnce + " AfaByMaster=1")
       << "the switch and the sliders outlast a cancel";
-
-  record = before;
-  dialog.Open(&record);
-  user.On<AfaSetupFace>([&](AfaSetupFace* face) {
-    change(face);
-    Type(face, CAfaSetupDlg::kFeedChgAng, "x");
-    Click(face, "OK");  // refused
-    EXPECT_EQ(face->focusWidget(), EditOf(face, CAfaSetupDlg::kFeedChgAng));
-    Type(face, CAfaSetupDlg::kFeedChgAng, "25");
-    Click(face, "OK");
-  });
-  user.On<QMessageBox>([](QMessageBox* message) { message->accept(); });
-  EXPECT_TRUE(ui.RunModal(&dialog));
-  EXPECT_EQ(Changes(before, record), "FeedChgSmoothCheck=1 XyChgReduceCheck=1 FeedChgAng=25 " +
-                                         atOnce + " ZupZdown=0.5 AfaByMaster=1");
-}
-
-TEST_F(ConditionFaces, TheDialogsAreReachedFromTheSendOptions) {
-  user.On<SendOptionFace>([](SendOptionFace* face) {
-    for (QAbstractButton* const button : face->findChildren<QAbstractButton*>()) {
-      if (button->text().startsWith("Afa조건:")) button->click();
-    }
-    EXPECT_EQ(EditOf(face, "최대 피드")->text(), "1700");
-    Click(face, "Set");
-    Click(face, "GetFeed");
-    EXPECT_EQ(EditOf(face, "최대 피드")->text().toInt() > 0, true);
-    face->reject();
-  });
-  user.On<AutoFeedFace>([](AutoFeedFace* face) {
-    Type(face, "최대피드", "1700");
-    Click(face, "OK");
-  });
-  user.On<AfaSetupFace>([](AfaSetupFace* face) { Click(face, "OK"); });
-  user.On<CalculatorFace>([](CalculatorFace* face) { Click(face, "확인"); });
-  OpenOptions();
-  EXPECT_EQ(View().job.AfaEnabled, 0);
+  EXPECT_EQ(change([&](AfaSetupFace* face) {
+              user.Does<QMessageBox>({{"OK"}});
+              Do(face, {{CAfaSetupDlg::kFeedChgAng, "x"}, {"OK"}});  // refused
+              EXPECT_EQ(face->focusWidget(), EditOf(face, CAfaSetupDlg::kFeedChgAng));
+              Do(face, {{CAfaSetupDlg::kFeedChgAng, "25"}, {"OK"}});
+            }),
+            "FeedChgSmoothCheck=1 XyChgReduceCheck=1 FeedChgAng=25 " + atOnce +
+                " ZupZdown=0.5 AfaByMaster=1");
 }
 
 TEST_F(DialogFaces, Restart) {
@@ -369,8 +268,7 @@ TEST_F(DialogFaces, Restart) {
     Type(edits[1], "34");
     EXPECT_EQ(edits[0]->text(), "34");
     for (qsizetype i = 2; i < edits.size(); ++i) Type(edits[i], std::to_string(i));
-    Click(face, "Z 영역");
-    Click(face, "OK");
+    Do(face, {{"Z 영역"}, {"OK"}});
   });
   EXPECT_TRUE(ui.RunModal(&dialog));
   EXPECT_EQ(Changes(JobRecord(), options),
@@ -386,55 +284,51 @@ TEST_F(DialogFaces, Restart) {
 TEST_F(DialogFaces, Calculator) {
   CGetFeedDlg dialog(8.0F, "KP4", &ui);
   user.On<CalculatorFace>([&](CalculatorFace* face) {
-    Choose(face, "가공소재", "SKD61");
-    Choose(face, "공구 재질", CGetFeedDlg::ToolMaterialEntries().front());
-    Choose(face, "공구 날수", "4");
-    const struct {
-      const char* label;
-      const char* text;
-    } numbers[] = {{"공구 직경", "12"},      {"공구 길이", "60"},         {"공구 날길이", "40"},
-                   {"Stepover", "1.5"},      {"절삭 깊이", "2.5"},        {"최대 FEED", "9000"},
-                   {"최대 회전수", "11000"}, {"무부하 POWER(KW)", "3.5"}, {"NC POWER (KW)", "25"}};
-    for (const auto& number : numbers) Type(face, number.label, number.text);
+    Do(face, {{"가공소재", "SKD61"},
+              {"공구 재질", CGetFeedDlg::ToolMaterialEntries().front()},
+              {"공구 날수", "4"},
+              {"공구 직경", "12"},
+              {"공구 길이", "60"},
+              {"공구 날길이", "40"},
+              {"Stepover", "1.5"},
+              {"절삭 깊이", "2.5"},
+              {"최대 FEED", "9000"},
+              {"최대 회전수", "11000"},
+              {"무부하 POWER(KW)", "3.5"},
+              {"NC POWER (KW)", "25"},
+              {"고속황삭"}});
     for (const char* const result : {"Spindle 회전수", "이송 속도", "분당 절삭량"}) {
       EXPECT_TRUE(EditOf(face, result)->isReadOnly()) << result;
     }
-    Click(face, "고속황삭");
     const auto sliders = face->findChildren<QSlider*>();
     ASSERT_EQ(sliders.size(), 2);
     Drag(sliders[0], 120);
     Drag(sliders[1], 80);
     // The fields stand in the group of what they are about.
     const auto group = [&](const char* label) { return EditOf(face, label)->parentWidget(); };
-    EXPECT_EQ(group("공구 직경"), group("절삭 깊이"));
-    EXPECT_EQ(group("공구 직경"), sliders[0]->parentWidget());
-    EXPECT_EQ(group("공구 직경"), sliders[1]->parentWidget());
-    EXPECT_EQ(group("공구 직경"), ButtonOf(face, "고속황삭")->parentWidget());
+    const auto inputs = group("공구 직경")->findChildren<QWidget*>();
+    for (QWidget* const input : std::initializer_list<QWidget*>{
+             EditOf(face, "절삭 깊이"), sliders[0], sliders[1], ButtonOf(face, "고속황삭")}) {
+      EXPECT_TRUE(inputs.contains(input));
+    }
     EXPECT_EQ(group("최대 FEED"), group("NC POWER (KW)"));
     EXPECT_EQ(group("이송 속도"), group("Spindle 회전수"));
     EXPECT_NE(group("공구 직경"), group("최대 FEED"));
     EXPECT_NE(group("이송 속도"), group("최대 FEED"));
-    Type(face, "절삭 깊이", "1000");
-    Click(face, "확인");  // refused
+    user.Does<QMessageBox>({{"OK"}});
+    Do(face, {{"절삭 깊이", "1000"}, {"확인"}});  // refused
     EXPECT_EQ(face->focusWidget(), EditOf(face, "절삭 깊이"));
-    Type(face, "절삭 깊이", "2.5");
-    Click(face, "확인");
+    Do(face, {{"절삭 깊이", "2.5"}, {"확인"}});
   });
-  user.On<QMessageBox>([](QMessageBox* message) { message->accept(); });
   EXPECT_TRUE(ui.RunModal(&dialog));
   const GetFeedState& state = dialog.state;
-  EXPECT_EQ(state.workMaterial, "SKD61");
-  EXPECT_EQ(state.toolMaterial, CGetFeedDlg::ToolMaterialEntries().front());
+  EXPECT_EQ(state.workMaterial + "|" + state.toolMaterial,
+            "SKD61|" + CGetFeedDlg::ToolMaterialEntries().front());
+  EXPECT_EQ((std::vector{state.toolDiameter, state.toolLength, state.fluteLength, state.stepover,
+                         state.cutDepth, state.maxFeedRate, state.maxSpindle, state.idlePower,
+                         state.ncPower}),
+            (std::vector{12.0F, 60.0F, 40.0F, 1.5F, 2.5F, 9000.0F, 11000.0F, 3.5F, 25.0F}));
   EXPECT_EQ(state.fluteCount, 4);
-  EXPECT_EQ(state.toolDiameter, 12.0F);
-  EXPECT_EQ(state.toolLength, 60.0F);
-  EXPECT_EQ(state.fluteLength, 40.0F);
-  EXPECT_EQ(state.stepover, 1.5F);
-  EXPECT_EQ(state.cutDepth, 2.5F);
-  EXPECT_EQ(state.maxFeedRate, 9000.0F);
-  EXPECT_EQ(state.maxSpindle, 11000.0F);
-  EXPECT_EQ(state.idlePower, 3.5F);
-  EXPECT_EQ(state.ncPower, 25.0F);
   EXPECT_EQ(state.speedPercent, 120.0F);
   EXPECT_EQ(state.feedPercent, 80.0F);
   EXPECT_NE(state.highSpeedRough, 0);

@@ -1,5 +1,4 @@
-// The windows of a job: the job dialog with its lists, buttons and keys, the key-code pad, and a
-// whole job from the directory tree to the recorded results.
+// The windows of a job: the job dialog with its lists, buttons and keys, the key-code pad.
 
 #include "desktop/job_faces.h"
 
@@ -10,13 +9,13 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
+#include <QRegularExpression>
 #include <QTreeWidget>
 
 #include "desktop/condition_faces.h"
 #include "desktop/restart_face.h"
 #include "desktop_test.h"
 #include "jobs/message_table.h"
-#include "shell/job_list_run.h"
 
 namespace tvx {
 namespace {
@@ -34,31 +33,17 @@ class StartedPrograms : public Programs {
   Names started;
 };
 
-Names Texts(const QListWidget& list) {
-  Names texts;
-  for (int i = 0; i < list.count(); ++i) texts.push_back(FromQt(list.item(i)->text()));
-  return texts;
-}
-
-QPoint CentreOf(QListWidget* list, int row) {
-  return list->visualItemRect(list->item(row)).center();
-}
-
-void ClickRow(QListWidget* list, int row) {
-  ASSERT_LT(row, list->count());
-  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, CentreOf(list, row));
-}
-
 // As the system reports it: a click, and then the second press.
 void DoubleClickRow(QListWidget* list, int row) {
   ClickRow(list, row);
   QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, CentreOf(list, row));
 }
 
-void PressIn(QWidget* widget, Qt::Key key) {
+void PressIn(QWidget* widget, std::initializer_list<Qt::Key> keys) {
   QApplication::setActiveWindow(widget->window());
   widget->setFocus();
-  QTest::keyClick(widget, key);
+  for (const Qt::Key key : keys) QTest::keyClick(widget, key);
+  QApplication::processEvents();
 }
 
 QListWidget* FilesOf(QWidget* face) {
@@ -116,20 +101,19 @@ class JobFaces : public DesktopTest {
     Click(face, button);
     ExpectConsistent(face);
   }
-
-  // The next message box: what it says is one of the dialog's own texts.
-  void OnMessage(JobMessage message) {
+  // The same with what the user types on the key-code pad that opens.
+  void ClickPad(TransferFace* face, const char* button, const char* text) {
+    user.Does<KeyCodeFace>({{"", text}, {"OK"}});
+    ClickAnd(face, button);
+  }
+  // And with the message box that opens: what it says is one of the dialog's own texts.
+  void ClickMessage(TransferFace* face, const char* button, JobMessage message) {
     user.On<QMessageBox>([message](QMessageBox* box) {
       EXPECT_EQ(FromQt(box->text()), MessageOf(message).text);
       EXPECT_EQ(FromQt(box->windowTitle()), MessageOf(message).caption);
       box->accept();
     });
-  }
-  void OnPad(const char* text) {
-    user.On<KeyCodeFace>([text](KeyCodeFace* pad) {
-      Type(pad->findChild<QLineEdit*>(), text);
-      Click(pad, "OK");
-    });
+    ClickAnd(face, button);
   }
 
   JobRecord slot, working;
@@ -170,38 +154,28 @@ TEST_F(JobFaces, AClickOnTheTreeBrowsesAndASecondOneDoesNot) {
 TEST_F(JobFaces, AllIsReachedByKeys) {
   Run([&](TransferFace* face) {
     auto* const tree = face->findChild<QTreeWidget*>();
-    PressIn(tree, Qt::Key_Down);
+    PressIn(tree, {Qt::Key_Down});
     EXPECT_EQ(dialog.browser.directory, "c:\\marlo\\ncdata") << "Enter browses, not an arrow";
-    PressIn(tree, Qt::Key_Enter);
-    Settle();
+    PressIn(tree, {Qt::Key_Enter});
     EXPECT_EQ(dialog.browser.directory, "c:\\marlo\\ncdata\\sub");
-    PressIn(tree, Qt::Key_Up);
-    PressIn(tree, Qt::Key_Return);
-    Settle();
+    PressIn(tree, {Qt::Key_Up, Qt::Key_Return});
     EXPECT_EQ(dialog.browser.directory, "c:\\marlo\\ncdata");
 
-    QListWidget* const list = FilesOf(face);
-    PressIn(list, Qt::Key_Shift);
+    PressIn(FilesOf(face), {Qt::Key_Shift});
     EXPECT_EQ(dialog.selectedFile, -1) << "the focus alone selects nothing";
-    QTest::keyClick(list, Qt::Key_Down);
-    QTest::keyClick(list, Qt::Key_Down);
-    QTest::keyClick(list, Qt::Key_Return);
-    QTest::keyClick(list, Qt::Key_Up);
-    QTest::keyClick(list, Qt::Key_Enter);
-    EXPECT_TRUE(face->isVisible()) << "Enter belongs to the list";
+    PressIn(FilesOf(face), {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return, Qt::Key_Up, Qt::Key_Enter});
     EXPECT_EQ(dialog.list.names, (Names{"b.nc", "a.nc"}));
     ExpectConsistent(face);
 
     QListWidget* const entries = EntriesOf(face);
-    PressIn(entries, Qt::Key_Down);
+    PressIn(entries, {Qt::Key_Down});
     EXPECT_EQ(dialog.selectedEntry, entries->currentRow());
-    QTest::keyClick(entries, Qt::Key_Home);
+    PressIn(entries, {Qt::Key_Home});
     EXPECT_EQ(dialog.information.at(0), "화일명 : b.nc ");
-    QTest::keyClick(entries, Qt::Key_Return);
-    PressIn(InformationOf(face), Qt::Key_Down);
-    QTest::keyClick(InformationOf(face), Qt::Key_Return);
-    EXPECT_TRUE(face->isVisible());
-    PressIn(entries, Qt::Key_Delete);
+    PressIn(entries, {Qt::Key_Return});
+    PressIn(InformationOf(face), {Qt::Key_Down, Qt::Key_Return});
+    EXPECT_TRUE(face->isVisible()) << "Enter belongs to the lists";
+    PressIn(entries, {Qt::Key_Delete});
     EXPECT_EQ(dialog.list.names, Names{"a.nc"});
   });
 }
@@ -209,10 +183,8 @@ TEST_F(JobFaces, AllIsReachedByKeys) {
 TEST_F(JobFaces, TheButtonsOfTheLists) {
   home.Put("drive_c/lists/old.mcf", "File a.nc Dir X:\\lists FS 5 RT OFF Afa OFF  \r\n");
   Run([&](TransferFace* face) {
-    OnMessage(JobMessage::kNoFileSelected);
-    ClickAnd(face, "삽입");
-    OnMessage(JobMessage::kEntryIsFrozen);
-    ClickAnd(face, "삭제");
+    ClickMessage(face, "삽입", JobMessage::kNoFileSelected);
+    ClickMessage(face, "삭제", JobMessage::kEntryIsFrozen);
     for (const char* const nothing : {"화일정보", "미리보기", "편집", "K저장", "K읽기"}) {
       ClickAnd(face, nothing);  // there is no entry
     }
@@ -220,7 +192,7 @@ TEST_F(JobFaces, TheButtonsOfTheLists) {
 
     DoubleClickRow(FilesOf(face), 0);
     EXPECT_EQ(dialog.list.names, Names{"a.nc"});
-    OnMessage(JobMessage::kCannotEnter);
+    user.Does<QMessageBox>({{"OK"}});
     DoubleClickRow(FilesOf(face), 2);
     EXPECT_EQ(dialog.list.names, Names{"a.nc"}) << "an empty file is refused";
     ClickRow(EntriesOf(face), 0);
@@ -238,18 +210,19 @@ TEST_F(JobFaces, TheButtonsOfTheLists) {
     ClickAnd(face, "편집");
     EXPECT_EQ(programs.started, Names{"ed c:\\marlo\\ncdata\\a.nc"});
 
-    ClickAnd(face, "저장");
-    ClickAnd(face, "삭제");
-    EXPECT_EQ(dialog.list.names, (Names{"b.nc", "b.nc"}));
-    DoubleClickRow(EntriesOf(face), 1);
-    EXPECT_EQ(dialog.list.names, Names{"b.nc"});
-    ClickAnd(face, "청소");
-    EXPECT_EQ(dialog.list.size(), 0U);
-    ClickAnd(face, "읽기");
-    EXPECT_EQ(dialog.list.names, (Names{"b.nc", "a.nc", "b.nc"}));
     user.OnFile(home / "drive_c/lists/old.mcf");
-    ClickAnd(face, "TVX");
+    const std::pair<const char*, Names> steps[] = {{"저장", {"b.nc", "a.nc", "b.nc"}},
+                                                   {"삭제", {"b.nc", "b.nc"}},
+                                                   {"청소", {}},
+                                                   {"읽기", {"b.nc", "a.nc", "b.nc"}},
+                                                   {"TVX", {"a.nc"}}};
+    for (const auto& [button, names] : steps) {
+      ClickAnd(face, button);
+      EXPECT_EQ(dialog.list.names, names) << button;
+    }
     EXPECT_EQ(dialog.list.lines, Names{"Dir c:\\lists FS 5 RT OFF Afa OFF "});
+    DoubleClickRow(EntriesOf(face), 0);
+    EXPECT_EQ(dialog.list.names, Names());
   });
 }
 
@@ -263,11 +236,10 @@ TEST_F(JobFaces, TheMaskDecidesWhichFilesAreListed) {
     EXPECT_EQ(dialog.ListOptions.NcdataExt, "*.*");
     EXPECT_EQ(Texts(*FilesOf(face)).size(), 4U);
     EXPECT_EQ(dialog.selectedFile, -1);
-    OnPad("*.txt");
-    ClickAnd(face, "화일확장자");
+    ClickPad(face, "화일확장자", "*.txt");
     EXPECT_EQ(masks->currentText(), "*.txt");
     EXPECT_EQ(Texts(*FilesOf(face)), Names{"note.txt"});
-    user.On<KeyCodeFace>([](KeyCodeFace* pad) { Click(pad, "Cancel"); });
+    user.Does<KeyCodeFace>({{"Cancel"}});
     ClickAnd(face, "화일확장자");
     EXPECT_EQ(Texts(*FilesOf(face)), Names{"note.txt"});
   });
@@ -278,41 +250,28 @@ TEST_F(JobFaces, TheOptionsGoWithTheFilesToCome) {
     DoubleClickRow(FilesOf(face), 0);
     Click(face, CTransferDlg::kDeleteM30);
     EXPECT_EQ(dialog.ListOptions.DeleteM30, 1);
-    user.On<RestartFace>([](RestartFace* restart) {
-      Click(restart, "시퀀스 번호");
-      Type(restart->findChild<QLineEdit*>(), "120");
-      Click(restart, "OK");
-    });
+    user.Does<RestartFace>({{"시퀀스 번호"}, {"", "120"}, {"OK"}});
     Click(face, CTransferDlg::kRestartButton);
     EXPECT_NE(ButtonOf(face, "재전송: 번호->120"), nullptr);
-    user.On<SendOptionFace>([](SendOptionFace* options) {
-      Type(options, "최대 피드", "2000");
-      Click(options, "Spindle");
-      Click(options, "OK");
-    });
-    QAbstractButton* condition = nullptr;
-    for (QAbstractButton* const button : face->findChildren<QAbstractButton*>()) {
-      if (button->text().startsWith("Afa조건:")) condition = button;
-    }
-    ASSERT_NE(condition, nullptr);
+    user.Does<SendOptionFace>({{"최대 피드", "2000"}, {"Spindle"}, {"OK"}});
+    QAbstractButton* const condition = ButtonFrom(face, "Afa조건:");
     condition->click();
     EXPECT_NE(condition->text().indexOf("2000"), -1);
     DoubleClickRow(FilesOf(face), 0);
-    user.On<SendOptionFace>([](SendOptionFace* options) { Click(options, "Cancel"); });
+    user.Does<SendOptionFace>({{"Cancel"}});
     condition->click();
     EXPECT_EQ(condition->text(), "Afa조건: ");
-    user.On<RestartFace>([](RestartFace* restart) { Click(restart, "Cancel"); });
+    user.Does<RestartFace>({{"Cancel"}});
     Click(face, "재전송: 번호->120");
     DoubleClickRow(FilesOf(face), 0);
 
     const Names& lines = dialog.list.lines;
     ASSERT_EQ(lines.size(), 3U);
-    EXPECT_NE(lines[0].find("M30 ON RT OFF Afa ON "), std::string::npos) << lines[0];
-    EXPECT_NE(lines[1].find(" RT ON  1  120 Afa ON "), std::string::npos) << lines[1];
-    EXPECT_NE(lines[1].find(" MAF 2000 "), std::string::npos) << lines[1];
-    EXPECT_NE(lines[1].find(" KeyCode  S1000"), std::string::npos) << lines[1];
-    EXPECT_EQ(lines[1].find("M30"), std::string::npos) << lines[1];
-    EXPECT_NE(lines[2].find(" RT OFF Afa OFF "), std::string::npos) << lines[2];
+    EXPECT_TRUE(ToQt(lines[0]).contains("M30 ON RT OFF Afa ON ")) << lines[0];
+    const QRegularExpression second(
+        "^((?!M30).)* RT ON  1  120 Afa ON .* MAF 2000 .* KeyCode  S1000");
+    EXPECT_TRUE(ToQt(lines[1]).contains(second)) << lines[1];
+    EXPECT_TRUE(ToQt(lines[2]).contains(" RT OFF Afa OFF ")) << lines[2];
   });
 }
 
@@ -328,31 +287,33 @@ TEST_F(JobFaces, TheKeyCodeButtonsWorkOnTheSelectedRow) {
     const std::string bare = dialog.list.lines[0];
     const auto codes = [&] { return dialog.list.lines[0].substr(bare.size()); };
     for (const char* const guarded : {"K추가", "K삽입", "K삭제", "K수정", "K읽기"}) {
-      OnMessage(JobMessage::kEntryIsFrozen);  // no entry is selected
-      ClickAnd(face, guarded);
+      ClickMessage(face, guarded, JobMessage::kEntryIsFrozen);
     }
     ClickRow(EntriesOf(face), 0);
-    OnPad("G90");
-    ClickAnd(face, "K추가");
-    OnPad("S1000");
-    ClickAnd(face, "K삽입");  // no row is selected: at the end
-    EXPECT_EQ(codes(), " KeyCode  G90 S1000");
-    selectWord(face, "  S1000");
-    OnPad("G54");
-    ClickAnd(face, "K삽입");
-    EXPECT_EQ(codes(), " KeyCode  G90 G54  S1000");
-    ClickAnd(face, "K저장");
-    selectWord(face, "  G90");
-    OnPad("G91");
-    ClickAnd(face, "K수정");
-    EXPECT_EQ(codes(), " KeyCode  G91 G54  S1000");
-    selectWord(face, "  G54");
-    ClickAnd(face, "K삭제");
-    EXPECT_EQ(codes(), " KeyCode  G91   S1000");
-    ClickAnd(face, "K삭제");  // no row is selected: the last one
-    EXPECT_EQ(codes(), " KeyCode  G91   ");
-    ClickAnd(face, "K읽기");
-    EXPECT_EQ(codes(), " KeyCode  G90 G54  S1000");
+    const struct {
+      const char* row;  // selected before; null: none
+      const char* button;
+      const char* typed;  // null: no pad opens
+      const char* codes;
+    } steps[] = {
+        {nullptr, "K추가", "G90", "G90"},
+        {nullptr, "K삽입", "S1000", "G90 S1000"},  // at the end
+        {"  S1000", "K삽입", "G54", "G90 G54  S1000"},
+        {nullptr, "K저장", nullptr, "G90 G54  S1000"},
+        {"  G90", "K수정", "G91", "G91 G54  S1000"},
+        {"  G54", "K삭제", nullptr, "G91   S1000"},
+        {nullptr, "K삭제", nullptr, "G91   "},  // the last one
+        {nullptr, "K읽기", nullptr, "G90 G54  S1000"},
+    };
+    for (const auto& step : steps) {
+      if (step.row != nullptr) selectWord(face, step.row);
+      if (step.typed != nullptr) {
+        ClickPad(face, step.button, step.typed);
+      } else {
+        ClickAnd(face, step.button);
+      }
+      EXPECT_EQ(codes(), std::string(" KeyCode  ") + step.codes) << step.button;
+    }
     user.On<KeyCodeFace>([](KeyCodeFace* pad) {
       EXPECT_EQ(pad->findChild<QLineEdit*>()->text(), "S1000");
       pad->reject();
@@ -443,67 +404,6 @@ TEST_F(JobFaces, ListsStayWhereTheUserLooks) {
     EXPECT_TRUE(isVisible(EntriesOf(face), 0));
     EXPECT_TRUE(isVisible(list, row));
   });
-}
-
-// A user's whole job: three files from two folders, each with options of its own, key codes on one
-// of them, and the run.
-TEST_F(JobFaces, AWholeJob) {
-  View().job.MetafileCreateChk = 0;
-  View().job.WorkDir = "c:\\marlo";
-  user.On<TransferFace>([&](TransferFace* face) {
-    ClickFolder(face, "ncdata");
-    DoubleClickRow(FilesOf(face), 0);
-    user.On<SendOptionFace>([](SendOptionFace* options) {
-      Type(options, "최대 피드", "2000");
-      Click(options, "OK");
-    });
-    for (QAbstractButton* const button : face->findChildren<QAbstractButton*>()) {
-      if (button->text().startsWith("Afa조건:")) button->click();
-    }
-    DoubleClickRow(FilesOf(face), 1);
-    user.On<RestartFace>([](RestartFace* restart) {
-      Click(restart, "NCDATA 블록");
-      Type(restart->findChild<QLineEdit*>(), "7");
-      Click(restart, "OK");
-    });
-    Click(face, CTransferDlg::kRestartButton);
-    ClickFolder(face, "sub");
-    DoubleClickRow(FilesOf(face), 0);
-    ClickRow(EntriesOf(face), 1);
-    user.On<KeyCodeFace>([](KeyCodeFace* pad) {
-      Click(pad, "G54");
-      Click(pad, "OK");
-    });
-    Click(face, "K추가");
-    Click(face, "전송");
-  });
-  window->RunCommand(32785);
-
-  ASSERT_TRUE(user.Done());
-  ASSERT_EQ(View().results.entryCount, 3);
-  const auto& entries = View().results.entries;
-  EXPECT_EQ(entries[0].fileName, "a.nc");
-  EXPECT_EQ(entries[0].MaxFeed, 1000);
-  EXPECT_EQ(entries[0].RestartOn, 0);
-  EXPECT_EQ(entries[1].fileName, "b.nc");
-  EXPECT_EQ(entries[1].MaxFeed, 2000);
-  EXPECT_TRUE(entries[1].optionLine.ends_with(" KeyCode  G54")) << entries[1].optionLine;
-  EXPECT_EQ(entries[2].fileName, "d.nc");
-  EXPECT_EQ(entries[2].dirName, "c:\\marlo\\ncdata\\sub");
-  EXPECT_EQ(entries[2].RestartKind, 2);
-  EXPECT_EQ(entries[2].RestartNumber, 7);
-  EXPECT_EQ(entries[2].optionLine.find("KeyCode"), std::string::npos);
-  EXPECT_FLOAT_EQ(entries[0].cutLength, 210.0F);
-  EXPECT_FLOAT_EQ(entries[1].cutLength, 110.0F);
-  EXPECT_FLOAT_EQ(entries[2].cutLength, 30.0F);
-  EXPECT_EQ(View().program.store.blockCount, 2U) << "the window shows the last file";
-
-  user.On<TransferFace>([](TransferFace* face) {
-    EXPECT_EQ(EntriesOf(face)->count(), 3) << "the list comes back";
-    face->reject();
-  });
-  window->RunCommand(32785);
-  EXPECT_EQ(View().results.entryCount, 3);
 }
 
 }  // namespace

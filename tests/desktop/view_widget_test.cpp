@@ -2,12 +2,9 @@
 
 #include "desktop/view_widget.h"
 
-#include <QAbstractButton>
 #include <QImage>
 #include <QSignalSpy>
 
-#include "desktop/command_pad_face.h"
-#include "desktop/settings_faces.h"
 #include "desktop_test.h"
 
 namespace tvx {
@@ -97,6 +94,9 @@ TEST_F(ViewWidgetTest, ARightDragZoomsWhenItIsMoreThanTenPixelsBothWays) {
     Press(Qt::Key_F8);
     EXPECT_EQ(Transform().viewScale, fitted);
   }
+  DragRight({300, 200}, {11, 11});
+  DragRight({20, 20}, {-60, -60});  // a button that goes up outside does neither
+  EXPECT_GT(Transform().viewScale, 2 * fitted);
 }
 
 TEST_F(ViewWidgetTest, TheRubberBandIsShownAndLeavesThePictureIntact) {
@@ -125,31 +125,6 @@ TEST_F(ViewWidgetTest, AnExposureShowsThePictureWithoutDrawingItAgain) {
   window->resize(800, 500);
   Settle();
   EXPECT_GT(drawn.count(), 1) << "another size is another picture";
-}
-
-TEST_F(ViewWidgetTest, ALeftClickOpensTheCommandPad) {
-  user.On<CommandPadFace>([](CommandPadFace* pad) { Click(pad, "급속이송"); });
-  QTest::mouseClick(widget, Qt::LeftButton, {}, {100, 100});
-  EXPECT_EQ(View().view.RapidVisible, 0);
-
-  user.On<CommandPadFace>([](CommandPadFace* pad) { Click(pad, "취소"); });
-  QTest::mouseClick(widget, Qt::LeftButton, {}, {100, 100});
-  user.On<CommandPadFace>([](CommandPadFace* pad) { QTest::keyClick(pad, Qt::Key_Escape); });
-  QTest::mouseClick(widget, Qt::LeftButton, {}, {100, 100});
-  EXPECT_EQ(View().view.RapidVisible, 0);
-
-  user.On<CommandPadFace>([](CommandPadFace* pad) { Click(pad, "설정"); });
-  user.On<OptionFace>([](OptionFace* options) { options->reject(); });
-  QTest::mouseClick(widget, Qt::LeftButton, {}, {100, 100});
-}
-
-TEST_F(ViewWidgetTest, APadButtonIsDisabledWhileItsCommandIs) {
-  user.On<CommandPadFace>([this](CommandPadFace* pad) {
-    EXPECT_EQ(ButtonOf(pad, "Cut Time")->isEnabled(), window->IsReady(32785));
-    EXPECT_EQ(ButtonOf(pad, "TVX 출력")->isEnabled(), window->IsReady(32774));
-    pad->reject();
-  });
-  QTest::mouseClick(widget, Qt::LeftButton, {}, {100, 100});
 }
 
 }  // namespace

@@ -30,6 +30,13 @@ class CalcClientTest : public testing::Test {
     return CalcSpreadsheets(&drives_, path, patience);
   }
 
+  std::unique_ptr<SpreadsheetApplication> Started(const std::string& script,
+                                                  Milliseconds patience = Milliseconds{5000}) {
+    auto program = Fake(script, patience).Start(SpreadsheetForm::kFile);
+    EXPECT_NE(program, nullptr) << script;
+    return program;
+  }
+
   std::string InFolder(const std::string& name) const { return (dir_ / name).string(); }
 
   TempDir dir_;
@@ -84,21 +91,17 @@ TEST_F(CalcClientTest, TellsTheStepsLineByLine) {
 }
 
 TEST_F(CalcClientTest, EveryLineComesBackAsItWas) {
-  for (const std::string text :
-       {"", " ", "plain", "a\\b", "\\", "\\n", "a\nb\r\n", "=1+1", "한글"}) {
-    const auto [word, argument] = SplitCalcLine(CalcLine(kCalcText, text));
-    EXPECT_EQ(word, "text");
-    EXPECT_EQ(argument, text);
+  using Line = std::pair<std::string, std::string>;
+  for (const char* const text : {"", " ", "a\\b", "\\", "\\n", "a\nb\r\n", "=1+1", "한글"}) {
+    EXPECT_EQ(SplitCalcLine(CalcLine(kCalcText, text)), Line("text", text));
   }
-  EXPECT_EQ(SplitCalcLine("save"), std::pair(std::string("save"), std::string()));
+  EXPECT_EQ(SplitCalcLine("save"), Line("save", ""));
 }
 
 TEST_F(CalcClientTest, AProgramThatDoesNotStartIsNone) {
-  CalcSpreadsheets missing(&drives_, dir_ / "no such program");
-  EXPECT_EQ(missing.Start(SpreadsheetForm::kInteractive), nullptr);
-  CalcSpreadsheets folder(&drives_, dir_.Path());
-  EXPECT_EQ(folder.Start(SpreadsheetForm::kInteractive), nullptr);
-
+  for (const auto& path : {dir_ / "no such program", dir_.Path()}) {
+    EXPECT_EQ(CalcSpreadsheets(&drives_, path).Start(SpreadsheetForm::kInteractive), nullptr);
+  }
   for (const char* const script : {
            "exit 0", "exit 3", "kill -9 $$", "echo failed there is no display", "echo nonsense",
            "echo", "printf done",                          // the last without the end of its line
@@ -112,57 +115,43 @@ TEST_F(CalcClientTest, AProgramThatDoesNotStartIsNone) {
   }
 }
 
-TEST_F(CalcClientTest, AProgramThatDiesFailsThatStepAndAllLaterOnes) {
-  for (size_t dead = 0; dead < std::size(kSteps); ++dead) {
-    // Once before it reads the step, once in the middle of it.
-    for (const char* const death : {"exit 1", "read line; kill -9 $$"}) {
-      auto spreadsheets = Fake(AnswerSteps(dead, death));
-      const auto program = spreadsheets.Start(SpreadsheetForm::kFile);
-      ASSERT_NE(program, nullptr);
+TEST_F(CalcClientTest, AfterADeathOrASilenceThatStepAndAllLaterOnesFail) {
+  const struct {
+    const char* then;
+    const char* problem;
+  } ends[] = {{"exit 1", "the program has ended"},
+              {"read line; kill -9 $$", "the program has ended"},  // in the middle of a step
+              {"sleep 100", "the program does not answer"}};
+  for (const auto& end : ends) {
+    for (const size_t good : {size_t{0}, size_t{3}, std::size(kSteps) - 1}) {
+      SCOPED_TRACE(end.then + std::string(" behind ") + std::to_string(good));
+      const auto program = Started(AnswerSteps(good, end.then), Milliseconds{300});
       const auto start = Clock::now();
       for (size_t i = 0; i < std::size(kSteps); ++i) {
-        EXPECT_EQ(kSteps[i](program.get()), i < dead) << death << " at " << dead << ", step " << i;
+        EXPECT_EQ(kSteps[i](program.get()), i < good) << "step " << i;
       }
-      EXPECT_EQ(program->Problem(), "the program has ended");
+      EXPECT_EQ(program->Problem(), end.problem);
       EXPECT_LT(Clock::now() - start, kWithinSeconds);
     }
   }
 }
 
-TEST_F(CalcClientTest, AProgramThatFallsSilentIsGivenUp) {
-  for (const size_t silent : {size_t{0}, size_t{3}, std::size(kSteps) - 1}) {
-    auto spreadsheets = Fake(AnswerSteps(silent, "sleep 100"), Milliseconds{300});
-    const auto program = spreadsheets.Start(SpreadsheetForm::kFile);
-    ASSERT_NE(program, nullptr);
-    const auto start = Clock::now();
-    for (size_t i = 0; i < std::size(kSteps); ++i) {
-      EXPECT_EQ(kSteps[i](program.get()), i < silent) << "silent at " << silent << ", step " << i;
-    }
-    EXPECT_LT(Clock::now() - start, kWithinSeconds);
-    EXPECT_EQ(program->Problem(), "the program does not answer");
-  }
-}
-
 // A text that fills the channel would block the sender for ever.
 TEST_F(CalcClientTest, AProgramThatDoesNotReadIsGivenUp) {
-  auto spreadsheets = Fake("echo done; sleep 100", Milliseconds{300});
-  const auto program = spreadsheets.Start(SpreadsheetForm::kFile);
-  ASSERT_NE(program, nullptr);
+  const auto program = Started("echo done; sleep 100", Milliseconds{300});
   const auto start = Clock::now();
   EXPECT_FALSE(program->PutValue(std::string(size_t{4} << 20, 'x')));
   EXPECT_LT(Clock::now() - start, kWithinSeconds);
 }
 
 TEST_F(CalcClientTest, TheReasonOfAFailureIsToldOnce) {
-  auto spreadsheets =
-      Fake(AnswerSteps(1, "read line; printf '%s\\n' 'failed C:\\\\x is \\n odd'; read line"));
-  const auto program = spreadsheets.Start(SpreadsheetForm::kFile);
-  ASSERT_NE(program, nullptr);
+  const auto program =
+      Started(AnswerSteps(1, "read line; printf '%s\\n' 'failed C:\\\\x is \\n odd'; read line"));
   EXPECT_TRUE(program->OpenWorkbook("z:\\tmp\\a.xls"));
   EXPECT_FALSE(program->SelectSheet(1));
   EXPECT_FALSE(program->Save());
   EXPECT_EQ(program->Problem(), "C:\\x is \n odd");
-  EXPECT_FALSE(Fake("echo done; exit").Start(SpreadsheetForm::kFile)->OpenWorkbook("q:\\no drive"));
+  EXPECT_FALSE(Started("echo done; exit")->OpenWorkbook("q:\\no drive"));
 }
 
 // Also true for a zombie, which waits for a process that is not ours to reap it.
@@ -180,17 +169,14 @@ bool HasEnded(pid_t process) {
 TEST_F(CalcClientTest, NothingIsLeftRunning) {
   const std::string log = InFolder("pid");
   for (const char* const then : {"read line; exit 0", "kill -9 $$", "trap '' TERM; sleep 100"}) {
-    auto spreadsheets =
-        Fake("sleep 1000 & echo $! >" + log + "; echo done; " + then, Milliseconds{300});
-    auto program = spreadsheets.Start(SpreadsheetForm::kFile);
-    ASSERT_NE(program, nullptr);
+    auto program =
+        Started("sleep 1000 & echo $! >" + log + "; echo done; " + then, Milliseconds{300});
     if (std::string_view(then).starts_with("read")) {
       program.reset();
     } else {
       EXPECT_FALSE(program->SelectSheet(1));
     }
-    const pid_t left = std::stoi(HostBytes(log));
-    EXPECT_TRUE(HasEnded(left)) << then;
+    EXPECT_TRUE(HasEnded(std::stoi(HostBytes(log)))) << then;
   }
 }
 

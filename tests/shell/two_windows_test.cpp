@@ -1,14 +1,8 @@
 // Two windows of one program: what each has for itself, and what all share.
-#include <gtest/gtest.h>
-
-#include "jobs/key_code_pad.h"
 #include "model/block_list.h"
 #include "shell/configuration.h"
-#include "shell/lists.h"
-#include "shell/user_keys.h"
 #include "shell/view_operations.h"
-#include "support/memory_files.h"
-#include "support/scripted_ui.h"
+#include "shell_test.h"
 
 namespace tvx {
 namespace {
@@ -17,44 +11,33 @@ std::string Text(double value) {
   return std::to_string(value);
 }
 
-// One part of a window's state as a text that tells any change of it.
-struct Part {
-  const char* name;
-  std::string (*of)(CTVXView& view);
-};
+// The parts of a window's state, each as a text that tells any change of it.
+std::vector<std::string> Parts(const CTVXView& view) {
+  return {
+      "the stored moves " + BlockList(view.program.store),
+      "FeedBase " + Text(view.program.FeedBase),
+      "the file name " + view.fileName,
+      "the angles " + Text(view.view.transform.rotX),
+      "the scale " + Text(view.view.transform.viewScale),
+      "the pan " + Text(view.view.transform.panX),
+      "RapidVisible " + Text(view.view.RapidVisible),
+      "the working record " + Text(view.job.MaxFeed),
+      "RapidShown of the record " + Text(view.job.RapidShown),
+      "the job list " + view.job.FileNames[0],
+      "the options " + Text(view.job.RapidFeed),
+      "the current result " + view.fileInfo.current.fileName,
+      "the result table " + Text(view.results.entryCount),
+      "the first result " + view.results.entries[0].fileName,
+      "the master dialog " + Text(view.masterDialog.MasterTolerance),
+      "the master model " + Text(view.masterGrid.ModelBuilt),
+      "the command pad " + Text(view.commandPad.settings),
+      "the job dialog " + view.transferDialog.selectedName,
+  };
+}
 
-const Part kParts[] = {
-    {"the stored moves", [](CTVXView& v) { return BlockList(v.program.store); }},
-    {"FeedBase", [](CTVXView& v) { return Text(v.program.FeedBase); }},
-    {"the file name", [](CTVXView& v) { return v.fileName; }},
-    {"the angles", [](CTVXView& v) { return Text(v.view.transform.rotX); }},
-    {"the scale", [](CTVXView& v) { return Text(v.view.transform.viewScale); }},
-    {"the pan", [](CTVXView& v) { return Text(v.view.transform.panX); }},
-    {"RapidVisible", [](CTVXView& v) { return Text(v.view.RapidVisible); }},
-    {"the working record", [](CTVXView& v) { return Text(v.job.MaxFeed); }},
-    {"RapidShown of the record", [](CTVXView& v) { return Text(v.job.RapidShown); }},
-    {"the job list", [](CTVXView& v) { return v.job.FileNames[0]; }},
-    {"the options", [](CTVXView& v) { return Text(v.job.RapidFeed); }},
-    {"the current result", [](CTVXView& v) { return v.fileInfo.current.fileName; }},
-    {"the result table", [](CTVXView& v) { return Text(v.results.entryCount); }},
-    {"the first result", [](CTVXView& v) { return v.results.entries[0].fileName; }},
-    {"the master dialog", [](CTVXView& v) { return Text(v.masterDialog.MasterTolerance); }},
-    {"the master model", [](CTVXView& v) { return Text(v.masterGrid.ModelBuilt); }},
-    {"the command pad", [](CTVXView& v) { return Text(v.commandPad.settings); }},
-    {"the job dialog", [](CTVXView& v) { return v.transferDialog.selectedName; }},
-};
-
-class TwoWindows : public testing::Test {
+class TwoWindows : public ShellTest {
  protected:
-  TwoWindows() {
-    std::string raster = "G90 G0 X0 Y0 Z9\nG1 Z1 F700\n";
-    for (int line = 0; line < 60; ++line) {
-      raster += "X" + std::to_string(line % 2 == 0 ? 60 : 0) + "\nY" + std::to_string(line) + "\n";
-    }
-    files.Put("c:\\marlo\\ncdata\\part.nc", raster);
-    app.InitApplication();
-    files.SetCurrentDirectory("c:\\marlo\\ncdata");
-  }
+  TwoWindows() { files.Put("c:\\marlo\\ncdata\\part.nc", Surface()); }
 
   static void Size(CTVXView* view) {
     view->view.transform.sizedWidth = view->view.transform.clientWidth = 800;
@@ -66,35 +49,21 @@ class TwoWindows : public testing::Test {
     RunViewAction(view, Action::kLoad);
   }
 
-  void OnJobs(std::function<void(CTransferDlg*)> act, bool accepts) {
-    ui.OnDialog<CTransferDlg>([act = std::move(act), accepts](CTransferDlg* dialog) {
-      act(dialog);
-      if (accepts) dialog->Accept();
-      return accepts;
-    });
-  }
-
-  MemoryFiles files;
-  ScriptedUi ui;
-  CTVXApp app{&files, &ui};
+  CTVXView first{&app};
+  CTVXView second{&app};
 };
 
 // Each part changes in the window that is worked in, and in no other.
 TEST_F(TwoWindows, EachHasAStateOfItsOwn) {
-  CTVXView first(&app);
-  CTVXView second(&app);
   Size(&first);
   Size(&second);
-  std::vector<std::string> before;
-  for (const Part& part : kParts) before.push_back(part.of(first));
+  const std::vector<std::string> before = Parts(first);
 
   first.job.MetafileCreateChk = 0;
-  OnJobs(
-      [](CTransferDlg* dialog) {
-        dialog->list.Insert(0, "part.nc", "Dir c:\\marlo\\ncdata FS 5 RT OFF Afa OFF ");
-        dialog->SelectEntry(0);
-      },
-      true);
+  OnJobs(true, [](CTransferDlg* dialog) {
+    dialog->list.Insert(0, "part.nc", kPlainLine);
+    dialog->SelectEntry(0);
+  });
   RunViewAction(&first, Action::kRunJobList);
   LoadPart(&first);
   ui.OnDialog<CMasterDlg>([](CMasterDlg* dialog) {
@@ -103,10 +72,7 @@ TEST_F(TwoWindows, EachHasAStateOfItsOwn) {
   });
   RunViewAction(&first, Action::kMasterBuild);
   LoadPart(&first);
-  ui.OnDialog<CSendOptionDlg>([](CSendOptionDlg* dialog) {
-    dialog->EditTopFeed("2000");
-    return dialog->Accept() == Closing::kAccepted;
-  });
+  OnOptions("2000");
   ui.OnDialog<CFileInfoDlg>([](CFileInfoDlg*) { return true; });
   RunViewAction(&first, Action::kSingleCutTime);
   ui.OnDialog<CCommandPadDlg>([](CCommandPadDlg* pad) {
@@ -125,15 +91,14 @@ TEST_F(TwoWindows, EachHasAStateOfItsOwn) {
   RunViewAction(&first, Action::kToggleRapids);
   RunViewAction(&first, Action::kToggleRapids);
 
-  for (size_t i = 0; i < std::size(kParts); ++i) {
-    EXPECT_NE(kParts[i].of(first), before[i]) << kParts[i].name << " was not put to the test";
-    EXPECT_EQ(kParts[i].of(second), before[i]) << kParts[i].name;
+  EXPECT_EQ(Parts(second), before);
+  const std::vector<std::string> after = Parts(first);
+  for (size_t i = 0; i < before.size(); ++i) {
+    EXPECT_NE(after[i], before[i]) << "was not put to the test";
   }
 }
 
 TEST_F(TwoWindows, ShareTheConfiguration) {
-  CTVXView first(&app);
-  CTVXView second(&app);
   files.MakeDirectory("c:\\env");
   ui.OnDialog<CDirSetupDlg>([](CDirSetupDlg* dialog) {
     dialog->values.EnvDir = "c:\\env";
@@ -152,44 +117,20 @@ TEST_F(TwoWindows, ShareTheConfiguration) {
   EXPECT_EQ(CTVXView(&app).job.WorkDir, "c:\\later");
 }
 
-TEST_F(TwoWindows, ShareTheExtensionList) {
-  CTVXView first(&app);
+TEST_F(TwoWindows, ShareTheMasksTheJobSlotAndTheSpindleSpeed) {
   files.Put("c:\\marlo\\fileext.txt", "*.mine");
-  const CTVXView second(&app);
-  OnJobs([](CTransferDlg* dialog) { EXPECT_EQ(dialog->masks.at(0), "*.mine"); }, false);
-  RunViewAction(&first, Action::kRunJobList);
-}
-
-TEST_F(TwoWindows, ShareTheJobSlotTheSpindleSpeedAndTheUserKeys) {
-  CTVXView first(&app);
-  CTVXView second(&app);
+  const CTVXView third(&app);
   first.job.MetafileCreateChk = 0;
-  OnJobs(
-      [](CTransferDlg* dialog) {
-        dialog->list.Insert(0, "part.nc", "Dir c:\\marlo\\ncdata FS 5 RT OFF Afa OFF ");
-        dialog->SpindleSpeed = 4321;
-      },
-      true);
+  OnJobs(true, [](CTransferDlg* dialog) {
+    EXPECT_EQ(dialog->masks.at(0), "*.mine") << "as the third window read it";
+    dialog->list.Insert(0, "part.nc", kPlainLine);
+    dialog->SpindleSpeed = 4321;
+  });
   RunViewAction(&first, Action::kRunJobList);
   EXPECT_EQ(app.JobSlots[1].FileNames[0], "part.nc");
-  ui.OnDialog<CKeyCodeDlg>([](CKeyCodeDlg* pad) {
-    pad->Press("M08");
-    return pad->Accept() == Closing::kAccepted;
-  });
-  EditUserKey(3, &app.UserKeys, &ui);
-
-  OnJobs(
-      [](CTransferDlg* dialog) {
-        EXPECT_EQ(dialog->list.size(), 0U) << "the window's own list went into the slot";
-        EXPECT_EQ(dialog->SpindleSpeed, 4321);
-        dialog->NewMask();
-      },
-      false);
-  ui.OnDialog<CKeyCodeDlg>([](CKeyCodeDlg* pad) {
-    pad->Clear();
-    pad->PressUserKey(3);
-    EXPECT_EQ(pad->field, "M08 ");
-    return false;
+  OnJobs(false, [](CTransferDlg* dialog) {
+    EXPECT_EQ(dialog->list.size(), 0U) << "the window's own list went into the slot";
+    EXPECT_EQ(dialog->SpindleSpeed, 4321);
   });
   RunViewAction(&second, Action::kRunJobList);
   EXPECT_EQ(app.JobSlots[1].FileNames[0], "");
@@ -198,25 +139,18 @@ TEST_F(TwoWindows, ShareTheJobSlotTheSpindleSpeedAndTheUserKeys) {
 // What one file leaves in force, the next one starts with, whatever window it is loaded in.
 TEST_F(TwoWindows, ShareTheModalStateOfTheParser) {
   files.Put("c:\\marlo\\ncdata\\modal.nc", "X5\n");
-  CTVXView second(&app);
   LoadProgram(&second, "c:\\marlo\\ncdata\\modal.nc");
-  const std::string before = BlockList(second.program.store);
-  CTVXView first(&app);
+  EXPECT_NE(second.program.store.Peek(0)->type, BlockCut);
   LoadPart(&first);
   LoadProgram(&second, "c:\\marlo\\ncdata\\modal.nc");
-  EXPECT_NE(BlockList(second.program.store), before);
   EXPECT_EQ(second.program.store.Peek(0)->type, BlockCut) << "as the other file ended";
 }
 
 TEST_F(TwoWindows, ShareTheSendOptionsOfASingleCutTime) {
-  CTVXView first(&app);
-  CTVXView second(&app);
-  int32_t spindleOn = 0;
   for (CTVXView* const view : {&first, &second}) {
     ui.OnDialog<CSendOptionDlg>([&](CSendOptionDlg* dialog) {
-      EXPECT_EQ(dialog->SpindleOn, spindleOn);
+      EXPECT_EQ(dialog->SpindleOn, view == &first ? 0 : 1);
       dialog->ToggleSpindle();
-      spindleOn = dialog->SpindleOn;
       return false;
     });
     RunViewAction(view, Action::kSingleCutTime);

@@ -1,0 +1,191 @@
+// From a loaded program, or a whole list of them, through the dialogs to the recorded results.
+#include <algorithm>
+
+#include "model/block_list.h"
+#include "shell/cut_time_commands.h"
+#include "shell/job_list_run.h"
+#include "shell_test.h"
+
+namespace tvx {
+namespace {
+
+// The transfer program runs.
+class TransferProgram : public Programs {
+ public:
+  bool Start(const std::string& /*program*/, const std::string& /*path*/) override { return true; }
+  bool HasWindowOfClass(const std::string& windowClass) override { return windowClass == "TRNW"; }
+  void Quit() override { ++quits; }
+  int quits = 0;
+};
+
+// Three cuts: down 10 mm, then 100 mm each way round a corner, at a programmed feed of 500.
+constexpr char kProgram[] = "G90 G0 X0 Y0 Z10\nG1 Z0 F500\nX100\nY100\nG0 Z10\n";
+
+class Runs : public ShellTest {
+ protected:
+  Runs() {
+    files.Put("c:\\marlo\\ncdata\\a.nc", kProgram);
+    files.Put("c:\\marlo\\ncdata\\b.nc", kProgram);
+  }
+
+  void OnEntries(const std::vector<std::pair<std::string, std::string>>& entries) {
+    OnJobs(true, [entries](CTransferDlg* dialog) {
+      for (const auto& [name, line] : entries) dialog->list.Insert(dialog->list.size(), name, line);
+    });
+  }
+
+  CTVXView view{&app};
+};
+
+class SingleCutTime : public Runs {
+ protected:
+  SingleCutTime() {
+    LoadNcFile("a.nc", &view.program, &app.parserStates, &view.job, &files, &ui);
+    view.fileName = "a.nc";
+  }
+};
+
+TEST_F(SingleCutTime, FromTheOptionsToTheEntryAndItsPicture) {
+  view.fileInfo.current.dirName = "c:\\run";
+  view.fileInfo.current.optionLine = "the last run's line";
+  OnOptions("2000");
+  ui.OnDialog<CFileInfoDlg>([&](CFileInfoDlg* info) {
+    EXPECT_EQ(std::ranges::count(info->Lines(), "최대피드  2000"), 1);
+    EXPECT_EQ(view.results.entryCount, 0);
+    return true;
+  });
+  SingleCutTimeCommand(&view);
+
+  EXPECT_EQ(ui.log, (std::vector<std::string>{"dialog", "repaint", "dialog"}));
+  EXPECT_EQ(view.job.MaxFeed, 2000);
+  EXPECT_EQ(view.program.FeedBase, 2000);
+  ASSERT_EQ(view.results.entryCount, 1);
+  const CutTimeEntry& entry = view.results.entries[0];
+  EXPECT_EQ(entry.fileName + "|" + entry.pictureName + "|" + entry.dirName + "|" + entry.optionLine,
+            "a.nc|a.nc.emf|c:\\run|the last run's line");
+  EXPECT_EQ(entry.AfaEnabled, 1);
+  EXPECT_EQ(entry.cutLength, 210.0F);
+  // The header of an enhanced metafile.
+  EXPECT_EQ(files.Bytes("c:\\marlo\\ncdata\\a.nc.emf").substr(40, 4), " EMF");
+}
+
+TEST_F(SingleCutTime, StopsAtTheDialogThatIsRefused) {
+  const std::string before = BlockList(view.program.store);
+  ui.OnDialog<CSendOptionDlg>([](CSendOptionDlg* options) {
+    options->EditTopFeed("2000");
+    return options->Cancel() == Closing::kAccepted;
+  });
+  SingleCutTimeCommand(&view);
+  EXPECT_EQ(BlockList(view.program.store), before);
+  EXPECT_EQ(view.job.MaxFeed, 1000);
+  EXPECT_EQ(view.fileInfo.current.fileName, "");
+
+  OnOptions("2000");
+  ui.OnDialog([](Dialog*) { return false; });
+  SingleCutTimeCommand(&view);
+  EXPECT_NE(BlockList(view.program.store), before);
+  EXPECT_EQ(view.results.entryCount, 0);
+  EXPECT_EQ(view.fileInfo.current.cutLength, 210.0F);
+  EXPECT_FALSE(files.Exists("c:\\marlo\\ncdata\\a.nc.emf"));
+}
+
+TEST_F(SingleCutTime, PicturesUntilTheTableIsFull) {
+  view.fileInfo.current.fileName = "a.nc";
+  view.fileInfo.current.pictureName = "older.emf";
+  files.RefuseCreation("c:\\marlo\\ncdata\\a.nc.emf");
+  EXPECT_EQ(RecordResultEntry(&view), 1);
+  EXPECT_EQ(view.results.entries[0].pictureName, "a.nc.emf");
+
+  view.job.MetafileCreateChk = 0;
+  for (int32_t i = 2; i <= 300; ++i) EXPECT_EQ(RecordResultEntry(&view), i);
+  EXPECT_EQ(view.results.entries[299].pictureName, "");
+  EXPECT_TRUE(ui.log.empty());
+
+  view.job.MetafileCreateChk = 1;
+  view.fileInfo.current.fileName = "b.nc";
+  EXPECT_EQ(RecordResultEntry(&view), 300);
+  EXPECT_EQ(ui.statusTexts.size(), 1U);
+  EXPECT_FALSE(files.Exists("c:\\marlo\\ncdata\\b.nc.emf"));
+}
+
+class JobListRun : public Runs {
+ protected:
+  JobListRun() { view.job.MetafileCreateChk = 0; }
+};
+
+TEST_F(JobListRun, RecordsEveryEntryWithItsOwnOptions) {
+  OnEntries({{"gone.nc", "Dir c:\\marlo\\ncdata Afa OFF "},
+             {"b.nc", "Dir c:\\marlo\\ncdata FS 7 RT ON 1 77 Afa ON TD 10.0 MAF 2000 "},
+             {"a.nc", kPlainLine}});
+  RunJobList(&view);
+  ASSERT_EQ(view.results.entryCount, 3);
+  std::string recorded;
+  for (const CutTimeEntry& entry : view.results.Recorded()) {
+    recorded +=
+        Format("%s AFA %d MAF %d ", entry.fileName.c_str(), entry.AfaEnabled, entry.MaxFeed) +
+        (entry.cutLength == 0      ? "empty\n"
+         : entry.averageFeed > 500 ? "faster\n"
+                                   : "\n");
+  }
+  EXPECT_EQ(recorded,
+            "gone.nc AFA 0 MAF 1000 empty\nb.nc AFA 1 MAF 2000 faster\na.nc AFA 0 MAF 2000 \n");
+  EXPECT_EQ(view.results.entries[2].dirName, "c:\\marlo\\ncdata");
+  EXPECT_EQ(view.results.entries[2].optionLine, kPlainLine);
+  EXPECT_EQ(view.program.store.blockCount, 5U) << "the window shows the last file";
+
+  // The list comes back. The lines of the run were read for the dialog as well: an entry whose
+  // line has no size shows that of the last one read.
+  OnJobs(false, [](CTransferDlg* dialog) {
+    EXPECT_EQ(dialog->list.size(), 3U);
+    dialog->SelectEntry(0);
+    EXPECT_EQ(dialog->information.at(2), "FileSize 5 Byte");
+  });
+  RunJobList(&view);
+}
+
+TEST_F(JobListRun, EndsAtTheDialogOrTheTransferProgram) {
+  app.rememberedSpindle = -5;
+  view.job.KeyCodeOn = view.job.KeyCodeCount = 2;
+  OnJobs(false, [this](CTransferDlg* dialog) {
+    EXPECT_EQ(app.JobSlots[1].KeyCodeOn + app.JobSlots[1].KeyCodeCount, 0);
+    EXPECT_EQ(dialog->SpindleSpeed, 1000);
+    dialog->SpindleSpeed = 2000;
+  });
+  RunJobList(&view);
+  EXPECT_EQ(app.rememberedSpindle, -5) << "only an accepted dialog changes it";
+  OnEntries({});
+  RunJobList(&view);
+  EXPECT_EQ(view.results.entryCount, 0);
+
+  TransferProgram programs;
+  CTVXApp other(&files, &ui, &programs);
+  CTVXView itsView(&other);
+  RunJobList(&itsView);
+  EXPECT_EQ(programs.quits, 1);
+}
+
+TEST_F(JobListRun, MastersAreReadOnceInARowAndBuiltWhereMissing) {
+  for (const char* const name : {"c:\\a.nc", "c:\\b.nc"}) files.Put(name, Surface());
+  const auto line = [](const char* master) {
+    return std::string("Dir c:\\marlo\\ncdata FS 5 RT OFF Afa ON TD 10.0 MMA ") + master + " ";
+  };
+  const auto run = [&] {
+    OnEntries({{"a.nc", line("c:\\a.nc.mma")},
+               {"b.nc", line("c:\\a.nc.mma")},
+               {"a.nc", line("c:\\b.nc.mma")},
+               {"b.nc", line("c:\\a.nc.mma")}});
+    view.job.FileNames[0].clear();
+    files.opened.clear();
+    RunJobList(&view);
+    std::string masters;
+    for (const std::string& path : files.opened) {
+      if (path.ends_with(".mma")) masters += path.substr(3, 1);
+    }
+    return masters;
+  };
+  EXPECT_EQ(run(), "a") << "both were missing; a is read again after b took its place";
+  EXPECT_EQ(run(), "aba");
+}
+
+}  // namespace
+}  // namespace tvx
