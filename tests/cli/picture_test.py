@@ -38,7 +38,7 @@ def svg_drawing(root):
 class Pictures(unittest.TestCase):
     VIEW = ("--afa", "--size", "640x400", "--view", "5", "--hide-rapids")
     # Arms of the axes beyond 16 bits, moves beyond the limit, arcs of more chords than a run holds.
-    CLOSE_UP = ("--view", "2", "--scale", "500", "--pan", "80,0")
+    CLOSE_UPS = [("--view", "2", "--scale", "500", "--pan", pan) for pan in ("80,0", "-80,0")]
     CONVERSATIONAL = ("--set", "InputFileType=2")
 
     def setUp(self):
@@ -70,7 +70,8 @@ class Pictures(unittest.TestCase):
                 read_metafile.main(picture, calls)
 
         self.for_each_example(".emf", check)
-        self.for_each_example(".emf", check, self.CLOSE_UP)
+        for view in self.CLOSE_UPS:
+            self.for_each_example(".emf", check, view)
 
     def test_svg(self):
         def check(picture, calls):

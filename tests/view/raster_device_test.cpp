@@ -53,7 +53,7 @@ TEST(RasterDevice, DrawsLinesWithBothEnds) {
   } cases[] = {
       {{1, 1}, {1, 1}, "|.....|.#...|....."}, {{0, 0}, {4, 2}, "|#....|.##..|...##"},
       {{4, 1}, {0, 1}, "|.....|#####|....."}, {{2, 2}, {2, 0}, "|..#..|..#..|..#.."},
-      {{0, 2}, {2, 0}, "|..#..|.#...|#...."},
+      {{0, 2}, {2, 0}, "|..#..|.#...|#...."}, {{3, 2}, {2, 0}, "|..#..|..#..|...#."},
   };
   for (const auto& c : cases) {
     Canvas canvas(5, 3);
@@ -79,16 +79,18 @@ TEST(RasterDevice, TheOriginIsTheCoordinateOfTheFirstPixel) {
   EXPECT_EQ(device.texts()[0].point, (Pixel{7, 8}));
 }
 
-TEST(RasterDevice, DashesGoOnFromLineToLineUntilAMove) {
-  Canvas canvas(60, 1);
+TEST(RasterDevice, DashesGoOnFromLineToLineUntilAMoveOrANewPen) {
+  Canvas canvas(80, 1);
   RasterDevice device(canvas.image(), {0, 0});
   device.SelectPen(penRapid);
   device.MoveTo({0, 0});
   for (int32_t x = 5; x <= 40; x += 5) device.LineTo({x, 0});
-  device.MoveTo({50, 0});
-  device.LineTo({59, 0});
-  EXPECT_EQ(canvas.Text(),
-            "|" + std::string(18, '#') + "......" + std::string(17, '#') + ".........##########");
+  device.SelectPen(penRapid);
+  device.LineTo({64, 0});
+  device.MoveTo({70, 0});
+  device.LineTo({79, 0});
+  EXPECT_EQ(canvas.Text(), "|" + std::string(18, '#') + "......" + std::string(16 + 18, '#') +
+                               "......#....." + std::string(10, '#'));
 }
 
 // A line that leaves the image covers the same pixels as on an image that holds all of it.
