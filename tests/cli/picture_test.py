@@ -37,6 +37,8 @@ def svg_drawing(root):
 
 class Pictures(unittest.TestCase):
     VIEW = ("--afa", "--size", "640x400", "--view", "5", "--hide-rapids")
+    # Arms of the axes beyond 16 bits, moves beyond the limit, arcs of more chords than a run holds.
+    CLOSE_UPS = [("--view", "2", "--scale", "500", "--pan", pan) for pan in ("80,0", "-80,0")]
     CONVERSATIONAL = ("--set", "InputFileType=2")
 
     def setUp(self):
@@ -51,13 +53,13 @@ class Pictures(unittest.TestCase):
         self.assertEqual((run.returncode, run.stderr), (0, b""), arguments)
         return run.stdout
 
-    def for_each_example(self, ending, check):
+    def for_each_example(self, ending, check, view=VIEW):
         """Calls check with the picture file and the file of the calls of each example."""
         for program in sorted(EXAMPLES.glob("*nc")):
             picture, calls = self.folder / f"out{ending}", self.folder / "calls.txt"
             with self.subTest(program.name):
                 file_type = self.CONVERSATIONAL if program.suffix == ".hnc" else ()
-                options = (*self.VIEW, *file_type, program)
+                options = (*view, *file_type, program)
                 self.run_tool("picture", "-o", picture, *options)
                 calls.write_bytes(self.run_tool("draw", "--as-picture", *options))
                 check(picture, calls)
@@ -68,6 +70,8 @@ class Pictures(unittest.TestCase):
                 read_metafile.main(picture, calls)
 
         self.for_each_example(".emf", check)
+        for view in self.CLOSE_UPS:
+            self.for_each_example(".emf", check, view)
 
     def test_svg(self):
         def check(picture, calls):

@@ -22,7 +22,7 @@ class MemoryFiles : public Files {
   // Puts a file there, with the directories that lead to it.
   void Put(const std::string& path, std::string_view bytes);
   void MakeDirectory(const std::string& path);
-  void Remove(const std::string& path);
+  void Remove(const std::string& path) { nodes_.erase(Key(path)); }
   // The bytes of a file; a test failure and "" if there is none.
   std::string Bytes(const std::string& path) const;
   // The full paths of all files as they were first written, in order without regard to case.
@@ -35,21 +35,34 @@ class MemoryFiles : public Files {
   // The count-th Commit from now on fails.
   void RefuseCommit(int count) { commitsLeft_ = count; }
   // A file of this name, there or not, cannot be written.
-  void RefuseCreation(const std::string& path);
+  void RefuseCreation(const std::string& path) { noCreation_.insert(Key(path)); }
   // A file of this name cannot be read.
-  void RefuseOpening(const std::string& path);
+  void RefuseOpening(const std::string& path) { noOpening_.insert(Key(path)); }
 
   std::unique_ptr<InputFile> OpenForReading(const std::string& path) override;
-  std::unique_ptr<InputFile> OpenOrCreateForReading(const std::string& path) override;
+  std::unique_ptr<InputFile> OpenOrCreateForReading(const std::string& path) override {
+    if (!Exists(path) && CanCreate(path)) Put(path, "");
+    return OpenForReading(path);
+  }
   std::unique_ptr<OutputFile> Create(const std::string& path) override;
-  bool Exists(const std::string& path) override;
-  bool IsDirectory(const std::string& path) override;
-  uint64_t Size(const std::string& path) override;
+  bool Exists(const std::string& path) override { return Find(path) != nullptr; }
+  bool IsDirectory(const std::string& path) override {
+    const Node* node = Find(path);
+    return node != nullptr && node->isDirectory;
+  }
+  uint64_t Size(const std::string& path) override {
+    const Node* node = Find(path);
+    return node == nullptr ? 0 : node->bytes.size();
+  }
   bool List(const std::string& directory, std::vector<DirectoryEntry>* entries) override;
   bool Copy(const std::string& from, const std::string& to) override;
   std::vector<char> DriveLetters() override { return {'c', 'z'}; }
   std::string CurrentDirectory() override { return currentDirectory_; }
-  bool SetCurrentDirectory(const std::string& directory) override;
+  bool SetCurrentDirectory(const std::string& directory) override {
+    if (!IsDirectory(directory)) return false;
+    currentDirectory_ = Absolute(directory);
+    return true;
+  }
 
  private:
   class Output;
@@ -62,12 +75,12 @@ class MemoryFiles : public Files {
   std::string Absolute(const std::string& path) const;
   std::string Key(const std::string& path) const;
   const Node* Find(const std::string& path) const;
-  bool CanCreate(const std::string& path) const;
+  bool CanCreate(const std::string& path);
 
   std::map<std::string, Node> nodes_;  // by Key
   std::set<std::string> noCreation_;
   std::set<std::string> noOpening_;
-  int writesLeft_ = 0;  // 0: no fault
+  int writesLeft_ = 0;  // 1: the next is refused; 0 and below: no fault
   int commitsLeft_ = 0;
   std::string currentDirectory_ = "c:\\";
 };

@@ -1,14 +1,43 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "model/job_record.h"
+#include "platform/format.h"
 
 namespace tvx {
+
+inline std::string FieldText(int32_t value) {
+  return std::to_string(value);
+}
+inline std::string FieldText(float value) {
+  return ShortestFloat(value);
+}
+inline std::string FieldText(const std::string& value) {
+  return value;
+}
+inline std::string FieldText(const std::vector<std::string>& value) {
+  std::string words;
+  for (const std::string& word : value) words += "[" + word + "]";
+  return words;
+}
 
 // The fields of a record that differ from those of another, as "NAME=VALUE NAME=VALUE" in the order
 // of the record; a list as "NAME=[WORD][WORD]". A test that compares this with a text also shows
 // that every other field stayed as it was.
-std::string Changes(const JobRecord& before, const JobRecord& after);
+inline std::string Changes(const JobRecord& before, const JobRecord& after) {
+  std::string changes;
+  for (const JobField& field : JobFields()) {
+    std::visit(
+        [&](auto member) {
+          if (before.*member == after.*member) return;
+          if (!changes.empty()) changes += " ";
+          changes += std::string(field.name) + "=" + FieldText(after.*member);
+        },
+        field.member);
+  }
+  return changes;
+}
 
 }  // namespace tvx

@@ -5,6 +5,7 @@
 #include <variant>
 #include <vector>
 
+#include "platform/format.h"
 #include "reports/spreadsheet.h"
 
 namespace tvx {
@@ -24,10 +25,47 @@ class ScriptedSpreadsheets : public Spreadsheets {
   // The cells of the first sheet. A test may put old content there.
   std::map<std::string, CellValue> cells;
 
-  std::unique_ptr<SpreadsheetApplication> Start(SpreadsheetForm form) override;
+  std::unique_ptr<SpreadsheetApplication> Start(SpreadsheetForm form) override {
+    if (refusesStart) return nullptr;
+    log.emplace_back(form == SpreadsheetForm::kFile ? "start for a file" : "start");
+    return std::make_unique<Program>(this);
+  }
 
  private:
-  class Program;
+  class Program final : public SpreadsheetApplication {
+   public:
+    explicit Program(ScriptedSpreadsheets* owner) : owner_(owner) {}
+    ~Program() override { owner_->log.emplace_back("end"); }
+
+    bool OpenWorkbook(const std::string& path) override { return Step("open " + path); }
+    bool SelectSheet(int number) override { return Step(Format("sheet %d", number)); }
+    bool SelectRange(const std::string& first, const std::string& last) override {
+      range_ = first;
+      return Step(first + ":" + last);
+    }
+    bool PutValue(const CellValue& value) override {
+      const auto* const number = std::get_if<float>(&value);
+      const std::string text =
+          number != nullptr ? ShortestFloat(*number) : std::get<std::string>(value);
+      if (!Step("value " + text)) return false;
+      owner_->cells[range_] = value;
+      return true;
+    }
+    bool SetVisible(bool visible) override { return Step(visible ? "visible" : "hidden"); }
+    bool SetUserControl(bool control) override { return Step(control ? "control" : "no control"); }
+    bool Save() override { return Step("save"); }
+
+   private:
+    bool Step(const std::string& text) {
+      if (owner_->refusedStep > 0 && --owner_->refusedStep == 0) dead_ = true;
+      if (!dead_) owner_->log.push_back(text);
+      return !dead_;
+    }
+
+    ScriptedSpreadsheets* owner_;
+    std::string range_;
+    bool dead_ = false;
+  };
 };
 
 }  // namespace tvx

@@ -6,16 +6,14 @@ namespace tvx {
 
 namespace {
 
-// Takes the next prepared answer. False, with a test failure, if there is none.
+// Takes the next prepared answer. Nothing, with a test failure, if there is none.
 template <typename Answer>
-bool TakeNext(std::deque<Answer>* answers, const std::string& asked, Answer* answer) {
-  if (answers->empty()) {
-    ADD_FAILURE() << "no answer was prepared for: " << asked;
-    return false;
-  }
-  *answer = std::move(answers->front());
+std::optional<Answer> TakeNext(std::deque<Answer>* answers, const std::string& asked) {
+  EXPECT_FALSE(answers->empty()) << "no answer was prepared for: " << asked;
+  if (answers->empty()) return std::nullopt;
+  Answer answer = std::move(answers->front());
   answers->pop_front();
-  return true;
+  return answer;
 }
 
 }  // namespace
@@ -29,24 +27,21 @@ ScriptedUi::~ScriptedUi() {
 bool ScriptedUi::ShowMessage(const Message& message) {
   messages.push_back(message);
   log.push_back("message " + message.text);
-  if (message.buttons == MessageButtons::kOk) return true;
-  bool answer = false;
-  return TakeNext(&answers_, log.back(), &answer) && answer;
+  return message.buttons == MessageButtons::kOk || TakeNext(&answers_, log.back()).value_or(false);
 }
 
 bool ScriptedUi::RunModal(Dialog* dialog) {
   log.emplace_back("dialog");
-  std::function<bool(Dialog*)> script;
-  return TakeNext(&dialogs_, log.back(), &script) && script(dialog);
+  const auto script = TakeNext(&dialogs_, log.back());
+  return script && (*script)(dialog);
 }
 
 bool ScriptedUi::ChooseFile(const FileQuestion& question, std::string* path) {
   fileQuestions.push_back(question);
   log.push_back("file " + question.fileName);
-  std::optional<std::string> chosen;
-  if (!TakeNext(&files_, log.back(), &chosen) || !chosen) return false;
-  *path = *chosen;
-  return true;
+  const auto chosen = TakeNext(&files_, log.back()).value_or(std::nullopt);
+  if (chosen) *path = *chosen;
+  return chosen.has_value();
 }
 
 void ScriptedUi::Repaint() {

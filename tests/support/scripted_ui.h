@@ -28,11 +28,8 @@ class ScriptedUi : public UserInterface {
   void OnDialog(std::function<bool(D*)> script) {
     OnDialog([script = std::move(script)](Dialog* dialog) {
       D* const expected = dynamic_cast<D*>(dialog);
-      if (expected == nullptr) {
-        ADD_FAILURE() << "another dialog than the script expects";
-        return false;
-      }
-      return script(expected);
+      EXPECT_NE(expected, nullptr) << "another dialog than the script expects";
+      return expected != nullptr && script(expected);
     });
   }
 

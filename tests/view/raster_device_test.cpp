@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 namespace tvx {
@@ -27,20 +28,17 @@ class Canvas {
     return pixels_[static_cast<size_t>(y + 1) * static_cast<size_t>(stride_) +
                    static_cast<size_t>(x + 1)];
   }
-  bool GuardsAreWhole() {
-    for (int32_t y = -1; y <= height_; ++y) {
-      if (at(-1, y) != kGuard || at(width_, y) != kGuard) return false;
-    }
-    for (int32_t x = -1; x <= width_; ++x) {
-      if (at(x, -1) != kGuard || at(x, height_) != kGuard) return false;
-    }
-    return true;
+  bool GuardsAreWhole() const {
+    return std::count(pixels_.begin(), pixels_.end(), kGuard) == 2 * (width_ + height_ + 2);
   }
-  // One letter a pixel: "." for none, "#" for any colour.
-  std::string Row(int32_t y) {
-    std::string row;
-    for (int32_t x = 0; x < width_; ++x) row += at(x, y) == 0 ? '.' : '#';
-    return row;
+  // The rows, each behind a bar. One letter a pixel: "." for none, "#" for any colour.
+  std::string Text() {
+    std::string text;
+    for (int32_t y = 0; y < height_; ++y) {
+      text += '|';
+      for (int32_t x = 0; x < width_; ++x) text += at(x, y) == 0 ? '.' : '#';
+    }
+    return text;
   }
 
  private:
@@ -51,20 +49,18 @@ class Canvas {
 TEST(RasterDevice, DrawsLinesWithBothEnds) {
   const struct {
     Pixel from, to;
-    std::vector<std::string> rows;
+    const char* text;
   } cases[] = {
-      {{1, 1}, {1, 1}, {".....", ".#...", "....."}}, {{0, 0}, {4, 2}, {"#....", ".##..", "...##"}},
-      {{4, 1}, {0, 1}, {".....", "#####", "....."}}, {{2, 2}, {2, 0}, {"..#..", "..#..", "..#.."}},
-      {{0, 2}, {2, 0}, {"..#..", ".#...", "#...."}},
+      {{1, 1}, {1, 1}, "|.....|.#...|....."}, {{0, 0}, {4, 2}, "|#....|.##..|...##"},
+      {{4, 1}, {0, 1}, "|.....|#####|....."}, {{2, 2}, {2, 0}, "|..#..|..#..|..#.."},
+      {{0, 2}, {2, 0}, "|..#..|.#...|#...."}, {{3, 2}, {2, 0}, "|..#..|..#..|...#."},
   };
   for (const auto& c : cases) {
     Canvas canvas(5, 3);
     RasterDevice device(canvas.image(), {0, 0});
     device.MoveTo(c.from);
     device.LineTo(c.to);
-    for (int32_t y = 0; y < 3; ++y) {
-      EXPECT_EQ(canvas.Row(y), c.rows[static_cast<size_t>(y)]) << c.from.x << "," << c.from.y;
-    }
+    EXPECT_EQ(canvas.Text(), c.text);
   }
 }
 
@@ -76,25 +72,25 @@ TEST(RasterDevice, TheOriginIsTheCoordinateOfTheFirstPixel) {
   device.LineTo({0, 0});  // a fresh device stands on the logical origin
   EXPECT_EQ(canvas.at(2, 1), 0xFFFF0000U);
   device.FillRectangle(-100, -100, 0, 1, 0x0000C8);
-  EXPECT_EQ(canvas.Row(0), "##..");
-  EXPECT_EQ(canvas.Row(1), "###.");
-  EXPECT_EQ(canvas.Row(2), "....");
+  EXPECT_EQ(canvas.Text(), "|##..|###.|....");
   EXPECT_EQ(canvas.at(0, 0), 0xFF0000C8U);
   device.Text({7, 8}, "X");
   ASSERT_EQ(device.texts().size(), 1U);
   EXPECT_EQ(device.texts()[0].point, (Pixel{7, 8}));
 }
 
-TEST(RasterDevice, DashesGoOnFromLineToLineUntilAMove) {
-  Canvas canvas(60, 1);
+TEST(RasterDevice, DashesGoOnFromLineToLineUntilAMoveOrANewPen) {
+  Canvas canvas(80, 1);
   RasterDevice device(canvas.image(), {0, 0});
   device.SelectPen(penRapid);
   device.MoveTo({0, 0});
   for (int32_t x = 5; x <= 40; x += 5) device.LineTo({x, 0});
-  device.MoveTo({50, 0});
-  device.LineTo({59, 0});
-  EXPECT_EQ(canvas.Row(0),
-            std::string(18, '#') + "......" + std::string(17, '#') + ".........##########");
+  device.SelectPen(penRapid);
+  device.LineTo({64, 0});
+  device.MoveTo({70, 0});
+  device.LineTo({79, 0});
+  EXPECT_EQ(canvas.Text(), "|" + std::string(18, '#') + "......" + std::string(16 + 18, '#') +
+                               "......#....." + std::string(10, '#'));
 }
 
 // A line that leaves the image covers the same pixels as on an image that holds all of it.
