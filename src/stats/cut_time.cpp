@@ -62,8 +62,8 @@ Sums AddUpMoves(BlockStore* store, int32_t rapidFeed) {
 }
 
 // Leaves the register where measuring each move from the one before it ends: on the move before the
-// last block, if that is a straight one.
-void EndOfWalk(BlockStore* store) {
+// last block, if that is a straight one. Out of line: beside the walk it would cost that registers.
+[[gnu::noinline]] void EndOfWalk(BlockStore* store) {
   const uint32_t last = store->blockCount - 1;
   store->ReadBlock(last);
   const uint32_t type = store->CurrentBlock.type;
