@@ -1,5 +1,9 @@
 #include "support/record_changes.h"
 
+#include <gtest/gtest.h>
+
+#include <sstream>
+
 #include "platform/format.h"
 
 namespace tvx {
@@ -35,6 +39,16 @@ std::string Changes(const JobRecord& before, const JobRecord& after) {
         field.member);
   }
   return changes;
+}
+
+JobRecord Record(std::string_view changes) {
+  JobRecord record;
+  std::istringstream words{std::string(changes)};
+  for (std::string word; words >> word;) {
+    const size_t equals = word.find('=');
+    EXPECT_TRUE(SetJobField(&record, word.substr(0, equals), word.substr(equals + 1))) << word;
+  }
+  return record;
 }
 
 }  // namespace tvx

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "model/job_record.h"
 
@@ -10,5 +11,8 @@ namespace tvx {
 // of the record; a list as "NAME=[WORD][WORD]". A test that compares this with a text also shows
 // that every other field stayed as it was.
 std::string Changes(const JobRecord& before, const JobRecord& after);
+
+// The other way round: a record of defaults with such changes, all but those of lists.
+JobRecord Record(std::string_view changes);
 
 }  // namespace tvx
