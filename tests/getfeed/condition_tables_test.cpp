@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
+#include <vector>
 
 namespace tvx {
 namespace {
@@ -12,23 +14,19 @@ constexpr float kNone = -1;  // where the table has no value
 TEST(ConditionTables, BaseCutSpeed) {
   const struct {
     const char* tool;
-    const char* work;
-    float speed;
+    std::vector<std::pair<const char*, float>> speeds;
   } cases[] = {
-      {"하이스", "흑연", 80},
-      {"고속코팅초경", "흑연", 840},
-      {"코팅하이스", "SKD11", 20},
-      {"코팅하이스", "SKD61", 28},
-      {"고속초경", "얄처리SKD61", 36},
-      {"초경", "KP1", 48},
-      {"초경", "KP4", 43.2F},
-      {"하이스", "KP4M", 23.1F},
-      {"고속코팅초경", "NAK80", 150},
-      {"초경", "STEEL(S45C)", 0},
-      {"강철", "SS41", 0},
+      {"하이스", {{"흑연", 80}, {"KP4M", 23.1F}}},
+      {"코팅하이스", {{"SKD11", 20}, {"SKD61", 28}}},
+      {"초경", {{"KP1", 48}, {"KP4", 43.2F}, {"STEEL(S45C)", 0}}},
+      {"고속초경", {{"얄처리SKD61", 36}}},
+      {"고속코팅초경", {{"흑연", 840}, {"NAK80", 150}}},
+      {"강철", {{"SS41", 0}}},
   };
   for (const auto& c : cases) {
-    EXPECT_EQ(BaseCutSpeed(c.tool, c.work), c.speed) << c.tool << " in " << c.work;
+    for (const auto& [work, speed] : c.speeds) {
+      EXPECT_EQ(BaseCutSpeed(c.tool, work), speed) << c.tool << " in " << work;
+    }
   }
 }
 
@@ -54,68 +52,50 @@ TEST(ConditionTables, PowerConstants) {
 TEST(ConditionTables, MaterialFactor) {
   const struct {
     const char* work;
-    float diameter;
-    float factor;
+    std::vector<std::pair<float, float>> factors;  // by diameter
   } cases[] = {
-      {"KP4", 10, 14.2F},
-      {"KP4", 11, 15.5F},
-      {"KP4", 0.5F, 1.5F},
-      {"KP4", -3, 1.5F},
-      {"KP4", 50, 14.2F},
-      {"KP4", 50.01F, kNone},
-      {"KP4", 60, kNone},
-      {"KP4", NAN, kNone},
-      {"SKD11", 25, 16.0F},
-      {"SKD61", 25, 13.7F},
-      {"SKD61", 4, 3.0F},
-      {"얄처리SKD61", 10, kNone},
-      {"STEEL(S45C)", 10, kNone},
-      // The stretches that do not join their neighbours.
-      {"흑연", 6, 24.3F},
-      {"흑연", 6.5F, 28.15F},
-      {"흑연", 8, 32.0F},
-      {"흑연", 9, 36.65F},
-      {"알루미늄", 12, 33.7F},
-      {"알루미늄", 12.1F, 5.75F},
-      {"알루미늄", 15, 42.0F},
-      {"알루미늄", 16.5F, 46.2F},
-      {"SK7", 15, 19.1F},
-      {"SK7", 18, 21.38F},
-      {"SK7", 19, 23.4F},
-      {"동", 7, 16.7F},  // no stretch of another column
+      {"KP4", {{10, 14.2F}, {11, 15.5F}, {0.5F, 1.5F}, {-3, 1.5F}, {50, 14.2F}}},
+      {"KP4", {{50.01F, kNone}, {60, kNone}, {NAN, kNone}}},
+      {"SKD11", {{25, 16.0F}}},
+      {"SKD61", {{25, 13.7F}, {4, 3.0F}}},
+      {"얄처리SKD61", {{10, kNone}}},
+      {"STEEL(S45C)", {{10, kNone}}},
+      // The stretches that do not join their neighbours; copper has none.
+      {"흑연", {{6, 24.3F}, {6.5F, 28.15F}, {8, 32.0F}, {9, 36.65F}}},
+      {"알루미늄", {{12, 33.7F}, {12.1F, 5.75F}, {15, 42.0F}, {16.5F, 46.2F}}},
+      {"SK7", {{15, 19.1F}, {18, 21.38F}, {19, 23.4F}}},
+      {"동", {{7, 16.7F}}},
   };
   for (const auto& c : cases) {
-    // The difference of two diameters loses up to two digits of a float.
-    EXPECT_NEAR(MaterialFactor(c.work, c.diameter).value_or(kNone), c.factor, 1e-5)
-        << c.work << " at " << c.diameter;
+    for (const auto& [diameter, factor] : c.factors) {
+      // The difference of two diameters loses up to two digits of a float.
+      EXPECT_NEAR(MaterialFactor(c.work, diameter).value_or(kNone), factor, 1e-5)
+          << c.work << " at " << diameter;
+    }
   }
 }
 
 TEST(ConditionTables, ToothFeedLimit) {
-  const struct {
-    float diameter;
-    float curve;
-    float roughCurve;
-  } cases[] = {
-      {0.3F, 0.00105F, 0.003F},
-      {1, 0.0035F, 0.01F},
-      {2, 0.007F, 0.02F},
-      {4, 0.01F, 0.04F},
-      {4.001F, 0.013007F, 0.04002F},
-      {5, 0.02F, 0.06F},
-      {6, 0.02F, 0.06F},
-      {7, 0.025F, 0.075F},
-      {8, 0.03F, 0.09F},
-      {10, 0.04F, 0.12F},
-      {12, 0.05F, 0.15F},
-      {16, 0.07F, 0.2F},
-      {16.5F, 0.09F, 0.12F},
-      {1000, 0.09F, 0.12F},
-  };
-  for (const auto& c : cases) {
-    // The curve's differences lose up to two digits of a float.
-    EXPECT_NEAR(ToothFeedLimit(c.diameter, false), 4 * c.curve, 1e-7) << c.diameter;
-    EXPECT_NEAR(ToothFeedLimit(c.diameter, true), c.roughCurve * 8 / 3, 1e-7) << c.diameter;
+  // Diameter, curve, curve of high-speed roughing.
+  using Row = std::array<float, 3>;
+  const std::vector<Row> rows = {{0.3F, 0.00105F, 0.003F},
+                                 {1, 0.0035F, 0.01F},
+                                 {2, 0.007F, 0.02F},
+                                 {4, 0.01F, 0.04F},
+                                 {4.001F, 0.013007F, 0.04002F},
+                                 {5, 0.02F, 0.06F},
+                                 {6, 0.02F, 0.06F},
+                                 {7, 0.025F, 0.075F},
+                                 {8, 0.03F, 0.09F},
+                                 {10, 0.04F, 0.12F},
+                                 {12, 0.05F, 0.15F},
+                                 {16, 0.07F, 0.2F},
+                                 {16.5F, 0.09F, 0.12F},
+                                 {1000, 0.09F, 0.12F}};
+  // The curve's differences lose up to two digits of a float.
+  for (const auto& [diameter, curve, roughCurve] : rows) {
+    EXPECT_NEAR(ToothFeedLimit(diameter, false), 4 * curve, 1e-7) << diameter;
+    EXPECT_NEAR(ToothFeedLimit(diameter, true), roughCurve * 8 / 3, 1e-7) << diameter;
   }
 }
 
@@ -137,15 +117,13 @@ TEST(ConditionTables, ToolFormFactor) {
     float diameter;
     float flutes;
     float factor;
-  } cases[] = {
-      {"하이스", 29.9F, 10, 6, 1.2F},  {"하이스", 30, 10, 3, 1.0F},
-      {"코팅하이스", 39, 10, 4, 1.5F}, {"하이스", 30, 10, 6, 2.0F},
-      {"하이스", 40, 10, 2, 0.5F},     {"하이스", 59, 10, 6, 0.5F},
-      {"하이스", 60, 10, 2, kBefore},  {"하이스", 60, 0, 2, kBefore},
-      {"하이스", 0, 0, 2, kBefore},    {"하이스", 1e30F, 1e-9F, 2, kBefore},
-      {"초경", 90, 10, 3, 0.8F},       {"고속코팅초경", 90, 10, 4, 1.2F},
-      {"고속초경", 90, 0, 4, 1.2F},    {"강철", 30, 10, 2, kBefore},
-  };
+  } cases[] = {{"하이스", 29.9F, 10, 6, 1.2F},  {"하이스", 30, 10, 3, 1.0F},
+               {"코팅하이스", 39, 10, 4, 1.5F}, {"하이스", 30, 10, 6, 2.0F},
+               {"하이스", 40, 10, 2, 0.5F},     {"하이스", 59, 10, 6, 0.5F},
+               {"하이스", 60, 10, 2, kBefore},  {"하이스", 60, 0, 2, kBefore},
+               {"하이스", 0, 0, 2, kBefore},    {"하이스", 1e30F, 1e-9F, 2, kBefore},
+               {"초경", 90, 10, 3, 0.8F},       {"고속코팅초경", 90, 10, 4, 1.2F},
+               {"고속초경", 90, 0, 4, 1.2F},    {"강철", 30, 10, 2, kBefore}};
   for (const auto& c : cases) {
     EXPECT_EQ(ToolFormFactor(c.tool, c.fluteLength, c.diameter, c.flutes, kBefore), c.factor)
         << c.tool << " " << c.fluteLength << "/" << c.diameter << " with " << c.flutes;

@@ -1,37 +1,30 @@
-// The job dialog's lists and texts, without a window.
+// The job dialog without a window.
 #include "jobs/transfer_dialog.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <memory>
+#include <filesystem>
+#include <fstream>
 
 #include "model/labels.h"
+#include "platform/drives.h"
 #include "support/memory_files.h"
 #include "support/scripted_ui.h"
+#include "support/temp_dir.h"
 
 namespace tvx {
 namespace {
 
-class FakePrograms : public Programs {
- public:
-  bool Start(const std::string& program, const std::string& path) override {
-    started.push_back(program + " " + path);
-    return true;
-  }
-  bool HasWindowOfClass(const std::string& /*windowClass*/) override { return false; }
-  void Quit() override {}
-  std::vector<std::string> started;
-};
+namespace fs = std::filesystem;
+using Names = std::vector<std::string>;
 
+// The dialog, opened on a folder of small files.
 class TransferDialog : public testing::Test {
  protected:
   TransferDialog() {
-    files.Put("c:\\marlo\\ncdata\\A.NC", "G01 X1\n");
-    files.Put("c:\\marlo\\ncdata\\b.nc", "G01 X2\n");
-    files.Put("c:\\marlo\\ncdata\\empty.nc", "");
-    files.Put("c:\\marlo\\ncdata\\hangul.nc", "(\xB0\xA1)\n");
-    files.Put("c:\\marlo\\ncdata\\late.nc", std::string(100, ' ') + "\xB0\xA1\n");
+    PutNc("A.NC", "G01 X1\n");
+    PutNc("b.nc", "G01 X2\n");
     files.Put("c:\\marlo\\ncdata\\note.txt", "x");
     files.Put("c:\\marlo\\ncdata\\sub\\c.nc", "G01 X3\n");
     slot.WorkDir = "c:\\marlo\\ncdata";
@@ -39,8 +32,12 @@ class TransferDialog : public testing::Test {
     Open();
   }
 
-  void Open() {
-    dialog.Open({&slot, &working, "c:\\marlo", "wordpad.exe", &extensions, &files, &ui, &programs});
+  void Open() { dialog.Open(World(&files, &ui)); }
+  JobDialogWorld World(Files* world, UserInterface* user) {
+    return {&slot, &working, "c:\\marlo", "wordpad.exe", &extensions, world, user, NoPrograms()};
+  }
+  void PutNc(const std::string& name, const std::string& bytes) {
+    files.Put("c:\\marlo\\ncdata\\" + name, bytes);
   }
 
   void SelectFile(const std::string& name) {
@@ -52,46 +49,26 @@ class TransferDialog : public testing::Test {
     SelectFile(name);
     dialog.AppendSelected();
   }
-  void OnPad(const std::string& text) {
-    ui.OnDialog<CKeyCodeDlg>([text](CKeyCodeDlg* pad) {
-      pad->field = text;
-      return pad->Accept() == Closing::kAccepted;
-    });
-  }
-  void SelectRow(const std::string& row) {
-    const auto found = std::ranges::find(dialog.information, row);
-    ASSERT_NE(found, dialog.information.end()) << row;
-    dialog.selectedInformation = static_cast<int>(found - dialog.information.begin());
-  }
   std::string LastMessage() const { return ui.messages.empty() ? "" : ui.messages.back().text; }
 
   MemoryFiles files;
   ScriptedUi ui;
-  FakePrograms programs;
   JobRecord slot, working;
-  std::vector<std::string> extensions = {"*.*", "*.nc", "*.nc2", "", "*.tap"};
-  std::vector<std::string> userKeys = std::vector<std::string>(100);
+  Names extensions = {"*.*", "*.nc", "*.nc2", "", "*.tap"};
+  Names userKeys = Names(100);
   CTransferDlg dialog{&userKeys, &files, &ui};
 };
 
-using Names = std::vector<std::string>;
-
 TEST_F(TransferDialog, OpensOnTheWorkDirectoryAndTheAcceptedList) {
-  EXPECT_EQ(dialog.browser.files, (Names{"a.nc", "b.nc", "empty.nc", "hangul.nc", "late.nc"}));
-  EXPECT_EQ(dialog.browser.subDirectories, Names{"sub"});
+  EXPECT_EQ(dialog.browser.files, (Names{"a.nc", "b.nc"}));
   EXPECT_EQ(dialog.masks, (Names{"*.*", "*.nc", "*.nc2"}));
   EXPECT_EQ(dialog.selectedMask, 1);
   EXPECT_EQ(dialog.shownFile.currentDirectory, "C:\\MARLO\\NCDATA");
   EXPECT_EQ(dialog.browser.Items()[3].text, "NCDATA") << "in capitals until the user browses";
   EXPECT_EQ(dialog.ListOptions.AfaEnabled, 1);
 
-  slot.FileNames[0] = "c:\\x\\ a.nc ";
-  slot.OptionLines[0] = "Dir c:\\x ";
-  slot.FileNames[1] = "skipped.nc";
-  slot.FileNames[2] = "b.nc";
-  slot.OptionLines[2] = "Dir c:\\y ";
-  slot.FileNames[4] = "behind the gap.nc";
-  slot.OptionLines[4] = "Dir c:\\z ";
+  slot.FileNames = {"c:\\x\\ a.nc ", "skipped.nc", "b.nc", "", "behind the gap.nc"};
+  slot.OptionLines = {"Dir c:\\x ", "", "Dir c:\\y ", "", "Dir c:\\z "};
   slot.NcdataExt = "*.tap";
   Open();
   EXPECT_EQ(dialog.list.names, (Names{"a.nc", "b.nc"}));
@@ -100,41 +77,7 @@ TEST_F(TransferDialog, OpensOnTheWorkDirectoryAndTheAcceptedList) {
   EXPECT_EQ(dialog.selectedMask, 0);
 }
 
-TEST_F(TransferDialog, BrowsesByTheTree) {
-  EXPECT_EQ(dialog.browser.SelectedItem(), 101);
-  EXPECT_EQ(dialog.browser.TargetOf(0), "c:\\");
-  EXPECT_EQ(dialog.browser.TargetOf(100), "c:\\marlo\\");
-  EXPECT_EQ(dialog.browser.TargetOf(1000), "c:\\marlo\\ncdata\\sub\\");
-  EXPECT_EQ(dialog.browser.TargetOf(1001), "") << "no such item";
-  dialog.Browse(1000);
-  EXPECT_EQ(dialog.ListOptions.WorkDir, "c:\\marlo\\ncdata\\sub");
-  EXPECT_EQ(dialog.browser.files, Names{"c.nc"});
-  dialog.Browse(5000);
-  EXPECT_EQ(dialog.ListOptions.WorkDir, "c:\\marlo\\ncdata\\sub") << "stays where it is";
-  dialog.Browse(0);
-  EXPECT_EQ(dialog.browser.SelectedItem(), 0);
-  EXPECT_TRUE(dialog.browser.parts.empty());
-}
-
-TEST_F(TransferDialog, BrowsesDeeperThanTheTreeShows) {
-  const std::string deep = "c:\\1\\2\\3\\4\\5\\6\\7\\8\\9\\10\\11";
-  files.Put(deep + "\\12\\deep.nc", "G01 X1\n");
-  slot.WorkDir = deep;
-  Open();
-  EXPECT_EQ(dialog.browser.parts.size(), 10U);
-  dialog.Browse(1000);
-  EXPECT_EQ(dialog.ListOptions.WorkDir, deep + "\\12");
-  EXPECT_EQ(dialog.browser.files, Names{"deep.nc"});
-  dialog.Browse(109);
-  EXPECT_EQ(dialog.ListOptions.WorkDir, "c:\\1\\2\\3\\4\\5\\6\\7\\8\\9\\10");
-  dialog.Browse(1000);
-  EXPECT_EQ(dialog.ListOptions.WorkDir, deep);
-  dialog.Browse(0);
-  dialog.Browse(1000);
-  EXPECT_EQ(dialog.ListOptions.WorkDir, "c:\\1") << "no doubled backslash at the root";
-}
-
-TEST_F(TransferDialog, MasksFitNamesWhateverTheirCase) {
+TEST(FitsMask, WhateverTheCaseOfTheName) {
   const struct {
     const char* name;
     const char* mask;
@@ -146,117 +89,117 @@ TEST_F(TransferDialog, MasksFitNamesWhateverTheirCase) {
       {"aaab", "*a*b", true},    {"aaab", "*a*c", false},    {"x", "", false},
       {"가.nc", "?.nc", true},   {"가나.nc", "?.nc", false}, {"가나.nc", "*??.nc", true},
   };
-  for (const auto& c : cases)
+  for (const auto& c : cases) {
     EXPECT_EQ(FitsMask(c.name, c.mask), c.fits) << c.name << ' ' << c.mask;
+  }
 }
 
-TEST_F(TransferDialog, InsertsWithItsChecks) {
+TEST_F(TransferDialog, RefusesWhatCannotBeAProgram) {
   dialog.InsertSelected();
   EXPECT_EQ(LastMessage(), "화일 리스트에서 file이 선택되지 않았습니다. ");
   EXPECT_EQ(ui.messages.back().caption, "DNC message");
-  for (const char* const refused : {"empty.nc", "hangul.nc"}) {
-    Append(refused);
-    EXPECT_EQ(LastMessage(), "화일을 등록할 수 없습니다. ") << refused;
+  const struct {
+    const char* name;
+    std::string bytes;
+    const char* message;
+  } cases[] = {
+      {"empty.nc", "", "화일을 등록할 수 없습니다. "},
+      {"gone.nc", "G01", "화일을 등록할 수 없습니다. "},
+      {"hangul.nc", "G01 (\xB0\xA1)\n", "화일을 등록할 수 없습니다. "},
+      {"unreadable.nc", "G01", "화일을 열수 없읍니다. "},
+      {"late.nc", std::string(100, ' ') + "\xB0\xA1\n", ""},
+  };
+  for (const auto& c : cases) PutNc(c.name, c.bytes);
+  dialog.SelectMask(1);
+  files.Remove("c:\\marlo\\ncdata\\gone.nc");
+  files.RefuseOpening("c:\\marlo\\ncdata\\unreadable.nc");
+  for (const auto& c : cases) {
+    ui.messages.clear();
+    Append(c.name);
+    EXPECT_EQ(LastMessage(), c.message) << c.name;
   }
-  Append("late.nc");
+  EXPECT_EQ(dialog.list.names, Names{"late.nc"});
+
+  while (dialog.list.size() < kJobListSlots) Append("a.nc");
+  EXPECT_EQ(LastMessage(), "");
+  Append("b.nc");
+  EXPECT_EQ(dialog.list.size(), kJobListSlots);
+  EXPECT_EQ(LastMessage(), "화일을 등록할 수 없습니다. ");
+}
+
+TEST_F(TransferDialog, InsertsAndDeletesBehindFrozenEntries) {
   Append("a.nc");
+  Append("a.nc");
+  dialog.DeleteEntry();
+  EXPECT_EQ(LastMessage(), "현재 전송중 이거나 전송한 file입니다. ") << "nothing is selected";
   dialog.SelectEntry(1);
   SelectFile("b.nc");
   dialog.InsertSelected();
-  EXPECT_EQ(dialog.list.names, (Names{"late.nc", "b.nc", "a.nc"}));
+  EXPECT_EQ(dialog.list.names, (Names{"a.nc", "b.nc", "a.nc"}));
+  EXPECT_EQ(dialog.selectedEntry, 2) << "that of a.nc still";
   EXPECT_TRUE(dialog.list.lines[1].starts_with("Dir c:\\marlo\\ncdata")) << dialog.list.lines[1];
-  EXPECT_EQ(dialog.selectedName, "b.nc");
-  EXPECT_EQ(dialog.information[0], "화일명 : b.nc ");
-  EXPECT_EQ(dialog.information[2], "FileSize 7 Byte");
+  EXPECT_EQ(
+      dialog.information,
+      (Names{"화일명 : b.nc ", "c:\\marlo\\ncdata", "FileSize 7 Byte", "M30 ON", "Restart OFF",
+             "Afa ON", "  공구직경 10.0", "  안전거리 5.0", "  코너최소각도 10.0",
+             "  코너최대감속비 0.10", "  경사최소각도 10.0", "  경사최대감속비 0.1",
+             "  볼록코너검색 ON", "  Z상하향검색 ON", "  가공소재: STEEL(S45C)", "  최대피드  1000",
+             " 접근피드  1000", " 코너가중치 1.00 0.70 0.30 ", " 경사가중치 1.00 0.70 0.30 "}));
   EXPECT_EQ(files.Bytes("c:\\marlo\\info1.dat"), "");
 
-  dialog.list.Clear();
-  for (size_t i = 0; i < kJobListSlots; ++i) Append("a.nc");
-  EXPECT_EQ(dialog.list.size(), kJobListSlots);
-  const size_t before = ui.messages.size();
-  Append("b.nc");
-  EXPECT_EQ(dialog.list.size(), kJobListSlots);
-  EXPECT_EQ(ui.messages.size(), before + 1) << "the 301st is refused";
-}
-
-TEST_F(TransferDialog, FrozenEntriesStay) {
-  Append("a.nc");
-  Append("b.nc");
-  dialog.DeleteEntry();
-  EXPECT_EQ(LastMessage(), "현재 전송중 이거나 전송한 file입니다. ") << "nothing is selected";
   working.FirstEditable = 1;
-  dialog.SelectEntry(0);
-  dialog.DeleteEntry();
-  EXPECT_EQ(dialog.list.size(), 2U);
-  dialog.SelectEntry(1);
-  dialog.DeleteEntry();
-  EXPECT_EQ(dialog.list.names, Names{"a.nc"});
+  for (const int entry : {0, 1}) {
+    dialog.SelectEntry(entry);
+    dialog.DeleteEntry();
+  }
+  EXPECT_EQ(dialog.list.names, (Names{"a.nc", "a.nc"}));
   EXPECT_TRUE(dialog.information.empty());
 }
 
 TEST_F(TransferDialog, SavesAndReadsLists) {
+  const std::string saved = "File a.nc  Dir c:\\x RT ON  3 \r\nFile b.nc  Dir c:\\y \r\n";
   dialog.list.Insert(0, "a.nc", "Dir c:\\x RT ON  3 ");
   dialog.list.Insert(1, "b.nc", "Dir c:\\y ");
   dialog.SaveList();
-  EXPECT_EQ(files.Bytes("c:\\marlo\\FList1.txt"),
-            "File a.nc  Dir c:\\x RT ON  3 \r\nFile b.nc  Dir c:\\y \r\n");
+  EXPECT_EQ(files.Bytes("c:\\marlo\\FList1.txt"), saved);
   dialog.ClearList();
+  files.RefuseWrite(1);
+  dialog.SaveList();
+  EXPECT_EQ(files.Bytes("c:\\marlo\\FList1.txt"), saved) << "a failed save leaves the older list";
   dialog.ReadList();
   EXPECT_EQ(dialog.list.names, (Names{"a.nc", "b.nc"}));
   EXPECT_EQ(dialog.list.lines, (Names{"Dir c:\\x RT ON 3 ", "Dir c:\\y "}));
 
-  files.Put("d.mcf", "lost words\r\nFILE a.nc\r\n Dir X:\\nc Y:\\ MMA X:\\m.mma\r\nFile b.nc");
   ui.OnFileCancel();
   dialog.ReadMcf();
   EXPECT_EQ(dialog.list.size(), 2U) << "cancelled";
+  files.Put("c:\\d.mcf", "lost words\r\nFILE c.nc\r\n Dir X:\\nc X:\\X:b MAX: x:\\m\r\nFile d.nc");
   ui.OnFile("c:\\d.mcf");
-  files.Put("c:\\d.mcf", "lost words\r\nFILE a.nc\r\n Dir X:\\nc Y:\\ MMA X:\\m.mma\r\nFile b.nc");
   dialog.ReadMcf();
-  EXPECT_EQ(dialog.list.names, (Names{"a.nc", "b.nc"}));
-  EXPECT_EQ(dialog.list.lines, (Names{"Dir c:\\nc Y:\\ MMA c:\\m.mma ", ""}));
+  EXPECT_EQ(dialog.list.names, (Names{"c.nc", "d.nc"}));
+  EXPECT_EQ(dialog.list.lines, (Names{"Dir c:\\nc c:\\c:b MAc: x:\\m ", ""}));
   files.Remove("c:\\marlo\\FList1.txt");
   dialog.ReadList();
   EXPECT_EQ(dialog.list.size(), 0U);
 }
 
-TEST(JobListText, OddListsStayConsistent) {
-  std::string many;
-  for (int i = 0; i < 301; ++i) many += "File n" + std::to_string(i) + " Dir c:\\ ";
-  const std::string longName(10000, 'n');
-  const struct {
-    std::string text;
-    size_t size;
-  } cases[] = {{"", 0},
-               {"File", 0},
-               {"a b File", 0},
-               {"File File File", 1},
-               {many, 300},
-               {"File " + longName, 1},
-               {std::string("\0\xFF\xFE File a", 10), 1}};
-  for (const auto& c : cases) {
-    const JobList list = ReadJobList(c.text, 'd');
-    EXPECT_EQ(list.names.size(), c.size);
-    EXPECT_EQ(list.lines.size(), c.size);
-  }
-  EXPECT_EQ(ReadJobList("File " + longName, {}).names[0], longName);
-  EXPECT_EQ(ReadJobList("File a X:\\X:b MAX: x:\\c", 'd').lines[0], "d:\\d:b MAd: x:\\c ");
-}
-
 TEST_F(TransferDialog, PreviewsHeadAndTailAndTakesTheOptionsOver) {
   std::string text;
-  for (int i = 1; i <= 60; ++i) text += "G01 X" + std::to_string(i) + "  \r\n";
-  files.Put("c:\\marlo\\ncdata\\a.nc", text);
+  Names rows;
+  for (int i = 1; i <= 60; ++i) {
+    const std::string line = "G01 X" + std::to_string(i);
+    text += line + "  \r\n";
+    // The last 200 bytes begin within line 42.
+    if (i <= 30 || i >= 43) rows.push_back(line);
+    if (i == 30) rows.insert(rows.end(), {" .", " .", " ."});
+  }
+  PutNc("a.nc", text);
   dialog.list.Insert(0, "a.nc", "Dir c:\\marlo\\ncdata FS 5 RT OFF Afa OFF ");
   dialog.Preview();
-  ASSERT_GT(dialog.information.size(), 34U);
-  EXPECT_EQ(dialog.information[0], "G01 X1");
-  EXPECT_EQ(dialog.information[29], "G01 X30");
-  EXPECT_EQ(dialog.information[30], " .");
-  EXPECT_EQ(dialog.information[32], " .");
-  EXPECT_EQ(dialog.information.back(), "G01 X60");
+  EXPECT_EQ(dialog.information, rows);
   EXPECT_EQ(dialog.ListOptions.AfaEnabled, 0) << "files to come take the options over";
 
-  files.Put("c:\\marlo\\ncdata\\a.nc", std::string(150, 'x'));
+  PutNc("a.nc", std::string(150, 'x'));
   dialog.Preview();
   EXPECT_EQ(dialog.information,
             (Names{std::string(79, 'x'), std::string(71, 'x'), " .", " .", " ."}));
@@ -265,51 +208,20 @@ TEST_F(TransferDialog, PreviewsHeadAndTailAndTakesTheOptionsOver) {
   EXPECT_TRUE(dialog.information.empty());
 }
 
-TEST_F(TransferDialog, KeyCodesAreFoundByTheirText) {
-  dialog.AddKeyCode();
-  EXPECT_EQ(LastMessage(), "현재 전송중 이거나 전송한 file입니다. ") << "nothing is selected";
-  dialog.list.Insert(0, "a.nc", "Dir c:\\S10 FS 5 M30 ON RT OFF Afa OFF ");
+// What the buttons of the key codes do is seen in the window.
+TEST_F(TransferDialog, RowsThatAreNoKeyCodeWords) {
+  const std::string line = "Dir c:\\S10 FS 5 M30 ON RT OFF Afa OFF  KeyCode  G90 S1";
+  dialog.list.Insert(0, "a.nc", line);
   dialog.SelectEntry(0);
-  const std::string bare = dialog.list.lines[0];
-  OnPad("G90");
-  dialog.AddKeyCode();
-  OnPad("S1000");
-  dialog.AddKeyCode();
-  EXPECT_EQ(dialog.list.lines[0], bare + " KeyCode  G90 S1000");
-  EXPECT_EQ(dialog.information.back(), "  S1000");
-
-  SelectRow("  S1000");
-  OnPad("G54");
-  dialog.InsertKeyCode();
-  EXPECT_EQ(dialog.list.lines[0], bare + " KeyCode  G90 G54  S1000");
-  SelectRow("  G90");
-  OnPad("G91");
-  dialog.ChangeKeyCode();
-  EXPECT_EQ(dialog.list.lines[0], bare + " KeyCode  G91 G54  S1000");
-  SelectRow("  G54");
-  dialog.DeleteKeyCode();
-  EXPECT_EQ(dialog.list.lines[0], bare + " KeyCode  G91   S1000");
-  SelectRow("Key Code");
-  dialog.DeleteKeyCode();
-  SelectRow("M30 ON");
-  dialog.DeleteKeyCode();
-  EXPECT_EQ(dialog.list.lines[0], bare + " KeyCode  G91   S1000") << "no key-code words";
-
+  for (const char* const row : {"Key Code", "M30 ON", "  S1"}) {
+    const auto found = std::ranges::find(dialog.information, row);
+    ASSERT_NE(found, dialog.information.end()) << row;
+    dialog.selectedInformation = static_cast<int>(found - dialog.information.begin());
+    dialog.DeleteKeyCode();
+    EXPECT_EQ(dialog.list.lines[0], line) << "the first such text stands before the key codes";
+  }
   dialog.SaveKeyCodes();
-  EXPECT_EQ(files.Bytes("c:\\marlo\\KeyCode1.txt"), "KeyCode  G91   S1000");
-  dialog.list.Insert(1, "b.nc", "Dir c:\\x KeyCode M01");
-  dialog.SelectEntry(1);
-  dialog.ReadKeyCodes();
-  EXPECT_EQ(dialog.list.lines[1], "Dir c:\\x KeyCode  G91   S1000");
-
-  SelectRow("  G91");
-  ui.OnDialog<CKeyCodeDlg>([](CKeyCodeDlg* pad) {
-    EXPECT_EQ(pad->field, "G91");
-    pad->Press("X");
-    return false;
-  });
-  dialog.ChangeKeyCode();
-  EXPECT_EQ(dialog.list.lines[1], "Dir c:\\x KeyCode  G91   S1000") << "cancelled";
+  EXPECT_EQ(files.Bytes("c:\\marlo\\KeyCode1.txt"), "KeyCode  G90 S1");
 }
 
 TEST_F(TransferDialog, KeyCodeFileIsReadToItsLimitAndThenToTheEndOfTheWord) {
@@ -330,126 +242,199 @@ TEST_F(TransferDialog, KeyCodeFileIsReadToItsLimitAndThenToTheEndOfTheWord) {
   }
 }
 
-TEST_F(TransferDialog, SpindleWordOfAnInsertedFile) {
-  dialog.SpindleOn = 1;
-  dialog.SpindleSpeed = 4500;
-  Append("a.nc");
-  EXPECT_TRUE(dialog.list.lines[0].ends_with(" KeyCode  S4500")) << dialog.list.lines[0];
-  EXPECT_EQ(dialog.information.back(), "  S4500");
-  EXPECT_EQ(dialog.ListOptions.KeyCodeCount, 1);
-}
-
-// The conditions of the files to come: switched off by a cancel, and on again by the next OK.
-TEST_F(TransferDialog, SendOptionsOfTheFilesToCome) {
-  EXPECT_EQ(dialog.conditionCaption, ConditionButtonText(dialog.ListOptions));
-  dialog.SpindleSpeed = 1234;
-  ui.OnDialog<CSendOptionDlg>([](CSendOptionDlg* options) {
-    EXPECT_EQ(options->SpindleOn, 0);
-    EXPECT_EQ(options->spindleText, "1234");
-    options->ToggleSpindle();
-    options->EditSpindleSpeed("4000");
-    options->EditTopFeed("2000");
-    return options->Accept() == Closing::kAccepted;
-  });
-  dialog.SetCondition();
-  EXPECT_NE(dialog.conditionCaption.find("최대피드  2000"), std::string::npos);
-  EXPECT_EQ(dialog.SpindleOn, 1);
-  Append("a.nc");
-  EXPECT_NE(dialog.list.lines[0].find("MAF 2000 "), std::string::npos);
-  EXPECT_TRUE(dialog.list.lines[0].ends_with(" KeyCode  S4000"));
-
-  const auto cancel = [](CSendOptionDlg* options) {
-    options->EditSpindleSpeed("5");
-    return options->Cancel() == Closing::kAccepted;
-  };
-  ui.OnDialog<CSendOptionDlg>(cancel);
-  dialog.SetCondition();
-  EXPECT_EQ(dialog.conditionCaption, "Afa조건: ");
-  EXPECT_EQ(dialog.SpindleSpeed, 4000);
-  Append("b.nc");
-  EXPECT_NE(dialog.list.lines[1].find("RT OFF Afa OFF  KeyCode"), std::string::npos);
-  LabelLanguage = kEnglishLabels;
-  ui.OnDialog<CSendOptionDlg>(cancel);
-  dialog.SetCondition();
-  EXPECT_EQ(dialog.conditionCaption, "Afa: ");
-  LabelLanguage = kKoreanLabels;
-
-  ui.OnDialog<CSendOptionDlg>(
-      [](CSendOptionDlg* options) { return options->Accept() == Closing::kAccepted; });
-  dialog.SetCondition();
-  Append("b.nc");
-  EXPECT_NE(dialog.list.lines[2].find("Afa ON "), std::string::npos);
-}
-
-// A position is that of the files to come, and leaves those in the list alone.
-TEST_F(TransferDialog, RestartPositionOfTheFilesToCome) {
-  EXPECT_EQ(dialog.restartCaption, "재전송 :");
-  const auto restartOf = [&](size_t entry) {
-    const std::string& line = dialog.list.lines[entry];
-    return line.substr(line.find("RT "), line.find("Afa") - line.find("RT "));
-  };
-  Append("a.nc");
+// How the options of the files to come go into their lines is seen in the window, too.
+TEST_F(TransferDialog, OptionsOfTheFilesToCome) {
   ui.OnDialog<CRestartDlg>([](CRestartDlg* restart) {
-    restart->SelectKind(4);
     restart->EditDecimal(2, "1.5");
     restart->EditDecimal(5, "3");
     return restart->Accept() == Closing::kAccepted;
   });
   dialog.SetRestart();
   EXPECT_EQ(dialog.restartCaption, "재전송: 좌표->XYZ(  1.50, 9999.00, 9999.00)  공차->  3.00  ");
-  Append("b.nc");
-  EXPECT_EQ(std::ranges::count(dialog.information, "  공차->  1.50"), 1)
-      << "the line has no tolerance, so that of the opening is shown";
-  ui.OnDialog<CRestartDlg>([](CRestartDlg* restart) {
-    EXPECT_EQ(restart->decimalTexts[2], " 1.500");
-    return restart->Cancel() == Closing::kAccepted;
+  dialog.SpindleOn = 1;
+  dialog.SpindleSpeed = 4000;
+  ui.OnDialog<CSendOptionDlg>([](CSendOptionDlg* options) {
+    EXPECT_EQ(options->spindleText, "4000");
+    options->EditSpindleSpeed("5");
+    return options->Cancel() == Closing::kAccepted;
   });
-  dialog.SetRestart();
-  EXPECT_EQ(dialog.restartCaption, "재전송: ");
+  LabelLanguage = kEnglishLabels;
+  dialog.SetCondition();
+  LabelLanguage = kKoreanLabels;
+  EXPECT_EQ(dialog.conditionCaption, "Afa: ");
   Append("a.nc");
-  EXPECT_EQ(restartOf(0), "RT OFF ");
-  EXPECT_EQ(restartOf(1), "RT ON  4   1.500 9999.000 9999.000 ");
-  EXPECT_EQ(restartOf(2), "RT OFF ");
+  EXPECT_EQ(dialog.list.lines[0],
+            "Dir c:\\marlo\\ncdata FS 7 M30 ON RT ON  4   1.500 9999.000 9999.000 Afa OFF  "
+            "KeyCode  S4000");
+  EXPECT_EQ(dialog.ListOptions.KeyCodeCount, 1);
+  // The line has no tolerance, so that of the opening is shown.
+  EXPECT_EQ(std::ranges::count(dialog.information, "  공차->  1.50"), 1);
+  EXPECT_EQ(dialog.information.back(), "  S4000");
+
+  Open();
+  EXPECT_EQ(dialog.restartCaption, "재전송 :");
+  EXPECT_EQ(dialog.conditionCaption, ConditionButtonText(dialog.ListOptions));
+  Append("a.nc");
+  EXPECT_NE(dialog.list.lines[0].find("RT OFF Afa ON"), std::string::npos) << "as at the start";
 }
 
 TEST_F(TransferDialog, AcceptHandsTheListOverWithoutOldEntries) {
   slot.FileNames[5] = "old.nc";
-  Append("a.nc");
+  Open();
+  dialog.list.Insert(0, "a.nc", "Dir c:\\x");
   dialog.ToggleDeleteM30();
   EXPECT_EQ(dialog.Accept(), Closing::kAccepted);
-  EXPECT_EQ(slot.FileNames.size(), kJobListSlots);
-  EXPECT_EQ(slot.FileNames[0], "a.nc");
-  EXPECT_EQ(slot.OptionLines[0], dialog.list.lines[0]);
-  EXPECT_EQ(slot.FileNames[5], "");
+  Names names(kJobListSlots), lines(kJobListSlots);
+  names[0] = "a.nc";
+  lines[0] = "Dir c:\\x";
+  EXPECT_EQ(slot.FileNames, names);
+  EXPECT_EQ(slot.OptionLines, lines);
   EXPECT_EQ(slot.DeleteM30, 1);
 }
 
-TEST_F(TransferDialog, StartsTheEditorOnTheSelectedEntryOnly) {
-  dialog.list.Insert(0, "a.nc", "Dir c:\\x FS 5 ");
-  dialog.EditEntry();
-  EXPECT_TRUE(programs.started.empty());
-  dialog.SelectEntry(0);
-  dialog.EditEntry();
-  EXPECT_EQ(programs.started, Names{"wordpad.exe c:\\x\\a.nc"});
+// Lists that nobody meant to write, and folders that change under the dialog: whatever happens, its
+// two lists stay of one length and nothing is lost.
+
+// A user who accepts whatever opens.
+class AnyUser : public ScriptedUi {
+ public:
+  bool RunModal(Dialog* dialog) override {
+    if (auto* const pad = dynamic_cast<CKeyCodeDlg*>(dialog)) {
+      pad->field = "KeyCode File";
+      pad->Accept();
+    }
+    return true;
+  }
+  bool ChooseFile(const FileQuestion& /*question*/, std::string* path) override {
+    *path = "c:\\list.mcf";
+    return true;
+  }
+};
+
+std::string Repeated(const std::string& text, int count) {
+  std::string all;
+  for (int i = 0; i < count; ++i) all += text;
+  return all;
 }
 
-TEST(KeyCodePad, ComposesATextAndForgetsItOnCancel) {
-  std::vector<std::string> userKeys(100);
-  userKeys[1] = "M08 M03";
-  CKeyCodeDlg pad(&userKeys);
-  size_t captions = 0;
-  for (const auto& row : CKeyCodeDlg::Rows()) captions += row.size();
-  EXPECT_EQ(captions, 79U);
-  EXPECT_EQ(CKeyCodeDlg::UserKeyCaptions().size(), 11U);
-  pad.Open();
-  for (const char* const key : {"G", "9", "0"}) pad.Press(key);
-  pad.PressUserKey(1);
-  pad.PressUserKey(2);
-  pad.Accept();
-  EXPECT_EQ(pad.KeyText, "G90M08 M03  ");
-  pad.Open();
-  pad.Clear();
-  EXPECT_EQ(pad.KeyText, "G90M08 M03  ") << "until it is accepted";
+TEST_F(TransferDialog, EveryButtonLeavesBothListsOfOneLength) {
+  const std::string longWord(10000, 'n');
+  std::string garbage;
+  for (int i = 0; i < 5000; ++i) garbage += static_cast<char>(i * 7919 >> 3);
+  const struct {
+    std::string text;
+    size_t entries;
+  } lists[] = {
+      {"", 0},
+      {"no entry Dir c:\\marlo\\ncdata FS 7 RT OFF ", 0},
+      {"File a.nc Dir c:\\x RT OFF\nFile", 1},
+      {"File a.nc File b.nc", 2},
+      {"File File Dir c:\\File FILE file x", 2},
+      {Repeated("File a.nc Dir c:\\marlo\\ncdata FS 7 ", 301), 300},
+      {"File " + longWord + " Dir c:\\" + longWord + " MMA X:" + longWord + " KeyCode " + longWord,
+       1},
+      {"File " + garbage, 1},
+      {std::string("File a\0b Dir c:\\\0 FS \0", 22), 1},
+      {"File FS Dir Dir FS M30 ON RT ON KeyCode Afa ON MAT KeyCode TD File", 1},
+      {"File a.nc Dir c:\\x FS -1e9 RT ON x 1 Afa ON TD nan SD inf MAF -1", 1},
+      {"File ..\\..\\a.nc Dir q:\\..\\.. FS 1 Afa OFF", 1},
+      {"File a.nc KeyCode KeyCode KeyCode", 1},
+      {"File a.nc " + Repeated("X:x ", 200'000), 1},
+  };
+  for (const auto& row : lists) {
+    SCOPED_TRACE(row.text.substr(0, 80));
+    files.Put("c:\\marlo\\FList1.txt", row.text);
+    files.Put("c:\\list.mcf", row.text);
+    slot.NcdataExt = "*.nc";
+    AnyUser user;
+    CTransferDlg odd(&userKeys, &files, &user);
+    odd.Open(World(&files, &user));
+    odd.ReadList();
+    EXPECT_EQ(odd.list.size(), row.entries);
+    EXPECT_EQ(user.messages.size(), row.entries == kJobListSlots ? 1U : 0U) << "if it does not fit";
+    const auto check = [&](const char* caption) {
+      EXPECT_EQ(odd.list.names.size(), odd.list.lines.size()) << caption;
+      EXPECT_LE(odd.list.size(), kJobListSlots) << caption;
+      EXPECT_LT(odd.selectedEntry, static_cast<int>(odd.list.size())) << caption;
+      EXPECT_LT(odd.selectedInformation, static_cast<int>(odd.information.size())) << caption;
+    };
+    const auto press = [&](const CTransferDlg::Button& button) {
+      for (const bool selected : {false, true}) {
+        if (odd.list.size() > 0) odd.SelectEntry(static_cast<int>(odd.list.size()) - 1);
+        odd.selectedInformation = selected ? static_cast<int>(odd.information.size()) - 1 : -1;
+        odd.selectedFile = odd.browser.files.empty() ? -1 : 0;
+        (odd.*button.press)();
+        check(button.caption);
+      }
+    };
+    for (const auto& button : CTransferDlg::KeyCodeButtons()) press(button);
+    for (const auto& button : CTransferDlg::ListButtons()) press(button);
+
+    odd.ReadList();
+    odd.Accept();
+    odd.Open(World(&files, &user));
+    check("opened again");
+  }
+}
+
+// On the host: folders that vanish, links that lead in circles, and paths deeper than the tree.
+class OddFolders : public TransferDialog {
+ protected:
+  OddFolders() {
+    fs::create_directories(ncdata);
+    dialog.Open(World(host.get(), &ui));
+  }
+
+  TempDir home;
+  Drives drives{home.Path()};
+  std::unique_ptr<Files> host = MakeHostFiles(&drives);
+  const fs::path ncdata = home / "drive_c/marlo/ncdata";
+  CTransferDlg dialog{&userKeys, host.get(), &ui};
+};
+
+TEST_F(OddFolders, AFolderVanishesWhileTheUserBrowses) {
+  fs::create_directories(ncdata / "one/two");
+  dialog.Browse(DirectoryBrowser::kFirstPart + 1);
+  dialog.Browse(DirectoryBrowser::kFirstSubDirectory);
+  ASSERT_EQ(dialog.ListOptions.WorkDir, "c:\\marlo\\ncdata\\one");
+  fs::remove_all(ncdata / "one");
+  for (const int item : {DirectoryBrowser::kFirstSubDirectory, DirectoryBrowser::kFirstPart + 2}) {
+    dialog.Browse(item);
+    EXPECT_EQ(dialog.browser.directory, "c:\\marlo\\ncdata\\one") << "it stays where it was";
+    EXPECT_TRUE(dialog.browser.subDirectories.empty());
+  }
+  dialog.Browse(DirectoryBrowser::kFirstPart + 1);
+  EXPECT_EQ(dialog.ListOptions.WorkDir, "c:\\marlo\\ncdata") << "and a way leads out";
+}
+
+TEST_F(OddFolders, LinksThatLeadInCirclesAndMoreFoldersThanTheTreeShows) {
+  fs::create_directory_symlink(".", ncdata / "again");
+  fs::create_symlink("loop.nc", ncdata / "loop.nc");
+  fs::create_symlink("nowhere/b.nc", ncdata / "dangling.nc");
+  std::ofstream(ncdata / "a.nc") << "G01 X1\n";
+  for (int i = 100; i < 160; ++i) fs::create_directories(ncdata / ("f" + std::to_string(i)));
+  dialog.Browse(DirectoryBrowser::kFirstPart + 1);
+  EXPECT_EQ(dialog.browser.subDirectories.size(), DirectoryBrowser::kMostSubDirectories);
+  EXPECT_EQ(dialog.browser.TargetOf(DirectoryBrowser::kFirstSubDirectory + 50), "");
+  for (int level = 1; level <= 15; ++level) {
+    dialog.Browse(DirectoryBrowser::kFirstSubDirectory);
+    EXPECT_EQ(dialog.browser.directory, "c:\\marlo\\ncdata" + Repeated("\\again", level));
+    EXPECT_EQ(dialog.browser.files, (Names{"a.nc", "dangling.nc", "loop.nc"}));
+  }
+  EXPECT_EQ(dialog.browser.parts.size(), DirectoryBrowser::kMostParts);
+  for (const int file : {0, 1, 2}) {
+    dialog.selectedFile = file;
+    dialog.AppendSelected();
+  }
+  EXPECT_EQ(dialog.list.names, Names{"a.nc"});
+  EXPECT_EQ(ui.messages.size(), 2U);
+  EXPECT_TRUE(fs::is_symlink(ncdata / "loop.nc"));
+  dialog.Browse(DirectoryBrowser::kFirstPart + 9);
+  EXPECT_EQ(dialog.browser.directory, "c:\\marlo\\ncdata" + Repeated("\\again", 8));
+  EXPECT_EQ(dialog.browser.SelectedItem(), DirectoryBrowser::kFirstPart + 9);
+  dialog.Browse(0);
+  EXPECT_EQ(dialog.browser.SelectedItem(), 0);
+  EXPECT_EQ(dialog.browser.TargetOf(DirectoryBrowser::kFirstSubDirectory), "c:\\marlo\\");
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <string>
 
 #include "model/block_store.h"
@@ -9,35 +10,17 @@ namespace tvx {
 
 // One block as the tests write it: "cutStart 10 0 -5 F500".
 inline std::string BlockText(const MotionBlock& block) {
-  const char* name = "?";
-  switch (block.type) {
-    case BlockNone:
-      return "none";
-    case BlockRapidStart:
-      name = "rapidStart";
-      break;
-    case BlockRapid:
-      name = "rapid";
-      break;
-    case BlockCutStart:
-      name = "cutStart";
-      break;
-    case BlockCut:
-      name = "cut";
-      break;
-    case BlockArcCcw:
-      name = "ccw";
-      break;
-    case BlockArcCw:
-      name = "cw";
-      break;
-    case BlockArcCentre:
-      name = "centre";
-      break;
-    default:
-      break;
-  }
-  return std::string(name) + " " + ShortestFloat(block.x) + " " + ShortestFloat(block.y) + " " +
+  static const std::map<uint32_t, std::string> kNames = {
+      {BlockRapidStart, "rapidStart"},
+      {BlockRapid, "rapid"},
+      {BlockCutStart, "cutStart"},
+      {BlockCut, "cut"},
+      {BlockArcCcw, "ccw"},
+      {BlockArcCw, "cw"},
+      {BlockArcCentre, "centre"},
+  };
+  if (block.type == BlockNone) return "none";
+  return kNames.at(block.type) + " " + ShortestFloat(block.x) + " " + ShortestFloat(block.y) + " " +
          ShortestFloat(block.z) + " F" + std::to_string(block.feed);
 }
 
@@ -45,8 +28,7 @@ inline std::string BlockText(const MotionBlock& block) {
 inline std::string BlockList(const BlockStore& store) {
   std::string list;
   for (uint32_t i = 0; i < store.blockCount; ++i) {
-    if (i > 0) list += "; ";
-    list += BlockText(*store.Peek(i));
+    list += (i > 0 ? "; " : "") + BlockText(*store.Peek(i));
   }
   return list;
 }

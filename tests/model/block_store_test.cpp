@@ -2,48 +2,39 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
+
 #include "model/one_page_memory.h"
 
 namespace tvx {
 namespace {
 
-MotionBlock At(float x, float y, float z, uint32_t type) {
-  MotionBlock block;
-  block.x = x;
-  block.y = y;
-  block.z = z;
-  block.feed = block.feedProgrammed = 700;
-  block.headPercent = 11;
-  block.type = type;
-  return block;
-}
-
-void Append(BlockStore* store, const MotionBlock& block) {
-  store->CurrentBlock = block;
+void Append(BlockStore* store, uint32_t type, float x, float y = 0, float z = 0) {
+  store->CurrentBlock = {x, y, z, 700, 700, 11, 0, 0, 0, type};
   ASSERT_EQ(store->WriteBlock(store->blockCount), 1);
   ++store->blockCount;
 }
 
-TEST(BlockStore, EmptyStoreReadsNothingAndKeepsTheRegister) {
-  BlockStore store;
-  store.CurrentBlock = At(1, 2, 3, BlockCut);
-  EXPECT_EQ(store.ReadBlock(0), 0);
-  EXPECT_EQ(store.CurrentBlock.x, 1);
-  EXPECT_EQ(store.CurrentBlock.type, BlockCut);
-}
-
 TEST(BlockStore, KeepsEveryRecordAcrossPages) {
   BlockStore store;
+  store.CurrentBlock.x = 1;
+  EXPECT_EQ(store.ReadBlock(0), 0);
+  EXPECT_EQ(store.CurrentBlock.x, 1) << "nothing to read leaves the register";
   constexpr uint32_t kCount = 3 * BlockStore::blocksPerPage + 5;
-  for (uint32_t i = 0; i < kCount; ++i) {
-    Append(&store, At(static_cast<float>(i % 30000), 0, 0, BlockCut));
-  }
+  for (uint32_t i = 0; i < kCount; ++i) Append(&store, BlockCut, static_cast<float>(i % 30000));
   for (const uint32_t i : {0U, 2040U, 2041U, 4081U, 4082U, kCount - 1}) {
     ASSERT_EQ(store.ReadBlock(i), 1);
     EXPECT_EQ(store.CurrentBlock.x, static_cast<float>(i % 30000)) << i;
   }
   EXPECT_EQ(store.ReadBlock(kCount), 0);
   EXPECT_EQ(store.CurrentBlock.x, static_cast<float>((kCount - 1) % 30000));
+
+  Append(&store, BlockArcCentre, 1);
+  EXPECT_EQ(store.ReadBlock(kCount), 1);
+  Append(&store, BlockNone, 2);
+  store.CurrentBlock.x = 7;
+  EXPECT_EQ(store.ReadBlock(kCount + 1), 0) << "the result tells type 0 alone";
+  EXPECT_EQ(store.CurrentBlock.x, 2);
 }
 
 TEST(BlockStore, RepairsRecordsOutOfRangeForGood) {
@@ -57,41 +48,27 @@ TEST(BlockStore, RepairsRecordsOutOfRangeForGood) {
   };
   for (const auto& c : cases) {
     BlockStore store;
-    Append(&store, At(c.x, c.y, c.z, BlockCut));
+    Append(&store, BlockCut, c.x, c.y, c.z);
     EXPECT_EQ(store.Peek(0)->x, c.x) << "a peek repairs nothing";
     EXPECT_EQ(store.ReadBlock(0), c.bad ? 0 : 1) << c.x << ' ' << c.z;
-    const MotionBlock& stored = *store.Peek(0);
-    for (const MotionBlock& block : {store.CurrentBlock, stored}) {
-      EXPECT_EQ(block.type, c.bad ? BlockNone : BlockCut);
-      EXPECT_EQ(block.x, c.bad ? 32700.0F : c.x);
-      EXPECT_EQ(block.y, c.bad ? 32700.0F : c.y);
-      EXPECT_EQ(block.z, c.bad ? 32700.0F : c.z);
-      EXPECT_EQ(block.feed, c.bad ? 300 : 700);
-      EXPECT_EQ(block.feedProgrammed, c.bad ? 300 : 700);
-      EXPECT_EQ(block.headPercent, 11) << "the zone fields stay";
+    // The zone fields stay.
+    MotionBlock expected{c.x, c.y, c.z, 700, 700, 11, 0, 0, 0, BlockCut};
+    if (c.bad) expected = {32700, 32700, 32700, 300, 300, 11, 0, 0, 0, BlockNone};
+    for (const MotionBlock& block : {store.CurrentBlock, *store.Peek(0)}) {
+      EXPECT_EQ(std::memcmp(&block, &expected, sizeof block), 0) << c.x << ' ' << c.z;
     }
   }
-}
-
-TEST(BlockStore, ResultOfAReadTellsTypeZeroOnly) {
-  BlockStore store;
-  Append(&store, At(1, 1, 1, BlockNone));
-  Append(&store, At(2, 2, 2, BlockArcCentre));
-  EXPECT_EQ(store.ReadBlock(0), 0);
-  EXPECT_EQ(store.CurrentBlock.x, 1);
-  EXPECT_EQ(store.ReadBlock(1), 1);
-  EXPECT_EQ(store.CurrentBlock.x, 2);
 }
 
 TEST(BlockStore, RefusesWritesWithoutMemoryAndBeyondTheLastPage) {
   OnePageMemory memory;
   BlockStore store(&memory);
+  store.CurrentBlock.x = 5;
   EXPECT_EQ(store.WriteBlock(2040), 1);
-  EXPECT_EQ(store.WriteBlock(2041), 0);
-  EXPECT_EQ(store.WriteBlock(8164000), 0);
-  EXPECT_EQ(store.WriteBlock(0xFFFFFFFF), 0);
+  for (const uint32_t index : {2041U, 8164000U, 0xFFFFFFFFU}) {
+    EXPECT_EQ(store.WriteBlock(index), 0) << index;
+  }
   // A count that runs ahead of the pages reads nothing.
-  store.CurrentBlock = At(5, 5, 5, BlockCut);
   store.blockCount = 2042;
   EXPECT_EQ(store.ReadBlock(2041), 0);
   EXPECT_EQ(store.CurrentBlock.x, 5);

@@ -48,20 +48,10 @@ std::string RandomWord(Random* random) {
       "E",  "T",  "CRC", "ND",  "OO", "END", "BLK",      "BEGIN", "TOOL ", "TC",    " ",  "\t",
       "\r", "+",  "%",   "S",   "K5", "DRX", "CC X20.1", "ER",    "G1 ",   "G3X9 ", "G91"};
   // What ends a line is rare, so that most lines run to their end.
-  switch (Below(60, random)) {
-    case 0:
-      return "(";
-    case 1:
-      return "#";
-    case 2:
-      return "c";
-    case 3:
-      return std::string(1, '\0');
-    case 4:
-      return std::string(1, static_cast<char>(11 + Below(245, random)));
-    default:
-      break;
-  }
+  static constexpr char kEnds[] = {'(', '#', 'c', '\0'};
+  const size_t rare = static_cast<size_t>(Below(60, random));
+  if (rare < std::size(kEnds)) return std::string(1, kEnds[rare]);
+  if (rare == 4) return std::string(1, static_cast<char>(11 + Below(245, random)));
   if (Below(3, random) == 0) return Pick(kTexts, random);
   return Pick(kLetters, random) + RandomNumber(random) + (Below(2, random) == 0 ? " " : "");
 }

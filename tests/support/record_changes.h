@@ -1,5 +1,8 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -38,6 +41,17 @@ inline std::string Changes(const JobRecord& before, const JobRecord& after) {
         field.member);
   }
   return changes;
+}
+
+// The other way round: a record of defaults with such changes, all but those of lists.
+inline JobRecord Record(const std::string& changes) {
+  JobRecord record;
+  std::istringstream words(changes);
+  for (std::string word; words >> word;) {
+    const size_t equals = word.find('=');
+    EXPECT_TRUE(SetJobField(&record, word.substr(0, equals), word.substr(equals + 1))) << word;
+  }
+  return record;
 }
 
 }  // namespace tvx
