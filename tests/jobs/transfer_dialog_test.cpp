@@ -203,6 +203,10 @@ TEST_F(TransferDialog, PreviewsHeadAndTailAndTakesTheOptionsOver) {
   dialog.Preview();
   EXPECT_EQ(dialog.information,
             (Names{std::string(79, 'x'), std::string(71, 'x'), " .", " .", " ."}));
+  PutNc("a.nc", std::string(78, 'x') + "\r\nG1\r\n");
+  dialog.Preview();
+  EXPECT_EQ(dialog.information, (Names{std::string(78, 'x'), "G1", " .", " .", " ."}))
+      << "CR LF is one line end";
   files.Remove("c:\\marlo\\ncdata\\a.nc");
   dialog.Preview();
   EXPECT_TRUE(dialog.information.empty());

@@ -51,6 +51,7 @@ TEST(Drives, ReadsTheTableLineByLine) {
   const std::string kCases[][3] = {
       // the table, a drive path, its place on the host
       {"c: drive_c\nn: /srv/nc files\n", "n:\\a", "/srv/nc files/a"},
+      {"\xEF\xBB\xBFn: /srv\n", "n:\\", "/srv"},  // as an editor may have marked it
       {"C: drive_c\r\nN:\t/srv/nc files/ \r\n", "n:\\a", "/srv/nc files/a"},
       {"  n: sub/../other/.", "n:a", below + "/other/a"},
       {"n: ..", "n:\\", fs::path(below).parent_path().string()},

@@ -2,6 +2,7 @@
 // read from odd ones stands in the golden cases of the configuration.
 #include <gtest/gtest.h>
 
+#include "jobs/key_code_pad.h"
 #include "platform/text.h"
 #include "shell/configuration.h"
 #include "shell/lists.h"
@@ -225,6 +226,20 @@ TEST(UserKeys, HalfACharacterComesBack) {
   ReadUserKeys(kEnvironment, &keys, &files);
   WriteUserKeys(kEnvironment, keys, &files);
   EXPECT_TRUE(files.Bytes(kUserKeyFile).starts_with("=======USER KEY======" + line));
+}
+
+// The file keeps 50 bytes, which are 25 letters of Hangul: what the user then sees is what stays.
+TEST(UserKeys, ALongOneIsCutAtOnce) {
+  std::string hangul;
+  for (int i = 0; i < 30; ++i) hangul += "가";
+  std::vector<std::string> keys = Lines(kUserKeyElements);
+  ScriptedUi ui;
+  ui.OnDialog<CKeyCodeDlg>([&](CKeyCodeDlg* pad) {
+    pad->KeyText = hangul;
+    return true;
+  });
+  EditUserKey(3, &keys, &ui);
+  EXPECT_EQ(keys[3], hangul.substr(0, 25 * std::string("가").size()));
 }
 
 }  // namespace
