@@ -9,7 +9,7 @@
 #include "feed/master_pass.h"
 #include "feed/master_picture.h"
 #include "measuring.h"
-#include "model/path.h"
+#include "model/walks.h"
 
 namespace tvx::bench {
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "base/text.h"
 #include "fuzz_world.h"
-#include "platform/text.h"
 #include "shell/configuration.h"
 #include "shell/short_text.h"
 

@@ -7,10 +7,10 @@
 #include <string_view>
 #include <vector>
 
+#include "base/text.h"
 #include "fuzz_world.h"
 #include "jobs/transfer_dialog.h"
 #include "platform/programs.h"
-#include "platform/text.h"
 
 namespace {
 

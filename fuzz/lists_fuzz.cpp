@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "base/text.h"
 #include "fuzz_world.h"
-#include "platform/text.h"
 #include "shell/lists.h"
 #include "shell/short_text.h"
 #include "shell/user_keys.h"

@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
+#include "base/text.h"
 #include "fuzz_world.h"
 #include "jobs/option_line.h"
-#include "platform/text.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "feed/parameter_file.h"
 #include "fuzz_world.h"
+#include "shell/parameter_file.h"
 
 namespace {
 

@@ -8,11 +8,11 @@
 #include <string>
 #include <string_view>
 
+#include "base/scan.h"
 #include "calc/office.h"
 #include "calc/problem.h"
 #include "calc/uno_text.h"
 #include "calc/workbook.h"
-#include "platform/scan.h"
 #include "reports/calc_lines.h"
 
 namespace tvx {

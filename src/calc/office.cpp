@@ -9,9 +9,9 @@
 #include <thread>
 #include <vector>
 
+#include "base/format.h"
 #include "calc/problem.h"
 #include "calc/uno_text.h"
-#include "platform/format.h"
 #include "platform/host_programs.h"
 
 namespace tvx {

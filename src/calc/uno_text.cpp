@@ -1,6 +1,6 @@
 #include "calc/uno_text.h"
 
-#include "platform/format.h"
+#include "base/format.h"
 
 namespace tvx {
 

@@ -15,10 +15,10 @@
 #include <com/sun/star/util/XCloseable.hpp>
 #include <rtl/uri.hxx>
 
+#include "base/scan.h"
 #include "calc/problem.h"
 #include "calc/uno_text.h"
 #include "platform/new_file.h"
-#include "platform/scan.h"
 
 namespace tvx {
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "base/format.h"
 #include "cli/command_line.h"
 #include "cli/commands.h"
 #include "cli/errors.h"
@@ -15,7 +16,6 @@
 #include "feed/master_build.h"
 #include "feed/master_file.h"
 #include "feed/master_picture.h"
-#include "platform/format.h"
 
 namespace tvx {
 namespace {

@@ -4,7 +4,7 @@
 #include <span>
 #include <string>
 
-#include "model/path.h"
+#include "model/vectors.h"
 
 namespace tvx {
 

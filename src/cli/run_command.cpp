@@ -5,6 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "base/format.h"
+#include "base/scan.h"
+#include "base/text.h"
 #include "cli/command_line.h"
 #include "cli/commands.h"
 #include "cli/errors.h"
@@ -14,9 +17,6 @@
 #include "cli/params.h"
 #include "jobs/job_list.h"
 #include "platform/drives.h"
-#include "platform/format.h"
-#include "platform/scan.h"
-#include "platform/text.h"
 #include "reports/cut_time_list.h"
 #include "reports/job_list_file.h"
 #include "reports/spreadsheet_export.h"

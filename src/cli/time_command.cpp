@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "base/format.h"
 #include "cli/command_line.h"
 #include "cli/commands.h"
 #include "cli/host.h"
@@ -11,7 +12,6 @@
 #include "cli/output.h"
 #include "cli/params.h"
 #include "cli/program_files.h"
-#include "platform/format.h"
 
 namespace tvx {
 namespace {

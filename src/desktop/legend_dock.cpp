@@ -8,10 +8,10 @@
 #include <QVBoxLayout>
 #include <cmath>
 
+#include "base/format.h"
 #include "desktop/language.h"
 #include "desktop/qt_text.h"
-#include "model/path.h"
-#include "platform/format.h"
+#include "model/walks.h"
 #include "stats/cut_time.h"
 
 namespace tvx {

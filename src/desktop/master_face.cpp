@@ -3,9 +3,9 @@
 #include <QLineEdit>
 #include <QVBoxLayout>
 
+#include "base/format.h"
+#include "base/scan.h"
 #include "desktop/qt_text.h"
-#include "platform/format.h"
-#include "platform/scan.h"
 
 namespace tvx {
 

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "desktop/face.h"
-#include "feed/option_dialog.h"
 #include "shell/configuration.h"
 #include "shell/lists.h"
+#include "shell/option_dialog.h"
 
 class QListWidget;
 

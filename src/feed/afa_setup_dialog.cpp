@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "base/format.h"
+#include "base/numbers.h"
 #include "model/labels.h"
-#include "platform/format.h"
 #include "platform/number_field.h"
-#include "platform/numbers.h"
 
 namespace tvx {
 

@@ -1,6 +1,6 @@
 #include "feed/angle_feed.h"
 
-#include "platform/numbers.h"
+#include "base/numbers.h"
 
 namespace tvx {
 

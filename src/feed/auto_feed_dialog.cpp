@@ -1,8 +1,8 @@
 #include "feed/auto_feed_dialog.h"
 
+#include "base/format.h"
+#include "base/scan.h"
 #include "feed/condition_file.h"
-#include "platform/format.h"
-#include "platform/scan.h"
 
 namespace tvx {
 

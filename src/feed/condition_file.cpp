@@ -1,7 +1,7 @@
 #include "feed/condition_file.h"
 
+#include "base/text.h"
 #include "feed/parameter_lines.h"
-#include "platform/text.h"
 
 namespace tvx {
 

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/numbers.h"
 #include "feed/angle_feed.h"
 #include "feed/directions.h"
 #include "feed/zones.h"
-#include "platform/numbers.h"
 
 namespace tvx {
 

@@ -9,7 +9,7 @@
 #include "feed/path_index.h"
 #include "model/block_store.h"
 #include "model/job_record.h"
-#include "model/path.h"
+#include "model/vectors.h"
 
 namespace tvx {
 

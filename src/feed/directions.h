@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "model/path.h"
+#include "model/vectors.h"
 
 namespace tvx {
 

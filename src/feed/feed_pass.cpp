@@ -4,12 +4,12 @@
 #include <cmath>
 #include <vector>
 
+#include "base/numbers.h"
 #include "feed/angle_feed.h"
 #include "feed/directions.h"
 #include "feed/master_pass.h"
 #include "feed/path_index.h"
 #include "feed/zones.h"
-#include "platform/numbers.h"
 
 namespace tvx {
 

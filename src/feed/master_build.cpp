@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/numbers.h"
 #include "feed/master_messages.h"
 #include "feed/master_picture.h"
 #include "feed/sample_range.h"
-#include "platform/numbers.h"
+#include "model/walks.h"
 
 namespace tvx {
 

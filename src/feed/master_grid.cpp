@@ -8,7 +8,7 @@
 #include <new>
 #include <utility>
 
-#include "platform/numbers.h"
+#include "base/numbers.h"
 
 namespace tvx {
 

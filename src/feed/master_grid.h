@@ -7,7 +7,7 @@
 #include <memory>
 #include <vector>
 
-#include "model/path.h"
+#include "model/vectors.h"
 
 namespace tvx {
 

@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/numbers.h"
 #include "feed/angle_feed.h"
 #include "feed/sample_range.h"
 #include "feed/zones.h"
-#include "platform/numbers.h"
+#include "model/walks.h"
 
 namespace tvx {
 

@@ -1,5 +1,7 @@
 #include "feed/master_picture.h"
 
+#include "model/walks.h"
+
 namespace tvx {
 
 namespace {

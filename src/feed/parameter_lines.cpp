@@ -1,7 +1,7 @@
 #include "feed/parameter_lines.h"
 
-#include "platform/format.h"
-#include "platform/text.h"
+#include "base/format.h"
+#include "base/text.h"
 
 namespace tvx {
 

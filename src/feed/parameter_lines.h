@@ -5,8 +5,8 @@
 #include <string>
 #include <variant>
 
+#include "base/scan.h"
 #include "model/job_record.h"
-#include "platform/scan.h"
 
 namespace tvx {
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "model/block_store.h"
-#include "model/path.h"
+#include "model/walks.h"
 
 namespace tvx {
 

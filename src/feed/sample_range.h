@@ -6,7 +6,7 @@
 #include <cmath>
 #include <cstdint>
 
-#include "platform/numbers.h"
+#include "base/numbers.h"
 
 namespace tvx {
 

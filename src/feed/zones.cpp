@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/numbers.h"
+#include "base/numbers.h"
 
 namespace tvx {
 

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
+#include "base/numbers.h"
 #include "getfeed/condition_tables.h"
-#include "platform/numbers.h"
 
 namespace tvx {
 

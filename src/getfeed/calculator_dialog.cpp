@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <charconv>
 
+#include "base/format.h"
+#include "base/scan.h"
 #include "getfeed/condition_tables.h"
-#include "platform/format.h"
 #include "platform/number_field.h"
-#include "platform/scan.h"
 
 namespace tvx {
 

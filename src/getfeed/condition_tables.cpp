@@ -5,7 +5,7 @@
 #include <iterator>
 #include <limits>
 
-#include "platform/numbers.h"
+#include "base/numbers.h"
 
 namespace tvx {
 

@@ -1,7 +1,7 @@
 #include "jobs/job_list.h"
 
+#include "base/scan.h"
 #include "model/job_record.h"
-#include "platform/scan.h"
 
 namespace tvx {
 

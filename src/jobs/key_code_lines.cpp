@@ -1,9 +1,9 @@
 // The key-code part of an entry's line: the word "KeyCode" and the words behind it. The operations
 // find a word in the line by its text, so the first occurrence counts, wherever it stands.
 
+#include "base/format.h"
+#include "base/text.h"
 #include "jobs/transfer_dialog.h"
-#include "platform/format.h"
-#include "platform/text.h"
 
 namespace tvx {
 

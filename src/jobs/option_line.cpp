@@ -4,9 +4,9 @@
 #include <span>
 #include <variant>
 
-#include "platform/format.h"
-#include "platform/scan.h"
-#include "platform/text.h"
+#include "base/format.h"
+#include "base/scan.h"
+#include "base/text.h"
 
 namespace tvx {
 

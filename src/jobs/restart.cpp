@@ -1,8 +1,8 @@
 #include "jobs/restart.h"
 
+#include "base/format.h"
+#include "base/scan.h"
 #include "model/labels.h"
-#include "platform/format.h"
-#include "platform/scan.h"
 
 namespace tvx {
 

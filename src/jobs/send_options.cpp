@@ -2,13 +2,13 @@
 
 #include <algorithm>
 
+#include "base/format.h"
+#include "base/numbers.h"
+#include "base/scan.h"
 #include "getfeed/calculator_dialog.h"
 #include "getfeed/condition_tables.h"
 #include "model/labels.h"
-#include "platform/format.h"
 #include "platform/number_field.h"
-#include "platform/numbers.h"
-#include "platform/scan.h"
 
 namespace tvx {
 

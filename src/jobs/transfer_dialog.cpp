@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
+#include "base/format.h"
+#include "base/scan.h"
+#include "base/text.h"
 #include "jobs/preview.h"
 #include "model/labels.h"
-#include "platform/format.h"
-#include "platform/scan.h"
-#include "platform/text.h"
 
 namespace tvx {
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "model/block_store.h"
+
 namespace tvx {
 
 namespace {

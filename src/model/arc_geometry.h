@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "model/path.h"
+#include "model/vectors.h"
 
 namespace tvx {
 

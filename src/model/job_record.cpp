@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "platform/scan.h"
-#include "platform/text.h"
+#include "base/scan.h"
+#include "base/text.h"
 
 namespace tvx {
 

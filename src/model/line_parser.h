@@ -6,10 +6,10 @@
 #include <string_view>
 #include <utility>
 
+#include "base/numbers.h"
 #include "model/arc_geometry.h"
 #include "model/number_token.h"
 #include "model/parser.h"
-#include "platform/numbers.h"
 
 namespace tvx {
 

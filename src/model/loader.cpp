@@ -5,6 +5,7 @@
 
 #include "model/conversational_parser.h"
 #include "model/line_reader.h"
+#include "model/walks.h"
 #include "model/word_parser.h"
 
 namespace tvx {

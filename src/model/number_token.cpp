@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "platform/scan.h"
+#include "base/scan.h"
 
 namespace tvx {
 

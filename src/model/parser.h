@@ -4,7 +4,7 @@
 
 #include "model/block_store.h"
 #include "model/job_record.h"
-#include "model/path.h"
+#include "model/vectors.h"
 
 namespace tvx {
 

@@ -9,7 +9,7 @@
 #include <sstream>
 #include <system_error>
 
-#include "platform/scan.h"
+#include "base/scan.h"
 
 namespace tvx {
 

@@ -8,7 +8,7 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/format.h"
+#include "base/format.h"
 
 namespace tvx {
 

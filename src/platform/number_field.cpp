@@ -3,8 +3,8 @@
 #include <cmath>
 #include <string>
 
-#include "platform/format.h"
-#include "platform/scan.h"
+#include "base/format.h"
+#include "base/scan.h"
 
 namespace tvx {
 

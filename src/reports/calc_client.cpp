@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/format.h"
+#include "base/format.h"
 #include "platform/host_programs.h"
 #include "reports/calc_lines.h"
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/format.h"
+#include "base/format.h"
 #include "reports/job_list_file.h"
 #include "reports/spreadsheet_export.h"
 #include "reports/text_report.h"

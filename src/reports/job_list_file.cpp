@@ -1,8 +1,8 @@
 #include "reports/job_list_file.h"
 
+#include "base/scan.h"
+#include "base/text.h"
 #include "jobs/option_line.h"
-#include "platform/scan.h"
-#include "platform/text.h"
 
 namespace tvx {
 

@@ -1,7 +1,7 @@
 #include "reports/text_report.h"
 
-#include "platform/format.h"
-#include "platform/text.h"
+#include "base/format.h"
+#include "base/text.h"
 #include "stats/entry_lines.h"
 
 namespace tvx {

@@ -1,7 +1,7 @@
 #include "shell/configuration.h"
 
-#include "platform/scan.h"
-#include "platform/text.h"
+#include "base/scan.h"
+#include "base/text.h"
 #include "shell/short_text.h"
 
 namespace tvx {

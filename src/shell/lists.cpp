@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/scan.h"
-#include "platform/text.h"
+#include "base/scan.h"
+#include "base/text.h"
 #include "shell/short_text.h"
 
 namespace tvx {

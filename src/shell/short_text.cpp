@@ -1,6 +1,6 @@
 #include "shell/short_text.h"
 
-#include "platform/text.h"
+#include "base/text.h"
 
 namespace tvx {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/scan.h"
+#include "base/scan.h"
 
 namespace tvx {
 

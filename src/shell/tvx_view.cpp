@@ -1,8 +1,8 @@
 #include "shell/tvx_view.h"
 
 #include "feed/condition_file.h"
-#include "feed/parameter_file.h"
 #include "shell/lists.h"
+#include "shell/parameter_file.h"
 
 namespace tvx {
 

@@ -4,12 +4,12 @@
 
 #include "feed/master_build.h"
 #include "feed/master_grid.h"
-#include "feed/option_dialog.h"
 #include "jobs/transfer_dialog.h"
 #include "model/job_record.h"
 #include "model/loader.h"
 #include "reports/cut_time_list.h"
 #include "shell/application.h"
+#include "shell/option_dialog.h"
 #include "stats/file_information.h"
 #include "stats/result_table.h"
 #include "view/command_pad.h"

@@ -2,8 +2,8 @@
 
 #include <string_view>
 
+#include "base/text.h"
 #include "jobs/key_code_pad.h"
-#include "platform/text.h"
 #include "shell/short_text.h"
 
 namespace tvx {

@@ -1,8 +1,8 @@
 #include "shell/view_operations.h"
 
-#include "feed/master_commands.h"
 #include "shell/cut_time_commands.h"
 #include "shell/job_list_run.h"
+#include "shell/master_commands.h"
 #include "view/picture.h"
 
 namespace tvx {

@@ -1,7 +1,7 @@
 #include "stats/cut_time.h"
 
-#include "model/path.h"
-#include "platform/numbers.h"
+#include "base/numbers.h"
+#include "model/walks.h"
 
 namespace tvx {
 

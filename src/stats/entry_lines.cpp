@@ -1,6 +1,6 @@
 #include "stats/entry_lines.h"
 
-#include "platform/format.h"
+#include "base/format.h"
 
 namespace tvx {
 

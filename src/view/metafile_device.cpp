@@ -5,7 +5,7 @@
 #include <cmath>
 #include <string>
 
-#include "platform/numbers.h"
+#include "base/numbers.h"
 
 namespace tvx {
 namespace {

@@ -4,7 +4,8 @@
 #include <cmath>
 #include <utility>
 
-#include "platform/numbers.h"
+#include "base/numbers.h"
+#include "model/walks.h"
 
 namespace tvx {
 namespace {

@@ -12,7 +12,7 @@
 #include "model/block_store.h"
 #include "model/job_record.h"
 #include "model/loader.h"
-#include "model/path.h"
+#include "model/vectors.h"
 #include "view/drawing_device.h"
 #include "view/view_transform.h"
 

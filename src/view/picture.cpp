@@ -5,7 +5,7 @@
 #include <memory>
 #include <vector>
 
-#include "platform/scan.h"
+#include "base/scan.h"
 #include "view/metafile_device.h"
 #include "view/png_file.h"
 #include "view/raster_device.h"

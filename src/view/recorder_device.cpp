@@ -4,7 +4,7 @@
 #include <string>
 #include <utility>
 
-#include "platform/format.h"
+#include "base/format.h"
 
 namespace tvx {
 

@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <string>
 
-#include "platform/format.h"
+#include "base/format.h"
 
 namespace tvx {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "platform/numbers.h"
+#include "base/numbers.h"
 
 namespace tvx {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/numbers.h"
+#include "base/numbers.h"
 
 namespace tvx {
 namespace {

@@ -5,9 +5,9 @@
 
 #include <cstdint>
 
+#include "base/numbers.h"
 #include "model/block_store.h"
-#include "model/path.h"
-#include "platform/numbers.h"
+#include "model/vectors.h"
 #include "platform/user_interface.h"
 #include "view/pixel.h"
 

@@ -11,6 +11,7 @@
 #include <QMessageBox>
 #include <QSlider>
 
+#include "base/text.h"
 #include "desktop/calculator_face.h"
 #include "desktop/command_pad_face.h"
 #include "desktop/condition_faces.h"
@@ -20,7 +21,6 @@
 #include "desktop/settings_faces.h"
 #include "desktop_test.h"
 #include "feed/condition_file.h"
-#include "platform/text.h"
 #include "shell/lists.h"
 #include "shell/view_operations.h"
 #include "support/record_changes.h"

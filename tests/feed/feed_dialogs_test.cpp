@@ -3,8 +3,8 @@
 
 #include "feed/afa_setup_dialog.h"
 #include "feed/auto_feed_dialog.h"
-#include "feed/option_dialog.h"
 #include "model/labels.h"
+#include "shell/option_dialog.h"
 #include "support/memory_files.h"
 #include "support/record_changes.h"
 #include "support/scripted_ui.h"

@@ -6,11 +6,11 @@
 #include <random>
 #include <vector>
 
+#include "base/numbers.h"
 #include "feed/feed_pass.h"
 #include "feed/master_grid.h"
 #include "model/block_store.h"
 #include "model/job_record.h"
-#include "platform/numbers.h"
 
 namespace tvx {
 

@@ -7,9 +7,9 @@
 #include <cstring>
 #include <memory>
 
+#include "base/format.h"
 #include "feed/zones.h"
 #include "feed_fixture.h"
-#include "platform/format.h"
 
 namespace tvx {
 namespace {

@@ -8,11 +8,11 @@
 #include <numbers>
 #include <regex>
 
+#include "base/numbers.h"
 #include "feed/master_picture.h"
 #include "feed_fixture.h"
 #include "model/block_list.h"
-#include "model/path.h"
-#include "platform/numbers.h"
+#include "model/walks.h"
 #include "support/memory_files.h"
 #include "support/scripted_ui.h"
 

@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "base/format.h"
 #include "feed_fixture.h"
-#include "platform/format.h"
 
 namespace tvx {
 namespace {

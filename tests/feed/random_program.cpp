@@ -4,7 +4,7 @@
 #include <limits>
 
 #include "feed_fixture.h"
-#include "model/path.h"
+#include "model/vectors.h"
 
 namespace tvx {
 

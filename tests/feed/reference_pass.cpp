@@ -1,10 +1,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/numbers.h"
 #include "feed/angle_feed.h"
 #include "feed_fixture.h"
-#include "model/path.h"
-#include "platform/numbers.h"
+#include "model/walks.h"
 
 namespace tvx {
 

@@ -4,10 +4,10 @@
 
 #include <sstream>
 
+#include "base/format.h"
+#include "base/text.h"
 #include "feed/condition_file.h"
-#include "feed/parameter_file.h"
-#include "platform/format.h"
-#include "platform/text.h"
+#include "shell/parameter_file.h"
 #include "support/memory_files.h"
 #include "support/record_changes.h"
 #include "support/scripted_ui.h"

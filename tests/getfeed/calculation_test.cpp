@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-#include "platform/format.h"
+#include "base/format.h"
 
 namespace tvx {
 namespace {

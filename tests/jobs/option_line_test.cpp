@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/format.h"
-#include "platform/text.h"
+#include "base/format.h"
+#include "base/text.h"
 #include "support/record_changes.h"
 
 namespace tvx {

@@ -4,10 +4,10 @@
 
 #include <array>
 
+#include "base/format.h"
 #include "feed/condition_file.h"
 #include "getfeed/calculator_dialog.h"
 #include "model/labels.h"
-#include "platform/format.h"
 #include "support/memory_files.h"
 #include "support/record_changes.h"
 #include "support/scripted_ui.h"

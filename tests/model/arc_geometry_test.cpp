@@ -5,6 +5,8 @@
 
 #include <array>
 
+#include "model/block_store.h"
+
 namespace tvx {
 namespace {
 

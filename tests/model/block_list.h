@@ -3,8 +3,8 @@
 #include <map>
 #include <string>
 
+#include "base/format.h"
 #include "model/block_store.h"
-#include "platform/format.h"
 
 namespace tvx {
 

@@ -7,6 +7,7 @@
 
 #include "model/block_list.h"
 #include "model/one_page_memory.h"
+#include "model/walks.h"
 #include "support/memory_files.h"
 #include "support/scripted_ui.h"
 

@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "base/numbers.h"
 #include "model/arc_geometry.h"
-#include "platform/numbers.h"
 
 namespace tvx {
 

@@ -5,8 +5,8 @@
 
 #include <filesystem>
 
+#include "base/scan.h"
 #include "platform/drives.h"
-#include "platform/scan.h"
 #include "reports/example_entry.h"
 #include "support/memory_files.h"
 #include "support/scripted_ui.h"

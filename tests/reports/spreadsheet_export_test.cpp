@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-#include "platform/format.h"
+#include "base/format.h"
 #include "reports/example_entry.h"
 #include "support/scripted_spreadsheets.h"
 #include "support/scripted_ui.h"

@@ -2,8 +2,8 @@
 // read from odd ones stands in the golden cases of the configuration.
 #include <gtest/gtest.h>
 
+#include "base/text.h"
 #include "jobs/key_code_pad.h"
-#include "platform/text.h"
 #include "shell/configuration.h"
 #include "shell/lists.h"
 #include "shell/user_keys.h"

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/format.h"
+#include "base/format.h"
 #include "shell/application.h"
 #include "shell/tvx_view.h"
 #include "support/memory_files.h"

@@ -9,7 +9,7 @@
 #include <random>
 #include <vector>
 
-#include "model/path.h"
+#include "model/walks.h"
 
 namespace tvx {
 namespace {

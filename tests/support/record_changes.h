@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "base/format.h"
 #include "model/job_record.h"
-#include "platform/format.h"
 
 namespace tvx {
 

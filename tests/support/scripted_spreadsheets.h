@@ -5,7 +5,7 @@
 #include <variant>
 #include <vector>
 
-#include "platform/format.h"
+#include "base/format.h"
 #include "reports/spreadsheet.h"
 
 namespace tvx {

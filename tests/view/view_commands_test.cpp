@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/format.h"
+#include "base/format.h"
 #include "test_scene.h"
 
 namespace tvx {

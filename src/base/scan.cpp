@@ -1,10 +1,10 @@
-#include "platform/scan.h"
+#include "base/scan.h"
 
 #include <charconv>
 #include <cstdlib>
 #include <limits>
 
-#include "platform/c_locale.h"
+#include "base/c_locale.h"
 
 namespace tvx {
 

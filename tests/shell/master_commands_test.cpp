@@ -1,8 +1,8 @@
-#include "feed/master_commands.h"
+#include "shell/master_commands.h"
 
 #include <gtest/gtest.h>
 
-#include "feed_fixture.h"
+#include "feed/feed_fixture.h"
 #include "model/block_list.h"
 #include "support/memory_files.h"
 #include "support/scripted_ui.h"

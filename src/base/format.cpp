@@ -1,11 +1,11 @@
-#include "platform/format.h"
+#include "base/format.h"
 
 #include <charconv>
 #include <cmath>
 #include <cstdarg>
 #include <cstdio>
 
-#include "platform/c_locale.h"
+#include "base/c_locale.h"
 
 namespace tvx {
 

@@ -1,4 +1,4 @@
-#include "model/path.h"
+#include "model/walks.h"
 
 #include <gtest/gtest.h>
 

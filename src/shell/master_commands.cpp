@@ -1,4 +1,4 @@
-#include "feed/master_commands.h"
+#include "shell/master_commands.h"
 
 #include "feed/master_file.h"
 #include "feed/master_picture.h"

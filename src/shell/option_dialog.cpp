@@ -1,9 +1,9 @@
-#include "feed/option_dialog.h"
+#include "shell/option_dialog.h"
 
-#include "feed/parameter_file.h"
-#include "platform/format.h"
-#include "platform/scan.h"
-#include "platform/text.h"
+#include "base/format.h"
+#include "base/scan.h"
+#include "base/text.h"
+#include "shell/parameter_file.h"
 
 namespace tvx {
 

@@ -1,7 +1,7 @@
-#include "feed/parameter_file.h"
+#include "shell/parameter_file.h"
 
+#include "base/text.h"
 #include "feed/parameter_lines.h"
-#include "platform/text.h"
 
 namespace tvx {
 

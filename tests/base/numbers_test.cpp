@@ -1,5 +1,5 @@
 // Numbers as texts and back.
-#include "platform/numbers.h"
+#include "base/numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -11,8 +11,8 @@
 #include <limits>
 #include <random>
 
-#include "platform/format.h"
-#include "platform/scan.h"
+#include "base/format.h"
+#include "base/scan.h"
 #include "support/comma_locale.h"
 
 namespace tvx {
