@@ -76,7 +76,7 @@ class JobBench {
     return Seconds([&] {
       for (const std::string& name : view_->job.FileNames) {
         LoadNcFile(directory_ + "\\" + name, &view_->program, &app->parserStates, &view_->job,
-                   app->files, app->ui);
+                   app->files);
         if (view_->job.AfaEnabled == 1) {
           FeedPass(&view_->program, view_->job, &view_->masterGrid, &app->feedPassMemory);
         }

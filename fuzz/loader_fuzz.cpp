@@ -46,12 +46,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const std::string_view text = AsText(data + 1, size - 1);
 
   FuzzFiles files(text);
-  FuzzUi ui;
   ParserStates states;
   NcProgram program;
   // Twice, since the second load starts with what the first left in the parser.
   for (int load = 0; load < 2; ++load) {
-    Require(LoadNcFile("c:\\fuzz.nc", &program, &states, &job, &files, &ui) == 1);
+    Require(LoadNcFile("c:\\fuzz.nc", &program, &states, &job, &files) == LoadResult::kLoaded);
     CheckStore(program.store, LineCount(text));
   }
   return 0;

@@ -89,11 +89,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   std::string_view text = AsText(data, size);
   JobRecord job = TakeJob(&text);
   FuzzFiles files(text);
-  FuzzUi ui;
   ParserStates states;
   NcProgram program;
   FeedPassMemory memory;
-  if (LoadNcFile("c:\\fuzz.nc", &program, &states, &job, &files, &ui) != 1) return 0;
+  if (LoadNcFile("c:\\fuzz.nc", &program, &states, &job, &files) != LoadResult::kLoaded) return 0;
   // Twice, since a second run finds the zones of the first.
   for (int run = 0; run < 2; ++run) {
     FeedPass(&program, job, nullptr, &memory);

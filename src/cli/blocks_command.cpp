@@ -58,9 +58,10 @@ FeedTrace Explanation(const std::string& name) {
 
 }  // namespace
 
-void PrintStore(const std::string& name, const NcProgram& program, int result) {
+void PrintStore(const std::string& name, const NcProgram& program, LoadResult result) {
   Print("# " + name + " blockCount " + std::to_string(program.store.blockCount) + " FeedBase " +
-        std::to_string(program.FeedBase) + " result " + std::to_string(result) + "\n");
+        std::to_string(program.FeedBase) + " result " +
+        std::to_string(result == LoadResult::kLoaded ? 1 : 0) + "\n");
   PrintBlocks(program.store);
 }
 
@@ -83,12 +84,12 @@ int RunBlocks(const Call& call) {
   CTVXView view(&host.app);
   params.Apply(&host, &view);
   for (const ProgramFile& file : files) {
-    const int result = LoadProgram(file, &view);
+    const LoadResult result = LoadProgram(file, &view);
     if (params.Adjusts()) {
       AdjustProgram(file, &view, explains ? Explanation(file.argument) : FeedTrace());
     }
     PrintStore(file.argument, view.program, result);
-    if (result != 1) throw Failure{file.argument, "does not fit into the store"};
+    if (result != LoadResult::kLoaded) throw Failure{file.argument, "does not fit into the store"};
   }
   return 0;
 }

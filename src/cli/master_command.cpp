@@ -169,7 +169,7 @@ int RunMasterShow(const Call& call) {
   CTVXView view(&host.app);
   view.masterGrid = ReadModel(argument, &host);
   ShowMaster(view.masterGrid, &view.program, &view.view.RapidVisible);
-  PrintStore(argument, view.program, 1);
+  PrintStore(argument, view.program, LoadResult::kLoaded);
   return 0;
 }
 

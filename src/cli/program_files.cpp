@@ -2,7 +2,7 @@
 
 #include "cli/errors.h"
 #include "cli/output.h"
-#include "model/loader.h"
+#include "shell/program_loading.h"
 #include "stats/cut_time.h"
 
 namespace tvx {
@@ -24,15 +24,15 @@ std::vector<ProgramFile> FindProgramFiles(const Host& host,
   return files;
 }
 
-int LoadProgram(const ProgramFile& file, CTVXView* view) {
+LoadResult LoadProgram(const ProgramFile& file, CTVXView* view) {
   ShowProgress(file.argument + ": reading");
   view->fileName = NameOf(file.path);
-  return LoadNcFile(file.path, &view->program, &view->app->parserStates, &view->job,
-                    view->app->files, view->app->ui);
+  return LoadIntoView(view, file.path);
 }
 
 void LoadWholeProgram(const ProgramFile& file, CTVXView* view) {
-  if (LoadProgram(file, view) != 1) throw Failure{file.argument, "does not fit into the store"};
+  if (LoadProgram(file, view) != LoadResult::kLoaded)
+    throw Failure{file.argument, "does not fit into the store"};
 }
 
 void AdjustProgram(const ProgramFile& file, CTVXView* view, const FeedTrace& trace) {

@@ -21,7 +21,7 @@ std::vector<ProgramFile> FindProgramFiles(const Host& host,
                                           const std::vector<std::string>& arguments);
 
 // Loads a program into the view's store. Returns what the load returned.
-int LoadProgram(const ProgramFile& file, CTVXView* view);
+LoadResult LoadProgram(const ProgramFile& file, CTVXView* view);
 
 // The same where a program that was read in part is of no use. Throws Failure.
 void LoadWholeProgram(const ProgramFile& file, CTVXView* view);

@@ -139,7 +139,9 @@ void MainWindow::OpenFile(const std::string& drivePath, ViewWidget* widget) {
 void MainWindow::LoadInto(ViewWidget* widget, const std::string& drivePath) {
   if (widget->HasBeenDrawn()) {
     ShowFilePathAnew();
-    if (LoadProgram(&widget->view(), drivePath) == 1) recent_.Add(ToQt(drivePath));
+    if (LoadProgram(&widget->view(), drivePath) == LoadResult::kLoaded) {
+      recent_.Add(ToQt(drivePath));
+    }
     ShowProgram();
     return;
   }

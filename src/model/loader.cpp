@@ -128,16 +128,13 @@ void EmptyProgram(NcProgram* program) {
   program->incrementalMode = 0;
 }
 
-int LoadNcFile(const std::string& path, NcProgram* program, ParserStates* states, JobRecord* job,
-               Files* files, UserInterface* ui) {
+LoadResult LoadNcFile(const std::string& path, NcProgram* program, ParserStates* states,
+                      JobRecord* job, Files* files) {
   BlockStore& store = program->store;
   EmptyProgram(program);
 
   const std::unique_ptr<InputFile> file = files->OpenOrCreateForReading(path);
-  if (file == nullptr) {
-    ui->ShowMessage({.text = "화일을 열수 없읍니다.\n"});
-    return 0;
-  }
+  if (file == nullptr) return LoadResult::kCannotOpen;
 
   MotionBlock& block = store.CurrentBlock;
   block.headPercent = block.headFeed = block.tailPercent = block.tailFeed = 0;
@@ -152,13 +149,13 @@ int LoadNcFile(const std::string& path, NcProgram* program, ParserStates* states
   if (reader.Next(&line)) {
     const auto readLines =
         IsConversational(job) ? ReadLines<ConversationalParser> : ReadLines<WordParser>;
-    if (!readLines(context, &reader, line, &store, &feedBase)) return 0;
+    if (!readLines(context, &reader, line, &store, &feedBase)) return LoadResult::kStoreFull;
   }
   StartFirstRun(&store);
   program->FeedBase = feedBase;
   // Where a walk over the program ends. A comment at the head of the next program keeps this place.
   store.ReadBlock(store.blockCount - 1);
-  return 1;
+  return LoadResult::kLoaded;
 }
 
 }  // namespace tvx

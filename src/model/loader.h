@@ -7,7 +7,6 @@
 #include "model/job_record.h"
 #include "model/parser.h"
 #include "platform/files.h"
-#include "platform/user_interface.h"
 
 namespace tvx {
 
@@ -23,12 +22,15 @@ struct NcProgram {
 // Leaves a program as a load begins: without blocks, in absolute mode, with a silent first point.
 void EmptyProgram(NcProgram* program);
 
+enum class LoadResult {
+  kLoaded,      // the program is read, and the register holds its last block
+  kCannotOpen,  // the store is empty
+  kStoreFull,   // the store has no room for the second record of an arc; it holds what came before
+};
+
 // Reads one NC file into the store, in place of the program there. A file that does not exist is
-// created empty. Returns 1; 0 with an empty store and a message when the file cannot be opened, and
-// 0 with what was read so far when the second record of an arc finds no room. A read program leaves
-// the register on its last block.
-// `states` is the modal state that lives as long as the process.
-int LoadNcFile(const std::string& path, NcProgram* program, ParserStates* states, JobRecord* job,
-               Files* files, UserInterface* ui);
+// created empty. `states` is the modal state that lives as long as the process.
+LoadResult LoadNcFile(const std::string& path, NcProgram* program, ParserStates* states,
+                      JobRecord* job, Files* files);
 
 }  // namespace tvx

@@ -5,6 +5,7 @@
 #include "feed/master_file.h"
 #include "jobs/option_line.h"
 #include "shell/cut_time_commands.h"
+#include "shell/program_loading.h"
 #include "stats/cut_time.h"
 #include "view/view_transform.h"
 
@@ -24,13 +25,12 @@ size_t EntryCount(const JobRecord& job) {
   return count;
 }
 
-int Load(CTVXView* view, const std::string& path, RunObserver* observer) {
+bool Load(CTVXView* view, const std::string& path, RunObserver* observer) {
   if (!observer->MayLoad(path)) {
     EmptyProgram(&view->program);
-    return 0;
+    return false;
   }
-  return LoadNcFile(path, &view->program, &view->app->parserStates, &view->job, view->app->files,
-                    view->app->ui);
+  return LoadIntoView(view, path) == LoadResult::kLoaded;
 }
 
 // The NC file that a missing model is built from: the model's path up to its first ending.
@@ -47,7 +47,7 @@ bool BringMaster(CTVXView* view, const std::string& masterPath, RunObserver* obs
   if (files->Exists(masterPath)) {
     return ReadMasterFile(masterPath, &view->masterGrid, files, ui) == 1;
   }
-  if (Load(view, ProgramOfMaster(masterPath), observer) == 0) return false;
+  if (!Load(view, ProgramOfMaster(masterPath), observer)) return false;
   if (BuildMaster(view->masterDialog, &view->program, &view->masterGrid, &view->view.RapidVisible,
                   ui) == 0) {
     return false;
@@ -81,7 +81,7 @@ void RunEntry(CTVXView* view, size_t index, std::string* lastMaster, RunObserver
     if (!BringMaster(view, master, observer)) observer->OnMasterFailed(master);
     *lastMaster = master;
   }
-  if (Load(view, path, observer) == 0) observer->OnLoadFailed(path);
+  if (!Load(view, path, observer)) observer->OnLoadFailed(path);
   if (view->job.AfaEnabled == 1) {
     FeedPass(&view->program, view->job, &view->masterGrid, &view->app->feedPassMemory);
   }

@@ -3,6 +3,7 @@
 #include "shell/cut_time_commands.h"
 #include "shell/job_list_run.h"
 #include "shell/master_commands.h"
+#include "shell/program_loading.h"
 #include "view/picture.h"
 
 namespace tvx {
@@ -99,12 +100,11 @@ void RunViewAction(CTVXView* view, Action action, int argument) {
   if (operation != nullptr) operation->run(view, argument);
 }
 
-int LoadProgram(CTVXView* view, const std::string& path) {
+LoadResult LoadProgram(CTVXView* view, const std::string& path) {
   view->fileName = WithoutDirectory(path);
   view->filePath = path;
-  const int result = LoadNcFile(path, &view->program, &view->app->parserStates, &view->job,
-                                view->app->files, view->app->ui);
-  if (result == 1) ++view->loads;
+  const LoadResult result = LoadIntoView(view, path);
+  if (result == LoadResult::kLoaded) ++view->loads;
   FitToPath(&view->view.transform, &view->program.store, view->app->ui);
   return result;
 }

@@ -19,7 +19,7 @@ void RunViewAction(CTVXView* view, Action action, int argument = 0);
 
 // Loads an NC file, by its drive path or relative to the current directory, and shows it. The path
 // without its directory becomes the current file name. Returns what the load returned.
-int LoadProgram(CTVXView* view, const std::string& path);
+LoadResult LoadProgram(CTVXView* view, const std::string& path);
 
 // A press of the left button in the picture: the command pad, and then what was chosen on it.
 void OpenCommandPad(CTVXView* view);

@@ -207,7 +207,7 @@ TEST(CleanPlunges, TakesStraightPlungesOut) {
     ParserStates states;
     JobRecord job;
     files.Put("c:\\a.nc", std::string(c.program) + "\n");
-    ASSERT_EQ(LoadNcFile("c:\\a.nc", &build.program, &states, &job, &files, &build.ui), 1);
+    ASSERT_EQ(LoadNcFile("c:\\a.nc", &build.program, &states, &job, &files), LoadResult::kLoaded);
     CleanPlunges(&build.program.store);
     EXPECT_EQ(WithoutFeeds(build.program.store), c.cleaned) << c.about;
   }

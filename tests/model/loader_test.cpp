@@ -9,7 +9,6 @@
 #include "model/one_page_memory.h"
 #include "model/walks.h"
 #include "support/memory_files.h"
-#include "support/scripted_ui.h"
 
 namespace tvx {
 namespace {
@@ -17,16 +16,16 @@ namespace {
 struct Shop {
   explicit Shop(PageMemory* memory = ProcessPageMemory()) : program{BlockStore(memory)} {}
 
-  ScriptedUi ui;
   NcProgram program;
   ParserStates states;
   JobRecord job;
 
-  int Load(const std::string& text, MemoryFiles* files, const std::string& path = "c:\\a.nc") {
+  LoadResult Load(const std::string& text, MemoryFiles* files,
+                  const std::string& path = "c:\\a.nc") {
     if (!text.empty()) files->Put(path, text);
-    return LoadNcFile(path, &program, &states, &job, files, &ui);
+    return LoadNcFile(path, &program, &states, &job, files);
   }
-  int Load(const std::string& text) {
+  LoadResult Load(const std::string& text) {
     MemoryFiles files;
     return Load(text, &files);
   }
@@ -41,7 +40,7 @@ TEST(Loader, LinesOfAnyLengthAcrossReads) {
   }
   text += std::string(3 << 20, 'X') + "\nG01 X1 Y1\n";
   Shop shop;
-  ASSERT_EQ(shop.Load(text), 1);
+  ASSERT_EQ(shop.Load(text), LoadResult::kLoaded);
   ASSERT_EQ(shop.program.store.blockCount, 60002U);
   for (uint32_t i = 1; i <= 60000; ++i) {
     const MotionBlock* block = shop.program.store.Peek(i - 1);
@@ -60,7 +59,7 @@ TEST(Loader, LineEndsAndCommentsAtEveryPlaceOfALine) {
     blocks += (move.size() > 80 ? "; none" : "; cut " + x + " 0 0 F100") + "; none; none";
   }
   Shop shop;
-  EXPECT_EQ(shop.Load(text), 1);
+  EXPECT_EQ(shop.Load(text), LoadResult::kLoaded);
   EXPECT_EQ(shop.Blocks(), blocks);
 }
 
@@ -87,12 +86,12 @@ TEST(Loader, SmallReadsGiveTheSameBlocks) {
   const std::string text = "%\r\nG01 X1.25 F300\r\n(" + std::string(400, 'X') +
                            ")\r\nX2 Y-3.5\r\nX3" + std::string(300, ' ') + "\r\nG02 X4 I0.5 J0\nX9";
   Shop shop;
-  ASSERT_EQ(shop.Load(text), 1);
+  ASSERT_EQ(shop.Load(text), LoadResult::kLoaded);
   for (const size_t bytes : {1U, 2U, 7U, 32U, 33U, 81U, 255U, 256U, 300U}) {
     SlowFiles files;
     files.bytes = bytes;
     Shop slow;
-    EXPECT_EQ(slow.Load(text, &files), 1);
+    EXPECT_EQ(slow.Load(text, &files), LoadResult::kLoaded);
     EXPECT_EQ(slow.Blocks(), shop.Blocks()) << bytes;
     EXPECT_EQ(slow.program.FeedBase, 300);
   }
@@ -102,18 +101,15 @@ TEST(Loader, FilesThatCannotBeRead) {
   MemoryFiles files;
   Shop shop;
   shop.Load("G01 X1\n");
-  EXPECT_EQ(shop.Load("", &files, "c:\\new.nc"), 1);
+  EXPECT_EQ(shop.Load("", &files, "c:\\new.nc"), LoadResult::kLoaded);
   EXPECT_TRUE(files.Exists("c:\\new.nc")) << "created empty";
   EXPECT_EQ(shop.program.store.blockCount, 0U);
-  EXPECT_TRUE(shop.ui.messages.empty());
 
   shop.Load("G01 X1\n");
   shop.program.firstPoint = 0;
-  EXPECT_EQ(shop.Load("", &files, "c:\\no\\such.nc"), 0);
+  EXPECT_EQ(shop.Load("", &files, "c:\\no\\such.nc"), LoadResult::kCannotOpen);
   EXPECT_EQ(shop.program.store.blockCount, 0U);
   EXPECT_EQ(shop.program.firstPoint, 1);
-  EXPECT_EQ(shop.ui.log, std::vector<std::string>{"message 화일을 열수 없읍니다.\n"});
-  EXPECT_EQ(shop.ui.messages.at(0).caption, "Error message");
 }
 
 TEST(Loader, BlocksWithoutRoomAreLostAndTheLoadGoesOn) {
@@ -121,7 +117,7 @@ TEST(Loader, BlocksWithoutRoomAreLostAndTheLoadGoesOn) {
   Shop shop(&memory);
   std::string text = "G01\n";
   for (int i = 1; i <= 2050; ++i) text += "X" + std::to_string(i) + "\n\n";
-  EXPECT_EQ(shop.Load(text), 1);
+  EXPECT_EQ(shop.Load(text), LoadResult::kLoaded);
   EXPECT_EQ(shop.program.store.blockCount, 2041U);
   EXPECT_EQ(shop.states.word.savedPos.x, 2050) << "the rest was parsed";
 }
@@ -129,7 +125,7 @@ TEST(Loader, BlocksWithoutRoomAreLostAndTheLoadGoesOn) {
 TEST(Loader, AnArcWithoutRoomForItsCentreEndsTheLoad) {
   OnePageMemory memory;  // of 2041 blocks
   Shop shop(&memory);
-  EXPECT_EQ(shop.Load(std::string(2040, '\n') + "G02 X2 I1 J0\nG01 X5\n"), 0);
+  EXPECT_EQ(shop.Load(std::string(2040, '\n') + "G02 X2 I1 J0\nG01 X5\n"), LoadResult::kStoreFull);
   EXPECT_EQ(shop.states.word.savedPos.x, 2);
   EXPECT_EQ(shop.program.store.blockCount, 2042U);
   Vec3 low, high;

@@ -4,6 +4,7 @@
 #include "model/block_list.h"
 #include "shell/cut_time_commands.h"
 #include "shell/job_list_run.h"
+#include "shell/view_operations.h"
 #include "shell_test.h"
 
 namespace tvx {
@@ -40,7 +41,7 @@ class Runs : public ShellTest {
 class SingleCutTime : public Runs {
  protected:
   SingleCutTime() {
-    LoadNcFile("a.nc", &view.program, &app.parserStates, &view.job, &files, &ui);
+    LoadNcFile("a.nc", &view.program, &app.parserStates, &view.job, &files);
     view.fileName = "a.nc";
   }
 };
@@ -106,6 +107,13 @@ TEST_F(SingleCutTime, PicturesUntilTheTableIsFull) {
   EXPECT_EQ(RecordResultEntry(&view), 300);
   EXPECT_EQ(ui.statusTexts.size(), 1U);
   EXPECT_FALSE(files.Exists("c:\\marlo\\ncdata\\b.nc.emf"));
+}
+
+TEST_F(Runs, LoadThatCannotOpenTheFileShowsMessage) {
+  EXPECT_EQ(LoadProgram(&view, "c:\\gone\\a.nc"), LoadResult::kCannotOpen);
+  EXPECT_EQ(view.loads, 0U);
+  EXPECT_EQ(ui.messages.at(0).text, "화일을 열수 없읍니다.\n");
+  EXPECT_EQ(ui.messages.at(0).caption, "Error message");
 }
 
 class JobListRun : public Runs {

@@ -55,7 +55,8 @@ TEST_F(Start, FilesOverTheDefaults) {
 
   // The format that the parameter file chose rules the loads of this window.
   files.Put("d.h", "L X+10 Y+0 Z+0 F500\n");
-  EXPECT_EQ(LoadNcFile("d.h", &view.program, &app.parserStates, &view.job, &files, &ui), 1);
+  EXPECT_EQ(LoadNcFile("d.h", &view.program, &app.parserStates, &view.job, &files),
+            LoadResult::kLoaded);
   EXPECT_EQ(BlockList(view.program.store), "cutStart 10 0 0 F500");
 }
 
