@@ -78,7 +78,6 @@ std::vector<Stage> BuildInStages(NcProgram* program, MasterGrid* grid) {
   BlockStore* store = &program->store;
   Vec3 minimum, maximum;
   int32_t k = 0;
-  int32_t RapidVisible = 0;
   std::vector<Stage> stages;
   const auto stage = [&](const char* name, const std::function<void()>& work) {
     stages.push_back({name, Seconds(work)});
@@ -99,7 +98,7 @@ std::vector<Stage> BuildInStages(NcProgram* program, MasterGrid* grid) {
   stage("thinning", [&] { ThinOut(grid, k, kTolerance); });
   stage("angles", [&] { MasterAngles(grid); });
   stage("index", [&] { IndexCells(grid); });
-  stage("picture", [&] { ShowMaster(*grid, program, &RapidVisible); });
+  stage("picture", [&] { ShowMaster(*grid, program); });
   return stages;
 }
 

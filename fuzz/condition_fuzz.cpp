@@ -12,12 +12,11 @@ using namespace tvx;
 // What is written of a file that was read over the defaults.
 std::string Rewritten(std::string_view bytes) {
   FuzzFiles files(bytes);
-  FuzzUi ui;
   JobRecord job;
   int32_t spindle = 1000;
-  Require(ReadConditionFile("c:\\a.afa", &job, &spindle, &files));
+  Require(ReadConditionFile("c:\\a.afa", &job, &spindle, &files) == SettingsResult::kDone);
   Require(job.AfaByMaster == 0);
-  Require(WriteConditionFile("c:\\b.afa", job, spindle, &files, &ui));
+  Require(WriteConditionFile("c:\\b.afa", job, spindle, &files) == SettingsResult::kDone);
   return files.written;
 }
 

@@ -11,35 +11,10 @@ namespace {
 
 using namespace tvx;
 
-// Keeps the one file that is written.
-class KeepingFiles : public FuzzFiles {
- public:
-  using FuzzFiles::FuzzFiles;
-  std::unique_ptr<OutputFile> Create(const std::string&) override {
-    return std::make_unique<Output>(&written);
-  }
-  std::string written;
-
- private:
-  class Output : public OutputFile {
-   public:
-    explicit Output(std::string* bytes) : bytes_(bytes) {}
-    bool Write(std::string_view bytes) override {
-      bytes_->append(bytes);
-      return true;
-    }
-    bool Patch(uint64_t, std::string_view) override { return false; }
-    bool Commit() override { return true; }
-
-   private:
-    std::string* bytes_;
-  };
-};
-
 // A model that was read is whole, and writing it gives the file back, but for the reserved bytes.
-void CheckFile(const MasterGrid& grid, std::string_view bytes, KeepingFiles* files, FuzzUi* ui) {
+void CheckFile(const MasterGrid& grid, std::string_view bytes, FuzzFiles* files) {
   Require(grid.CellCount > 0 && grid.CellCount == grid.NX * grid.NY && grid.CellSize > 0);
-  Require(WriteMasterFile("c:\\fuzz.mma", grid, files, ui) == 1);
+  Require(WriteMasterFile("c:\\fuzz.mma", grid, files) == MasterFileResult::kDone);
   const std::string_view written = files->written;
   Require(written.size() == bytes.size());
   Require(written.substr(100, 44) == bytes.substr(100, 44));
@@ -73,18 +48,16 @@ void CheckLookups(MasterGrid* grid) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const std::string_view bytes = AsText(data, size);
-  KeepingFiles files(bytes);
-  FuzzUi ui;
+  FuzzFiles files(bytes);
   MasterGrid grid;
-  if (ReadMasterFile("c:\\fuzz.mma", &grid, &files, &ui) == 0) {
+  if (ReadMasterFile("c:\\fuzz.mma", &grid, &files) != MasterFileResult::kDone) {
     Require(grid.Cells.Empty() && grid.CellCount == 0);
     return 0;
   }
-  CheckFile(grid, bytes, &files, &ui);
+  CheckFile(grid, bytes, &files);
   CheckLookups(&grid);
   NcProgram program;
-  int32_t RapidVisible = 1;
-  ShowMaster(grid, &program, &RapidVisible);
+  ShowMaster(grid, &program);
   uint32_t lastNextBlock = 0;
   MasterSubPass(&program.store, JobRecord(), grid, 0, program.store.blockCount, &lastNextBlock);
   return 0;

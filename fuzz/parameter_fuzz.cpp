@@ -12,10 +12,9 @@ using namespace tvx;
 // What is written of a file that was read over the defaults.
 std::string Rewritten(std::string_view bytes) {
   FuzzFiles files(bytes);
-  FuzzUi ui;
   JobRecord job;
-  Require(ReadParameterFile("c:", &job, &files));
-  Require(WriteParameterFile("c:", job, &files, &ui));
+  Require(ReadParameterFile("c:", &job, &files) == SettingsResult::kDone);
+  Require(WriteParameterFile("c:", job, &files) == SettingsResult::kDone);
   return files.written;
 }
 

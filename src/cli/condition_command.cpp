@@ -29,7 +29,7 @@ int RunConditionShow(const Call& call) {
   const std::string path = host.ReadablePath(argument);
   JobRecord record = DefaultRecord(host.app);
   int32_t spindle = kDefaultSpindle;
-  if (!ReadConditionFile(path, &record, &spindle, host.files.get())) {
+  if (ReadConditionFile(path, &record, &spindle, host.files.get()) != SettingsResult::kDone) {
     throw Failure{argument, "cannot be read"};
   }
   Json object = FieldsJson(record, JobFields());
@@ -53,9 +53,8 @@ int RunConditionWrite(const Call& call) {
   const std::string path = host.DrivePath(argument);
   JobRecord record = DefaultRecord(host.app);
   settings.Apply(&record);
-  if (!WriteConditionFile(path, record, spindle.value_or(kDefaultSpindle), host.files.get(),
-                          &host.ui)) {
-    host.ui.DropMessage();
+  if (WriteConditionFile(path, record, spindle.value_or(kDefaultSpindle), host.files.get()) !=
+      SettingsResult::kDone) {
     throw Failure{argument, WriteProblem(host, path)};
   }
   return 0;

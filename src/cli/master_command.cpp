@@ -23,38 +23,33 @@ namespace {
 MasterGrid ReadModel(const std::string& argument, Host* host) {
   const std::string path = host->ReadablePath(argument);
   MasterGrid grid;
-  if (ReadMasterFile(path, &grid, host->files.get(), &host->ui) != 1) {
-    host->ui.DropMessage();
+  if (ReadMasterFile(path, &grid, host->files.get()) != MasterFileResult::kDone) {
     throw Failure{argument, "is no master model file"};
   }
   return grid;
 }
 
-const char* Reason(BuildProblem problem) {
-  switch (problem) {
-    case BuildProblem::kFewBlocks:
+const char* Reason(BuildResult result) {
+  switch (result) {
+    case BuildResult::kFewBlocks:
       return "is too short for a master model: it takes 5 lines";
-    case BuildProblem::kNoCut:
+    case BuildResult::kNoCut:
       return "gives no master model: it has no straight cut";
-    case BuildProblem::kTooWide:
+    case BuildResult::kTooWide:
       return "gives no master model: the part is wider than 32700 mm";
-    case BuildProblem::kSizes:
+    case BuildResult::kSizes:
       return "gives no master model with these sizes: the tolerance has to be above 0, and coarse "
              "enough for the size of the part";
-    case BuildProblem::kNone:
+    case BuildResult::kBuilt:
+    case BuildResult::kNoMemory:
       break;
   }
   return "gives no master model: there is not enough memory";
 }
 
-void BuildModel(const std::string& argument, CTVXView* view, Host* host) {
-  const BuildProblem problem = CheckBuild(view->masterDialog, &view->program.store);
-  if (problem != BuildProblem::kNone ||
-      BuildMaster(view->masterDialog, &view->program, &view->masterGrid, &view->view.RapidVisible,
-                  &host->ui) != 1) {
-    host->ui.DropMessage();
-    throw Failure{argument, Reason(problem)};
-  }
+void BuildModel(const std::string& argument, CTVXView* view) {
+  const BuildResult result = BuildMaster(view->masterDialog, &view->program, &view->masterGrid);
+  if (result != BuildResult::kBuilt) throw Failure{argument, Reason(result)};
 }
 
 std::string HeaderLine(const MasterGrid& grid) {
@@ -118,9 +113,8 @@ int RunMasterBuild(const Call& call) {
   LoadWholeProgram(file, &view);
   if (params.Adjusts()) AdjustProgram(file, &view);
   ShowProgress(file.argument + ": building the model");
-  BuildModel(file.argument, &view, &host);
-  if (WriteMasterFile(outPath, view.masterGrid, host.files.get(), &host.ui) != 1) {
-    host.ui.DropMessage();
+  BuildModel(file.argument, &view);
+  if (WriteMasterFile(outPath, view.masterGrid, host.files.get()) != MasterFileResult::kDone) {
     throw Failure{*out, WriteProblem(host, outPath)};
   }
   return 0;
@@ -168,7 +162,7 @@ int RunMasterShow(const Call& call) {
   Host host(call);
   CTVXView view(&host.app);
   view.masterGrid = ReadModel(argument, &host);
-  ShowMaster(view.masterGrid, &view.program, &view.view.RapidVisible);
+  ShowMaster(view.masterGrid, &view.program);
   PrintStore(argument, view.program, LoadResult::kLoaded);
   return 0;
 }

@@ -45,8 +45,7 @@ void CheckSetting(const std::string& word) {
 
 void ReadMaster(const std::string& argument, Host* host, CTVXView* view) {
   const std::string path = host->ReadablePath(argument);
-  if (ReadMasterFile(path, &view->masterGrid, host->files.get(), &host->ui) != 1) {
-    host->ui.DropMessage();
+  if (ReadMasterFile(path, &view->masterGrid, host->files.get()) != MasterFileResult::kDone) {
     throw Failure{argument, "is no master model file"};
   }
 }
@@ -90,7 +89,8 @@ void Params::Check() {
 void Params::Apply(Host* host, CTVXView* view) const {
   if (condition_) {
     const std::string path = host->ReadablePath(*condition_);
-    if (!ReadConditionFile(path, &view->job, &host->app.rememberedSpindle, host->files.get())) {
+    if (ReadConditionFile(path, &view->job, &host->app.rememberedSpindle, host->files.get()) !=
+        SettingsResult::kDone) {
       throw Failure{*condition_, "cannot be read"};
     }
   }

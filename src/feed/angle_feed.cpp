@@ -14,7 +14,7 @@ int32_t SupportFeed(double weight, double ratio, int32_t maxFeed) {
 }
 
 int Band(float angle, BandEdges edges) {
-  if (edges == BandEdges::Strict) return angle < 30.0F ? 0 : angle < 60.0F ? 1 : 2;
+  if (edges == BandEdges::kStrict) return angle < 30.0F ? 0 : angle < 60.0F ? 1 : 2;
   return angle <= 30.0F ? 0 : angle <= 60.0F ? 1 : 2;
 }
 

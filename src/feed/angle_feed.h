@@ -8,8 +8,8 @@ namespace tvx {
 // To which band an angle of exactly 30 or 60 degrees belongs. It shows in the feed, because the
 // slope of a band is a whole number and so a band does not quite reach the next support point.
 enum class BandEdges {
-  Strict,     // 30 and 60 open the next band
-  Inclusive,  // 30 and 60 close the band below
+  kStrict,     // 30 and 60 open the next band
+  kInclusive,  // 30 and 60 close the band below
 };
 
 // Feed in mm/min of a corner or slope of `angle` degrees, 0 to 90. The curve falls through four

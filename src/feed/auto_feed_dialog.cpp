@@ -53,7 +53,7 @@ bool ChooseConditionFile(JobRecord* job, int32_t* spindleSpeed, Files* files, Us
                          std::string* fileName) {
   std::string path;
   if (!ui->ChooseFile(ConditionFileQuestion(*job), &path)) return false;
-  if (ReadConditionFile(path, job, spindleSpeed, files) == 0) return false;
+  if (ReadConditionFile(path, job, spindleSpeed, files) != SettingsResult::kDone) return false;
   *fileName = path.substr(path.find_last_of("\\/") + 1);
   return true;
 }
@@ -99,7 +99,9 @@ void CAutoFeedDlg::SaveFile() {
   question.save = true;
   std::string path;
   ui_->ChooseFile(question, &path);
-  WriteConditionFile(path, own, SpindleSpeed, files_, ui_);
+  if (WriteConditionFile(path, own, SpindleSpeed, files_) != SettingsResult::kDone) {
+    ui_->ShowMessage({.text = "화일을 열수 없읍니다. "});
+  }
 }
 
 Closing CAutoFeedDlg::Accept() {

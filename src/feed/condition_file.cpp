@@ -1,7 +1,6 @@
 #include "feed/condition_file.h"
 
 #include "base/text.h"
-#include "feed/parameter_lines.h"
 
 namespace tvx {
 
@@ -43,21 +42,22 @@ std::string DefaultConditionPath(const std::string& environmentDir) {
   return environmentDir + "\\afa\\tvx.afa";
 }
 
-bool ReadConditionFile(const std::string& path, JobRecord* record, int32_t* spindle, Files* files) {
+SettingsResult ReadConditionFile(const std::string& path, JobRecord* record, int32_t* spindle,
+                                 Files* files) {
   std::string bytes;
-  if (!ReadWholeFile(files, path, &bytes)) return false;
+  if (!ReadWholeFile(files, path, &bytes)) return SettingsResult::kCannotOpen;
   const std::string text = DecodeCp949(bytes);
   WordScanner words(text);
   ReadLinesByPlace(kLines, &words, record, spindle);
   ReadLinesByKey(kLines, &words, record, spindle);
-  return true;
+  return SettingsResult::kDone;
 }
 
-bool WriteConditionFile(const std::string& path, const JobRecord& record, int32_t spindle,
-                        Files* files, UserInterface* ui) {
-  if (WriteWholeFile(files, path, PrintLines(kLines, record, spindle))) return true;
-  ui->ShowMessage({.text = "화일을 열수 없읍니다. "});
-  return false;
+SettingsResult WriteConditionFile(const std::string& path, const JobRecord& record, int32_t spindle,
+                                  Files* files) {
+  return WriteWholeFile(files, path, PrintLines(kLines, record, spindle))
+             ? SettingsResult::kDone
+             : SettingsResult::kCannotWrite;
 }
 
 }  // namespace tvx

@@ -107,11 +107,11 @@ bool CornerSearch::StandOn(uint32_t i) {
 }
 
 const CornerSearch::Side& CornerSearch::Look(Direction direction, float distance) {
-  Side* side = direction == Direction::Forward ? &forward_ : &backward_;
+  Side* side = direction == Direction::kForward ? &forward_ : &backward_;
   if (side->known && side->distance == distance) return *side;
   side->known = true;
   side->distance = distance;
-  if (direction == Direction::Forward) {
+  if (direction == Direction::kForward) {
     WalkForward(side);
   } else {
     WalkBackward(side);
@@ -134,12 +134,12 @@ void CornerSearch::WalkForward(Side* side) const {
   if (away == PathIndex::kNoMove) {
     side->ended = false;
   } else if (!IsRapidType(path_.Block(away).type)) {
-    Reach(Direction::Forward, away, side);
+    Reach(Direction::kForward, away, side);
   } else {
     const uint32_t end = path_.PrevMove(away);
     const uint32_t last = path_.LastAway(end, corner_.point, kLeastLength);
-    if (last != PathIndex::kNoMove && last > corner_.next) Reach(Direction::Forward, last, side);
-    Reach(Direction::Forward, end, side);
+    if (last != PathIndex::kNoMove && last > corner_.next) Reach(Direction::kForward, last, side);
+    Reach(Direction::kForward, end, side);
   }
 }
 
@@ -155,10 +155,10 @@ void CornerSearch::WalkBackward(Side* side) const {
   if (away != PathIndex::kNoMove && IsRapidType(path_.Block(away).type)) {
     const uint32_t end = path_.NextMove(away);
     const uint32_t last = path_.FirstAway(end, corner_.point, kLeastLength);
-    if (last < corner_.previous) Reach(Direction::Backward, last, side);
-    Reach(Direction::Backward, end, side);
+    if (last < corner_.previous) Reach(Direction::kBackward, last, side);
+    Reach(Direction::kBackward, end, side);
   } else if (away != PathIndex::kNoMove && away != 0) {
-    Reach(Direction::Backward, away, side);
+    Reach(Direction::kBackward, away, side);
   } else {
     side->ended = false;
   }
@@ -172,7 +172,7 @@ void CornerSearch::ReachNeighbour(uint32_t block, const Stretch& way, Side* side
 
 void CornerSearch::Reach(Direction direction, uint32_t block, Side* side) const {
   Difference difference;
-  if (direction == Direction::Forward) {
+  if (direction == Direction::kForward) {
     path_.Vector(block, corner_.i, &difference, &side->unit);
   } else {
     path_.Vector(corner_.i, block, &difference, &side->unit);
@@ -189,7 +189,7 @@ void CornerSearch::TakeHeading(const Stretch& stretch, PlanHeading* heading) {
 // The point of the path at about the look distance lies on the line of the segment that the walk
 // ended with; where a rapid stopped the walk, maybe beyond that segment.
 void CornerSearch::FindPoint(Direction direction, Side* side) const {
-  const bool forward = direction == Direction::Forward;
+  const bool forward = direction == Direction::kForward;
   Difference segment;  // in the direction of travel
   Vec3 start = corner_.point;
   float startLength = 0;  // from the corner to the near end of the segment
@@ -242,7 +242,7 @@ float CornerSearch::ArcAngle(uint32_t walkEnd, float angle) {
 int32_t CornerSearch::CornerFeed(float angle) const {
   if (angle > kRightAngle) angle = kRightAngle;
   const int32_t feed = AngleFeed(job_.CorWeight0, job_.CorWeight30, job_.CorWeight60,
-                                 job_.CornerMaxRatio, job_.MaxFeed, angle, BandEdges::Inclusive);
+                                 job_.CornerMaxRatio, job_.MaxFeed, angle, BandEdges::kInclusive);
   const double lowest = static_cast<double>(job_.MaxFeed) * job_.CornerMaxRatio;
   return RoundDownToStep(feed < lowest ? TruncateToInt(lowest) : feed, job_.FeedChgAng);
 }
@@ -257,7 +257,7 @@ int32_t CornerSearch::SlowInZone(uint32_t index, int16_t percent, int32_t feed,
     widen(block, percent, feed);
     store_->WriteBlock(index);
   }
-  if ((lowered || collapse == Collapse::Always) && ZonesCoverMove(*block)) {
+  if ((lowered || collapse == Collapse::kAlways) && ZonesCoverMove(*block)) {
     feed = CollapseZones(block, feed, false);
     store_->WriteBlock(index);
   }
@@ -295,11 +295,11 @@ int CornerSearch::XyCornerSearch(uint32_t i) {
   const float distance =
       job_.XyChgReduceCheck != 0 ? job_.SafetyDistance * kReducedReach : job_.SafetyDistance;
 
-  const Side& forward = Look(Direction::Forward, distance);
+  const Side& forward = Look(Direction::kForward, distance);
   if (!forward.ended || !HasPlanPart(forward.unit) || !forward.hasPoint) return 0;
   TakeHeading(forward.far, &forwardHeading_);
 
-  const Side& backward = Look(Direction::Backward, distance);
+  const Side& backward = Look(Direction::kBackward, distance);
   if (!backward.ended || !HasPlanPart(backward.unit) || !backward.hasPoint) return 0;
   TakeHeading(backward.far, &backwardHeading_);
 
@@ -307,7 +307,7 @@ int CornerSearch::XyCornerSearch(uint32_t i) {
   const float angle = ArcAngle(forward.block, turn);
   if (angle <= job_.CornerMinAngle) return 0;
   SlowMoves(angle, distance, backward.block == corner_.previous && backward.length > distance,
-            forward.block == corner_.next && forward.length > distance, Collapse::Always);
+            forward.block == corner_.next && forward.length > distance, Collapse::kAlways);
   return 1;
 }
 
@@ -315,9 +315,9 @@ int CornerSearch::ZCornerSearch(uint32_t i) {
   if (!StandOn(i) || IsRapidType(path_.Block(corner_.next).type)) return 0;
   const float distance = job_.SafetyDistance;
 
-  const Side& forward = Look(Direction::Forward, distance);
+  const Side& forward = Look(Direction::kForward, distance);
   if (!forward.ended || !forward.hasPoint) return 0;
-  const Side& backward = Look(Direction::Backward, distance);
+  const Side& backward = Look(Direction::kBackward, distance);
   if (!backward.ended || !backward.hasPoint) return 0;
 
   const Vec3& departure = forward.far.unit;
@@ -328,7 +328,7 @@ int CornerSearch::ZCornerSearch(uint32_t i) {
   const float angle = UnsignedTurn(LevelledElevation(departure), LevelledElevation(arrival));
   if (angle <= job_.CornerMinAngle) return 0;
   SlowMoves(angle, distance, backward.block == corner_.previous, forward.block == corner_.next,
-            Collapse::WhenLowered);
+            Collapse::kWhenLowered);
   return 1;
 }
 

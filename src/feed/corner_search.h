@@ -72,8 +72,8 @@ class CornerSearch {
     Stretch far;  // between the corner and the point of the path at about the look distance
   };
 
-  enum class Direction { Forward, Backward };
-  enum class Collapse { Always, WhenLowered };
+  enum class Direction { kForward, kBackward };
+  enum class Collapse { kAlways, kWhenLowered };
 
   static void Measure(const Vec3& start, const Vec3& end, Stretch* stretch);
   bool StandOn(uint32_t i);

@@ -73,7 +73,7 @@ int32_t SlopeFeed(const JobRecord& job, const MotionBlock& block, const Vec3& un
   int32_t feed = job.PlungeFeed;
   if (block.type != BlockCutStart || !(angle > kPlungeAngle)) {
     feed = AngleFeed(job.SideWeight0, job.SideWeight30, job.SideWeight60, job.SlopeMaxRatio,
-                     job.MaxFeed, angle, BandEdges::Strict);
+                     job.MaxFeed, angle, BandEdges::kStrict);
     const double lowest = static_cast<double>(block.feedProgrammed) * job.SlopeMaxRatio;
     if (feed < lowest) feed = TruncateToInt(lowest);
   }
@@ -114,9 +114,9 @@ void SearchCorners(const PathIndex& path, Batch batch, CornerSearch* search,
     const uint32_t type = path.Block(i).type;
     if (!IsCutType(type) && !IsArcType(type)) continue;
     const uint32_t next = path.NextMove(i);
-    Apply(FeedRule::XyCorner, path, i, next, trace, [&] { search->XyCornerSearch(i); });
+    Apply(FeedRule::kXyCorner, path, i, next, trace, [&] { search->XyCornerSearch(i); });
     if (!IsCutType(type)) continue;
-    Apply(FeedRule::ZCorner, path, i, next, trace, [&] { search->ZCornerSearch(i); });
+    Apply(FeedRule::kZCorner, path, i, next, trace, [&] { search->ZCornerSearch(i); });
   }
 }
 
@@ -157,15 +157,15 @@ void FeedPass(NcProgram* program, const JobRecord& job, const MasterGrid* master
       Apply(name, path, batch.first, batch.end, trace, rule);
     };
     ResetFeeds(store, batch, job.MaxFeed);
-    apply(FeedRule::Slope, [&] { SlowSlopes(store, path, batch, job); });
+    apply(FeedRule::kSlope, [&] { SlowSlopes(store, path, batch, job); });
     if (job.AfaByMaster == 1) {
-      apply(FeedRule::Master, [&] {
+      apply(FeedRule::kMaster, [&] {
         MasterSubPass(store, job, master != nullptr ? *master : kNoMaster, batch.first, batch.end,
                       &memory->LastNextBlock);
       });
     }
     SearchCorners(path, batch, &search, trace);
-    apply(FeedRule::Arc, [&] { FlattenArcs(store, path, batch); });
+    apply(FeedRule::kArc, [&] { FlattenArcs(store, path, batch); });
   }
   memory->headings = search.Headings();
   // Which blocks the rules had to look at last does not show.

@@ -19,7 +19,7 @@ struct FeedPassMemory {
   CornerHeadings headings;
 };
 
-enum class FeedRule { Slope, Master, XyCorner, ZCorner, Arc };
+enum class FeedRule { kSlope, kMaster, kXyCorner, kZCorner, kArc };
 
 // "slope", "master", "xy corner", "z corner", "arc".
 const char* RuleName(FeedRule rule);

@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "base/numbers.h"
-#include "feed/master_messages.h"
 #include "feed/master_picture.h"
 #include "feed/sample_range.h"
 #include "model/walks.h"
@@ -69,24 +68,24 @@ struct BuildPlan {
   int32_t refinement;
 };
 
-BuildProblem PlanBuild(const CMasterDlg& input, BlockStore* store, BuildPlan* plan) {
-  if (store->blockCount < kFewestBlocks) return BuildProblem::kFewBlocks;
+BuildResult PlanBuild(const CMasterDlg& input, BlockStore* store, BuildPlan* plan) {
+  if (store->blockCount < kFewestBlocks) return BuildResult::kFewBlocks;
   PathExtents(store, &plan->minimum, &plan->maximum);
-  if (plan->minimum.x > plan->maximum.x) return BuildProblem::kNoCut;
+  if (plan->minimum.x > plan->maximum.x) return BuildResult::kNoCut;
   const double tolerance = input.MasterTolerance;
-  if (!(tolerance > 0)) return BuildProblem::kSizes;
+  if (!(tolerance > 0)) return BuildResult::kSizes;
   plan->ToolSize = static_cast<float>(input.MasterToolDiameter + 2.0 * input.MasterAllowance);
   plan->OriginX = static_cast<float>(plan->minimum.x - tolerance);
   plan->OriginY = static_cast<float>(plan->minimum.y - tolerance);
   const double width = static_cast<double>(plan->maximum.x) - plan->OriginX;
   const double depth = static_cast<double>(plan->maximum.y) - plan->OriginY;
   if (!std::isfinite(plan->ToolSize) || !std::isfinite(width) || !std::isfinite(depth)) {
-    return BuildProblem::kSizes;
+    return BuildResult::kSizes;
   }
   // The store takes a block beyond its limit for a bad one: a part shifted there would be lost.
-  if (width > BlockStore::kCoordinateLimit) return BuildProblem::kTooWide;
+  if (width > BlockStore::kCoordinateLimit) return BuildResult::kTooWide;
   plan->refinement = Refinement(std::trunc(width / tolerance), std::trunc(depth / tolerance));
-  return plan->refinement > 0 ? BuildProblem::kNone : BuildProblem::kSizes;
+  return plan->refinement > 0 ? BuildResult::kBuilt : BuildResult::kSizes;
 }
 
 // Distance in the plan view, as DiffVectors measures it.
@@ -261,11 +260,6 @@ uint32_t TakeOutPlunge(BlockStore* store, uint32_t i, uint32_t behind) {
 
 }  // namespace
 
-BuildProblem CheckBuild(const CMasterDlg& input, BlockStore* store) {
-  BuildPlan plan{};
-  return PlanBuild(input, store, &plan);
-}
-
 std::span<const MasterDlgField> MasterDlgFields() {
   return kFields;
 }
@@ -366,11 +360,11 @@ void MasterAngles(MasterGrid* grid) {
   }
 }
 
-int BuildMaster(const CMasterDlg& input, NcProgram* program, MasterGrid* grid,
-                int32_t* RapidVisible, UserInterface* ui) {
+BuildResult BuildMaster(const CMasterDlg& input, NcProgram* program, MasterGrid* grid) {
   BlockStore* store = &program->store;
   BuildPlan plan{};
-  if (PlanBuild(input, store, &plan) != BuildProblem::kNone) return 0;
+  const BuildResult result = PlanBuild(input, store, &plan);
+  if (result != BuildResult::kBuilt) return result;
   DropMaster(grid);  // first, so that two grids never share the memory
   grid->ToolSize = plan.ToolSize;
   grid->OriginX = plan.OriginX;
@@ -380,19 +374,14 @@ int BuildMaster(const CMasterDlg& input, NcProgram* program, MasterGrid* grid,
   grid->CellSize = input.MasterTolerance / static_cast<float>(plan.refinement);
   ShiftPath(store, grid->OriginX, grid->OriginY);
   CleanPlunges(store);
-  if (!SizeGrid(store, plan.refinement, grid)) {
-    ShowNoMemory(ui);
-    ui->ShowStatus("프로그램을 다시 불러와야 합니다.");
-    return 0;
-  }
+  if (!SizeGrid(store, plan.refinement, grid)) return BuildResult::kNoMemory;
   SamplePath(store, grid);
   FillGaps(grid);
   ThinOut(grid, plan.refinement, input.MasterTolerance);
   MasterAngles(grid);
   IndexCells(grid);
-  ShowMaster(*grid, program, RapidVisible);
-  ui->Repaint();
-  return 1;
+  ShowMaster(*grid, program);
+  return BuildResult::kBuilt;
 }
 
 }  // namespace tvx

@@ -27,30 +27,23 @@ struct MasterDlgField {
 // The fields of the dialog in their order.
 std::span<const MasterDlgField> MasterDlgFields();
 
-// Why no model can be made of a program with this input.
-enum class BuildProblem {
-  kNone,
+// What happened to a build.
+enum class BuildResult {
+  kBuilt,
+  // Refused, with everything unchanged:
   kFewBlocks,  // fewer than 5 blocks in the store
   kNoCut,      // no straight cut
   kTooWide,    // a part that would leave the range of coordinates
-  kSizes,      // sizes of which no grid can be made: see BuildMaster
+  kSizes,      // a tolerance that is not positive or so small that the part gives no refinement, or
+               // sizes that are not finite
+  // Given up: there is no model, and the program in the store is in grid coordinates and has lost
+  // its plunges, so that it has to be loaded again.
+  kNoMemory,
 };
 
-// Looks at the program and changes nothing but the register.
-BuildProblem CheckBuild(const CMasterDlg& input, BlockStore* store);
-
 // Builds the model from the program in the store, drops an older one, and leaves the wire picture
-// of the model in the store (see ShowMaster). Returns 1.
-//
-// Returns 0 with everything unchanged for fewer than 5 blocks, a program without a straight cut,
-// and sizes of which no grid can be made: a tolerance that is not positive or so small that the
-// part gives no refinement, and values with which the part would leave the range of coordinates.
-//
-// Returns 0 without a model if there is no memory for the cells, with a message. The program in the
-// store is then in grid coordinates and has lost its plunges: the status line tells the user that
-// it has to be loaded again.
-int BuildMaster(const CMasterDlg& input, NcProgram* program, MasterGrid* grid,
-                int32_t* RapidVisible, UserInterface* ui);
+// of the model in the store (see ShowMaster).
+BuildResult BuildMaster(const CMasterDlg& input, NcProgram* program, MasterGrid* grid);
 
 // The stages of a build, in their order. While the grid is fine its CellSize is the fine one and
 // the program in the store is in grid coordinates.

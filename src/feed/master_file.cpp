@@ -1,3 +1,4 @@
+// Reads and writes master files piece by piece, so that one of any size takes little memory.
 #include "feed/master_file.h"
 
 #include <algorithm>
@@ -8,8 +9,6 @@
 #include <type_traits>
 #include <utility>
 #include <variant>
-
-#include "feed/master_messages.h"
 
 namespace tvx {
 
@@ -105,7 +104,7 @@ bool ReadBytes(InputFile* file, size_t size, std::string* bytes) {
   return true;
 }
 
-// Cells pass in pieces of this number, so that a file of any size takes little memory.
+// Cells are read and written in pieces of this number.
 constexpr size_t kCellsAtOnce = 10'000;
 
 bool ReadCells(InputFile* file, MasterGrid* grid) {
@@ -140,42 +139,27 @@ bool WriteCells(const MasterGrid& grid, OutputFile* file) {
 
 }  // namespace
 
-int WriteMasterFile(const std::string& path, const MasterGrid& grid, Files* files,
-                    UserInterface* ui) {
-  if (grid.Cells.Empty()) return 0;
+MasterFileResult WriteMasterFile(const std::string& path, const MasterGrid& grid, Files* files) {
+  if (grid.Cells.Empty()) return MasterFileResult::kNoModel;
   const auto file = files->Create(path);
-  if (file == nullptr || !file->Write(HeaderBytes(grid)) || !WriteCells(grid, file.get()) ||
-      !file->Commit()) {
-    ShowCannotOpen(ui);
-    return 0;
-  }
-  return 1;
+  const bool written = file != nullptr && file->Write(HeaderBytes(grid)) &&
+                       WriteCells(grid, file.get()) && file->Commit();
+  return written ? MasterFileResult::kDone : MasterFileResult::kCannotWrite;
 }
 
-int ReadMasterFile(const std::string& path, MasterGrid* grid, Files* files, UserInterface* ui) {
+MasterFileResult ReadMasterFile(const std::string& path, MasterGrid* grid, Files* files) {
   const auto file = files->OpenForReading(path);
+  if (file == nullptr) return MasterFileResult::kCannotOpen;
+  std::string header;
+  if (!ReadBytes(file.get(), kHeaderBytes, &header)) return MasterFileResult::kNoMasterFile;
   MasterGrid loaded(grid->Cells.allocator());
-  std::string bytes;
-  if (file == nullptr || !ReadBytes(file.get(), kHeaderBytes, &bytes)) {
-    ShowCannotOpen(ui);
-    return 0;
-  }
-  TakeHeader(bytes, &loaded);
-  if (!IsMasterFile(loaded, files->Size(path))) {
-    ShowCannotOpen(ui);
-    return 0;
-  }
-  if (!loaded.Cells.Allocate(loaded.CellCount)) {
-    ShowNoMemory(ui);
-    return 0;
-  }
-  if (!ReadCells(file.get(), &loaded)) {
-    ShowCannotOpen(ui);
-    return 0;
-  }
+  TakeHeader(header, &loaded);
+  if (!IsMasterFile(loaded, files->Size(path))) return MasterFileResult::kNoMasterFile;
+  if (!loaded.Cells.Allocate(loaded.CellCount)) return MasterFileResult::kNoMemory;
+  if (!ReadCells(file.get(), &loaded)) return MasterFileResult::kNoMasterFile;
   IndexCells(&loaded);
   *grid = std::move(loaded);
-  return 1;
+  return MasterFileResult::kDone;
 }
 
 }  // namespace tvx

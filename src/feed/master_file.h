@@ -5,20 +5,28 @@
 
 #include "feed/master_grid.h"
 #include "platform/files.h"
-#include "platform/user_interface.h"
 
 namespace tvx {
 
+// What happened to a master file that was read or written.
+enum class MasterFileResult {
+  kDone,
+  kCannotOpen,
+  kNoMasterFile,  // damaged, cut off, or a file of another kind
+  kNoMemory,      // none for its cells
+  kNoModel,       // there is nothing to write
+  kCannotWrite,
+};
+
 // Writes the model of a grid, in place of an older file of that name, which stays whole until the
-// new one is complete. Returns 1; 0 with a message if the file cannot be written. A grid without a
-// model is not written: 0 without a message, and an older file stays.
-int WriteMasterFile(const std::string& path, const MasterGrid& grid, Files* files,
-                    UserInterface* ui);
+// new one is complete. Returns kDone, kCannotWrite, or kNoModel for a grid without a model. An
+// older file stays as it was unless the result is kDone.
+MasterFileResult WriteMasterFile(const std::string& path, const MasterGrid& grid, Files* files);
 
 // Reads a model in place of the one in the grid. The points of the build are not in a file: x and y
-// of the cells are -9999. Returns 1; 0 with a message and the grid as it was if the file cannot be
-// opened, is no master file, or there is no memory for its cells. A master file has counts that fit
-// each other and the size of the file, a cell size above 0, and only finite values.
-int ReadMasterFile(const std::string& path, MasterGrid* grid, Files* files, UserInterface* ui);
+// of the cells are -9999. Returns kDone, or kCannotOpen, kNoMasterFile or kNoMemory with the grid
+// as it was. A master file has counts that fit each other and the size of the file, a cell size
+// above 0, and only finite values.
+MasterFileResult ReadMasterFile(const std::string& path, MasterGrid* grid, Files* files);
 
 }  // namespace tvx

@@ -131,7 +131,7 @@ class MasterPass {
 
   int32_t FeedOfAngle(int32_t angle) const {
     return AngleFeed(job_.SideWeight0, job_.SideWeight30, job_.SideWeight60, job_.SlopeMaxRatio,
-                     job_.MaxFeed, static_cast<float>(angle), BandEdges::Inclusive);
+                     job_.MaxFeed, static_cast<float>(angle), BandEdges::kInclusive);
   }
 
   // Feed near a wall of this angle, held above the lowest feed of the block in the register. Always

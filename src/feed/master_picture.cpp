@@ -87,13 +87,12 @@ class Picture {
 
 }  // namespace
 
-void ShowMaster(const MasterGrid& grid, NcProgram* program, int32_t* RapidVisible) {
+void ShowMaster(const MasterGrid& grid, NcProgram* program) {
   if (grid.Cells.Empty()) return;
   Picture picture(grid, program);
   for (int32_t iy = 1; iy < grid.NY; iy += kLineStep) picture.Row(iy);
   for (int32_t ix = 1; ix < grid.NX; ix += kLineStep) picture.Column(ix);
   picture.MoveToOrigin();
-  *RapidVisible = 0;
 }
 
 }  // namespace tvx

@@ -10,8 +10,8 @@ namespace tvx {
 
 // Lays the picture into the store, in place of the program there: every fifth row and column of the
 // grid, in world coordinates, rapids 500 mm high between the pieces of surface and FeedBase on
-// every block. Sets *RapidVisible to 0, so that only the surface is drawn. What finds no room in
-// the store is left out. A grid without cells leaves everything as it is.
-void ShowMaster(const MasterGrid& grid, NcProgram* program, int32_t* RapidVisible);
+// every block. The command that shows it hides the rapids, so that only the surface is drawn. What
+// finds no room in the store is left out. A grid without cells leaves everything as it is.
+void ShowMaster(const MasterGrid& grid, NcProgram* program);
 
 }  // namespace tvx

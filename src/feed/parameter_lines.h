@@ -1,3 +1,6 @@
+// The lines of which the condition files and the parameter file consist: a key, a blank and a
+// value. Each of the two formats is one table of these lines, and its reader and writer walk the
+// table.
 #pragma once
 
 #include <cstdint>
@@ -10,9 +13,8 @@
 
 namespace tvx {
 
-// The lines of which the condition files and the parameter file consist: a key, a blank and a
-// value. Each of the two formats is one table of these lines, and its reader and writer walk the
-// table.
+// What happened to a settings file that was read or written.
+enum class SettingsResult { kDone, kCannotOpen, kCannotWrite };
 
 // The one value of these files that is no field of the job record: a spindle speed, rev/min.
 struct SpindleSpeed {};

@@ -1,10 +1,9 @@
 #include "shell/job_list_run.h"
 
 #include "feed/feed_pass.h"
-#include "feed/master_build.h"
-#include "feed/master_file.h"
 #include "jobs/option_line.h"
 #include "shell/cut_time_commands.h"
+#include "shell/master_commands.h"
 #include "shell/program_loading.h"
 #include "stats/cut_time.h"
 #include "view/view_transform.h"
@@ -41,18 +40,12 @@ std::string ProgramOfMaster(const std::string& masterPath) {
 // The model of an entry: read, or built from its NC file and written. Returns false if there is
 // none afterwards.
 bool BringMaster(CTVXView* view, const std::string& masterPath, RunObserver* observer) {
-  Files* const files = view->app->files;
-  UserInterface* const ui = view->app->ui;
-  DropMaster(&view->masterGrid);
-  if (files->Exists(masterPath)) {
-    return ReadMasterFile(masterPath, &view->masterGrid, files, ui) == 1;
-  }
+  const MasterContext context = MasterContextOf(view);
+  DropMaster(context.grid);
+  if (context.files->Exists(masterPath)) return ReadMaster(masterPath, context);
   if (!Load(view, ProgramOfMaster(masterPath), observer)) return false;
-  if (BuildMaster(view->masterDialog, &view->program, &view->masterGrid, &view->view.RapidVisible,
-                  ui) == 0) {
-    return false;
-  }
-  return WriteMasterFile(masterPath, view->masterGrid, files, ui) == 1;
+  if (BuildAndShowMaster(context) != BuildResult::kBuilt) return false;
+  return WriteMaster(masterPath, context);
 }
 
 // What the job dialog works with in this window.

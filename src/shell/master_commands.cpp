@@ -2,6 +2,7 @@
 
 #include "feed/master_file.h"
 #include "feed/master_picture.h"
+#include "shell/tvx_view.h"
 
 namespace tvx {
 
@@ -15,32 +16,84 @@ bool ChooseMasterFile(const MasterContext& context, bool save, std::string* path
   return context.ui->ChooseFile(question, path);
 }
 
-// What the status bar says of a program that gives no model.
-const char* StatusText(BuildProblem problem) {
-  switch (problem) {
-    case BuildProblem::kFewBlocks:
+// Why a program gives no model; null for a result that is no refusal.
+const char* RefusalText(BuildResult result) {
+  switch (result) {
+    case BuildResult::kFewBlocks:
       return "마스터 모델을 만들 수 없습니다: 프로그램이 너무 짧습니다.";
-    case BuildProblem::kNoCut:
+    case BuildResult::kNoCut:
       return "마스터 모델을 만들 수 없습니다: 직선 절삭이 없습니다.";
-    case BuildProblem::kTooWide:
+    case BuildResult::kTooWide:
       return "마스터 모델을 만들 수 없습니다: 가공 범위가 너무 넓습니다.";
-    case BuildProblem::kSizes:
+    case BuildResult::kSizes:
       return "마스터 모델을 만들 수 없습니다: 공차가 맞지 않습니다.";
-    case BuildProblem::kNone:
+    case BuildResult::kBuilt:
+    case BuildResult::kNoMemory:
       break;
   }
-  return "";
+  return nullptr;
+}
+
+void ShowNoMemory(UserInterface* ui) {
+  ui->ShowMessage({.text = "Memory를 할당할 수 없습니다!!!", .caption = " Message"});
+}
+
+bool ShowFailure(MasterFileResult result, UserInterface* ui) {
+  switch (result) {
+    case MasterFileResult::kDone:
+      return true;
+    case MasterFileResult::kNoModel:
+      break;
+    case MasterFileResult::kNoMemory:
+      ShowNoMemory(ui);
+      break;
+    case MasterFileResult::kCannotOpen:
+    case MasterFileResult::kNoMasterFile:
+    case MasterFileResult::kCannotWrite:
+      ui->ShowMessage({.text = "화일을 열수 없습니다.\n", .caption = "Error message"});
+      break;
+  }
+  return false;
+}
+
+// The picture of the model is in the store.
+void ShowWithoutRapids(const MasterContext& context) {
+  *context.RapidVisible = 0;
+  context.ui->Repaint();
 }
 
 }  // namespace
+
+MasterContext MasterContextOf(CTVXView* view) {
+  return {&view->program,           &view->masterGrid, &view->masterDialog,
+          &view->view.RapidVisible, view->app->files,  view->app->ui};
+}
+
+BuildResult BuildAndShowMaster(const MasterContext& context) {
+  const BuildResult result = BuildMaster(*context.dialog, context.program, context.grid);
+  if (result == BuildResult::kBuilt) {
+    ShowWithoutRapids(context);
+  } else if (result == BuildResult::kNoMemory) {
+    ShowNoMemory(context.ui);
+    context.ui->ShowStatus("프로그램을 다시 불러와야 합니다.");
+  }
+  return result;
+}
+
+bool ReadMaster(const std::string& path, const MasterContext& context) {
+  return ShowFailure(ReadMasterFile(path, context.grid, context.files), context.ui);
+}
+
+bool WriteMaster(const std::string& path, const MasterContext& context) {
+  return ShowFailure(WriteMasterFile(path, *context.grid, context.files), context.ui);
+}
 
 void MakeMasterCommand(const MasterContext& context) {
   CMasterDlg edited = *context.dialog;
   if (!context.ui->RunModal(&edited)) return;
   *context.dialog = edited;
-  const BuildProblem problem = CheckBuild(edited, &context.program->store);
-  if (problem != BuildProblem::kNone) context.ui->ShowStatus(StatusText(problem));
-  BuildMaster(edited, context.program, context.grid, context.RapidVisible, context.ui);
+  const char* const refusal = RefusalText(BuildAndShowMaster(context));
+  if (refusal != nullptr) context.ui->ShowStatus(refusal);
 }
 
 void DeleteMaster(MasterGrid* grid, UserInterface* ui) {
@@ -55,16 +108,16 @@ void SaveMasterCommand(const MasterContext& context) {
   std::string path;
   if (!ChooseMasterFile(context, true, &path)) return;
   if (context.grid->Cells.Empty()) context.ui->ShowStatus("저장할 마스터 모델이 없습니다.");
-  WriteMasterFile(path, *context.grid, context.files, context.ui);
+  WriteMaster(path, context);
 }
 
 void LoadMasterCommand(const MasterContext& context) {
   std::string path;
   if (!ChooseMasterFile(context, false, &path)) return;
   DropMaster(context.grid);
-  if (!ReadMasterFile(path, context.grid, context.files, context.ui)) return;
-  ShowMaster(*context.grid, context.program, context.RapidVisible);
-  context.ui->Repaint();
+  if (!ReadMaster(path, context)) return;
+  ShowMaster(*context.grid, context.program);
+  ShowWithoutRapids(context);
 }
 
 }  // namespace tvx

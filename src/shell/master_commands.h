@@ -12,6 +12,8 @@
 
 namespace tvx {
 
+class CTVXView;
+
 // What the commands work on in one window.
 struct MasterContext {
   NcProgram* program;
@@ -21,6 +23,18 @@ struct MasterContext {
   Files* files;
   UserInterface* ui;
 };
+
+MasterContext MasterContextOf(CTVXView* view);
+
+// Builds the model from the program in the store with the values of the dialog (BuildMaster). A
+// model that was built is shown at once, without rapids; that memory ran out is said. The reason of
+// a refusal is left to the caller.
+BuildResult BuildAndShowMaster(const MasterContext& context);
+
+// Reads or writes the model (ReadMasterFile, WriteMasterFile). Returns true on success. A failure
+// is said in a message, but not that there is no model to write.
+bool ReadMaster(const std::string& path, const MasterContext& context);
+bool WriteMaster(const std::string& path, const MasterContext& context);
 
 // Asks for the input of a build and builds the model from the program in the store (BuildMaster).
 // The input is kept only if the user accepts it.

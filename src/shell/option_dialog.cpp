@@ -62,7 +62,9 @@ void COptionDlg::EditNcdataExt(std::string_view text) {
 }
 
 void COptionDlg::Save() {
-  WriteParameterFile(environmentDirectory_, own, files_, ui_);
+  if (WriteParameterFile(environmentDirectory_, own, files_) != SettingsResult::kDone) {
+    ui_->ShowMessage({.text = "화일을 열수 없읍니다.\n"});
+  }
 }
 
 Closing COptionDlg::Accept() {

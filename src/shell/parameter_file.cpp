@@ -1,7 +1,6 @@
 #include "shell/parameter_file.h"
 
 #include "base/text.h"
-#include "feed/parameter_lines.h"
 
 namespace tvx {
 
@@ -34,21 +33,23 @@ std::string ParameterPath(const std::string& environmentDir) {
 
 }  // namespace
 
-bool ReadParameterFile(const std::string& environmentDir, JobRecord* record, Files* files) {
+SettingsResult ReadParameterFile(const std::string& environmentDir, JobRecord* record,
+                                 Files* files) {
   std::string bytes;
-  if (!ReadWholeFile(files, ParameterPath(environmentDir), &bytes)) return false;
+  if (!ReadWholeFile(files, ParameterPath(environmentDir), &bytes)) {
+    return SettingsResult::kCannotOpen;
+  }
   const std::string text = DecodeCp949(bytes);
   WordScanner words(text);
   ReadLinesByKey(kLines, &words, record, nullptr);
-  return true;
+  return SettingsResult::kDone;
 }
 
-bool WriteParameterFile(const std::string& environmentDir, const JobRecord& record, Files* files,
-                        UserInterface* ui) {
+SettingsResult WriteParameterFile(const std::string& environmentDir, const JobRecord& record,
+                                  Files* files) {
   const std::string text = PrintLines(kLines, record, /*spindle=*/0);
-  if (WriteWholeFile(files, ParameterPath(environmentDir), text)) return true;
-  ui->ShowMessage({.text = "화일을 열수 없읍니다.\n"});
-  return false;
+  return WriteWholeFile(files, ParameterPath(environmentDir), text) ? SettingsResult::kDone
+                                                                    : SettingsResult::kCannotWrite;
 }
 
 }  // namespace tvx

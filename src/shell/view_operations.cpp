@@ -14,11 +14,6 @@ Scene SceneOf(CTVXView* view) {
   return {&view->program, &view->job, &view->view};
 }
 
-MasterContext MasterContextOf(CTVXView* view) {
-  return {&view->program,           &view->masterGrid, &view->masterDialog,
-          &view->view.RapidVisible, view->app->files,  view->app->ui};
-}
-
 std::string WithoutDirectory(const std::string& path) {
   const size_t slash = path.find_last_of("\\/");
   return slash == std::string::npos ? path : path.substr(slash + 1);

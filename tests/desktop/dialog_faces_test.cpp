@@ -157,7 +157,8 @@ TEST_F(ConditionFaces, AConditionFileFillsTheSendOptions) {
   condition.MaxFeed = 800;
   condition.CornerMaxRatio = 0.5F;
   condition.SlopeMaxRatio = 0.75F;
-  ASSERT_TRUE(WriteConditionFile("c:\\marlo\\afa\\a.afa", condition, 2500, files.get(), &ui));
+  ASSERT_EQ(WriteConditionFile("c:\\marlo\\afa\\a.afa", condition, 2500, files.get()),
+            SettingsResult::kDone);
   View().job.AfaEnabled = 1;
   const std::string changes = Run([this](SendOptionFace* face) {
     const auto edits = face->findChildren<QLineEdit*>();

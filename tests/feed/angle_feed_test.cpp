@@ -42,8 +42,8 @@ TEST(AngleFeed, FallsThroughTheSupportPointsInWholeSteps) {
       const auto& [w0, w30, w60, ratio, maxFeed] = c.curve;
       return AngleFeed(w0, w30, w60, ratio, maxFeed, c.angle, edges);
     };
-    EXPECT_EQ(feed(BandEdges::Strict), c.strict) << c.curve.maxFeed << " at " << c.angle;
-    EXPECT_EQ(feed(BandEdges::Inclusive), c.inclusive) << c.curve.maxFeed << " at " << c.angle;
+    EXPECT_EQ(feed(BandEdges::kStrict), c.strict) << c.curve.maxFeed << " at " << c.angle;
+    EXPECT_EQ(feed(BandEdges::kInclusive), c.inclusive) << c.curve.maxFeed << " at " << c.angle;
   }
 }
 

@@ -199,6 +199,7 @@ TEST_F(AutoFeedDialog, ChooserCancelledOrFileMissing) {
   ui.OnFileCancel();
   dialog.SaveFile();  // the writer has no path
   EXPECT_EQ(ui.log.back(), "message 화일을 열수 없읍니다. ");
+  EXPECT_EQ(ui.messages[0].caption, "Error message");
 }
 
 TEST_F(OptionDialog, ListShowsTheEntryThatStartsWithTheFeed) {

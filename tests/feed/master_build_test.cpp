@@ -14,7 +14,6 @@
 #include "model/block_list.h"
 #include "model/walks.h"
 #include "support/memory_files.h"
-#include "support/scripted_ui.h"
 
 namespace tvx {
 namespace {
@@ -28,13 +27,11 @@ struct Build {
   NcProgram program;
   MasterGrid grid;
   CMasterDlg input;
-  int32_t RapidVisible = 1;
-  ScriptedUi ui;
 
   explicit Build(float tolerance = 1.25F) { input.MasterTolerance = tolerance; }
 
   void Add(BlockType type, float x, float y, float z) { Append(&program.store, type, x, y, z); }
-  int Run() { return BuildMaster(input, &program, &grid, &RapidVisible, &ui); }
+  BuildResult Run() { return BuildMaster(input, &program, &grid); }
 
   // Passes along X over a surface, y from row to row by 1.25, in moves of 0.25: with the tolerance
   // of 1.25 the cells are 0.25 mm apart during the build, and each node of them in a row is the
@@ -58,7 +55,7 @@ TEST(BuildMaster, HemisphereHasTheSlopesBetweenItsCells) {
   };
   Build build;
   build.Raster(40, height);
-  ASSERT_EQ(build.Run(), 1);
+  ASSERT_EQ(build.Run(), BuildResult::kBuilt);
   ASSERT_EQ(build.grid.NX, 33);
   for (int32_t iy = 2; iy < 33; ++iy) {
     for (int32_t ix = 2; ix < 33; ++ix) {
@@ -91,16 +88,17 @@ TEST(BuildMaster, RefusesWithEverythingUnchanged) {
     float tolerance, diameter;
     BlockType type;  // of the five moves of the program
     float size;      // their length
+    BuildResult result;
   } cases[] = {
-      {"no straight cut", 1, 10, BlockRapid, 10},
-      {"arcs are none", 1, 10, BlockArcCw, 10},
-      {"no tolerance", 0, 10, BlockCut, 10},
-      {"negative tolerance", -1, 10, BlockCut, 10},
-      {"tolerance is no number", std::nanf(""), 10, BlockCut, 10},
-      {"more cells than the budget", 0.001F, 10, BlockCut, 10},
-      {"endless tolerance", HUGE_VALF, 10, BlockCut, 10},
-      {"out of the range of coordinates", 30'000, 10, BlockCut, 10'000},
-      {"endless tool", 1, HUGE_VALF, BlockCut, 10},
+      {"no straight cut", 1, 10, BlockRapid, 10, BuildResult::kNoCut},
+      {"arcs are none", 1, 10, BlockArcCw, 10, BuildResult::kNoCut},
+      {"no tolerance", 0, 10, BlockCut, 10, BuildResult::kSizes},
+      {"negative tolerance", -1, 10, BlockCut, 10, BuildResult::kSizes},
+      {"tolerance is no number", std::nanf(""), 10, BlockCut, 10, BuildResult::kSizes},
+      {"more cells than the budget", 0.001F, 10, BlockCut, 10, BuildResult::kSizes},
+      {"endless tolerance", HUGE_VALF, 10, BlockCut, 10, BuildResult::kSizes},
+      {"out of the range of coordinates", 30'000, 10, BlockCut, 10'000, BuildResult::kTooWide},
+      {"endless tool", 1, HUGE_VALF, BlockCut, 10, BuildResult::kSizes},
   };
   for (const auto& c : cases) {
     Build build;
@@ -112,17 +110,16 @@ TEST(BuildMaster, RefusesWithEverythingUnchanged) {
     const std::string before = BlockList(build.program.store);
     build.input.MasterTolerance = c.tolerance;
     build.input.MasterToolDiameter = c.diameter;
-    EXPECT_EQ(build.Run(), 0) << c.about;
+    EXPECT_EQ(build.Run(), c.result) << c.about;
     EXPECT_EQ(BlockList(build.program.store), before) << c.about;
     EXPECT_EQ(build.grid.CellCount, 4) << c.about;
-    EXPECT_TRUE(build.ui.log.empty()) << c.about;
   }
   Build build;
   build.Add(BlockRapidStart, 0, 0, 5);
   for (float x = 0; x < 3; ++x) build.Add(BlockCut, x, x, 0);
-  EXPECT_EQ(build.Run(), 0);  // four blocks
+  EXPECT_EQ(build.Run(), BuildResult::kFewBlocks);
   build.Add(BlockNone, 0, 0, 0);
-  EXPECT_EQ(build.Run(), 1);
+  EXPECT_EQ(build.Run(), BuildResult::kBuilt);
 }
 
 TEST(BuildMaster, WithoutMemoryLeavesNoModelAndAProgramToReload) {
@@ -130,20 +127,15 @@ TEST(BuildMaster, WithoutMemoryLeavesNoModelAndAProgramToReload) {
   build.grid = MasterGrid(AllocateWhileAllowed);
   build.Raster(5, Flat);
   allocationsLeft = 1;
-  EXPECT_EQ(build.Run(), 1);  // needs no more
+  EXPECT_EQ(build.Run(), BuildResult::kBuilt);  // needs no more
   EXPECT_EQ(build.grid.CellCount, 25);
   EXPECT_EQ(build.grid.At(4, 4).z, 1);
-  build.ui.log.clear();
-  build.RapidVisible = 1;
   build.program.store.blockCount = 0;
   build.Raster(5, Flat);
   allocationsLeft = 0;
-  EXPECT_EQ(build.Run(), 0);
-  EXPECT_EQ(build.ui.log, (std::vector<std::string>{"message Memory를 할당할 수 없습니다!!!",
-                                                    "status 프로그램을 다시 불러와야 합니다."}));
+  EXPECT_EQ(build.Run(), BuildResult::kNoMemory);
   EXPECT_EQ(build.grid.ModelBuilt, 0);
   EXPECT_EQ(build.grid.CellCount, 0);
-  EXPECT_EQ(build.RapidVisible, 1);
   // In grid coordinates, and still a program.
   EXPECT_EQ(BlockText(*build.program.store.Peek(0)), "rapidStart 1.25 1.25 50 F1000");
 }
@@ -155,8 +147,7 @@ TEST(BuildMaster, RefusesAGridFarBeyondTheBudget) {
   for (float x = 0; x < 5; ++x) build.Add(BlockCut, x, x, 10);
   build.Add(BlockCutStart, 4, 4, 0);
   build.Add(BlockRapidStart, 30'000, 30'000, 10);
-  EXPECT_EQ(build.Run(), 0);
-  EXPECT_EQ(build.ui.messages.size(), 1U);
+  EXPECT_EQ(build.Run(), BuildResult::kNoMemory);
   EXPECT_TRUE(build.grid.Cells.Empty());
 }
 
@@ -167,7 +158,7 @@ TEST(BuildMaster, MovesBeyondAllMeasureTakeNoTime) {
   build.Add(BlockCut, 5, 0, 1);
   build.Add(BlockRapid, 5, 0, -5);
   build.Add(BlockRapid, 5, -2e38F, 1);
-  EXPECT_EQ(build.Run(), 0);  // such a part gives no refinement
+  EXPECT_EQ(build.Run(), BuildResult::kSizes);
   BlockStore* store = &build.program.store;
   MasterGrid grid = EmptyGrid(20, 20, 1);
   SamplePath(store, &grid);
@@ -235,17 +226,14 @@ TEST(ShowMaster, TakesThePlaceOfTheProgram) {
   program.FeedBase = 600;
   Append(&program.store, BlockCut, 1, 2, 3);
   program.store.CurrentBlock.tailFeed = 5;
-  int32_t RapidVisible = 1;
-  ShowMaster(MasterGrid(), &program, &RapidVisible);
+  ShowMaster(MasterGrid(), &program);
   EXPECT_EQ(BlockList(program.store), "cut 1 2 3 F1000");  // without a model
-  EXPECT_EQ(RapidVisible, 1);
 
   // A single column is no surface, and has no cell where a line could start.
-  ShowMaster(EmptyGrid(1, 4, 1), &program, &RapidVisible);
+  ShowMaster(EmptyGrid(1, 4, 1), &program);
   EXPECT_EQ(BlockList(program.store),
             "rapidStart 0 0 500 F600; rapidStart 1 1 500 F600; rapid 1 1 500 F600; "
             "rapidStart 1 1 500 F600");
-  EXPECT_EQ(RapidVisible, 0);
   EXPECT_EQ(program.store.Peek(3)->feedProgrammed, 600);
   EXPECT_EQ(program.store.Peek(3)->tailFeed, 0);
 }
@@ -413,10 +401,9 @@ TEST(BuildMaster, GivesTheCellsOfThePlainBuildOnRandomPrograms) {
     CMasterDlg input;
     input.MasterTolerance = 0.15F * static_cast<float>(1 + random() % 20);
     MasterGrid grid;
-    int32_t RapidVisible = 1;
-    ScriptedUi ui;
-    if (CheckBuild(input, &program.store) != BuildProblem::kNone) continue;
-    ASSERT_EQ(BuildMaster(input, &program, &grid, &RapidVisible, &ui), 1) << "seed " << seed;
+    const BuildResult result = BuildMaster(input, &program, &grid);
+    if (result == BuildResult::kNoCut || result == BuildResult::kFewBlocks) continue;
+    ASSERT_EQ(result, BuildResult::kBuilt) << "seed " << seed;
 
     PlainBuild plain(&store, input.MasterTolerance);
     plain.Run();

@@ -7,13 +7,11 @@
 
 #include "feed_fixture.h"
 #include "support/memory_files.h"
-#include "support/scripted_ui.h"
 
 namespace tvx {
 namespace {
 
 constexpr char kPath[] = "c:\\part.mma";
-const std::string kCannotOpen = "화일을 열수 없습니다.\n";
 
 MasterGrid SmallModel() {
   MasterGrid grid = EmptyGrid(3, 2, 0.5F);
@@ -53,17 +51,16 @@ std::string SmallFile() {
 
 class MasterFile : public testing::Test {
  protected:
-  int Read(const std::string& bytes) {
+  MasterFileResult Read(const std::string& bytes) {
     files.Put(kPath, bytes);
-    return ReadMasterFile(kPath, &grid, &files, &ui);
+    return ReadMasterFile(kPath, &grid, &files);
   }
   std::string Written() {
-    EXPECT_EQ(WriteMasterFile(kPath, grid, &files, &ui), 1);
+    EXPECT_EQ(WriteMasterFile(kPath, grid, &files), MasterFileResult::kDone);
     return files.Bytes(kPath);
   }
 
   MemoryFiles files;
-  ScriptedUi ui;
   MasterGrid grid = SmallModel();
 };
 
@@ -73,7 +70,7 @@ TEST_F(MasterFile, HoldsTheModelByteForByte) {
   // The reserved bytes may hold anything.
   for (const size_t reserved : {0, 99, 145, 153}) bytes[reserved] = 'x';
   grid = MasterGrid();
-  ASSERT_EQ(Read(bytes), 1);
+  ASSERT_EQ(Read(bytes), MasterFileResult::kDone);
   EXPECT_EQ(grid.Cells[4].x, kNoHeight);
   EXPECT_EQ(Written(), SmallFile());
 }
@@ -85,7 +82,7 @@ TEST_F(MasterFile, HoldsALargeModel) {
   }
   const std::string bytes = Written();
   grid = SmallModel();
-  ASSERT_EQ(Read(bytes), 1);
+  ASSERT_EQ(Read(bytes), MasterFileResult::kDone);
   EXPECT_EQ(Written(), bytes);
   EXPECT_EQ(grid.At(0, 50).z, 10050 * 0.7F);  // of the second piece in which cells pass
   EXPECT_EQ(grid.At(0, 50).angle, 10050 % 91);
@@ -134,28 +131,24 @@ TEST_F(MasterFile, RefusesWhatIsNoMasterFile) {
       {"the last height is no number", With(186, std::nanf(""))},
   };
   for (const auto& c : cases) {
-    EXPECT_EQ(Read(c.bytes), 0) << c.about;
+    EXPECT_EQ(Read(c.bytes), MasterFileResult::kNoMasterFile) << c.about;
     EXPECT_EQ(grid.CellCount, 6) << c.about;
     EXPECT_EQ(grid.At(1, 1).angle, 90) << c.about;
   }
   files.Remove(kPath);
-  EXPECT_EQ(ReadMasterFile(kPath, &grid, &files, &ui), 0);
+  EXPECT_EQ(ReadMasterFile(kPath, &grid, &files), MasterFileResult::kCannotOpen);
   EXPECT_FALSE(files.Exists(kPath));
-  EXPECT_EQ(ui.log, std::vector<std::string>(std::size(cases) + 1, "message " + kCannotOpen));
-  EXPECT_EQ(ui.messages[0].caption, "Error message");
 }
 
 TEST_F(MasterFile, RefusesWithoutMemory) {
   allocationsLeft = 1;
   grid = MasterGrid(AllocateWhileAllowed);
-  ASSERT_EQ(Read(SmallFile()), 1);
-  EXPECT_EQ(Read(SmallFile()), 0);
-  EXPECT_EQ(ui.log, std::vector<std::string>{"message Memory를 할당할 수 없습니다!!!"});
-  EXPECT_EQ(ui.messages[0].caption, " Message");
+  ASSERT_EQ(Read(SmallFile()), MasterFileResult::kDone);
+  EXPECT_EQ(Read(SmallFile()), MasterFileResult::kNoMemory);
   EXPECT_EQ(grid.CellCount, 6);
 }
 
-TEST_F(MasterFile, AFailedWriteSaysSoAndKeepsTheOlderFile) {
+TEST_F(MasterFile, FailedWriteKeepsTheOlderFile) {
   const std::function<void(MemoryFiles*)> faults[] = {
       [](MemoryFiles* f) { f->RefuseWrite(1); },
       [](MemoryFiles* f) { f->RefuseWrite(2); },
@@ -165,11 +158,10 @@ TEST_F(MasterFile, AFailedWriteSaysSoAndKeepsTheOlderFile) {
   files.Put(kPath, "older");
   for (const auto& fault : faults) {
     fault(&files);
-    EXPECT_EQ(WriteMasterFile(kPath, grid, &files, &ui), 0);
+    EXPECT_EQ(WriteMasterFile(kPath, grid, &files), MasterFileResult::kCannotWrite);
     EXPECT_EQ(files.Bytes(kPath), "older");
   }
-  EXPECT_EQ(ui.log, std::vector<std::string>(4, "message " + kCannotOpen));
-  EXPECT_EQ(WriteMasterFile("c:\\new.mma", MasterGrid(), &files, &ui), 0);  // without a model
+  EXPECT_EQ(WriteMasterFile("c:\\new.mma", MasterGrid(), &files), MasterFileResult::kNoModel);
   EXPECT_FALSE(files.Exists("c:\\new.mma"));
 }
 

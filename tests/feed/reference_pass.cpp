@@ -81,7 +81,7 @@ class Reference {
     if (block_.type != 3 || !(a > 89)) {
       f = AtLeast(block_.feedProgrammed * ratio,
                   AngleFeed(job_.SideWeight0, job_.SideWeight30, job_.SideWeight60,
-                            job_.SlopeMaxRatio, job_.MaxFeed, a, BandEdges::Strict));
+                            job_.SlopeMaxRatio, job_.MaxFeed, a, BandEdges::kStrict));
     }
     if (job_.UpDownChk == 1) {
       if (u.z < 0) f = TruncateToInt(f * static_cast<double>(job_.ZupZdown));
@@ -114,7 +114,7 @@ class Reference {
 
   int32_t MasterFeed(int32_t angle) const {
     return AngleFeed(job_.SideWeight0, job_.SideWeight30, job_.SideWeight60, job_.SlopeMaxRatio,
-                     job_.MaxFeed, static_cast<float>(angle), BandEdges::Inclusive);
+                     job_.MaxFeed, static_cast<float>(angle), BandEdges::kInclusive);
   }
   // With the block in the register.
   int32_t MasterZoneFeed(int32_t angle) const {
@@ -265,7 +265,7 @@ class Reference {
   int32_t CornerFeed(float c) const {
     if (c > 90) c = 90;
     const int32_t v = AngleFeed(job_.CorWeight0, job_.CorWeight30, job_.CorWeight60,
-                                job_.CornerMaxRatio, job_.MaxFeed, c, BandEdges::Inclusive);
+                                job_.CornerMaxRatio, job_.MaxFeed, c, BandEdges::kInclusive);
     return Stepped(AtLeast(job_.MaxFeed * double{job_.CornerMaxRatio}, v));
   }
 

@@ -10,7 +10,6 @@
 #include "shell/parameter_file.h"
 #include "support/memory_files.h"
 #include "support/record_changes.h"
-#include "support/scripted_ui.h"
 
 namespace tvx {
 namespace {
@@ -36,14 +35,13 @@ class ConditionFile : public testing::Test {
     files.Put(kPath, EncodeCp949(text));
     JobRecord record;
     int32_t spindle = 1000;
-    EXPECT_TRUE(ReadConditionFile(kPath, &record, &spindle, &files));
+    EXPECT_EQ(ReadConditionFile(kPath, &record, &spindle, &files), SettingsResult::kDone);
     std::string changes = Changes(JobRecord{}, record);
     if (spindle != 1000) changes += (changes.empty() ? "" : " ") + Format("Spindle=%d", spindle);
     return changes;
   }
 
   MemoryFiles files;
-  ScriptedUi ui;
 };
 
 // Values of every field, a syllable that only the extended code has, and the six decimals of the
@@ -55,7 +53,8 @@ TEST_F(ConditionFile, ReadsBackWhatItWrites) {
       "PlungeFeed=-2147483648 Material=뷁강 FeedChgSmoothCheck=1 XyChgReduceCheck=3 FeedChgAng=0 "
       "CorWeight0=0.9 CorWeight30=0.8 CorWeight60=0.75 SideWeight0=0.6 SideWeight30=0.5 "
       "SideWeight60=0.4 SideCorRat=2.5 ZupZdown=1.5";
-  ASSERT_TRUE(WriteConditionFile(kPath, With(all + " AfaByMaster=1"), 3200, &files, &ui));
+  ASSERT_EQ(WriteConditionFile(kPath, With(all + " AfaByMaster=1"), 3200, &files),
+            SettingsResult::kDone);
   EXPECT_EQ(Read(DecodeCp949(files.Bytes(kPath))), all + " Spindle=3200");
 }
 
@@ -107,8 +106,9 @@ TEST_F(ConditionFile, AFileThatDoesNotOpenChangesNothing) {
   JobRecord record = With("SideCorRat=7 RapidFeed=8000");
   int32_t spindle = 42;
   for (const char* path : {"c:\\marlo\\afa\\none.afa", "c:\\marlo\\afa", "q:\\a.afa", ""}) {
-    EXPECT_FALSE(ReadConditionFile(path, &record, &spindle, &files)) << path;
-    EXPECT_FALSE(ReadParameterFile(path, &record, &files)) << path;
+    EXPECT_EQ(ReadConditionFile(path, &record, &spindle, &files), SettingsResult::kCannotOpen)
+        << path;
+    EXPECT_EQ(ReadParameterFile(path, &record, &files), SettingsResult::kCannotOpen) << path;
   }
   EXPECT_EQ(Changes(JobRecord{}, record), "RapidFeed=8000 SideCorRat=7");
   EXPECT_EQ(spindle, 42);
@@ -117,17 +117,17 @@ TEST_F(ConditionFile, AFileThatDoesNotOpenChangesNothing) {
 // Bytes that are no text of any kind survive as a material that is passed on.
 TEST_F(ConditionFile, ForeignBytesInTheMaterialComeBack) {
   JobRecord record;
-  ASSERT_TRUE(WriteConditionFile(kPath, record, 1000, &files, &ui));
+  ASSERT_EQ(WriteConditionFile(kPath, record, 1000, &files), SettingsResult::kDone);
   std::string bytes = files.Bytes(kPath);
   bytes.replace(bytes.find(record.Material), record.Material.size(), "\xFF\x80\xC7");
   files.Put(kPath, bytes);
   int32_t spindle = 0;
-  ASSERT_TRUE(ReadConditionFile(kPath, &record, &spindle, &files));
-  ASSERT_TRUE(WriteConditionFile(kPath, record, spindle, &files, &ui));
+  ASSERT_EQ(ReadConditionFile(kPath, &record, &spindle, &files), SettingsResult::kDone);
+  ASSERT_EQ(WriteConditionFile(kPath, record, spindle, &files), SettingsResult::kDone);
   EXPECT_EQ(files.Bytes(kPath), bytes);
 }
 
-TEST_F(ConditionFile, AFileThatCannotBeWrittenLeavesTheOldOneAndSaysSo) {
+TEST_F(ConditionFile, FailedWriteKeepsTheOlderFile) {
   files.Put(kPath, "old");
   const struct {
     const char* what;
@@ -142,11 +142,10 @@ TEST_F(ConditionFile, AFileThatCannotBeWrittenLeavesTheOldOneAndSaysSo) {
   };
   for (const auto& c : cases) {
     c.prepare(&files);
-    EXPECT_FALSE(WriteConditionFile(c.path, JobRecord{}, 0, &files, &ui)) << c.what;
+    EXPECT_EQ(WriteConditionFile(c.path, JobRecord{}, 0, &files), SettingsResult::kCannotWrite)
+        << c.what;
     EXPECT_EQ(files.Bytes(kPath), "old") << c.what;
   }
-  EXPECT_EQ(ui.log, std::vector<std::string>(std::size(cases), "message 화일을 열수 없읍니다. "));
-  EXPECT_EQ(ui.messages[0].caption, "Error message");
 }
 
 using ParameterFile = ConditionFile;
@@ -155,7 +154,7 @@ TEST_F(ParameterFile, TheBytesWritten) {
   const JobRecord record = With(
       "IntNcdataFlg=1 NcdataExt=*.가공 AfaByMaster=1 InputFileType=2 RapidFeed=12000 FeedChgAng=50 "
       "CorWeight30=0.65 ZupZdown=1.5");
-  ASSERT_TRUE(WriteParameterFile("c:\\marlo", record, &files, &ui));
+  ASSERT_EQ(WriteParameterFile("c:\\marlo", record, &files), SettingsResult::kDone);
   EXPECT_EQ(DecodeCp949(files.Bytes(kParameterPath)),
             "IntNcdataFlg 1\r\n"
             "NCDATA확장자 *.가공\r\n"
@@ -179,7 +178,7 @@ TEST_F(ParameterFile, TheBytesWritten) {
 
   // Of all that, four values come back.
   JobRecord read;
-  ASSERT_TRUE(ReadParameterFile("c:\\marlo", &read, &files));
+  ASSERT_EQ(ReadParameterFile("c:\\marlo", &read, &files), SettingsResult::kDone);
   EXPECT_EQ(Changes(JobRecord{}, read),
             "RapidFeed=12000 InputFileType=2 IntNcdataFlg=1 NcdataExt=*.가공");
 }
@@ -200,18 +199,17 @@ TEST_F(ParameterFile, ReadsPairsInAnyOrder) {
   for (const auto& c : cases) {
     files.Put(kParameterPath, EncodeCp949(c.text));
     JobRecord record;
-    EXPECT_TRUE(ReadParameterFile("c:\\marlo", &record, &files)) << c.text;
+    EXPECT_EQ(ReadParameterFile("c:\\marlo", &record, &files), SettingsResult::kDone) << c.text;
     EXPECT_EQ(Changes(JobRecord{}, record), c.changes) << c.text;
   }
 }
 
-TEST_F(ParameterFile, AFileThatCannotBeWrittenLeavesTheOldOneAndSaysSo) {
+TEST_F(ParameterFile, FailedWriteKeepsTheOlderFile) {
   files.Put(kParameterPath, "old");
   files.RefuseWrite(1);
-  EXPECT_FALSE(WriteParameterFile("c:\\none", JobRecord{}, &files, &ui));
-  EXPECT_FALSE(WriteParameterFile("c:\\marlo", JobRecord{}, &files, &ui));
+  EXPECT_EQ(WriteParameterFile("c:\\none", JobRecord{}, &files), SettingsResult::kCannotWrite);
+  EXPECT_EQ(WriteParameterFile("c:\\marlo", JobRecord{}, &files), SettingsResult::kCannotWrite);
   EXPECT_EQ(files.Bytes(kParameterPath), "old");
-  EXPECT_EQ(ui.log, std::vector<std::string>(2, "message 화일을 열수 없읍니다.\n"));
 }
 
 }  // namespace

@@ -203,7 +203,8 @@ TEST_F(SendOptions, ACancelledDialogChangesNothing) {
 
 TEST_F(SendOptions, ConditionFile) {
   const JobRecord other = Record("MaxFeed=800 CornerMaxRatio=0.5 SlopeMaxRatio=0.7 ConCorChk=0");
-  ASSERT_TRUE(WriteConditionFile("c:\\marlo\\afa\\금형 a.afa", other, 2500, &files, &ui));
+  ASSERT_EQ(WriteConditionFile("c:\\marlo\\afa\\금형 a.afa", other, 2500, &files),
+            SettingsResult::kDone);
   files.Put("c:\\huge.afa", "a 1e99 b nan c -1e-99 d 1 e 1 f 1 g 99999999999 h -99999999999 i j");
   dialog.Open(&source);
   // Neither a cancel nor a file that does not open changes the record or says anything.

@@ -107,6 +107,31 @@ TEST_F(MasterCommands, SaveAndLoad) {
   EXPECT_FALSE(ui.fileQuestions[3].save);
 }
 
+TEST_F(MasterCommands, FailedSaveSaysSo) {
+  Make(10, 0, 2);
+  files.RefuseWrite(1);
+  ui.OnFile(kPath);
+  SaveMasterCommand(context);
+  EXPECT_EQ(ui.log.back(), "message 화일을 열수 없습니다.\n");
+}
+
+TEST_F(MasterCommands, WithoutMemorySaysSoAndHowToGoOn) {
+  Make(10, 0, 2);
+  ui.OnFile(kPath);
+  SaveMasterCommand(context);
+  grid = MasterGrid(AllocateWhileAllowed);
+  allocationsLeft = 0;
+  ui.OnFile(kPath);
+  LoadMasterCommand(context);
+  EXPECT_EQ(ui.log.back(), "message Memory를 할당할 수 없습니다!!!");
+  EXPECT_EQ(ui.messages.back().caption, " Message");
+  RapidVisible = 1;
+  Make(10, 0, 2);
+  EXPECT_EQ(ui.log.back(), "status 프로그램을 다시 불러와야 합니다.");
+  EXPECT_EQ(ui.messages.back().text, "Memory를 할당할 수 없습니다!!!");
+  EXPECT_EQ(RapidVisible, 1);
+}
+
 TEST_F(MasterCommands, SaveWithoutAModelSaysSo) {
   ui.OnFile(kPath);
   SaveMasterCommand(context);
@@ -121,7 +146,9 @@ TEST_F(MasterCommands, AFailedLoadLeavesNoModelAndTheStore) {
   files.Put(kPath, "no model");
   ui.OnFile(kPath);
   LoadMasterCommand(context);
-  EXPECT_EQ(ui.messages.size(), 1U);
+  ASSERT_EQ(ui.messages.size(), 1U);
+  EXPECT_EQ(ui.messages[0].text, "화일을 열수 없습니다.\n");
+  EXPECT_EQ(ui.messages[0].caption, "Error message");
   EXPECT_EQ(grid.ModelBuilt, 0);
   EXPECT_EQ(grid.CellCount, 0);
   EXPECT_EQ(BlockList(program.store), picture);
