@@ -145,7 +145,7 @@ int RunMasterLookup(const Call& call) {
   const float radius = NumberOf(radiusWord, "RADIUS");
   std::vector<Vec3> points;
   points.reserve(pointWords.size());
-  for (const std::string& word : pointWords) points.push_back(PointOf(word));
+  for (const std::string& word : pointWords) points.push_back(ParsePoint(word));
 
   Host host(call);
   const MasterGrid grid = ReadModel(argument, &host);

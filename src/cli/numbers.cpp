@@ -38,7 +38,7 @@ float NumberOf(const std::string& word, const std::string& what) {
   return number;
 }
 
-Vec3 PointOf(const std::string& word) {
+Vec3 ParsePoint(const std::string& word) {
   std::array<float, 3> numbers;
   if (!ReadAll(word, ',', std::span<float>(numbers))) {
     throw WrongCall{"'" + word + "' is no point X,Y,Z"};

@@ -13,7 +13,7 @@ namespace tvx {
 float NumberOf(const std::string& word, const std::string& what);
 
 // The point that a word X,Y,Z of the call is. Throws WrongCall.
-Vec3 PointOf(const std::string& word);
+Vec3 ParsePoint(const std::string& word);
 
 // The numbers of a word of the call, with a separator between them ("3,-4", "800x600"), one for
 // each place of `numbers`. Throws WrongCall, "`what`: 'WORD' is no `form`", if there are more or

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "base/path_text.h"
 #include "cli/command_line.h"
 #include "cli/commands.h"
 #include "cli/host.h"
@@ -17,10 +18,10 @@ namespace {
 // The directory of a file as the job dialog's browser would name it.
 std::string DirectoryOf(const std::string& path, Files* files) {
   constexpr size_t kDriveLength = 2;
-  const size_t separator = path.find_last_of("\\/");
-  // A drive and a name alone: the file lies in the root.
-  files->SetCurrentDirectory(separator == std::string::npos ? path.substr(0, kDriveLength) + "\\"
-                                                            : path.substr(0, separator + 1));
+  std::string directory = PathBeforeName(path, kAnySlash);
+  // A drive and a name alone: the file is in the root.
+  if (directory.empty()) directory = path.substr(0, kDriveLength) + "\\";
+  files->SetCurrentDirectory(directory);
   return files->CurrentDirectory();
 }
 

@@ -1,18 +1,12 @@
 #include "cli/program_files.h"
 
+#include "base/path_text.h"
 #include "cli/errors.h"
 #include "cli/output.h"
 #include "shell/program_loading.h"
 #include "stats/cut_time.h"
 
 namespace tvx {
-namespace {
-
-std::string NameOf(const std::string& drivePath) {
-  return drivePath.substr(drivePath.find_last_of("\\/:") + 1);
-}
-
-}  // namespace
 
 std::vector<ProgramFile> FindProgramFiles(const Host& host,
                                           const std::vector<std::string>& arguments) {
@@ -26,7 +20,7 @@ std::vector<ProgramFile> FindProgramFiles(const Host& host,
 
 LoadResult LoadProgram(const ProgramFile& file, CTVXView* view) {
   ShowProgress(file.argument + ": reading");
-  view->fileName = NameOf(file.path);
+  view->fileName = NameOfPath(file.path, "\\/:");
   return LoadIntoView(view, file.path);
 }
 

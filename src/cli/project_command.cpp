@@ -29,7 +29,7 @@ int RunProject(const Call& call) {
   viewOptions.Check();
   std::vector<Vec3> points;
   points.reserve(words.size());
-  for (const std::string& word : words) points.push_back(PointOf(word));
+  for (const std::string& word : words) points.push_back(ParsePoint(word));
 
   Host host(call);
   CTVXView view(&host.app);

@@ -20,6 +20,7 @@
 #include <iterator>
 #include <set>
 
+#include "base/path_text.h"
 #include "desktop/elided_label.h"
 #include "desktop/icons.h"
 #include "desktop/language.h"
@@ -132,7 +133,7 @@ void MainWindow::OpenFile(const std::string& drivePath, ViewWidget* widget) {
     return;
   }
   // As a chooser does: pictures and reports go where the program lies.
-  app_->files->SetCurrentDirectory(drivePath.substr(0, drivePath.find_last_of('\\') + 1));
+  app_->files->SetCurrentDirectory(PathBeforeName(drivePath, kBackslash));
   LoadInto(widget == nullptr ? NewView() : widget, drivePath);
 }
 
@@ -147,7 +148,7 @@ void MainWindow::LoadInto(ViewWidget* widget, const std::string& drivePath) {
   }
   // Only the first paint gives the drawing area its size, which the fit needs. The name says that
   // the view is taken.
-  widget->view().fileName = drivePath.substr(drivePath.find_last_of('\\') + 1);
+  widget->view().fileName = NameOfPath(drivePath, kBackslash);
   loading_ = widget;
   const auto load = [this, widget, drivePath] {
     LoadInto(widget, drivePath);

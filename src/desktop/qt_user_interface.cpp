@@ -8,6 +8,7 @@
 #include <QTreeView>
 #include <memory>
 
+#include "base/path_text.h"
 #include "desktop/dialog_faces.h"
 #include "desktop/face.h"
 #include "desktop/language.h"
@@ -47,10 +48,10 @@ QMessageBox::StandardButtons ButtonsOf(MessageButtons buttons) {
 
 // A preset name such as "c:\\marlo\\afa\\*.afa" in its two parts; a name alone has no directory.
 std::string DirectoryOf(const std::string& preset) {
-  return preset.substr(0, preset.find_last_of("\\/") + 1);
+  return PathBeforeName(preset, kAnySlash);
 }
 std::string NameOf(const std::string& preset) {
-  return preset.substr(preset.find_last_of("\\/") + 1);
+  return NameOfPath(preset, kAnySlash);
 }
 
 // A mask shows the files that match it; the old one of names without an ending means any file.

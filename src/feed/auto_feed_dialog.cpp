@@ -1,6 +1,7 @@
 #include "feed/auto_feed_dialog.h"
 
 #include "base/format.h"
+#include "base/path_text.h"
 #include "base/scan.h"
 #include "feed/condition_file.h"
 
@@ -54,7 +55,7 @@ bool ChooseConditionFile(JobRecord* job, int32_t* spindleSpeed, Files* files, Us
   std::string path;
   if (!ui->ChooseFile(ConditionFileQuestion(*job), &path)) return false;
   if (ReadConditionFile(path, job, spindleSpeed, files) != SettingsResult::kDone) return false;
-  *fileName = path.substr(path.find_last_of("\\/") + 1);
+  *fileName = NameOfPath(path, kAnySlash);
   return true;
 }
 

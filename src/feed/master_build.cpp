@@ -29,10 +29,6 @@ constexpr MasterDlgField kFields[] = {
     {"마스터 모델 공차", &CMasterDlg::MasterTolerance},
 };
 
-Vec3 EndPoint(const MotionBlock& block) {
-  return {block.x, block.y, block.z};
-}
-
 // Position of grid line `index`, as it is stored in a cell.
 float Node(int32_t index, float cellSize) {
   return static_cast<float>(static_cast<double>(index) * cellSize);

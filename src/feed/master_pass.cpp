@@ -73,7 +73,7 @@ class MasterPass {
     Vec3 unit;
     BlockVector(store_, i, PrevMove(store_, i), &move.back, &unit);
     store_->ReadBlock(i);
-    move.end = {store_->CurrentBlock.x, store_->CurrentBlock.y, store_->CurrentBlock.z};
+    move.end = EndPoint(store_->CurrentBlock);
     const uint32_t next = NextMove(store_, i);
     Difference ahead;
     const bool hasNext = IsMove(next) && BlockVector(store_, i, next, &ahead, &unit);

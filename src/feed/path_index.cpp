@@ -41,7 +41,7 @@ struct AwayTest {
     if (!IsMoveType(block.type)) return false;
     Difference difference;
     Vec3 unit;
-    DiffVectors({block.x, block.y, block.z}, point, &difference, &unit);
+    DiffVectors(EndPoint(block), point, &difference, &unit);
     return !(difference.length < distance);
   }
 };
@@ -237,8 +237,7 @@ uint32_t PathIndex::LastAway(uint32_t last, const Vec3& point, float distance) c
 }
 
 Vec3 PathIndex::Point(uint32_t i) const {
-  const MotionBlock& block = Block(i);
-  return {block.x, block.y, block.z};
+  return EndPoint(Block(i));
 }
 
 int PathIndex::Vector(uint32_t i, uint32_t j, Difference* difference, Vec3* unit) const {

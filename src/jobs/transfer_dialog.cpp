@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/format.h"
+#include "base/path_text.h"
 #include "base/scan.h"
 #include "base/text.h"
 #include "jobs/preview.h"
@@ -22,7 +23,7 @@ bool IsSevenBit(char c) {
 
 // The part of a name behind its last backslash, without blanks on both sides.
 std::string BareName(const std::string& name) {
-  std::string bare = name.substr(name.find_last_of('\\') + 1);
+  std::string bare = NameOfPath(name, kBackslash);
   bare.erase(0, std::min(bare.find_first_not_of(' '), bare.size()));
   bare.erase(bare.find_last_not_of(' ') + 1);
   return bare;

@@ -14,7 +14,7 @@ constexpr double kVerticalSlope = 100000.0;
 // How far a candidate centre may lie from the radius about the start point, mm.
 constexpr double kRadiusTolerance = 0.01;
 // Degrees to radians in the arc length; not quite pi / 180.
-constexpr float kArcRadiansPerDegree = 0x1.1DF45Cp-6F;  // 0.01745328
+constexpr float kArcLengthRadiansPerDegree = 0x1.1DF45Cp-6F;  // 0.01745328
 
 float DirectionAngle(const Vec3& from, const Vec3& to) {
   Difference difference;
@@ -98,7 +98,7 @@ int ArcGeometry(const Vec3& start, const Vec3& end, const Vec3& centre, uint32_t
   measures->startAngle = DirectionAngle(centre, start);
   UnwrapAngles(type, &measures->startAngle, &measures->endAngle, &measures->sweep);
   measures->length = static_cast<float>(static_cast<double>(measures->sweep) * measures->radius *
-                                        kArcRadiansPerDegree);
+                                        kArcLengthRadiansPerDegree);
   return 1;
 }
 

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <span>
 
+#include "model/vectors.h"
 #include "platform/page_memory.h"
 
 namespace tvx {
@@ -46,6 +47,10 @@ struct MotionBlock {
   uint32_t type = BlockNone;
 };
 static_assert(sizeof(MotionBlock) == 32);
+
+inline Vec3 EndPoint(const MotionBlock& block) {
+  return {block.x, block.y, block.z};
+}
 
 // The stored moves of one program, read through the register CurrentBlock.
 // Every read replaces the register: copy what you need before the next one.

@@ -6,10 +6,6 @@ namespace tvx {
 
 namespace {
 
-Vec3 PointOf(const MotionBlock& block) {
-  return {block.x, block.y, block.z};
-}
-
 void Widen(const Vec3& point, Vec3* minimum, Vec3* maximum) {
   minimum->x = std::min(minimum->x, point.x);
   minimum->y = std::min(minimum->y, point.y);
@@ -63,9 +59,9 @@ int BlockVector(BlockStore* store, uint32_t i, uint32_t j, Difference* differenc
     return 0;
   }
   store->ReadBlock(i);
-  const Vec3 a = PointOf(store->CurrentBlock);
+  const Vec3 a = EndPoint(store->CurrentBlock);
   store->ReadBlock(j);
-  const Vec3 b = PointOf(store->CurrentBlock);
+  const Vec3 b = EndPoint(store->CurrentBlock);
   return DiffVectors(a, b, difference, unit);
 }
 
@@ -77,10 +73,10 @@ int PathExtents(BlockStore* store, Vec3* minimum, Vec3* maximum) {
   for (uint32_t i = 0; i < store->blockCount; ++i) {
     if (IsCutBlock(store, i) == 0) continue;
     const MotionBlock block = store->CurrentBlock;
-    Widen(PointOf(block), minimum, maximum);
+    Widen(EndPoint(block), minimum, maximum);
     if (block.type != BlockCutStart) continue;
     const uint32_t previous = PrevMove(store, i);
-    const Vec3 start = PointOf(store->CurrentBlock);
+    const Vec3 start = EndPoint(store->CurrentBlock);
     Difference difference;
     Vec3 unit;
     BlockVector(store, i, previous, &difference, &unit);

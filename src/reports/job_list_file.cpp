@@ -1,5 +1,6 @@
 #include "reports/job_list_file.h"
 
+#include "base/path_text.h"
 #include "base/scan.h"
 #include "base/text.h"
 #include "jobs/option_line.h"
@@ -10,16 +11,6 @@ namespace {
 
 constexpr char kMasterWord[] = "MMA";
 constexpr char kAnyDrive = 'X';
-
-// The path up to its last backslash, without it.
-std::string DirectoryOf(const std::string& path) {
-  const size_t slash = path.find_last_of('\\');
-  return slash == std::string::npos ? "" : path.substr(0, slash);
-}
-
-std::string NameOf(const std::string& path) {
-  return path.substr(path.find_last_of('\\') + 1);
-}
 
 // Gives a line the directory of the list. Returns the one that it had.
 std::string ReplaceDirectory(const std::string& listDirectory, std::string* line) {
@@ -44,7 +35,7 @@ class Copier {
   void CopyMaster(std::string* line) {
     std::string source;
     if (!LineMasterFile(*line, &source)) return;
-    const std::string destination = directory_ + "\\" + NameOf(source);
+    const std::string destination = directory_ + "\\" + NameOfPath(source, kBackslash);
     if (!files_->Exists(destination)) Copy(source, destination);
     ReplaceAll(source, DriveForm(destination), line);
   }
@@ -102,7 +93,7 @@ bool WriteJobListFile(const std::string& path, const ResultTable& results, Files
   if (file == nullptr) return false;
   for (const CutTimeEntry& entry : results.Recorded()) {
     std::string line = entry.optionLine;
-    ReplaceDirectory(DirectoryOf(path), &line);
+    ReplaceDirectory(DirectoryOfPath(path, kBackslash), &line);
     file->Write(EntryText(entry, line));
   }
   return file->Commit();
@@ -112,11 +103,11 @@ bool WriteJobListFileCopy(const std::string& path, const ResultTable& results, F
                           std::vector<FailedCopy>* failed) {
   const auto file = files->Create(path);
   if (file == nullptr) return false;
-  Copier copier(DirectoryOf(path), files, failed);
+  Copier copier(DirectoryOfPath(path, kBackslash), files, failed);
   for (const CutTimeEntry& entry : results.Recorded()) {
     std::string line = entry.optionLine;
     copier.CopyMaster(&line);
-    const std::string directory = ReplaceDirectory(DirectoryOf(path), &line);
+    const std::string directory = ReplaceDirectory(DirectoryOfPath(path, kBackslash), &line);
     file->Write(EntryText(entry, line));
     copier.CopyProgram(directory, entry.fileName);
   }

@@ -1,6 +1,7 @@
 #include "reports/text_report.h"
 
 #include "base/format.h"
+#include "base/path_text.h"
 #include "base/text.h"
 #include "stats/entry_lines.h"
 
@@ -54,11 +55,6 @@ void AddEntry(const CutTimeEntry& entry, std::string* report) {
   AddLine("그림화일 " + entry.pictureName + kLineEnd, report);
 }
 
-// The chooser may name a directory; the report goes where the program stands.
-std::string WithoutDirectory(const std::string& path) {
-  return path.substr(path.find_last_of('\\') + 1);
-}
-
 }  // namespace
 
 std::string TextReport(const ResultTable& results) {
@@ -79,7 +75,7 @@ void WriteTextReport(const ResultTable& results, Files* files, UserInterface* ui
   question.filter = "TVX file (*.tvx)|*.tvx|모든 화일(*.*)|*.*||";
   std::string path;
   if (!ui->ChooseFile(question, &path)) return;
-  WriteTextReportFile(WithoutDirectory(path), results, files);
+  WriteTextReportFile(NameOfPath(path, kBackslash), results, files);
 }
 
 }  // namespace tvx

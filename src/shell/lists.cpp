@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/path_text.h"
 #include "base/scan.h"
 #include "base/text.h"
 #include "shell/short_text.h"
@@ -70,9 +71,8 @@ void CDirListDlg::Add() {
   question.fileName = "*.";
   std::string path;
   if (!ui_->ChooseFile(question, &path)) return;
-  const size_t end = path.rfind('\\');
-  if (end == std::string::npos || end == 0 || lines.size() == kDirectories) return;
-  lines.push_back(path.substr(0, end));
+  const std::string directory = DirectoryOfPath(path, kBackslash);
+  if (!directory.empty() && lines.size() < kDirectories) lines.push_back(directory);
 }
 
 void CDirListDlg::Delete() {

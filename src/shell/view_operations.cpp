@@ -1,5 +1,6 @@
 #include "shell/view_operations.h"
 
+#include "base/path_text.h"
 #include "shell/cut_time_commands.h"
 #include "shell/job_list_run.h"
 #include "shell/master_commands.h"
@@ -12,11 +13,6 @@ namespace {
 
 Scene SceneOf(CTVXView* view) {
   return {&view->program, &view->job, &view->view};
-}
-
-std::string WithoutDirectory(const std::string& path) {
-  const size_t slash = path.find_last_of("\\/");
-  return slash == std::string::npos ? path : path.substr(slash + 1);
 }
 
 // The save form lets a name be typed that does not exist; the load then creates that file. The
@@ -42,7 +38,7 @@ void MakePicture(CTVXView* view, int /*argument*/) {
                               .filter = "Meta file (*.emf)|*.emf|모든 화일(*.*)|*.*||",
                               .directory = ""};
   if (!view->app->ui->ChooseFile(question, &path)) return;
-  WritePicture(WithoutDirectory(path), SceneOf(view), view->app->files);
+  WritePicture(NameOfPath(path, kAnySlash), SceneOf(view), view->app->files);
 }
 
 void ShowResultList(CTVXView* view, int /*argument*/) {
@@ -96,7 +92,7 @@ void RunViewAction(CTVXView* view, Action action, int argument) {
 }
 
 LoadResult LoadProgram(CTVXView* view, const std::string& path) {
-  view->fileName = WithoutDirectory(path);
+  view->fileName = NameOfPath(path, kAnySlash);
   view->filePath = path;
   const LoadResult result = LoadIntoView(view, path);
   if (result == LoadResult::kLoaded) ++view->loads;

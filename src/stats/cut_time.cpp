@@ -50,7 +50,7 @@ Sums AddUpMoves(BlockStore* store, int32_t rapidFeed) {
   for (uint32_t i = 0; i < store->blockCount; ++i) {
     const MotionBlock* block = store->PeekRepaired(i);
     if (block == nullptr) continue;
-    const Vec3 point{block->x, block->y, block->z};
+    const Vec3 point = EndPoint(*block);
     if (i == 0) previous = point;
     if (!IsMoveType(block->type)) continue;
     const float length = i == 0 ? 0 : Subtract(point, previous).length;

@@ -16,16 +16,12 @@ constexpr int32_t kPixelLimit = 30000;  // what lies beyond is not drawn
 constexpr double kFeedStepFactor = 0.8;
 
 constexpr double kChordsPerPixel = 0.33333334;
-constexpr double kArcRadiansPerDegree = 0.01745277777777778;  // 3.1415 / 180, as in Angle
+constexpr double kRadiansPerAngleDegree = 0.01745277777777778;  // 3.1415 / 180, as in Angle
 constexpr int64_t kChordsWorthATest = 64;
 
 constexpr FeedBand kFeedBandTable[kFeedBands] = {
     {0.87, 100.0}, {0.75, 0.87}, {0.62, 0.75}, {0.5, 0.62}, {0.37, 0.5}, {0.25, 0.37}, {0.0, 0.25},
 };
-
-Vec3 PointOf(const MotionBlock& block) {
-  return {block.x, block.y, block.z};
-}
 
 // A coordinate `share` times a difference away from another.
 float Along(float from, double offset) {
@@ -147,7 +143,7 @@ void PathDrawing::DrawPath() {
   for (uint32_t index = 0; index < store_->blockCount; ++index) {
     if (store_->ReadBlock(index) == 0 || !IsMoveType(store_->CurrentBlock.type)) continue;
     const MotionBlock block = store_->CurrentBlock;
-    const Vec3 end = PointOf(block);
+    const Vec3 end = EndPoint(block);
     if (IsArcType(block.type)) {
       const Vec3 start = std::exchange(state_->prevEnd, end);
       store_->ReadBlock(++index);
@@ -175,7 +171,7 @@ void PathDrawing::EndOfWalk() {
 
 void PathDrawing::DrawMove(uint32_t index, const MotionBlock& block) {
   if (IsRapidType(block.type) || !afaEnabled_) {
-    DrawTo(PointOf(block), block.feed, block.type);
+    DrawTo(EndPoint(block), block.feed, block.type);
   } else if (block.headPercent == 0 && block.tailPercent == 0) {
     DrawWithoutPortions(index, block);
   } else {
@@ -185,11 +181,11 @@ void PathDrawing::DrawMove(uint32_t index, const MotionBlock& block) {
 
 // The feed may still step along the move because of its neighbours.
 void PathDrawing::DrawWithoutPortions(uint32_t index, const MotionBlock& block) {
-  const Vec3 end = PointOf(block);
+  const Vec3 end = EndPoint(block);
   if (smooth_) {
     PrevMove(store_, index);
     const MotionBlock previous = store_->CurrentBlock;
-    Ramp ramp{PointOf(previous), end, block.feed, block.feed};
+    Ramp ramp{EndPoint(previous), end, block.feed, block.feed};
     if (block.type != BlockCutStart) {  // only a continuing move looks at its neighbours
       NextMove(store_, index);
       // Without a further move this is whatever the register holds then.
@@ -216,8 +212,8 @@ void PathDrawing::DrawWithoutPortions(uint32_t index, const MotionBlock& block) 
 
 void PathDrawing::DrawWithPortions(uint32_t index, const MotionBlock& block) {
   PrevMove(store_, index);
-  const Vec3 start = PointOf(store_->CurrentBlock);
-  const Vec3 end = PointOf(block);
+  const Vec3 start = EndPoint(store_->CurrentBlock);
+  const Vec3 end = EndPoint(block);
   const Vec3 move = {end.x - start.x, end.y - start.y, end.z - start.z};
   if (block.headPercent > 0) {
     const auto part = [&](double difference) { return block.headPercent * difference * 0.01; };
@@ -290,7 +286,7 @@ Vec3 PathDrawing::Arc::PointAt(int64_t chord) const {
   const double turned = static_cast<double>(chord) * measures.sweep / static_cast<double>(chords);
   const auto degrees = static_cast<float>(type == BlockArcCcw ? measures.startAngle + turned
                                                               : measures.startAngle - turned);
-  const double angle = degrees * kArcRadiansPerDegree;
+  const double angle = degrees * kRadiansPerAngleDegree;
   return {Along(centre.x, std::cos(angle) * measures.radius),
           Along(centre.y, std::sin(angle) * measures.radius), centre.z};
 }
@@ -300,7 +296,8 @@ Vec3 PathDrawing::Arc::PointAt(int64_t chord) const {
 bool PathDrawing::IsOutOfSight(const Arc& arc, int64_t first, int64_t last) {
   const int64_t middle = first + (last - first) / 2;
   const ProjectedPixels point = ProjectToPixels(view_, arc.PointAt(middle));
-  const double turned = arc.measures.sweep * kArcRadiansPerDegree / static_cast<double>(arc.chords);
+  const double turned =
+      arc.measures.sweep * kRadiansPerAngleDegree / static_cast<double>(arc.chords);
   const double reach =
       static_cast<double>(last - middle) * turned * arc.measures.radius * view_->viewScale +
       arc.slack + kPixelLimit;

@@ -79,7 +79,7 @@ void FitToPath(ViewTransform* view, BlockStore* store, UserInterface* ui) {
   for (uint32_t index = 0; index < store->blockCount; ++index) {
     if (store->ReadBlock(index) == 0) continue;
     const MotionBlock& block = store->CurrentBlock;
-    const Projected point = ProjectToPlane(*view, {block.x, block.y, block.z});
+    const Projected point = ProjectToPlane(*view, EndPoint(block));
     u.Widen(point.u);
     v.Widen(point.v);
     if (IsArcType(block.type)) ++index;  // its centre record is no point of the path

@@ -5,6 +5,8 @@
 #include <random>
 #include <string>
 
+#include "base/path_text.h"
+
 namespace tvx {
 namespace {
 
@@ -74,6 +76,24 @@ TEST(Text, WhatCp949LacksBecomesOneQuestionMark) {
   };
   for (const auto& [utf8, cp949] : kCases) {
     EXPECT_EQ(EncodeCp949(utf8), cp949) << testing::PrintToString(utf8);
+  }
+}
+
+TEST(PathText, SplitsAtTheLastSeparator) {
+  const struct {
+    const char *path, *separators, *name, *directory, *beforeName;
+  } cases[] = {
+      {"c:\\a\\b.nc", "\\", "b.nc", "c:\\a", "c:\\a\\"},
+      {"c:\\a/b.nc", "\\", "a/b.nc", "c:", "c:\\"},
+      {"c:\\a/b.nc", "\\/", "b.nc", "c:\\a", "c:\\a/"},
+      {"\\b.nc", "\\", "b.nc", "", "\\"},
+      {"b.nc", "\\/", "b.nc", "", ""},
+      {"c:\\", "\\", "", "c:", "c:\\"},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(NameOfPath(c.path, c.separators), c.name);
+    EXPECT_EQ(DirectoryOfPath(c.path, c.separators), c.directory) << c.path;
+    EXPECT_EQ(PathBeforeName(c.path, c.separators), c.beforeName) << c.path;
   }
 }
 
