@@ -69,11 +69,11 @@ void CheckDialog(const JobList& list, FuzzFiles* files, FuzzUi* ui) {
   JobRecord slot, working;
   working.FirstEditable = 0;
   CTransferDlg dialog(&userKeys, files, ui);
-  dialog.Open({&slot, &working, "c:", "", &extensions, files, ui, NoPrograms()});
+  dialog.Open({&slot, &working, "c:", "", &extensions, NoPrograms()});
   dialog.ReadList();
   Require(SameLists(dialog.list, list));
   dialog.Accept();
-  dialog.Open({&slot, &working, "c:", "", &extensions, files, ui, NoPrograms()});
+  dialog.Open({&slot, &working, "c:", "", &extensions, NoPrograms()});
   CheckLengths(dialog.list);
 
   for (size_t i = 0; i < std::min(dialog.list.size(), kTriedEntries); ++i) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace tvx {
@@ -11,5 +12,10 @@ namespace tvx {
 // The shortest plain text (no exponent) that reads back to the same 32-bit value: "0.1", "-12",
 // "1250.5". Infinite values give "inf" and "-inf", a NaN "nan".
 std::string ShortestFloat(float value);
+
+// "ON" for 1, else "OFF": a switch in option lines, lists and reports.
+inline const char* OnOff(int32_t check) {
+  return check == 1 ? "ON" : "OFF";
+}
 
 }  // namespace tvx

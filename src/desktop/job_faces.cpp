@@ -206,7 +206,7 @@ QWidget* TransferFace::BuildOptions() {
   auto* const box = new QGroupBox(this);
   auto* const row = new QHBoxLayout(box);
   deleteM30_ = AddCheck(
-      row, CTransferDlg::kDeleteM30, [this] { return dialog_->ListOptions.DeleteM30 == 1; },
+      row, CTransferDlg::kDeleteM30, [this] { return dialog_->ListOptions().DeleteM30 == 1; },
       [this] { dialog_->ToggleDeleteM30(); });
   restart_ = AddOperation(row, CTransferDlg::kRestartButton, &CTransferDlg::SetRestart);
   condition_ = AddOperation(row, CTransferDlg::kConditionButton, &CTransferDlg::SetCondition);
@@ -241,7 +241,7 @@ void TransferFace::Show() {
     for (const std::string& mask : dialog_->masks) masks_->addItem(ToQt(mask));
     masks_->setCurrentIndex(dialog_->selectedMask);
   }
-  deleteM30_->setChecked(dialog_->ListOptions.DeleteM30 == 1);
+  deleteM30_->setChecked(dialog_->ListOptions().DeleteM30 == 1);
   restart_->setText(Translated(ReplaceLabels(dialog_->restartCaption)));
   ShowCaption(condition_, Translated(dialog_->conditionCaption));
 }

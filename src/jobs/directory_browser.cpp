@@ -1,3 +1,5 @@
+// Mask matching, and the directory tree of the job dialog.
+
 #include "jobs/directory_browser.h"
 
 #include <algorithm>
@@ -8,7 +10,7 @@ namespace tvx {
 
 namespace {
 
-constexpr size_t kDriveEnd = 2;  // where the backslash behind "c:" stands
+constexpr size_t kDriveEnd = 2;  // index of the backslash behind "c:"
 
 char Lower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
@@ -34,7 +36,7 @@ std::vector<std::string> PartsOf(std::string_view directory) {
 
 bool FitsMask(std::string_view name, std::string_view mask) {
   if (mask == "*.*") return true;
-  // The last "*" met, and how much of the name it has taken: on a mismatch it takes one more.
+  // The last "*" so far and the end of what it covers: on a mismatch it covers one character more.
   size_t n = 0, m = 0;
   size_t starMask = std::string_view::npos, starName = 0;
   while (n < name.size()) {
@@ -70,23 +72,23 @@ std::string LowerCase(std::string text) {
 void DirectoryBrowser::Enter(const std::string& target, std::string_view mask) {
   files_->SetCurrentDirectory(target);
   directory = files_->CurrentDirectory();
-  parts = PartsOf(directory);
-  driveLetters = files_->DriveLetters();
-  if (driveLetters.size() > kMostDrives) driveLetters.resize(kMostDrives);
+  parts_ = PartsOf(directory);
+  driveLetters_ = files_->DriveLetters();
+  if (driveLetters_.size() > kMostDrives) driveLetters_.resize(kMostDrives);
   FillSubDirectories();
   FillFiles(mask);
 }
 
 void DirectoryBrowser::FillSubDirectories() {
-  subDirectories.clear();
+  subDirectories_.clear();
   std::vector<DirectoryEntry> entries;
   files_->List(directory, &entries);
   for (const DirectoryEntry& entry : entries) {
     if (!entry.isDirectory || entry.name.starts_with(".")) continue;
-    subDirectories.push_back(entry.name);
+    subDirectories_.push_back(entry.name);
   }
-  std::sort(subDirectories.begin(), subDirectories.end());
-  if (subDirectories.size() > kMostSubDirectories) subDirectories.resize(kMostSubDirectories);
+  std::sort(subDirectories_.begin(), subDirectories_.end());
+  if (subDirectories_.size() > kMostSubDirectories) subDirectories_.resize(kMostSubDirectories);
 }
 
 void DirectoryBrowser::FillFiles(std::string_view mask) {
@@ -99,17 +101,21 @@ void DirectoryBrowser::FillFiles(std::string_view mask) {
   std::sort(files.begin(), files.end());
 }
 
+void DirectoryBrowser::ShowPartsInCapitals() {
+  for (std::string& part : parts_) part = UpperCase(part);
+}
+
 std::string DirectoryBrowser::TargetOf(int number) const {
   if (number < 0) return {};
   if (number < kFirstPart) {
     const auto index = static_cast<size_t>(number);
-    return index < driveLetters.size() ? std::string(1, driveLetters[index]) + ":\\" : "";
+    return index < driveLetters_.size() ? std::string(1, driveLetters_[index]) + ":\\" : "";
   }
   const bool isPart = number < kFirstSubDirectory;
   const auto index = static_cast<size_t>(number - (isPart ? kFirstPart : kFirstSubDirectory));
-  if (index >= (isPart ? parts : subDirectories).size()) return {};
+  if (index >= (isPart ? parts_ : subDirectories_).size()) return {};
   if (!isPart) {
-    return directory + (directory.ends_with('\\') ? "" : "\\") + subDirectories[index] + "\\";
+    return directory + (directory.ends_with('\\') ? "" : "\\") + subDirectories_[index] + "\\";
   }
   size_t end = kDriveEnd;
   for (size_t i = 0; i <= index; ++i) end = directory.find('\\', end + 1);
@@ -117,29 +123,29 @@ std::string DirectoryBrowser::TargetOf(int number) const {
 }
 
 int DirectoryBrowser::DriveItem() const {
-  const auto current = std::find_if(driveLetters.begin(), driveLetters.end(), [&](char letter) {
+  const auto current = std::find_if(driveLetters_.begin(), driveLetters_.end(), [&](char letter) {
     return !directory.empty() && Lower(letter) == Lower(directory[0]);
   });
-  return current == driveLetters.end() ? 0 : static_cast<int>(current - driveLetters.begin());
+  return current == driveLetters_.end() ? 0 : static_cast<int>(current - driveLetters_.begin());
 }
 
 int DirectoryBrowser::SelectedItem() const {
-  return parts.empty() ? DriveItem() : kFirstPart + static_cast<int>(parts.size()) - 1;
+  return parts_.empty() ? DriveItem() : kFirstPart + static_cast<int>(parts_.size()) - 1;
 }
 
 std::vector<DirectoryBrowser::Item> DirectoryBrowser::Items() const {
   std::vector<Item> items;
-  for (size_t i = 0; i < driveLetters.size(); ++i) {
-    items.push_back({static_cast<int>(i), -1, std::string("[") + driveLetters[i] + ":]"});
+  for (size_t i = 0; i < driveLetters_.size(); ++i) {
+    items.push_back({static_cast<int>(i), -1, std::string("[") + driveLetters_[i] + ":]"});
   }
   int above = DriveItem();
-  for (size_t i = 0; i < parts.size(); ++i) {
+  for (size_t i = 0; i < parts_.size(); ++i) {
     const int number = kFirstPart + static_cast<int>(i);
-    items.push_back({number, above, parts[i]});
+    items.push_back({number, above, parts_[i]});
     above = number;
   }
-  for (size_t i = 0; i < subDirectories.size(); ++i) {
-    items.push_back({kFirstSubDirectory + static_cast<int>(i), above, subDirectories[i]});
+  for (size_t i = 0; i < subDirectories_.size(); ++i) {
+    items.push_back({kFirstSubDirectory + static_cast<int>(i), above, subDirectories_[i]});
   }
   return items;
 }

@@ -1,3 +1,4 @@
+// The drives, directories and files that the job dialog browses.
 #pragma once
 
 #include <string>
@@ -8,24 +9,24 @@
 
 namespace tvx {
 
-// True if a file name fits a mask of "*" and "?", whatever the case of its letters. "*.*" fits
-// every name, also one without a dot.
+// True if a file name matches a mask of "*" and "?". The case of ASCII letters does not count.
+// "*.*" matches every name, also one without a dot.
 bool FitsMask(std::string_view name, std::string_view mask);
 
-// A text in upper and in lower case, as far as its ASCII letters go.
+// A text with its ASCII letters in upper or in lower case.
 std::string UpperCase(std::string text);
 std::string LowerCase(std::string text);
 
-// The drives, directories and files that the job dialog browses. The current directory of the
-// program follows it.
+// One directory at a time, shown as a tree of the drives, the directory's path and its
+// sub-directories. The current directory of the program follows it.
 class DirectoryBrowser {
  public:
   static constexpr size_t kMostDrives = 32;
   static constexpr size_t kMostParts = 10;
   static constexpr size_t kMostSubDirectories = 50;
 
-  // One item of the tree, told apart by its number: a drive by its index, path part i by
-  // kFirstPart + i, sub-directory i by kFirstSubDirectory + i.
+  // One item of the tree. Drive i has the number i, path part i the number kFirstPart + i,
+  // sub-directory i the number kFirstSubDirectory + i.
   static constexpr int kFirstPart = 100;
   static constexpr int kFirstSubDirectory = 1000;
   struct Item {
@@ -36,32 +37,32 @@ class DirectoryBrowser {
 
   explicit DirectoryBrowser(Files* fileSystem) : files_(fileSystem) {}
 
-  // Makes a directory the current one and reads what lies there. A directory that cannot be entered
-  // leaves the current one, which is then read. `mask` is that of the file list.
+  // Makes a directory the current one and reads its content. If it cannot be entered, the current
+  // directory stays and is read again. `mask` selects the files.
   void Enter(const std::string& directory, std::string_view mask);
-  // Reads the files that fit the mask.
+  // Reads the files that match the mask.
   void FillFiles(std::string_view mask);
+  // Shows the parts of the path in capitals until the next Enter.
+  void ShowPartsInCapitals();
 
-  // The directory that an item of the tree stands for; empty for a number without an item.
+  // The directory of an item of the tree; empty for a number without an item.
   std::string TargetOf(int number) const;
-  // The whole tree, items after the one above them. The last path part, or the drive at the root,
-  // is the selected one.
+  // The whole tree, each item after its parent. The last path part is selected, or the drive in its
+  // root.
   std::vector<Item> Items() const;
   int SelectedItem() const;
 
-  std::string directory;  // the current one, as the system gives it
-  std::vector<char> driveLetters;
-  // The first components of the directory below the drive, as they are shown; the way to an item
-  // is taken from the directory itself.
-  std::vector<std::string> parts;
-  std::vector<std::string> subDirectories;  // sorted
-  std::vector<std::string> files;           // names that fit the mask, lower case, sorted
+  std::string directory;           // the current one, as the system reports it
+  std::vector<std::string> files;  // names that match the mask, lower case, sorted
 
  private:
   void FillSubDirectories();
   int DriveItem() const;
 
   Files* files_;
+  std::vector<char> driveLetters_;
+  std::vector<std::string> parts_;           // first components below the drive, for display only
+  std::vector<std::string> subDirectories_;  // sorted
 };
 
 }  // namespace tvx

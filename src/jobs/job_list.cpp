@@ -1,3 +1,5 @@
+// The entries of a job list and its text form.
+
 #include "jobs/job_list.h"
 
 #include "base/scan.h"
@@ -50,7 +52,7 @@ std::string PrintJobList(const JobList& list) {
 
 JobList ReadJobList(std::string_view text, std::optional<char> driveLetter, size_t* leftOut) {
   JobList list;
-  size_t found = 0;  // entries of the text; a full list takes no more of them
+  size_t found = 0;  // entries in the text, also those that a full list leaves out
   WordScanner words(text);
   std::string word;
   while (words.ReadWord(&word)) {
@@ -59,7 +61,7 @@ JobList ReadJobList(std::string_view text, std::optional<char> driveLetter, size
       list.Insert(list.size(), word, "");
       ++found;
     } else if (found > 0 && found == list.size()) {
-      // Word by word: a list of one endless line must not be searched again for each of its words.
+      // In the word alone: searching the whole line again for each word would be quadratic.
       if (driveLetter.has_value()) SetDrive(*driveLetter, &word);
       list.lines.back() += word + " ";
     }

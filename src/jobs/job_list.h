@@ -1,3 +1,4 @@
+// The job list, and the text form in which it is saved and read back.
 #pragma once
 
 #include <optional>
@@ -7,8 +8,8 @@
 
 namespace tvx {
 
-// A job list: names of files, without directory, and the option line of each. Both vectors always
-// have the same length, at most kJobListSlots.
+// The file names, without directory, and the option line of each. Both vectors always have the same
+// length, at most kJobListSlots.
 struct JobList {
   std::vector<std::string> names;
   std::vector<std::string> lines;
@@ -16,8 +17,8 @@ struct JobList {
   size_t size() const { return names.size(); }
   bool IsFull() const;
   void Clear();
-  // Inserts before `position`, or at the end for one from size() on. A full list takes no more and
-  // the result is false.
+  // Inserts before `position`; a position beyond size() means the end. Returns false, with the list
+  // unchanged, if it is full.
   bool Insert(size_t position, std::string name, std::string line);
   void Remove(size_t position);
 };
@@ -26,9 +27,9 @@ struct JobList {
 std::string PrintJobList(const JobList& list);
 
 // Reads a list from the text of a saved list or of a .mcf file, word by word. With a drive letter,
-// every "X:" of a line gets that letter. Text ahead of the first "File" is dropped, an entry
-// without a line gets an empty one. A longer list stops at kJobListSlots; how many entries were
-// left out goes to *leftOut, if given.
+// every "X:" of a line gets that letter. Text before the first "File" is dropped; an entry without
+// a line gets an empty one. Reading stops at kJobListSlots entries; *leftOut, if given, receives
+// the number of entries left out.
 JobList ReadJobList(std::string_view text, std::optional<char> driveLetter,
                     size_t* leftOut = nullptr);
 

@@ -1,3 +1,5 @@
+// The captions of the key-code pad, and its user keys.
+
 #include "jobs/key_code_pad.h"
 
 namespace tvx {

@@ -1,3 +1,5 @@
+// Writes an option line from a record and parses one into a record, both by the table kConditions.
+
 #include "jobs/option_line.h"
 
 #include <algorithm>
@@ -7,12 +9,12 @@
 #include "base/format.h"
 #include "base/scan.h"
 #include "base/text.h"
+#include "jobs/key_code_lines.h"
 
 namespace tvx {
 
 namespace {
 
-constexpr std::string_view kKeyCode = "KeyCode";
 constexpr std::string_view kWhite = " \t\n\v\f\r";
 constexpr size_t kScanBytes = 100;      // of the line that the scan of one token sees
 constexpr size_t kShortestKeyText = 2;  // bytes of the file
@@ -21,16 +23,16 @@ using Float = float JobRecord::*;
 using Whole = int32_t JobRecord::*;
 using Text = std::string JobRecord::*;
 
-// What can stand behind the word of a condition, beside one whole number or one word.
+// The kinds of value behind the word of a condition, beside one whole number and one word.
 struct Decimals {
   int places;  // behind the point
   std::span<const Float> fields;
 };
 struct Switch {
   Whole field;
-  bool writesOff;  // "OFF" stands in the line while the field is not 1
+  bool writesOff;  // writes "OFF" if the field is not 1; otherwise writes nothing
 };
-struct Master {};  // the path of the master model, while the model is in use
+struct Master {};  // the path of the master model, if the model is in use
 
 struct Condition {
   const char* word;
@@ -133,13 +135,13 @@ bool IsWhite(char c) {
   return kWhite.find(c) != std::string_view::npos;
 }
 
-// The part of a line that the scan of a token sees: so many bytes, counted as in the file's
-// encoding, and the rest of a word that the limit would cut.
+// The part of a line that the scan of a token reads: kScanBytes, counted in the file's encoding,
+// and the rest of a word that this limit would cut.
 std::string_view ScanWindow(std::string_view text) {
   size_t end = 0;
   for (size_t bytes = 0; end < text.size() && bytes < kScanBytes;) {
-    // A character of two or three bytes here has two there; ASCII, and what stands for a byte that
-    // is no text, has one.
+    // A character of two or three bytes in UTF-8 has two in the file. ASCII, and the four-byte
+    // character that replaces an undecodable byte, has one.
     const auto lead = static_cast<unsigned char>(text[end]);
     bytes += lead < 0x80 || lead >= 0xF0 ? 1 : 2;
     end = CharacterEnd(text, end);
@@ -149,7 +151,7 @@ std::string_view ScanWindow(std::string_view text) {
   return text.substr(0, end);
 }
 
-// A scanner behind the words that stand for themselves, at the first occurrence of a search text.
+// A scanner behind the first occurrence of a search text, which is that many words long.
 std::optional<WordScanner> ScanBehind(std::string_view line, std::string_view searchText,
                                       int words) {
   const size_t at = line.find(searchText);
@@ -160,7 +162,7 @@ std::optional<WordScanner> ScanBehind(std::string_view line, std::string_view se
   return scanner;
 }
 
-// The first value that does not read ends the scan.
+// Stops at the first value that cannot be read.
 void ReadDecimals(WordScanner* scanner, std::span<const Float> fields, JobRecord* job) {
   for (const Float field : fields) {
     if (!scanner->ReadFloat(&(job->*field))) return;
@@ -218,7 +220,7 @@ void ReadRestart(std::string_view line, JobRecord* job) {
 void ReadConditions(std::string_view line, JobRecord* job) {
   job->AfaEnabled = Holds(line, "Afa ON") ? 1 : 0;
   if (job->AfaEnabled == 0) return;
-  // A line that has lost its tool diameter does not start an adjustment.
+  // A line without a tool diameter does not start an adjustment.
   if (!Holds(line, " TD ")) job->AfaEnabled = 0;
   for (const Condition& condition : kConditions) {
     std::visit([&](const auto& value) { ReadCondition(line, condition.word, value, job); },
@@ -226,21 +228,22 @@ void ReadConditions(std::string_view line, JobRecord* job) {
   }
 }
 
-// What stands behind the word and the one character after it, without white space at its end.
-std::string_view KeyText(std::string_view line, size_t keyCodeAt) {
-  std::string_view text = line.substr(keyCodeAt + kKeyCode.size());
-  if (!text.empty()) text.remove_prefix(CharacterEnd(text, 0));
-  return text.substr(0, text.find_last_not_of(kWhite) + 1);
+// The words of a key-code part: what follows "KeyCode" and the one character behind it, without
+// white space at its end.
+std::string_view KeyCodeWords(std::string_view part) {
+  part.remove_prefix(std::string_view(kKeyCodeWord).size());
+  if (!part.empty()) part.remove_prefix(CharacterEnd(part, 0));
+  return part.substr(0, part.find_last_not_of(kWhite) + 1);
 }
 
 void ReadKeyCodes(std::string_view line, JobRecord* job) {
   job->KeyCodes.clear();
   job->KeyCodeCount = 0;
   job->KeyCodeText.clear();
-  const size_t at = line.find(kKeyCode);
-  job->KeyCodeOn = at != std::string_view::npos ? 1 : 0;
+  const std::string_view part = KeyCodePart(line);
+  job->KeyCodeOn = part.empty() ? 0 : 1;
   if (job->KeyCodeOn == 0) return;
-  std::string_view text = KeyText(line, at);
+  std::string_view text = KeyCodeWords(part);
   if (EncodeCp949(text).size() < kShortestKeyText) return;
   while (true) {
     text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
@@ -270,12 +273,8 @@ std::string BuildOptionLine(const JobRecord& options, const JobRecord& restart,
   } else {
     line += "Afa OFF ";
   }
-  if (spindleSpeed) AppendSpindleWord(*spindleSpeed, &line);
+  if (spindleSpeed) line += Format(" %s  S%d", kKeyCodeWord, *spindleSpeed);
   return line;
-}
-
-void AppendSpindleWord(int32_t spindleSpeed, std::string* line) {
-  *line += Format(" KeyCode  S%d", spindleSpeed);
 }
 
 void ParseOptionLine(JobRecord* record, std::string_view line, LineFile* file) {

@@ -1,3 +1,5 @@
+// Splits the head and the tail of a file into rows.
+
 #include "jobs/preview.h"
 
 #include <algorithm>
@@ -8,7 +10,7 @@ namespace tvx {
 
 namespace {
 
-constexpr size_t kPieceBytes = 79;  // what is read of a line at once
+constexpr size_t kPieceBytes = 79;  // of a line read at once
 constexpr int kHeadPieces = 30;
 constexpr size_t kTailBytes = 200;
 
@@ -22,7 +24,7 @@ class PieceReader {
     const size_t lineFeed = rest_.substr(0, kPieceBytes).find('\n');
     size_t length =
         lineFeed == std::string_view::npos ? std::min(kPieceBytes, rest_.size()) : lineFeed + 1;
-    // CR LF is one line end and is not torn apart.
+    // CR LF is one line end and is not split.
     if (rest_.substr(length - 1).starts_with("\r\n")) ++length;
     *piece = rest_.substr(0, length);
     rest_.remove_prefix(length);
@@ -47,7 +49,7 @@ std::vector<std::string> PreviewLines(std::string_view bytes) {
   rows.insert(rows.end(), 3, " .");
   if (bytes.size() < kTailBytes) return rows;
   PieceReader tail(bytes.substr(bytes.size() - kTailBytes));
-  tail.Next(&piece);  // most likely an incomplete line
+  tail.Next(&piece);  // usually an incomplete line
   while (tail.Next(&piece)) rows.push_back(RowOf(piece));
   return rows;
 }

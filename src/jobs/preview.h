@@ -1,3 +1,4 @@
+// The preview of an NC file in the job dialog.
 #pragma once
 
 #include <string>
@@ -6,8 +7,8 @@
 
 namespace tvx {
 
-// The head and the tail of an NC file as the job dialog previews it: up to 30 lines, three rows "
-// ." for the gap, and the lines of its last 200 bytes. Long lines come in pieces.
+// The rows for the bytes of a file: up to 30 lines of its head, three rows " ." for the gap, and
+// the lines of its last 200 bytes. A line of more than 79 bytes is split into pieces.
 std::vector<std::string> PreviewLines(std::string_view bytes);
 
 }  // namespace tvx

@@ -1,3 +1,5 @@
+// The logic of the restart dialog and the texts of a restart position.
+
 #include "jobs/restart.h"
 
 #include "base/format.h"

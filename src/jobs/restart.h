@@ -1,3 +1,4 @@
+// The restart position of a file: the dialog that sets it and the texts that show it.
 #pragma once
 
 #include <array>
@@ -25,9 +26,9 @@ inline constexpr std::array<RestartDecimal, 6> kRestartDecimals = {{
     {"탐색 공차", &JobRecord::RestartTolerance},
 }};
 
-// Sets the place at which the transfer of a file begins again after an interruption. Every file
-// that enters the job list afterwards carries it; what to do with it is the transfer program's
-// business, so no range is checked.
+// Sets the position at which the transfer of a file resumes after an interruption. Every file that
+// enters the job list afterwards carries it. Only the transfer program interprets it, so no range
+// is checked.
 class CRestartDlg : public Dialog {
  public:
   static constexpr char kTitle[] = "재전송";
@@ -41,14 +42,14 @@ class CRestartDlg : public Dialog {
 
   // A radio button, 1 to 4.
   void SelectKind(int kind);
-  // A change in one of the two number fields. Both show numberText at once, and text that is no
-  // number counts as 0.
+  // A change in one of the two number fields, which both show numberText. Text that is no number
+  // counts as 0.
   void EditNumber(std::string_view text);
   // A change in a decimal field, by its position in kRestartDecimals.
   void EditDecimal(size_t index, std::string_view text);
 
-  // Switches the position on and hands it back. A point of kind 4 that is not set switches it off
-  // instead and ends as cancelled. Never stays open.
+  // Switches the position on and copies the record back. With kind 4 and no point set it acts as
+  // Cancel. Never stays open.
   Closing Accept();
   // Switches the position off.
   Closing Cancel();
@@ -61,12 +62,12 @@ class CRestartDlg : public Dialog {
   JobRecord* options_ = nullptr;
 };
 
-// Caption of the job dialog's button after the dialog: the position of the options, or the bare
-// caption if the dialog was not accepted.
+// Caption of the job dialog's button after the dialog: with the position in `options` if the dialog
+// was accepted, without one otherwise.
 std::string RestartButtonText(const JobRecord& options, bool accepted);
 
-// The rows of the file information for a position that is on: one for kinds 1 to 3, two for kind 4,
-// none for any other.
+// The rows of the information list for a position that is switched on: one for kinds 1 to 3, two
+// for kind 4, none for any other.
 std::vector<std::string> RestartInfoRows(const JobRecord& job);
 
 }  // namespace tvx

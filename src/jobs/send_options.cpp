@@ -1,3 +1,5 @@
+// The logic of the send options: feeds, reduction ratios and the dialogs behind the buttons.
+
 #include "jobs/send_options.h"
 
 #include <algorithm>
@@ -14,10 +16,6 @@ namespace tvx {
 
 namespace {
 
-const char* OnOff(int32_t check) {
-  return check == 1 ? "ON" : "OFF";
-}
-
 int32_t Toggled(int32_t check) {
   return check == 1 ? 0 : 1;
 }
@@ -31,7 +29,7 @@ bool IsFeed(int32_t feed) {
   return feed >= 0 && feed <= CSendOptionDlg::kHighestFeed;
 }
 
-// A master model can be named by the NC file that it is to be built from.
+// The user can choose the NC file from which the master model is to be built.
 std::string WithMasterEnding(std::string path) {
   if (path.find("mma") == std::string::npos) path += ".mma";
   return path;
@@ -45,15 +43,15 @@ CSendOptionDlg::CSendOptionDlg(Files* files, UserInterface* ui)
 void CSendOptionDlg::Open(JobRecord* source) {
   source_ = source;
   own.ConditionDir = source->ConditionDir;
-  if (OptionsLoaded != 1) {
+  if (!optionsLoaded_) {
     CopyJobRecord(0, &own, *source);
     own.PlungeFeed = own.MaxFeed;
-    TopFeed = own.MaxFeed;
+    topFeed_ = own.MaxFeed;
     DeriveSlopeRatio();
-    MinFeed = LowestFeed(own.MaxFeed, own.CornerMaxRatio);
+    minFeed_ = LowestFeed(own.MaxFeed, own.CornerMaxRatio);
   }
-  minFeedText = Format("%d", MinFeed);
-  topFeedText = Format("%d", TopFeed);
+  minFeedText = Format("%d", minFeed_);
+  topFeedText = Format("%d", topFeed_);
   ShowSpindleSpeed();
   Refresh();
   conditionFileCaption = kConditionFileButton;
@@ -62,10 +60,10 @@ void CSendOptionDlg::Open(JobRecord* source) {
 }
 
 void CSendOptionDlg::Refresh() {
-  OptionsLoaded = 1;
-  own.MaxFeed = TopFeed;
-  if (TopFeed > 0) {
-    own.CornerMaxRatio = static_cast<float>(MinFeed) / static_cast<float>(TopFeed);
+  optionsLoaded_ = true;
+  own.MaxFeed = topFeed_;
+  if (topFeed_ > 0) {
+    own.CornerMaxRatio = static_cast<float>(minFeed_) / static_cast<float>(topFeed_);
     DeriveSlopeRatio();
   }
   BuildConditionText();
@@ -91,14 +89,14 @@ void CSendOptionDlg::BuildConditionText() {
 
 void CSendOptionDlg::EditMinFeed(std::string_view text) {
   minFeedText = text;
-  MinFeed = TextToInt(text);
-  if (OptionsLoaded == 1) Refresh();
+  minFeed_ = TextToInt(text);
+  if (optionsLoaded_) Refresh();
 }
 
 void CSendOptionDlg::EditTopFeed(std::string_view text) {
   topFeedText = text;
-  TopFeed = TextToInt(text);
-  if (OptionsLoaded == 1) Refresh();
+  topFeed_ = TextToInt(text);
+  if (optionsLoaded_) Refresh();
 }
 
 void CSendOptionDlg::EditSpindleSpeed(std::string_view text) {
@@ -173,7 +171,7 @@ void CSendOptionDlg::OpenCalculator() {
 }
 
 Closing CSendOptionDlg::Accept() {
-  refusedField = !IsFeed(MinFeed) ? "MinFeed" : !IsFeed(TopFeed) ? "TopFeed" : "";
+  refusedField = !IsFeed(minFeed_) ? "MinFeed" : !IsFeed(topFeed_) ? "TopFeed" : "";
   if (!refusedField.empty()) {
     ShowRange(0, kHighestFeed, ui_);
     return Closing::kStaysOpen;
@@ -190,13 +188,13 @@ Closing CSendOptionDlg::Cancel() {
   return Closing::kCancelled;
 }
 
-// The feeds that stand for a condition from elsewhere: the lowest by the smaller ratio. Writing
-// them into their edits recomputes nothing, so the condition stays as it came until the next edit.
+// Shows the feeds of a condition that was read or edited elsewhere; the smaller ratio determines
+// the lowest feed. The ratios keep their values until the next edit of a feed.
 void CSendOptionDlg::ShowFeedsOfCondition() {
-  TopFeed = own.MaxFeed;
-  MinFeed = LowestFeed(own.MaxFeed, std::min(own.CornerMaxRatio, own.SlopeMaxRatio));
-  topFeedText = Format("%d", TopFeed);
-  minFeedText = Format("%d", MinFeed);
+  topFeed_ = own.MaxFeed;
+  minFeed_ = LowestFeed(own.MaxFeed, std::min(own.CornerMaxRatio, own.SlopeMaxRatio));
+  topFeedText = Format("%d", topFeed_);
+  minFeedText = Format("%d", minFeed_);
 }
 
 void CSendOptionDlg::ShowSpindleSpeed() {

@@ -1,3 +1,4 @@
+// The send options: the feed conditions of the files that the user is about to add to a job.
 #pragma once
 
 #include <string>
@@ -11,12 +12,12 @@
 
 namespace tvx {
 
-// The feed conditions of the files to come, in the two numbers that a machinist thinks in: the
-// lowest and the highest feed. The reduction ratios follow from them.
+// States the conditions by the lowest and the highest feed, the two numbers that a machinist works
+// with. The reduction ratios are derived from them.
 //
-// An object lives as long as the program and remembers: only its first opening takes the source
-// record over, later ones show what the last one left. The job dialog has one on its list options,
-// the command of a single cut time another on the working record.
+// An object lives as long as its owner: only the first opening copies the source record, later ones
+// show what the last one left. The job dialog uses one for its list options, the command of a
+// single cut time another for the working record.
 class CSendOptionDlg : public Dialog {
  public:
   static constexpr char kTitle[] = "전송 dialog";
@@ -36,7 +37,7 @@ class CSendOptionDlg : public Dialog {
   // Opens for a source record, which is kept until the dialog closes.
   void Open(JobRecord* source);
 
-  // Edits. Text that is no number counts as 0. A feed changes the ratios at once.
+  // Edits. Text that is no number counts as 0. A changed feed updates the ratios at once.
   void EditMinFeed(std::string_view text);
   void EditTopFeed(std::string_view text);
   void EditSpindleSpeed(std::string_view text);
@@ -46,38 +47,36 @@ class CSendOptionDlg : public Dialog {
   void ToggleUpDownChk();
   void ToggleSpindle();
 
-  // The big button, which shows conditionText: the machining condition.
+  // The button that shows conditionText: opens the machining condition.
   void OpenCondition();
   // The button that shows conditionFileCaption: reads a condition file over the own record.
   void ChooseConditionFile();
   // The button "Set": the finer settings.
   void OpenSetup();
-  // The button that shows masterCaption: names the master model. A cancelled choice removes it.
+  // The button that shows masterCaption: chooses the master model. A cancelled choice removes it.
   void ChooseMaster();
-  // The button "GetFeed": the calculator, from and to diameter, material, highest feed and spindle.
+  // The button "GetFeed": the calculator. It starts with diameter and material, and its result sets
+  // both, the highest feed and the spindle speed.
   void OpenCalculator();
 
-  // "OK": hands the own record back and switches the adjustment on in both. A feed out of its range
-  // is refused with a message and named in refusedField, and the dialog stays open.
+  // "OK": copies the own record back and switches the adjustment on in both records. For a feed out
+  // of range it shows a message, sets refusedField and stays open.
   Closing Accept();
-  // "Cancel": switches the adjustment off in both; the source's other fields stay.
+  // "Cancel": switches the adjustment off in both records; the source's other fields stay.
   Closing Cancel();
 
   JobRecord own;
-  int32_t MinFeed = 0;          // mm/min
-  int32_t TopFeed = 0;          // mm/min
-  int32_t SpindleSpeed = 1000;  // 1/min; handed in and out by the job dialog, as is SpindleOn
+  int32_t SpindleSpeed = 1000;  // 1/min; the job dialog sets and reads it, and SpindleOn
   int32_t SpindleOn = 0;
-  int32_t OptionsLoaded = 0;  // 1: the own record has been taken over, and edits recompute
-  // What the controls show. A face that takes these over after an operation must not report them
-  // back as edits.
+  // The texts of the controls. A face that shows them after an operation must not report them back
+  // as edits.
   std::string minFeedText;
   std::string topFeedText;
   std::string spindleText;
   std::string conditionText;
   std::string conditionFileCaption = kConditionFileButton;
   std::string masterCaption = kMasterButton;
-  std::string refusedField;  // "MinFeed" or "TopFeed", to put the focus on after a refusal
+  std::string refusedField;  // "MinFeed" or "TopFeed", for the focus after a refusal
 
  private:
   void Refresh();
@@ -89,11 +88,14 @@ class CSendOptionDlg : public Dialog {
   Files* files_;
   UserInterface* ui_;
   JobRecord* source_ = nullptr;
+  int32_t minFeed_ = 0;         // mm/min
+  int32_t topFeed_ = 0;         // mm/min
+  bool optionsLoaded_ = false;  // the own record has been filled, and edits recompute
   CAutoFeedDlg condition_;
   CAfaSetupDlg setup_;
 };
 
-// The text of the job dialog's button for the conditions of a record, and the caption without any.
+// The text of the job dialog's button for the conditions of a record, and the text without any.
 std::string ConditionButtonText(const JobRecord& job);
 inline constexpr char kNoConditionText[] = "Afa조건: ";
 

@@ -1,11 +1,14 @@
+// The logic of the job dialog: browser, job list, information list and key codes.
+
 #include "jobs/transfer_dialog.h"
 
 #include <algorithm>
 
 #include "base/format.h"
 #include "base/path_text.h"
-#include "base/scan.h"
 #include "base/text.h"
+#include "jobs/entry_rows.h"
+#include "jobs/key_code_lines.h"
 #include "jobs/preview.h"
 #include "model/labels.h"
 
@@ -15,25 +18,46 @@ namespace {
 
 constexpr char kListFile[] = "FList";
 constexpr char kInfoFile[] = "info";
+constexpr char kKeyCodeFile[] = "KeyCode";
 constexpr size_t kCheckedBytes = 100;  // of a file that enters the list: all have to be 7-bit text
+
+constexpr char kError[] = "Error message";
+constexpr char kDnc[] = "DNC message";
+
+const struct {
+  JobMessage message;
+  const char* text;
+  const char* caption;
+} kMessageTable[] = {
+    {JobMessage::kCannotOpen, "화일을 열수 없읍니다. ", kError},
+    {JobMessage::kNoFileSelected, "화일 리스트에서 file이 선택되지 않았습니다. ", kDnc},
+    {JobMessage::kEntryIsFrozen, "현재 전송중 이거나 전송한 file입니다. ", kDnc},
+    {JobMessage::kCannotEnter, "화일을 등록할 수 없습니다. ", kError},
+};
 
 bool IsSevenBit(char c) {
   return static_cast<unsigned char>(c) <= 127;
 }
 
+std::string WithoutLeadingBlanks(std::string text) {
+  return text.erase(0, std::min(text.find_first_not_of(' '), text.size()));
+}
+
 // The part of a name behind its last backslash, without blanks on both sides.
 std::string BareName(const std::string& name) {
-  std::string bare = NameOfPath(name, kBackslash);
-  bare.erase(0, std::min(bare.find_first_not_of(' '), bare.size()));
+  std::string bare = WithoutLeadingBlanks(NameOfPath(name, kBackslash));
   bare.erase(bare.find_last_not_of(' ') + 1);
   return bare;
 }
 
-const char* OnOff(int32_t check) {
-  return check == 1 ? "ON" : "OFF";
-}
-
 }  // namespace
+
+Message MessageOf(JobMessage message) {
+  for (const auto& row : kMessageTable) {
+    if (row.message == message) return {.text = row.text, .caption = row.caption};
+  }
+  return {};
+}
 
 CTransferDlg::CTransferDlg(const std::vector<std::string>* userKeys, Files* files,
                            UserInterface* ui)
@@ -64,84 +88,84 @@ std::span<const CTransferDlg::Button> CTransferDlg::KeyCodeButtons() {
   return kButtons;
 }
 
-void CTransferDlg::Open(const JobDialogWorld& world) {
-  world_ = world;
-  CopyJobRecord(SlotIndex, &ListOptions, *world.slot);
-  CopyJobRecord(SlotIndex, &ShownOptions, *world.slot);
-  ListOptions.ConditionDir = world.working->ConditionDir;
-  ListOptions.KeyCodeOn = ListOptions.KeyCodeCount = ListOptions.RestartOn = 0;
+void CTransferDlg::Open(const JobDialogSetup& setup) {
+  setup_ = setup;
+  spindleSpeed_ = setup.spindleSpeed;
+  CopyJobRecord(kJobSlot, &listOptions_, *setup.slot);
+  CopyJobRecord(kJobSlot, &shownOptions_, *setup.slot);
+  listOptions_.ConditionDir = setup.working->ConditionDir;
+  listOptions_.KeyCodeOn = listOptions_.KeyCodeCount = listOptions_.RestartOn = 0;
   restart_.own.RestartOn = 0;
   restartCaption = kRestartButton;
-  selectedFile = selectedEntry = selectedInformation = -1;
-  information.clear();
+  selectedFile = selectedEntry = -1;
+  ClearInformation();
 
   FillMasks();
-  browser.Enter(ListOptions.WorkDir, ListOptions.NcdataExt);
+  browser.Enter(listOptions_.WorkDir, listOptions_.NcdataExt);
   // Shown in capitals until the user browses.
-  shownFile.currentDirectory = UpperCase(browser.directory);
-  for (std::string& part : browser.parts) part = UpperCase(part);
+  lineFile_.currentDirectory = UpperCase(browser.directory);
+  browser.ShowPartsInCapitals();
   FillFromSlot();
 
-  ListOptions.AfaEnabled = 1;
-  CopyJobRecord(SlotIndex, &sendOptions_.own, ListOptions);
+  listOptions_.AfaEnabled = 1;
+  CopyJobRecord(kJobSlot, &sendOptions_.own, listOptions_);
   conditionCaption = ConditionButtonText(sendOptions_.own);
 }
 
-// The mask in force is selected: the first one that begins with it, else it is added in front.
+// Selects the mask in force: the first one that begins with it, else it is added in front.
 void CTransferDlg::FillMasks() {
   masks.clear();
-  for (const std::string& mask : *world_.extensions) {
+  for (const std::string& mask : *setup_.extensions) {
     if (mask.empty()) break;
     masks.push_back(mask);
   }
-  const std::string wanted = LowerCase(ListOptions.NcdataExt);
+  const std::string wanted = LowerCase(listOptions_.NcdataExt);
   const auto found = std::find_if(masks.begin(), masks.end(), [&](const std::string& mask) {
     return LowerCase(mask).starts_with(wanted);
   });
   selectedMask = static_cast<int>(found - masks.begin());
   if (found != masks.end()) return;
-  masks.insert(masks.begin(), ListOptions.NcdataExt);
+  masks.insert(masks.begin(), listOptions_.NcdataExt);
   selectedMask = 0;
 }
 
 void CTransferDlg::FillFromSlot() {
   list.Clear();
-  for (size_t i = 0; i < ListOptions.FileNames.size(); ++i) {
-    const std::string name = BareName(ListOptions.FileNames[i]);
+  const std::vector<std::string>& lines = listOptions_.OptionLines;
+  for (size_t i = 0; i < listOptions_.FileNames.size(); ++i) {
+    const std::string name = BareName(listOptions_.FileNames[i]);
     if (name.empty() || !IsSevenBit(name[0])) break;
-    const std::string line =
-        i < ListOptions.OptionLines.size() ? ListOptions.OptionLines[i] : std::string();
-    if (line.empty() || !IsSevenBit(line[0])) continue;
-    list.Insert(list.size(), name, line);
+    if (i >= lines.size() || lines[i].empty() || !IsSevenBit(lines[i][0])) continue;
+    list.Insert(list.size(), name, lines[i]);
   }
 }
 
 void CTransferDlg::Browse(int item) {
-  browser.Enter(browser.TargetOf(item), ListOptions.NcdataExt);
-  shownFile.currentDirectory = browser.directory;
-  ListOptions.WorkDir = browser.directory;
+  browser.Enter(browser.TargetOf(item), listOptions_.NcdataExt);
+  lineFile_.currentDirectory = browser.directory;
+  listOptions_.WorkDir = browser.directory;
   selectedFile = -1;
 }
 
 void CTransferDlg::SelectMask(size_t index) {
   if (index >= masks.size()) return;
   selectedMask = static_cast<int>(index);
-  ListOptions.NcdataExt = masks[index];
-  browser.FillFiles(ListOptions.NcdataExt);
+  listOptions_.NcdataExt = masks[index];
+  browser.FillFiles(listOptions_.NcdataExt);
   selectedFile = -1;
 }
 
 void CTransferDlg::NewMask() {
   if (!RunKeyCodePad(&maskPad_, ui_)) return;
-  ListOptions.NcdataExt = maskPad_.KeyText;
+  listOptions_.NcdataExt = maskPad_.KeyText;
   FillMasks();
-  browser.FillFiles(ListOptions.NcdataExt);
+  browser.FillFiles(listOptions_.NcdataExt);
   selectedFile = -1;
 }
 
-// An entry that is being transferred, or none at all, is not touched.
-bool CTransferDlg::RefuseFrozen() {
-  if (selectedEntry >= std::max(world_.working->FirstEditable, 0)) return false;
+// Refuses an entry that is being transferred, and -1, the index without a selected entry.
+bool CTransferDlg::RefuseFrozen(int entry) {
+  if (entry >= std::max(setup_.working->FirstEditable, 0)) return false;
   ui_->ShowMessage(MessageOf(JobMessage::kEntryIsFrozen));
   return true;
 }
@@ -152,18 +176,14 @@ void CTransferDlg::InsertSelected() {
     return;
   }
   const size_t position = selectedEntry < 0 ? list.size() : static_cast<size_t>(selectedEntry);
-  if (static_cast<int>(position) < world_.working->FirstEditable) {
-    ui_->ShowMessage(MessageOf(JobMessage::kEntryIsFrozen));
-    return;
-  }
-  InsertFile(position);
+  if (!RefuseFrozen(static_cast<int>(position))) InsertFile(position);
 }
 
 void CTransferDlg::AppendSelected() {
-  if (selectedFile >= 0) InsertFile(std::nullopt);
+  if (selectedFile >= 0) InsertFile(list.size());
 }
 
-// False, with the message that says why, for a file that cannot be a program.
+// Returns false, with the message that says why, for a file that cannot be a program.
 bool CTransferDlg::IsReadableProgram(const std::string& path) {
   const std::unique_ptr<InputFile> file = files_->OpenOrCreateForReading(path);
   if (file == nullptr) {
@@ -179,43 +199,34 @@ bool CTransferDlg::IsReadableProgram(const std::string& path) {
   return true;
 }
 
-void CTransferDlg::InsertFile(std::optional<size_t> position) {
+void CTransferDlg::InsertFile(size_t position) {
   const std::string name = browser.files.at(static_cast<size_t>(selectedFile));
-  const std::string path = ListOptions.WorkDir + "\\" + name;
+  const std::string path = listOptions_.WorkDir + "\\" + name;
   if (!IsReadableProgram(path)) return;
   if (list.IsFull()) {
     ui_->ShowMessage(MessageOf(JobMessage::kCannotEnter));
     return;
   }
-  const size_t index = position.value_or(list.size());
-  const std::string line =
-      BuildOptionLine(ListOptions, restart_.own, files_->Size(path), std::nullopt);
-  shownFile.currentDirectory = ListOptions.WorkDir;
-  list.Insert(index, name, line);
-  if (selectedEntry >= static_cast<int>(index)) ++selectedEntry;
-  selectedName = name;
-  ParseOptionLine(&ShownOptions, line, &shownFile);
+  const auto spindleSpeed = spindleOn_ == 1 ? std::optional(spindleSpeed_) : std::nullopt;
+  list.Insert(position, name,
+              BuildOptionLine(listOptions_, restart_.own, files_->Size(path), spindleSpeed));
+  if (spindleSpeed) listOptions_.KeyCodeOn = listOptions_.KeyCodeCount = 1;
+  if (selectedEntry >= static_cast<int>(position)) ++selectedEntry;
   WriteWholeFile(files_, EnvironmentFile(kInfoFile) + ".dat", "");
-  if (SpindleOn == 1) {
-    AppendSpindleWord(SpindleSpeed, &list.lines[index]);
-    ListOptions.KeyCodeOn = ListOptions.KeyCodeCount = 1;
-    ParseOptionLine(&ShownOptions, list.lines[index], &shownFile);
-  }
-  ShowInfo();
+  ShowLine(position);
 }
 
 void CTransferDlg::DeleteEntry() {
-  if (RefuseFrozen()) return;
+  if (RefuseFrozen(selectedEntry)) return;
   list.Remove(static_cast<size_t>(selectedEntry));
   selectedEntry = -1;
-  information.clear();
-  selectedInformation = -1;
+  ClearInformation();
 }
 
 void CTransferDlg::ClearList() {
   list.Clear();
-  selectedEntry = selectedInformation = -1;
-  information.clear();
+  selectedEntry = -1;
+  ClearInformation();
 }
 
 std::optional<size_t> CTransferDlg::SelectedOrLast() const {
@@ -230,65 +241,29 @@ void CTransferDlg::SelectEntry(int index) {
 }
 
 void CTransferDlg::ShowEntry() {
-  if (const auto index = SelectedOrLast()) ShowLine(*index);
+  if (const auto entry = SelectedOrLast()) ShowLine(*entry);
 }
 
-void CTransferDlg::ShowLine(size_t index) {
-  selectedName = list.names[index];
-  ParseOptionLine(&ShownOptions, list.lines[index], &shownFile);
-  ShowInfo();
-}
-
-void CTransferDlg::ShowInfo() {
-  const JobRecord& job = ShownOptions;
-  selectedInformation = -1;
+void CTransferDlg::ClearInformation() {
   information.clear();
-  const auto add = [&](std::string text) { information.push_back(ReplaceLabels(std::move(text))); };
-  add(Format("화일명 : %s ", selectedName.c_str()));
-  information.push_back(shownFile.currentDirectory);
-  add(Format("FileSize %d Byte", shownFile.fileSize));
-  if (job.DeleteM30 == 0) add("M30 ON");
-  add(Format("Restart %s", OnOff(job.RestartOn)));
-  if (job.RestartOn == 1) {
-    for (const std::string& row : RestartInfoRows(job)) information.push_back(row);
-  }
-  if (job.AfaEnabled == 1) {
-    AddConditionRows();
-  } else {
-    add("Afa OFF");
-  }
-  if (job.KeyCodeOn != 1) return;
-  add("Key Code");
-  for (const std::string& word : job.KeyCodes) information.push_back("  " + word);
+  selectedInformation = -1;
 }
 
-void CTransferDlg::AddConditionRows() {
-  const JobRecord& job = ShownOptions;
-  const auto add = [&](std::string text) { information.push_back(ReplaceLabels(std::move(text))); };
-  add("Afa ON");
-  add(Format("  공구직경 %3.1f", job.ToolDiameter));
-  add(Format("  안전거리 %3.1f", job.SafetyDistance));
-  add(Format("  코너최소각도 %3.1f", job.CornerMinAngle));
-  add(Format("  코너최대감속비 %3.2f", job.CornerMaxRatio));
-  add(Format("  경사최소각도 %3.1f", job.SlopeMinAngle));
-  add(Format("  경사최대감속비 %3.1f", job.SlopeMaxRatio));
-  add(Format("  볼록코너검색 %s", OnOff(job.ConCorChk)));
-  add(Format("  Z상하향검색 %s", OnOff(job.UpDownChk)));
-  add(Format("  가공소재: %s", job.Material.c_str()));
-  add(Format("  최대피드  %d", job.MaxFeed));
-  add(Format(" 접근피드  %d", job.PlungeFeed));
-  add(Format(" 코너가중치 %3.2f %3.2f %3.2f ", job.CorWeight0, job.CorWeight30, job.CorWeight60));
-  add(Format(" 경사가중치 %3.2f %3.2f %3.2f ", job.SideWeight0, job.SideWeight30,
-             job.SideWeight60));
-  if (job.FeedChgSmoothCheck == 1) add("부드러운 피드 변화 ON ");
-  if (job.XyChgReduceCheck == 1) add("XY변화 축소 ON ");
-  if (job.AfaByMaster == 1 && NamesMasterFile(job.AfaMasterFile)) {
-    add("MMA " + job.AfaMasterFile);
-  }
+void CTransferDlg::ShowLine(size_t entry) {
+  ParseOptionLine(&shownOptions_, list.lines[entry], &lineFile_);
+  information = EntryRows(list.names[entry], lineFile_, shownOptions_);
+  selectedInformation = -1;
 }
 
 std::string CTransferDlg::EnvironmentFile(const char* name) const {
-  return Format("%s\\%s%d", world_.environmentDir.c_str(), name, SlotIndex);
+  return Format("%s\\%s%d", setup_.environmentDir.c_str(), name, kJobSlot);
+}
+
+// The file of an entry, in the directory that its line names.
+std::string CTransferDlg::ProgramPath(size_t entry) const {
+  std::string directory;
+  LineDirectory(list.lines[entry], &directory);
+  return directory + "\\" + list.names[entry];
 }
 
 void CTransferDlg::SaveList() {
@@ -316,60 +291,131 @@ void CTransferDlg::ReadListFile(const std::string& path, std::optional<char> dri
 
 // The options of the entry previewed become those of the files to come.
 void CTransferDlg::Preview() {
-  const std::optional<size_t> index = SelectedOrLast();
-  if (!index.has_value()) return;
-  information.clear();
-  selectedInformation = -1;
-  const std::string& line = list.lines[*index];
-  std::string directory;
-  LineDirectory(line, &directory);
-  ParseOptionLine(&ListOptions, line, &shownFile);
+  const std::optional<size_t> entry = SelectedOrLast();
+  if (!entry.has_value()) return;
+  ClearInformation();
+  ParseOptionLine(&listOptions_, list.lines[*entry], &lineFile_);
   std::string bytes;
-  if (!ReadWholeFile(files_, directory + "\\" + list.names[*index], &bytes)) return;
-  information = PreviewLines(bytes);
+  if (ReadWholeFile(files_, ProgramPath(*entry), &bytes)) information = PreviewLines(bytes);
 }
 
-// Starts the editor on the entry's file and goes on.
+// Starts the editor on the entry's file and does not wait for it.
 void CTransferDlg::EditEntry() {
   if (selectedEntry < 0 || static_cast<size_t>(selectedEntry) >= list.size()) return;
-  const auto index = static_cast<size_t>(selectedEntry);
-  std::string directory;
-  LineDirectory(list.lines[index], &directory);
-  world_.programs->Start(world_.editor, directory + "\\" + list.names[index]);
+  setup_.programs->Start(setup_.editor, ProgramPath(static_cast<size_t>(selectedEntry)));
+}
+
+void CTransferDlg::ReplaceLine(size_t entry, std::string line) {
+  list.lines[entry] = std::move(line);
+  ShowLine(entry);
+}
+
+// Counts one more word in the options; a line without a key-code part starts at 1.
+void CTransferDlg::CountKeyCode(const std::string& line) {
+  if (KeyCodePart(line).empty()) {
+    listOptions_.KeyCodeOn = listOptions_.KeyCodeCount = 1;
+  } else {
+    ++listOptions_.KeyCodeCount;
+  }
+}
+
+void CTransferDlg::AddKeyCode() {
+  if (RefuseFrozen(selectedEntry) || !RunKeyCodePad(&keyPad_, ui_)) return;
+  const auto entry = static_cast<size_t>(selectedEntry);
+  CountKeyCode(list.lines[entry]);
+  ReplaceLine(entry, WithKeyCode(list.lines[entry], keyPad_.KeyText));
+}
+
+void CTransferDlg::InsertKeyCode() {
+  const std::optional<std::string> word = SelectedWord();
+  if (selectedInformation < 0 || !word) {
+    AddKeyCode();
+    return;
+  }
+  if (RefuseFrozen(selectedEntry) || !RunKeyCodePad(&keyPad_, ui_)) return;
+  const auto entry = static_cast<size_t>(selectedEntry);
+  const std::string& line = list.lines[entry];
+  CountKeyCode(line);
+  if (auto newLine = WithKeyCodeBefore(line, *word, keyPad_.KeyText)) {
+    ReplaceLine(entry, std::move(*newLine));
+  }
+}
+
+// The text of the selected row of the information list, or of the last row, without its leading
+// blanks. Nothing if the list is empty.
+std::optional<std::string> CTransferDlg::SelectedWord() const {
+  if (information.empty()) return std::nullopt;
+  return WithoutLeadingBlanks(selectedInformation < 0
+                                  ? information.back()
+                                  : information.at(static_cast<size_t>(selectedInformation)));
+}
+
+void CTransferDlg::DeleteKeyCode() {
+  if (RefuseFrozen(selectedEntry)) return;
+  const auto entry = static_cast<size_t>(selectedEntry);
+  const std::string& line = list.lines[entry];
+  const std::optional<std::string> word = SelectedWord();
+  if (!word || !HasKeyCode(line, *word)) return;
+  ReplaceLine(entry, WithKeyCodeReplaced(line, *word, ""));
+}
+
+void CTransferDlg::ChangeKeyCode() {
+  if (RefuseFrozen(selectedEntry)) return;
+  const auto entry = static_cast<size_t>(selectedEntry);
+  const std::string& line = list.lines[entry];
+  const std::optional<std::string> word = SelectedWord();
+  if (!word || !HasKeyCode(line, *word)) return;
+  keyPad_.KeyText = *word;
+  const bool accepted = RunKeyCodePad(&keyPad_, ui_);
+  ReplaceLine(entry, accepted ? WithKeyCodeReplaced(line, *word, keyPad_.KeyText) : line);
+}
+
+void CTransferDlg::SaveKeyCodes() {
+  const std::optional<size_t> entry = SelectedOrLast();
+  if (!entry.has_value()) return;
+  const std::string_view part = KeyCodePart(list.lines[*entry]);
+  if (part.empty()) return;
+  WriteWholeFile(files_, EnvironmentFile(kKeyCodeFile) + ".txt", EncodeCp949(part));
+}
+
+void CTransferDlg::ReadKeyCodes() {
+  const std::optional<size_t> entry = SelectedOrLast();
+  if (!entry.has_value() || RefuseFrozen(selectedEntry)) return;
+  std::string bytes;
+  if (!ReadWholeFile(files_, EnvironmentFile(kKeyCodeFile) + ".txt", &bytes)) return;
+  ReplaceLine(*entry, WithKeyCodePart(list.lines[*entry], KeyCodePartOfFile(bytes)));
 }
 
 void CTransferDlg::ToggleDeleteM30() {
-  ListOptions.DeleteM30 = ListOptions.DeleteM30 == 1 ? 0 : 1;
+  listOptions_.DeleteM30 = listOptions_.DeleteM30 == 1 ? 0 : 1;
 }
 
 void CTransferDlg::SetRestart() {
-  restart_.Open(&ListOptions);
+  restart_.Open(&listOptions_);
   const bool accepted = ui_->RunModal(&restart_);
-  if (!accepted) ListOptions.RestartOn = 0;
-  restartCaption = RestartButtonText(ListOptions, accepted);
+  if (!accepted) listOptions_.RestartOn = 0;
+  restartCaption = RestartButtonText(listOptions_, accepted);
 }
 
 void CTransferDlg::SetCondition() {
-  sendOptions_.SpindleOn = SpindleOn;
-  sendOptions_.SpindleSpeed = SpindleSpeed;
-  sendOptions_.Open(&ListOptions);
+  sendOptions_.SpindleOn = spindleOn_;
+  sendOptions_.SpindleSpeed = spindleSpeed_;
+  sendOptions_.Open(&listOptions_);
   if (!ui_->RunModal(&sendOptions_)) {
     conditionCaption = ReplaceLabels(kNoConditionText);
     return;
   }
-  SpindleOn = sendOptions_.SpindleOn;
-  SpindleSpeed = sendOptions_.SpindleSpeed;
+  spindleOn_ = sendOptions_.SpindleOn;
+  spindleSpeed_ = sendOptions_.SpindleSpeed;
   conditionCaption = ConditionButtonText(sendOptions_.own);
 }
 
 Closing CTransferDlg::Accept() {
-  ListOptions.FileNames.assign(kJobListSlots, "");
-  ListOptions.OptionLines.assign(kJobListSlots, "");
-  for (size_t i = 0; i < list.size(); ++i) {
-    ListOptions.FileNames[i] = list.names[i];
-    ListOptions.OptionLines[i] = list.lines[i];
-  }
-  CopyJobRecord(SlotIndex, world_.slot, ListOptions);
+  listOptions_.FileNames = list.names;
+  listOptions_.FileNames.resize(kJobListSlots);
+  listOptions_.OptionLines = list.lines;
+  listOptions_.OptionLines.resize(kJobListSlots);
+  CopyJobRecord(kJobSlot, setup_.slot, listOptions_);
   return Closing::kAccepted;
 }
 

@@ -1,13 +1,14 @@
+// The job dialog, in which the user puts a job list together.
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
 #include "jobs/directory_browser.h"
 #include "jobs/job_list.h"
 #include "jobs/key_code_pad.h"
-#include "jobs/message_table.h"
 #include "jobs/option_line.h"
 #include "jobs/restart.h"
 #include "jobs/send_options.h"
@@ -18,21 +19,35 @@
 
 namespace tvx {
 
-// What the job dialog works with beside its own lists; all of it outlives the dialog.
-struct JobDialogWorld {
-  JobRecord* slot;           // the exchange place with the view: lists and options come and go here
-  const JobRecord* working;  // of which FirstEditable counts
-  std::string environmentDir;
-  std::string editor;
-  const std::vector<std::string>* extensions;
-  Files* files;
-  UserInterface* ui;
-  Programs* programs;
+// The fixed texts of the job dialog, by number.
+enum class JobMessage {
+  kCannotOpen = 1,
+  kNoFileSelected = 4,
+  kEntryIsFrozen = 5,
+  kCannotEnter = 6,
 };
 
-// The job dialog: a browser over drives and directories, the files there that fit a mask, the job
-// list, and an information list about one of its entries. A file enters the list together with the
-// options in force at that moment.
+// A message of the table, with its caption.
+Message MessageOf(JobMessage message);
+
+// The slot of CTVXApp::JobSlots that job lists use. Its number is a part of the names of the files
+// that the dialog keeps in the environment directory.
+inline constexpr int kJobSlot = 1;
+
+// What an opening of the job dialog works with. Everything pointed to outlives the dialog.
+struct JobDialogSetup {
+  JobRecord* slot;             // the last accepted list and its options; Accept writes the new ones
+  const JobRecord* working;    // ConditionDir, and FirstEditable during the whole dialog
+  std::string environmentDir;  // where the saved list and the key-code file are
+  std::string editor;
+  const std::vector<std::string>* extensions;  // masks to offer, up to the first empty one
+  Programs* programs;
+  int32_t spindleSpeed = 1000;  // 1/min, that the send options start with
+};
+
+// A browser over drives and directories, the files there that fit a mask, the job list, and an
+// information list about one of its entries. A file enters the list together with the options in
+// force at that moment.
 //
 // Kept for the whole life of its window; the lists are built anew from the slot at each opening.
 class CTransferDlg : public Dialog {
@@ -47,7 +62,7 @@ class CTransferDlg : public Dialog {
 
   CTransferDlg(const std::vector<std::string>* userKeys, Files* files, UserInterface* ui);
 
-  void Open(const JobDialogWorld& world);
+  void Open(const JobDialogSetup& setup);
 
   // The buttons of the dialog, by caption, in the order of its face.
   struct Button {
@@ -98,9 +113,14 @@ class CTransferDlg : public Dialog {
   // "전송": hands the lists over to the slot. A cancel needs no operation.
   Closing Accept();
 
-  JobRecord ListOptions;   // what the next file gets
-  JobRecord ShownOptions;  // of the entry that is shown
-  LineFile shownFile;      // directory and size from its line
+  // The options that the next file gets.
+  const JobRecord& ListOptions() const { return listOptions_; }
+  // 1/min, as the send options left it.
+  int32_t SpindleSpeed() const { return spindleSpeed_; }
+  // Directory and size from the option line that was parsed last, here or by a run: a line without
+  // them shows those of the line before it.
+  LineFile* LastLineFile() { return &lineFile_; }
+
   DirectoryBrowser browser;
   JobList list;
   std::vector<std::string> information;
@@ -109,32 +129,33 @@ class CTransferDlg : public Dialog {
   int selectedFile = -1;         // in browser.files
   int selectedEntry = -1;        // in list
   int selectedInformation = -1;  // row of the information list
-  std::string selectedName;      // of the entry last shown
   std::string restartCaption = kRestartButton;
   std::string conditionCaption = kConditionButton;
-  int32_t SpindleOn = 0;
-  int32_t SpindleSpeed = 1000;  // 1/min
-  int32_t SlotIndex = 1;
 
  private:
   void FillMasks();
   void FillFromSlot();
-  void InsertFile(std::optional<size_t> position);
+  void InsertFile(size_t position);
   bool IsReadableProgram(const std::string& path);
-  bool RefuseFrozen();
+  bool RefuseFrozen(int entry);
   std::optional<size_t> SelectedOrLast() const;
-  void ShowLine(size_t index);
-  void ShowInfo();
-  void AddConditionRows();
-  void ReplaceLine(size_t index, std::string line);
-  void AddToKeyCodes(std::string* line);
-  std::optional<size_t> SelectedWord(const std::string& line, std::string* word) const;
+  std::optional<std::string> SelectedWord() const;
+  void ClearInformation();
+  void ShowLine(size_t entry);
+  void ReplaceLine(size_t entry, std::string line);
+  void CountKeyCode(const std::string& line);
   void ReadListFile(const std::string& path, std::optional<char> driveLetter);
   std::string EnvironmentFile(const char* name) const;
+  std::string ProgramPath(size_t entry) const;
 
-  JobDialogWorld world_{};
+  JobDialogSetup setup_{};
   Files* files_;
   UserInterface* ui_;
+  JobRecord listOptions_;
+  JobRecord shownOptions_;  // of the entry shown last
+  LineFile lineFile_;
+  int32_t spindleOn_ = 0;
+  int32_t spindleSpeed_ = 1000;
   CSendOptionDlg sendOptions_;
   CRestartDlg restart_;
   CKeyCodeDlg keyPad_;

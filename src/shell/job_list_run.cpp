@@ -16,7 +16,6 @@ namespace {
 constexpr char kTransferWindow[] = "TRNW";
 constexpr char kMasterEnding[] = ".mma";
 constexpr int32_t kDefaultSpindle = 1000;  // 1/min
-constexpr int kJobSlot = 1;
 
 size_t EntryCount(const JobRecord& job) {
   size_t count = 0;
@@ -48,22 +47,14 @@ bool BringMaster(CTVXView* view, const std::string& masterPath, RunObserver* obs
   return WriteMaster(masterPath, context);
 }
 
-// What the job dialog works with in this window.
-JobDialogWorld DialogWorld(CTVXView* view) {
-  CTVXApp* const app = view->app;
-  return {&app->JobSlots[kJobSlot],
-          &view->job,
-          app->configuration.EnvDir,
-          app->configuration.Editor,
-          &app->ExtensionList,
-          app->files,
-          app->ui,
-          app->programs};
+// A negative speed comes from the condition file only.
+int32_t SpindleSpeedOf(const CTVXApp& app) {
+  return app.rememberedSpindle < 0 ? kDefaultSpindle : app.rememberedSpindle;
 }
 
 void RunEntry(CTVXView* view, size_t index, std::string* lastMaster, RunObserver* observer) {
   const std::string line = view->job.OptionLines[index];
-  ParseOptionLine(&view->job, line, &view->transferDialog.shownFile);
+  ParseOptionLine(&view->job, line, view->transferDialog.LastLineFile());
   std::string directory;
   LineDirectory(line, &directory);
   const std::string name = view->job.FileNames[index];
@@ -92,20 +83,22 @@ void RunEntry(CTVXView* view, size_t index, std::string* lastMaster, RunObserver
 void RunJobList(CTVXView* view, RunObserver* observer) {
   CTVXApp* const app = view->app;
   CTransferDlg& dialog = view->transferDialog;
-  dialog.SlotIndex = kJobSlot;
-  dialog.ListOptions.FileNames.resize(kJobListSlots);
-  dialog.ListOptions.OptionLines.resize(kJobListSlots);
   view->job.KeyCodeOn = view->job.KeyCodeCount = view->job.FirstEditable = 0;
   CopyJobRecord(kJobSlot, &app->JobSlots[kJobSlot], view->job);
-  dialog.SpindleSpeed = app->rememberedSpindle < 0 ? kDefaultSpindle : app->rememberedSpindle;
   if (app->programs->HasWindowOfClass(kTransferWindow)) {
     app->programs->Quit();
     return;
   }
-  dialog.Open(DialogWorld(view));
+  dialog.Open({.slot = &app->JobSlots[kJobSlot],
+               .working = &view->job,
+               .environmentDir = app->configuration.EnvDir,
+               .editor = app->configuration.Editor,
+               .extensions = &app->ExtensionList,
+               .programs = app->programs,
+               .spindleSpeed = SpindleSpeedOf(*app)});
   if (!app->ui->RunModal(&dialog)) return;
 
-  app->rememberedSpindle = dialog.SpindleSpeed;
+  app->rememberedSpindle = dialog.SpindleSpeed();
   CopyJobRecord(kJobSlot, &view->job, app->JobSlots[kJobSlot]);
   RunAcceptedList(view, observer);
 }

@@ -86,8 +86,4 @@ double Metres(float millimetres) {
   return static_cast<double>(millimetres) * 0.001F;
 }
 
-const char* OnOff(int32_t check) {
-  return check == 1 ? "ON" : "OFF";
-}
-
 }  // namespace tvx

@@ -27,7 +27,4 @@ std::string SlopeWeightsText(const CutTimeEntry& entry);
 // A length in metres. The factor is a 32-bit value.
 double Metres(float millimetres);
 
-// "ON" for 1, else "OFF".
-const char* OnOff(int32_t check);
-
 }  // namespace tvx

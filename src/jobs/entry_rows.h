@@ -1,0 +1,17 @@
+// The rows of the job dialog's information list about one entry of the job list.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "jobs/option_line.h"
+#include "model/job_record.h"
+
+namespace tvx {
+
+// `name` is the entry's file; `file` and `options` come from its option line. The last rows are the
+// key codes, one word each behind two blanks.
+std::vector<std::string> EntryRows(const std::string& name, const LineFile& file,
+                                   const JobRecord& options);
+
+}  // namespace tvx
