@@ -1,6 +1,6 @@
-// Cut time against a bare walk over the same records, that sums distances and times and nothing
-// else: no types, no repair, no single-precision sums. Once as loaded, and once with a head and a
-// tail zone on every move.
+// Measures ComputeCutTime and compares it with a bare walk over the same records, which adds
+// distances and times only: no types, no repair, no single-precision sums. The records are measured
+// as loaded, and with a head and a tail zone on every move.
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -14,7 +14,7 @@ namespace tvx::bench {
 
 namespace {
 
-// The sum of all distances and of the times that they take. The records of a page lie side by side.
+// Sum of all distances and times. The records of a page are contiguous.
 double BareWalk(const BlockStore& store) {
   double length = 0;
   double minutes = 0;
@@ -34,7 +34,7 @@ double BareWalk(const BlockStore& store) {
   return length + minutes;
 }
 
-// A feed for every record, so that the bare walk needs no test, and zones if wanted.
+// Sets a feed in every record, so that the bare walk never divides by 0, and zones if `zones`.
 void Prepare(BlockStore* store, bool zones) {
   for (uint32_t i = 0; i < store->blockCount; ++i) {
     store->ReadBlock(i);

@@ -1,7 +1,6 @@
-// The feed pass on one path at several densities. A walk block by block to the look distance would
-// cost a hundred times more at 0.01 mm than at 1 mm, and never end where the path does not get
-// away; the cost per block has to stay flat. The paths are measured in turn, and the ratio is that
-// to the raster at 0.1 mm of the same turn.
+// Measures the feed pass on paths of several point densities. The cost per block must not grow with
+// the density, nor on a path that stays within the look distance forever. The paths are measured in
+// turns; each ratio is to the raster at 0.1 mm of the same turn.
 #include <cmath>
 #include <cstdio>
 #include <memory>
@@ -25,7 +24,8 @@ double ToThreeDecimals(double value) {
   return std::round(value * 1000.0) / 1000.0;
 }
 
-// Turns on one spot: with a radius of 2 mm no point is the default look distance away from another.
+// Circles in one place: with a radius of 2 mm no two points are as far apart as the default look
+// distance.
 void FillHelix(BlockStore* store, uint64_t blocks, double radius, double spacing) {
   store->blockCount = 0;
   store->CurrentBlock = MotionBlock();
@@ -46,7 +46,7 @@ std::vector<MeasuredPath> MakePaths(uint64_t blocks, const Workspace& workspace)
     const std::string file = workspace.Put({.kind = kind, .lines = blocks, .spacing = spacing});
     paths.back().loaded->Load(file, kind, workspace.HostFiles());
   };
-  addFile("raster 0.1 mm", ProgramKind::kRaster, 0.1);  // what the others are compared with
+  addFile("raster 0.1 mm", ProgramKind::kRaster, 0.1);  // the reference of the ratios
   addFile("raster 1 mm", ProgramKind::kRaster, 1.0);
   addFile("raster 0.01 mm", ProgramKind::kRaster, 0.01);
   addFile("arcs 0.1 mm", ProgramKind::kArcs, 0.1);

@@ -1,4 +1,4 @@
-// Writes a program of the benchmarks to a file, for a look at it or for measuring by hand.
+// Writes one of the generated NC programs to a file, for inspection or for manual measurements.
 #include <charconv>
 #include <cstdio>
 #include <string_view>

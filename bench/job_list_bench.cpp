@@ -1,5 +1,5 @@
-// The run over a list of 300 files against the steps of its work called one after the other: what
-// it spends outside load, feed pass, fit, figures and pictures.
+// Measures a run over a list of 300 files and compares it with direct calls of its steps: the
+// overhead of the run beside load, feed pass, fit, cut time and pictures.
 #include <cstdio>
 #include <memory>
 
@@ -69,7 +69,7 @@ class JobBench {
     return seconds;
   }
 
-  // The steps without the run around them, with the options that the run has left.
+  // The steps alone, with the options that the last run left in the working record.
   double Steps() {
     CTVXApp* const app = view_->app;
     BlockStore* const store = &view_->program.store;
@@ -89,7 +89,7 @@ class JobBench {
     });
   }
 
-  // The fits alone, without which there is no picture on the screen or in a file.
+  // The fits alone. Every picture on the screen or in a file needs one.
   double Fits() {
     return Seconds([&] {
       for (size_t i = 0; i < kJobListSlots; ++i) {
@@ -109,7 +109,7 @@ class JobBench {
 void Measure(JobBench* bench, const Case& row, uint64_t linesPerFile, const BenchOptions& options,
              const Table& table) {
   bench->Choose(row);
-  bench->Run();  // touches the memory, and leaves the options in the working record
+  bench->Run();  // allocates the memory, and leaves the options in the working record
   std::vector<double> steps, fits, runs, outside;
   for (int i = 0; i < options.repetitions; ++i) {
     steps.push_back(bench->Steps());

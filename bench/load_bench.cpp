@@ -1,6 +1,6 @@
-// Load, from the file to the store with its reference feed, against a bare scan of the same file:
-// every number found and converted, nothing else. Each repetition runs in a fresh process: scan,
-// first load into memory that was never touched, scan again, load again.
+// Measures the load of a file into the store and compares it with a bare scan of the same file that
+// only converts every number. Each repetition runs in a new process: scan, first load into memory
+// that was never used, scan again, load again.
 #include <charconv>
 #include <cstdio>
 #include <cstring>
@@ -23,7 +23,7 @@ bool StartsNumber(char c) {
   return (c >= '0' && c <= '9') || c == '-' || c == '.';
 }
 
-// The numbers of whole lines.
+// Converts the numbers of complete lines.
 void ScanLines(const char* next, const char* end, ScanResult* result) {
   while (next != end) {
     double value = 0;
@@ -40,13 +40,13 @@ void ScanLines(const char* next, const char* end, ScanResult* result) {
   }
 }
 
-// A scan that does no more than it must: large reads, and numbers where they lie.
+// The minimal scan: large reads, and numbers converted in the read buffer.
 ScanResult ScanFile(const std::string& path, Files* files) {
   const auto file = files->OpenForReading(path);
   Require(file != nullptr, "the program cannot be read");
   ScanResult result;
   std::vector<char> buffer(kReadBytes);
-  size_t kept = 0;  // bytes of a line that the last read left unfinished
+  size_t kept = 0;  // bytes of the incomplete line at the end of the last read
   while (const size_t count = file->Read(buffer.data() + kept, buffer.size() - kept)) {
     const size_t filled = kept + count;
     const size_t lineFeed = std::string_view(buffer.data(), filled).rfind('\n');
@@ -59,7 +59,8 @@ ScanResult ScanFile(const std::string& path, Files* files) {
   return result;
 }
 
-// Seconds per block of touching memory of the store's size for the first time, by bare pages.
+// Seconds per block for writing once to new pages as large as the store: the page faults of a first
+// load.
 double TouchSeconds(uint32_t blocks) {
   const uint32_t pages = blocks / BlockStore::blocksPerPage + 1;
   PageMemory* const memory = ProcessPageMemory();

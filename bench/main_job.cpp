@@ -1,6 +1,5 @@
-// Loads one generated program, adjusts its feeds and works out its time, once, for tools that look
-// on: scripts/bench-instructions counts what each of the three steps takes. Prints the number of
-// blocks.
+// Loads one generated program, adjusts its feeds and computes its cut time, once.
+// scripts/bench-instructions runs it under valgrind. Prints the number of blocks.
 #include <charconv>
 #include <cstdio>
 #include <memory>

@@ -1,5 +1,5 @@
-// The master model: a build by its stages, and the lookups of the feed adjustment against a visit
-// of every cell of their squares.
+// Measures the stages of a master model build, and compares the lookups of the feed adjustment with
+// a visit of every cell in the search square.
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -15,11 +15,11 @@ namespace tvx::bench {
 
 namespace {
 
-constexpr float kPart = 100.0F;        // mm, both sides of the part
+constexpr float kPart = 100.0F;        // mm, length and width of the part
 constexpr float kTolerance = 0.1F;     // mm: 1000 x 1000 cells
 constexpr float kLookDistance = 5.0F;  // mm: squares of 101 x 101 cells
 
-// Surfaces of the part, height in mm at x and y.
+// Surfaces of the part: height in mm at x and y.
 double Dome(double x, double y) {
   const double under = 45.0 * 45.0 - (x - 50) * (x - 50) - (y - 50) * (y - 50);
   return under > 0 ? std::sqrt(under) : 0;
@@ -51,7 +51,7 @@ void Append(BlockStore* store, BlockType type, double x, double y, double z) {
   Require(store->WriteBlock(store->blockCount++) == 1, "the store is full");
 }
 
-// A program of so many moves in rows over the part, at a height given for each point.
+// Fills the store with moves in rows over the part, at height(x, y).
 template <typename Height>
 void FillRows(uint64_t moves, Height height, BlockStore* store) {
   store->blockCount = 0;
@@ -73,7 +73,7 @@ struct Stage {
   double seconds;
 };
 
-// The stages of BuildMaster one by one.
+// Runs the stages of BuildMaster one by one.
 std::vector<Stage> BuildInStages(NcProgram* program, MasterGrid* grid) {
   BlockStore* store = &program->store;
   Vec3 minimum, maximum;
@@ -102,7 +102,7 @@ std::vector<Stage> BuildInStages(NcProgram* program, MasterGrid* grid) {
   return stages;
 }
 
-// One walk over the moves with their vectors: what every pass over a program costs at least.
+// One walk over the moves with their vectors: the minimal cost of any pass over a program.
 double WalkSeconds(BlockStore* store) {
   return Seconds([&] {
     double length = 0;
@@ -153,7 +153,7 @@ MasterGrid ModelOf(Surface height) {
   return grid;
 }
 
-// A model of the same size without any order.
+// A model of the same size with random cells.
 MasterGrid NoiseModel() {
   MasterGrid grid = ModelOf(Waves);
   std::mt19937 random(1);
@@ -165,10 +165,10 @@ MasterGrid NoiseModel() {
   return grid;
 }
 
-// Blocks are adjusted in batches of this number.
+// Number of blocks in a batch of the feed pass.
 constexpr uint32_t kBatch = 200;
 
-// Runs the sub-pass over every n-th batch of the program; gives the seconds per block.
+// Runs the sub-pass over every n-th batch of the program. Returns the seconds per block.
 double PassSeconds(const MasterGrid& grid, const JobRecord& job, uint32_t everyNth,
                    BlockStore* store) {
   uint32_t lastNextBlock = 0;
@@ -190,7 +190,7 @@ void RequireSameFeeds(const BlockStore& fast, const BlockStore& plain, uint32_t 
   }
 }
 
-// The height at which a program passes over the part.
+// Height of the tool above the part at x and y.
 using Tool = double (*)(double x, double y);
 
 struct PassCase {
@@ -204,7 +204,7 @@ void MeasurePass(const PassCase& pass, const MasterGrid& indexed, const MasterGr
                  uint64_t moves, int repetitions, const Table& table) {
   JobRecord job;
   job.SafetyDistance = pass.distance;
-  // A visit of every cell takes long: it runs over a share of the batches.
+  // A visit of every cell is slow, so it runs over a fraction of the batches only.
   const uint32_t everyNth = pass.distance == kLookDistance ? 50 : 1;
   std::vector<double> fastSeconds, plainSeconds;
   for (int i = 0; i < repetitions; ++i) {
@@ -221,7 +221,7 @@ void MeasurePass(const PassCase& pass, const MasterGrid& indexed, const MasterGr
              Fixed(plainNs, 0), Fixed(fastNs, 0), Fixed(plainNs / fastNs, 1)});
 }
 
-// The same cells without a pyramid: lookups then visit every cell of their squares.
+// The same cells without a pyramid, so that a lookup visits every cell in its square.
 MasterGrid WithoutPyramid(const MasterGrid& grid) {
   MasterGrid plain;
   Require(AllocateGrid(&plain, grid.NX, grid.NY), "no memory for the cells");

@@ -1,3 +1,4 @@
+// Options, time measurement, fresh processes and tables of the benchmarks.
 #include "measuring.h"
 
 #include <sys/wait.h>
@@ -90,7 +91,7 @@ std::vector<double> InFreshProcess(const std::function<std::vector<double>()>& w
   if (child == 0) {
     const std::vector<double> numbers = work();
     const size_t size = numbers.size() * sizeof(double);
-    // Few numbers: they fit into the pipe in one piece.
+    // The few numbers fit in the pipe buffer, so one write is enough.
     const bool written = write(ends[1], numbers.data(), size) == static_cast<ssize_t>(size);
     _exit(written ? 0 : 1);
   }

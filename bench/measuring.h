@@ -1,3 +1,4 @@
+// Common parts of the benchmarks: command line, CPU time, fresh processes, and tables of results.
 #pragma once
 
 #include <cstdint>
@@ -8,44 +9,44 @@
 
 namespace tvx::bench {
 
-// What every benchmark takes on its command line.
+// Command-line options of every benchmark.
 struct BenchOptions {
   std::vector<uint64_t> sizes = {100'000, 1'000'000, 5'000'000};  // lines or blocks
-  int repetitions = 5;                                            // medians are taken of these
-  double spacing = 0.1;  // of the points of generated programs, mm
+  int repetitions = 5;                                            // each figure is their median
+  double spacing = 0.1;  // distance between points of the generated programs, mm
 };
 
-// --quick for one small size, --sizes N[,N...], --repetitions N, --spacing MM.
-// Ends the program with a usage line and status 2 on anything else.
+// Parses --quick (one small size), --sizes N[,N...], --repetitions N and --spacing MM.
+// Prints a usage line and exits with status 2 on any other argument.
 BenchOptions ReadBenchOptions(int argc, char** argv);
 
-// Seconds of processor time that `work` takes in this process, the system's share included. Unlike
-// the time of day it does not count what other programs do meanwhile.
+// CPU seconds, user and system, that `work` takes in this process. Unlike wall-clock time this does
+// not include the time of other processes.
 double Seconds(const std::function<void()>& work);
 
-// The middle value; of an even number the upper one of the two.
+// The median; the upper of the two middle values if their number is even.
 double Median(std::vector<double> values);
 
-// Runs `work` in a fresh copy of this process and returns the numbers it gave. Memory that the work
-// touches is thus touched for the first time. Ends the program if the copy fails.
+// Runs `work` in a forked child process and returns its numbers, so that `work` starts with memory
+// that was never used. Exits if the child fails.
 std::vector<double> InFreshProcess(const std::function<std::vector<double>()>& work);
 
-// Medians, number by number, of what a work gives in several fresh processes.
+// Runs `work` in several fresh processes and returns the median of each of its numbers.
 std::vector<double> MediansOfFreshProcesses(int repetitions,
                                             const std::function<std::vector<double>()>& work);
 
-// Ends the program with the sentence and status 1 if the condition does not hold: a measurement of
-// the wrong thing is worse than none.
+// Prints the sentence and exits with status 1 if the condition is false: a wrong measurement is
+// worse than none.
 void Require(bool condition, std::string_view sentence);
 
-// Keeps a value that the measured work computed from being optimised away.
+// Prevents the compiler from removing the computation of a value.
 template <typename Value>
 void Keep(const Value& value) {
   asm volatile("" : : "r,m"(value) : "memory");
 }
 
-// A table on standard output: a row of headings, then rows of cells. Columns are as wide as their
-// headings, at least kCellWidth.
+// A table on standard output: a row of headings, then rows of cells. A column is as wide as its
+// heading, but at least kCellWidth.
 class Table {
  public:
   explicit Table(std::vector<std::string> headings);
@@ -55,7 +56,7 @@ class Table {
   std::vector<std::string> headings_;
 };
 
-// A number with so many decimals; whole numbers in groups of three ("5 000 000").
+// A number with the given decimals; an integer with digits in groups of three ("5 000 000").
 std::string Fixed(double value, int decimals);
 std::string Grouped(uint64_t value);
 

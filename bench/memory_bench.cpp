@@ -1,5 +1,5 @@
-// Memory: the peak of the main job (load, feed pass, cut time) in bytes per block, and what a
-// hundred such jobs in one process add after the second.
+// Measures memory: the peak after load, feed pass and cut time in bytes per block, and the growth
+// of the peak over a hundred repetitions in one process.
 #include <algorithm>
 #include <charconv>
 #include <cstdio>
@@ -14,12 +14,12 @@ namespace tvx::bench {
 
 namespace {
 
-// What the program may need beside its blocks: code, libraries, buffers.
+// Allowance for everything except the blocks: code, libraries, buffers.
 constexpr double kBaseBytes = 16.0 * 1024 * 1024;
 constexpr int kJobs = 100;
 
-// A figure of this process as the system keeps it, in bytes: "VmHWM:" for the peak so far, "VmRSS:"
-// for now.
+// A memory figure of this process from /proc, in bytes: "VmHWM:" is the peak so far, "VmRSS:" the
+// current use.
 double MemoryFigure(std::string_view name) {
   std::ifstream status("/proc/self/status");
   for (std::string line; std::getline(status, line);) {
@@ -64,7 +64,7 @@ void MeasurePeaks(ProgramKind kind, uint64_t lines, const BenchOptions& options,
              Fixed(figures[3] / (1024 * 1024), 1)});
 }
 
-// The same program again and again, as a run over a job list would have it.
+// Loads the same program repeatedly, as a run over a job list does.
 void MeasureGrowth(ProgramKind kind, uint64_t lines, const Table& table,
                    const Workspace& workspace) {
   const std::string path = workspace.Put({.kind = kind, .lines = lines});
@@ -94,10 +94,10 @@ int main(int argc, char** argv) {
   const Workspace workspace;
   std::printf("Peak in bytes per block beyond 16 MiB, after each step.\n");
   const Table table({"kind          ", "blocks", "load", "pass", "cut time", "peak, MiB"});
-  // Below a million the first 16 MiB would say nothing.
+  // With less than a million blocks the allowance of 16 MiB would hide the figures.
   const uint64_t blocks = std::max<uint64_t>(options.sizes.back(), 1'000'000);
   MeasurePeaks(ProgramKind::kRaster, blocks, options, table, workspace);
-  // Three blocks come of two of these lines.
+  // Two lines of this program are stored as three blocks.
   MeasurePeaks(ProgramKind::kArcs, blocks * 2 / 3, options, table, workspace);
   MeasurePeaks(ProgramKind::kConversational, blocks, options, table, workspace);
 

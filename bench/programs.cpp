@@ -1,3 +1,4 @@
+// Generates the NC programs of the benchmarks: one tool path, written in two line formats.
 #include "programs.h"
 
 #include <algorithm>
@@ -13,7 +14,7 @@ namespace {
 
 constexpr size_t kPieceBytes = size_t{64} * 1024;
 
-// The part, mm: a wavy block that is milled row by row, and again a little deeper.
+// The part, in mm: a wavy block that is milled in rows, level by level.
 constexpr double kRowLength = 100;
 constexpr double kStepOver = 0.5;
 constexpr int kRows = 200;
@@ -25,9 +26,9 @@ constexpr double kLevelDepth = 0.1;
 constexpr int kLevels = 50;
 constexpr int kPlungeFeed = 300;  // mm/min
 constexpr int kCutFeed = 1200;    // mm/min
-constexpr int kRapidWord = 9999;  // the conversational format takes high feeds for rapids
+constexpr int kRapidWord = 9999;  // in the conversational format a high feed makes a rapid
 
-// Positions in thousandths, as they are printed.
+// Positions in thousandths of a millimetre, as printed.
 struct Point {
   int64_t x = 0, y = 0, z = 0;
 };
@@ -46,11 +47,11 @@ struct Move {
   MoveKind kind = MoveKind::kCut;
   Point end;
   int feed = kCutFeed;               // of a cut
-  int64_t centreX = 0, centreY = 0;  // from the start of an arc
+  int64_t centreX = 0, centreY = 0;  // relative to the start of the arc
   int64_t Radius() const { return std::llround(std::hypot(centreX, centreY)); }
 };
 
-// Collects the lines and hands them on in pieces.
+// Collects the lines and passes them to the sink in large pieces.
 class LineSink {
  public:
   LineSink(uint64_t lines, const std::function<void(std::string_view)>& sink)
@@ -98,12 +99,12 @@ class Format {
   virtual void Begin() = 0;
   virtual void Add(const Move& move) = 0;
   virtual void End() = 0;
-  // Room for one more move before the last line.
+  // True if there is room for one more move before the last line.
   bool HasRoom() const { return sink_.Left() > 1; }
 
  protected:
   LineSink& sink_;
-  Point last_{-1, -1, -1};  // no place of the tool path, so the first words are all written
+  Point last_{-1, -1, -1};  // not on the tool path, so the first move writes all words
 };
 
 class WordFormat final : public Format {
@@ -187,7 +188,7 @@ class ConversationalFormat final : public Format {
   int feed_ = 0;
 };
 
-// The tool path: forth and back in rows, from one step-over to the next, level by level.
+// The tool path: rows in alternating directions, level by level.
 class Path {
  public:
   Path(const ProgramOptions& options, Format* format)
@@ -219,7 +220,7 @@ class Path {
     }
   }
 
-  // From the end of a row to the start of the next.
+  // The move from the end of a row to the start of the next one.
   void Turn(int row, bool forth) {
     const int64_t y = PointOf(0, row).y - PointOf(0, row - 1).y;
     const Point end{here_.x, here_.y + y, here_.z};
@@ -231,7 +232,7 @@ class Path {
     }
   }
 
-  // An arc of a sixth of a circle.
+  // An arc of 60 degrees.
   Move ShortArc(const Point& end, bool clockwise) const {
     const double dx = static_cast<double>(end.x - here_.x);
     const double dy = static_cast<double>(end.y - here_.y);

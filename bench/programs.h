@@ -1,3 +1,4 @@
+// The NC programs that the benchmarks measure.
 #pragma once
 
 #include <cstdint>
@@ -8,8 +9,8 @@
 
 namespace tvx::bench {
 
-// The tool paths that are measured. Numbers have three decimals, lines end in CR LF, and a word
-// that prints as before is left out, as post-processors write it.
+// The measured tool paths. Numbers have three decimals, lines end in CR LF, and a word that repeats
+// its last value is left out, as in the output of post-processors.
 enum class ProgramKind {
   kRaster,  // word-address: rows along X over a wavy surface, straight cuts
   kArcs,    // word-address: the rows wave in Y; every other move is a short arc with I and J
@@ -20,22 +21,22 @@ inline constexpr ProgramKind kProgramKinds[] = {ProgramKind::kRaster, ProgramKin
 
 // "raster", "arcs", "conversational".
 std::string_view KindName(ProgramKind kind);
-// False, with *kind alone, for any other name.
+// Returns false and leaves *kind unchanged for any other name.
 bool FindKind(std::string_view name, ProgramKind* kind);
 
 struct ProgramOptions {
   ProgramKind kind = ProgramKind::kRaster;
-  uint64_t lines = 100'000;  // all lines, the first and the last one included; at least 20
-  double spacing = 0.1;      // from one point of a row to the next, mm; at least 0.001
+  uint64_t lines = 100'000;  // total number of lines; at least 20
+  double spacing = 0.1;      // distance between points of a row, mm; at least 0.001
 };
 
-// Writes a program to `sink` piece by piece. The same options give the same bytes.
+// Passes a program to `sink` in pieces. The same options always produce the same bytes.
 void GenerateProgram(const ProgramOptions& options,
                      const std::function<void(std::string_view)>& sink);
 
 std::string ProgramText(const ProgramOptions& options);
 
-// Creates or overwrites a file of the host. False if that fails.
+// Creates or overwrites a host file. Returns false on failure.
 bool WriteProgram(const ProgramOptions& options, const std::filesystem::path& file);
 
 }  // namespace tvx::bench

@@ -1,6 +1,6 @@
-// Drawing: from the file to the first picture, the fit against a bare walk with the projection, a
-// repaint into an image against a general painter that is handed the same runs of points
-// ready-made, and the picture files.
+// Measures drawing: the time to the first picture, the fit compared with a bare walk that projects
+// every point, a repaint compared with QPainter drawing the same prepared polylines, and the
+// picture files.
 #include <sys/resource.h>
 
 #include <algorithm>
@@ -40,7 +40,7 @@ class SilentUi final : public UserInterface {
   void ShowStatus(const std::string&) override {}
 };
 
-// Swallows a file and counts its bytes.
+// Discards a file and counts its bytes.
 class Sink final : public OutputFile {
  public:
   bool Write(std::string_view part) override {
@@ -76,7 +76,7 @@ struct BenchScene {
     Load(Put(lines, options, workspace), workspace);
   }
 
-  // Gives the straight cuts feeds that change every so many moves; 0 for one feed.
+  // Sets feeds of straight cuts that change every `changeEvery` moves; 0 means a single feed.
   void SetFeeds(uint32_t changeEvery) {
     BlockStore& store = loaded.program.store;
     for (uint32_t index = 0; index < store.blockCount; ++index) {
@@ -91,7 +91,7 @@ struct BenchScene {
 };
 
 #if TVX_BENCH_WITH_QT
-// The runs of a drawing as a general painter takes them.
+// Collects the runs of a drawing as polylines for QPainter.
 class PolygonCollector final : public PolylineDevice {
  public:
   struct Run {
@@ -123,7 +123,7 @@ double PainterSeconds(BenchScene* bench) {
     QPainter painter(&image);
     for (const auto& run : collector.runs) {
       const PenStyle& style = StyleOf(run.pen);
-      // The dashed rapids are left to neither side.
+      // Drawn solid: dashing the rapids is not part of the comparison.
       painter.setPen(QPen(QColor::fromRgb(style.colour), 1));
       painter.drawPolyline(run.points);
     }
@@ -140,8 +140,8 @@ double RepaintSeconds(BenchScene* bench, std::vector<uint32_t>* pixels) {
   });
 }
 
-// From the file to the first picture, as a window shows it: load, fit and paint, with memory that
-// is touched for the first time. The file is in the system's cache.
+// The time from opening a file to its first picture: load, fit and paint, with memory that was
+// never used. The file is in the page cache.
 void MeasureFirstPicture(const BenchOptions& options, const Workspace& workspace) {
   std::puts("");
   const Table table({"lines", "first picture, ns a line", "ratio", "to"});
@@ -160,7 +160,7 @@ void MeasureFirstPicture(const BenchOptions& options, const Workspace& workspace
   }
 }
 
-// Every stored move read and projected, and nothing more.
+// Reads and projects every stored move.
 double WalkSeconds(BenchScene* bench) {
   BlockStore& store = bench->loaded.program.store;
   return Seconds([&] {
@@ -183,7 +183,7 @@ double PictureSeconds(BenchScene* bench, Device* device) {
   });
 }
 
-// Growth of this process's largest memory so far, in kilobytes, by some work.
+// Growth of the peak memory of this process during `work`, in kilobytes.
 long MemoryGrowth(const std::function<void()>& work) {
   const auto largest = [] {
     rusage usage{};
@@ -195,7 +195,7 @@ long MemoryGrowth(const std::function<void()>& work) {
   return largest() - before;
 }
 
-// The picture files one after the other, each into a file of the host.
+// Measures the memory for each format of picture file, written to a host file.
 void MeasureMemory(uint64_t lines, const BenchOptions& options, const Workspace& workspace) {
   const Table table({"lines", "picture", "kB beyond the store"});
   const struct {
@@ -220,7 +220,7 @@ void MeasureMemory(uint64_t lines, const BenchOptions& options, const Workspace&
   }
 }
 
-// One thing measured, and the row that it is compared with.
+// A measured operation, and the row that it is compared with.
 struct Work {
   const char* name;
   const char* reference;  // "" for none
@@ -228,7 +228,7 @@ struct Work {
   std::vector<double> seconds = {};
 };
 
-// The works one after the other, turn by turn: what slows the machine for a while slows both sides
+// Measures all operations in turns, so that a temporary slowdown of the machine affects both sides
 // of a ratio.
 void MeasureInTurn(std::vector<Work>* works, int repetitions) {
   for (int i = 0; i < repetitions; ++i) {
@@ -270,8 +270,8 @@ void Measure(uint64_t lines, const BenchOptions& options, const Workspace& works
     return PictureSeconds(&bench, &device);
   };
 
-  // The walk comes after works of its own kind: after the painter it would find other memory in the
-  // processor's caches.
+  // The walk is not measured directly after QPainter, which would leave other data in the CPU
+  // caches.
   std::vector<Work> works = {
 #if TVX_BENCH_WITH_QT
     {"painter", "",

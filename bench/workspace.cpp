@@ -1,3 +1,4 @@
+// The temporary folder and the loaded program of a benchmark.
 #include "workspace.h"
 
 #include <stdlib.h>

@@ -1,3 +1,5 @@
+// What a benchmark needs around the measured code: a temporary folder, a user who answers nothing,
+// and a loaded program.
 #pragma once
 
 #include <filesystem>
@@ -12,7 +14,7 @@
 
 namespace tvx::bench {
 
-// Measured work has no questions to its user: a message ends the benchmark.
+// Measured code must not talk to the user: a message ends the benchmark.
 class NoUser final : public UserInterface {
  public:
   bool ShowMessage(const Message& message) override;
@@ -22,8 +24,8 @@ class NoUser final : public UserInterface {
   void ShowStatus(const std::string&) override {}
 };
 
-// A temporary folder for the programs that are measured, removed at the end, and the files of the
-// host as the library sees them.
+// A temporary folder for generated programs, removed by the destructor, and the library's access to
+// host files.
 class Workspace {
  public:
   Workspace();
@@ -32,7 +34,7 @@ class Workspace {
   Workspace& operator=(const Workspace&) = delete;
 
   Files* HostFiles() const { return files_.get(); }
-  // Writes a generated program and gives its drive path. An earlier one is overwritten.
+  // Writes a generated program over the previous one and returns its drive path.
   std::string Put(const ProgramOptions& options) const;
 
  private:
@@ -41,13 +43,13 @@ class Workspace {
   std::unique_ptr<Files> files_;
 };
 
-// One loaded program with all that loading it needs.
+// One loaded program, with the state that loading needs.
 struct LoadedProgram {
   NcProgram program;
   ParserStates states;
   JobRecord job;
 
-  // Loads as the program itself does; ends the benchmark on a failure.
+  // Loads a program. Ends the benchmark on failure.
   void Load(const std::string& path, ProgramKind kind, Files* files);
 };
 

@@ -1,4 +1,4 @@
-// The reader of condition files, and its writer on what was read: the input is a file.
+// Fuzzes the reader of condition files and writes the result back. The input is a condition file.
 
 #include <string>
 
@@ -9,7 +9,7 @@ namespace {
 
 using namespace tvx;
 
-// What is written of a file that was read over the defaults.
+// Reads a file over the defaults and returns what the writer makes of it.
 std::string Rewritten(std::string_view bytes) {
   FuzzFiles files(bytes);
   JobRecord job;

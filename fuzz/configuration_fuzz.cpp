@@ -1,4 +1,4 @@
-// The reader of the configuration file, and its writer on what was read: the input is the file.
+// Fuzzes the reader of the configuration file and writes the result back. The input is the file.
 
 #include <string>
 
@@ -25,7 +25,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   Configuration again;
   ReadConfiguration(&again, &savedFiles);
   for (const ConfigurationField& field : ConfigurationFields()) {
-    // An empty value moves the words behind it out of step.
+    // After an empty value the reader takes the next key as the value.
     Require(!complete || again.*field.value == read.*field.value);
   }
   return 0;

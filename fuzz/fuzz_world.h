@@ -1,3 +1,5 @@
+// The environment of a fuzz target: a file system in which every file contains the input and which
+// keeps what is written, and a user who refuses everything.
 #pragma once
 
 #include <algorithm>
@@ -13,12 +15,9 @@
 
 namespace tvx {
 
-// What a fuzz target gives the core to work in: a file system where every file holds the bytes of
-// the input and what is written is kept aside, and a user who refuses everything.
-
 class FuzzFiles : public Files {
  public:
-  // The bytes are not copied and have to outlive the object.
+  // The bytes are not copied and must outlive the object.
   explicit FuzzFiles(std::string_view bytes) : bytes_(bytes) {}
 
   std::unique_ptr<InputFile> OpenForReading(const std::string&) override {
@@ -39,7 +38,7 @@ class FuzzFiles : public Files {
   std::string CurrentDirectory() override { return "c:\\"; }
   bool SetCurrentDirectory(const std::string&) override { return false; }
 
-  std::string written;  // the file that was written last
+  std::string written;  // content of the file that was written last
 
  private:
   class Input : public InputFile {
@@ -90,7 +89,7 @@ inline std::string_view AsText(const uint8_t* data, size_t size) {
   return {reinterpret_cast<const char*>(data), size};
 }
 
-// Stops the target, and so reports the input, if a promise of the core does not hold.
+// Stops the target, which reports the input, if the condition is false.
 inline void Require(bool holds) {
   if (!holds) __builtin_trap();
 }

@@ -1,5 +1,5 @@
-// The reader of job lists, as a saved list and as one with a drive, and the job dialog's work on
-// what it read: the input is the file of the list, and every other file as well.
+// Fuzzes the reader of job lists, with and without a drive letter, and the operations of the job
+// dialog on the list. The input is the content of the list file and of every other file.
 
 #include <algorithm>
 #include <optional>
@@ -49,8 +49,8 @@ JobList CheckReader(std::string_view text) {
   return list;
 }
 
-// The buttons of the key codes, with each row of the information list selected in turn. The last
-// rows are those of the key codes.
+// Presses the key-code buttons with each of the last rows of the information list selected. The key
+// codes are the last rows.
 void PressKeyCodeButtons(CTransferDlg* dialog) {
   for (const CTransferDlg::Button& button : CTransferDlg::KeyCodeButtons()) {
     const size_t rows = dialog->information.size();

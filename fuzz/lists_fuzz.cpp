@@ -1,4 +1,4 @@
-// The readers of the two lists and of the user keys: the input is the file of each.
+// Fuzzes the readers of the two lists and of the user keys. The input is the content of each file.
 
 #include <string>
 #include <vector>

@@ -1,5 +1,5 @@
-// The loader in both line formats. The first byte of an input picks format and settings, so that
-// one corpus serves them all: W word-address, I the same with whole-number data, C conversational.
+// Fuzzes the loader in both line formats. The first byte of the input selects the format, so that
+// one corpus serves all: W word-address, I word-address with integer data, C conversational.
 
 #include <algorithm>
 #include <string_view>
@@ -11,7 +11,7 @@ namespace {
 
 using namespace tvx;
 
-// A line without a line feed at the end of the file is dropped.
+// The loader drops a last line that has no line feed.
 uint32_t LineCount(std::string_view text) {
   return static_cast<uint32_t>(std::count(text.begin(), text.end(), '\n'));
 }
@@ -48,7 +48,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   FuzzFiles files(text);
   ParserStates states;
   NcProgram program;
-  // Twice, since the second load starts with what the first left in the parser.
+  // Twice: the second load starts with the modal state of the first.
   for (int load = 0; load < 2; ++load) {
     Require(LoadNcFile("c:\\fuzz.nc", &program, &states, &job, &files) == LoadResult::kLoaded);
     CheckStore(program.store, LineCount(text));

@@ -1,5 +1,5 @@
-// The reader of master model files, and what the program does with a model that it took: look it
-// up, show it, run over it, and write it again.
+// Fuzzes the reader of master model files. A model that was read is written, looked up, shown, and
+// used by the feed pass. The input is a master model file.
 
 #include "feed/master_file.h"
 #include "feed/master_pass.h"
@@ -11,7 +11,7 @@ namespace {
 
 using namespace tvx;
 
-// A model that was read is whole, and writing it gives the file back, but for the reserved bytes.
+// A model that was read is complete, and writing it reproduces the file except for reserved bytes.
 void CheckFile(const MasterGrid& grid, std::string_view bytes, FuzzFiles* files) {
   Require(grid.CellCount > 0 && grid.CellCount == grid.NX * grid.NY && grid.CellSize > 0);
   Require(WriteMasterFile("c:\\fuzz.mma", grid, files) == MasterFileResult::kDone);
@@ -22,7 +22,8 @@ void CheckFile(const MasterGrid& grid, std::string_view bytes, FuzzFiles* files)
   Require(written.substr(156) == bytes.substr(156));
 }
 
-// Around the middle of the grid and far from it, with and without the pyramid.
+// Lookups near the middle of the grid and far away give the same angle with and without the
+// pyramid.
 void CheckLookups(MasterGrid* grid) {
   const float size = grid->CellSize;
   const float middleX = grid->OriginX + size * static_cast<float>(grid->NX / 2);

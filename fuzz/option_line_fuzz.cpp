@@ -1,5 +1,5 @@
-// The reader of option lines, and its writer on what was read: the input is one line as a list file
-// holds it.
+// Fuzzes the parser of option lines and builds a line from the result. The input is one option line
+// in the encoding of a list file.
 
 #include <algorithm>
 #include <string>
@@ -37,8 +37,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   Require(LineDirectory(line, &directory) == 1);
   Require(directory.find(' ') == std::string::npos);
 
-  // A line that the writer made of it reads back its own switches, whatever the texts hold: the
-  // writer's words stand in the line in any case.
+  // Parsing the built line finds at least the switches that were written, whatever the texts
+  // contain.
   JobRecord again;
   ParseOptionLine(&again, BuildOptionLine(job, job, size, 1000), nullptr);
   CheckKeyCodes(again);

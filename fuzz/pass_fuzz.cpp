@@ -1,6 +1,6 @@
-// The road of one program under any parameters: load, feed adjustment, cut time and its lines. The
-// first bytes of an input pick the parameters, each from a short list of the sound and the absurd
-// (a condition file can hold any of them); the rest is a program in the word-address format.
+// Fuzzes load, feed pass and cut time with arbitrary parameters. The first bytes of the input
+// select the parameters from short lists of valid and absurd values (a condition file can contain
+// any of them). The rest is a program in the word-address format.
 
 #include <cmath>
 #include <iterator>
@@ -24,12 +24,12 @@ constexpr float kShares[] = {0.1F, 0, 1, 0.7F, 5, -2, kInfinity, NAN};
 constexpr int32_t kFeeds[] = {1000, 0, 1, 100000, -5, INT32_MAX, INT32_MIN};
 constexpr int32_t kSteps[] = {10, 1, 0, -3, 5000, INT32_MIN};
 
-// Gives out the bytes of the input one by one as choices; zeros when they are used up.
+// Turns the bytes of the input into choices, one by one; zeros after the last byte.
 class Choices {
  public:
   explicit Choices(std::string_view* bytes) : bytes_(bytes) {}
 
-  // A digit picks the entry of that index, so that a seed can be written by hand.
+  // A digit selects the entry with this index, so that seeds can be written by hand.
   template <typename List>
   auto From(const List& list) {
     return list[static_cast<size_t>(Next()) % std::size(list)];
@@ -93,7 +93,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   NcProgram program;
   FeedPassMemory memory;
   if (LoadNcFile("c:\\fuzz.nc", &program, &states, &job, &files) != LoadResult::kLoaded) return 0;
-  // Twice, since a second run finds the zones of the first.
+  // Twice: the second run starts with the zones of the first.
   for (int run = 0; run < 2; ++run) {
     FeedPass(&program, job, nullptr, &memory);
     CheckAdjusted(program, job);
