@@ -9,7 +9,6 @@
 #include <algorithm>
 
 #include "desktop/language.h"
-#include "desktop/qt_text.h"
 
 namespace tvx {
 

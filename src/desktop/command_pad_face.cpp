@@ -9,7 +9,6 @@
 
 #include "desktop/language.h"
 #include "desktop/main_window.h"
-#include "desktop/qt_text.h"
 
 namespace tvx {
 
@@ -17,13 +16,14 @@ namespace {
 
 constexpr int kButtonWidth = 190;  // pixels; room for the title above
 
-// The command that a button leads to once the pad has closed; 0 for none.
+// The commands that the buttons lead to; a button that is not here needs none.
 constexpr struct {
-  int button;
-  int command;
-} kCommands[] = {{1000, 32785}, {CCommandPadDlg::kListCommand, CCommandPadDlg::kListCommand}};
+  CommandId button;
+  CommandId command;
+} kCommands[] = {{CommandId::kPadJobList, CommandId::kRunJobList},
+                 {CommandId::kResultList, CommandId::kResultList}};
 
-bool IsButtonReady(const MainWindow* window, int button) {
+bool IsButtonReady(const MainWindow* window, CommandId button) {
   for (const auto& row : kCommands) {
     if (row.button == button) return window != nullptr && window->IsReady(row.command);
   }

@@ -1,5 +1,5 @@
-// The faces of the feed conditions: the machining condition, its finer settings, and the dialog of
-// lowest and highest feed from which both are opened.
+// The faces of the feed conditions: the machining condition, its finer settings, the dialog of
+// lowest and highest feed that opens both, and the input of a master model.
 #pragma once
 
 #include <array>
@@ -7,6 +7,7 @@
 #include "desktop/face.h"
 #include "feed/afa_setup_dialog.h"
 #include "feed/auto_feed_dialog.h"
+#include "feed/master_build.h"
 #include "jobs/send_options.h"
 
 class QCheckBox;
@@ -62,6 +63,11 @@ class SendOptionFace : public Face {
   QPushButton* condition_;
   QPushButton* conditionFile_;
   QPushButton* master_;
+};
+
+class MasterFace : public Face {
+ public:
+  MasterFace(CMasterDlg* dialog, QWidget* parent);
 };
 
 }  // namespace tvx

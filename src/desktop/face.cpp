@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "desktop/language.h"
-#include "desktop/qt_text.h"
 
 namespace tvx {
 

@@ -82,18 +82,20 @@ void DrawQuestion(QPainter* painter) {
 }
 
 const struct {
-  int id;
+  CommandId id;
   void (*draw)(QPainter*);
 } kToolIcons[] = {
-    {57600, &DrawPage},   {32771, &DrawFolder},    {57603, &DrawDisk},    {57635, &DrawScissors},
-    {57634, &DrawCopies}, {57637, &DrawClipboard}, {57607, &DrawPrinter}, {57664, &DrawQuestion},
+    {CommandId::kNewDocument, &DrawPage}, {CommandId::kLoad, &DrawFolder},
+    {CommandId::kSave, &DrawDisk},        {CommandId::kCut, &DrawScissors},
+    {CommandId::kCopy, &DrawCopies},      {CommandId::kPaste, &DrawClipboard},
+    {CommandId::kPrint, &DrawPrinter},    {CommandId::kAbout, &DrawQuestion},
 };
 
 }  // namespace
 
-QIcon ToolIcon(int commandId) {
+QIcon ToolIcon(CommandId id) {
   for (const auto& icon : kToolIcons) {
-    if (icon.id == commandId) return Drawn(icon.draw);
+    if (icon.id == id) return Drawn(icon.draw);
   }
   return {};
 }

@@ -4,10 +4,12 @@
 
 #include <QIcon>
 
+#include "view/command_id.h"
+
 namespace tvx {
 
-// Icon of a tool button, by its command; an empty one for a command without.
-QIcon ToolIcon(int commandId);
+// Icon of a tool button, by its command; an empty one for a command that has none.
+QIcon ToolIcon(CommandId id);
 
 // Icon of the program, the one that packaging/ installs for the desktop.
 QIcon ProgramIcon();

@@ -18,7 +18,6 @@
 #include <span>
 
 #include "desktop/language.h"
-#include "desktop/qt_text.h"
 #include "desktop/row_list.h"
 #include "model/labels.h"
 

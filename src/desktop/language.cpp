@@ -1,17 +1,20 @@
 #include "desktop/language.h"
 
+#include <QApplication>
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QLibraryInfo>
 #include <QRegularExpression>
 #include <QStringList>
 #include <QTranslator>
 
-#include "desktop/qt_text.h"
 #include "model/labels.h"
 
 namespace tvx {
 
 namespace {
 
-// Without a file it finds nothing, and every text stays Korean.
+// Finds nothing before a file is loaded: every text stays Korean.
 QTranslator& Translations() {
   static QTranslator translations;
   return translations;
@@ -36,7 +39,36 @@ QString TakeNumbers(QString text, QStringList* numbers) {
   }
 }
 
+// With a font that lacks Hangul, the letters of one line come from two fonts of different weight.
+// The point of NanumGothic lies so low that small numbers seem to have a comma.
+void ChooseFont() {
+  QFont font = QApplication::font();
+  const QString family = QFontInfo(font).family();
+  if (QFontDatabase::writingSystems(family).contains(QFontDatabase::Korean)) return;
+  for (const char* const candidate : {"Noto Sans CJK KR", "NanumBarunGothic", "NanumGothic"}) {
+    if (!QFontDatabase::hasFamily(candidate)) continue;
+    font.setFamily(candidate);
+    QApplication::setFont(font);
+    return;
+  }
+}
+
+void TranslateToolkit() {
+  auto* const texts = new QTranslator(qApp);
+  if (texts->load("qtbase_ko", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    QApplication::installTranslator(texts);
+  }
+}
+
 }  // namespace
+
+QString ToQt(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+std::string FromQt(const QString& text) {
+  return text.toStdString();
+}
 
 void UseLanguage(int32_t language) {
   const bool english = language == kEnglishLabels;
@@ -54,6 +86,11 @@ QString Translated(std::string_view text) {
   if (translation.isEmpty()) return source;
   for (const QString& number : numbers) translation = translation.arg(number);
   return translation;
+}
+
+void SetUpKorean() {
+  ChooseFont();
+  TranslateToolkit();
 }
 
 }  // namespace tvx

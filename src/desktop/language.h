@@ -1,19 +1,27 @@
-// The language in which the program speaks to its user: Korean, in which its texts are written, or
-// English, by the translations that the program carries in itself.
+// Texts: from the core's UTF-8 to Qt's strings and back, and in the language of the user, which is
+// Korean, in which the texts are written, or English, by the translations in the program.
 #pragma once
 
 #include <QString>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace tvx {
 
-// From now on Translated speaks a language of model/labels.h.
+QString ToQt(std::string_view text);
+std::string FromQt(const QString& text);
+
+// Sets the language of Translated, one of model/labels.h.
 void UseLanguage(int32_t language);
 
 // A text of the program's own, in the language in use. Its numbers may be any: the translation of
 // "소요시간 %1 min" serves for "소요시간 1.5 min". A text without a translation comes back as it
-// is. Not for what the user has named or typed: a folder "설정" keeps its name in every language.
+// is. Not for names and input of the user: a folder "설정" keeps its name in every language.
 QString Translated(std::string_view text);
+
+// Sets a font with Hangul for all texts, and Korean texts in the toolkit's own dialogs, as far as
+// both are installed. Called once, before the first window.
+void SetUpKorean();
 
 }  // namespace tvx

@@ -10,7 +10,6 @@
 
 #include "base/format.h"
 #include "desktop/language.h"
-#include "desktop/qt_text.h"
 #include "model/walks.h"
 #include "stats/cut_time.h"
 
@@ -55,7 +54,7 @@ QString FeedRangeText(const FeedBand& band, bool isSlowest, int32_t FeedBase) {
   return lowest > highest ? "-" : QString("%1 - %2").arg(lowest).arg(highest);
 }
 
-LegendDock::LegendDock(QWidget* parent) : QDockWidget(Translated("범례"), parent) {
+LegendDock::LegendDock(QWidget* parent) : ViewDock(Translated("범례"), parent) {
   setObjectName("legend");
   setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
   auto* const body = new QWidget(this);

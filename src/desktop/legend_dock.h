@@ -1,30 +1,29 @@
 // The legend beside the picture: what the colours mean for the program in work, and its figures.
 #pragma once
 
-#include <QDockWidget>
 #include <array>
 
-#include "shell/tvx_view.h"
+#include "desktop/docks.h"
 #include "view/path_drawing.h"
 
 class QLabel;
 
 namespace tvx {
 
-class LegendDock : public QDockWidget {
+class LegendDock : public ViewDock {
   Q_OBJECT
 
  public:
   explicit LegendDock(QWidget* parent = nullptr);
 
-  // Shows the feeds of the colours as they are drawn now; with null there are none.
-  void ShowColours(const CTVXView* view);
-
-  // Shows the program of a view with its colours; with null the figures are empty. Walks the whole
-  // program, so it is for a program or feeds that have changed and not for every paint.
-  void ShowProgram(CTVXView* view);
+  // The figures and the colours.
+  void ShowProgram(CTVXView* view) override;
+  // The colours as they are drawn now.
+  void ShowPicture(CTVXView* view) override { ShowColours(view); }
 
  private:
+  void ShowColours(const CTVXView* view);
+
   std::array<QLabel*, kFeedBands> ranges_{};
   QLabel* base_;
   QLabel* blocks_;

@@ -9,10 +9,8 @@
 #include <cstdlib>
 #include <memory>
 
-#include "desktop/korean.h"
 #include "desktop/language.h"
 #include "desktop/main_window.h"
-#include "desktop/qt_text.h"
 #include "desktop/qt_user_interface.h"
 #include "platform/drives.h"
 #include "platform/files.h"

@@ -1,24 +1,19 @@
-// The main window: menus, keys and tool buttons from the command table, child windows with a view
-// each, and the status bar.
+// The main window: child windows with a view each, the commands of the frame, and what the title,
+// the status bar and the docks show of the view in work.
 #pragma once
 
 #include <QMainWindow>
 #include <QMdiArea>
-#include <QPointer>
-#include <QPrinter>
-#include <array>
-#include <map>
-#include <memory>
 #include <string>
 #include <vector>
 
-#include "desktop/legend_dock.h"
+#include "desktop/docks.h"
+#include "desktop/file_opener.h"
+#include "desktop/menus.h"
+#include "desktop/printing.h"
 #include "desktop/qt_user_interface.h"
-#include "desktop/recent_files.h"
+#include "desktop/status_bar.h"
 #include "desktop/view_widget.h"
-#include "shell/command_table.h"
-
-class QLabel;
 
 namespace tvx {
 
@@ -38,83 +33,57 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
 
   // Loads a file of the host into the view in work if that is still empty, else into a new one.
   // The user gets a message if there is no such file.
-  void LoadHostFile(const QString& path);
+  void LoadHostFile(const QString& path) { opener_->LoadHostFile(path); }
 
   // Prints the picture of the view in work. False, with a message, if the printer cannot be used.
-  bool PrintTo(QPrinter* printer);
+  bool PrintTo(QPrinter* printer) { return printing_.PrintTo(printer, &ActiveView()->view()); }
 
-  // Carries out a command of the table. Does nothing for one that is shown disabled.
-  void RunCommand(int id);
-  // False for a command that is shown disabled.
-  bool IsReady(int id) const;
+  // Carries out a command. Does nothing for one that is not ready.
+  void RunCommand(CommandId id);
+  // False for a command that is shown disabled: without a row, or without the view that it needs.
+  bool IsReady(CommandId id) const;
+  // False for a command without a row.
+  static bool HasCommand(CommandId id);
+  // The text in the status bar while an entry of the command is marked, in Korean; "" for none.
+  static const char* PromptOf(CommandId id);
+
+  // Shows the program of the view in work in picture and docks: it or its feeds may have changed.
+  void ShowProgram();
+  // Shows the path of the file in work in place of the text of the last command.
+  void ShowPathInStatusBar() { statusBar_->ShowPath(); }
 
   QWidget* DialogParent() override;
   void RepaintActiveView() override;
-  void ShowStatusText(const QString& text) override;
+  void ShowStatusText(const QString& text) override { statusBar_->ShowText(text); }
 
  protected:
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
   void changeEvent(QEvent* event) override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   // A command of the frame or of the application.
-  struct Operation {
-    Action action;
+  struct FrameCommand {
+    CommandId id;
     void (*run)(MainWindow* window, int argument);
+    int argument = 0;
+    const char* prompt = "";
+    bool needsView = false;
   };
-  static const Operation* FindOperation(Action action);
+  static const FrameCommand* FindFrameCommand(CommandId id);
 
-  void LoadWaitingFiles();
-  void NamePrintedDocument();
-  void OpenDocument();
-  void Print();
-  void PreviewPrint();
-  void SetUpPrinter();
-  void ArrangeIcons();
+  void BindChildWindowKeys();
+  void ShowFileName();
   void ShowAbout();
 
-  // Opens a file of the drives, in a new view if none is given.
-  void OpenFile(const std::string& drivePath, ViewWidget* widget);
-  void Cascade();
-  void Tile(Qt::Orientation direction);
-  QPrinter* Printer();
-  void ShowToolIcons();
-  void ShowRecentFiles();
-  void ShowLockKeys();
-  void LoadInto(ViewWidget* widget, const std::string& drivePath);
-  void BuildMenus();
-  void AddRows(std::span<const MenuRow> rows, QList<QAction*>* menus);
-  void BindKeys();
-  void BuildToolBar();
-  QMenu* BuildPrinterMenu();
-  void BuildStatusBar();
-  void ShowMenuOfState();
-  void ShowFileName();
-  void ShowFilePath(const QString& path);
-  void ShowFilePathAnew();
-  void ShowProgram();
-
+  Menus* menus_ = nullptr;
   CTVXApp* app_;
-  const Drives* drives_;
   QMdiArea* area_;
-  QToolBar* toolBar_ = nullptr;
-  LegendDock* legend_;
-  QList<QAction*> emptyMenus_;    // menus of the bar while no view is open
-  QList<QAction*> workingMenus_;  // and with a view
-  std::map<int, std::vector<QAction*>> menuActions_;
-  QLabel* text_ = nullptr;
-  QString shownPath_;  // of the file that the text pane named last
-  std::array<QLabel*, 3> lockKeys_{};
-  RecentFiles recent_;
-  QMenu* recentMenu_ = nullptr;
-  QAction* recentPlace_ = nullptr;  // the entry of the menu where the files stand
-  std::vector<QAction*> recentEntries_;
-  std::unique_ptr<QPrinter> printer_;  // made at its first use, which takes its time
-  int views_ = 0;                      // opened so far
-  QStringList waiting_;                // files of the host still to be loaded
-  QPointer<ViewWidget> loading_;       // waits for its first paint to load one
+  std::vector<ViewDock*> docks_;
+  StatusBar* statusBar_;
+  FileOpener* opener_;
+  Printing printing_;
+  int views_ = 0;  // opened so far
 };
 
 }  // namespace tvx

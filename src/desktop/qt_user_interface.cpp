@@ -9,14 +9,52 @@
 #include <memory>
 
 #include "base/path_text.h"
-#include "desktop/dialog_faces.h"
+#include "desktop/calculator_face.h"
+#include "desktop/command_pad_face.h"
+#include "desktop/condition_faces.h"
 #include "desktop/face.h"
+#include "desktop/job_faces.h"
 #include "desktop/language.h"
-#include "desktop/qt_text.h"
+#include "desktop/restart_face.h"
+#include "desktop/result_faces.h"
+#include "desktop/settings_faces.h"
 
 namespace tvx {
 
 namespace {
+
+struct FaceMaker {
+  bool (*fits)(const Dialog& dialog);
+  std::unique_ptr<QDialog> (*make)(Dialog* dialog, QWidget* parent);
+};
+
+// A face class F takes the logic of class L and a parent.
+template <typename L, typename F>
+FaceMaker MakerOf() {
+  return {[](const Dialog& dialog) { return dynamic_cast<const L*>(&dialog) != nullptr; },
+          [](Dialog* dialog, QWidget* parent) -> std::unique_ptr<QDialog> {
+            return std::make_unique<F>(dynamic_cast<L*>(dialog), parent);
+          }};
+}
+
+const FaceMaker kFaces[] = {
+    MakerOf<CCommandPadDlg, CommandPadFace>(),   MakerOf<CFileInfoDlg, FileInfoFace>(),
+    MakerOf<CDirSetupDlg, DirSetupFace>(),       MakerOf<CTextInputDlg, TextInputFace>(),
+    MakerOf<CDirListDlg, DirListFace>(),         MakerOf<COptionDlg, OptionFace>(),
+    MakerOf<CMasterDlg, MasterFace>(),           MakerOf<CAutoFeedDlg, AutoFeedFace>(),
+    MakerOf<CAfaSetupDlg, AfaSetupFace>(),       MakerOf<CSendOptionDlg, SendOptionFace>(),
+    MakerOf<CTransferDlg, TransferFace>(),       MakerOf<CKeyCodeDlg, KeyCodeFace>(),
+    MakerOf<CRestartDlg, RestartFace>(),         MakerOf<CGetFeedDlg, CalculatorFace>(),
+    MakerOf<CCutTimeListDlg, CutTimeListFace>(),
+};
+
+// The face of a dialog, by the class of its logic.
+std::unique_ptr<QDialog> MakeFace(Dialog* dialog, QWidget* parent) {
+  for (const FaceMaker& face : kFaces) {
+    if (face.fits(*dialog)) return face.make(dialog, parent);
+  }
+  return nullptr;
+}
 
 QMessageBox::Icon IconOf(MessageIcon icon) {
   switch (icon) {
@@ -60,6 +98,22 @@ bool IsMask(const std::string& name) {
 }
 bool IsFilter(const std::string& name) {
   return IsMask(name) && name.back() != '.';
+}
+
+// A filter of the form "Nc file (*.nc, *.tap)|*.nc;*.tap|모든 화일(*.*)|*.*||" as Qt spells it:
+// "Nc file (*.nc *.tap);;모든 화일 (*)".
+QString ToQtFilter(std::string_view filter) {
+  // Here blanks, not semicolons, stand between the masks of a filter.
+  const QStringList parts = ToQt(filter).replace(';', ' ').split('|');
+  QStringList filters;
+  for (qsizetype i = 0; i + 1 < parts.size() && !parts[i].isEmpty(); i += 2) {
+    const qsizetype bracket = parts[i].indexOf('(');
+    const QString label = Translated(FromQt(parts[i].left(bracket).trimmed()));
+    // "*.*" means every file, also one without an ending.
+    const QString mask = parts[i + 1] == "*.*" ? "*" : parts[i + 1];
+    filters << label + " (" + mask.trimmed() + ")";
+  }
+  return filters.join(";;");
 }
 
 // Sizes and dates beside the names, none of them cut. The desktop's own chooser has no such view.

@@ -6,7 +6,6 @@
 #include <QVBoxLayout>
 
 #include "desktop/language.h"
-#include "desktop/qt_text.h"
 
 namespace tvx {
 

@@ -8,7 +8,6 @@
 #include <QVBoxLayout>
 
 #include "desktop/language.h"
-#include "desktop/qt_text.h"
 #include "desktop/row_list.h"
 
 namespace tvx {

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <optional>
 
-#include "desktop/qt_text.h"
+#include "desktop/language.h"
 #include "platform/vector_registers.h"
 
 namespace tvx {

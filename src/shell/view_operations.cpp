@@ -46,35 +46,46 @@ void ShowResultList(CTVXView* view, int /*argument*/) {
   view->app->ui->RunModal(&view->cutTimeList);
 }
 
-struct Operation {
-  Action action;
-  void (*run)(CTVXView* view, int argument);
-};
-
-const Operation kOperations[] = {
-    {Action::kNothing, [](CTVXView*, int) {}},
-    {Action::kLoad, &Load},
-    {Action::kWritePicture, &MakePicture},
-    {Action::kRunJobList, [](CTVXView* view, int) { RunJobList(view); }},
-    {Action::kSingleCutTime, [](CTVXView* view, int) { SingleCutTimeCommand(view); }},
-    {Action::kResultList, &ShowResultList},
-    {Action::kMasterBuild, [](CTVXView* view, int) { MakeMasterCommand(MasterContextOf(view)); }},
-    {Action::kMasterDelete,
-     [](CTVXView* view, int) { DeleteMaster(&view->masterGrid, view->app->ui); }},
-    {Action::kMasterSave, [](CTVXView* view, int) { SaveMasterCommand(MasterContextOf(view)); }},
-    {Action::kMasterLoad, [](CTVXView* view, int) { LoadMasterCommand(MasterContextOf(view)); }},
-    {Action::kViewMode, [](CTVXView* view, int mode) { ViewCommandsOf(view).ShowViewMode(mode); }},
-    {Action::kFit, [](CTVXView* view, int) { ViewCommandsOf(view).Fit(); }},
-    {Action::kRedraw, [](CTVXView* view, int) { ViewCommandsOf(view).Redraw(); }},
-    {Action::kToggleRapids, [](CTVXView* view, int) { ViewCommandsOf(view).ToggleRapids(); }},
-};
-
-const Operation* FindOperation(Action action) {
-  for (const Operation& operation : kOperations) {
-    if (operation.action == action) return &operation;
-  }
-  return nullptr;
+template <void (*command)(const MasterContext&)>
+void RunMaster(CTVXView* view, int /*argument*/) {
+  command(MasterContextOf(view));
 }
+
+template <void (ViewCommands::*command)()>
+void RunPicture(CTVXView* view, int /*argument*/) {
+  (ViewCommandsOf(view).*command)();
+}
+
+void ShowViewMode(CTVXView* view, int mode) {
+  ViewCommandsOf(view).ShowViewMode(mode);
+}
+
+constexpr bool kPictureOnly = false;
+
+const ViewCommand kCommands[] = {
+    {CommandId::kLoad, &Load, 0, "Nc data 화일 불러오기."},
+    {CommandId::kWritePicture, &MakePicture},
+    {CommandId::kPlainCutTime, [](CTVXView*, int) {}},
+    {CommandId::kSingleCutTime, [](CTVXView* view, int) { SingleCutTimeCommand(view); }},
+    {CommandId::kRunJobList, [](CTVXView* view, int) { RunJobList(view); }},
+    {CommandId::kResultList, &ShowResultList},
+    {CommandId::kMasterBuild, &RunMaster<MakeMasterCommand>, 0, "AFA를 위한 마스터 모델 생성"},
+    {CommandId::kMasterDelete,
+     [](CTVXView* view, int) { DeleteMaster(&view->masterGrid, view->app->ui); }, 0,
+     "AFA를 위한 마스터 모델 삭제"},
+    {CommandId::kMasterSave, &RunMaster<SaveMasterCommand>, 0, "AFA를 위한 마스터 모델 저장"},
+    {CommandId::kMasterLoad, &RunMaster<LoadMasterCommand>, 0, "AFA를 위한 마스터 모델 불러오기"},
+    {CommandId::kViewTop, &ShowViewMode, 1, "", kPictureOnly},
+    {CommandId::kViewFront, &ShowViewMode, 2, "", kPictureOnly},
+    {CommandId::kViewRight, &ShowViewMode, 3, "", kPictureOnly},
+    {CommandId::kViewIsometric, &ShowViewMode, 4, "", kPictureOnly},
+    {CommandId::kViewIsometric2, &ShowViewMode, 5, "", kPictureOnly},
+    {CommandId::kViewIsometric3, &ShowViewMode, 6, "", kPictureOnly},
+    {CommandId::kViewIsometric4, &ShowViewMode, 7, "", kPictureOnly},
+    {CommandId::kFit, &RunPicture<&ViewCommands::Fit>, 0, "", kPictureOnly},
+    {CommandId::kRedraw, &RunPicture<&ViewCommands::Redraw>, 0, "", kPictureOnly},
+    {CommandId::kToggleRapids, &RunPicture<&ViewCommands::ToggleRapids>, 0, "", kPictureOnly},
+};
 
 }  // namespace
 
@@ -82,13 +93,16 @@ ViewCommands ViewCommandsOf(CTVXView* view) {
   return {&view->program, &view->job, &view->view, view->app->ui};
 }
 
-bool IsViewAction(Action action) {
-  return FindOperation(action) != nullptr;
+const ViewCommand* FindViewCommand(CommandId id) {
+  for (const ViewCommand& command : kCommands) {
+    if (command.id == id) return &command;
+  }
+  return nullptr;
 }
 
-void RunViewAction(CTVXView* view, Action action, int argument) {
-  const Operation* const operation = FindOperation(action);
-  if (operation != nullptr) operation->run(view, argument);
+void RunViewCommand(CTVXView* view, CommandId id) {
+  const ViewCommand* const command = FindViewCommand(id);
+  if (command != nullptr) command->run(view, command->argument);
 }
 
 LoadResult LoadProgram(CTVXView* view, const std::string& path) {
@@ -101,11 +115,9 @@ LoadResult LoadProgram(CTVXView* view, const std::string& path) {
 }
 
 void OpenCommandPad(CTVXView* view) {
-  const auto run = [view](Action action) {
-    return [view, action] { RunViewAction(view, action); };
-  };
-  const PadActions actions{.runJobList = run(Action::kRunJobList),
-                           .showResultList = run(Action::kResultList),
+  const auto run = [view](CommandId id) { return [view, id] { RunViewCommand(view, id); }; };
+  const PadActions actions{.runJobList = run(CommandId::kRunJobList),
+                           .showResultList = run(CommandId::kResultList),
                            .showOptions = [view] {
                              view->optionDialog.Open(&view->job, view->app->configuration.EnvDir);
                              view->app->ui->RunModal(&view->optionDialog);

@@ -1,8 +1,8 @@
-// What the commands of a window do. The road of one file from the menu to its picture starts here.
+// What the commands of a view do, a row of one table for each.
 #pragma once
 
-#include "shell/command_table.h"
 #include "shell/tvx_view.h"
+#include "view/command_id.h"
 #include "view/view_commands.h"
 
 namespace tvx {
@@ -10,12 +10,20 @@ namespace tvx {
 // The commands that change the picture of a view.
 ViewCommands ViewCommandsOf(CTVXView* view);
 
-// True if the action is one that RunViewAction carries out.
-bool IsViewAction(Action action);
+// A command of the view.
+struct ViewCommand {
+  CommandId id;
+  void (*run)(CTVXView* view, int argument);
+  int argument = 0;
+  const char* prompt = "";     // in the status bar while its entry is marked
+  bool changesProgram = true;  // false: only the picture of it, or nothing
+};
 
-// Carries out a command of the view, from its start to its end; `argument` is that of the command.
-// Actions of the frame and of the application do nothing here.
-void RunViewAction(CTVXView* view, Action action, int argument = 0);
+// The row of a command; null for a command of the frame and for one that is shown disabled.
+const ViewCommand* FindViewCommand(CommandId id);
+
+// Carries out a command of the view, from its start to its end. Any other does nothing.
+void RunViewCommand(CTVXView* view, CommandId id);
 
 // Loads an NC file, by its drive path or relative to the current directory, and shows it. The path
 // without its directory becomes the current file name. Returns what the load returned.

@@ -3,12 +3,13 @@
 namespace tvx {
 
 std::span<const CCommandPadDlg::Button> CCommandPadDlg::Buttons() {
+  using enum CommandId;
   static constexpr Button kButtons[] = {
-      {"Cut Time", &CCommandPadDlg::cutTime, 1000, true},
-      {"TVX 출력", nullptr, kListCommand, false},
-      {"급속이송", &CCommandPadDlg::rapids, 1005, true},
-      {"설정", &CCommandPadDlg::settings, 1006, true},
-      {"취소", nullptr, 1004, true},
+      {"Cut Time", &CCommandPadDlg::cutTime, kPadJobList, true},
+      {"TVX 출력", nullptr, kResultList, false},
+      {"급속이송", &CCommandPadDlg::rapids, kPadRapids, true},
+      {"설정", &CCommandPadDlg::settings, kPadOptions, true},
+      {"취소", nullptr, kPadCancel, true},
   };
   return kButtons;
 }

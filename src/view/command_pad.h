@@ -1,11 +1,12 @@
-// The small column of buttons that a left click brings up. A button leaves a flag, and the view
-// acts on the flags when the pad has closed.
+// The small column of buttons that a left click opens. A button sets a flag, and the view acts on
+// the flags when the pad has closed.
 #pragma once
 
 #include <cstdint>
 #include <span>
 
 #include "platform/user_interface.h"
+#include "view/command_id.h"
 
 namespace tvx {
 
@@ -14,21 +15,17 @@ class CCommandPadDlg final : public Dialog {
   struct Button {
     const char* text;
     bool CCommandPadDlg::*flag;  // set by a press; null for none
-    int id;
+    CommandId id;
     bool closes;
   };
 
   // The buttons from top to bottom.
   static std::span<const Button> Buttons();
 
-  // One command is not the pad's own and runs while the pad stays open: the one that shows the list
-  // of results.
-  static constexpr int kListCommand = 32774;
-
   void ClearFlags() { cutTime = rapids = settings = false; }
 
-  // A press of a button. Returns true if the pad closes. The list command is for the caller's
-  // command table.
+  // A press of a button. Returns true if the pad closes. The button of the result list leaves it
+  // open and sets no flag: its command is the caller's to run.
   bool Press(const Button& button);
 
   bool cutTime = false;   // multi-file run, then the list of results

@@ -24,10 +24,8 @@
 
 #include "desktop/command_pad_face.h"
 #include "desktop/condition_faces.h"
-#include "desktop/cut_time_list_face.h"
-#include "desktop/file_info_face.h"
 #include "desktop/job_faces.h"
-#include "desktop/master_face.h"
+#include "desktop/result_faces.h"
 #include "desktop/settings_faces.h"
 #include "desktop_test.h"
 #include "shell/view_operations.h"
@@ -137,7 +135,7 @@ class CommandsTest : public DesktopTest {
   void MakeMaster() {
     LoadProgram(&View(), "c:\\marlo\\ncdata\\part.nc");
     user.Does<MasterFace>({{"OK"}});
-    window->RunCommand(32792);
+    window->RunCommand(CommandId::kMasterBuild);
   }
 
   void Describe() {
@@ -151,49 +149,51 @@ class CommandsTest : public DesktopTest {
   void DescribePad();
   void DescribeFrame();
 
-  bool HasEffect(int id) const { return effects.contains(id); }
-  void Check(int id, const Run& run) {
-    SCOPED_TRACE(id);
+  bool HasEffect(CommandId id) const { return effects.contains(id); }
+  void Check(CommandId id, const Run& run) {
+    SCOPED_TRACE(static_cast<int>(id));
     effects.at(id)(run);
     EXPECT_TRUE(user.Done());
   }
   // The same by an entry or a button, which is enabled if there is a check.
-  void Check(int id, QAction* action) {
-    ASSERT_NE(action, nullptr) << id;
-    ASSERT_EQ(action->isEnabled(), HasEffect(id)) << id;
+  void Check(CommandId id, QAction* action) {
+    ASSERT_NE(action, nullptr) << static_cast<int>(id);
+    ASSERT_EQ(action->isEnabled(), HasEffect(id)) << static_cast<int>(id);
     if (action->isEnabled()) Check(id, [action] { action->trigger(); });
   }
 
-  std::map<int, Effect> effects;
+  std::map<CommandId, Effect> effects;
 };
 
 void CommandsTest::DescribeSettings() {
-  effects[32789] = [this](const Run& run) {
+  effects[CommandId::kConfiguration] = [this](const Run& run) {
     user.Does<DirSetupFace>({{"작업 DIR", "d:\\nc"}, {"저장"}});
     run();
     EXPECT_EQ(app.configuration.WorkDir, "d:\\nc");
     EXPECT_TRUE(Took("windows/tvx.cfg"));
   };
-  effects[32796] = [this](const Run& run) {
+  effects[CommandId::kDirectoryList] = [this](const Run& run) {
     user.Does<DirListFace>({{"저장"}});
     run();
     EXPECT_TRUE(Took("marlo/dirlist.txt"));
   };
-  for (const Command& command : Commands()) {
-    if (command.action != Action::kEditUserKey) continue;
-    effects[command.id] = [this, key = static_cast<size_t>(command.argument)](const Run& run) {
+  using enum CommandId;
+  size_t next = 1;
+  for (const CommandId id : {kUserKey1, kUserKey2, kUserKey3, kUserKey4, kUserKey5, kUserKey6,
+                             kUserKey7, kUserKey8, kUserKey9, kUserKey10, kUserKey11, kUserKey12}) {
+    effects[id] = [this, key = next++](const Run& run) {
       app.UserKeys[key] = "G90";
       user.Does<KeyCodeFace>({{"M03"}, {"OK"}});
       run();
       EXPECT_EQ(app.UserKeys[key], "G90M03");
     };
   }
-  effects[32813] = [this](const Run& run) {
+  effects[CommandId::kWriteUserKeys] = [this](const Run& run) {
     app.UserKeys[12] = "M30";
     run();
     EXPECT_TRUE(HostBytes(home / "drive_c/marlo/UserKey.txt").ends_with("M30\r\n"));
   };
-  effects[57664] = [this](const Run& run) {
+  effects[CommandId::kAbout] = [this](const Run& run) {
     user.On<QMessageBox>([](QMessageBox* box) {
       EXPECT_EQ(box->text(), "TVX Afa Version 3.1");
       EXPECT_FALSE(box->iconPixmap().isNull());
@@ -205,7 +205,7 @@ void CommandsTest::DescribeSettings() {
 }
 
 void CommandsTest::DescribeView() {
-  effects[32771] = [this](const Run& run) {
+  effects[CommandId::kLoad] = [this](const Run& run) {
     user.OnFile(PutProgram("하나.nc", Program()));
     View().view.transform.viewScale = 1.25F;
     run();
@@ -214,67 +214,67 @@ void CommandsTest::DescribeView() {
     EXPECT_GT(View().program.store.blockCount, 100U);
     EXPECT_NE(View().view.transform.viewScale, 1.25F);
   };
-  effects[32791] = [this](const Run& run) {
+  effects[CommandId::kWritePicture] = [this](const Run& run) {
     user.OnFile(home / "drive_c/marlo/shown.emf");
     run();
     EXPECT_TRUE(Took("marlo/shown.emf"));
   };
-  effects[32773] = Records(0, [] {});
-  effects[32772] = Records(1, [this] {
+  effects[CommandId::kPlainCutTime] = Records(0, [] {});
+  effects[CommandId::kSingleCutTime] = Records(1, [this] {
     user.Does<SendOptionFace>({{"OK"}});
     user.Does<FileInfoFace>({{"Info list에추가"}});
   });
-  effects[32785] = Records(1, [this] {
+  effects[CommandId::kRunJobList] = Records(1, [this] {
     user.On<TransferFace>([](TransferFace* face) {
       RowsOf(face, CTransferDlg::kFileListCaption)->setCurrentRow(0);
       Do(face, {{"삽입"}, {"전송"}});
     });
   });
-  effects[32774] = Opens<CutTimeListFace>();
-  effects[32792] = [this](const Run& run) {
+  effects[CommandId::kResultList] = Opens<CutTimeListFace>();
+  effects[CommandId::kMasterBuild] = [this](const Run& run) {
     user.Does<MasterFace>({{"OK"}});
     run();
     EXPECT_TRUE(HasMaster());
   };
-  effects[32794] = [this](const Run& run) {
+  effects[CommandId::kMasterDelete] = [this](const Run& run) {
     MakeMaster();
     user.Does<QMessageBox>({{"OK"}});
     run();
     EXPECT_FALSE(HasMaster());
   };
-  effects[32795] = [this](const Run& run) {
+  effects[CommandId::kMasterSave] = [this](const Run& run) {
     MakeMaster();
     user.OnFile(home / "drive_c/marlo/a.mma");
     run();
     EXPECT_TRUE(Took("marlo/a.mma"));
   };
-  effects[32802] = [this](const Run& run) {
+  effects[CommandId::kMasterLoad] = [this](const Run& run) {
     MakeMaster();
     user.OnFile(home / "drive_c/marlo/b.mma");
-    window->RunCommand(32795);
+    window->RunCommand(CommandId::kMasterSave);
     DropMaster(&View().masterGrid);
     user.OnFile(home / "drive_c/marlo/b.mma");
     run();
     EXPECT_TRUE(HasMaster());
   };
-  effects[32775] = Turns({0, 0, 0});
-  effects[32776] = Turns({270, 0, 0});
-  effects[32777] = Turns({0, 90, 270});
-  effects[32778] = Turns({300, 0, 330});
-  effects[32779] = Turns({300, 0, 240});
-  effects[32786] = Turns({300, 0, 150});
-  effects[32780] = Turns({300, 0, 60});
-  effects[32781] = [this](const Run& run) {
+  effects[CommandId::kViewTop] = Turns({0, 0, 0});
+  effects[CommandId::kViewFront] = Turns({270, 0, 0});
+  effects[CommandId::kViewRight] = Turns({0, 90, 270});
+  effects[CommandId::kViewIsometric] = Turns({300, 0, 330});
+  effects[CommandId::kViewIsometric2] = Turns({300, 0, 240});
+  effects[CommandId::kViewIsometric3] = Turns({300, 0, 150});
+  effects[CommandId::kViewIsometric4] = Turns({300, 0, 60});
+  effects[CommandId::kFit] = [this](const Run& run) {
     View().view.transform.viewScale = 1.25F;
     run();
     EXPECT_NE(View().view.transform.viewScale, 1.25F);
   };
-  effects[32782] = [this](const Run& run) {
+  effects[CommandId::kRedraw] = [this](const Run& run) {
     const QSignalSpy drawn(window->ActiveView(), &ViewWidget::Drawn);
     run();
     EXPECT_EQ(drawn.count(), 1);
   };
-  effects[32783] = [this](const Run& run) {
+  effects[CommandId::kToggleRapids] = [this](const Run& run) {
     const int32_t before = View().view.RapidVisible;
     run();
     EXPECT_NE(View().view.RapidVisible, before);
@@ -284,14 +284,14 @@ void CommandsTest::DescribeView() {
 
 // The buttons of the pad that are no commands of the tables.
 void CommandsTest::DescribePad() {
-  effects[1000] = [this](const Run& run) {
+  effects[CommandId::kPadJobList] = [this](const Run& run) {
     user.Rejects<TransferFace>();
     user.Rejects<CutTimeListFace>();
     run();
   };
-  effects[1005] = effects.at(32783);
-  effects[1006] = Opens<OptionFace>();
-  effects[1004] = [this](const Run& run) {
+  effects[CommandId::kPadRapids] = effects.at(CommandId::kToggleRapids);
+  effects[CommandId::kPadOptions] = Opens<OptionFace>();
+  effects[CommandId::kPadCancel] = [this](const Run& run) {
     const int32_t rapids = View().view.RapidVisible;
     run();
     EXPECT_EQ(View().view.RapidVisible, rapids);
@@ -299,38 +299,38 @@ void CommandsTest::DescribePad() {
 }
 
 void CommandsTest::DescribeFrame() {
-  effects[57600] = effects[57648] = NewWindow();
-  effects[57601] = NewWindow("opened.nc");
-  effects[57606] = Opens<QPageSetupDialog>();
-  effects[57607] = Opens<QPrintDialog>();
-  effects[57609] = [this](const Run& run) {
+  effects[CommandId::kNewDocument] = effects[CommandId::kNewWindow] = NewWindow();
+  effects[CommandId::kOpenDocument] = NewWindow("opened.nc");
+  effects[CommandId::kPrintSetup] = Opens<QPageSetupDialog>();
+  effects[CommandId::kPrint] = Opens<QPrintDialog>();
+  effects[CommandId::kPrintPreview] = [this](const Run& run) {
     user.On<QPrintPreviewDialog>([](QPrintPreviewDialog* preview) {
       EXPECT_EQ(preview->findChild<QPrintPreviewWidget*>()->pageCount(), 1);
       preview->reject();
     });
     run();
   };
-  effects[57665] = [this](const Run& run) {
+  effects[CommandId::kExit] = [this](const Run& run) {
     run();
     EXPECT_FALSE(window->isVisible());
     window->show();
     Settle();
   };
-  effects[59392] = Toggles(window->findChild<QToolBar*>());
-  effects[59393] = Toggles(window->statusBar());
-  effects[57650] = Arranges([](QRect first, QRect second) {
+  effects[CommandId::kToolBar] = Toggles(window->findChild<QToolBar*>());
+  effects[CommandId::kStatusBar] = Toggles(window->statusBar());
+  effects[CommandId::kCascade] = Arranges([](QRect first, QRect second) {
     EXPECT_EQ(first.size(), second.size());
     EXPECT_NE(first.topLeft(), second.topLeft());
   });
-  effects[57651] = Arranges([](QRect first, QRect second) {
+  effects[CommandId::kTileHorizontally] = Arranges([](QRect first, QRect second) {
     EXPECT_EQ(first.width(), second.width());
     EXPECT_EQ(first.bottom() + 1, second.top());
   });
-  effects[57652] = Arranges([](QRect first, QRect second) {
+  effects[CommandId::kTileVertically] = Arranges([](QRect first, QRect second) {
     EXPECT_EQ(first.height(), second.height());
     EXPECT_EQ(first.right() + 1, second.left());
   });
-  effects[57649] = [this](const Run& run) {
+  effects[CommandId::kArrangeIcons] = [this](const Run& run) {
     QMdiSubWindow* const child = Children().front();
     for (QMdiSubWindow* const open : Children()) open->showNormal();
     child->showMinimized();
@@ -353,7 +353,8 @@ TEST_F(CommandsTest, EveryKey) {
     for (const Accelerator& accelerator : table) {
       SCOPED_TRACE(accelerator.key);
       // The key of a view in the first table, which comes first.
-      if (accelerator.key == std::string_view("F6") && accelerator.id == 57680) continue;
+      if (accelerator.key == std::string_view("F6") && accelerator.id == CommandId::kNextPane)
+        continue;
       const QKeyCombination key = QKeySequence(accelerator.key)[0];
       const Run press = [&] { Press(key.key(), key.keyboardModifiers()); };
       if (HasEffect(accelerator.id)) {
@@ -378,7 +379,7 @@ TEST_F(CommandsTest, EveryToolButton) {
   ASSERT_EQ(static_cast<size_t>(actions.size()), ToolBar().size());
   for (size_t i = 0; i < ToolBar().size(); ++i) {
     QAction* const action = actions[static_cast<qsizetype>(i)];
-    EXPECT_EQ(action->isSeparator(), ToolBar()[i].id == 0);
+    EXPECT_EQ(action->isSeparator(), ToolBar()[i].id == CommandId::kNone);
     if (action->isSeparator()) continue;
     EXPECT_FALSE(action->icon().isNull()) << ToolBar()[i].text;
     Check(ToolBar()[i].id, action);
@@ -400,7 +401,7 @@ TEST_F(CommandsTest, EveryEntryBesideThePrinter) {
 }
 
 // The files opened last stand in the place of an entry that is shown only while there are none.
-constexpr int kRecentFiles = 57616;
+constexpr CommandId kRecentFiles = CommandId::kRecentFiles;
 
 TEST_F(CommandsTest, EveryEntryOfTheMenuWithoutADocument) {
   OpenWindow();
@@ -427,7 +428,7 @@ TEST_F(CommandsTest, EveryButtonOfThePad) {
       QTimer::singleShot(0, window.get(), [&] {
         QPointer<QWidget> pad = QApplication::activeModalWidget();
         Click(pad, button.text);
-        EXPECT_EQ(pad->isVisible(), button.id == 32774);
+        EXPECT_EQ(pad->isVisible(), button.id == CommandId::kResultList);
         if (pad->isVisible()) Click(pad, "취소");
       });
       QTest::mouseClick(window->ActiveView(), Qt::LeftButton, {}, {100, 100});
@@ -459,7 +460,7 @@ class CommandsPage {
     }
     for (const MenuRow& row : PrinterMenu()) Add(row.id, row.text, "arrow beside the printer");
     for (const ToolButton& button : ToolBar()) {
-      if (button.id != 0) Add(button.id, button.text, "tool bar");
+      if (button.id != CommandId::kNone) Add(button.id, button.text, "tool bar");
     }
     for (const auto& button : CCommandPadDlg::Buttons()) Add(button.id, button.text, "command pad");
     for (const auto table : {ViewAccelerators(), FrameAccelerators()}) {
@@ -470,20 +471,20 @@ class CommandsPage {
   // With what happens, by command.
   QString Text(std::map<int, QString> words) {
     QString text;
-    for (const int id : order_) {
-      text += "| " + QString::number(id);
+    for (const CommandId id : order_) {
+      text += "| " + QString::number(static_cast<int>(id));
       for (QStringList& cell : cells_[id]) {
         cell.removeDuplicates();
         cell.removeAll("");
         text += " | " + cell.join(&cell == &cells_[id].back() ? ", " : "; ");
       }
-      text += " | " + words[id] + " |\n";
+      text += " | " + words[static_cast<int>(id)] + " |\n";
     }
     return text;
   }
 
  private:
-  void Add(int id, const char* text, const QString& place, const char* key = "") {
+  void Add(CommandId id, const char* text, const QString& place, const char* key = "") {
     if (!order_.contains(id)) order_ << id;
     const QString korean = Plain(ToQt(text));
     const QString english = Plain(InEnglish(text));
@@ -491,8 +492,8 @@ class CommandsPage {
     for (size_t i = 0; i < 4; ++i) cells_[id][i] << cells[static_cast<qsizetype>(i)];
   }
 
-  QList<int> order_;
-  std::map<int, std::array<QStringList, 4>> cells_;  // texts, in English, places, keys
+  QList<CommandId> order_;
+  std::map<CommandId, std::array<QStringList, 4>> cells_;  // texts, in English, places, keys
 };
 
 // What happens is told by hand, in the last column of the table, and so is all around it.
@@ -504,8 +505,9 @@ TEST_F(CommandsTest, ThePageTellsThem) {
     if (cells.size() == 6) words[cells[0].mid(2).toInt()] = cells[5].chopped(2);
   }
   for (const auto& [id, told] : words) {
-    const bool acts = HasEffect(id) || id == kRecentFiles || id == 0;  // 0: the heads
-    EXPECT_EQ(!told.startsWith("no action"), acts) << id;
+    const bool acts =
+        HasEffect(CommandId{id}) || CommandId{id} == kRecentFiles || id == 0;  // 0: the heads
+    EXPECT_EQ(!told.startsWith("no action"), acts) << static_cast<int>(id);
   }
   const auto from = page.indexOf("\n| 3") + 1;
   const auto to = page.indexOf("\n\n", from) + 1;

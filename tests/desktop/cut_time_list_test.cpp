@@ -5,14 +5,14 @@
 #include <QListWidget>
 #include <QMessageBox>
 
-#include "desktop/cut_time_list_face.h"
+#include "desktop/result_faces.h"
 #include "desktop_test.h"
 #include "reports/example_entry.h"
 
 namespace tvx {
 namespace {
 
-constexpr int kListCommand = 32774;
+constexpr CommandId kListCommand = CommandId::kResultList;
 
 using Names = std::vector<std::string>;
 

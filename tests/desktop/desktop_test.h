@@ -14,7 +14,6 @@
 
 #include "desktop/language.h"
 #include "desktop/main_window.h"
-#include "desktop/qt_text.h"
 #include "platform/drives.h"
 #include "platform/files.h"
 #include "shell/application.h"

@@ -1,8 +1,6 @@
 // Each dialog's face: every control reaches the logic, the accepting button hands the values over,
 // and a cancel does what it does in the logic.
 
-#include "desktop/dialog_faces.h"
-
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QFileDialog>
@@ -15,9 +13,8 @@
 #include "desktop/calculator_face.h"
 #include "desktop/command_pad_face.h"
 #include "desktop/condition_faces.h"
-#include "desktop/file_info_face.h"
-#include "desktop/master_face.h"
 #include "desktop/restart_face.h"
+#include "desktop/result_faces.h"
 #include "desktop/settings_faces.h"
 #include "desktop_test.h"
 #include "feed/condition_file.h"
@@ -36,9 +33,9 @@ TEST_F(DialogFaces, DirectorySettings) {
                            {"AFA 조건 DIR", "c:\\afa"},
                            {"편집기(editor)", "ed"},
                            {"저장"}});
-  window->RunCommand(32789);
+  window->RunCommand(CommandId::kConfiguration);
   user.Does<DirSetupFace>({{"작업 DIR", "c:\\other"}, {"취소"}});
-  window->RunCommand(32789);
+  window->RunCommand(CommandId::kConfiguration);
   EXPECT_EQ(app.configuration.WorkDir, "c:\\work");
   EXPECT_EQ(DecodeCp949(HostBytes(home / "drive_c/windows/tvx.cfg")),
             "환경Dir c:\\설정\r\nWorkDir c:\\work\r\nAFADir c:\\afa\r\nEditor ed\r\n");
@@ -68,12 +65,12 @@ TEST_F(DialogFaces, DirectoryList) {
     list->setCurrentRow(1);
     Do(face, {{"삭제"}, {"갱신"}, {"저장"}});
   });
-  window->RunCommand(32796);
+  window->RunCommand(CommandId::kDirectoryList);
   user.On<DirListFace>([](DirListFace* face) {
     face->findChild<QListWidget*>()->setCurrentRow(0);
     Do(face, {{"삭제"}, {"취소"}});
   });
-  window->RunCommand(32796);
+  window->RunCommand(CommandId::kDirectoryList);
   EXPECT_EQ(ListEntries(app.DirectoryList), (std::vector<std::string>{"d:\\둘째"}));
   EXPECT_EQ(DecodeCp949(HostBytes(home / "drive_c/marlo/dirlist.txt")), "d:\\둘째\r\n");
 }
@@ -107,7 +104,7 @@ TEST_F(DialogFaces, MasterInput) {
   const auto change = [&](const char* button) {
     user.Does<MasterFace>(
         {{"공구 직경", "6.5"}, {"가공 여유", "0.25"}, {"마스터 모델 공차", "2"}, {button}});
-    window->RunCommand(32792);
+    window->RunCommand(CommandId::kMasterBuild);
     return std::vector{dialog.MasterToolDiameter, dialog.MasterAllowance, dialog.MasterTolerance};
   };
   EXPECT_EQ(change("Cancel")[0], 10.0F);
@@ -120,7 +117,7 @@ class ConditionFaces : public DesktopTest {
   std::string Run(std::function<void(SendOptionFace*)> act) {
     const JobRecord before = View().job;
     user.On<SendOptionFace>(std::move(act));
-    window->RunCommand(32772);
+    window->RunCommand(CommandId::kSingleCutTime);
     return Changes(before, View().job);
   }
 };

@@ -15,7 +15,7 @@
 #include <QStatusTipEvent>
 #include <QToolBar>
 
-#include "desktop/picture_printer.h"
+#include "desktop/printing.h"
 #include "desktop_test.h"
 
 namespace tvx {
@@ -42,7 +42,7 @@ TEST_F(MainWindowTest, EachWindowHasAProgramOfItsOwnThatTitleAndStatusBarName) {
   ui.ShowStatus("says something");
   Press(Qt::Key_F9);
   EXPECT_EQ(pane(), "says something");
-  window->RunCommand(32773);
+  window->RunCommand(CommandId::kPlainCutTime);
   EXPECT_EQ(pane(), "c:\\marlo\\ncdata\\part.nc");
 
   Press(Qt::Key_N, Qt::ControlModifier);
@@ -169,7 +169,7 @@ TEST_F(MainWindowTest, ThePageHasThePictureOfTheScreen) {
 
 TEST_F(MainWindowTest, AMarkedEntryShowsItsPrompt) {
   for (const MenuRow& row : WorkingMenu()) {
-    const QString prompt = ToQt(FindCommand(row.id).prompt);
+    const QString prompt = ToQt(MainWindow::PromptOf(row.id));
     if (prompt.isEmpty()) continue;
     Entry(row)->hover();
     Entry(row)->showStatusText(window.get());

@@ -46,7 +46,7 @@ class TwoWindows : public ShellTest {
 
   void LoadPart(CTVXView* view) {
     ui.OnFile("c:\\marlo\\ncdata\\part.nc");
-    RunViewAction(view, Action::kLoad);
+    RunViewCommand(view, CommandId::kLoad);
   }
 
   CTVXView first{&app};
@@ -64,17 +64,17 @@ TEST_F(TwoWindows, EachHasAStateOfItsOwn) {
     dialog->list.Insert(0, "part.nc", kPlainLine);
     dialog->SelectEntry(0);
   });
-  RunViewAction(&first, Action::kRunJobList);
+  RunViewCommand(&first, CommandId::kRunJobList);
   LoadPart(&first);
   ui.OnDialog<CMasterDlg>([](CMasterDlg* dialog) {
     dialog->MasterTolerance = 2;
     return true;
   });
-  RunViewAction(&first, Action::kMasterBuild);
+  RunViewCommand(&first, CommandId::kMasterBuild);
   LoadPart(&first);
   OnOptions("2000");
   ui.OnDialog<CFileInfoDlg>([](CFileInfoDlg*) { return true; });
-  RunViewAction(&first, Action::kSingleCutTime);
+  RunViewCommand(&first, CommandId::kSingleCutTime);
   ui.OnDialog<CCommandPadDlg>([](CCommandPadDlg* pad) {
     for (const auto& button : CCommandPadDlg::Buttons()) {
       if (button.flag == &CCommandPadDlg::settings) pad->Press(button);
@@ -86,10 +86,10 @@ TEST_F(TwoWindows, EachHasAStateOfItsOwn) {
     return dialog->Accept() == Closing::kAccepted;
   });
   OpenCommandPad(&first);
-  RunViewAction(&first, Action::kViewMode, 1);
+  RunViewCommand(&first, CommandId::kViewTop);
   // Hidden by the master model; shown, and hidden by the user.
-  RunViewAction(&first, Action::kToggleRapids);
-  RunViewAction(&first, Action::kToggleRapids);
+  RunViewCommand(&first, CommandId::kToggleRapids);
+  RunViewCommand(&first, CommandId::kToggleRapids);
 
   EXPECT_EQ(Parts(second), before);
   const std::vector<std::string> after = Parts(first);
@@ -126,13 +126,13 @@ TEST_F(TwoWindows, ShareTheMasksTheJobSlotAndTheSpindleSpeed) {
     dialog->list.Insert(0, "part.nc", kPlainLine);
     SetSpindle(dialog, "4321");
   });
-  RunViewAction(&first, Action::kRunJobList);
+  RunViewCommand(&first, CommandId::kRunJobList);
   EXPECT_EQ(app.JobSlots[1].FileNames[0], "part.nc");
   OnJobs(false, [](CTransferDlg* dialog) {
     EXPECT_EQ(dialog->list.size(), 0U) << "the window's own list went into the slot";
     EXPECT_EQ(dialog->SpindleSpeed(), 4321);
   });
-  RunViewAction(&second, Action::kRunJobList);
+  RunViewCommand(&second, CommandId::kRunJobList);
   EXPECT_EQ(app.JobSlots[1].FileNames[0], "");
 }
 
@@ -153,7 +153,7 @@ TEST_F(TwoWindows, ShareTheSendOptionsOfASingleCutTime) {
       dialog->ToggleSpindle();
       return false;
     });
-    RunViewAction(view, Action::kSingleCutTime);
+    RunViewCommand(view, CommandId::kSingleCutTime);
   }
 }
 

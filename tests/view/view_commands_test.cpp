@@ -118,7 +118,7 @@ TEST_F(ViewCommandsTest, TheCommandPadActsWhenItHasClosed) {
     actions.clear();
     scene.view.RapidVisible = 1;
     scene.ui.OnDialog<CCommandPadDlg>([&](CCommandPadDlg* dialog) {
-      EXPECT_EQ(dialog->Press(button), button.id != CCommandPadDlg::kListCommand) << button.text;
+      EXPECT_EQ(dialog->Press(button), button.id != CommandId::kResultList) << button.text;
       EXPECT_EQ(actions, "");
       return false;
     });

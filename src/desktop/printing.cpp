@@ -1,8 +1,11 @@
-#include "desktop/picture_printer.h"
+#include "desktop/printing.h"
 
+#include <QPageSetupDialog>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
 #include <algorithm>
 
-#include "desktop/qt_text.h"
+#include "desktop/language.h"
 #include "view/drawing_device.h"
 #include "view/view_transform.h"
 
@@ -73,6 +76,50 @@ void PaintOnPage(const Scene& scene, const QRectF& page, QPainter* painter) {
   PainterDevice device(painter);
   Paint(scene, &device);
   painter->restore();
+}
+
+QPrinter* Printing::Printer() {
+  if (printer_ == nullptr) {
+    printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    printer_->setPageOrientation(QPageLayout::Landscape);
+  }
+  return printer_.get();
+}
+
+void Printing::SetUp() {
+  QPageSetupDialog(Printer(), window_).exec();
+}
+
+// A file that the last program was printed to is not offered for another one.
+void Printing::NameDocument(const CTVXView& view) {
+  const QString name = ToQt(view.fileName);
+  if (name == Printer()->docName()) return;
+  Printer()->setDocName(name);
+  Printer()->setOutputFileName({});
+}
+
+void Printing::Print(CTVXView* view) {
+  NameDocument(*view);
+  if (QPrintDialog(Printer(), window_).exec() == QDialog::Accepted) PrintTo(Printer(), view);
+}
+
+void Printing::Preview(CTVXView* view) {
+  NameDocument(*view);
+  QPrintPreviewDialog preview(Printer(), window_);
+  QObject::connect(&preview, &QPrintPreviewDialog::paintRequested,
+                   [this, view](QPrinter* printer) { PrintTo(printer, view); });
+  preview.exec();
+}
+
+bool Printing::PrintTo(QPrinter* printer, CTVXView* view) {
+  QPainter painter;
+  if (!painter.begin(printer)) {
+    ui_->ShowMessage({.text = "인쇄할 수 없습니다."});
+    return false;
+  }
+  PaintOnPage({&view->program, &view->job, &view->view},
+              QRectF(QPointF(0, 0), printer->pageRect(QPrinter::DevicePixel).size()), &painter);
+  return painter.end();
 }
 
 }  // namespace tvx

@@ -1,5 +1,6 @@
-#include "desktop/cut_time_list_face.h"
+#include "desktop/result_faces.h"
 
+#include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -9,7 +10,6 @@
 #include <QVBoxLayout>
 
 #include "desktop/language.h"
-#include "desktop/qt_text.h"
 #include "desktop/row_list.h"
 #include "model/labels.h"
 
@@ -26,6 +26,24 @@ QString InformationLine(const std::string& line) {
 }
 
 }  // namespace
+
+FileInfoFace::FileInfoFace(CFileInfoDlg* dialog, QWidget* parent) : QDialog(parent) {
+  setWindowTitle(Translated(CFileInfoDlg::kTitle));
+  auto* const column = new QVBoxLayout(this);
+  auto* const list = new QListWidget(this);
+  for (const std::string& line : dialog->Lines()) list->addItem(Translated(ReplaceLabels(line)));
+  list->setMinimumSize(360, 420);
+  column->addWidget(list);
+
+  auto* const buttons = new QDialogButtonBox(this);
+  QPushButton* const accepting =
+      buttons->addButton(Translated(CFileInfoDlg::kAccept), QDialogButtonBox::AcceptRole);
+  accepting->setDefault(true);
+  buttons->addButton(Translated(CFileInfoDlg::kCancel), QDialogButtonBox::RejectRole);
+  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  column->addWidget(buttons);
+}
 
 CutTimeListFace::CutTimeListFace(CCutTimeListDlg* dialog, QWidget* parent)
     : Face(CCutTimeListDlg::kTitle, parent), dialog_(dialog) {

@@ -1,14 +1,23 @@
-// The face of the list of results: the files, what is known of the selected one, the total time and
+// The faces of results: the lines of one result, and the list of results with the total time and
 // the reports.
 #pragma once
 
 #include "desktop/face.h"
 #include "reports/cut_time_list.h"
+#include "stats/file_information.h"
 
 class QLineEdit;
 class QListWidget;
 
 namespace tvx {
+
+// The lines of a result, read-only.
+class FileInfoFace : public QDialog {
+  Q_OBJECT
+
+ public:
+  FileInfoFace(CFileInfoDlg* dialog, QWidget* parent);
+};
 
 class CutTimeListFace final : public Face {
   Q_OBJECT

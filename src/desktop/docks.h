@@ -1,0 +1,30 @@
+// The docks of the main window. A new dock is a class with a row in docks.cpp; the View menus and
+// the window's updates follow from there.
+#pragma once
+
+#include <QDockWidget>
+#include <vector>
+
+#include "shell/tvx_view.h"
+
+class QMainWindow;
+
+namespace tvx {
+
+// A panel beside the picture that shows something about the view in work.
+class ViewDock : public QDockWidget {
+ public:
+  using QDockWidget::QDockWidget;
+
+  // Shows the view after a command or a change of window: program, feeds or options may have
+  // changed. Null if no view is open. May walk the whole program.
+  virtual void ShowProgram(CTVXView* view) = 0;
+
+  // The same after each drawing of the view's picture; must be quick.
+  virtual void ShowPicture(CTVXView* /*view*/) {}
+};
+
+// Adds all docks to a window, which owns them. Returns them in the order of the View menus.
+std::vector<ViewDock*> AddDocks(QMainWindow* window);
+
+}  // namespace tvx

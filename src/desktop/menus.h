@@ -1,0 +1,64 @@
+// The menus, the keys and the tool bar of the main window, built from the tables of
+// shell/command_table.h.
+#pragma once
+
+#include <QAction>
+#include <QStringList>
+#include <map>
+#include <span>
+#include <vector>
+
+#include "shell/command_table.h"
+
+class QMenu;
+class QToolBar;
+
+namespace tvx {
+
+class MainWindow;
+
+class Menus : public QObject {
+  Q_OBJECT
+
+ public:
+  // Builds them on a window, which carries out the commands. `viewEntries` follow the commands of
+  // both View menus.
+  Menus(MainWindow* window, const QList<QAction*>& viewEntries);
+
+  // The bar that a command shows or hides; null for any other command.
+  QWidget* BarOf(CommandId id) const;
+
+  // Shows the menus that belong to the state of the window, and which of their commands are ready
+  // and switched on.
+  void ShowState();
+
+  // Shows the files opened last, drive paths, in the empty menu.
+  void ShowRecentFiles(const QStringList& paths);
+
+  // Draws the icons of the tool bar in the colours of the desktop, which can change from light to
+  // dark while the program runs.
+  void ShowToolIcons();
+
+ signals:
+  // The user has chosen one of the files opened last.
+  void RecentFileChosen(const QString& path);
+
+ private:
+  QAction* Add(QWidget* place, CommandId id, const QString& text);
+  void AddRows(std::span<const MenuRow> rows, QList<QAction*>* menus,
+               const QList<QAction*>& viewEntries);
+  void BuildToolBar();
+  QMenu* BuildPrinterMenu();
+  void BindKeys();
+
+  MainWindow* window_;
+  QToolBar* toolBar_ = nullptr;
+  QList<QAction*> emptyMenus_;    // menus of the bar while no view is open
+  QList<QAction*> workingMenus_;  // and with a view
+  std::map<CommandId, std::vector<QAction*>> actions_;
+  QMenu* recentMenu_ = nullptr;
+  QAction* recentPlace_ = nullptr;  // the entry that the recent files replace
+  std::vector<QAction*> recentEntries_;
+};
+
+}  // namespace tvx

@@ -1,0 +1,76 @@
+#include "desktop/status_bar.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QLabel>
+#include <QPainter>
+
+#include "platform/lock_keys.h"
+
+namespace tvx {
+
+namespace {
+
+constexpr char kReadyText[] = "Ready";
+
+// A label that shortens its text in the middle: of a long path the drive and the name remain.
+class ElidedLabel : public QLabel {
+ public:
+  using QLabel::QLabel;
+
+  QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    const QString line = text().simplified();
+    painter.drawText(contentsRect(), static_cast<int>(alignment()),
+                     fontMetrics().elidedText(line, Qt::ElideMiddle, contentsRect().width()));
+  }
+};
+
+}  // namespace
+
+StatusBar::StatusBar(QWidget* parent)
+    : QStatusBar(parent), text_(new ElidedLabel(kReadyText, this)) {
+  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // as QMainWindow makes its own
+  text_->setTextFormat(Qt::PlainText);
+  addWidget(text_, 1);
+  constexpr std::array kNames = {"CAP", "NUM", "SCRL"};
+  for (size_t i = 0; i < kNames.size(); ++i) {
+    lockKeys_[i] = new QLabel(kNames[i], this);
+    addPermanentWidget(lockKeys_[i]);
+  }
+  ShowLockKeys();
+  qApp->installEventFilter(this);
+}
+
+void StatusBar::ShowText(const QString& text) {
+  text_->setText(text);
+}
+
+void StatusBar::SetPath(const QString& path) {
+  if (path == path_) return;
+  path_ = path;
+  ShowPath();
+}
+
+void StatusBar::ShowPath() {
+  text_->setText(path_.isEmpty() ? kReadyText : path_);
+}
+
+void StatusBar::ShowLockKeys() {
+  const std::array<bool, 3> lit = LockKeys();
+  for (size_t i = 0; i < lit.size(); ++i) lockKeys_[i]->setEnabled(lit[i]);
+}
+
+// The system reports no change of a lock: it is read after each key, and when the window comes to
+// the front.
+bool StatusBar::eventFilter(QObject* watched, QEvent* event) {
+  const bool isKey = event->type() == QEvent::KeyRelease || event->type() == QEvent::FocusIn;
+  const bool isActivation = watched == window() && event->type() == QEvent::ActivationChange;
+  if ((watched->isWindowType() && isKey) || isActivation) ShowLockKeys();
+  return QStatusBar::eventFilter(watched, event);
+}
+
+}  // namespace tvx

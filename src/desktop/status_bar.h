@@ -1,0 +1,39 @@
+// The status bar of the main window: a text, in which a path gives way in its middle, and the three
+// keys that lock.
+#pragma once
+
+#include <QStatusBar>
+#include <array>
+
+class QLabel;
+
+namespace tvx {
+
+class StatusBar : public QStatusBar {
+  Q_OBJECT
+
+ public:
+  explicit StatusBar(QWidget* parent);
+
+  // Shows a text until the next one.
+  void ShowText(const QString& text);
+
+  // Sets the path that is shown while there is no other text; empty shows "Ready". A path that is
+  // already set leaves the text as it is.
+  void SetPath(const QString& path);
+
+  // Shows the path again in place of the text of the last command.
+  void ShowPath();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void ShowLockKeys();
+
+  QLabel* text_;
+  QString path_;
+  std::array<QLabel*, 3> lockKeys_{};
+};
+
+}  // namespace tvx
