@@ -1,18 +1,17 @@
-# The one place of compiler flags: every target links tvx_flags.
+# All compiler flags. Every target links tvx_flags.
 add_library(tvx_flags INTERFACE)
 
 target_compile_options(tvx_flags INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Werror
-  # clang counts signs to -Wconversion, g++ does not: what is clean in one build is so in the other.
+  # clang includes sign conversions in -Wconversion, g++ does not. Off, so that both check the same.
   $<$<CXX_COMPILER_ID:Clang>:-Wno-sign-conversion>
-  # The order and rounding of every float operation is part of the result: a multiply and an add
-  # must stay two operations.
+  # Order and rounding of float operations affect the results: a multiply and an add must not be fused.
   -ffp-contract=off
-  # Nobody asks errno about a square root, and the call that would set it spills the registers of
-  # every walk that takes one. No result changes.
+  # No code reads errno after a square root, and the call that sets it would spill registers in every walk.
+  # Results do not change.
   -fno-math-errno)
 
-# Release is -O2 with the assertions of the program left in: a clear stop beats a wrong feed.
+# Release is -O2 with assertions enabled: a clear stop is better than a wrong feed.
 set(CMAKE_CXX_FLAGS_RELEASE "-O2")
 
 if(TVX_SANITIZE)

@@ -3,10 +3,9 @@
 
 usage: examples/generate.py [--check]
 
-Three tool paths are written in both line formats, word-address (.nc) and conversational (.hnc), so
-the same moves can be compared; the other programs have one form. A condition file and a job list go
-with them. --check writes nothing and fails if a file of the folder is not what this program would
-write.
+Three tool paths are written in both line formats, word-address (.nc) and conversational (.hnc), so that
+the same moves can be compared. The other programs have one format. The script also writes a condition
+file and a job list. --check writes nothing and fails if a file differs from the generated one.
 """
 import math
 import pathlib
@@ -14,10 +13,10 @@ import sys
 
 HERE = pathlib.Path(__file__).resolve().parent
 SAFE_Z = 20.0
-RAPID_WORD = 9999  # the conversational format takes any feed above 2000 for a rapid
+RAPID_WORD = 9999  # in the conversational format a feed above 2000 is a rapid
 
 
-# A tool path is a list of moves; an arc names its centre, and `by_radius` how it is written.
+# A tool path is a list of moves. An arc has a centre; `by_radius` selects how it is written.
 
 
 def rapid(x=None, y=None, z=None):
@@ -29,7 +28,7 @@ def cut(x=None, y=None, z=None, feed=None):
 
 
 def arc(turn, x, y, centre, z=None, by_radius=False):
-    """turn is "cw" or "ccw". By radius, only arcs of up to half a circle."""
+    """`turn` is "cw" or "ccw". An arc by radius must not exceed half a circle."""
     return {"kind": turn, "x": x, "y": y, "z": z, "centre": centre, "by_radius": by_radius}
 
 
@@ -38,7 +37,7 @@ def thousandths(value):
 
 
 class Position:
-    """The last position written, in thousandths, so that a word is left out if it prints the same."""
+    """The last position written, in thousandths. A word that would repeat its value is left out."""
 
     def __init__(self):
         self.axes = {"x": None, "y": None, "z": None}
@@ -62,7 +61,7 @@ class Position:
 
 
 def word_number(value):
-    """1500 -> "1.5", 2000 -> "2.", the way a post-processor trims."""
+    """1500 -> "1.5", 2000 -> "2.", as a post-processor writes numbers."""
     sign = "-" if value < 0 else ""
     whole, fraction = divmod(abs(value), 1000)
     return f"{sign}{whole}." + f"{fraction:03d}".rstrip("0")
@@ -101,7 +100,7 @@ def word_lines(moves):
 def word_program(number, title, moves):
     lines = ["%", f"O{number:04d}", f"({title})", "G21G17G40G49G80", "G90G54", "T1M6", "S8000M3"]
     lines += word_lines(moves)
-    # The last move is a rapid, so the words of the program end meet no arc in force.
+    # The last move is a rapid, so no arc is modal in the lines of the program end.
     return lines + ["M5", "M9", "M30", "%"]
 
 
@@ -115,7 +114,7 @@ def signed_number(value):
 
 
 def half_turns(start, z, move):
-    """A full turn as two half ones: this format has no other way to name its centre."""
+    """A full circle as two half circles: this format cannot specify the centre of a full circle."""
     cx, cy = move["centre"]
     end_z = move["z"]
     middle_z = None if end_z is None else (z + end_z) / 2
@@ -184,7 +183,7 @@ def approach(x, y, z, feed):
 
 
 def finishing_raster():
-    """Parallel passes of a ball cutter over a gently waved face."""
+    """Parallel passes of a ball cutter over a wavy surface."""
     length, width, step, stepover, feed = 60.0, 24.0, 1.0, 0.8, 1200
 
     def height(x, y):
@@ -204,7 +203,7 @@ def finishing_raster():
 
 
 def rounded_ring(centre, half_x, half_y, radius, by_radius, feed):
-    """One turn clockwise along a rectangle with round corners, from the middle of its left side."""
+    """One clockwise pass along a rectangle with rounded corners, from the middle of its left side."""
     cx, cy = centre
     left, right, low, high = cx - half_x, cx + half_x, cy - half_y, cy + half_y
 
@@ -225,7 +224,7 @@ def rounded_ring(centre, half_x, half_y, radius, by_radius, feed):
 
 
 def pocket_arcs():
-    """A pocket opened by a helix and cleared in rings, and four bores milled in full circles."""
+    """A pocket, entered with a helix and cleared in rings, and four bores milled with full circles."""
     centre, feed = (45.0, 30.0), 900
     moves = [rapid(z=SAFE_Z)]
     for level in range(1, 6):
@@ -250,7 +249,7 @@ def pocket_arcs():
 
 
 def steep_walls():
-    """Passes across a block with walls of 75 degrees and one that drops straight down."""
+    """Passes across a block with walls of 75 degrees and one vertical wall."""
     feed, floor, step = 1500, -15.0, 1.0
     slope = math.tan(math.radians(75.0))
     foot, top = 10.0, 10.0 + 15.0 / slope
@@ -263,7 +262,7 @@ def steep_walls():
         return points
 
     def thinned(points):
-        """The level stretches in pieces of about a step, as a surface strategy leaves them."""
+        """Splits level sections into pieces of about `step`, as a surface strategy does."""
         for (x0, z0), (x1, z1) in zip(points, points[1:]):
             pieces = max(1, round((x1 - x0) / step)) if z0 == z1 else 1
             for piece in range(1, pieces + 1):
@@ -280,22 +279,22 @@ def steep_walls():
     return moves, ((0, 0, -15), (50, 15, 0))
 
 
-# A cavity with a boss, all walls 75 degrees: the surface that one program finishes and the other
-# clears the way to.
+# A cavity with a boss; all walls have a slope of 75 degrees. One program roughs this surface, another
+# finishes it.
 CAVITY_FLOOR = -12.0
 WALL_SLOPE = math.tan(math.radians(75.0))
 
 
 def cavity_height(x, y):
-    inside = min(x - 6.0, 74.0 - x, y - 6.0, 54.0 - y)  # from the upper edge of the walls inwards
+    inside = min(x - 6.0, 74.0 - x, y - 6.0, 54.0 - y)  # distance inwards from the upper edge of the walls
     wall = max(CAVITY_FLOOR, -max(0.0, inside) * WALL_SLOPE)
-    outside = max(abs(x - 40.0) - 8.0, abs(y - 30.0) - 6.0)  # from the boss outwards
+    outside = max(abs(x - 40.0) - 8.0, abs(y - 30.0) - 6.0)  # distance outwards from the boss
     boss = -3.0 - max(0.0, outside) * WALL_SLOPE
     return max(wall, boss)
 
 
 def straightened(points):
-    """The points without those that lie on the line between their neighbours."""
+    """Removes the points that are on the line between their neighbours."""
     kept = [points[0]]
     for point, after in zip(points[1:], points[2:]):
         (x0, z0), (x1, z1), (x2, z2) = kept[-1], point, after
@@ -305,7 +304,7 @@ def straightened(points):
 
 
 def cavity_finishing():
-    """Passes along X over all of the cavity, half a millimetre apart."""
+    """Passes along X over the whole cavity, 0.5 mm apart."""
     feed = 1500
     moves = approach(0.0, 0.0, 0.0, feed)
     for row in range(121):
@@ -316,11 +315,11 @@ def cavity_finishing():
 
 
 def cavity_roughing():
-    """The same cavity cleared level by level, in rows that stay off the surface."""
+    """Clears the same cavity level by level, in rows with an allowance to the surface."""
     feed, allowance, stepover = 2400, 0.6, 3.0
     moves = [rapid(z=SAFE_Z)]
     for level in (-2.0, -4.0, -6.0, -8.0, -10.0, -12.0):
-        wall = -level / WALL_SLOPE + allowance  # width of the walls above the level
+        wall = -level / WALL_SLOPE + allowance  # horizontal width of the walls above the level
         boss = (-3.0 - level) / WALL_SLOPE + allowance
         left, right, low, high = 6.0 + wall, 74.0 - wall, 6.0 + wall, 54.0 - wall
         for row in range(int((high - low) / stepover) + 1):
@@ -337,7 +336,7 @@ def cavity_roughing():
 
 
 def corner_fan():
-    """Straight moves of one length whose headings turn by 15 degrees more at each corner."""
+    """Straight moves of equal length; each corner turns by 15 degrees more than the one before."""
     x, y, moves = 0.0, 0.0, approach(0.0, 0.0, -1.0, 1000)
     for heading in (0, 15, -15, 30, -30, 45, -45, 0):
         x += 24.0 * math.cos(math.radians(heading))
@@ -367,7 +366,7 @@ def arc_bends():
         angle = math.radians(heading)
         x, y = x + 20.0 * math.cos(angle), y + 20.0 * math.sin(angle)
         moves.append(cut(x, y, feed=1000))
-        side = radius if heading < 0 else -radius  # of the centre: left of the path or right
+        side = radius if heading < 0 else -radius  # offset of the centre: left or right of the path
         centre = (x - side * math.sin(angle), y + side * math.cos(angle))
         heading = -heading
         angle = math.radians(heading)
@@ -378,7 +377,7 @@ def arc_bends():
 
 
 def incremental_slots():
-    """Slots of equal form, each written by increments from the one before."""
+    """Slots of equal shape, written in incremental mode."""
     lines = ["%", "O0104", "(INCREMENTAL SLOTS)", "G21G17G40", "G90G54", "T3M6", "S6000M3"]
     lines += ["G00Z20.", "G00X10.Y10.", "Z1."]
     for slot in range(8):
@@ -394,7 +393,7 @@ def incremental_slots():
 
 
 def shop_oddities():
-    """A program as it comes from the floor: edited by hand, in mixed habits, with Korean remarks."""
+    """A program from the shop floor: edited by hand, in mixed styles, with Korean comments."""
     lines = ["%", "O7001(금형 하측 코어 정삭)", "(작업자 : 홍길동   공구 : 볼엔드밀 R5)"]
     lines += ["(뷁 똠 펲)", "", "   ", "/N1 G28 G91 Z0", "N5 G90 G54 G0 X 0 Y0", "N10 T05 M06 (공구 교환)"]
     lines += ["N15 S12000 M03", "N20 G43 Z50. H05 M08", "#100=250", "N25 G00 X#100 Y0"]
@@ -447,8 +446,8 @@ CONDITION = [
 ]
 
 
-# A job list as the program writes it: on the drive X, which stands for the drive of the list, each
-# file with options of its own. The master model of the roughing is made by the run itself.
+# A job list as the program writes it: the drive X is the drive of the list, and each file has its own
+# options. The run builds the master model of the roughing program.
 JOB_DIRECTORY = "X:\\marlo\\ncdata"
 JOB_CONDITION = (
     "Afa ON TD 10.0 SD 3.0 CMIA 15.0 CMAR 0.20 SMIA 12.0 SMAR 0.25 CCC ON ZUDC ON MAT KP4M"
@@ -474,7 +473,7 @@ def job_list(sizes):
 
 
 def all_files():
-    """Name and bytes of every file."""
+    """Yields the name and the bytes of every file."""
     sizes = {}
     for name, lines in programs():
         data = file_bytes(lines)
@@ -489,7 +488,7 @@ def file_bytes(lines):
 
 
 def programs():
-    """Name and lines of every program."""
+    """Yields the name and the lines of every program."""
     paths = {
         "finishing_raster": (101, "FINISHING RASTER", finishing_raster()),
         "pocket_arcs": (102, "POCKET WITH ARCS", pocket_arcs()),
@@ -500,7 +499,7 @@ def programs():
         yield f"{name}.hnc", conversational_program(name.upper(), moves, stock)
     yield "cavity_finishing.nc", word_program(106, "CAVITY FINISHING", cavity_finishing())
     yield "cavity_roughing.nc", word_program(107, "CAVITY ROUGHING", cavity_roughing())
-    # Small ones that show what single parameters of the feed adjustment do.
+    # Small programs that show the effect of single parameters of the feed adjustment.
     yield "corner_fan.nc", word_program(108, "CORNER FAN", corner_fan())
     yield "slope_hills.nc", word_program(109, "SLOPE HILLS", slope_hills())
     yield "arc_bends.nc", word_program(110, "ARC BENDS", arc_bends())

@@ -5,7 +5,7 @@ import shlex
 PROGRAMS_PER_CASE = 10  # half of them in each line format
 PICTURES = ("emf", "svg", "png")
 
-# The fields that change what a program becomes, each with values at and around its limits.
+# Fields that affect the result of a program, with values at and near their limits.
 SETTINGS = {
     "MaxFeed": "1 80 1000 2400 4999 12000", "PlungeFeed": "1 20 400 3000",
     "RapidFeed": "1000 5000 10000", "SafetyDistance": "0 0.5 1 3 5 20",

@@ -6,9 +6,9 @@
         screen.key("F6")
         screen.wait_for_drawing("--view", "6")
 
-No step sleeps for a fixed time: each waits for what the user would see, so a slow machine makes a road
-longer and not red. A Failure says what did not come, and the screen of that moment is left as
-failure.png in the folder of the road.
+No step sleeps for a fixed time. Each step waits for a visible change, so a scenario takes longer on a slow
+machine but does not fail. A Failure names what did not happen; the screen at that moment is saved as
+failure.png in the folder of the scenario.
 """
 import array
 import functools
@@ -24,7 +24,7 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 EXAMPLES = ROOT / "examples"
 TOOLS = ("Xvfb", "openbox", "xdotool", "import")
 
-PATIENCE = 20.0  # seconds after which what is waited for counts as missing
+PATIENCE = 20.0  # seconds; a step that waits longer fails
 POLL = 0.03  # seconds
 STILL = 0.25  # seconds; shorter than a cursor blinks
 
@@ -55,7 +55,7 @@ def english_texts():
 
 
 class Failure(Exception):
-    """What the user would have seen amiss."""
+    """An expected state of the screen did not appear."""
 
 
 def expect(what, condition):
@@ -85,7 +85,7 @@ class Picture:
         return self.rect == other.rect and self.pixels == other.pixels
 
     def colour(self, x, y):
-        """The colour at a point counted from the corner of the picture; None beside it."""
+        """The colour at a point relative to the corner of the picture; None outside it."""
         if not (0 <= x < self.rect.width and 0 <= y < self.rect.height):
             return None
         return self.pixels[y * self.rect.width + x] & 0xFFFFFF
@@ -94,7 +94,7 @@ class Picture:
         return self.pixels.count(self.OPAQUE | colour)
 
     def corner(self):
-        """The first column and the first row that are not wholly black."""
+        """The first column and the first row that are not completely black."""
         width, height = self.rect.width, self.rect.height
         columns = (self.pixels[x::width] for x in range(width))
         rows = (self.pixels[y * width : (y + 1) * width] for y in range(height))
@@ -103,7 +103,7 @@ class Picture:
 
 
 class Screen:
-    """An X server of its own with openbox, and the program with a home of its own in `folder`."""
+    """A separate X server with openbox, and the program with a separate home in `folder`."""
 
     WIDTH, HEIGHT = 1280, 800
 
@@ -143,7 +143,7 @@ class Screen:
         self._stop()
 
     def _choose_dark_desktop(self):
-        """The settings of a desktop that the program takes its colours from."""
+        """Writes desktop settings with a dark colour scheme, which the program uses."""
         colours = {"BackgroundNormal": "42,46,50", "BackgroundAlternate": "49,54,59",
                    "ForegroundNormal": "252,252,252", "ForegroundInactive": "161,169,177",
                    "ForegroundLink": "29,153,243", "ForegroundVisited": "155,89,182"}
@@ -161,7 +161,7 @@ class Screen:
     def _start_server(self):
         size = f"{self.WIDTH * self.scale}x{self.HEIGHT * self.scale}x24"
         read, write = os.pipe()
-        # A server that starts anew when its last client leaves would drop the one that is just coming.
+        # A server that resets when its last client leaves could drop a client that is just connecting.
         self._spawn("server", "Xvfb", "-displayfd", str(write), "-screen", "0", size,
                     "-nolisten", "tcp", "-noreset", pass_fds=[write])
         os.close(write)
@@ -193,7 +193,7 @@ class Screen:
                        capture_output=True, timeout=PATIENCE)
 
     def _ask(self, *arguments):
-        """What xdotool answers, or None while it cannot."""
+        """The output of xdotool, or None if it fails."""
         run = subprocess.run(["xdotool", *arguments], env=self.environment, capture_output=True,
                              text=True, timeout=PATIENCE, check=False)
         return run.stdout.strip() if run.returncode == 0 else None
@@ -201,7 +201,7 @@ class Screen:
     # --- waiting -------------------------------------------------------------------------------
 
     def wait_until(self, what, condition):
-        """Polls until the condition holds and gives its value."""
+        """Polls until the condition is true and returns its value."""
         end = time.monotonic() + PATIENCE
         while True:
             value = condition()
@@ -215,26 +215,26 @@ class Screen:
             time.sleep(POLL)
 
     def active_window(self):
-        """The number of the window that has the keys."""
+        """The number of the window with the keyboard focus."""
         return self._ask("getactivewindow")
 
     def title(self):
-        """The title of the window that has the keys."""
+        """The title of the window with the keyboard focus."""
         return self._ask("getactivewindow", "getwindowname")
 
     def text(self, korean):
-        """A text of the program as this screen has it."""
+        """A text of the program in the language of this screen."""
         return english_texts().get(korean, korean) if self.language == "en" else korean
 
     def wait_for_window(self, title):
-        """Waits until the window of this title has the keys: what is typed before goes elsewhere. The
-        title is named in Korean, whatever the language of the screen."""
+        """Waits until the window with this title has the keyboard focus; earlier keys would go to another
+        window. The title is given in Korean, whatever the language of the screen."""
         title = self.text(title)
         self.wait_until(f"the window “{title}” (“{self.title()}” has the keys)",
                         lambda: self.title() == title)
 
     def wait_for_change(self, what, before):
-        """Waits until the view shows another picture and gives it."""
+        """Waits until the view shows a different picture and returns it."""
         return self.wait_until(what, lambda: (now := self.view()) != before and now)
 
     # --- keys and mouse ------------------------------------------------------------------------
@@ -243,7 +243,7 @@ class Screen:
         self._xdotool("key", "--delay", 4, *keys)
 
     def menu(self, name, *keys):
-        """Opens a menu from the nearer end of the bar and goes on with keys in it."""
+        """Opens a menu from the nearer end of the menu bar and presses keys in it."""
         place = MENUS.index(name)
         ways = ["Right"] * place if place < 4 else ["Left"] * (len(MENUS) - place)
         for step in (["alt+f", *ways], keys):
@@ -255,12 +255,12 @@ class Screen:
         self._xdotool("type", "--delay", 2, text)
 
     def fill(self, text):
-        """Types over what the field with the keys holds."""
+        """Replaces the text of the field with the focus."""
         self.key("ctrl+a")
         self.type(text)
 
     def move_to(self, x, y):
-        """The mouse, to a point counted from the corner of the view."""
+        """Moves the mouse to a point relative to the corner of the view."""
         self._xdotool("mousemove", self.view_rect.left + x, self.view_rect.top + y)
 
     def click(self, x, y, button=1):
@@ -287,7 +287,7 @@ class Screen:
         return self.picture(self.view_rect)
 
     def wait_until_still(self):
-        """Waits until the whole screen stays as it is for a moment."""
+        """Waits until the whole screen does not change for a moment."""
         whole = Rect(0, 0, self.WIDTH * self.scale, self.HEIGHT * self.scale)
         last = [self.picture(whole), time.monotonic()]
 
@@ -300,13 +300,13 @@ class Screen:
         self.wait_until("the screen stays as it is", is_still)
 
     def save(self, name, window="root"):
-        """The whole screen, or a window with its frame, as a file in the folder of the road."""
+        """Saves the whole screen, or a window with its frame, in the folder of the scenario."""
         subprocess.run(["import", "-silent", "-frame", "-window", window, self.folder / name],
                        env=self.environment, check=False, timeout=PATIENCE)
 
     def drawing(self, *options, program):
-        """Points and colours of a drawing as the command-line tool works them out: for each end of a
-        line inside the view its place, and the colour of the last line that touches it."""
+        """Points and colours of a drawing, computed by the command-line tool: each end point of a line
+        inside the view, with the colour of the last line that touches it."""
         size = f"{self.view_rect.width}x{self.view_rect.height}"
         run = subprocess.run([self.tool, "--home", self.home, "draw", "--size", size, *options,
                               program], capture_output=True, check=True, text=True,
@@ -326,8 +326,8 @@ class Screen:
         return [(x, y, colour) for x, y, colour in placed if 0 <= x < width and 0 <= y < height]
 
     def shows(self, drawing):
-        """Whether nearly all points of a drawing have their colour in the view: some are crossed by
-        a line that is drawn later."""
+        """True if at least 90 % of the points have their colour in the view. A few are crossed by a line
+        that is drawn later."""
         view = self.view()
         right = sum(view.colour(x, y) == colour for x, y, colour in drawing)
         return 0 < 0.9 * len(drawing) <= right
@@ -346,7 +346,7 @@ class Screen:
         self.wait_until("the black view", self._find_view)
 
     def _find_view(self):
-        """The black area at the left edge; an empty view shows nothing but the axes in its middle."""
+        """Finds the black area at the left edge. An empty view shows only the axes in its middle."""
         whole = self.picture(Rect(0, 0, self.WIDTH * self.scale, self.HEIGHT * self.scale))
         is_black = lambda x, y: whole.colour(x, y) == 0
         top = bottom = whole.rect.height // 2
@@ -360,11 +360,11 @@ class Screen:
         while is_black(right, top):
             right += 1
         self.view_rect = Rect(0, top, right, bottom - top)
-        # A window that has not been painted yet is black all over, without axes.
+        # A window that has not been painted yet is completely black, without axes.
         return any(whole.colour(x, y) == WHITE for y in range(top, bottom) for x in range(right))
 
     def leave(self):
-        """Ends the program by the menu."""
+        """Ends the program with the menu."""
         program = self._processes.pop()
         self.key("alt+f", "x")
         try:
@@ -375,16 +375,16 @@ class Screen:
         expect(f"the program ends well, not with {status}", status == 0)
 
     def choose_file(self, path, over):
-        """Types a file into the chooser that opens over the window of this title, and waits until
-        that has the keys again."""
+        """Types a file name into the chooser that opens over the window with this title, and waits until
+        the window has the focus again."""
         self.wait_until(f"a file chooser over “{over}”", lambda: self.title() not in (over, "", None))
         self.fill(str(path))
         self.key("Return")
         self.wait_for_window(over)
-        self.wait_until_still()  # keys that come while the chooser goes are lost
+        self.wait_until_still()  # keys are lost while the chooser closes
 
     def load(self, program):
-        """Loads a program by the menu and the file chooser."""
+        """Loads a program with the menu and the file chooser."""
         self.key("alt+f", LOAD_LETTERS[self.language])
         self.wait_for_window("불러오기")
         self.fill(str(program))

@@ -1,12 +1,12 @@
-"""The road of one file: Ctrl+T, the send options typed in, the adjusted path on the screen, the file
-information, the recorded result and its picture, the list of results and its report. Then the same with the
+"""One file from Ctrl+T to the report: the send options, the adjusted path on the screen, the file
+information, the recorded result with its picture, the list of results and its report. Then the same with
 pictures switched off."""
 import shutil
 
 from driver import EXAMPLES, expect
 
-# What the record holds after the typing: the lowest feed over the highest for corners, the same for
-# slopes, and as plunge feed the highest one of before.
+# The parameters after typing: both ratios are lowest feed / highest feed, and the plunge feed is the
+# former highest feed.
 TYPED = ("--afa", "--set", "MaxFeed=2000", "--set", "CornerMaxRatio=0.2", "--set",
          "SlopeMaxRatio=0.2", "--set", "PlungeFeed=1000")
 
@@ -42,7 +42,7 @@ def wait_for_main_window(screen):
 
 
 def type_options(screen, lowest, highest):
-    """The keys start in the lowest feed; the highest one is the next field."""
+    """The focus starts in the lowest feed; the highest feed is the next field."""
     screen.key("ctrl+t")
     screen.wait_for_window("전송 dialog")
     screen.fill(lowest)
@@ -58,26 +58,26 @@ def record(screen):
 
 
 def write_report(screen, report):
-    """By the list of results: "화일 출력" is the seventh control behind the list of files."""
+    """From the list of results: "화일 출력" is the seventh control after the list of files."""
     screen.key("alt+f", "Right", "Down", "Down", "Down", "Return")
     screen.wait_for_window("TVX 출력")
     screen.key("Down", *["Tab"] * 7, "space")
     screen.choose_file(report, over="TVX 출력")
     lines = report.read_bytes().decode("cp949").split("\r\n")
     expect("the report names the file", any("part.nc" in line for line in lines))
-    expect("the report tells the highest feed", any("2000" in line for line in lines))
+    expect("the report contains the highest feed", any("2000" in line for line in lines))
     screen.key("Escape")
     wait_for_main_window(screen)
 
 
 def is_metafile(path):
-    """Complete: the header tells the number of its bytes."""
+    """True if the file is complete: its header contains the number of its bytes."""
     data = path.read_bytes() if path.exists() else b""
     return data[40:44] == b" EMF" and int.from_bytes(data[48:52], "little") == len(data)
 
 
 def switch_pictures_off(screen):
-    """By the command pad, whose last button but one opens the settings."""
+    """With the command pad, whose last but one button opens the settings."""
     screen.click(screen.view_rect.width // 2, 20)
     screen.wait_for_window("TVX  Dialog")
     screen.key("shift+Tab", "shift+Tab", "space")

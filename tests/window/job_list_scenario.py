@@ -1,6 +1,6 @@
-"""A whole job by the keys alone: three files with different options, key codes on one of them, the saved
-list, and the run, of which the window then shows the last file and the list of results all three. The job
-list file written from there is read again by the job dialog, opened from the command pad."""
+"""A job list with the keyboard: three files with different options, key codes on one of them, the saved
+list, and the run. The window then shows the last file, and the list of results shows all three. The job
+dialog, opened from the command pad, reads the job list file that is written from the results."""
 import shutil
 
 from driver import EXAMPLES, expect
@@ -8,7 +8,7 @@ from driver import EXAMPLES, expect
 PROGRAMS = ("cavity_roughing.nc", "finishing_raster.nc", "pocket_arcs.nc", "steep_walls.nc")
 RASTER, POCKET, WALLS = 1, 2, 3  # rows of the file list
 
-# What Tab goes through in the job dialog.
+# The tab order of the job dialog.
 STOPS = ("tree", "files", "mask", "삽입", "삭제", "청소", "화일정보", "미리보기", "편집", "저장", "읽기", "TVX",
          "화일확장자", "jobs", "information", "K추가", "K삽입", "K삭제", "K수정", "K저장", "K읽기", "M30삭제",
          "재전송", "AFA 설정", "전송", "전송 취소")
@@ -32,20 +32,20 @@ LINES = [
 
 
 class Keys:
-    """The keys in the job dialog, which starts at the tree."""
+    """Keyboard control of the job dialog. The focus starts in the tree."""
 
     def __init__(self, screen):
         self.screen, self.at = screen, 0
 
     def go(self, stop, *keys):
-        """Tabs to a control, the shorter way round, and presses keys there."""
+        """Moves the focus to a control in the shorter direction and presses keys there."""
         place = STOPS.index(stop)
         tab = "Tab" if place > self.at else "shift+Tab"
         self.screen.key(*[tab] * abs(place - self.at), *keys)
         self.at = place
 
     def insert(self, row):
-        """Selects a row of the file list and puts it at the end of the job."""
+        """Selects a row of the file list and appends it to the job."""
         self.go("files", "Home", *["Down"] * row, "Return")
 
 
@@ -86,7 +86,7 @@ def run(screen, picture=lambda name: None):
 
 
 def reads_its_job_list_again(screen, job):
-    """The saved list has gone, so what is saved is what was read."""
+    """The saved list is deleted first, so the new one contains what was read."""
     (screen.home / "drive_c" / "marlo" / "FList1.txt").unlink()
     screen.click(screen.view_rect.width // 2, 20)
     screen.wait_for_window("TVX  Dialog")
@@ -105,7 +105,7 @@ def reads_its_job_list_again(screen, job):
 
 
 def set_condition(screen, keys, picture):
-    """A higher feed for the files to come."""
+    """Sets a higher feed for the next files."""
     keys.go("AFA 설정", "space")
     screen.wait_for_window("전송 dialog")
     screen.fill("600")
@@ -127,7 +127,7 @@ def set_restart(screen, keys, picture):
 
 
 def add_key_codes(screen, keys, picture):
-    """Two of them to the second entry."""
+    """Adds two key codes to the second entry."""
     keys.go("jobs", "Home", "Down")
     for code in ("G54", "M03"):
         keys.go("K추가", "space")
@@ -149,7 +149,7 @@ def saved_list(screen):
 
 
 def shows_the_last_file(screen):
-    """With the options of its line."""
+    """The window shows the last file, adjusted with the options of its line."""
     program = screen.data / "steep_walls.nc"
     options = {"MaxFeed": 2400, "PlungeFeed": 1000, "CornerMaxRatio": 0.25, "SlopeMaxRatio": 0.25}
     settings = [word for name, value in options.items() for word in ("--set", f"{name}={value}")]

@@ -1,5 +1,5 @@
-"""The path on the screen: loading by the menu, its feed colours before and after the adjustment, the
-keys and the mouse of the view. Where lines have to be comes from the command-line tool."""
+"""The path on the screen: loading with the menu, feed colours before and after the adjustment, keys and
+mouse of the view. The command-line tool computes the expected lines."""
 from driver import EXAMPLES, GREEN, PENS, RED, WHITE, expect
 
 PROGRAM = EXAMPLES / "finishing_raster.nc"
@@ -12,22 +12,22 @@ def run(screen):
     programmed_feeds_have_their_colours(screen)
     keys_turn_and_pan(screen)
     function_keys_choose_the_view(screen)
-    rapids_go_and_come(screen)
+    rapids_can_be_hidden(screen)
     right_button_zooms(screen)
     adjusted_feeds_have_their_colours(screen)
 
 
 def programmed_feeds_have_their_colours(screen):
-    """One feed all over but for the plunge, which is slow; the rapids are red as well."""
+    """All moves have one feed except the plunge, which is slow; the rapids are red too."""
     view = screen.view()
     expect("the path is white", view.count(WHITE) > 5000)
     expect("the plunge and the rapids are red", view.count(RED) > 100)
     for name in ("penLightGrey", "penDarkGreen", "penBlue", "penDarkBlue"):
-        expect(f"nothing is drawn with {name}", view.count(PENS[name]) < 10)  # but the edge of a letter
+        expect(f"nothing is drawn with {name}", view.count(PENS[name]) < 10)  # only the edge of a letter
 
 
 def keys_turn_and_pan(screen):
-    """The second key of a pair brings back the very same picture."""
+    """The second key of a pair restores exactly the same picture."""
     start = screen.view()
     left, top = start.corner()
     moved = {
@@ -46,7 +46,7 @@ def keys_turn_and_pan(screen):
 
 
 def function_keys_choose_the_view(screen):
-    """A view leaves scale and place alone, so the fit of F8 follows."""
+    """A view key does not change scale and position, so F8 follows."""
     for number in (1, 2, 3, 5, 7, 6):
         drawing = screen.drawing("--view", str(number), program=PROGRAM)
         expect(f"view {number} is not shown yet", not screen.shows(drawing))
@@ -54,8 +54,8 @@ def function_keys_choose_the_view(screen):
         screen.wait_until(f"F{number} and F8 show view {number}", lambda: screen.shows(drawing))
 
 
-def rapids_go_and_come(screen):
-    """The rapid down to the start of the path is dashed and red, as the plunge below it is."""
+def rapids_can_be_hidden(screen):
+    """The rapid down to the start of the path is dashed and red, like the plunge below it."""
     start = screen.view()
     screen.key("F10")
     without = screen.wait_for_change("F10 hides the rapids", start)
@@ -65,7 +65,7 @@ def rapids_go_and_come(screen):
 
 
 def right_button_zooms(screen):
-    """11 by 11 pixels are a zoom; 11 by 10 are a click, which fits."""
+    """A drag of 11 by 11 pixels zooms; a drag of 11 by 10 counts as a click and fits the path."""
     fitted = screen.view()
     left, top = screen.view_rect.width // 2, screen.view_rect.height // 2
     right, bottom = left + 11, top + 11
@@ -90,7 +90,7 @@ def rubber_band(screen, left, top, right, bottom):
 
 
 def adjusted_feeds_have_their_colours(screen):
-    """With the options as they stand: slower where the path bends."""
+    """With the current options: slower where the path turns."""
     screen.key("ctrl+t")
     screen.wait_for_window("전송 dialog")
     screen.key("Return")
