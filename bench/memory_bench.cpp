@@ -29,7 +29,7 @@ double MemoryFigure(std::string_view name) {
     std::from_chars(line.data() + digits, line.data() + line.size(), kilobytes);
     return kilobytes * 1024;
   }
-  Require(false, "the system does not tell the memory of a process");
+  Require(false, "the system does not report the memory of a process");
   return 0;
 }
 
