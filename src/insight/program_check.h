@@ -1,0 +1,60 @@
+// The program check: reads a program once more with the parser of the loader and lists by source
+// line what path and figures leave out or understand otherwise than a machine. It changes nothing.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "insight/remarks.h"
+#include "model/loader.h"
+#include "platform/files.h"
+
+namespace tvx {
+
+// What a load starts from, and with it the check of the same program. Take it before the load.
+struct LoadStart {
+  ParserStates states;
+  float arcRadius = 0;  // mm
+};
+
+LoadStart TakeLoadStart(const NcProgram& program, const ParserStates& states);
+
+struct CheckOptions {
+  // How many remarks of each id are stored; the others are only counted. A remark takes some 50
+  // bytes, so a program of any size takes at most some 13 MB.
+  size_t storedPerId = 10'000;
+  // How many blocks the store of the load can hold.
+  uint32_t storeCapacity = BlockStore::kMaxPages * BlockStore::blocksPerPage;
+};
+
+// The check of one program in steps, for callers with other work to do between them.
+class ProgramChecker {
+ public:
+  // Opens the program, a drive path, with the settings of the job under which it was loaded.
+  // `files` has to outlive the object.
+  ProgramChecker(const std::string& path, const LoadStart& start, const JobRecord& job,
+                 Files* files, const CheckOptions& options = {});
+  ~ProgramChecker();
+  ProgramChecker(const ProgramChecker&) = delete;
+  ProgramChecker& operator=(const ProgramChecker&) = delete;
+
+  // False if the program cannot be opened or is no plain file. There is nothing to check then.
+  bool IsOpen() const;
+  // Checks up to so many further lines. Returns false once the program has ended; only then is the
+  // result complete.
+  bool CheckMore(uint64_t lines);
+  const ProgramCheck& Result() const;
+
+ private:
+  class Work;
+  std::unique_ptr<Work> work_;
+};
+
+// Checks a whole program. False, with *check alone, if it cannot be opened. Otherwise as
+// ProgramChecker.
+bool CheckProgram(const std::string& path, const LoadStart& start, const JobRecord& job,
+                  Files* files, ProgramCheck* check, const CheckOptions& options = {});
+
+}  // namespace tvx
