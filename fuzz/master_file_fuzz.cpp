@@ -5,7 +5,7 @@
 #include "feed/master_pass.h"
 #include "feed/master_picture.h"
 #include "fuzz_world.h"
-#include "model/loader.h"
+#include "model/nc_program.h"
 
 namespace {
 

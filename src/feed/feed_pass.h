@@ -8,7 +8,7 @@
 #include "feed/corner_search.h"
 #include "feed/master_grid.h"
 #include "model/job_record.h"
-#include "model/loader.h"
+#include "model/nc_program.h"
 
 namespace tvx {
 

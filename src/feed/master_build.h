@@ -6,7 +6,7 @@
 #include <span>
 
 #include "feed/master_grid.h"
-#include "model/loader.h"
+#include "model/nc_program.h"
 #include "platform/user_interface.h"
 
 namespace tvx {

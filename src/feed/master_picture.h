@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "feed/master_grid.h"
-#include "model/loader.h"
+#include "model/nc_program.h"
 
 namespace tvx {
 

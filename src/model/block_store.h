@@ -96,9 +96,7 @@ class BlockStore {
   // The stored record as it stands, without the repair and without touching the register; null for
   // an index that ReadBlock would not read. For listings and for walks over millions of blocks
   // whose records are known to have been read before.
-  const MotionBlock* Peek(uint32_t index) const {
-    return const_cast<BlockStore*>(this)->StoredRecord(index);
-  }
+  const MotionBlock* Peek(uint32_t index) const { return StoredRecord(index); }
 
   // The stored record after the repair that a read would make, without touching the register; null
   // as for Peek. For walks over whole programs: a look costs less than a copy.
@@ -145,7 +143,7 @@ class BlockStore {
     block->type = BlockNone;
   }
 
-  MotionBlock* StoredRecord(uint32_t index) {
+  MotionBlock* StoredRecord(uint32_t index) const {
     if (index >= blockCount) return nullptr;
     const uint32_t page = index / blocksPerPage;
     // A count can run one ahead of the pages when an arc's second record found no memory.

@@ -1,16 +1,18 @@
 #pragma once
 
+#include "model/job_record.h"
 #include "model/line_parser.h"
+#include "model/line_reader.h"
 
 namespace tvx {
 
 // The conversational format.
 class ConversationalParser final : public LineParser {
  public:
-  explicit ConversationalParser(const ParserContext& context)
-      : LineParser(context, &context.states->conversational) {}
+  ConversationalParser(NcProgram* program, ParserStates* states, const JobRecord& /*job*/)
+      : LineParser(program, &states->conversational) {}
 
-  // As ParseConversationalLine.
+  // A line that was cut is parsed like any other.
   int Parse(const NcLine& line) {
     if (line.hasComment && Holds(line.text, "(")) return 0;
     Begin();

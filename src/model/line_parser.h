@@ -1,3 +1,4 @@
+// The base of the two parsers.
 #pragma once
 
 #include <array>
@@ -8,13 +9,19 @@
 
 #include "base/numbers.h"
 #include "model/arc_geometry.h"
+#include "model/nc_program.h"
 #include "model/number_token.h"
-#include "model/parser.h"
+#include "model/parser_state.h"
 
 namespace tvx {
 
-// What the parsers of both formats share. A parser works on copies of the register, the modal state
-// and the arc offset, so that line after line finds them at hand; Save hands them back.
+// What the parsers of both formats share. A parser works on copies of the program's register and
+// settings and of the modal state, so that line after line finds them at hand; Save writes them
+// back.
+//
+// The Parse of each format takes one line, up to its first zero byte. It returns 1 if the register
+// holds a block to store, whose I and J are the centre's offset from the start point for an arc,
+// and 0 if the line makes no move. A line with "(" changes nothing.
 class LineParser {
  public:
   LineParser(const LineParser&) = delete;
@@ -37,14 +44,11 @@ class LineParser {
     type_ = BlockArcCentre;
   }
 
-  // Hands everything back.
   void Save() const {
     *stateHome_ = state_;
-    *context_.CurrentBlock = Block();
-    *context_.incrementalMode = incrementalMode_;
-    *context_.arcRadius = arcRadius_;
-    context_.arcOffset->x = lengths_[kArcI];
-    context_.arcOffset->y = lengths_[kArcJ];
+    program_->store.CurrentBlock = Block();
+    program_->incrementalMode = incrementalMode_;
+    program_->arcRadius = arcRadius_;
   }
 
  protected:
@@ -89,14 +93,14 @@ class LineParser {
     return false;
   }
 
-  LineParser(const ParserContext& context, ParserState* state)
-      : block_(*context.CurrentBlock),
+  LineParser(NcProgram* program, ParserState* state)
+      : block_(program->store.CurrentBlock),
         state_(*state),
-        incrementalMode_(*context.incrementalMode),
-        arcRadius_(*context.arcRadius),
+        incrementalMode_(program->incrementalMode),
+        arcRadius_(program->arcRadius),
         type_(block_.type),
-        lengths_{block_.x, block_.y, block_.z, context.arcOffset->x, context.arcOffset->y},
-        context_(context),
+        lengths_{block_.x, block_.y, block_.z, 0, 0},
+        program_(program),
         stateHome_(state) {}
 
   // The start of a line.
@@ -185,7 +189,7 @@ class LineParser {
     return modalType;
   }
 
-  const ParserContext context_;
+  NcProgram* const program_;
   ParserState* const stateHome_;
 };
 

@@ -9,10 +9,16 @@
 #include <emmintrin.h>
 #endif
 
-#include "model/parser.h"
 #include "platform/files.h"
 
 namespace tvx {
+
+// One line of an NC file.
+struct NcLine {
+  const char* text;  // up to its first line feed; there always is one
+  bool isCut;        // the line feed ends a line that was cut, and the parser does not get it
+  bool hasComment;   // false if neither "(" nor "#" stands in it
+};
 
 // Gives the lines of a file one by one. A last line without a line feed is dropped. A line has any
 // length and costs no memory beyond the first bytes.

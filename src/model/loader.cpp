@@ -15,6 +15,15 @@ namespace {
 // Feed in force until the first F word, mm/min.
 constexpr int32_t kStartFeed = 100;
 
+// True for the conversational format. Any other type becomes that of the word-address format.
+bool IsConversational(JobRecord* job) {
+  constexpr int32_t kWordAddressType = 1;
+  constexpr int32_t kConversationalType = 2;
+  if (job->InputFileType == kConversationalType) return true;
+  job->InputFileType = kWordAddressType;
+  return false;
+}
+
 // Appends what the lines give behind the last block of the store.
 class BlockAppender {
  public:
@@ -101,10 +110,10 @@ void StartFirstRun(BlockStore* store) {
 // Flat, because everything that a line touches then stays within reach of the processor: calls and
 // pointers to follow would cost more than the parsing.
 template <typename Parser>
-[[gnu::flatten]] bool ReadLines(const ParserContext& context, LineReader* reader, NcLine line,
-                                BlockStore* store, int32_t* feedBase) {
-  Parser parser(context);
-  BlockAppender appender(store);
+[[gnu::flatten]] bool ReadLines(NcProgram* program, ParserStates* states, const JobRecord& job,
+                                LineReader* reader, NcLine line, int32_t* feedBase) {
+  Parser parser(program, states, job);
+  BlockAppender appender(&program->store);
   bool hasRoom = true;
   do {
     if (parser.Parse(line) == 0) {
@@ -121,13 +130,6 @@ template <typename Parser>
 
 }  // namespace
 
-void EmptyProgram(NcProgram* program) {
-  program->store.blockCount = 0;
-  program->store.CurrentBlock.type = BlockNone;
-  program->firstPoint = 1;
-  program->incrementalMode = 0;
-}
-
 LoadResult LoadNcFile(const std::string& path, NcProgram* program, ParserStates* states,
                       JobRecord* job, Files* files) {
   BlockStore& store = program->store;
@@ -140,16 +142,13 @@ LoadResult LoadNcFile(const std::string& path, NcProgram* program, ParserStates*
   block.headPercent = block.headFeed = block.tailPercent = block.tailFeed = 0;
   block.feedProgrammed = block.feed = kStartFeed;
 
-  Vec3 arcOffset;
-  const ParserContext context{states,     &block, &program->incrementalMode, &program->arcRadius,
-                              &arcOffset, job};
   LineReader reader(file.get());
   NcLine line;
   int32_t feedBase = 0;
   if (reader.Next(&line)) {
     const auto readLines =
         IsConversational(job) ? ReadLines<ConversationalParser> : ReadLines<WordParser>;
-    if (!readLines(context, &reader, line, &store, &feedBase)) return LoadResult::kStoreFull;
+    if (!readLines(program, states, *job, &reader, line, &feedBase)) return LoadResult::kStoreFull;
   }
   StartFirstRun(&store);
   program->FeedBase = feedBase;

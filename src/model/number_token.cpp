@@ -13,7 +13,7 @@ constexpr int kNumberLength = 19;
 
 }  // namespace
 
-const char* TakeOddNumber(const char* next, bool plusAllowed, NumberToken* number) {
+const char* TakeNumberSlowPath(const char* next, bool plusAllowed, NumberToken* number) {
   const auto belongs = [&](char c) {
     return (c >= '0' && c <= '9') || c == '.' || c == '-' || (plusAllowed && c == '+');
   };

@@ -12,7 +12,7 @@ struct NumberToken {
 };
 
 // A number of any shape, as TakeNumber takes it.
-const char* TakeOddNumber(const char* next, bool plusAllowed, NumberToken* number);
+const char* TakeNumberSlowPath(const char* next, bool plusAllowed, NumberToken* number);
 
 // Takes the number at *next: digits, "." and "-", and "+" where allowed, at most 19 characters.
 // White space is no part of it. Leaves *next behind the part that has a value, or behind signs and
@@ -39,9 +39,9 @@ template <bool plusAllowed>
   constexpr unsigned kMinus = static_cast<unsigned>('-' - '0');
   constexpr unsigned kPlus = static_cast<unsigned>('+' - '0');
 
-  const auto takeOdd = [&] {
+  const auto slowPath = [&] {
     NumberToken number;
-    *next = TakeOddNumber(*next, plusAllowed, &number);
+    *next = TakeNumberSlowPath(*next, plusAllowed, &number);
     return number;
   };
 
@@ -60,7 +60,7 @@ template <bool plusAllowed>
     }
   };
   if (digit >= 10 && digit != kPoint) [[unlikely]]
-    return takeOdd();
+    return slowPath();
   takeDigits();
   const char* decimals = p;
   if (digit == kPoint) {
@@ -71,7 +71,7 @@ template <bool plusAllowed>
   // Odd are no character at all and too many of them; a sign without digits, which gives 0, and one
   // before zeros, which gives -0.
   if (p - *next > kExactDigits || (negative && mantissa == 0)) [[unlikely]]
-    return takeOdd();
+    return slowPath();
   *next = p;
   const double value =
       static_cast<double>(static_cast<int64_t>(mantissa)) / kPowersOfTen[p - decimals];

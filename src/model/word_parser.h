@@ -1,18 +1,20 @@
 #pragma once
 
+#include "model/job_record.h"
 #include "model/line_parser.h"
+#include "model/line_reader.h"
 
 namespace tvx {
 
 // The word-address format.
 class WordParser final : public LineParser {
  public:
-  explicit WordParser(const ParserContext& context)
-      : LineParser(context, &context.states->word),
-        rapidFeed_(context.job->RapidFeed),
-        unit_(context.job->IntNcdataFlg != 0 ? kIntegerDataUnit : 1.0) {}
+  WordParser(NcProgram* program, ParserStates* states, const JobRecord& job)
+      : LineParser(program, &states->word),
+        rapidFeed_(job.RapidFeed),
+        unit_(job.IntNcdataFlg != 0 ? kIntegerDataUnit : 1.0) {}
 
-  // As ParseWordLine.
+  // A line with "#" changes nothing either. A line that was cut acts but makes no move.
   int Parse(const NcLine& line) {
     if (line.hasComment && Holds(line.text, "(#")) return 0;
     Begin();

@@ -9,7 +9,7 @@
 #include "jobs/send_options.h"
 #include "model/job_record.h"
 #include "model/labels.h"
-#include "model/parser.h"
+#include "model/parser_state.h"
 #include "platform/files.h"
 #include "platform/programs.h"
 #include "platform/user_interface.h"

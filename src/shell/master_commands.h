@@ -6,7 +6,7 @@
 
 #include "feed/master_build.h"
 #include "feed/master_grid.h"
-#include "model/loader.h"
+#include "model/nc_program.h"
 #include "platform/files.h"
 #include "platform/user_interface.h"
 

@@ -6,7 +6,7 @@
 #include "feed/master_grid.h"
 #include "jobs/transfer_dialog.h"
 #include "model/job_record.h"
-#include "model/loader.h"
+#include "model/nc_program.h"
 #include "reports/cut_time_list.h"
 #include "shell/application.h"
 #include "shell/option_dialog.h"

@@ -1,6 +1,7 @@
 // What the commands of a view do, a row of one table for each.
 #pragma once
 
+#include "model/loader.h"
 #include "shell/tvx_view.h"
 #include "view/command_id.h"
 #include "view/view_commands.h"

@@ -11,7 +11,7 @@
 #include "model/arc_geometry.h"
 #include "model/block_store.h"
 #include "model/job_record.h"
-#include "model/loader.h"
+#include "model/nc_program.h"
 #include "model/vectors.h"
 #include "view/drawing_device.h"
 #include "view/view_transform.h"

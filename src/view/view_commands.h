@@ -8,7 +8,7 @@
 #include <optional>
 
 #include "model/job_record.h"
-#include "model/loader.h"
+#include "model/nc_program.h"
 #include "platform/user_interface.h"
 #include "view/command_pad.h"
 #include "view/path_drawing.h"

@@ -11,8 +11,9 @@
 #include "base/numbers.h"
 #include "feed/master_picture.h"
 #include "feed_fixture.h"
-#include "model/block_list.h"
+#include "model/loader.h"
 #include "model/walks.h"
+#include "support/block_list.h"
 #include "support/memory_files.h"
 
 namespace tvx {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "feed/feed_fixture.h"
-#include "model/block_list.h"
+#include "support/block_list.h"
 #include "support/memory_files.h"
 #include "support/scripted_ui.h"
 

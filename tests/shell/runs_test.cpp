@@ -1,11 +1,11 @@
 // From a loaded program, or a whole list of them, through the dialogs to the recorded results.
 #include <algorithm>
 
-#include "model/block_list.h"
 #include "shell/cut_time_commands.h"
 #include "shell/job_list_run.h"
 #include "shell/view_operations.h"
 #include "shell_test.h"
+#include "support/block_list.h"
 
 namespace tvx {
 namespace {

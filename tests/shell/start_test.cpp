@@ -1,8 +1,8 @@
 // The start of the program and of a window: which file is read when, and whose value stands.
-#include "model/block_list.h"
 #include "model/labels.h"
 #include "model/loader.h"
 #include "shell_test.h"
+#include "support/block_list.h"
 #include "support/record_changes.h"
 
 namespace tvx {

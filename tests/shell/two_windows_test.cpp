@@ -1,8 +1,8 @@
 // Two windows of one program: what each has for itself, and what all share.
-#include "model/block_list.h"
 #include "shell/configuration.h"
 #include "shell/view_operations.h"
 #include "shell_test.h"
+#include "support/block_list.h"
 
 namespace tvx {
 namespace {
