@@ -155,6 +155,13 @@ std::string EncodeCp949(std::string_view utf8) {
   return result;
 }
 
+bool IsUtf8(std::string_view bytes) {
+  for (size_t position = 0; position < bytes.size();) {
+    if (TakeUtf8(bytes, &position) == kMalformed) return false;
+  }
+  return true;
+}
+
 void ReplaceAll(std::string_view from, std::string_view to, std::string* text) {
   if (from.empty()) return;
   for (size_t at = text->find(from); at != std::string::npos; at = text->find(from, at)) {

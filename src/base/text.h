@@ -14,6 +14,9 @@ std::string DecodeCp949(std::string_view bytes);
 // sequence, becomes one "?". Never fails.
 std::string EncodeCp949(std::string_view utf8);
 
+// True for well-formed UTF-8, plain ASCII included.
+bool IsUtf8(std::string_view bytes);
+
 // The position behind the UTF-8 character at a position inside the text.
 inline size_t CharacterEnd(std::string_view utf8, size_t at) {
   constexpr auto continues = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; };

@@ -13,6 +13,7 @@ constexpr int32_t kLineStep = 5;      // cells between the lines, and between th
 class Picture {
  public:
   Picture(const MasterGrid& grid, NcProgram* program) : grid_(grid), store_(&program->store) {
+    program->source = {};
     store_->blockCount = 0;
     store_->CurrentBlock = {};
     store_->CurrentBlock.feedProgrammed = store_->CurrentBlock.feed = program->FeedBase;

@@ -7,6 +7,7 @@
 #include "model/line_reader.h"
 #include "model/walks.h"
 #include "model/word_parser.h"
+#include "platform/drives.h"
 
 namespace tvx {
 
@@ -27,7 +28,7 @@ bool IsConversational(JobRecord* job) {
 // Appends what the lines give behind the last block of the store.
 class BlockAppender {
  public:
-  explicit BlockAppender(BlockStore* store) : store_(*store) {}
+  BlockAppender(BlockStore* store, LineMapBuilder* lines) : store_(*store), lines_(*lines) {}
 
   // A line that moves: one block, or two for an arc. Returns false when an arc's second record
   // finds no room, which ends the load.
@@ -35,6 +36,7 @@ class BlockAppender {
     const MotionBlock block = parser->Block();
     if (!Append(block, block.type)) return true;
     if (!IsArcType(block.type)) return true;
+    lines_.AddArc(count_ - 1);
     parser->ToArcCentre();
     if (Append(parser->Block(), BlockArcCentre)) return true;
     ++count_;
@@ -85,6 +87,7 @@ class BlockAppender {
   }
 
   BlockStore& store_;
+  LineMapBuilder& lines_;
   uint32_t count_ = 0;
   MotionBlock* next_ = nullptr;  // where the next block goes
   MotionBlock* pageEnd_ = nullptr;
@@ -111,9 +114,10 @@ void StartFirstRun(BlockStore* store) {
 // pointers to follow would cost more than the parsing.
 template <typename Parser>
 [[gnu::flatten]] bool ReadLines(NcProgram* program, ParserStates* states, const JobRecord& job,
-                                LineReader* reader, NcLine line, int32_t* feedBase) {
+                                LineReader* reader, NcLine line, LineMapBuilder* lines,
+                                int32_t* feedBase) {
   Parser parser(program, states, job);
-  BlockAppender appender(&program->store);
+  BlockAppender appender(&program->store, lines);
   bool hasRoom = true;
   do {
     if (parser.Parse(line) == 0) {
@@ -137,6 +141,8 @@ LoadResult LoadNcFile(const std::string& path, NcProgram* program, ParserStates*
 
   const std::unique_ptr<InputFile> file = files->OpenOrCreateForReading(path);
   if (file == nullptr) return LoadResult::kCannotOpen;
+  program->source.path = AbsoluteDrivePath(files->CurrentDirectory(), path);
+  program->source.stamp = file->Stamp();
 
   MotionBlock& block = store.CurrentBlock;
   block.headPercent = block.headFeed = block.tailPercent = block.tailFeed = 0;
@@ -148,7 +154,10 @@ LoadResult LoadNcFile(const std::string& path, NcProgram* program, ParserStates*
   if (reader.Next(&line)) {
     const auto readLines =
         IsConversational(job) ? ReadLines<ConversationalParser> : ReadLines<WordParser>;
-    if (!readLines(program, states, *job, &reader, line, &feedBase)) return LoadResult::kStoreFull;
+    LineMapBuilder lines;
+    const bool hasRoom = readLines(program, states, *job, &reader, line, &lines, &feedBase);
+    program->source.lines = lines.Finish(store.blockCount);
+    if (!hasRoom) return LoadResult::kStoreFull;
   }
   StartFirstRun(&store);
   program->FeedBase = feedBase;

@@ -2,10 +2,20 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "model/block_store.h"
+#include "model/line_map.h"
+#include "platform/files.h"
 
 namespace tvx {
+
+// Where the blocks of a program come from.
+struct ProgramSource {
+  std::string path;  // drive path; empty for blocks that come from no file
+  FileStamp stamp;   // of the file at the load
+  LineMap lines;
+};
 
 // The stored moves and what reading them leaves behind.
 struct NcProgram {
@@ -14,6 +24,7 @@ struct NcProgram {
   uint32_t incrementalMode = 0;  // 0: G90, 1: G91
   float arcRadius = 0;           // last radius read; not reset by a load
   int32_t firstPoint = 1;        // the next drawing starts with a silent first point
+  ProgramSource source = {};
 };
 
 // Leaves a program as a load begins: without blocks, in absolute mode, with a silent first point.
@@ -22,6 +33,7 @@ inline void EmptyProgram(NcProgram* program) {
   program->store.CurrentBlock.type = BlockNone;
   program->firstPoint = 1;
   program->incrementalMode = 0;
+  program->source = {};
 }
 
 }  // namespace tvx

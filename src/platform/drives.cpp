@@ -205,6 +205,12 @@ bool HasDrive(std::string_view path) {
   return path.size() >= 2 && IsDriveLetter(path[0]) && path[1] == ':';
 }
 
+std::string AbsoluteDrivePath(const std::string& directory, const std::string& path) {
+  if (HasDrive(path)) return path;
+  const bool fromRoot = !path.empty() && (path[0] == '\\' || path[0] == '/');
+  return (fromRoot ? directory.substr(0, 2) : directory + "\\") + path;
+}
+
 std::string NormalDrivePath(std::string_view drivePath) {
   std::string normal(drivePath.substr(0, 2));
   for (const std::string_view component : Components(drivePath.substr(2))) {

@@ -56,6 +56,10 @@ class Drives {
 // True for "c:", "c:\x", "C:/x": a letter and a colon at the start.
 bool HasDrive(std::string_view path);
 
+// A path with its drive: one without is relative to the directory, one that starts with "\" or "/"
+// to the root of the directory's drive.
+std::string AbsoluteDrivePath(const std::string& directory, const std::string& path);
+
 // A path with a drive as an absolute one in its plainest form: backslashes, no "." or "..", none at
 // the end except for the root. The letters keep their case.
 std::string NormalDrivePath(std::string_view drivePath);

@@ -66,6 +66,22 @@ class HostInputFile : public InputFile {
     return count > 0 ? static_cast<size_t>(count) : 0;
   }
 
+  size_t ReadAt(uint64_t offset, char* buffer, size_t size) override {
+    ssize_t count;
+    do {
+      count = ::pread(file_.Number(), buffer, size, static_cast<off_t>(offset));
+    } while (count < 0 && errno == EINTR);
+    return count > 0 ? static_cast<size_t>(count) : 0;
+  }
+
+  FileStamp Stamp() override {
+    struct stat status {};
+    if (::fstat(file_.Number(), &status) != 0) return {};
+    constexpr int64_t kNanoseconds = 1'000'000'000;  // per second
+    return {static_cast<uint64_t>(status.st_size),
+            status.st_mtim.tv_sec * kNanoseconds + status.st_mtim.tv_nsec};
+  }
+
  private:
   Descriptor file_;
 };
@@ -202,20 +218,14 @@ class HostFiles : public Files {
 
   bool SetCurrentDirectory(const std::string& directory) override {
     if (!IsDirectory(directory)) return false;
-    currentDirectory_ = NormalDrivePath(Absolute(directory));
+    currentDirectory_ = NormalDrivePath(AbsoluteDrivePath(currentDirectory_, directory));
     return true;
   }
 
  private:
-  std::string Absolute(const std::string& path) const {
-    if (HasDrive(path)) return path;
-    if (path[0] == '\\' || path[0] == '/') return currentDirectory_.substr(0, 2) + path;
-    return currentDirectory_ + "\\" + path;
-  }
-
   std::optional<fs::path> Host(const std::string& path) const {
     if (path.empty()) return std::nullopt;
-    return drives_->ToHost(Absolute(path));
+    return drives_->ToHost(AbsoluteDrivePath(currentDirectory_, path));
   }
 
   fs::file_status Status(const std::string& path) const {

@@ -8,12 +8,22 @@
 
 namespace tvx {
 
+// Shows whether a file has been written since.
+struct FileStamp {
+  uint64_t size = 0;     // bytes
+  int64_t modified = 0;  // time of the last write, ns since 1970
+  bool operator==(const FileStamp&) const = default;
+};
+
 // A file open for reading.
 class InputFile {
  public:
   virtual ~InputFile() = default;
   // Reads up to `size` bytes. Returns how many; 0 at the end and on a failure, which read alike.
   virtual size_t Read(char* buffer, size_t size) = 0;
+  // The same from `offset` on; Read goes on where it was.
+  virtual size_t ReadAt(uint64_t offset, char* buffer, size_t size) = 0;
+  virtual FileStamp Stamp() = 0;
 };
 
 // A file being written. The bytes go to a temporary file beside the target; an older file of that

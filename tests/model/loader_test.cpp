@@ -48,6 +48,10 @@ struct SlowFiles : MemoryFiles {
     size_t Read(char* buffer, size_t size) override {
       return whole->Read(buffer, std::min(size, most));
     }
+    size_t ReadAt(uint64_t offset, char* buffer, size_t size) override {
+      return whole->ReadAt(offset, buffer, size);
+    }
+    FileStamp Stamp() override { return whole->Stamp(); }
     std::unique_ptr<InputFile> whole;
     size_t most;
   };

@@ -140,6 +140,22 @@ TEST_P(AnyFiles, WritesPatchesAndReadsInPieces) {
   EXPECT_TRUE(read.substr(0, 200010) == "Size+" + big + "END\0."s);
 }
 
+TEST_P(AnyFiles, ReadAtLeavesThePlaceOfReadAndTheStampShowsAWrite) {
+  ASSERT_TRUE(WriteWholeFile(files_, "a", "0123456789"));
+  const auto file = files_->OpenForReading("a");
+  char bytes[4] = {};
+  EXPECT_EQ(file->ReadAt(7, bytes, 4), 3U);
+  EXPECT_EQ(std::string(bytes, 3), "789");
+  EXPECT_EQ(file->ReadAt(10, bytes, 4), 0U);
+  EXPECT_EQ(file->Read(bytes, 1), 1U);
+  EXPECT_EQ(bytes[0], '0');
+
+  const FileStamp stamp = file->Stamp();
+  EXPECT_EQ(files_->OpenForReading("a")->Stamp(), stamp);
+  ASSERT_TRUE(WriteWholeFile(files_, "a", "0123456789X"));
+  EXPECT_NE(files_->OpenForReading("a")->Stamp(), stamp);
+}
+
 TEST_P(AnyFiles, AnOlderFileStaysUntilCommit) {
   {
     const auto file = files_->Create("PART.nc");

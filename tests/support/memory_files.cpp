@@ -17,16 +17,21 @@ std::string Parent(const std::string& path) {
 
 class Input : public InputFile {
  public:
-  explicit Input(std::string bytes) : bytes_(std::move(bytes)) {}
+  Input(std::string bytes, int64_t modified) : bytes_(std::move(bytes)), modified_(modified) {}
 
   size_t Read(char* buffer, size_t size) override {
     const size_t count = bytes_.copy(buffer, size, position_);
     position_ += count;
     return count;
   }
+  size_t ReadAt(uint64_t offset, char* buffer, size_t size) override {
+    return offset < bytes_.size() ? bytes_.copy(buffer, size, offset) : 0;
+  }
+  FileStamp Stamp() override { return {bytes_.size(), modified_}; }
 
  private:
   std::string bytes_;
+  int64_t modified_;
   size_t position_ = 0;
 };
 
@@ -69,10 +74,7 @@ MemoryFiles::MemoryFiles() {
 }
 
 std::string MemoryFiles::Absolute(const std::string& path) const {
-  if (HasDrive(path)) return NormalDrivePath(path);
-  const bool fromRoot = !path.empty() && (path[0] == '\\' || path[0] == '/');
-  return NormalDrivePath(currentDirectory_.substr(0, fromRoot ? 2 : std::string::npos) + "\\" +
-                         path);
+  return NormalDrivePath(AbsoluteDrivePath(currentDirectory_, path));
 }
 
 std::string MemoryFiles::Key(const std::string& path) const {
@@ -97,15 +99,16 @@ bool MemoryFiles::CanCreate(const std::string& path) {
 
 void MemoryFiles::Put(const std::string& path, std::string_view bytes) {
   MakeDirectory(Parent(Absolute(path)));
-  const auto node = nodes_.try_emplace(Key(path), Node{Absolute(path), false, ""}).first;
+  const auto node = nodes_.try_emplace(Key(path), Node{Absolute(path), false, "", 0}).first;
   if (node->second.isDirectory) ADD_FAILURE() << "a directory: " << path;
   node->second.bytes = bytes;
+  node->second.modified = ++writes_;
 }
 
 void MemoryFiles::MakeDirectory(const std::string& path) {
   const std::string absolute = Absolute(path);
   if (Parent(absolute) != absolute) MakeDirectory(Parent(absolute));
-  nodes_.try_emplace(Key(absolute), Node{absolute, true, ""});
+  nodes_.try_emplace(Key(absolute), Node{absolute, true, "", 0});
 }
 
 std::string MemoryFiles::Bytes(const std::string& path) const {
@@ -125,7 +128,7 @@ std::vector<std::string> MemoryFiles::FilePaths() const {
 std::unique_ptr<InputFile> MemoryFiles::OpenForReading(const std::string& path) {
   const Node* node = Find(path);
   if (node == nullptr || node->isDirectory || noOpening_.count(Key(path)) != 0) return nullptr;
-  return std::make_unique<Input>(node->bytes);
+  return std::make_unique<Input>(node->bytes, node->modified);
 }
 
 std::unique_ptr<OutputFile> MemoryFiles::Create(const std::string& path) {

@@ -70,6 +70,7 @@ class MemoryFiles : public Files {
     std::string path;  // absolute, in the letters of its first mention
     bool isDirectory = false;
     std::string bytes;
+    int64_t modified = 0;
   };
 
   std::string Absolute(const std::string& path) const;
@@ -80,6 +81,7 @@ class MemoryFiles : public Files {
   std::map<std::string, Node> nodes_;  // by Key
   std::set<std::string> noCreation_;
   std::set<std::string> noOpening_;
+  int64_t writes_ = 0;  // the clock of the stamps
   int writesLeft_ = 0;  // 1: the next is refused; 0 and below: no fault
   int commitsLeft_ = 0;
   std::string currentDirectory_ = "c:\\";

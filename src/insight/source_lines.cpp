@@ -1,0 +1,136 @@
+#include "insight/source_lines.h"
+
+#include <algorithm>
+#include <cstring>
+#include <string_view>
+
+#include "base/text.h"
+
+namespace tvx {
+
+namespace {
+
+constexpr uint64_t kLinesPerOffset = 4096;
+constexpr size_t kPieceBytes = size_t{64} * 1024;
+
+// Gives the pieces of a file from an offset on, one after the other.
+class Pieces {
+ public:
+  Pieces(InputFile* file, uint64_t offset) : file_(file), offset_(offset), buffer_(kPieceBytes) {}
+
+  // The next piece; empty at the end of the file.
+  std::string_view Next() {
+    const size_t count = file_->ReadAt(offset_, buffer_.data(), buffer_.size());
+    offset_ += count;
+    return {buffer_.data(), count};
+  }
+
+  // Offset of the byte behind the last piece.
+  uint64_t end() const { return offset_; }
+
+ private:
+  InputFile* file_;
+  uint64_t offset_;
+  std::vector<char> buffer_;
+};
+
+// The bytes of a line as text.
+std::string Decoded(std::string_view bytes) {
+  if (bytes.size() < SourceLines::kLongestText) {
+    if (!bytes.empty() && bytes.back() == '\r') bytes.remove_suffix(1);
+    return IsUtf8(bytes) ? std::string(bytes) : DecodeCp949(bytes);
+  }
+  // The end of the text may be in the middle of a character.
+  constexpr size_t kLongestCharacter = 4;
+  for (size_t left = 0; left < kLongestCharacter; ++left) {
+    const std::string_view whole = bytes.substr(0, bytes.size() - left);
+    if (IsUtf8(whole)) return std::string(whole);
+  }
+  return DecodeCp949(bytes);
+}
+
+}  // namespace
+
+SourceResult SourceLines::Count(uint64_t* lines) {
+  std::unique_ptr<InputFile> file;
+  const SourceResult result = Open(&file);
+  if (result == SourceResult::kRead) *lines = lines_;
+  return result;
+}
+
+SourceResult SourceLines::Read(uint64_t first, size_t count, std::vector<std::string>* texts) {
+  texts->clear();
+  std::unique_ptr<InputFile> file;
+  const SourceResult result = Open(&file);
+  if (result != SourceResult::kRead || first == 0 || first > lines_) return result;
+  count = static_cast<size_t>(std::min<uint64_t>(count, lines_ - first + 1));
+
+  const uint64_t chunk = (first - 1) / kLinesPerOffset;
+  uint64_t line = chunk * kLinesPerOffset + 1;
+  Pieces pieces(file.get(), offsets_[chunk]);
+  std::string bytes;  // of the line so far
+  while (texts->size() < count) {
+    std::string_view piece = pieces.Next();
+    if (piece.empty()) {
+      if (line == lines_) texts->push_back(Decoded(bytes));
+      break;
+    }
+    while (!piece.empty() && texts->size() < count) {
+      const size_t length = std::min(piece.find('\n'), piece.size());
+      if (line >= first) {
+        bytes.append(piece.substr(0, std::min(length, kLongestText - bytes.size())));
+      }
+      if (length == piece.size()) break;
+      if (line >= first) texts->push_back(Decoded(bytes));
+      bytes.clear();
+      ++line;
+      piece.remove_prefix(length + 1);
+    }
+  }
+  if (texts->size() == count) return SourceResult::kRead;
+  texts->clear();
+  return SourceResult::kCannotRead;
+}
+
+SourceResult SourceLines::Open(std::unique_ptr<InputFile>* file) {
+  if (source_.path.empty()) return SourceResult::kNoProgram;
+  *file = files_->OpenForReading(source_.path);
+  if (*file == nullptr) return SourceResult::kCannotRead;
+  if ((*file)->Stamp() != source_.stamp) return SourceResult::kChanged;
+  if (!offsets_.empty() || ReadOffsets(file->get())) return SourceResult::kRead;
+  return SourceResult::kCannotRead;
+}
+
+bool SourceLines::ReadOffsets(InputFile* file) {
+  std::vector<uint64_t> offsets{0};
+  uint64_t lineFeeds = 0;
+  char last = '\n';
+  Pieces pieces(file, 0);
+  for (std::string_view piece; !(piece = pieces.Next()).empty();) {
+    const uint64_t offset = pieces.end() - piece.size();
+    for (size_t at = 0; (at = piece.find('\n', at)) != std::string_view::npos;) {
+      ++at;
+      if (++lineFeeds % kLinesPerOffset == 0) offsets.push_back(offset + at);
+    }
+    last = piece.back();
+  }
+  if (pieces.end() != source_.stamp.size) return false;
+  offsets_ = std::move(offsets);
+  lines_ = lineFeeds + (last == '\n' ? 0 : 1);
+  return true;
+}
+
+const char* SourceProblem(SourceResult result) {
+  switch (result) {
+    case SourceResult::kNoProgram:
+      return "the program comes from no file";
+    case SourceResult::kCannotRead:
+      return "the file cannot be read";
+    case SourceResult::kChanged:
+      return "the file has changed since it was loaded";
+    default:
+      return "";
+  }
+}
+
+}  // namespace tvx

@@ -1,0 +1,66 @@
+// The text of a loaded program, line by line, read from its file on demand.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "model/loader.h"
+#include "platform/files.h"
+
+namespace tvx {
+
+enum class SourceResult {
+  kRead,
+  kNoProgram,   // the blocks in the store come from no file
+  kCannotRead,  // the file is gone, cannot be opened or ended early
+  kChanged,     // the file is not the one that was loaded: size or time of the last write differ
+};
+
+// Lines are numbered from 1, blocks from 0. An object serves one load: make a new one after the
+// next.
+class SourceLines {
+ public:
+  // Of a longer line this much is read, bytes.
+  static constexpr size_t kLongestText = 4096;
+
+  // Both have to outlive the object.
+  SourceLines(const ProgramSource* source, Files* files) : source_(*source), files_(files) {}
+
+  // The line that left a block, 0 for none; and the first block that a line left. From the map that
+  // the load made: no file is read.
+  uint32_t LineOf(uint32_t block) const { return source_.lines.LineOf(block); }
+  std::optional<uint32_t> FirstBlockOf(uint64_t line) const {
+    return source_.lines.FirstBlockOf(line);
+  }
+
+  // The number of lines of the file. A last line without a line feed, which the load does not read,
+  // is one of them.
+  SourceResult Count(uint64_t* lines);
+
+  // The texts of up to `count` lines from `first` on, without their line ends: fewer at the end of
+  // the file, none behind it. In UTF-8, decoded from CP949 unless the bytes of the line are UTF-8
+  // already. *texts is empty unless the result is kRead.
+  //
+  // The first call reads the whole file once and stores the offset of every 4096th line.
+  SourceResult Read(uint64_t first, size_t count, std::vector<std::string>* texts);
+
+ private:
+  // Opens the file as it was at the load, and makes the table of offsets if there is none.
+  SourceResult Open(std::unique_ptr<InputFile>* file);
+  bool ReadOffsets(InputFile* file);
+
+  const ProgramSource& source_;
+  Files* files_;
+  std::vector<uint64_t>
+      offsets_;  // of the lines 1, 4097, 8193 and so on; empty before the first use
+  uint64_t lines_ = 0;
+};
+
+// What a result other than kRead means, in words for an error line.
+const char* SourceProblem(SourceResult result);
+
+}  // namespace tvx
