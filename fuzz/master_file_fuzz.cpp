@@ -2,6 +2,7 @@
 // used by the feed pass. The input is a master model file.
 
 #include "feed/master_file.h"
+#include "feed/master_lookup.h"
 #include "feed/master_pass.h"
 #include "feed/master_picture.h"
 #include "fuzz_world.h"

@@ -15,6 +15,7 @@
 #include "cli/program_files.h"
 #include "feed/master_build.h"
 #include "feed/master_file.h"
+#include "feed/master_lookup.h"
 #include "feed/master_picture.h"
 
 namespace tvx {

@@ -1,3 +1,4 @@
+// Sliders change the record at once; check boxes and edits are stored on acceptance.
 #include "feed/afa_setup_dialog.h"
 
 #include <algorithm>
@@ -29,7 +30,7 @@ std::span<const WeightSlider, kWeightSliders> WeightSliders() {
 
 void CAfaSetupDlg::Open(JobRecord* record) {
   job = record;
-  // Each is ticked while its setting is in force for those who read it.
+  // Each is ticked while the setting is in effect for the code that reads it.
   xyChgReduceTicked = job->XyChgReduceCheck != 0;
   feedChgSmoothTicked = job->FeedChgSmoothCheck == 1;
   feedChgAngText = Format("%d", job->FeedChgAng);
@@ -37,7 +38,7 @@ void CAfaSetupDlg::Open(JobRecord* record) {
 }
 
 int CAfaSetupDlg::Position(size_t slider) const {
-  // In double precision: the float nearest to 0.7 stands at 69.
+  // In double precision: the float nearest to 0.7 is position 69.
   const double weight = job->*kSliders[slider].weight;
   return std::clamp(TruncateToInt(weight * 100), 0, kHighestPosition);
 }

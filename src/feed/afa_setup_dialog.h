@@ -1,3 +1,4 @@
+// The dialog of the finer feed settings.
 #pragma once
 
 #include <span>
@@ -19,8 +20,9 @@ inline constexpr size_t kWeightSliders = 6;
 std::span<const WeightSlider, kWeightSliders> WeightSliders();
 
 // The finer settings: weights, feed step, the two options of the feed's shape, and the switch of
-// the master model. It has no private copy: the sliders and that switch change the caller's record
-// at once, so they outlast a cancel, while the check boxes and edits wait for the acceptance.
+// the master model. There is no private copy: the sliders and that switch change the caller's
+// record at once, so a cancel does not undo them; the check boxes and edits are stored on
+// acceptance.
 class CAfaSetupDlg : public Dialog {
  public:
   static constexpr char kTitle[] = "AFA 설정";
@@ -35,20 +37,20 @@ class CAfaSetupDlg : public Dialog {
 
   explicit CAfaSetupDlg(UserInterface* ui) : ui_(ui) {}
 
-  // Opens on the record itself, which is kept until the dialog closes.
+  // Opens on the record itself, which has to outlive the dialog.
   void Open(JobRecord* record);
 
-  // Where a slider, by its position in WeightSliders, stands, and its caption.
+  // The position and the caption of a slider, by its index in WeightSliders.
   int Position(size_t slider) const;
   std::string Caption(size_t slider) const;
-  // A slider let go at a position, which is held in its range.
+  // A slider was released at a position, which is limited to its range.
   void ReleaseSlider(size_t slider, int position);
 
   // A click on the switch of the master model. It turns on only with a master file.
   void ToggleMaster();
 
-  // Stores the check boxes and edits. An edit that is no number is refused with a message and named
-  // in refusedField: the dialog then stays open, and nothing is stored. A cancel needs no
+  // Stores the check boxes and edits. An edit that is no number is refused with a message, and
+  // refusedField names it: the dialog then stays open and nothing is stored. A cancel needs no
   // operation.
   Closing Accept();
 
@@ -57,7 +59,7 @@ class CAfaSetupDlg : public Dialog {
   bool feedChgSmoothTicked = false;
   std::string feedChgAngText;  // a whole number, in mm/min
   std::string zUpZDownText;
-  std::string refusedField;  // "FeedChgAng" or "ZupZdown", to put the focus on after a refusal
+  std::string refusedField;  // "FeedChgAng" or "ZupZdown": where the focus goes after a refusal
 
  private:
   UserInterface* ui_;

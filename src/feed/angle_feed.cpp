@@ -1,3 +1,4 @@
+// Support points and steps are whole numbers, which is part of the result.
 #include "feed/angle_feed.h"
 
 #include "base/numbers.h"

@@ -1,3 +1,4 @@
+// Each field is text that is stored at once; a condition file is read and written by two buttons.
 #include "feed/auto_feed_dialog.h"
 
 #include "base/format.h"
@@ -71,7 +72,7 @@ void CAutoFeedDlg::Open(JobRecord* target) {
   ShowFields();
 }
 
-// A text that is shown is an edit like one by the user, and is read back.
+// Text that is shown is stored like an edit by the user.
 void CAutoFeedDlg::ShowFields() {
   for (size_t i = 0; i < kAutoFeedFields; ++i) {
     const std::string text =

@@ -1,3 +1,4 @@
+// The dialog of the machining condition, and the choice of a condition file.
 #pragma once
 
 #include <array>
@@ -13,8 +14,8 @@
 namespace tvx {
 
 // Asks for a condition file, starting in the record's ConditionDir, and reads it over the record.
-// Returns true and sets *fileName, without directory. Returns false, with everything as it was, if
-// the user cancels or the file cannot be opened.
+// Returns true and sets *fileName, without directory. Returns false, with nothing changed, if the
+// user cancels or the file cannot be opened.
 bool ChooseConditionFile(JobRecord* job, int32_t* spindleSpeed, Files* files, UserInterface* ui,
                          std::string* fileName);
 
@@ -37,27 +38,27 @@ class CAutoFeedDlg : public Dialog {
 
   CAutoFeedDlg(Files* files, UserInterface* ui) : files_(files), ui_(ui) {}
 
-  // Opens on a private copy of the record. `target` is kept until the dialog closes. Showing a
-  // float rounds it to the three decimals shown, so an accepted dialog hands back rounded values.
+  // Opens on a private copy of the record. `target` has to outlive the dialog. Showing a float
+  // rounds it to the three decimals shown, so an accepted dialog returns rounded values.
   void Open(JobRecord* target);
 
-  // A change of the field at a position of AutoFeedFields, stored at once. Text that is no number
+  // Stores the text of the field at an index of AutoFeedFields at once. Text that is no number
   // counts as 0.
   void Edit(size_t index, std::string_view text);
 
   // The button that names the condition file: reads one into the private record.
   void ReadFile();
-  // The button kSaveButton: writes the private record. Without a chosen path the writer fails and
-  // says so.
+  // The button kSaveButton: writes the private record. A failure, also for want of a chosen path,
+  // is shown in a message.
   void SaveFile();
 
-  // Hands the private record back. A cancel forgets it and needs no operation.
+  // Copies the private record back. A cancel needs no operation.
   Closing Accept();
 
   JobRecord own;
   std::array<std::string, kAutoFeedFields> texts;
   std::string fileCaption = kFileButton;
-  // Handed in and out by the caller; a condition file that is read sets the speed, in 1/min.
+  // Set and read by the caller; reading a condition file sets the speed, in 1/min.
   int32_t SpindleOn = 0;
   int32_t SpindleSpeed = 1000;
 

@@ -1,3 +1,4 @@
+// The table of a condition file, and its reader and writer.
 #include "feed/condition_file.h"
 
 #include "base/text.h"

@@ -14,10 +14,9 @@ namespace tvx {
 // The file with the defaults of a program start: afa\tvx.afa below the environment directory.
 std::string DefaultConditionPath(const std::string& environmentDir);
 
-// Reads a file over the record and *spindle (rev/min). Only what the file reaches changes; a value
-// that cannot be read leaves its field as it was. The switch AfaByMaster is written into these
-// files and never taken from them. Returns kCannotOpen, with nothing changed, if the file cannot be
-// opened.
+// Reads a file over the record and *spindle (rev/min). Only fields that the file holds change; a
+// value that cannot be read leaves its field as it was. The switch AfaByMaster is written but never
+// read. Returns kCannotOpen, with nothing changed, if the file cannot be opened.
 SettingsResult ReadConditionFile(const std::string& path, JobRecord* record, int32_t* spindle,
                                  Files* files);
 

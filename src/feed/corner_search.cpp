@@ -1,3 +1,5 @@
+// The corner searches walk along the path with the jumps of PathIndex. Which comparison is strict,
+// which value is a float and which rule keeps the last heading is part of the result.
 #include "feed/corner_search.h"
 
 #include <algorithm>
@@ -12,9 +14,9 @@ namespace tvx {
 
 namespace {
 
-// Shorter vectors, in mm, have no heading of their own.
+// Shorter vectors, in mm, have no heading.
 constexpr double kLeastHeadingLength = 0.01;
-// A backward direction as steep as this, by the squares of its parts, has no turn in plan view.
+// An arrival as steep as this, by the ratio of plan to vertical part squared, has no turn in plan.
 constexpr double kSteepestTurn = 0.1;
 // Directions with less rise than this are level.
 constexpr double kLevelRise = 0.0001;
@@ -61,7 +63,7 @@ int16_t AtLeastOnePercent(float distance, float length) {
 }  // namespace
 
 float ArcRadius(BlockStore* store, uint32_t arc) {
-  store->ReadBlock(arc);  // stands in for a centre that found no memory
+  store->ReadBlock(arc);  // kept in the register if the centre found no memory
   store->ReadBlock(arc + 1);
   return static_cast<float>(
       SafeSqrt(Square(store->CurrentBlock.x) + Square(store->CurrentBlock.y)));
@@ -80,16 +82,16 @@ CornerHeadings CornerSearch::Headings() {
   return {forwardHeading_.Degrees(), backwardHeading_.Degrees()};
 }
 
-void CornerSearch::Measure(const Vec3& start, const Vec3& end, Stretch* stretch) {
-  stretch->unit = {};
-  DiffVectors(end, start, &stretch->difference, &stretch->unit);
+void CornerSearch::Measure(const Vec3& start, const Vec3& end, Chord* chord) {
+  chord->unit = {};
+  DiffVectors(end, start, &chord->difference, &chord->unit);
 }
 
-// False if no move follows, so that there is no corner.
-bool CornerSearch::StandOn(uint32_t i) {
+// Measures the corner at the end of move i. Returns false if no move follows: there is no corner.
+bool CornerSearch::SetCorner(uint32_t i) {
   if (corner_.i == i) return corner_.next != PathIndex::kNoMove;
   forward_.known = backward_.known = false;
-  // Most corners are the next one of the last.
+  // Most searches follow the corner before, whose departure is the arrival here.
   const bool follows = corner_.next == i;
   if (follows) corner_.arrival = corner_.departure;
   corner_.i = i;
@@ -99,135 +101,135 @@ bool CornerSearch::StandOn(uint32_t i) {
   corner_.point = path_.Point(i);
   Measure(corner_.point, path_.Point(corner_.next), &corner_.departure);
   if (corner_.previous == i) {
-    corner_.arrival = Stretch{};
+    corner_.arrival = Chord{};
   } else if (!follows) {
     Measure(path_.Point(corner_.previous), corner_.point, &corner_.arrival);
   }
   return true;
 }
 
-const CornerSearch::Side& CornerSearch::Look(Direction direction, float distance) {
-  Side* side = direction == Direction::kForward ? &forward_ : &backward_;
-  if (side->known && side->distance == distance) return *side;
-  side->known = true;
-  side->distance = distance;
+const CornerSearch::Walk& CornerSearch::WalkTo(Direction direction, float distance) {
+  Walk* walk = direction == Direction::kForward ? &forward_ : &backward_;
+  if (walk->known && walk->distance == distance) return *walk;
+  walk->known = true;
+  walk->distance = distance;
   if (direction == Direction::kForward) {
-    WalkForward(side);
+    WalkForward(walk);
   } else {
-    WalkBackward(side);
+    WalkBackward(walk);
   }
-  if (side->ended) FindPoint(direction, side);
-  return *side;
+  if (walk->ended) FindFarPoint(direction, walk);
+  return *walk;
 }
 
-// The walk from move to move ends at the first one that is the look distance away from the corner,
-// in a straight line, or before a rapid. It is not asked whether the next move is a rapid.
+// A walk from move to move ends at the first one whose end point is at the look distance from the
+// corner, in a straight line, or before a rapid. The next move itself may be a rapid.
 //
 // A walk that a rapid stopped may end on a move that came back to the corner exactly. Its direction
 // is then that of the last move of the walk that did not.
-void CornerSearch::WalkForward(Side* side) const {
-  ReachNeighbour(corner_.next, corner_.departure, side);
-  side->ended = true;
-  if (!(side->length < side->distance)) return;
+void CornerSearch::WalkForward(Walk* walk) const {
+  EndAtNeighbour(corner_.next, corner_.departure, walk);
+  walk->ended = true;
+  if (!(walk->length < walk->distance)) return;
 
-  const uint32_t away = path_.FirstAway(corner_.next + 1, corner_.point, side->distance);
+  const uint32_t away = path_.FirstAway(corner_.next + 1, corner_.point, walk->distance);
   if (away == PathIndex::kNoMove) {
-    side->ended = false;
+    walk->ended = false;
   } else if (!IsRapidType(path_.Block(away).type)) {
-    Reach(Direction::kForward, away, side);
+    EndAt(Direction::kForward, away, walk);
   } else {
     const uint32_t end = path_.PrevMove(away);
     const uint32_t last = path_.LastAway(end, corner_.point, kLeastLength);
-    if (last != PathIndex::kNoMove && last > corner_.next) Reach(Direction::kForward, last, side);
-    Reach(Direction::kForward, end, side);
+    if (last != PathIndex::kNoMove && last > corner_.next) EndAt(Direction::kForward, last, walk);
+    EndAt(Direction::kForward, end, walk);
   }
 }
 
-// Backward the walk has also run off the path when it comes to block 0, which stands for a missing
-// move, unless block 0 is a rapid.
-void CornerSearch::WalkBackward(Side* side) const {
-  ReachNeighbour(corner_.previous, corner_.arrival, side);
-  side->ended = true;
-  if (!(side->length < side->distance)) return;
+// A walk backward also runs off the path when it reaches block 0, which represents a missing move,
+// unless block 0 is a rapid.
+void CornerSearch::WalkBackward(Walk* walk) const {
+  EndAtNeighbour(corner_.previous, corner_.arrival, walk);
+  walk->ended = true;
+  if (!(walk->length < walk->distance)) return;
 
   const uint32_t start = corner_.previous > 0 ? corner_.previous - 1 : 0;
-  const uint32_t away = path_.LastAway(start, corner_.point, side->distance);
+  const uint32_t away = path_.LastAway(start, corner_.point, walk->distance);
   if (away != PathIndex::kNoMove && IsRapidType(path_.Block(away).type)) {
     const uint32_t end = path_.NextMove(away);
     const uint32_t last = path_.FirstAway(end, corner_.point, kLeastLength);
-    if (last < corner_.previous) Reach(Direction::kBackward, last, side);
-    Reach(Direction::kBackward, end, side);
+    if (last < corner_.previous) EndAt(Direction::kBackward, last, walk);
+    EndAt(Direction::kBackward, end, walk);
   } else if (away != PathIndex::kNoMove && away != 0) {
-    Reach(Direction::kBackward, away, side);
+    EndAt(Direction::kBackward, away, walk);
   } else {
-    side->ended = false;
+    walk->ended = false;
   }
 }
 
-void CornerSearch::ReachNeighbour(uint32_t block, const Stretch& way, Side* side) {
-  side->block = block;
-  side->length = way.difference.length;
-  side->unit = way.unit;
+void CornerSearch::EndAtNeighbour(uint32_t move, const Chord& chord, Walk* walk) {
+  walk->last = move;
+  walk->length = chord.difference.length;
+  walk->unit = chord.unit;
 }
 
-void CornerSearch::Reach(Direction direction, uint32_t block, Side* side) const {
+void CornerSearch::EndAt(Direction direction, uint32_t move, Walk* walk) const {
   Difference difference;
   if (direction == Direction::kForward) {
-    path_.Vector(block, corner_.i, &difference, &side->unit);
+    path_.Vector(move, corner_.i, &difference, &walk->unit);
   } else {
-    path_.Vector(corner_.i, block, &difference, &side->unit);
+    path_.Vector(corner_.i, move, &difference, &walk->unit);
   }
-  side->block = block;
-  side->length = difference.length;
+  walk->last = move;
+  walk->length = difference.length;
 }
 
-// A stretch too short for a heading leaves the last one.
-void CornerSearch::TakeHeading(const Stretch& stretch, PlanHeading* heading) {
-  if (HasHeading(stretch.difference)) *heading = PlanHeading(stretch.unit);
+// A chord too short for a heading keeps the last one.
+void CornerSearch::UpdateHeading(const Chord& chord, PlanHeading* heading) {
+  if (HasHeading(chord.difference)) *heading = PlanHeading(chord.unit);
 }
 
-// The point of the path at about the look distance lies on the line of the segment that the walk
-// ended with; where a rapid stopped the walk, maybe beyond that segment.
-void CornerSearch::FindPoint(Direction direction, Side* side) const {
+// The far point is on the line of the segment that the walk ended with. Where a rapid stopped the
+// walk it may be beyond that segment.
+void CornerSearch::FindFarPoint(Direction direction, Walk* walk) const {
   const bool forward = direction == Direction::kForward;
   Difference segment;  // in the direction of travel
   Vec3 start = corner_.point;
   float startLength = 0;  // from the corner to the near end of the segment
-  if (side->block == (forward ? corner_.next : corner_.previous)) {
+  if (walk->last == (forward ? corner_.next : corner_.previous)) {
     segment = (forward ? corner_.departure : corner_.arrival).difference;
   } else {
-    const uint32_t near = forward ? path_.PrevMove(side->block) : path_.NextMove(side->block);
+    const uint32_t near = forward ? path_.PrevMove(walk->last) : path_.NextMove(walk->last);
     start = path_.Point(near);
-    const Vec3 end = path_.Point(side->block);
+    const Vec3 end = path_.Point(walk->last);
     Vec3 unit;
     DiffVectors(forward ? end : start, forward ? start : end, &segment, &unit);
     Difference toStart;
     DiffVectors(corner_.point, start, &toStart, &unit);
     startLength = toStart.length;
   }
-  side->hasPoint = segment.length != 0;
-  if (!side->hasPoint) return;
+  walk->hasFarPoint = segment.length != 0;
+  if (!walk->hasFarPoint) return;
 
-  double rest = static_cast<double>(side->distance) - startLength;
+  double rest = static_cast<double>(walk->distance) - startLength;
   if (!forward) rest = -rest;
   const auto along = [&](float from, float delta) {
     return static_cast<float>(from + delta * rest / segment.length);
   };
   const Vec3 point = {along(start.x, segment.dx), along(start.y, segment.dy),
                       along(start.z, segment.dz)};
-  Measure(forward ? corner_.point : point, forward ? point : corner_.point, &side->far);
+  Measure(forward ? corner_.point : point, forward ? point : corner_.point, &walk->chord);
 }
 
-// The turn in plan view, with the last headings where a stretch is too short to have one; 0 for a
-// turn that cannot be above the smallest angle that counts.
-float CornerSearch::Turn(const Stretch& departure, const Stretch& arrival) {
+// The turn in plan view, with the last headings where a chord is too short to have one; 0 for a
+// turn that cannot be above CornerMinAngle.
+float CornerSearch::Turn(const Chord& departure, const Chord& arrival) {
   const bool known = HasHeading(departure.difference) && HasHeading(arrival.difference);
   if (known && HeadingsHaveCosine(departure.unit, arrival.unit, straightCosine_)) return 0;
   return PlanTurn(forwardHeading_.Degrees(), backwardHeading_.Degrees(), arrival.unit);
 }
 
-// The angle of the corner when one of its moves is an arc: the smaller the arc, the greater. The
-// reach of this is SafetyDistance whatever the look distance is.
+// The angle of the corner if one of its moves is an arc: it grows as the radius shrinks. The limit
+// depends on SafetyDistance, whatever the look distance of the search.
 float CornerSearch::ArcAngle(uint32_t walkEnd, float angle) {
   uint32_t arc = walkEnd;
   if (!IsArcType(path_.Block(arc).type)) arc = corner_.i;
@@ -247,7 +249,8 @@ int32_t CornerSearch::CornerFeed(float angle) const {
   return RoundDownToStep(feed < lowest ? TruncateToInt(lowest) : feed, job_.FeedChgAng);
 }
 
-// Slows one end of the move at the index. Returns the feed in hand: a collapse may have lowered it.
+// Slows one end of the move at the index. Returns the feed for the other move of the corner, which
+// a collapse may have lowered.
 int32_t CornerSearch::SlowInZone(uint32_t index, int16_t percent, int32_t feed,
                                  void (*widen)(MotionBlock*, int16_t, int32_t), Collapse collapse) {
   store_->ReadBlock(index);
@@ -282,52 +285,52 @@ void CornerSearch::SlowMoves(float angle, float distance, bool previousZone, boo
     SlowInZone(corner_.next, percent, feed, WidenHeadZone, collapse);
   } else {
     store_->ReadBlock(corner_.next);
-    // A move that opens a run, an arc and a rapid keep their feed.
+    // A move that starts a run of cuts, an arc and a rapid keep their feed.
     if (block->type == BlockCut && LowerWholeMove(block, feed)) store_->WriteBlock(corner_.next);
   }
 }
 
 int CornerSearch::XyCornerSearch(uint32_t i) {
-  if (!StandOn(i)) return 0;
-  TakeHeading(corner_.departure, &forwardHeading_);
-  TakeHeading(corner_.arrival, &backwardHeading_);
+  if (!SetCorner(i)) return 0;
+  UpdateHeading(corner_.departure, &forwardHeading_);
+  UpdateHeading(corner_.arrival, &backwardHeading_);
   const float nearTurn = Turn(corner_.departure, corner_.arrival);
   const float distance =
       job_.XyChgReduceCheck != 0 ? job_.SafetyDistance * kReducedReach : job_.SafetyDistance;
 
-  const Side& forward = Look(Direction::kForward, distance);
-  if (!forward.ended || !HasPlanPart(forward.unit) || !forward.hasPoint) return 0;
-  TakeHeading(forward.far, &forwardHeading_);
+  const Walk& forward = WalkTo(Direction::kForward, distance);
+  if (!forward.ended || !HasPlanPart(forward.unit) || !forward.hasFarPoint) return 0;
+  UpdateHeading(forward.chord, &forwardHeading_);
 
-  const Side& backward = Look(Direction::kBackward, distance);
-  if (!backward.ended || !HasPlanPart(backward.unit) || !backward.hasPoint) return 0;
-  TakeHeading(backward.far, &backwardHeading_);
+  const Walk& backward = WalkTo(Direction::kBackward, distance);
+  if (!backward.ended || !HasPlanPart(backward.unit) || !backward.hasFarPoint) return 0;
+  UpdateHeading(backward.chord, &backwardHeading_);
 
-  const float turn = std::max(nearTurn, Turn(forward.far, backward.far));
-  const float angle = ArcAngle(forward.block, turn);
+  const float turn = std::max(nearTurn, Turn(forward.chord, backward.chord));
+  const float angle = ArcAngle(forward.last, turn);
   if (angle <= job_.CornerMinAngle) return 0;
-  SlowMoves(angle, distance, backward.block == corner_.previous && backward.length > distance,
-            forward.block == corner_.next && forward.length > distance, Collapse::kAlways);
+  SlowMoves(angle, distance, backward.last == corner_.previous && backward.length > distance,
+            forward.last == corner_.next && forward.length > distance, Collapse::kAlways);
   return 1;
 }
 
 int CornerSearch::ZCornerSearch(uint32_t i) {
-  if (!StandOn(i) || IsRapidType(path_.Block(corner_.next).type)) return 0;
+  if (!SetCorner(i) || IsRapidType(path_.Block(corner_.next).type)) return 0;
   const float distance = job_.SafetyDistance;
 
-  const Side& forward = Look(Direction::kForward, distance);
-  if (!forward.ended || !forward.hasPoint) return 0;
-  const Side& backward = Look(Direction::kBackward, distance);
-  if (!backward.ended || !backward.hasPoint) return 0;
+  const Walk& forward = WalkTo(Direction::kForward, distance);
+  if (!forward.ended || !forward.hasFarPoint) return 0;
+  const Walk& backward = WalkTo(Direction::kBackward, distance);
+  if (!backward.ended || !backward.hasFarPoint) return 0;
 
-  const Vec3& departure = forward.far.unit;
-  const Vec3& arrival = backward.far.unit;
+  const Vec3& departure = forward.chord.unit;
+  const Vec3& arrival = backward.chord.unit;
   if (ElevationsHaveCosine(departure, arrival, straightCosine_)) return 0;
   // Without ConCorChk a corner counts only where the path turns upward.
   if (job_.ConCorChk != 1 && departure.z - arrival.z <= 0) return 0;
   const float angle = UnsignedTurn(LevelledElevation(departure), LevelledElevation(arrival));
   if (angle <= job_.CornerMinAngle) return 0;
-  SlowMoves(angle, distance, backward.block == corner_.previous, forward.block == corner_.next,
+  SlowMoves(angle, distance, backward.last == corner_.previous, forward.last == corner_.next,
             Collapse::kWhenLowered);
   return 1;
 }

@@ -1,3 +1,4 @@
+// The pass runs all rules over a batch of blocks before it starts the next batch.
 #include "feed/feed_pass.h"
 
 #include <algorithm>
@@ -15,14 +16,13 @@ namespace tvx {
 
 namespace {
 
-// Blocks are handled in batches by index, each through all the rules before the next one starts.
-// This shows at the edge of a batch: what its last move did to the first move of the next batch is
-// reset there, but for a head zone.
+// Blocks are handled in batches by index. The edge of a batch shows in the result: what its last
+// move did to the first move of the next batch is reset there, except a head zone.
 constexpr uint32_t kBatchBlocks = 200;
 
 // Shorter moves, in mm, and moves with less rise than this are no slopes.
 constexpr double kLeastSlope = 0.0001;
-// A move that opens a run more steeply than this, in degrees, is a plunge.
+// A move that starts a run of cuts more steeply than this, in degrees, is a plunge.
 constexpr double kPlungeAngle = 89.0;
 
 struct Batch {
@@ -35,7 +35,7 @@ bool SameFeeds(const MotionBlock& a, const MotionBlock& b) {
          a.tailPercent == b.tailPercent && a.tailFeed == b.tailFeed;
 }
 
-// Applies a rule to the blocks from first to last, the last one included, and tells the trace.
+// Applies a rule to the blocks from first to last, the last one included, and traces the changes.
 template <typename Rule>
 void Apply(FeedRule name, const PathIndex& path, uint32_t first, uint32_t last,
            const FeedTrace& trace, Rule rule) {
@@ -120,7 +120,7 @@ void SearchCorners(const PathIndex& path, Batch batch, CornerSearch* search,
   }
 }
 
-// An arc runs at one feed, the lowest of those it was given.
+// An arc has one feed: the lowest of its own and those of its zones.
 void FlattenArcs(BlockStore* store, const PathIndex& path, Batch batch) {
   MotionBlock* block = &store->CurrentBlock;
   for (uint32_t i = batch.first; i < batch.end; ++i) {
@@ -153,7 +153,7 @@ void FeedPass(NcProgram* program, const JobRecord& job, const MasterGrid* master
   for (Batch batch{0, 0}; batch.end < path.BlockCount(); batch.first = batch.end) {
     batch.end = std::min(batch.first + kBatchBlocks, path.BlockCount());
     const auto apply = [&](FeedRule name, auto rule) {
-      // A rule may reach the first move behind the batch.
+      // A rule may change the first move of the next batch.
       Apply(name, path, batch.first, batch.end, trace, rule);
     };
     ResetFeeds(store, batch, job.MaxFeed);
@@ -168,7 +168,7 @@ void FeedPass(NcProgram* program, const JobRecord& job, const MasterGrid* master
     apply(FeedRule::kArc, [&] { FlattenArcs(store, path, batch); });
   }
   memory->headings = search.Headings();
-  // Which blocks the rules had to look at last does not show.
+  // The register must not depend on the blocks that the rules read last.
   store->ReadBlock(store->blockCount - 1);
 }
 

@@ -1,3 +1,4 @@
+// The stages of a build in their order, each after its helpers; BuildMaster at the end runs them.
 #include "feed/master_build.h"
 
 #include <algorithm>
@@ -5,34 +6,17 @@
 
 #include "base/numbers.h"
 #include "feed/master_picture.h"
-#include "feed/sample_range.h"
 #include "model/walks.h"
 
 namespace tvx {
 
 namespace {
 
-constexpr uint32_t kFewestBlocks = 5;
-constexpr double kMemoryBudget = 60'000'000;  // bytes that the fine cells of a build may take
-constexpr double kCellCost = 14;              // bytes of a fine cell in the budget
-constexpr int32_t kFinest = 5;
-constexpr double kGapReach = 4.0;     // mm
-constexpr double kStillAxis = 0.001;  // mm; a move does not follow an axis on which it is shorter
-
-// Blocks that the clean-up searches for a move behind plunges that have none. A program that ends
-// in thousands of moves straight down would else take the square of their number.
-constexpr uint64_t kMostSearchedInVain = 10'000'000;
-
 constexpr MasterDlgField kFields[] = {
     {"공구 직경", &CMasterDlg::MasterToolDiameter},
     {"가공 여유", &CMasterDlg::MasterAllowance},
     {"마스터 모델 공차", &CMasterDlg::MasterTolerance},
 };
-
-// Position of grid line `index`, as it is stored in a cell.
-float Node(int32_t index, float cellSize) {
-  return static_cast<float>(static_cast<double>(index) * cellSize);
-}
 
 // The vector to block i from the one before it. A vector without length has the unit vector 0.
 struct Move {
@@ -56,7 +40,21 @@ bool GoesStraightUp(const Vec3& unit) {
   return unit.z == 1.0F;
 }
 
-// What a build needs to know before it changes anything.
+}  // namespace
+
+std::span<const MasterDlgField> MasterDlgFields() {
+  return kFields;
+}
+
+// Stage 1: the plan, with all sizes that are known before anything changes.
+
+namespace {
+
+constexpr uint32_t kFewestBlocks = 5;
+constexpr double kMemoryBudget = 60'000'000;  // bytes that the fine cells of a build may take
+constexpr double kCellCost = 14;              // bytes of a fine cell in the budget
+constexpr int32_t kFinest = 5;
+
 struct BuildPlan {
   float ToolSize;
   float OriginX, OriginY;
@@ -64,6 +62,7 @@ struct BuildPlan {
   int32_t refinement;
 };
 
+// Returns kBuilt if nothing prevents the build.
 BuildResult PlanBuild(const CMasterDlg& input, BlockStore* store, BuildPlan* plan) {
   if (store->blockCount < kFewestBlocks) return BuildResult::kFewBlocks;
   PathExtents(store, &plan->minimum, &plan->maximum);
@@ -78,10 +77,121 @@ BuildResult PlanBuild(const CMasterDlg& input, BlockStore* store, BuildPlan* pla
   if (!std::isfinite(plan->ToolSize) || !std::isfinite(width) || !std::isfinite(depth)) {
     return BuildResult::kSizes;
   }
-  // The store takes a block beyond its limit for a bad one: a part shifted there would be lost.
+  // The store repairs a block beyond its limit: a part shifted there would be lost.
   if (width > BlockStore::kCoordinateLimit) return BuildResult::kTooWide;
   plan->refinement = Refinement(std::trunc(width / tolerance), std::trunc(depth / tolerance));
   return plan->refinement > 0 ? BuildResult::kBuilt : BuildResult::kSizes;
+}
+
+}  // namespace
+
+int32_t Refinement(double columns, double rows) {
+  const double cells = columns * rows;
+  if (kCellCost * kFinest * kFinest * cells <= kMemoryBudget) return kFinest;
+  return TruncateToInt(std::sqrt(kMemoryBudget / (kCellCost * cells)));
+}
+
+// Stage 2: from world to grid coordinates.
+
+void ShiftPath(BlockStore* store, float OriginX, float OriginY) {
+  for (uint32_t i = 0; i < store->blockCount; ++i) {
+    if (!IsMoveBlock(store, i)) continue;
+    store->CurrentBlock.x -= OriginX;
+    store->CurrentBlock.y -= OriginY;
+    store->WriteBlock(i);
+  }
+}
+
+// Stage 3: the plunges are removed from the path.
+
+namespace {
+
+// Blocks that the clean-up searches in vain for a move that leaves a plunge, over all plunges. A
+// program that ends in thousands of moves straight down would otherwise take the square of their
+// number.
+constexpr uint64_t kMostSearchedInVain = 10'000'000;
+
+// True for a rapid or the start of a cut that goes straight down.
+bool IsPlunge(BlockStore* store, uint32_t i) {
+  store->ReadBlock(i);
+  const uint32_t type = store->CurrentBlock.type;
+  return (IsRapidType(type) || type == BlockCutStart) && GoesStraightDown(MoveOf(store, i).unit);
+}
+
+// The move that leaves the line of the plunge that ends at block i; 0 if there is none.
+uint32_t MoveAfterPlunge(BlockStore* store, uint32_t i) {
+  uint32_t n = NextMove(store, i);
+  while (n != 0 && n < store->blockCount) {
+    Difference difference;
+    Vec3 unit;
+    BlockVector(store, n, i, &difference, &unit);
+    if (!GoesStraightDown(unit)) return n;
+    n = NextMove(store, n);
+  }
+  return 0;
+}
+
+void SetType(BlockStore* store, uint32_t i, BlockType type) {
+  store->ReadBlock(i);
+  store->CurrentBlock.type = type;
+  store->WriteBlock(i);
+}
+
+// Removes the plunge from block i to the move after it from the path. Returns the block to go on
+// from.
+uint32_t RemovePlunge(BlockStore* store, uint32_t i, uint32_t after) {
+  SetType(store, after, BlockCutStart);
+  const uint32_t last = PrevMove(store, after);
+  SetType(store, last, BlockRapid);
+  for (uint32_t block = i; block < last; ++block) SetType(store, block, BlockNone);
+  return last + 1;
+}
+
+}  // namespace
+
+void CleanPlunges(BlockStore* store) {
+  store->ReadBlock(0);
+  uint64_t searchedInVain = 0;
+  for (uint32_t i = NextMove(store, 0); i < store->blockCount;) {
+    const uint32_t after = IsPlunge(store, i) ? MoveAfterPlunge(store, i) : i;
+    if (after == i) {
+      ++i;
+    } else if (after != 0) {
+      i = RemovePlunge(store, i, after);
+    } else {
+      searchedInVain += store->blockCount - i;
+      if (searchedInVain > kMostSearchedInVain) return;
+      ++i;
+    }
+  }
+}
+
+// Stage 4: the fine grid, still empty.
+
+bool SizeGrid(BlockStore* store, int32_t k, MasterGrid* grid) {
+  Vec3 minimum, maximum;
+  if (PathExtents(store, &minimum, &maximum)) {
+    grid->MaxX = maximum.x;
+    grid->MaxY = maximum.y;
+    grid->MaxZ = maximum.z;
+  }
+  const double c = grid->CellSize;
+  // A part as thin as the rounding of its position could get less than one finished cell.
+  const auto cells = [&](double length) {
+    return std::max<int64_t>(TruncateTo<int64_t>(length / c + 1), k);
+  };
+  return AllocateGrid(grid, cells(grid->MaxX), cells(grid->MaxY));
+}
+
+// Stage 5: heights along the path.
+
+namespace {
+
+constexpr double kStillAxis = 0.001;  // mm; a move does not follow an axis on which it is shorter
+
+// Position of grid line `index`, as it is stored in a cell.
+float Node(int32_t index, float cellSize) {
+  return static_cast<float>(static_cast<double>(index) * cellSize);
 }
 
 // Distance in the plan view, as DiffVectors measures it.
@@ -133,6 +243,29 @@ void SampleMove(const Move& move, MasterGrid* grid) {
   }
 }
 
+}  // namespace
+
+void SamplePath(BlockStore* store, MasterGrid* grid) {
+  for (uint32_t i = 0; i < store->blockCount; ++i) {
+    if (!IsCutBlock(store, i)) continue;
+    const Vec3 end = EndPoint(store->CurrentBlock);
+    const Move move = MoveOf(store, i);
+    if (GoesStraightDown(move.unit)) {
+      Deposit(end, grid);
+    } else if (GoesStraightUp(move.unit)) {
+      Deposit(move.start, grid);
+    } else {
+      SampleMove(move, grid);
+    }
+  }
+}
+
+// Stage 6: heights between the samples.
+
+namespace {
+
+constexpr double kGapReach = 4.0;  // mm
+
 // A line of cells through a grid, backwards from one cell, along X or along Y.
 struct RowAxis {
   static constexpr float MasterCell::*position = &MasterCell::x;
@@ -147,8 +280,8 @@ struct ColumnAxis {
   }
 };
 
-// Puts a cell on its node, at the height of the line through two stored points. A filled cell has
-// no stored position: -9999 then stands for it in the line, as it does in the cell.
+// Moves a cell to its node, at the height of the line through two stored points. A filled cell has
+// no stored position: the line then uses its -9999.
 void PutOnNode(float MasterCell::*position, float node, float p0, float z0, float p1, float z1,
                MasterCell* cell) {
   cell->*position = node;
@@ -157,7 +290,7 @@ void PutOnNode(float MasterCell::*position, float node, float p0, float z0, floa
                                z0);
 }
 
-// Fills the gap between a cell and the next one before it that holds a height, if that lies less
+// Fills the gap between a cell and the nearest one before it that has a height, if that is less
 // than `reach` cells away.
 template <typename Axis>
 void FillGap(int32_t along, int32_t across, int32_t reach, MasterGrid* grid) {
@@ -177,8 +310,39 @@ void FillGap(int32_t along, int32_t across, int32_t reach, MasterGrid* grid) {
   }
 }
 
-// Slope between two cells in degrees, 0 to 90. Returns false, with 0, if the second lies outside
-// the grid or one of them has no height.
+}  // namespace
+
+void FillGaps(MasterGrid* grid) {
+  const int32_t reach = TruncateToInt(kGapReach / grid->CellSize);
+  for (int32_t iy = 1; iy < grid->NY; ++iy) {
+    for (int32_t ix = 1; ix < grid->NX; ++ix) {
+      if (!HasHeight(grid->At(ix, iy))) continue;
+      FillGap<RowAxis>(ix, iy, reach, grid);
+      FillGap<ColumnAxis>(iy, ix, reach, grid);
+    }
+  }
+}
+
+// Stage 7: the finished grid and its angles.
+
+void ThinOut(MasterGrid* grid, int32_t k, float CellSize) {
+  const int32_t NX = grid->NX / k;
+  const int32_t NY = grid->NY / k;
+  size_t kept = 0;
+  for (int32_t iy = 0; iy < NY; ++iy) {
+    for (int32_t ix = 0; ix < NX; ++ix) grid->Cells[kept++] = grid->At(ix * k, iy * k);
+  }
+  grid->NX = NX;
+  grid->NY = NY;
+  grid->CellCount = NX * NY;
+  grid->CellSize = CellSize;
+  grid->Cells.Shrink(grid->CellCount);
+}
+
+namespace {
+
+// Slope between two cells in degrees, 0 to 90. Returns false, with 0, if the second is outside the
+// grid or one of them has no height.
 bool Slope(const MasterGrid& grid, const MasterCell& cell, int32_t ix, int32_t iy, float* slope) {
   *slope = 0;
   if (ix < 0 || ix >= grid.NX || iy < 0 || iy >= grid.NY) return false;
@@ -194,8 +358,8 @@ bool Slope(const MasterGrid& grid, const MasterCell& cell, int32_t ix, int32_t i
   return true;
 }
 
-// The cell before is the neighbour that counts, the one behind stands in where that is missing. The
-// first cell that has an angle looks at the one behind it only.
+// The slope to the cell before, or to the next cell where that is missing. The first cell that has
+// an angle uses the next cell only.
 float SlopeAlongX(const MasterGrid& grid, int32_t ix, int32_t iy) {
   const MasterCell& cell = grid.At(ix, iy);
   float slope = 0;
@@ -218,134 +382,7 @@ float SlopeAlongY(const MasterGrid& grid, int32_t ix, int32_t iy) {
   return slope;
 }
 
-// True for a block at which the clean-up looks and which goes straight down.
-bool IsPlunge(BlockStore* store, uint32_t i) {
-  store->ReadBlock(i);
-  const uint32_t type = store->CurrentBlock.type;
-  return (IsRapidType(type) || type == BlockCutStart) && GoesStraightDown(MoveOf(store, i).unit);
-}
-
-// The move that leaves the line of the plunge that ends at block i; 0 if there is none.
-uint32_t MoveBehindPlunge(BlockStore* store, uint32_t i) {
-  uint32_t n = NextMove(store, i);
-  while (n != 0 && n < store->blockCount) {
-    Difference difference;
-    Vec3 unit;
-    BlockVector(store, n, i, &difference, &unit);
-    if (!GoesStraightDown(unit)) return n;
-    n = NextMove(store, n);
-  }
-  return 0;
-}
-
-void SetType(BlockStore* store, uint32_t i, BlockType type) {
-  store->ReadBlock(i);
-  store->CurrentBlock.type = type;
-  store->WriteBlock(i);
-}
-
-// Takes the plunge from block i to the move behind it out of the path. Returns the block to go on
-// from.
-uint32_t TakeOutPlunge(BlockStore* store, uint32_t i, uint32_t behind) {
-  SetType(store, behind, BlockCutStart);
-  const uint32_t last = PrevMove(store, behind);
-  SetType(store, last, BlockRapid);
-  for (uint32_t block = i; block < last; ++block) SetType(store, block, BlockNone);
-  return last + 1;
-}
-
 }  // namespace
-
-std::span<const MasterDlgField> MasterDlgFields() {
-  return kFields;
-}
-
-int32_t Refinement(double columns, double rows) {
-  const double cells = columns * rows;
-  if (kCellCost * kFinest * kFinest * cells <= kMemoryBudget) return kFinest;
-  return TruncateToInt(std::sqrt(kMemoryBudget / (kCellCost * cells)));
-}
-
-void ShiftPath(BlockStore* store, float OriginX, float OriginY) {
-  for (uint32_t i = 0; i < store->blockCount; ++i) {
-    if (!IsMoveBlock(store, i)) continue;
-    store->CurrentBlock.x -= OriginX;
-    store->CurrentBlock.y -= OriginY;
-    store->WriteBlock(i);
-  }
-}
-
-void CleanPlunges(BlockStore* store) {
-  store->ReadBlock(0);
-  uint64_t searchedInVain = 0;
-  for (uint32_t i = NextMove(store, 0); i < store->blockCount;) {
-    const uint32_t behind = IsPlunge(store, i) ? MoveBehindPlunge(store, i) : i;
-    if (behind == i) {
-      ++i;
-    } else if (behind != 0) {
-      i = TakeOutPlunge(store, i, behind);
-    } else {
-      searchedInVain += store->blockCount - i;
-      if (searchedInVain > kMostSearchedInVain) return;
-      ++i;
-    }
-  }
-}
-
-bool SizeGrid(BlockStore* store, int32_t k, MasterGrid* grid) {
-  Vec3 minimum, maximum;
-  if (PathExtents(store, &minimum, &maximum)) {
-    grid->MaxX = maximum.x;
-    grid->MaxY = maximum.y;
-    grid->MaxZ = maximum.z;
-  }
-  const double c = grid->CellSize;
-  // A part as thin as the rounding of its position can come out below one finished cell.
-  const auto cells = [&](double length) {
-    return std::max<int64_t>(TruncateTo<int64_t>(length / c + 1), k);
-  };
-  return AllocateGrid(grid, cells(grid->MaxX), cells(grid->MaxY));
-}
-
-void SamplePath(BlockStore* store, MasterGrid* grid) {
-  for (uint32_t i = 0; i < store->blockCount; ++i) {
-    if (!IsCutBlock(store, i)) continue;
-    const Vec3 end = EndPoint(store->CurrentBlock);
-    const Move move = MoveOf(store, i);
-    if (GoesStraightDown(move.unit)) {
-      Deposit(end, grid);
-    } else if (GoesStraightUp(move.unit)) {
-      Deposit(move.start, grid);
-    } else {
-      SampleMove(move, grid);
-    }
-  }
-}
-
-void FillGaps(MasterGrid* grid) {
-  const int32_t reach = TruncateToInt(kGapReach / grid->CellSize);
-  for (int32_t iy = 1; iy < grid->NY; ++iy) {
-    for (int32_t ix = 1; ix < grid->NX; ++ix) {
-      if (!HasHeight(grid->At(ix, iy))) continue;
-      FillGap<RowAxis>(ix, iy, reach, grid);
-      FillGap<ColumnAxis>(iy, ix, reach, grid);
-    }
-  }
-}
-
-void ThinOut(MasterGrid* grid, int32_t k, float CellSize) {
-  const int32_t NX = grid->NX / k;
-  const int32_t NY = grid->NY / k;
-  size_t kept = 0;
-  for (int32_t iy = 0; iy < NY; ++iy) {
-    for (int32_t ix = 0; ix < NX; ++ix) grid->Cells[kept++] = grid->At(ix * k, iy * k);
-  }
-  grid->NX = NX;
-  grid->NY = NY;
-  grid->CellCount = NX * NY;
-  grid->CellSize = CellSize;
-  grid->Cells.Shrink(grid->CellCount);
-}
 
 void MasterAngles(MasterGrid* grid) {
   for (int32_t iy = 1; iy < grid->NY; ++iy) {

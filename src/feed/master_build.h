@@ -1,5 +1,5 @@
-// The build of a master model: the moves of the program that cuts the final surface become a
-// regular grid of heights with a surface angle at each cell.
+// Builds a master model: converts the moves of the program that cuts the final surface to a regular
+// grid of heights with a surface angle at each cell.
 #pragma once
 
 #include <cstdint>
@@ -45,27 +45,26 @@ enum class BuildResult {
 // of the model in the store (see ShowMaster).
 BuildResult BuildMaster(const CMasterDlg& input, NcProgram* program, MasterGrid* grid);
 
-// The stages of a build, in their order. While the grid is fine its CellSize is the fine one and
-// the program in the store is in grid coordinates.
+// The stages of a build, in their order. Until ThinOut the grid's CellSize is the fine one; from
+// ShiftPath on the program in the store is in grid coordinates.
 
 // How many times finer than the finished grid the grid is built: at most 5, less where the fine
 // cells would exceed the budget of memory, 0 if even the finished grid exceeds it. `columns` and
 // `rows` are those of the finished grid.
 int32_t Refinement(double columns, double rows);
 
-// Takes an origin, mm, off the coordinates of all moves.
+// Subtracts an origin, mm, from the coordinates of all moves.
 void ShiftPath(BlockStore* store, float OriginX, float OriginY);
 
-// Takes the straight plunges out of the straight moves: the last block of a plunge becomes a rapid,
-// those before it become no moves, and the move behind it starts a cut. A plunge that no move
-// leaves stays as it is.
+// Removes the straight plunges: the last block of a plunge becomes a rapid, those before it become
+// no moves, and the next move starts a cut. A plunge that no move leaves stays as it is.
 void CleanPlunges(BlockStore* store);
 
-// Gives the grid the fine cells that the path needs, at least k in each direction, and the path's
-// highest point. Returns false without a model if there is no memory for them.
+// Allocates the fine cells that the path needs, at least k in each direction, and stores the path's
+// highest point. Returns false, without a model, if there is no memory for the cells.
 bool SizeGrid(BlockStore* store, int32_t k, MasterGrid* grid);
 
-// Leaves in each cell the path's point nearest to the cell's node.
+// Stores in each cell the path's point nearest to the cell's node.
 void SamplePath(BlockStore* store, MasterGrid* grid);
 
 // Fills the empty cells between two cells of a row or column that lie less than 4 mm apart.
@@ -74,7 +73,7 @@ void FillGaps(MasterGrid* grid);
 // Keeps every k-th cell of every k-th row. CellSize becomes the finished one.
 void ThinOut(MasterGrid* grid, int32_t k, float CellSize);
 
-// Sets the surface angle of each cell but those of row 0 and column 0.
+// Sets the surface angle of each cell except those of row 0 and column 0.
 void MasterAngles(MasterGrid* grid);
 
 }  // namespace tvx

@@ -19,8 +19,8 @@ constexpr size_t kHeaderBytes = 156;
 constexpr size_t kCellBytes = 6;
 constexpr int32_t kLastHeaderWord = 4;
 
-// What stands in the header from byte 100 on, 4 bytes each: a field of the grid, or a number of no
-// meaning. On reading such a number is passed over.
+// The header from byte 100 on, 4 bytes each: a field of the grid, or a number without meaning,
+// which reading skips.
 using HeaderWord = std::variant<float MasterGrid::*, int32_t MasterGrid::*, int32_t>;
 constexpr HeaderWord kHeader[] = {
     &MasterGrid::OriginX,    &MasterGrid::OriginY, &MasterGrid::MinZ,     &MasterGrid::MaxX,
@@ -30,7 +30,7 @@ constexpr HeaderWord kHeader[] = {
 };
 static_assert(kReservedBytes + 4 * std::size(kHeader) == kHeaderBytes);
 
-// Numbers of a file are little-endian on every machine.
+// Numbers in a file are little-endian on every machine.
 template <typename Unsigned>
 void Append(Unsigned bits, std::string* bytes) {
   for (size_t i = 0; i < sizeof(bits); ++i) bytes->push_back(static_cast<char>(bits >> (8 * i)));
@@ -84,7 +84,7 @@ bool AllFieldsFinite(const MasterGrid& grid) {
   return true;
 }
 
-// Nothing in a file says that it is a master file; a header that fits the size of its file does.
+// Master files have no signature: a file whose header fits its size is one.
 bool IsMasterFile(const MasterGrid& header, uint64_t fileSize) {
   return header.NX > 0 && header.NY > 0 &&
          header.CellCount == static_cast<int64_t>(header.NX) * header.NY &&
@@ -92,7 +92,7 @@ bool IsMasterFile(const MasterGrid& header, uint64_t fileSize) {
          AllFieldsFinite(header) && header.CellSize > 0;
 }
 
-// Reads exactly `size` bytes. False if there are not as many.
+// Reads exactly `size` bytes. Returns false if there are fewer.
 bool ReadBytes(InputFile* file, size_t size, std::string* bytes) {
   bytes->resize(size);
   size_t done = 0;

@@ -1,13 +1,11 @@
-// The master model: a height map of the finished part with a surface angle at each cell. The feed
-// pass asks it how steep the surface is near a point and above it.
+// The master model: a height map of the finished part with a surface angle at each cell.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <vector>
 
-#include "model/vectors.h"
+#include "feed/cell_pyramid.h"
 
 namespace tvx {
 
@@ -27,19 +25,18 @@ constexpr bool HasHeight(const MasterCell& cell) {
 // The memory of the cells. Moves, but does not copy.
 class MasterCells {
  public:
-  // Where the memory comes from, to be given back with std::free; returns null when there is none
-  // left. Tests inject failures here.
+  // Allocates memory that std::free releases; null when there is none left. Tests inject failures
+  // here.
   using Allocator = void* (*)(size_t bytes);
 
   MasterCells();
   explicit MasterCells(Allocator allocate) : allocate_(allocate) {}
 
-  // Gives the array `count` empty cells in place of those it has. Returns false, and holds none, if
-  // there is no memory for them or the count is not positive.
+  // Replaces the cells by `count` empty ones. Returns false, and holds no cells, if there is no
+  // memory for them or the count is not positive.
   bool Allocate(int64_t count);
 
-  // Gives the memory beyond the first `count` cells back, as far as that can be done; the cells
-  // stay.
+  // Keeps the first `count` cells and releases the memory of the others if that is possible.
   void Shrink(int64_t count);
 
   void Release() { cells_.reset(); }
@@ -58,38 +55,6 @@ class MasterCells {
   std::unique_ptr<MasterCell[], Free> cells_;
 };
 
-// Cells from first to last in both directions, the ends included; empty if a last is below its
-// first.
-struct CellRange {
-  int32_t firstX, lastX, firstY, lastY;
-};
-
-// What a lookup has to know of the cells of a square block to answer for them without a visit: for
-// each angle that can be the answer, from the steepest down, the highest cell that stands at it. A
-// less steep angle has its step only if it reaches higher than all steeper ones.
-struct AngleStep {
-  float z;        // mm
-  int16_t angle;  // degrees, above 0
-};
-
-struct CellBlock {
-  float highest;       // z of its last step, mm
-  int16_t steepest;    // angle of its first step; 0 for a block without steps
-  uint32_t firstStep;  // index of its first step
-};
-
-// Blocks over blocks over the cells of one grid: level 0 has the smallest blocks, each further
-// level joins four by four of the one below, up to a single block. Row 0 and column 0 of the grid,
-// which no lookup visits, are left out.
-struct CellPyramid {
-  struct Level {
-    int32_t columns, rows;
-    std::vector<CellBlock> blocks;  // row after row
-  };
-  std::vector<Level> levels;
-  std::vector<AngleStep> steps;  // of all blocks
-};
-
 struct MasterGrid {
   MasterGrid() = default;
   explicit MasterGrid(MasterCells::Allocator allocate) : Cells(allocate) {}
@@ -103,7 +68,7 @@ struct MasterGrid {
   int32_t NX = 0, NY = 0;              // cells along X and along Y
   int32_t ModelBuilt = 0;              // 1 for a model, 0 after a delete
   MasterCells Cells;                   // row after row: cell (ix, iy) at iy x NX + ix
-  CellPyramid Pyramid;                 // made by IndexCells; without it a lookup visits every cell
+  CellPyramid Pyramid;                 // index for MasterLookup, built by IndexCells
 
   MasterCell& At(int32_t ix, int32_t iy) { return Cells[Index(ix, iy)]; }
   const MasterCell& At(int32_t ix, int32_t iy) const { return Cells[Index(ix, iy)]; }
@@ -114,21 +79,23 @@ struct MasterGrid {
   }
 };
 
-// Gives the grid NX x NY empty cells of the given counts in place of those it has, and drops the
-// pyramid. Returns false if there is no memory for them; the grid then has no model.
+// Replaces the cells by NX x NY empty ones and drops the pyramid. Returns false, without a model,
+// if there is no memory for them or a count is not positive.
 bool AllocateGrid(MasterGrid* grid, int64_t NX, int64_t NY);
 
 // Leaves the grid without a model: no cells, counts and ModelBuilt 0.
 void DropMaster(MasterGrid* grid);
 
-// Prepares the lookups of a grid whose cells are complete. To be called again after a change of
-// cells; only the speed of a lookup depends on it.
-void IndexCells(MasterGrid* grid);
+// Indexes of samples along a move; empty if last is below first.
+struct SampleRange {
+  int64_t first, last;
+};
 
-// The steepest surface around a point of the world and above it: the largest angle, in degrees, of
-// the cells higher than point.z in the square of `radius` mm around the grid line nearest to the
-// point. Returns true and sets *angle, or false with *angle unchanged if no such cell has an angle
-// above 0, or the grid has no cells.
-bool MasterLookup(const MasterGrid& grid, const Vec3& point, float radius, int32_t* angle);
+// Narrows a range to the samples from + j x step that are between low and high on one axis, mm. The
+// coordinates of a program have no limit in Y, so a move may have more samples off the grid than
+// could ever be visited. The result is never too narrow: it allows for the rounding of a sample to
+// a float.
+SampleRange SamplesWithin(const SampleRange& range, double from, double step, double low,
+                          double high);
 
 }  // namespace tvx

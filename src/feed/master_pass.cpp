@@ -1,3 +1,4 @@
+// For each straight cut: the steepest walls at its end and along it, and the feeds that follow.
 #include "feed/master_pass.h"
 
 #include <algorithm>
@@ -5,7 +6,7 @@
 
 #include "base/numbers.h"
 #include "feed/angle_feed.h"
-#include "feed/sample_range.h"
+#include "feed/master_lookup.h"
 #include "feed/zones.h"
 #include "model/walks.h"
 
@@ -39,7 +40,7 @@ class MasterPass {
     store_->ReadBlock(i);
     const int32_t wholeAngle = move.percent == 0 ? angle : angleAlong;
     if (IsSteep(wholeAngle)) LowerFeed(i, FeedOfAngle(wholeAngle));
-    // A move without room for a tail zone has been slowed as a whole, and hands nothing on.
+    // A move without room for a tail zone is slowed as a whole and does not slow the next one.
     if (move.percent == 0 || move.percent >= kWholeMove) return;
     const int32_t zoneFeed = ZoneFeed(angleAtEnd);
     SlowTail(i, move.percent, zoneFeed);
@@ -56,7 +57,7 @@ class MasterPass {
     Vec3 end;
     Difference back;      // end point minus start point
     int16_t percent;      // 0 for a move too short for a zone
-    int16_t nextPercent;  // the same of the next move; 0 without one
+    int16_t nextPercent;  // the same for the next move; 0 without one
   };
 
   bool IsMove(uint32_t n) const { return n != 0 && n < store_->blockCount; }
@@ -82,7 +83,8 @@ class MasterPass {
     return move;
   }
 
-  // Angles are held at 90: a file may hold larger ones, of which no feed could be made.
+  // Angles are limited to 90: a file may hold larger ones, which are outside the curve of the
+  // feeds.
   int32_t SteepestAt(const Vec3& point) const {
     int32_t angle = 0;
     MasterLookup(master_, point, radius_, &angle);
@@ -96,7 +98,7 @@ class MasterPass {
     return 0;
   }
 
-  // Samples at the distance of the radius, but for those near the ends of the move.
+  // Samples one radius apart, without those near the ends of the move.
   int32_t SteepestOfSamples(const Reach& move) const {
     const int64_t n = TruncateToInt(static_cast<double>(move.back.length) / radius_);
     int32_t steepest = 0;
@@ -134,8 +136,8 @@ class MasterPass {
                      job_.MaxFeed, static_cast<float>(angle), BandEdges::kInclusive);
   }
 
-  // Feed near a wall of this angle, held above the lowest feed of the block in the register. Always
-  // a multiple of 10, whatever the feed step is.
+  // Feed near a wall of this angle, not below the lowest feed of the block in the register. Always
+  // a multiple of 10, whatever the feed step.
   int32_t ZoneFeed(int32_t angle) const {
     const int32_t feed = FeedOfAngle(angle);
     const double lowest =

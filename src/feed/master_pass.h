@@ -10,14 +10,14 @@
 namespace tvx {
 
 // Lowers the feeds of the straight cuts among the blocks `first` up to but not including `end`, and
-// of the moves behind them, where the master model is steep near the move and above it.
+// of the moves that follow them, where the master model is steep near the move and above it.
 //
 // Reads SafetyDistance (reach of the zones, mm; as the search radius and the sampling step at least
-// 1), SlopeMinAngle, SlopeMaxRatio, the three SideWeights and MaxFeed of the job; AfaByMaster is
-// the caller's matter. Without a model every lookup finds nothing.
+// 1), SlopeMinAngle, SlopeMaxRatio, the three SideWeights and MaxFeed of the job. The caller tests
+// AfaByMaster. Without a model every lookup finds nothing.
 //
-// *lastNextBlock is the next move that was handled last. It starts at 0 when the program starts and
-// is carried from batch to batch and from pass to pass.
+// *lastNextBlock is the following move that was handled last. It is 0 when the process starts and
+// is kept from batch to batch and from pass to pass.
 void MasterSubPass(BlockStore* store, const JobRecord& job, const MasterGrid& master,
                    uint32_t first, uint32_t end, uint32_t* lastNextBlock);
 

@@ -1,3 +1,4 @@
+// Rows and columns of the grid as runs of cuts, with rapids over the cells without surface.
 #include "feed/master_picture.h"
 
 #include "model/walks.h"
@@ -9,7 +10,7 @@ namespace {
 constexpr float kAbovePart = 500.0F;  // mm
 constexpr int32_t kLineStep = 5;      // cells between the lines, and between their points
 
-// Appends the blocks of the picture to the store. The register keeps the last one.
+// Appends the blocks of the picture to the store. The register holds the last one.
 class Picture {
  public:
   Picture(const MasterGrid& grid, NcProgram* program) : grid_(grid), store_(&program->store) {

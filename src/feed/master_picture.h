@@ -1,4 +1,4 @@
-// The wire picture by which the user sees the master model.
+// The wire picture that shows the master model.
 #pragma once
 
 #include <cstdint>
@@ -8,10 +8,10 @@
 
 namespace tvx {
 
-// Lays the picture into the store, in place of the program there: every fifth row and column of the
-// grid, in world coordinates, rapids 500 mm high between the pieces of surface and FeedBase on
-// every block. The command that shows it hides the rapids, so that only the surface is drawn. What
-// finds no room in the store is left out. A grid without cells leaves everything as it is.
+// Replaces the program in the store by the picture: every fifth row and column of the grid, in
+// world coordinates, with rapids at 500 mm between the pieces of surface and FeedBase on every
+// block. The caller hides the rapids, so that only the surface is drawn. Blocks that do not fit
+// into the store are left out. A grid without cells changes nothing.
 void ShowMaster(const MasterGrid& grid, NcProgram* program);
 
 }  // namespace tvx

@@ -1,3 +1,4 @@
+// One overload per type of value prints, reads or converts it; the table selects them.
 #include "feed/parameter_lines.h"
 
 #include "base/format.h"

@@ -1,6 +1,5 @@
-// The lines of which the condition files and the parameter file consist: a key, a blank and a
-// value. Each of the two formats is one table of these lines, and its reader and writer walk the
-// table.
+// The lines of condition files and of the parameter file: a key, a blank and a value. Each of the
+// two formats is one table of lines, which its reader and its writer walk.
 #pragma once
 
 #include <cstdint>
@@ -16,15 +15,15 @@ namespace tvx {
 // What happened to a settings file that was read or written.
 enum class SettingsResult { kDone, kCannotOpen, kCannotWrite };
 
-// The one value of these files that is no field of the job record: a spindle speed, rev/min.
+// The only value in these files that is not a field of the job record: a spindle speed, rev/min.
 struct SpindleSpeed {};
 
 using LineValue =
     std::variant<int32_t JobRecord::*, float JobRecord::*, std::string JobRecord::*, SpindleSpeed>;
 
 enum class LineReading {
-  kByPlace,  // the value is taken by its place in the file, whatever its key says
-  kByKey,    // the value is taken wherever its key stands, the case of its letters apart
+  kByPlace,  // the position in the file decides, whatever the key
+  kByKey,    // the key decides, regardless of the case of its letters
   kNever,    // written only
 };
 
@@ -34,19 +33,19 @@ struct ParameterLine {
   LineReading reading;
 };
 
-// The lines as a file holds them, in their order, in CP949 and with CR LF.
+// The bytes of a file with these lines in their order: CP949, lines end in CR LF.
 std::string PrintLines(std::span<const ParameterLine> lines, const JobRecord& record,
                        int32_t spindle);
 
-// Reads the lines that stand by place, each a word and a value, in the order of the table. A value
-// that cannot be read leaves its field as it was; its text stays unread and is then the next line's
-// key, so that every following line is read one word out of step until a text makes up for it.
+// Reads the lines of kind kByPlace, each a word and a value, in the order of the table. A value
+// that cannot be read leaves its field as it was; its text stays unread and becomes the key of the
+// next line, so that the following lines are read one word out of step until another such text.
 void ReadLinesByPlace(std::span<const ParameterLine> lines, WordScanner* words, JobRecord* record,
                       int32_t* spindle);
 
-// Reads pairs of a key and a value up to the end of the text. Unknown keys, and a last key without
-// a value, are passed over; of a key that comes twice the last value stands. A value that is no
-// number gives what the conversion gives. `spindle` may be null if no line of the table needs it.
+// Reads pairs of a key and a value up to the end of the text. Unknown keys and a last key without a
+// value are skipped; of a repeated key the last value counts. A value that is no number is
+// converted as far as it can be. `spindle` may be null if no line of the table needs it.
 void ReadLinesByKey(std::span<const ParameterLine> lines, WordScanner* words, JobRecord* record,
                     int32_t* spindle);
 

@@ -1,3 +1,4 @@
+// Builds the tree of bounds bottom up, and searches it forward and backward.
 #include "feed/path_index.h"
 
 #include <algorithm>
@@ -11,11 +12,11 @@ namespace {
 
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
 
-// The bounds are worked out in single precision, to a few parts in ten million. Whatever is not
-// nearer by at least this share of the squared distance is left to the exact measure.
+// The bounds are calculated in single precision, to a few parts in ten million. A run is skipped
+// only if it is nearer by at least this share of the squared distance.
 constexpr float kSurelyNear = 0.99999F;
-// What squared distances are compared with to be near beyond doubt. That tiny squares lose digits
-// does no harm: all lengths below 0.00003 count as 0, and 0 is near.
+// A squared distance below this is surely near. Tiny squares may lose digits: all lengths below
+// 0.00003 count as 0, and 0 is near.
 float NearSquared(float distance) {
   return distance * distance * kSurelyNear;
 }
@@ -28,7 +29,7 @@ bool IsFinite(const MotionBlock& block) {
   return std::isfinite(block.x) && std::isfinite(block.y) && std::isfinite(block.z);
 }
 
-// Decides about single blocks, in the end by the measure that everything else uses.
+// Decides about single blocks, finally by DiffVectors, which all rules measure with.
 struct AwayTest {
   Vec3 point;
   float distance;
@@ -54,8 +55,8 @@ PathIndex::Bounds PathIndex::Bounds::Empty() {
 
 void PathIndex::Bounds::Add(const MotionBlock& block) {
   if (!IsMoveType(block.type)) return;
-  // A rapid ends a search wherever it goes, so a run with one is never passed over; nor is one
-  // with a point that cannot be bounded.
+  // A rapid ends a search wherever it ends, so a run with a rapid is never skipped; nor is a run
+  // with a point that has no bounds.
   if (IsRapidType(block.type) || !IsFinite(block)) {
     lowX = lowY = lowZ = -kInfinity;
     highX = highY = highZ = kInfinity;
@@ -73,13 +74,13 @@ void PathIndex::Bounds::Add(const Bounds& other) {
 }
 
 bool PathIndex::Bounds::IsNear(const Vec3& point, float nearSquared) const {
-  // The farthest corner of the box. Of empty bounds every corner lies at minus infinity.
+  // The farthest corner of the box. Empty bounds have every corner at minus infinity.
   const float dx = std::max({point.x - lowX, highX - point.x, 0.0F});
   const float dy = std::max({point.y - lowY, highY - point.y, 0.0F});
   const float dz = std::max({point.z - lowZ, highZ - point.z, 0.0F});
   if (PlaneSquared(dx, dy) + dz * dz < nearSquared) return true;
-  // The farthest point of the upright cylinder. Unbounded bounds have no middle: the comparison
-  // with what is not a number fails.
+  // The farthest point of the upright cylinder. Infinite bounds have no middle: a comparison with a
+  // value that is not a number fails.
   const float far = std::sqrt(PlaneSquared(point.x - MiddleX(), point.y - MiddleY())) + radius;
   return far * far + dz * dz < nearSquared;
 }
@@ -91,7 +92,7 @@ PathIndex::PathIndex(BlockStore* store) : store_(store) {
   for (; count_ < store->blockCount; ++count_) {
     store->ReadBlock(count_);
     const MotionBlock* block = store->Peek(count_);
-    if (block == nullptr) break;  // the count runs one ahead where memory for an arc ran out
+    if (block == nullptr) break;  // blockCount is one too high if memory for an arc ran out
     if (count_ % kLeafBlocks == 0) leaves.push_back(Bounds::Empty());
     leaves.back().Add(*block);
   }
@@ -108,7 +109,7 @@ void PathIndex::AddLevels() {
   }
 }
 
-// Every level measures its circles over the points themselves: a circle about smaller circles
+// Every level measures its circles over the points themselves: a circle around smaller circles
 // would grow with each level.
 void PathIndex::MeasureRadii() {
   for (uint32_t first = 0; first < count_; first += kLeafBlocks) {
@@ -159,7 +160,7 @@ uint32_t PathIndex::ScanBackward(uint32_t last, uint32_t begin, Hit hit) const {
 template <typename Skip, typename Hit>
 uint32_t PathIndex::SearchForward(uint32_t first, Skip skip, Hit hit) const {
   if (first >= count_) return kNoMove;
-  uint32_t node = first / kLeafBlocks + 1;  // the next run that is whole
+  uint32_t node = first / kLeafBlocks + 1;  // the next whole run
   uint32_t found = kNoMove;
   if (!skip(levels_[0][node - 1])) {
     found = ScanForward(first, std::min(node * kLeafBlocks, count_), hit);
@@ -186,7 +187,7 @@ uint32_t PathIndex::SearchForward(uint32_t first, Skip skip, Hit hit) const {
 template <typename Skip, typename Hit>
 uint32_t PathIndex::SearchBackward(uint32_t last, Skip skip, Hit hit) const {
   if (last >= count_) return kNoMove;
-  uint32_t nodes = last / kLeafBlocks;  // runs that lie wholly before, at the level in hand
+  uint32_t nodes = last / kLeafBlocks;  // whole runs before `last`, at the current level
   uint32_t found = kNoMove;
   if (!skip(levels_[0][nodes])) found = ScanBackward(last, nodes * kLeafBlocks, hit);
   for (size_t level = 0; found == kNoMove && nodes > 0;) {

@@ -1,6 +1,6 @@
-// Fast answers to "where along the path does it get away from here?". On a dense path a walk from
-// move to move takes hundreds of steps for each corner, and on one that circles in a small space it
-// never ends; a tree of bounds over runs of blocks lets a search pass over whole runs at once.
+// Finds where the path leaves the surroundings of a point. On a dense path a walk from move to move
+// takes hundreds of steps for each corner, and on one that circles in a small space it never ends;
+// a tree of bounds over runs of blocks lets a search skip whole runs.
 #pragma once
 
 #include <cstddef>
@@ -12,27 +12,27 @@
 
 namespace tvx {
 
-// An index over the moves of one store, good for as long as no coordinate and no type changes.
-// It takes about two bytes for each block.
+// An index over the moves of one store, valid as long as no coordinate and no type changes. It
+// takes about two bytes for each block.
 //
-// All answers are those of a walk over every block: the bounds only rule out runs that are nearer
-// than asked beyond doubt, and what remains is measured with DiffVectors. The register is not used.
+// Every result equals that of a walk over all blocks: the bounds only skip runs that are surely
+// nearer than the distance, and DiffVectors measures the others. The register is not used.
 class PathIndex {
  public:
   static constexpr uint32_t kNoMove = UINT32_MAX;
 
-  // Reads every block once, so bad records are repaired from here on. Leaves the register on the
-  // last block.
+  // Reads every block once, which repairs bad records. The register holds the last block
+  // afterwards.
   explicit PathIndex(BlockStore* store);
 
   // The first move after block i, or kNoMove.
   uint32_t NextMove(uint32_t i) const;
-  // The last move before block i, or 0 if there is none: block 0 also stands for a missing move.
+  // The last move before block i, or 0 if there is none: block 0 also represents a missing move.
   uint32_t PrevMove(uint32_t i) const;
 
-  // The first move from `first` on (the last one down from `last`) that ends at least `distance`,
-  // a length above 0, from the point, or that is a rapid, wherever it goes. kNoMove if there is
-  // none.
+  // The first move from `first` on (the last one from `last` down) whose end is at least
+  // `distance`, a length above 0, from the point, or that is a rapid, whatever its end. kNoMove if
+  // there is none.
   uint32_t FirstAway(uint32_t first, const Vec3& point, float distance) const;
   uint32_t LastAway(uint32_t last, const Vec3& point, float distance) const;
 
@@ -59,19 +59,20 @@ class PathIndex {
     float MiddleY() const { return (lowY + highY) * 0.5F; }
     void Add(const MotionBlock& block);
     void Add(const Bounds& other);
-    // Nearer than the root of nearSquared to the point, as a whole and beyond doubt.
+    // Whether the whole run is surely nearer to the point than the root of nearSquared.
     bool IsNear(const Vec3& point, float nearSquared) const;
   };
 
-  // A level of the tree groups the one below by kFan; the lowest groups blocks by kLeafBlocks.
+  // A level of the tree groups the one below by kFan; the lowest level groups blocks by
+  // kLeafBlocks.
   static constexpr uint32_t kLeafBlocks = 16;
   static constexpr uint32_t kFan = 8;
 
   void AddLevels();
   void MeasureRadii();
 
-  // Visits the blocks from `first` on (down from `last`) and returns the first one that `hit`
-  // accepts; passes over every run of the tree that `skip` accepts.
+  // Visits the blocks from `first` on (from `last` down) and returns the first one that `hit`
+  // accepts, or kNoMove; skips every run of the tree that `skip` accepts.
   template <typename Skip, typename Hit>
   uint32_t SearchForward(uint32_t first, Skip skip, Hit hit) const;
   template <typename Skip, typename Hit>

@@ -1,3 +1,4 @@
+// Zones only ever become longer and slower, until they are collapsed.
 #include "feed/zones.h"
 
 #include <algorithm>
@@ -8,7 +9,7 @@ namespace tvx {
 
 namespace {
 
-// Zones that together cover more than this share of a move, in per cent, are given up.
+// Zones that together cover more than this share of a move, in per cent, are collapsed.
 constexpr int kMostCovered = 80;
 
 void WidenZone(int16_t* zonePercent, int16_t* zoneFeed, int16_t percent, int32_t feed) {

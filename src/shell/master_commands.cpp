@@ -1,3 +1,4 @@
+// The commands ask, call the feed layer and show its results.
 #include "shell/master_commands.h"
 
 #include "feed/master_file.h"

@@ -14,7 +14,7 @@ namespace tvx {
 
 class CTVXView;
 
-// What the commands work on in one window.
+// The state of one window that the commands use.
 struct MasterContext {
   NcProgram* program;
   MasterGrid* grid;
@@ -26,28 +26,27 @@ struct MasterContext {
 
 MasterContext MasterContextOf(CTVXView* view);
 
-// Builds the model from the program in the store with the values of the dialog (BuildMaster). A
-// model that was built is shown at once, without rapids; that memory ran out is said. The reason of
-// a refusal is left to the caller.
+// Builds the model from the program in the store with the values of the dialog (BuildMaster), shows
+// it and hides the rapids. Lack of memory is shown in a message; a refusal is left to the caller.
 BuildResult BuildAndShowMaster(const MasterContext& context);
 
-// Reads or writes the model (ReadMasterFile, WriteMasterFile). Returns true on success. A failure
-// is said in a message, but not that there is no model to write.
+// Read or write the model (ReadMasterFile, WriteMasterFile). Return true on success. A failure is
+// shown in a message, except kNoModel.
 bool ReadMaster(const std::string& path, const MasterContext& context);
 bool WriteMaster(const std::string& path, const MasterContext& context);
 
-// Asks for the input of a build and builds the model from the program in the store (BuildMaster).
-// The input is kept only if the user accepts it.
+// Asks for the input of a build and builds the model from the program in the store. The input is
+// kept only if the user accepts it. The status line shows why a program gives no model.
 void MakeMasterCommand(const MasterContext& context);
 
 // Asks whether to delete the model, and drops it.
 void DeleteMaster(MasterGrid* grid, UserInterface* ui);
 
-// Asks for a file and writes the model to it. Without a model the status line says so.
+// Asks for a file and writes the model to it. The status line shows if there is no model.
 void SaveMasterCommand(const MasterContext& context);
 
-// Asks for a file, drops the old model, reads the file, and shows the model in the store. A file
-// that cannot be read leaves no model, and the store as it was.
+// Asks for a file, drops the old model, reads the file and shows the model. After a failed read
+// there is no model and the store is unchanged.
 void LoadMasterCommand(const MasterContext& context);
 
 }  // namespace tvx

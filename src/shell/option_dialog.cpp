@@ -1,3 +1,4 @@
+// One table of settings is copied in and out; the parameter file is written on demand.
 #include "shell/option_dialog.h"
 
 #include "base/format.h"
@@ -9,7 +10,7 @@ namespace tvx {
 
 namespace {
 
-// The settings that the dialog takes and hands back, those without a control of their own included.
+// The settings that the dialog copies in and out, also those without a control.
 const JobMember kSettings[] = {
     &JobRecord::MetafileCreateChk,  &JobRecord::IntNcdataFlg,     &JobRecord::RapidFeed,
     &JobRecord::NcdataExt,          &JobRecord::InputFileType,    &JobRecord::AfaByMaster,

@@ -1,3 +1,4 @@
+// The dialog of the environment settings.
 #pragma once
 
 #include <array>
@@ -10,8 +11,8 @@
 
 namespace tvx {
 
-// The environment settings, those of the parameter file. The dialog has fields of its own and hands
-// them back on acceptance.
+// The environment settings: those of the parameter file. The dialog has its own copy and stores it
+// in the working record on acceptance.
 class COptionDlg : public Dialog {
  public:
   static constexpr char kMetafileCreate[] = "그림화일 생성";
@@ -25,8 +26,8 @@ class COptionDlg : public Dialog {
 
   COptionDlg(Files* files, UserInterface* ui) : files_(files), ui_(ui) {}
 
-  // Takes the settings from the working record, which is kept until the dialog closes.
-  // `environmentDirectory` is where the parameter file lies.
+  // Copies the settings from the working record, which has to outlive the dialog.
+  // `environmentDirectory` holds the parameter file.
   void Open(JobRecord* working, std::string_view environmentDirectory);
 
   // The check boxes: the first is ticked while MetafileCreateChk of `own` is 1, the second while
@@ -35,22 +36,22 @@ class COptionDlg : public Dialog {
   void ToggleIntNcdata();
 
   // The entry of kRapidFeeds that is shown: the first that starts with the digits of RapidFeed, or
-  // -1. Only a choice sets RapidFeed; without one it keeps its value, whatever the list shows.
+  // -1. Only a choice sets RapidFeed; otherwise it keeps its value, whatever the list shows.
   int ShownRapidFeed() const;
   void ChooseRapidFeed(size_t entry);
 
-  // An edit of the mask; what is beyond its longest length is dropped.
+  // Stores the mask, cut to kLongestExtension characters.
   void EditNcdataExt(std::string_view text);
 
-  // The button kSaveButton: writes the parameter file from the dialog's own fields, accepted or
-  // not.
+  // The button kSaveButton: writes the dialog's own settings to the parameter file, accepted or
+  // not. A failure is shown in a message.
   void Save();
 
-  // Hands the settings back to the working record, but no feed step below 1. A cancel needs no
+  // Copies the settings to the working record, except a feed step below 1. A cancel needs no
   // operation.
   Closing Accept();
 
-  JobRecord own;  // of which only the fields of the parameter file count
+  JobRecord own;  // only the fields of the parameter file are used
 
  private:
   Files* files_;

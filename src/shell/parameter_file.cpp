@@ -1,3 +1,4 @@
+// The table of the parameter file, and its reader and writer.
 #include "shell/parameter_file.h"
 
 #include "base/text.h"

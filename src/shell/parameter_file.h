@@ -10,9 +10,8 @@
 
 namespace tvx {
 
-// Reads RapidFeed, IntNcdataFlg, InputFileType and NcdataExt over the record; the other lines of
-// the file come back through the default condition file only. Returns kCannotOpen, with the record
-// as it was, if the file cannot be opened.
+// Reads RapidFeed, IntNcdataFlg, InputFileType and NcdataExt over the record; the other lines are
+// written only. Returns kCannotOpen, with the record as it was, if the file cannot be opened.
 SettingsResult ReadParameterFile(const std::string& environmentDir, JobRecord* record,
                                  Files* files);
 

@@ -1,9 +1,8 @@
-#include "feed/master_grid.h"
-
 #include <gtest/gtest.h>
 
 #include <cmath>
 
+#include "feed/master_lookup.h"
 #include "feed_fixture.h"
 
 namespace tvx {

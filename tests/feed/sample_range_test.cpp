@@ -1,8 +1,8 @@
-#include "feed/sample_range.h"
-
 #include <gtest/gtest.h>
 
 #include <random>
+
+#include "feed/master_grid.h"
 
 namespace tvx {
 namespace {
