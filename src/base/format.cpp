@@ -19,6 +19,15 @@ int Print(char* buffer, size_t size, const char* format, va_list arguments) {
   return length;
 }
 
+template <typename Number>
+std::string ShortestNumber(Number value) {
+  if (std::isnan(value)) return "nan";
+  char text[1200];  // the longest are the smallest values: some 60 and 1080 characters
+  const auto [end, error] =
+      std::to_chars(text, text + sizeof text, value, std::chars_format::fixed);
+  return error == std::errc() ? std::string(text, end) : std::string();
+}
+
 }  // namespace
 
 std::string Format(const char* format, ...) {
@@ -42,11 +51,11 @@ std::string Format(const char* format, ...) {
 }
 
 std::string ShortestFloat(float value) {
-  if (std::isnan(value)) return "nan";
-  char text[128];  // the longest are the smallest values: some 60 characters
-  const auto [end, error] =
-      std::to_chars(text, text + sizeof text, value, std::chars_format::fixed);
-  return error == std::errc() ? std::string(text, end) : std::string();
+  return ShortestNumber(value);
+}
+
+std::string ShortestDouble(double value) {
+  return ShortestNumber(value);
 }
 
 }  // namespace tvx

@@ -13,6 +13,9 @@ namespace tvx {
 // "1250.5". Infinite values give "inf" and "-inf", a NaN "nan".
 std::string ShortestFloat(float value);
 
+// The same for 64 bits.
+std::string ShortestDouble(double value);
+
 // "ON" for 1, else "OFF": a switch in option lines, lists and reports.
 inline const char* OnOff(int32_t check) {
   return check == 1 ? "ON" : "OFF";
