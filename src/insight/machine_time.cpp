@@ -104,13 +104,16 @@ double StretchSeconds(const Stretch& stretch, double acceleration, double startS
          (stretch.length - ramps) / peak;
 }
 
+using StretchObserver = std::function<void(const StretchRun&)>;
+
 struct Seconds {
   double moving = 0;
   double steady = 0;
 };
 
 // Runs a move from the speed that *speedSquared holds and leaves there the one at its end.
-Seconds RunMove(const MachineMove& move, double exitSquared, double* speedSquared) {
+Seconds RunMove(const MachineMove& move, uint32_t block, double exitSquared, double* speedSquared,
+                const StretchObserver& observer) {
   std::array<double, 3> ends;
   SlowDown(move, exitSquared, &ends);
   Seconds seconds;
@@ -119,7 +122,12 @@ Seconds RunMove(const MachineMove& move, double exitSquared, double* speedSquare
     const Stretch& stretch = move.stretches[at];
     const double endSquared =
         std::min(ends[at], ReachedSquared(*speedSquared, stretch, move.acceleration));
-    seconds.moving += StretchSeconds(stretch, move.acceleration, *speedSquared, endSquared);
+    const double duration = StretchSeconds(stretch, move.acceleration, *speedSquared, endSquared);
+    if (observer) {
+      observer({block, stretch.length, stretch.speed, move.acceleration, std::sqrt(*speedSquared),
+                std::sqrt(endSquared), duration});
+    }
+    seconds.moving += duration;
     seconds.steady += stretch.length / stretch.feed;
     *speedSquared = endSquared;
   }
@@ -128,7 +136,7 @@ Seconds RunMove(const MachineMove& move, double exitSquared, double* speedSquare
 
 // Walks the program from its start, with what the backward pass allows at the end of each move.
 MachineTime ForwardPass(BlockStore* store, const MachineLimits& limits,
-                        const std::vector<double>& exits) {
+                        const std::vector<double>& exits, const StretchObserver& observer) {
   Seconds cuts, rapids;
   MachineTime time;
   MachineMove move;
@@ -142,7 +150,7 @@ MachineTime ForwardPass(BlockStore* store, const MachineLimits& limits,
     from = {block->x, block->y, block->z};
     if (kind == MoveKind::kNoFeed) ++time.movesWithoutFeed;
     if (kind != MoveKind::kTimed) continue;
-    const Seconds seconds = RunMove(move, *exit++, &speedSquared);
+    const Seconds seconds = RunMove(move, i, *exit++, &speedSquared, observer);
     Seconds* const sum = move.isRapid ? &rapids : &cuts;
     sum->moving += seconds.moving;
     sum->steady += seconds.steady;
@@ -157,9 +165,9 @@ MachineTime ForwardPass(BlockStore* store, const MachineLimits& limits,
 }  // namespace
 
 MachineTime ComputeMachineTime(BlockStore* store, const MachineProfile& profile,
-                               const ProgramPauses& pauses) {
+                               const ProgramPauses& pauses, const StretchObserver& observer) {
   const MachineLimits limits(profile);
-  MachineTime time = ForwardPass(store, limits, BackwardPass(store, limits));
+  MachineTime time = ForwardPass(store, limits, BackwardPass(store, limits), observer);
   time.cutMinutes *= profile.Factor;
   time.rapidMinutes *= profile.Factor;
   time.dwellMinutes = pauses.dwellSeconds * kMinutesPerSecond * profile.Factor;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 #include "insight/machine_profile.h"
 #include "model/block_store.h"
@@ -28,11 +29,24 @@ struct MachineTime {
   uint64_t movesWithoutFeed = 0;  // cuts that are in none of the times since they have no feed
 };
 
+// How one part of a move was run; speeds in mm/s.
+struct StretchRun {
+  uint32_t block = 0;       // index of the move
+  double length = 0;        // mm
+  double limit = 0;         // the highest speed
+  double acceleration = 0;  // mm/s^2
+  double startSpeed = 0;
+  double endSpeed = 0;
+  double seconds = 0;  // without Factor
+};
+
 // Estimates the time of the stored program by the feeds in force, in three stages: every move gets
 // its length, directions and limits (machine_move.h), every corner its highest speed, and two
 // passes over the program turn both into speeds and times. Takes 8 bytes of memory per move.
-// Reads every block, which repairs bad records; the register stays as it is.
+// Reads every block, which repairs bad records; the register stays as it is. `observer`, if set,
+// gets each stretch in the order of the program.
 MachineTime ComputeMachineTime(BlockStore* store, const MachineProfile& profile,
-                               const ProgramPauses& pauses = {});
+                               const ProgramPauses& pauses = {},
+                               const std::function<void(const StretchRun&)>& observer = {});
 
 }  // namespace tvx
