@@ -82,34 +82,46 @@ MoveKind DescribeStraight(const MotionBlock& block, const Direction& way,
   return MoveKind::kTimed;
 }
 
-// Radians by which an arc turns, above 0 and up to a full circle.
-double Sweep(double startAngle, double endAngle, bool isClockwise) {
-  constexpr double kFullCircle = 2 * std::numbers::pi;
-  const double turn = isClockwise ? startAngle - endAngle : endAngle - startAngle;
-  return turn > 0 ? turn : turn + kFullCircle;
+// A direction from the centre of an arc, in its plane. A point on the centre counts as lying in X.
+struct Spoke {
+  double x, y;
+};
+
+Spoke SpokeTo(double x, double y) {
+  const double length = std::sqrt(x * x + y * y);
+  if (length == 0) return {1, 0};
+  return {x / length, y / length};
 }
 
-// The tangent of an arc where it is at this angle from its centre.
-Direction ArcTangent(double angle, bool isClockwise, double planePart, double verticalPart) {
+// Radians by which an arc turns, above 0 and up to a full circle.
+double Sweep(const Spoke& start, const Spoke& end, bool isClockwise) {
+  const double cross = start.x * end.y - start.y * end.x;
+  const double dot = start.x * end.x + start.y * end.y;
+  const double turn = std::atan2(isClockwise ? -cross : cross, dot);
+  return turn > 0 ? turn : turn + 2 * std::numbers::pi;
+}
+
+// The tangent of an arc at a spoke, from the shares of its length in the plane and in Z.
+Direction ArcTangent(const Spoke& spoke, bool isClockwise, double planePart, double verticalPart) {
   const double along = isClockwise ? -planePart : planePart;
-  return {-std::sin(angle) * along, std::cos(angle) * along, verticalPart};
+  return {-spoke.y * along, spoke.x * along, verticalPart};
 }
 
 MoveKind DescribeArc(const MotionBlock& block, const MotionBlock& centre, const Direction& way,
                      const MachineLimits& limits, MachineMove* move) {
-  const double radius = std::hypot(static_cast<double>(centre.x), static_cast<double>(centre.y));
+  const double i = centre.x, j = centre.y;
+  const double radius = std::sqrt(i * i + j * j);
   const bool isClockwise = block.type == BlockArcCw;
-  const double startAngle =
-      std::atan2(-static_cast<double>(centre.y), -static_cast<double>(centre.x));
   const bool isFullCircle = way.x == 0 && way.y == 0;
-  const double endAngle =
-      isFullCircle ? startAngle : std::atan2(way.y - centre.y, way.x - centre.x);
-  const double planeLength = radius * Sweep(startAngle, endAngle, isClockwise);
-  move->length = std::hypot(planeLength, way.z);
+  const Spoke start = SpokeTo(-i, -j);
+  const Spoke end = isFullCircle ? start : SpokeTo(way.x - i, way.y - j);
+  const double sweep = isFullCircle ? 2 * std::numbers::pi : Sweep(start, end, isClockwise);
+  const double planeLength = radius * sweep;
+  move->length = std::sqrt(planeLength * planeLength + way.z * way.z);
   const double planePart = planeLength / move->length;
   const double verticalPart = way.z / move->length;
-  move->start = ArcTangent(startAngle, isClockwise, planePart, verticalPart);
-  move->end = ArcTangent(endAngle, isClockwise, planePart, verticalPart);
+  move->start = ArcTangent(start, isClockwise, planePart, verticalPart);
+  move->end = ArcTangent(end, isClockwise, planePart, verticalPart);
   move->isRapid = false;
   if (block.feed <= 0) return MoveKind::kNoFeed;
 
@@ -169,15 +181,17 @@ MoveKind DescribeMove(const MotionBlock& block, const MotionBlock* centre, const
 // sine exact for the smallest turns:
 //   sin(alpha/2) = |t2 - t1| / 2, cos(alpha/2) = |t2 + t1| / 2,
 //   2 sin(alpha/4)^2 = 1 - cos(alpha/2) = sin(alpha/2)^2 / (1 + cos(alpha/2)).
-double CornerSpeedSquared(const MachineMove& before, const MachineMove& after,
-                          const MachineLimits& limits) {
+double BoundarySpeedSquared(const MachineMove& before, const MachineMove& after,
+                            const MachineLimits& limits) {
   if (before.isRapid != after.isRapid && limits.stopsAtRapids) return 0;
+  const double speed = std::min(before.LastSpeed(), after.FirstSpeed());
+  const double highest = speed * speed;
   const Direction& in = before.end;
   const Direction& out = after.start;
   const Direction change = {out.x - in.x, out.y - in.y, out.z - in.z};
   const double changeLength = Length(change);
   const double sine = changeLength / 2;
-  if (sine < kNoTurn / 2) return kInfinite;  // the sine of such an angle is the angle
+  if (sine < kNoTurn / 2) return highest;  // the sine of such an angle is the angle
   const double cosine = Length({out.x + in.x, out.y + in.y, out.z + in.z}) / 2;
   if (cosine < kNoTurn / 2 || limits.cornerTolerance == 0) return 0;
 
@@ -185,12 +199,12 @@ double CornerSpeedSquared(const MachineMove& before, const MachineMove& after,
   // Cutting the corner within the tolerance.
   const double withinTolerance =
       acceleration * limits.cornerTolerance * cosine * (1 + cosine) / (sine * sine);
-  // A curve of short chords, at the speed of its radius.
+  // A curve of short chords, at the speed of its radius. The angle is at most pi times the sine of
+  // its half, which mostly shows that this does not limit.
+  const double limit = std::min(highest, withinTolerance);
   const double shorter = acceleration * std::min(before.length, after.length);
-  // The angle is at most pi times the sine of its half: often that alone decides.
-  if (withinTolerance * std::numbers::pi * sine <= shorter) return withinTolerance;
-  const double angle = 2 * std::atan2(sine, cosine);
-  return std::min(withinTolerance, shorter / angle);
+  if (limit * std::numbers::pi * sine <= shorter) return limit;
+  return std::min(limit, shorter / (2 * std::atan2(sine, cosine)));
 }
 
 }  // namespace tvx

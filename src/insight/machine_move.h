@@ -74,9 +74,9 @@ enum class MoveKind {
 MoveKind DescribeMove(const MotionBlock& block, const MotionBlock* centre, const Vec3& from,
                       const MachineLimits& limits, MachineMove* move);
 
-// Square of the highest speed, (mm/s)^2, between two moves that follow each other; the speed limits
-// of the moves themselves do not count here. Infinite where the path has no corner.
-double CornerSpeedSquared(const MachineMove& before, const MachineMove& after,
-                          const MachineLimits& limits);
+// Square of the highest speed, (mm/s)^2, between two moves that follow each other: that of the
+// corner, and at most those of the two moves where they meet.
+double BoundarySpeedSquared(const MachineMove& before, const MachineMove& after,
+                            const MachineLimits& limits);
 
 }  // namespace tvx

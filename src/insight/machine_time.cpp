@@ -67,26 +67,25 @@ std::vector<double> BackwardPass(BlockStore* store, const MachineLimits& limits)
   std::vector<double> exits;
   exits.reserve(CountMoves(store));
   std::array<double, 3> ends;
-  MachineMove move, next;
+  MachineMove buffers[2];
+  MachineMove* move = &buffers[0];
+  MachineMove* next = &buffers[1];
   bool hasNext = false;     // a timed move follows without a standstill between
   double entrySquared = 0;  // of that move
   for (uint32_t i = store->blockCount; i-- > 0;) {
     const MotionBlock* const block = store->PeekRepaired(i);
     if (block == nullptr || !IsMoveType(block->type)) continue;
     const Vec3 from = PointAt(store, StartOfMove(store, i));
-    const MoveKind kind = DescribeMove(*block, store->PeekRepaired(i + 1), from, limits, &move);
+    const MoveKind kind = DescribeMove(*block, store->PeekRepaired(i + 1), from, limits, move);
     if (kind == MoveKind::kNoLength) continue;
     if (kind == MoveKind::kNoFeed) {
       hasNext = false;
       continue;
     }
-    double exitSquared = 0;
-    if (hasNext) {
-      exitSquared = std::min(
-          {entrySquared, Squared(move.LastSpeed()), CornerSpeedSquared(move, next, limits)});
-    }
+    const double exitSquared =
+        hasNext ? std::min(entrySquared, BoundarySpeedSquared(*move, *next, limits)) : 0;
     exits.push_back(exitSquared);
-    entrySquared = SlowDown(move, exitSquared, &ends);
+    entrySquared = SlowDown(*move, exitSquared, &ends);
     std::swap(move, next);
     hasNext = true;
   }
