@@ -80,7 +80,7 @@ class JobBench {
         if (view_->job.AfaEnabled == 1) {
           FeedPass(&view_->program, view_->job, &view_->masterGrid, &app->feedPassMemory);
         }
-        FitToPath(&view_->view.transform, store, app->ui);
+        FitToPath(&view_->view.transform, store);
         ComputeCutTime(store, view_->job, &view_->fileInfo.current);
         if (view_->job.MetafileCreateChk == 1) {
           WritePicture(name + ".emf", {&view_->program, &view_->job, &view_->view}, app->files);
@@ -93,7 +93,7 @@ class JobBench {
   double Fits() {
     return Seconds([&] {
       for (size_t i = 0; i < kJobListSlots; ++i) {
-        FitToPath(&view_->view.transform, &view_->program.store, view_->app->ui);
+        FitToPath(&view_->view.transform, &view_->program.store);
       }
     });
   }

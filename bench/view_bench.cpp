@@ -31,15 +31,6 @@ namespace {
 
 constexpr int32_t kWidth = 1600, kHeight = 1000;
 
-class SilentUi final : public UserInterface {
- public:
-  bool ShowMessage(const Message&) override { return true; }
-  bool RunModal(Dialog*) override { return false; }
-  bool ChooseFile(const FileQuestion&, std::string*) override { return false; }
-  void Repaint() override {}
-  void ShowStatus(const std::string&) override {}
-};
-
 // Discards a file and counts its bytes.
 class Sink final : public OutputFile {
  public:
@@ -56,7 +47,6 @@ class Sink final : public OutputFile {
 struct BenchScene {
   LoadedProgram loaded;
   ViewState view;
-  SilentUi ui;
 
   Scene scene() { return {&loaded.program, &loaded.job, &view}; }
 
@@ -70,7 +60,7 @@ struct BenchScene {
     loaded.Load(path, kKind, workspace.HostFiles());
     OnResize(&view.transform, kWidth, kHeight);
     PrepareDevice(&view.transform);
-    FitToPath(&view.transform, &loaded.program.store, &ui);
+    FitToPath(&view.transform, &loaded.program.store);
   }
   void Load(uint64_t lines, const BenchOptions& options, const Workspace& workspace) {
     Load(Put(lines, options, workspace), workspace);
@@ -296,8 +286,7 @@ void Measure(uint64_t lines, const BenchOptions& options, const Workspace& works
     {"walk", "", [&] { return WalkSeconds(&bench); }},
     {"fit", "walk",
      [&] {
-       return Seconds(
-           [&] { FitToPath(&bench.view.transform, &bench.loaded.program.store, &bench.ui); });
+       return Seconds([&] { FitToPath(&bench.view.transform, &bench.loaded.program.store); });
      }},
   };
   MeasureInTurn(&works, options.repetitions);

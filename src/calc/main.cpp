@@ -1,6 +1,6 @@
-// tvx-calc: fills a workbook in LibreOffice for another program, which tells it the steps one by
-// one on standard input and reads after each whether it was carried out (calc_lines.h). A program
-// of its own, so that nothing else needs LibreOffice to be built or to start.
+// tvx-calc: fills a workbook in LibreOffice for another program. The other program writes the steps
+// to standard input, a line each, and reads the result of each from standard output (calc_lines.h).
+// tvx-calc is a separate program so that nothing else needs LibreOffice to be built or to start.
 
 #include <com/sun/star/uno/Exception.hpp>
 #include <iostream>
@@ -10,7 +10,6 @@
 
 #include "base/scan.h"
 #include "calc/office.h"
-#include "calc/problem.h"
 #include "calc/uno_text.h"
 #include "calc/workbook.h"
 #include "reports/calc_lines.h"
@@ -39,7 +38,7 @@ constexpr Step kSteps[] = {
     {kCalcSave, [](Workbook* workbook, const std::string&) { workbook->Save(); }},
 };
 
-// Runs `action` and answers how it went. False if it failed.
+// Runs `action` and prints its result as an answer line. Returns false if it failed.
 template <typename Action>
 bool Answer(Action action) {
   std::string answer(kCalcDone);

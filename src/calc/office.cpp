@@ -1,16 +1,17 @@
+// Starts the office, connects to it, and ends it.
 #include "calc/office.h"
 
 #include <com/sun/star/bridge/UnoUrlResolver.hpp>
 #include <com/sun/star/connection/NoConnectException.hpp>
 #include <com/sun/star/frame/Desktop.hpp>
 #include <cppuhelper/bootstrap.hxx>
+#include <filesystem>
 #include <random>
 #include <rtl/bootstrap.hxx>
 #include <thread>
 #include <vector>
 
 #include "base/format.h"
-#include "calc/problem.h"
 #include "calc/uno_text.h"
 #include "platform/host_programs.h"
 
@@ -20,12 +21,12 @@ namespace uno = com::sun::star::uno;
 
 namespace {
 
-// The caller of this program waits less; this ends one that nobody waits for any more.
+// Longer than the caller of this program waits: ends a start whose caller has given up.
 constexpr Milliseconds kLongestStart{120000};
 constexpr Milliseconds kTryAgain{50};
 constexpr Milliseconds kOrderlyEnd{3000};
 
-// With these an office asks to be started once more, having set up its settings.
+// Exit statuses by which an office asks to be started again after it has set up its settings.
 constexpr int kStartAgain = 81;
 constexpr int kStartAgainAfterCrash = 79;
 
@@ -36,8 +37,8 @@ std::string UniqueName() {
   return Format("tvx_%08x%08x", random(), random());
 }
 
-// An office that finds no display, or was installed without its windows, goes on unseen: with a
-// workbook that the user would look for in vain.
+// An office that finds no display, or that was installed without its windows, runs without a
+// window. The user would then not see the workbook, so this is refused.
 void CheckForWindow() {
   if (!HasDisplay()) throw Problem{"there is no display"};
   std::error_code error;
@@ -50,18 +51,28 @@ void CheckForWindow() {
 
 }  // namespace
 
-TemporaryFolder::TemporaryFolder() {
-  std::error_code error;
-  path_ = std::filesystem::temp_directory_path(error) / UniqueName();
-  if (error || !std::filesystem::create_directory(path_, error)) {
-    throw Problem{"no temporary folder can be made"};
+// A new folder for temporary files. The destructor removes it with its content.
+class TemporaryFolder {
+ public:
+  TemporaryFolder() {
+    std::error_code error;
+    path_ = std::filesystem::temp_directory_path(error) / UniqueName();
+    if (error || !std::filesystem::create_directory(path_, error)) {
+      throw Problem{"no temporary folder can be made"};
+    }
   }
-}
+  ~TemporaryFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+  }
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-TemporaryFolder::~TemporaryFolder() {
-  std::error_code ignored;
-  std::filesystem::remove_all(path_, ignored);
-}
+  const std::filesystem::path& path() const { return path_; }
+
+ private:
+  std::filesystem::path path_;
+};
 
 Office::Office(OfficeForm form) : form_(form), pipe_(UniqueName()) {
   if (form_ == OfficeForm::kWindow) CheckForWindow();
@@ -73,8 +84,8 @@ Office::Office(OfficeForm form) : form_(form), pipe_(UniqueName()) {
 void Office::Launch() {
   const std::string folder = kProgramFolder;
   std::vector<std::string> command = {
-      // The first takes care of the user's settings, of crashes and of an office that runs
-      // already; the second is the office itself.
+      // The script handles the user's settings, crashes and an office that is already running; the
+      // program is the office itself.
       folder + (form_ == OfficeForm::kWindow ? "/soffice" : "/soffice.bin"),
       "--nologo",
       "--nodefault",
@@ -86,7 +97,7 @@ void Office::Launch() {
   } else {
     command.insert(command.end(), {"--headless", "--invisible",
                                    "-env:UserInstallation=" + FileUrl(profile_->path())});
-    // In a plain "C" locale an office finds no file with a name beyond ASCII.
+    // In the "C" locale an office finds no file whose name is not ASCII.
     process_ = ChildProcess::Start(command, ChildTies::kServant, {"LC_ALL=C.UTF-8"});
   }
   if (process_ == nullptr) throw Problem{"LibreOffice is not installed in " + folder};
@@ -94,14 +105,14 @@ void Office::Launch() {
 }
 
 void Office::Connect() {
-  // Without this the client library finds no types and crashes at the first call.
+  // Without this variable the client library finds no types and crashes at the first call.
   const rtl::OUString variable("URE_BOOTSTRAP");
   rtl::Bootstrap::set(variable,
                       "vnd.sun.star.pathname:" TVX_OFFICE_PROGRAM_FOLDER "/fundamentalrc");
   context_ = cppu::defaultBootstrap_InitialComponentContext();
 
   int moreStarts = 3;
-  bool handedOn = false;  // to an office that runs already
+  bool handedOn = false;  // the command was passed to an office that is already running
   const auto end = std::chrono::steady_clock::now() + kLongestStart;
   while (!TryToConnect()) {
     if (std::chrono::steady_clock::now() > end) throw Problem{"LibreOffice does not answer"};
@@ -139,7 +150,7 @@ void Office::LeaveToUser() {
 Office::~Office() {
   if (!desktop_.is() || process_->ExitStatus().has_value()) return;
   try {
-    // The user may have opened something in it meanwhile.
+    // The user may have opened a document in it meanwhile.
     if (desktop_->getComponents()->createEnumeration()->hasMoreElements()) {
       process_->Leave();
       return;
@@ -147,7 +158,7 @@ Office::~Office() {
     desktop_->terminate();
     process_->WaitForEnd(kOrderlyEnd);
   } catch (const uno::Exception&) {
-    // It has gone away or does not obey: the end of `process_` is its end.
+    // The office has ended or does not answer: the destructor of `process_` ends it.
   }
 }
 

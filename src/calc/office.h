@@ -1,9 +1,8 @@
-// The LibreOffice that does the work: another process, reached through its component interfaces.
+// The LibreOffice process that tvx-calc drives through its component interfaces (UNO).
 #pragma once
 
 #include <com/sun/star/frame/XDesktop2.hpp>
 #include <com/sun/star/uno/XComponentContext.hpp>
-#include <filesystem>
 #include <memory>
 #include <string>
 
@@ -11,30 +10,23 @@
 
 namespace tvx {
 
-// A new folder for temporary files, removed with all that is in it.
-class TemporaryFolder {
- public:
-  TemporaryFolder();  // throws Problem
-  ~TemporaryFolder();
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-  const std::filesystem::path& path() const { return path_; }
-
- private:
-  std::filesystem::path path_;
+// Thrown when a step cannot be carried out: the reason, as a text for the caller of tvx-calc.
+struct Problem {
+  std::string reason;
 };
 
+class TemporaryFolder;
+
 enum class OfficeForm {
-  kWindow,  // the user's own office with its settings; one that is running already is used
-  kHidden   // an office without a window and with settings of its own, which disturbs no other
+  kWindow,  // the user's office with its settings; an office that is already running is used
+  kHidden,  // a separate office without a window, with temporary settings
 };
 
 class Office {
  public:
   // Starts the office and waits until it answers. Throws Problem if it does not.
   explicit Office(OfficeForm form);
-  // Ends the office, unless it is in the hands of the user.
+  // Ends the office, unless it is left to the user.
   ~Office();
   Office(const Office&) = delete;
   Office& operator=(const Office&) = delete;
@@ -44,7 +36,7 @@ class Office {
     return desktop_;
   }
 
-  // From now on the office is the user's: it stays when this object goes.
+  // Leaves the office to the user: it keeps running when this object is destroyed.
   void LeaveToUser();
 
  private:
@@ -53,7 +45,7 @@ class Office {
   bool TryToConnect();
 
   const OfficeForm form_;
-  const std::string pipe_;                    // name under which the office is reached
+  const std::string pipe_;                    // name of the pipe that the office listens on
   std::unique_ptr<TemporaryFolder> profile_;  // settings of a hidden office
   std::unique_ptr<ChildProcess> process_;
   com::sun::star::uno::Reference<com::sun::star::uno::XComponentContext> context_;

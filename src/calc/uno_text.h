@@ -1,4 +1,4 @@
-// Texts and paths as the component interfaces take them.
+// Converts texts and paths to and from the strings of the component interfaces.
 #pragma once
 
 #include <filesystem>
@@ -11,7 +11,7 @@ namespace tvx {
 rtl::OUString FromUtf8(std::string_view text);
 std::string ToUtf8(const rtl::OUString& text);
 
-// The URL of an absolute path of this machine.
+// The "file:" URL of an absolute path of this machine.
 std::string FileUrl(const std::filesystem::path& path);
 
 }  // namespace tvx

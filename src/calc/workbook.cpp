@@ -1,3 +1,4 @@
+// Opens, fills and saves a workbook, and refuses files that would be damaged by saving.
 #include "calc/workbook.h"
 
 #include <algorithm>
@@ -16,7 +17,6 @@
 #include <rtl/uri.hxx>
 
 #include "base/scan.h"
-#include "calc/problem.h"
 #include "calc/uno_text.h"
 #include "platform/new_file.h"
 
@@ -37,7 +37,7 @@ namespace util = com::sun::star::util;
 
 namespace {
 
-// The formats that a workbook can be saved in, by the ending of its name.
+// The formats that a workbook can be saved in, by the extension of its name.
 struct SavingFormat {
   std::string_view ending;
   const char* filter;
@@ -57,8 +57,8 @@ const SavingFormat* FindSavingFormat(const std::string& ending) {
   return nullptr;
 }
 
-// A file with one of these endings may hold text or a web page that the office would take for a
-// workbook; saved as one, it would lose what it was.
+// A file with such an extension may hold text or a web page, which the office also opens as a
+// workbook. Saving it as a workbook would destroy it.
 bool IsWorkbookFilter(std::string_view filter) {
   if (filter.starts_with("MS Excel ")) return true;  // also the formats before 97
   return std::any_of(std::begin(kSavingFormats), std::end(kSavingFormats),
@@ -81,7 +81,7 @@ rtl::OUString WithoutEscapes(const rtl::OUString& url) {
   return rtl::Uri::decode(url, rtl_UriDecodeWithCharset, RTL_TEXTENCODING_UTF8);
 }
 
-// The document of this URL if the office has it open, else null.
+// The document with this URL if the office has it open, else null.
 uno::Reference<lang::XComponent> FindOpen(const rtl::OUString& url,
                                           const uno::Reference<frame::XDesktop2>& desktop) {
   const auto documents = desktop->getComponents()->createEnumeration();
@@ -108,7 +108,7 @@ Workbook::~Workbook() {
   try {
     Close();
   } catch (const uno::Exception&) {
-    // The office has gone, and the workbook with it.
+    // The office has ended, and the workbook with it.
   }
 }
 
@@ -136,10 +136,10 @@ void Workbook::Open(const fs::path& path) {
   });
   const rtl::OUString url =
       found_.exists ? FromUtf8(FileUrl(path_)) : rtl::OUString("private:factory/scalc");
-  // What the user has open already is the workbook that is meant, with all that is in it by now.
+  // If the user has the workbook open, that document is filled, with its unsaved changes.
   document_ = FindOpen(url, office_->desktop());
   wasOpen_ = document_.is();
-  // Nobody answers questions here: what would ask one (a password, a damaged file) fails.
+  // No interaction handler is given, so a file that needs a question (a password, a repair) fails.
   if (!wasOpen_) document_ = office_->desktop()->loadComponentFromURL(url, "_blank", 0, how);
   if (!uno::Reference<sheet::XSpreadsheetDocument>(document_, uno::UNO_QUERY).is()) {
     throw Problem{"cannot be read as a workbook"};
@@ -183,7 +183,7 @@ void Workbook::TakeRange(std::string_view name) {
   columns_ = address.EndColumn - address.StartColumn + 1;
 }
 
-// Each cell is read back: a protected one keeps what it holds without a word.
+// `put` reads each cell back: a protected cell keeps its content without an error.
 template <typename Put>
 void Workbook::ForEachCell(Put put) {
   if (!range_.is()) throw Problem{"no cells are taken"};
@@ -205,7 +205,7 @@ void Workbook::PutText(std::string_view text) {
   const rtl::OUString string = FromUtf8(text);
   ForEachCell([&string](const uno::Reference<table::XCell>& cell) {
     const uno::Reference<text::XText> content(cell, uno::UNO_QUERY_THROW);
-    content->setString(string);  // unlike a formula, taken as it stands
+    content->setString(string);  // stored unchanged, never read as a formula
     return content->getString() == string;
   });
 }
@@ -231,7 +231,7 @@ void Workbook::Save() {
   if (office_->form() != OfficeForm::kHidden || format == nullptr) {
     throw Problem{"is not to be saved here"};
   }
-  // Beside the workbook, so that links relative to its folder stay right.
+  // In the folder of the workbook, so that links relative to it remain valid.
   NewFile fresh(path_);
   if (!fresh.IsOpen()) throw Problem{"cannot be written"};
   const rtl::OUString filter = rtl::OUString::createFromAscii(format->filter);

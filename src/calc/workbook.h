@@ -13,36 +13,35 @@
 
 namespace tvx {
 
-// Every operation throws Problem, or an exception of the component interfaces, if it cannot be
-// carried out.
+// Every operation throws Problem, or an exception of the component interfaces, if it fails.
 class Workbook {
  public:
-  // The office has to outlive the workbook.
+  // The office must outlive the workbook.
   explicit Workbook(Office* office) : office_(office) {}
-  // Closes the workbook without saving it, unless it is in the hands of the user.
+  // Closes the workbook without saving it, unless it is left to the user.
   ~Workbook();
   Workbook(const Workbook&) = delete;
   Workbook& operator=(const Workbook&) = delete;
 
-  // Opens a workbook, unseen and without running its macros. With a hidden office one that does
-  // not exist starts empty, and one that could not be saved again is refused.
+  // Opens a workbook without showing it and without running its macros. A hidden office creates a
+  // workbook that does not exist, and refuses one that could not be saved again.
   void Open(const std::filesystem::path& path);
-  // Takes a sheet by its number, 1 for the first.
+  // Selects a sheet by its number, 1 for the first.
   void TakeSheet(int number);
-  // Takes cells of the sheet by name: "A1", or "A1:B2".
+  // Selects cells of the sheet by name: "A1", or "A1:B2".
   void TakeRange(std::string_view name);
-  // Put a value into each of the cells taken. A text stays the text that it is.
+  // Put a value into each selected cell. A text is never read as a formula or a number.
   void PutNumber(double number);
   void PutText(std::string_view text);
   // Shows or hides the window.
   void SetVisible(bool visible);
   // Leaves workbook and office to the user.
   void LeaveToUser();
-  // Saves in the format of the name's ending and closes the workbook.
+  // Saves in the format of the name's extension and closes the workbook. Hidden office only.
   void Save();
 
  private:
-  // What tells whether another program has written a file meanwhile.
+  // A change in it shows that another program has written the file meanwhile.
   struct FileState {
     bool exists = false;
     std::filesystem::file_time_type written;
@@ -61,7 +60,7 @@ class Workbook {
   std::filesystem::path path_;
   FileState found_;  // the file as it was opened
   com::sun::star::uno::Reference<com::sun::star::lang::XComponent> document_;
-  bool wasOpen_ = false;  // by the user, who keeps it in any case
+  bool wasOpen_ = false;  // by the user; it is then never closed here
   com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheet> sheet_;
   com::sun::star::uno::Reference<com::sun::star::table::XCellRange> range_;
   int rows_ = 0;  // of the range

@@ -61,11 +61,10 @@ void ViewOptions::Check() {
 
 void ViewOptions::Apply(CTVXView* view, bool fits) const {
   ViewTransform* const transform = &view->view.transform;
-  UserInterface* const ui = view->app->ui;
   OnResize(transform, size_[0], size_[1]);
   PrepareDevice(transform);
-  SetViewMode(transform, mode_.value_or(kDefaultMode), ui);
-  if (fits) FitToPath(transform, &view->program.store, ui);
+  SetViewMode(transform, mode_.value_or(kDefaultMode));
+  if (fits) FitToPath(transform, &view->program.store);
   if (angles_) {
     transform->rotX = (*angles_)[0];
     transform->rotY = (*angles_)[1];
@@ -79,7 +78,7 @@ void ViewOptions::Apply(CTVXView* view, bool fits) const {
   }
   if (zoom_) {
     const auto [x1, y1, x2, y2] = *zoom_;
-    ZoomToRect(transform, {x1, y1}, {x2, y2}, ui);
+    ZoomToRect(transform, {x1, y1}, {x2, y2});
   }
   if (hideRapids_) view->view.RapidVisible = 0;
 }

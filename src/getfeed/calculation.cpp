@@ -1,3 +1,4 @@
+// The steps of the calculation, and the table of the record's fields.
 #include "getfeed/calculation.h"
 
 #include <cmath>
@@ -9,7 +10,7 @@ namespace tvx {
 
 namespace {
 
-constexpr double kPi = 3.14;  // what the figures of the shops were made with
+constexpr double kPi = 3.14;  // the value that the published figures were computed with
 constexpr double kPowerScale = 1.0262515e-05F;
 
 const GetFeedField kFields[] = {
@@ -42,7 +43,7 @@ const GetFeedField kFields[] = {
     {"removalOut", &GetFeedState::removalOut},
 };
 
-// A tool without a diameter, as while the user types, has no ratio: the last one stands.
+// The diameter can be 0 while the user types. The last ratio and factor are then kept.
 void UpdateLengthFactor(GetFeedState* state) {
   if (state->toolDiameter == 0) return;
   state->lengthRatio = state->toolLength / state->toolDiameter;
@@ -112,7 +113,7 @@ void RecalcResult(GetFeedState* state) {
     toothFeed = state->toothFeed;
     feed = static_cast<float>(static_cast<double>(toothFeed) * spindle * flutes);
   } else if (toothFeed > 0) {
-    // The spindle comes down to the limit, so that the feed can stay.
+    // Below the limit the spindle speed falls until the tooth feed meets it; the feed stays.
     spindle = static_cast<float>(static_cast<double>(toothFeed) * spindle / state->toothFeed);
     toothFeed = state->toothFeed;
   }

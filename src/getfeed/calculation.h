@@ -1,3 +1,4 @@
+// The calculation of spindle speed, feed and removal rate: a record, and steps that work on it.
 #pragma once
 
 #include <cstdint>
@@ -7,9 +8,8 @@
 
 namespace tvx {
 
-// The record of the calculator: what the shop gives, what the tables add, and the proposal.
-// Every number is a 32-bit float, and every step of the calculation ends in one; inside a step all
-// is double.
+// The record of the calculator: the inputs, the values of the tables, and the results. The numbers
+// are 32-bit floats; each assignment of a step is computed in double and rounded to a float once.
 struct GetFeedState {
   int32_t speedPercent = 100;  // slider from tool protection to machining speed
   int32_t feedPercent = 100;   // slider from high quality to machining speed
@@ -33,7 +33,7 @@ struct GetFeedState {
   float maxSpindle = 10000.0F;   // 1/min, limit of the machine
   float maxFeedRate = 10000.0F;  // mm/min, limit of the machine
   float ncPower = 10.0F;         // kW, limit of the machine
-  float idlePower = 3.0F;        // kW, taken without load
+  float idlePower = 3.0F;        // kW, consumed without load
   int32_t highSpeedRough = 0;
   int32_t spindleOut = 0;  // 1/min
   float feedOut = 0;       // mm/min
@@ -48,30 +48,31 @@ struct GetFeedField {
 // All fields in their order.
 std::span<const GetFeedField> GetFeedFields();
 
-// The steps of the calculation. Each works on the whole record and ends by running the next, so a
-// change of any input brings the results up to date: set the field, then run the step named with
-// it.
+// The steps of the calculation. Each works on the whole record and ends by running the next one, so
+// that the results are up to date after it. To change an input, set its field and run the step
+// listed for it.
 
-// Everything once, for a record with its start values and the caller's diameter and work material.
-// The only moment at which materialFactor is looked up: it does not follow later changes.
+// Runs every step once, for a record with its start values and the caller's diameter and work
+// material. This is the only step that looks up materialFactor, which does not follow later
+// changes.
 void StartCalculation(GetFeedState* state);
 
-// The power constants of the work material. Runs nothing further.
+// Looks up the power constants of the work material. Runs no other step.
 void LookUpPower(GetFeedState* state);
 
 // After a change of work material, tool material or speedPercent. Runs RecalcResult.
 void RecalcSpeed(GetFeedState* state);
 
 // After a change of tool material, toolDiameter, toolLength or fluteLength. Runs RecalcToothFeed.
-// With a diameter of 0 the length ratio and its factor stay as they were.
+// With a diameter of 0 the length ratio and its factor do not change.
 void RecalcTool(GetFeedState* state);
 
 // After a change of highSpeedRough. Runs RecalcResult.
 void RecalcToothFeed(GetFeedState* state);
 
 // After a change of fluteCount, cutDepth, stepover, maxSpindle, maxFeedRate, ncPower, idlePower or
-// feedPercent. While an input makes one of its divisions impossible, as happens while the user
-// types, the last results stand.
+// feedPercent. While an input makes one of its divisions impossible, as can happen while the user
+// types, the results do not change.
 void RecalcResult(GetFeedState* state);
 
 }  // namespace tvx

@@ -1,7 +1,9 @@
+// The number fields of the calculator, and the step that each change runs.
 #include "getfeed/calculator_dialog.h"
 
 #include <algorithm>
 #include <charconv>
+#include <optional>
 
 #include "base/format.h"
 #include "base/scan.h"
@@ -50,6 +52,16 @@ std::string FeedCaption(int percent) {
 
 int InPercentRange(int position) {
   return std::clamp(position, CGetFeedDlg::kLowestPercent, CGetFeedDlg::kHighestPercent);
+}
+
+// A text that is a whole number in the range of the sliders, and nothing else.
+std::optional<int> SliderPosition(std::string_view text) {
+  int position = 0;
+  const char* const end = text.data() + text.size();
+  const auto read = std::from_chars(text.data(), end, position);
+  if (read.ec != std::errc() || read.ptr != end) return std::nullopt;
+  if (position != InPercentRange(position)) return std::nullopt;
+  return position;
 }
 
 }  // namespace
@@ -147,12 +159,9 @@ bool CGetFeedDlg::Change(std::string_view field, std::string_view value) {
   if (field == "toolMaterial") return SelectToolMaterial(value);
   if (field == "fluteCount") return SelectFluteCount(value);
   if (field == "speedPercent" || field == "feedPercent") {
-    int position = 0;
-    const char* const end = value.data() + value.size();
-    const auto read = std::from_chars(value.data(), end, position);
-    if (read.ec != std::errc() || read.ptr != end) return false;
-    if (position != InPercentRange(position)) return false;
-    field == "speedPercent" ? ReleaseSpeedSlider(position) : ReleaseFeedSlider(position);
+    const std::optional<int> position = SliderPosition(value);
+    if (!position) return false;
+    field == "speedPercent" ? ReleaseSpeedSlider(*position) : ReleaseFeedSlider(*position);
     return true;
   }
   if (field == "highSpeedRough") {
@@ -173,7 +182,7 @@ Closing CGetFeedDlg::Accept() {
       refusedField = number.name;
       return Closing::kStaysOpen;
     }
-    // The caller receives what the user sees, so a feed is the whole number shown.
+    // The caller gets the values as shown, so a feed is a whole number.
     if (number.field != nullptr) state.*number.field = value;
   }
   refusedField.clear();

@@ -1,3 +1,4 @@
+// The dialog of the calculator, which proposes spindle speed and feed for a tool and a material.
 #pragma once
 
 #include <array>
@@ -11,7 +12,7 @@
 
 namespace tvx {
 
-// One number of the calculator's face and its range on acceptance.
+// One number field of the dialog, with its range on acceptance.
 struct CalculatorNumber {
   const char* name;   // of its field in GetFeedState
   const char* label;  // beside the field
@@ -21,14 +22,13 @@ struct CalculatorNumber {
   void (*recalculate)(GetFeedState*);  // after an edit; null for a result, which is read-only
 };
 
-// All numbers, in the order in which they are checked. The face has three groups: first
-// toolDiameter, toolLength, fluteLength, stepover, cutDepth; then the machine's maxFeedRate,
-// maxSpindle, idlePower, ncPower; then the results spindleOut, feedOut, removalOut.
+// All number fields, in the order in which they are checked. The face shows them in three groups:
+// inputs toolDiameter, toolLength, fluteLength, stepover, cutDepth; machine limits maxFeedRate,
+// maxSpindle, idlePower, ncPower; results spindleOut, feedOut, removalOut.
 inline constexpr size_t kCalculatorNumbers = 12;
 std::span<const CalculatorNumber, kCalculatorNumbers> CalculatorNumbers();
 
-// The calculator that proposes spindle speed and feed. Made anew for each opening; every change
-// brings the results up to date at once.
+// Constructed for each opening. Every change updates the results at once.
 class CGetFeedDlg : public Dialog {
  public:
   static constexpr char kTitle[] = "GetFeed Ver 1.0";
@@ -45,47 +45,50 @@ class CGetFeedDlg : public Dialog {
   static constexpr int kHighestPercent = 150;
   static constexpr int kPercentPage = 10;
 
-  // Opens on the caller's tool diameter in mm, and on its material if the tables know it.
+  // Starts with the caller's tool diameter in mm, and with its material if the tables contain it.
   CGetFeedDlg(float toolDiameter, std::string_view material, UserInterface* ui);
 
-  // The entries of the three drop-down lists, sorted by text. The selected ones are those of
-  // state.workMaterial, state.toolMaterial and FluteCountText.
+  // The entries of the three drop-down lists, sorted by text. The selected entries are
+  // state.workMaterial, state.toolMaterial and FluteCountText().
   static std::vector<std::string> WorkMaterialEntries();
   static std::vector<std::string> ToolMaterialEntries();
   static std::vector<std::string> FluteCountEntries();
   std::string FluteCountText() const;
 
-  // A selection in a list. False, and no change, for a text that is no entry.
+  // A selection in a list. Returns false and changes nothing for a text that is not an entry.
   bool SelectWorkMaterial(std::string_view entry);
   bool SelectToolMaterial(std::string_view entry);
   bool SelectFluteCount(std::string_view entry);
 
-  // The text of a number field: as typed, or as a result is shown.
+  // The text of a number field: an input as typed, a result as formatted.
   std::string NumberText(const CalculatorNumber& number) const;
-  // An edit of a number field, kept as typed and read as a decimal number, 0 for none. A result's
-  // text cannot be edited.
+  // An edit of a number field. The text is kept as typed; its value is the decimal number at its
+  // start, 0 if there is none. Does nothing for a result.
   void EditNumber(const CalculatorNumber& number, std::string_view text);
 
-  // A slider let go at a position, which is held in its range. speedCaption and feedCaption follow.
+  // A slider released at a position, which is clamped to its range. Updates speedCaption or
+  // feedCaption.
   void ReleaseSpeedSlider(int position);
   void ReleaseFeedSlider(int position);
 
-  // A click on the check box of high-speed roughing, ticked while state.highSpeedRough is not 0.
+  // A click on the check box of high-speed roughing, which is ticked if state.highSpeedRough is not
+  // 0.
   void ToggleHighSpeedRough();
 
-  // Any of the changes above by the name of the record's field: "workMaterial", "toolDiameter",
-  // "speedPercent" and so on. False, and no change, for a name that the user cannot change or a
-  // value that its control does not take (a number field takes any text).
+  // Makes one of the changes above by the name of the record's field: "workMaterial",
+  // "toolDiameter", "speedPercent" and so on. Returns false and changes nothing for a field that
+  // the user cannot change or a value that its control does not accept. A number field accepts any
+  // text.
   bool Change(std::string_view field, std::string_view value);
 
-  // Reads all numbers back as shown and checks them. The first one that is no number or out of its
-  // range is named to the user and in refusedField, and the dialog stays open.
+  // Reads all number fields as shown and checks them. For the first one that is not a number or is
+  // out of its range, shows a message, sets refusedField and returns kStaysOpen.
   Closing Accept();
 
   GetFeedState state;
   std::string speedCaption = "<<공구보호 -----(0)----- 가공속도>> ";
   std::string feedCaption;
-  std::string refusedField;  // name of the field to put the focus on after a refusal
+  std::string refusedField;  // name of the field that gets the focus after a refusal
 
  private:
   UserInterface* ui_;

@@ -1,3 +1,4 @@
+// The tables of cutting speeds, power constants and factors, and the lookups in them.
 #include "getfeed/condition_tables.h"
 
 #include <algorithm>
@@ -13,7 +14,7 @@ namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
-// Rows of the tables by work material. Steel grades without a row of their own read that of SS41.
+// Rows of the tables by work material. Steel grades without a row of their own use that of SS41.
 enum Row {
   kGraphite,
   kAluminium,
@@ -76,7 +77,7 @@ constexpr PowerLaw kPower[kRows] = {
     {14.5F, 0.9F},    // kHardSkd61
 };
 
-// Material factor at support diameters in mm, linear between them, for all rows but the last.
+// Material factor at support diameters in mm, linear between them, for all rows but the last one.
 struct FactorSupport {
   float diameter;
   float factor[kHardSkd61];
@@ -103,8 +104,8 @@ constexpr FactorSupport kFactors[] = {
     {50, {41.3F, 28.4F, 24.5F, 18.1F, 31.0F, 14.2F, 12.9F, 9.0F, 7.7F}},
 };
 
-// One straight piece of a curve over the diameter: start + (diameter - from) * slope, up to and
-// including a diameter.
+// A linear piece of a curve over the diameter: start + (diameter - from) * slope, up to and
+// including the diameter upTo.
 struct Piece {
   double upTo;
   double start;
@@ -116,15 +117,15 @@ constexpr double ValueAt(const Piece& piece, double diameter) {
   return piece.start + (diameter - piece.from) * piece.slope;
 }
 
-// Pieces of the material factor that do not join their neighbours. The shops' figures come from
-// these, so they stay as they are.
-struct Stretch {
+// Ranges of the material factor that are not the straight line between the neighbouring supports.
+// Published figures were computed with them, so they must not be corrected.
+struct ExceptionalPiece {
   Row row;
   float above;
   Piece piece;
 };
 
-constexpr Stretch kStretches[] = {
+constexpr ExceptionalPiece kExceptionalPieces[] = {
     {kGraphite, 6, {8, 24.3, 5, 2.5666668F}},
     {kAluminium, 12, {15, 4.5, 12, 12.5}},
     {kSk7, 15, {18, 19.1, 15, 0.76}},
@@ -160,7 +161,7 @@ const WorkMaterial* FindWorkMaterial(std::string_view name) {
   return index < std::size(kWorkMaterials) ? &kWorkMaterials[index] : nullptr;
 }
 
-// Form factor of a high-speed steel tool whose flutes are so many whole diameters long.
+// Form factor of a high-speed steel tool by the whole number of diameters in its flute length.
 float HighSpeedSteelFactor(int32_t wholeDiameters, float fluteCount, float previousFactor) {
   if (wholeDiameters <= 2) return 1.2F;
   if (wholeDiameters == 3) return fluteCount <= 3 ? 1.0F : fluteCount <= 4 ? 1.5F : 2.0F;
@@ -204,9 +205,9 @@ std::optional<float> MaterialFactor(std::string_view workMaterial, float toolDia
   if (work == nullptr || work->row == kHardSkd61) return std::nullopt;
   const Row row = work->row;
   if (toolDiameter <= kFactors[0].diameter) return kFactors[0].factor[row];
-  for (const Stretch& stretch : kStretches) {
-    if (stretch.row == row && toolDiameter > stretch.above && toolDiameter <= stretch.piece.upTo) {
-      return static_cast<float>(ValueAt(stretch.piece, toolDiameter));
+  for (const auto& [pieceRow, above, piece] : kExceptionalPieces) {
+    if (pieceRow == row && toolDiameter > above && toolDiameter <= piece.upTo) {
+      return static_cast<float>(ValueAt(piece, toolDiameter));
     }
   }
   for (size_t i = 1; i < std::size(kFactors); ++i) {
@@ -225,7 +226,7 @@ std::optional<float> MaterialFactor(std::string_view workMaterial, float toolDia
 float ToothFeedLimit(float toolDiameter, bool highSpeedRough) {
   const std::span<const Piece> curve =
       highSpeedRough ? std::span<const Piece>(kRoughToothCurve) : kToothCurve;
-  // The last piece is flat; what is no number gives none.
+  // The last piece is constant and also covers a NaN.
   const auto piece = std::ranges::find_if(curve.first(curve.size() - 1),
                                           [&](const Piece& p) { return toolDiameter <= p.upTo; });
   const auto value = static_cast<float>(ValueAt(*piece, toolDiameter));

@@ -1,3 +1,4 @@
+// Sends each step to tvx-calc as a line and waits for its answer.
 #include "reports/calc_client.h"
 
 #include <cstdlib>
@@ -14,9 +15,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// How long tvx-calc may take to end when its work is done: it has an office to close.
+// Time for tvx-calc to end after its work: it closes an office.
 constexpr Milliseconds kOrderlyEnd{10000};
-// The same after a failure, when nobody knows what state it is in.
+// Time for it to end after a failure, before it is killed.
 constexpr Milliseconds kForcedEnd{3000};
 
 constexpr char kHasEnded[] = "the program has ended";
@@ -32,7 +33,7 @@ class CalcApplication final : public SpreadsheetApplication {
     calc_->WaitForEnd(kOrderlyEnd);
   }
 
-  // The first answer, which comes without a question.
+  // Waits for the first answer, which tvx-calc sends without a step.
   bool HasStarted() { return AwaitDone(); }
 
   bool OpenWorkbook(const std::string& path) override {
@@ -45,12 +46,12 @@ class CalcApplication final : public SpreadsheetApplication {
   }
   bool PutValue(const CellValue& value) override {
     if (const auto* text = std::get_if<std::string>(&value)) return Do(kCalcText, *text);
-    // A cell holds a double: all digits of the 32-bit value reach it.
+    // A cell holds a double: 17 digits carry the 32-bit value into it exactly.
     return Do(kCalcNumber, Format("%.17g", static_cast<double>(std::get<float>(value))));
   }
   bool SetVisible(bool visible) override { return Do(kCalcVisible, visible ? kCalcYes : kCalcNo); }
   bool SetUserControl(bool control) override {
-    return control ? Do(kCalcLeave, "") : true;  // it has the control until it gives it away
+    return control ? Do(kCalcLeave, "") : true;  // without kCalcLeave tvx-calc keeps the control
   }
   bool Save() override { return Do(kCalcSave, ""); }
 

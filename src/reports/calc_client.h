@@ -1,4 +1,4 @@
-// The real spreadsheet program: LibreOffice, driven by tvx-calc in a process of its own.
+// The spreadsheet program of the installation: LibreOffice, driven by tvx-calc in another process.
 #pragma once
 
 #include <filesystem>
@@ -10,18 +10,16 @@
 
 namespace tvx {
 
-// Where tvx-calc lies: what the environment variable TVX_CALC names, else where an installation of
-// this program has it, else where the build puts it. It need not exist.
+// The path of tvx-calc: the value of the environment variable TVX_CALC, else the place in an
+// installation, else the place in a build folder. The file may not exist.
 std::filesystem::path FindCalcProgram();
 
 class CalcSpreadsheets final : public Spreadsheets {
  public:
-  // What a person still waits for. The start of an office that was not used for long takes a while,
-  // and so does a large workbook.
+  // The first start of an office after a boot, or a large workbook, can take many seconds.
   static constexpr Milliseconds kPatience{30000};
 
-  // The drives have to outlive the object. `patience`: the longest time that the start and each
-  // step may take.
+  // The drives must outlive the object. `patience` limits the time of the start and of each step.
   explicit CalcSpreadsheets(const Drives* drives, std::filesystem::path program = FindCalcProgram(),
                             Milliseconds patience = kPatience)
       : drives_(drives), program_(std::move(program)), patience_(patience) {}

@@ -1,3 +1,4 @@
+// Escapes and splits the lines of the protocol.
 #include "reports/calc_lines.h"
 
 namespace tvx {

@@ -1,10 +1,10 @@
-// The lines between TVX and tvx-calc, its hand in the spreadsheet program.
+// The line protocol between TVX and tvx-calc, which drives the spreadsheet program.
 //
-// tvx-calc is started with one argument, kCalcWindowForm or kCalcFileForm. Each line to it is one
-// step: a word and, after a blank, its argument. Each is answered by one line, kCalcDone or
+// tvx-calc is started with one argument, kCalcWindowForm or kCalcFileForm. Each line sent to it is
+// a step: a word and, after a blank, its argument. It answers each step with one line, kCalcDone or
 // kCalcFailed with the reason; a first answer, before any step, says whether the spreadsheet
-// program has started. tvx-calc ends after a failure and at the end of its input; unless kCalcLeave
-// was done, the workbook is then closed unsaved.
+// program has started. tvx-calc ends after a failure and at the end of its input. The workbook is
+// then closed unsaved, unless kCalcLeave was done.
 #pragma once
 
 #include <string>
@@ -20,9 +20,9 @@ inline constexpr std::string_view kCalcOpen = "open";        // host path of the
 inline constexpr std::string_view kCalcSheet = "sheet";      // number, 1 for the first
 inline constexpr std::string_view kCalcRange = "range";      // "A1", or "A1:B2"
 inline constexpr std::string_view kCalcNumber = "number";    // value for the cells of the range
-inline constexpr std::string_view kCalcText = "text";        // the same as a text
+inline constexpr std::string_view kCalcText = "text";        // text for the cells of the range
 inline constexpr std::string_view kCalcVisible = "visible";  // kCalcYes or kCalcNo
-inline constexpr std::string_view kCalcLeave = "leave";      // to the user
+inline constexpr std::string_view kCalcLeave = "leave";      // leaves the workbook to the user
 inline constexpr std::string_view kCalcSave = "save";
 
 inline constexpr std::string_view kCalcYes = "yes";
@@ -31,11 +31,11 @@ inline constexpr std::string_view kCalcNo = "no";
 inline constexpr std::string_view kCalcDone = "done";
 inline constexpr std::string_view kCalcFailed = "failed";  // reason
 
-// A line of a word and any argument: line breaks in it are written as "\n" and "\r", backslashes
-// doubled.
+// A line made of a word and any argument. Line breaks in the argument are written as "\n" and "\r",
+// backslashes are doubled.
 std::string CalcLine(std::string_view word, std::string_view argument);
 
-// The word and the argument of such a line.
+// Splits such a line into word and argument.
 std::pair<std::string, std::string> SplitCalcLine(std::string_view line);
 
 }  // namespace tvx

@@ -1,8 +1,10 @@
+// The dialog of recorded results, the questions of its reports and its messages.
 #include "reports/cut_time_list.h"
 
 #include <algorithm>
 
 #include "base/format.h"
+#include "base/path_text.h"
 #include "reports/job_list_file.h"
 #include "reports/spreadsheet_export.h"
 #include "reports/text_report.h"
@@ -14,6 +16,27 @@ namespace {
 
 constexpr int kRapidLengthDecimals = 3;
 constexpr int kNoFile = -1;
+
+FileQuestion ReportQuestion() {
+  return {.save = true,
+          .confirmsOverwrite = true,
+          .fileName = "*.tvx",
+          .filter = "TVX file (*.tvx)|*.tvx|모든 화일(*.*)|*.*||"};
+}
+
+FileQuestion ListQuestion() {
+  return {.save = true,
+          .fileName = "*.mcf",
+          .filter = "TVX file (*.mcf)|*.mcf|모든 화일(*.*)|*.*||",
+          .title = "TVX  화일명을 입력 하시요!!"};
+}
+
+FileQuestion WorkbookQuestion() {
+  return {.save = true,
+          .mustExist = true,
+          .fileName = "*.xls",
+          .filter = "Excel file (*.xls)|*.xls|모든 화일(*.*)|*.*||"};
+}
 
 void Append(const std::vector<std::string>& more, std::vector<std::string>* lines) {
   lines->insert(lines->end(), more.begin(), more.end());
@@ -82,23 +105,35 @@ Closing CCutTimeListDlg::DeleteSelected() {
   return Closing::kStaysOpen;
 }
 
+// The report is written by its name alone, so into the current directory.
 Closing CCutTimeListDlg::WriteReport() {
-  WriteTextReport(*results_, files_, ui_);
+  std::string path;
+  if (ui_->ChooseFile(ReportQuestion(), &path)) {
+    WriteTextReportFile(NameOfPath(path, kBackslash), *results_, files_);
+  }
   return Closing::kStaysOpen;
 }
 
 Closing CCutTimeListDlg::WriteList() {
-  WriteJobList(*results_, files_, ui_);
+  std::string path;
+  if (ui_->ChooseFile(ListQuestion(), &path)) WriteJobListFile(path, *results_, files_);
   return Closing::kStaysOpen;
 }
 
 Closing CCutTimeListDlg::WriteListCopy() {
-  WriteJobListCopy(*results_, files_, ui_);
+  std::string path;
+  if (ui_->ChooseFile(ListQuestion(), &path)) {
+    WriteJobListFileCopy(path, *results_, files_, nullptr);
+  }
   return Closing::kStaysOpen;
 }
 
 Closing CCutTimeListDlg::Export() {
-  ExportSpreadsheet(results_, spreadsheets_, ui_);
+  std::string path;
+  if (ui_->ChooseFile(WorkbookQuestion(), &path) &&
+      !ExportSpreadsheet(path, results_, spreadsheets_)) {
+    ui_->ShowMessage({.text = kNoSpreadsheetProgram});
+  }
   return Closing::kStaysOpen;
 }
 

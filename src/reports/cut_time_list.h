@@ -1,5 +1,5 @@
-// The list of recorded results: what each file ran with and how long it takes, and the reports that
-// are written from it.
+// The dialog of recorded results: the options and times of each file, and the reports written from
+// them.
 #pragma once
 
 #include <span>
@@ -14,14 +14,14 @@
 
 namespace tvx {
 
-// Everything that is known about a result, as the list shows it.
+// All lines that the list shows about a result.
 std::vector<std::string> CutTimeListLines(const CutTimeEntry& entry);
 
-// What stands in these lines before a name, of a directory, a master model and a picture.
+// The labels of these lines that a name follows: of a directory, a master model and a picture.
 inline constexpr std::string_view kNameLabels[] = {"Dir : ", "MMA ", "그림화일 "};
 
-// The dialog of the list. It works on the result table of its window, to which the runs append
-// while it is closed; nothing else is kept between two openings.
+// Works on the result table of its window, to which the runs append while the dialog is closed. No
+// other state is kept between two openings.
 class CCutTimeListDlg final : public Dialog {
  public:
   static constexpr char kTitle[] = "TVX 출력";
@@ -29,34 +29,36 @@ class CCutTimeListDlg final : public Dialog {
   static constexpr char kInformationHeading[] = "화일 정보";
   static constexpr char kTotalLabel[] = "전체 시간 ";
 
-  // All have to outlive the dialog.
+  // All four must outlive the dialog.
   CCutTimeListDlg(ResultTable* results, Files* files, UserInterface* ui, Spreadsheets* spreadsheets)
       : results_(results), files_(files), ui_(ui), spreadsheets_(spreadsheets) {}
 
-  // Before the face is shown: fills the list, with no file selected and nothing told of any.
+  // Call it before the face is shown. Fills the list; no file is selected and no lines are shown.
   void Open();
 
-  // The buttons between "OK" and "Cancel", which only close the dialog, in the order of the face.
-  // Each says whether the dialog stays open.
+  // The buttons in the order of the face, without "OK" and "Cancel", which only close the dialog.
+  // The result of `press` says whether the dialog stays open.
   struct Button {
     const char* caption;
     Closing (CCutTimeListDlg::*press)();
   };
   static std::span<const Button> Buttons();
 
-  // Shows the lines of an entry. For an index that the list does not have no file is selected, and
-  // the lines stay.
+  // Selects an entry and shows its lines. An index outside the list selects no file and leaves the
+  // lines.
   void Select(int index);
 
   // "청소": empties the table and closes the dialog.
   Closing Clear();
-  // "화일삭제": takes the selected entry out of the table, and none from the disk.
+  // "화일삭제": removes the selected entry from the table; shows a message if none is selected. The
+  // files on the disk are not touched.
   Closing DeleteSelected();
-  // The reports. They cover the whole table, whatever is selected.
+  // The reports. Each asks for a file and covers the whole table, whatever is selected. A file that
+  // cannot be written is not reported.
   Closing WriteReport();
   Closing WriteList();
   Closing WriteListCopy();
-  // Cuts the figures of the table down.
+  // Cuts the figures of the table down. Shows a message if the workbook cannot be filled.
   Closing Export();
 
   // The total as shown, in minutes.

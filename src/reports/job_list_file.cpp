@@ -1,3 +1,4 @@
+// Writes the job list file, and copies the files of its entries beside it.
 #include "reports/job_list_file.h"
 
 #include "base/path_text.h"
@@ -12,7 +13,7 @@ namespace {
 constexpr char kMasterWord[] = "MMA";
 constexpr char kAnyDrive = 'X';
 
-// Gives a line the directory of the list. Returns the one that it had.
+// Replaces the directory of a line by that of the list. Returns the old one.
 std::string ReplaceDirectory(const std::string& listDirectory, std::string* line) {
   std::string directory;
   LineDirectory(*line, &directory);
@@ -30,8 +31,8 @@ class Copier {
   Copier(std::string directory, Files* files, std::vector<FailedCopy>* failed)
       : directory_(std::move(directory)), files_(files), failed_(failed) {}
 
-  // Copies the master model that a line names, unless one of its name is there, and has the line
-  // name the copy.
+  // Copies the master model that a line names, unless a file of that name is already there, and
+  // puts the path of the copy into the line.
   void CopyMaster(std::string* line) {
     std::string source;
     if (!LineMasterFile(*line, &source)) return;
@@ -58,15 +59,6 @@ class Copier {
   Files* files_;
   std::vector<FailedCopy>* failed_;
 };
-
-bool ChooseListFile(UserInterface* ui, std::string* path) {
-  FileQuestion question;
-  question.save = true;
-  question.title = "TVX  화일명을 입력 하시요!!";
-  question.fileName = "*.mcf";
-  question.filter = "TVX file (*.mcf)|*.mcf|모든 화일(*.*)|*.*||";
-  return ui->ChooseFile(question, path);
-}
 
 }  // namespace
 
@@ -112,16 +104,6 @@ bool WriteJobListFileCopy(const std::string& path, const ResultTable& results, F
     copier.CopyProgram(directory, entry.fileName);
   }
   return file->Commit();
-}
-
-void WriteJobList(const ResultTable& results, Files* files, UserInterface* ui) {
-  std::string path;
-  if (ChooseListFile(ui, &path)) WriteJobListFile(path, results, files);
-}
-
-void WriteJobListCopy(const ResultTable& results, Files* files, UserInterface* ui) {
-  std::string path;
-  if (ChooseListFile(ui, &path)) WriteJobListFileCopy(path, results, files, nullptr);
 }
 
 }  // namespace tvx

@@ -1,5 +1,5 @@
-// The spreadsheet program, as far as TVX drives it: the steps of its object model, one after the
-// other. The real one is another process; the tests have one that writes down its calls.
+// Interface to a spreadsheet program: the steps of its object model that TVX uses. The real program
+// is another process; the tests use one that records its calls.
 #pragma once
 
 #include <memory>
@@ -8,46 +8,46 @@
 
 namespace tvx {
 
-// A number, or a text in UTF-8. A text is put as it stands and never taken for a formula, a number
-// or a date.
+// A number, or a text in UTF-8. A text is stored unchanged and never read as a formula, a number or
+// a date.
 using CellValue = std::variant<float, std::string>;
 
-// One running spreadsheet program with one workbook. The steps come in the order of their
-// declaration, range and value again and again, and end with SetVisible and SetUserControl or with
-// Save. Each returns true if it was carried out. A step may be carried out late, so that a failure
-// shows only at a later one; after a failure every step fails, within seconds and without harm.
+// One running spreadsheet program with one workbook. The caller runs the steps in the order of
+// their declaration, repeats SelectRange and PutValue for each cell, and ends with SetVisible and
+// SetUserControl or with Save. Each step returns true if it was done. A step may be done late, so
+// that its failure is reported by a later one. After a failure every step fails within seconds.
 //
-// Its end releases the program: it closes and saves nothing that is in the hands of the user.
+// The destructor releases the program. It does not close or save a workbook left to the user.
 class SpreadsheetApplication {
  public:
   virtual ~SpreadsheetApplication() = default;
 
-  // Opens a workbook of any format that the program reads. `path` is a full drive path. In the file
-  // form a workbook that does not exist is new and has one empty sheet; otherwise that is a
-  // failure.
+  // Opens a workbook of any format that the program reads. `path` is a full drive path. A workbook
+  // that does not exist is created with one empty sheet in the file form, and is a failure in the
+  // interactive form.
   virtual bool OpenWorkbook(const std::string& path) = 0;
-  // Takes a worksheet by its number, 1 for the first.
+  // Selects a worksheet by its number, 1 for the first.
   virtual bool SelectSheet(int number) = 0;
-  // Takes the cells from one to another by their names; "A1", "A1" for a single one.
+  // Selects the cells from one to another by their names; "A1", "A1" for a single one.
   virtual bool SelectRange(const std::string& first, const std::string& last) = 0;
-  // Puts a value into the cells taken. All other cells keep what they hold.
+  // Puts a value into each selected cell. No other cell changes.
   virtual bool PutValue(const CellValue& value) = 0;
   // Shows the program with the workbook on the screen.
   virtual bool SetVisible(bool visible) = 0;
-  // Leaves the program to the user, who may now save or close the workbook: it stays open when this
-  // object goes.
+  // Leaves the program to the user, who may now save or close the workbook. It stays open when this
+  // object is destroyed.
   virtual bool SetUserControl(bool control) = 0;
-  // File form only: saves the workbook under its path, in the format of the path's ending, and
-  // closes it. An older file stays whole if that fails.
+  // File form only: saves the workbook under its path, in the format of the path's extension, and
+  // closes it. If that fails, an existing file is unchanged.
   virtual bool Save() = 0;
 
-  // Why a step failed, in words for a person. Empty if none did or nobody knows.
+  // Why a step failed, as a text for the user. Empty if no step failed or the reason is unknown.
   virtual std::string Problem() const { return {}; }
 };
 
 enum class SpreadsheetForm {
-  kInteractive,  // with a window, for the workbook to end in the hands of the user
-  kFile,         // without a window or a display, to fill a file and save it
+  kInteractive,  // with a window; the workbook is left to the user
+  kFile,         // without a window or a display; the workbook is saved
 };
 
 // Starts spreadsheet programs.
@@ -55,12 +55,19 @@ class Spreadsheets {
  public:
   virtual ~Spreadsheets() = default;
 
-  // Null if no such program can be started (not installed, no display, dead within its first
-  // seconds). Never hangs.
+  // Returns null if the program cannot be started: it is not installed, has no display, or ends
+  // within its first seconds. Does not wait without limit.
   virtual std::unique_ptr<SpreadsheetApplication> Start(SpreadsheetForm form) = 0;
 };
 
-// A machine without a spreadsheet program: Start gives null.
-Spreadsheets* NoSpreadsheets();
+// For a machine without a spreadsheet program: Start returns null.
+inline Spreadsheets* NoSpreadsheets() {
+  class None final : public Spreadsheets {
+   public:
+    std::unique_ptr<SpreadsheetApplication> Start(SpreadsheetForm) override { return nullptr; }
+  };
+  static None none;
+  return &none;
+}
 
 }  // namespace tvx

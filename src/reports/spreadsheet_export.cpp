@@ -1,3 +1,4 @@
+// The table of columns, and the steps that write it cell by cell.
 #include "reports/spreadsheet_export.h"
 
 #include <cmath>
@@ -14,7 +15,7 @@ using Entry = CutTimeEntry;
 struct Column {
   const char* title;
   CellValue (*value)(const Entry& entry, size_t number);
-  bool isCondition = false;  // written only for an entry with the feed adjustment
+  bool isCondition = false;  // written only for an entry with the feed adjustment on
 };
 
 constexpr bool kCondition = true;
@@ -24,12 +25,13 @@ CellValue Number(int32_t value) {
 }
 
 CellValue MetresCell(float millimetres) {
-  return static_cast<float>(millimetres * 0.001);  // of 1234 mm the nearest to 1.234
+  // Rounded once: the double product of 1234 mm gives the float nearest to 1.234.
+  return static_cast<float>(millimetres * 0.001);
 }
 
-// A switch, where some columns have a blank behind the word.
-CellValue Switch(int32_t check, const char* behind = "") {
-  return OnOff(check) + std::string(behind);
+// "ON" or "OFF". Some columns have a blank behind the word.
+CellValue Switch(int32_t check, const char* suffix = "") {
+  return OnOff(check) + std::string(suffix);
 }
 
 // The columns from A on.
@@ -70,7 +72,7 @@ const Column kColumns[] = {
     {"마스타 화일 ", [](const Entry& e, size_t) { return CellValue(e.AfaMasterFile); }, kCondition},
 };
 
-// Writes one cell, of a row counted from 1.
+// Writes one cell. Columns count from 0, rows from 1.
 bool PutCell(size_t column, size_t row, const CellValue& value, SpreadsheetApplication* program) {
   const std::string cell =
       static_cast<char>('A' + static_cast<int>(column)) + Format("%d", static_cast<int>(row));
@@ -98,7 +100,7 @@ float ToThousandths(float minutes) {
   return static_cast<float>(std::trunc(minutes * 1000.0) * 0.001);
 }
 
-// Cut down in the table itself, so that lists and reports written later agree with the sheet.
+// Changes the table itself, so that lists and reports written later agree with the sheet.
 void CutFigures(Entry* entry) {
   entry->cutLength = std::trunc(entry->cutLength);
   entry->rapidLength = std::trunc(entry->rapidLength);
@@ -106,8 +108,6 @@ void CutFigures(Entry* entry) {
   entry->rapidMinutes = ToThousandths(entry->rapidMinutes);
   entry->totalMinutes = ToThousandths(entry->totalMinutes);
 }
-
-}  // namespace
 
 bool FillWorkbook(const std::string& path, ResultTable* results, SpreadsheetApplication* program) {
   if (!program->OpenWorkbook(path) || !program->SelectSheet(1) || !PutTitles(program)) return false;
@@ -120,18 +120,12 @@ bool FillWorkbook(const std::string& path, ResultTable* results, SpreadsheetAppl
   return true;
 }
 
-void ExportSpreadsheet(ResultTable* results, Spreadsheets* spreadsheets, UserInterface* ui) {
-  FileQuestion question;
-  question.save = true;
-  question.mustExist = true;
-  question.fileName = "*.xls";
-  question.filter = "Excel file (*.xls)|*.xls|모든 화일(*.*)|*.*||";
-  std::string path;
-  if (!ui->ChooseFile(question, &path)) return;
+}  // namespace
+
+bool ExportSpreadsheet(const std::string& path, ResultTable* results, Spreadsheets* spreadsheets) {
   const auto program = spreadsheets->Start(SpreadsheetForm::kInteractive);
-  const bool done = program != nullptr && FillWorkbook(path, results, program.get()) &&
-                    program->SetVisible(true) && program->SetUserControl(true);
-  if (!done) ui->ShowMessage({.text = kNoSpreadsheetProgram});
+  return program != nullptr && FillWorkbook(path, results, program.get()) &&
+         program->SetVisible(true) && program->SetUserControl(true);
 }
 
 bool WriteSpreadsheetFile(const std::string& path, ResultTable* results,

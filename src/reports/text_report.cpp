@@ -1,7 +1,7 @@
+// The lines of the text report.
 #include "reports/text_report.h"
 
 #include "base/format.h"
-#include "base/path_text.h"
 #include "base/text.h"
 #include "stats/entry_lines.h"
 
@@ -16,8 +16,8 @@ void AddLine(const std::string& line, std::string* report) {
   *report += kLineEnd + ("\t" + line);
 }
 
-// Unlike the windows: three decimals, the upper bound of the Z area first, and the tolerance of a
-// point on a line of its own.
+// Differs from RestartLines, which the windows show: three decimals, the upper bound of the Z area
+// first, and the tolerance of a point on a separate line.
 void AddRestart(const CutTimeEntry& entry, std::string* report) {
   if (entry.RestartOn != 1) {
     AddLine("Restart OFF", report);
@@ -65,17 +65,6 @@ std::string TextReport(const ResultTable& results) {
 
 bool WriteTextReportFile(const std::string& path, const ResultTable& results, Files* files) {
   return WriteWholeFile(files, path, EncodeCp949(TextReport(results)));
-}
-
-void WriteTextReport(const ResultTable& results, Files* files, UserInterface* ui) {
-  FileQuestion question;
-  question.save = true;
-  question.confirmsOverwrite = true;
-  question.fileName = "*.tvx";
-  question.filter = "TVX file (*.tvx)|*.tvx|모든 화일(*.*)|*.*||";
-  std::string path;
-  if (!ui->ChooseFile(question, &path)) return;
-  WriteTextReportFile(NameOfPath(path, kBackslash), results, files);
 }
 
 }  // namespace tvx

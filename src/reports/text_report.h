@@ -4,7 +4,6 @@
 #include <string>
 
 #include "platform/files.h"
-#include "platform/user_interface.h"
 #include "stats/result_table.h"
 
 namespace tvx {
@@ -12,11 +11,8 @@ namespace tvx {
 // The text of the report, UTF-8, lines ended by CR LF; empty for an empty table.
 std::string TextReport(const ResultTable& results);
 
-// Creates or replaces the report file. Returns false, with an older file as it was, if that fails.
+// Creates or replaces the report file. Returns false if that fails; an existing file is then
+// unchanged.
 bool WriteTextReportFile(const std::string& path, const ResultTable& results, Files* files);
-
-// Asks for a name and writes the report under it into the current directory, where the chooser has
-// left it. A cancel or a file that cannot be written ends it silently.
-void WriteTextReport(const ResultTable& results, Files* files, UserInterface* ui);
 
 }  // namespace tvx

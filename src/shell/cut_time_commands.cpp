@@ -29,7 +29,8 @@ void SingleCutTimeCommand(CTVXView* view) {
   app->sendOptions.Open(&view->job);
   if (!app->ui->RunModal(&app->sendOptions)) return;
   FeedPass(&view->program, view->job, &view->masterGrid, &app->feedPassMemory);
-  FitToPath(&view->view.transform, &view->program.store, app->ui);
+  FitToPath(&view->view.transform, &view->program.store);
+  app->ui->Repaint();
   ComputeCutTime(&view->program.store, view->job, &view->fileInfo.current);
   view->fileInfo.current.fileName = view->fileName;
   if (!app->ui->RunModal(&view->fileInfo)) return;

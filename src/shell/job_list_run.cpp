@@ -69,7 +69,8 @@ void RunEntry(CTVXView* view, size_t index, std::string* lastMaster, RunObserver
   if (view->job.AfaEnabled == 1) {
     FeedPass(&view->program, view->job, &view->masterGrid, &view->app->feedPassMemory);
   }
-  FitToPath(&view->view.transform, &view->program.store, view->app->ui);
+  FitToPath(&view->view.transform, &view->program.store);
+  view->app->ui->Repaint();
   CutTimeEntry& current = view->fileInfo.current;
   ComputeCutTime(&view->program.store, view->job, &current);
   current.fileName = name;

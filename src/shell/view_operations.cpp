@@ -110,7 +110,8 @@ LoadResult LoadProgram(CTVXView* view, const std::string& path) {
   view->filePath = path;
   const LoadResult result = LoadIntoView(view, path);
   if (result == LoadResult::kLoaded) ++view->loads;
-  FitToPath(&view->view.transform, &view->program.store, view->app->ui);
+  FitToPath(&view->view.transform, &view->program.store);
+  view->app->ui->Repaint();
   return result;
 }
 

@@ -1,18 +1,24 @@
-// What the drawing of a path needs of a device, and the pens it draws with.
+// The surface that a path is drawn on: pixels, pens, and the five calls that a device carries out.
 #pragma once
 
 #include <cstdint>
 #include <string_view>
 
-#include "view/pixel.h"
-
 namespace tvx {
+
+// A point of a drawing area or of a device, x to the right and y downward.
+struct Pixel {
+  int32_t x = 0;
+  int32_t y = 0;
+
+  friend bool operator==(const Pixel& a, const Pixel& b) { return a.x == b.x && a.y == b.y; }
+};
 
 using Colour = uint32_t;  // 0xRRGGBB
 
 // The pens, all one pixel wide.
 enum Pen : uint8_t {
-  penDefault,  // what a fresh device holds
+  penDefault,  // the pen of a fresh device
   penWhite,
   penLightGrey,
   penGreen,
@@ -32,14 +38,26 @@ struct PenStyle {
   bool dashed;
 };
 
-const PenStyle& StyleOf(Pen pen);
+// In the order of the pens.
+inline constexpr PenStyle kPenStyles[kPenCount] = {
+    {"default", 0x000000, false},      {"penWhite", 0xFFFFFF, false},
+    {"penLightGrey", 0xC8C8C8, false}, {"penGreen", 0x00FF00, false},
+    {"penDarkGreen", 0x00C800, false}, {"penDarkBlue", 0x0000C8, false},
+    {"penBlue", 0x0000FF, false},      {"penRed", 0xFF0000, false},
+    {"penRapid", 0xFF0000, true},      {"penBlack", 0x000000, false},
+    {"penGrey", 0x646464, false},
+};
+
+inline const PenStyle& StyleOf(Pen pen) {
+  return kPenStyles[pen];
+}
 
 // A dashed line is drawn for kDashPixels, then left out for kGapPixels.
 inline constexpr int kDashPixels = 18;
 inline constexpr int kGapPixels = 6;
 
 // A drawing surface. Coordinates are logical: one unit is one pixel, (0, 0) is the centre of the
-// drawing area, y grows downward. A device keeps a pen in force and a current position.
+// drawing area, y grows downward. A device keeps a selected pen and a current position.
 class DrawingDevice {
  public:
   virtual ~DrawingDevice() = default;
@@ -47,12 +65,12 @@ class DrawingDevice {
   // Fills the pixels from (left, top) up to but not including (right, bottom).
   virtual void FillRectangle(int32_t left, int32_t top, int32_t right, int32_t bottom,
                              Colour colour) = 0;
-  // Puts a pen in force and returns the one that was before.
+  // Selects a pen and returns the one selected before.
   virtual Pen SelectPen(Pen pen) = 0;
   virtual void MoveTo(Pixel point) = 0;
-  // Draws from the current position, which moves to the point.
+  // Draws a line from the current position to the point, which becomes the current position.
   virtual void LineTo(Pixel point) = 0;
-  // Writes a text (UTF-8) with its top left corner at the point. The position stays.
+  // Writes a text (UTF-8) with its top left corner at the point. The position does not change.
   virtual void Text(Pixel point, std::string_view text) = 0;
 };
 

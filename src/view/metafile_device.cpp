@@ -1,3 +1,4 @@
+// The records of the enhanced metafile format, in the order in which they are written.
 #include "view/metafile_device.h"
 
 #include <algorithm>
@@ -28,7 +29,7 @@ constexpr uint32_t kFixedHeaderBytes = 108;
 constexpr uint32_t kHeaderBytes = kFixedHeaderBytes + 2 * kDescriptionCharacters;
 static_assert(kHeaderBytes % 4 == 0);
 
-// The reference device: a screen of 96 pixels an inch, of a size that is whole millimetres.
+// The reference device: a screen of 96 pixels an inch whose size is a whole number of millimetres.
 constexpr uint32_t kDevicePixelsX = 1920, kDevicePixelsY = 1440;
 constexpr uint32_t kDeviceMillimetresX = 508, kDeviceMillimetresY = 381;
 static_assert(kDevicePixelsX * kDeviceMillimetresY == kDevicePixelsY * kDeviceMillimetresX);
@@ -39,7 +40,7 @@ constexpr uint32_t kStockBlackPen = 0x80000007;
 constexpr uint32_t kSolidStyle = 0;
 constexpr uint32_t kDashStyle = 1;
 
-// A character of the device's own font, for the bounds only.
+// Size of a character in the device's default font, for the bounds only.
 constexpr int32_t kLetterWidth = 9;
 constexpr int32_t kLetterHeight = 16;
 
@@ -51,7 +52,7 @@ bool FitsIn16Bits(int32_t value) {
   return value >= INT16_MIN && value <= INT16_MAX;
 }
 
-// The texts of a drawing are well-formed UTF-8.
+// The input must be well-formed UTF-8.
 std::u16string ToUtf16(std::string_view utf8) {
   std::u16string text;
   for (size_t i = 0; i < utf8.size();) {
@@ -71,8 +72,8 @@ std::u16string ToUtf16(std::string_view utf8) {
   return text;
 }
 
-// Held in 32 bits: an arm of the axes may lie anywhere.
-int32_t Hold(int64_t value) {
+// Clamped to 32 bits: an arm of the axes may end anywhere.
+int32_t Clamp(int64_t value) {
   return static_cast<int32_t>(std::clamp<int64_t>(value, INT32_MIN, INT32_MAX));
 }
 
@@ -97,7 +98,7 @@ void MetafileDevice::Box::Widen(const Box& other) {
 }
 
 MetafileDevice::MetafileDevice(OutputFile* file) : file_(file), buffer_(file) {
-  PutHeader();  // holds the place
+  PutHeader();  // reserves the space; Finish overwrites it
   buffer_.Write(record_);
   bytes_ += record_.size();
   ++records_;
@@ -108,7 +109,7 @@ bool MetafileDevice::Finish() {
   BeginRecord(kEndOfFile);
   Put32(0);   // palette entries
   Put32(0);   // their offset
-  Put32(20);  // size of this record once more, for readers that start at the end
+  Put32(20);  // size of this record again, for readers that start at the end
   EndRecord();
   buffer_.Flush();
   if (!buffer_.good() || bytes_ > UINT32_MAX) return false;
@@ -128,7 +129,7 @@ void MetafileDevice::PutHeader() {
   Put32(0x00010000);  // version
   Put32(static_cast<uint32_t>(bytes_));
   Put32(records_);
-  Put16(objects_ + 1);  // number 0 is taken by the file itself
+  Put16(objects_ + 1);  // number 0 is the file itself
   Put16(0);
   Put32(kDescriptionCharacters);
   Put32(kFixedHeaderBytes);  // offset of the description
@@ -183,7 +184,7 @@ void MetafileDevice::DrawRun(std::span<const Pixel> points) {
     EndRecord();
     return;
   }
-  // Only arms of the axes lie that far out.
+  // Only the arms of the axes can be that far out.
   uint32_t type = kMoveTo;
   for (const Pixel point : points) {
     BeginRecord(type);
@@ -200,8 +201,8 @@ void MetafileDevice::PlaceText(Pixel point, std::string_view text) {
   const auto count = static_cast<uint32_t>(characters.size());
   Box box;
   box.Widen(point);
-  box.Widen(Pixel{Hold(int64_t{point.x} + int64_t{count} * kLetterWidth - 1),
-                  Hold(int64_t{point.y} + kLetterHeight - 1)});
+  box.Widen(Pixel{Clamp(int64_t{point.x} + int64_t{count} * kLetterWidth - 1),
+                  Clamp(int64_t{point.y} + kLetterHeight - 1)});
   bounds_.Widen(box);
 
   BeginRecord(kTextOut);
@@ -223,7 +224,7 @@ void MetafileDevice::PlaceText(Pixel point, std::string_view text) {
 void MetafileDevice::BeginRecord(uint32_t type) {
   record_.clear();
   Put32(type);
-  Put32(0);  // the size, when it is known
+  Put32(0);  // the size, set by SetRecordSize
 }
 
 void MetafileDevice::SetRecordSize() {
@@ -238,7 +239,7 @@ void MetafileDevice::EndRecord() {
   ++records_;
 }
 
-// The format is little-endian whatever the machine is.
+// The format is little-endian on every machine.
 void MetafileDevice::Put16(uint32_t value) {
   const char bytes[] = {static_cast<char>(value & 0xFF), static_cast<char>(value >> 8 & 0xFF)};
   record_.append(bytes, sizeof bytes);

@@ -1,5 +1,5 @@
 // Writes a drawing as a Windows enhanced metafile. The file is written in one pass and the header
-// is completed at the end, so that a drawing of millions of lines needs no memory of its own.
+// is completed at the end, so the memory used does not depend on the size of the drawing.
 #pragma once
 
 #include <array>
@@ -15,19 +15,20 @@ namespace tvx {
 
 class MetafileDevice final : public PolylineDevice {
  public:
-  // Writes the start of the file. Without a file (null) all calls are without effect. The file has
-  // to outlive the device.
+  // Writes the start of the file. With a null file every call does nothing. The file must outlive
+  // the device.
   explicit MetafileDevice(OutputFile* file);
 
-  // A metafile has no background, the page stays as its viewer shows it: does nothing.
+  // Does nothing: a metafile has no background, its viewer provides the page.
   void FillRectangle(int32_t, int32_t, int32_t, int32_t, Colour) override {}
 
-  // Writes the end of the file and completes its header; no calls may follow. False if anything
-  // failed or the file has outgrown the 4 GB that its header can tell. The caller commits the file.
+  // Writes the end of the file and completes its header. It must be the last call. Returns false if
+  // a write failed or the file is larger than 4 GB, the limit of its header. The caller commits the
+  // file.
   bool Finish();
 
  private:
-  // A rectangle with all four edges inside it.
+  // A rectangle that includes all four edges.
   struct Box {
     int32_t left = INT32_MAX, top = INT32_MAX, right = INT32_MIN, bottom = INT32_MIN;
 
@@ -40,7 +41,7 @@ class MetafileDevice final : public PolylineDevice {
   void DrawRun(std::span<const Pixel> points) override;
   void PlaceText(Pixel point, std::string_view text) override;
 
-  // A record is put together in record_, which keeps its memory from one to the next.
+  // A record is assembled in record_, whose memory is reused by the next one.
   void BeginRecord(uint32_t type);
   void Put16(uint32_t value);
   void Put32(uint32_t value);
@@ -57,8 +58,9 @@ class MetafileDevice final : public PolylineDevice {
   std::string record_;
   uint64_t bytes_ = 0;  // of all finished records
   uint32_t records_ = 0;
-  uint32_t objects_ = 0;                         // created so far; their numbers start at 1
-  std::array<uint32_t, kPenCount> penObject_{};  // number of each pen's object, 0 for none yet
+  uint32_t objects_ = 0;  // number created so far; the first has number 1
+  std::array<uint32_t, kPenCount>
+      penObject_{};  // number of each pen's object, 0 before its first use
   Box bounds_;
 };
 

@@ -1,4 +1,4 @@
-// Gathers small pieces of a file into large writes. It never allocates while it is written to.
+// Collects small pieces of a file into large writes. Writing to it never allocates memory.
 #pragma once
 
 #include <array>
@@ -11,7 +11,7 @@ namespace tvx {
 
 class OutputBuffer {
  public:
-  // Without a file (null) everything is dropped. The file has to outlive the buffer.
+  // With a null file everything written is dropped. The file must outlive the buffer.
   explicit OutputBuffer(OutputFile* file) : file_(file) {}
 
   void Write(std::string_view bytes) {
@@ -24,13 +24,13 @@ class OutputBuffer {
     used_ += bytes.size();
   }
 
-  // Hands everything written so far to the file.
+  // Writes everything collected so far to the file.
   void Flush() {
     if (used_ > 0) Pass({bytes_.data(), used_});
     used_ = 0;
   }
 
-  // False once a write has failed, or without a file.
+  // False after a failed write, and without a file.
   bool good() const { return good_; }
 
  private:

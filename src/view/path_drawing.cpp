@@ -1,3 +1,4 @@
+// From stored moves to device calls: pens by feed, colour ramps, arcs as chords.
 #include "view/path_drawing.h"
 
 #include <algorithm>
@@ -10,26 +11,25 @@
 namespace tvx {
 namespace {
 
-constexpr int32_t kPixelLimit = 30000;  // what lies beyond is not drawn
+constexpr int32_t kPixelLimit = 30000;  // points beyond it are not drawn
 
 // A neighbour's feed counts as a step only beyond this factor.
 constexpr double kFeedStepFactor = 0.8;
 
 constexpr double kChordsPerPixel = 0.33333334;
 constexpr double kRadiansPerAngleDegree = 0.01745277777777778;  // 3.1415 / 180, as in Angle
-constexpr int64_t kChordsWorthATest = 64;
+constexpr int64_t kChordsToTest = 64;
 
 constexpr FeedBand kFeedBandTable[kFeedBands] = {
     {0.87, 100.0}, {0.75, 0.87}, {0.62, 0.75}, {0.5, 0.62}, {0.37, 0.5}, {0.25, 0.37}, {0.0, 0.25},
 };
 
-// A coordinate `share` times a difference away from another.
+// A coordinate at an offset from another, rounded to single precision once.
 float Along(float from, double offset) {
   return static_cast<float>(from + offset);
 }
 
-// Whole coordinates up to the limit are drawn, so a fraction more is, too. What is no number is
-// not.
+// The limit applies to the truncated coordinate, so 30000.9 is within it. A NaN is not.
 bool IsWithinLimit(double coordinate) {
   return std::abs(coordinate) < kPixelLimit + 1;
 }
@@ -49,8 +49,8 @@ std::optional<Pen> PenForFeed(int32_t feed, int32_t FeedBase, const Palette& pal
   if (FeedBase == 0) return penBlue;
   const auto fraction = static_cast<float>(static_cast<double>(feed) / FeedBase);
   if (fraction > kFeedBandTable[0].upTo || fraction < 0.0F) return std::nullopt;
-  // As many bands as it does not rise above lie before its own. Counting has no branch that a feed
-  // changing all the time would spoil.
+  // The index of the band is the number of bands that begin at or above the fraction. Counting them
+  // takes no branch that changing feeds would mispredict.
   size_t band = 0;
   for (size_t i = 0; i < kFeedBands - 1; ++i) band += fraction > kFeedBandTable[i].above ? 0 : 1;
   return palette.band[band];
@@ -60,44 +60,39 @@ void PathDrawing::SelectPenForFeed(int32_t feed) {
   if (const auto pen = PenForFeed(feed, program_->FeedBase, palette_)) device_->SelectPen(*pen);
 }
 
+inline bool PathDrawing::StepTo(Pixel pixel, bool isVisible) {
+  const bool isFirst = program_->firstPoint != 0;
+  if (isFirst) program_->firstPoint = 0;
+  if (isFirst || !isVisible) {
+    device_->MoveTo(pixel);
+    return false;
+  }
+  device_->LineTo(pixel);
+  return true;
+}
+
 void PathDrawing::DrawTo(const Vec3& point, int32_t feed, uint32_t type) {
   const ProjectedPixels exact = ProjectToPixels(view_, point);
   if (!IsWithinLimit(exact.x) || !IsWithinLimit(exact.y)) return;
   const Pixel pixel = {static_cast<int32_t>(exact.x), static_cast<int32_t>(exact.y)};
   switch (type) {
     case BlockRapidStart:
+      device_->SelectPen(penRapid);
+      StepTo(pixel, rapidVisible_);
+      break;
     case BlockRapid:
-      if (type == BlockRapidStart) device_->SelectPen(penRapid);
-      if (program_->firstPoint != 0) {
-        device_->MoveTo(pixel);
-        program_->firstPoint = 0;
-      } else if (rapidVisible_) {
-        device_->LineTo(pixel);
-      } else {
-        device_->MoveTo(pixel);
-      }
+      StepTo(pixel, rapidVisible_);
       break;
     case BlockCutStart:
       SelectPenForFeed(feed);
-      if (program_->firstPoint != 0) {
-        device_->MoveTo(pixel);
-        program_->firstPoint = 0;
-      } else {
-        device_->LineTo(pixel);
-        state_->lastPenFeed = feed;
-      }
+      if (StepTo(pixel)) state_->lastPenFeed = feed;
       break;
     case BlockCut:
       if (feed != state_->lastPenFeed) {
         SelectPenForFeed(feed);
         state_->lastPenFeed = feed;
       }
-      if (program_->firstPoint != 0) {
-        device_->MoveTo(pixel);
-        program_->firstPoint = 0;
-      } else {
-        device_->LineTo(pixel);
-      }
+      StepTo(pixel);
       break;
     case BlockArcCcw:
     case BlockArcCw:
@@ -158,8 +153,9 @@ void PathDrawing::DrawPath() {
   device_->SelectPen(previous);
 }
 
-// A move without portions is compared with its neighbours. Where no ramp is drawn the result is not
-// needed, and of the reads only the last one shows: in the register.
+// A move without portions reads its previous move even when smooth change is off and nothing is
+// drawn from it. The result shows only in the register after the walk, so the read is made once,
+// here.
 void PathDrawing::EndOfWalk() {
   const uint32_t last = store_->blockCount - 1;
   const MotionBlock& block = store_->CurrentBlock;
@@ -179,35 +175,36 @@ void PathDrawing::DrawMove(uint32_t index, const MotionBlock& block) {
   }
 }
 
-// The feed may still step along the move because of its neighbours.
 void PathDrawing::DrawWithoutPortions(uint32_t index, const MotionBlock& block) {
-  const Vec3 end = EndPoint(block);
   if (smooth_) {
-    PrevMove(store_, index);
-    const MotionBlock previous = store_->CurrentBlock;
-    Ramp ramp{EndPoint(previous), end, block.feed, block.feed};
-    if (block.type != BlockCutStart) {  // only a continuing move looks at its neighbours
-      NextMove(store_, index);
-      // Without a further move this is whatever the register holds then.
-      const MotionBlock& next = store_->CurrentBlock;
-      const int32_t prevFeed = previous.tailPercent > 0 ? previous.tailFeed : previous.feed;
-      const int32_t nextFeed = next.headPercent > 0 ? next.headFeed : next.feed;
-      if (block.feed < kFeedStepFactor * nextFeed) {
-        ramp.toFeed = nextFeed;
-      } else if (block.feed < kFeedStepFactor * prevFeed) {
-        ramp.fromFeed = prevFeed;
-      }
-    }
+    const Ramp ramp = RampToNeighbours(index, block);
     const auto [low, high] = std::minmax(ramp.fromFeed, ramp.toFeed);
     if (kFeedStepFactor * high > low) {
-      const int32_t steps = RampSteps(ramp);
-      if (steps >= 2) {
-        DrawRamp(ramp, steps, 1, block.type);
-        return;
-      }
+      DrawPortion(ramp, block.feed, 1, block.type);
+      return;
     }
   }
-  DrawTo(end, block.feed, block.type);
+  DrawTo(EndPoint(block), block.feed, block.type);
+}
+
+// A continuing move ramps up to a clearly faster next move, else down from a clearly faster
+// previous one. Only one of the two is drawn.
+PathDrawing::Ramp PathDrawing::RampToNeighbours(uint32_t index, const MotionBlock& block) {
+  PrevMove(store_, index);
+  const MotionBlock previous = store_->CurrentBlock;
+  Ramp ramp{EndPoint(previous), EndPoint(block), block.feed, block.feed};
+  if (block.type == BlockCutStart) return ramp;
+  NextMove(store_, index);
+  // Without a next move the register still holds a block read before; that one is compared.
+  const MotionBlock& next = store_->CurrentBlock;
+  const int32_t prevFeed = previous.tailPercent > 0 ? previous.tailFeed : previous.feed;
+  const int32_t nextFeed = next.headPercent > 0 ? next.headFeed : next.feed;
+  if (block.feed < kFeedStepFactor * nextFeed) {
+    ramp.toFeed = nextFeed;
+  } else if (block.feed < kFeedStepFactor * prevFeed) {
+    ramp.fromFeed = prevFeed;
+  }
+  return ramp;
 }
 
 void PathDrawing::DrawWithPortions(uint32_t index, const MotionBlock& block) {
@@ -215,37 +212,38 @@ void PathDrawing::DrawWithPortions(uint32_t index, const MotionBlock& block) {
   const Vec3 start = EndPoint(store_->CurrentBlock);
   const Vec3 end = EndPoint(block);
   const Vec3 move = {end.x - start.x, end.y - start.y, end.z - start.z};
+  // The point that is a percentage of the move away from another.
+  const auto pointFrom = [&](const Vec3& point, double percent) -> Vec3 {
+    return {Along(point.x, percent * move.x * 0.01), Along(point.y, percent * move.y * 0.01),
+            Along(point.z, percent * move.z * 0.01)};
+  };
   if (block.headPercent > 0) {
-    const auto part = [&](double difference) { return block.headPercent * difference * 0.01; };
-    const Vec3 headEnd = {Along(start.x, part(move.x)), Along(start.y, part(move.y)),
-                          Along(start.z, part(move.z))};
-    const Ramp ramp{start, headEnd, block.headFeed, block.feed};
-    const int32_t steps = smooth_ ? RampSteps(ramp) : 0;
-    if (steps >= 2) {
-      DrawRamp(ramp, steps, 1, block.type);
-    } else {
-      DrawTo(headEnd, block.headFeed, block.type);
-    }
+    const Vec3 headEnd = pointFrom(start, block.headPercent);
+    DrawPortion({start, headEnd, block.headFeed, block.feed}, block.headFeed, 1, block.type);
   }
   if (block.tailPercent > 0) {
-    const auto part = [&](double difference) { return block.tailPercent * difference * 0.01; };
-    const Vec3 tailStart = {Along(end.x, -part(move.x)), Along(end.y, -part(move.y)),
-                            Along(end.z, -part(move.z))};
+    const Vec3 tailStart = pointFrom(end, -block.tailPercent);
     DrawTo(tailStart, block.feed, block.type);
-    const Ramp ramp{tailStart, end, block.feed, block.tailFeed};
-    const int32_t steps = smooth_ ? RampSteps(ramp) : 0;
-    if (steps >= 2) {
-      // The last step stops short of the end, from where the next move continues.
-      DrawRamp(ramp, steps, 0, block.type);
-    } else {
-      DrawTo(end, block.tailFeed, block.type);
-    }
+    // The last step stops short of the end; the next move continues from there.
+    DrawPortion({tailStart, end, block.feed, block.tailFeed}, block.tailFeed, 0, block.type);
   } else {
     DrawTo(end, block.feed, block.type);
   }
 }
 
-// Number of colour steps: one each half unit of length, ten on a long ramp; below 2 it is none.
+// A part of a move: in colour steps counted from firstStep, or as one line in the colour of `feed`
+// where smooth change is off or the part is too short for two steps.
+void PathDrawing::DrawPortion(const Ramp& ramp, int32_t feed, int32_t firstStep, uint32_t type) {
+  const int32_t steps = smooth_ ? RampSteps(ramp) : 0;
+  if (steps >= 2) {
+    DrawRamp(ramp, steps, firstStep, type);
+  } else {
+    DrawTo(ramp.to, feed, type);
+  }
+}
+
+// Number of colour steps: one for each half unit of length, ten on a long ramp. Below two there is
+// no ramp.
 int32_t PathDrawing::RampSteps(const Ramp& ramp) {
   Difference difference;
   Vec3 unit;
@@ -254,7 +252,7 @@ int32_t PathDrawing::RampSteps(const Ramp& ramp) {
   return TruncateToInt(2.0 * difference.length + 1.0);
 }
 
-// As many steps as the ramp has, counted from firstStep.
+// Draws the steps firstStep to firstStep + steps - 1 of a ramp.
 void PathDrawing::DrawRamp(const Ramp& ramp, int32_t steps, int32_t firstStep, uint32_t type) {
   for (int32_t k = firstStep; k < firstStep + steps; ++k) {
     const auto at = [&](float from, float to) {
@@ -274,7 +272,7 @@ void PathDrawing::DrawArc(const Vec3& start, const Vec3& end, const Vec3& centre
       static_cast<double>(arc.measures.length) * view_->viewScale * kChordsPerPixel + 1.0;
   if (!(chords <= kMostChords)) return;
   arc.chords = TruncateTo<int64_t>(chords);
-  // Points and angles are single precision: far more than their rounding is allowed for.
+  // Points and angles are rounded to single precision; the slack is far above that error.
   const double reach = std::abs(static_cast<double>(centre.x)) +
                        std::abs(static_cast<double>(centre.y)) +
                        std::abs(static_cast<double>(centre.z)) + arc.measures.radius;
@@ -291,8 +289,8 @@ Vec3 PathDrawing::Arc::PointAt(int64_t chord) const {
           Along(centre.y, std::sin(angle) * measures.radius), centre.z};
 }
 
-// True if every point from one chord to another is certain to lie beyond the limit: none is further
-// from the point in the middle than the arc between them is long.
+// True if every point of the chords `first` to `last` is certain to be beyond the limit: no point
+// is further from the middle one than half the length of that arc.
 bool PathDrawing::IsOutOfSight(const Arc& arc, int64_t first, int64_t last) {
   const int64_t middle = first + (last - first) / 2;
   const ProjectedPixels point = ProjectToPixels(view_, arc.PointAt(middle));
@@ -304,10 +302,10 @@ bool PathDrawing::IsOutOfSight(const Arc& arc, int64_t first, int64_t last) {
   return std::abs(point.x) > reach || std::abs(point.y) > reach;
 }
 
-// Draws from one chord to another, halving long stretches so that those out of sight cost one look.
-// An arc of any radius then takes no longer than what can be seen of it.
+// Draws the chords `first` to `last`. A long range is halved, and a half that is out of sight costs
+// one test, so the time for an arc of any radius depends on its visible part only.
 void PathDrawing::DrawChords(const Arc& arc, int64_t first, int64_t last) {
-  if (last - first >= kChordsWorthATest) {
+  if (last - first >= kChordsToTest) {
     if (IsOutOfSight(arc, first, last)) return;
     const int64_t middle = first + (last - first) / 2;
     DrawChords(arc, first, middle);
@@ -320,7 +318,7 @@ void PathDrawing::DrawChords(const Arc& arc, int64_t first, int64_t last) {
 void Paint(const Scene& scene, DrawingDevice* device) {
   const ViewTransform& view = scene.view->transform;
   constexpr Colour kBlack = 0x000000;
-  // Twice the area in each direction covers it wherever the origin lies.
+  // Twice the area in each direction covers it wherever the origin is.
   device->FillRectangle(-view.clientWidth, -view.clientHeight, view.clientWidth, view.clientHeight,
                         kBlack);
   PathDrawing drawing(scene, &scene.view->screen, kScreenPalette, device);
@@ -330,7 +328,7 @@ void Paint(const Scene& scene, DrawingDevice* device) {
 
 void DrawPicture(const Scene& scene, DrawingDevice* device) {
   PathDrawing drawing(scene, &scene.view->picture, kPicturePalette, device);
-  drawing.DrawAxes();  // its pen stays selected
+  drawing.DrawAxes();  // the start pen stays selected
   drawing.DrawPath();
 }
 

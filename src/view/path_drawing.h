@@ -1,6 +1,6 @@
-// The stored program as lines on a device, in the colours of its feeds. What a drawing consists of
-// is the sequence of calls that reach the device; screen, picture files and printer differ only in
-// the palette, the background and the device.
+// Draws the stored program as lines in the colours of its feeds. The result is the sequence of
+// calls that reach the device: screen, picture files and printer differ only in palette, background
+// and device.
 #pragma once
 
 #include <array>
@@ -18,13 +18,13 @@
 
 namespace tvx {
 
-// What lasts from one drawing to the next, one for each kind of target.
+// State kept from one drawing to the next, one for each kind of target.
 struct DrawingState {
-  int32_t lastPenFeed = 0;  // feed for which the pen was last chosen; survives the drawing
-  Vec3 prevEnd;             // end point of the last move handled: the start of an arc
+  int32_t lastPenFeed = 0;  // feed for which the pen was last chosen; kept after the drawing
+  Vec3 prevEnd;             // end point of the last move drawn: the start point of an arc
 };
 
-// How one window looks at its program.
+// The view settings of one window.
 struct ViewState {
   ViewTransform transform;
   int32_t RapidVisible = 1;  // 1: rapids are drawn, any other: the pen only moves over them
@@ -32,16 +32,16 @@ struct ViewState {
   DrawingState picture;
 };
 
-// What is drawn. Everything is owned by the window's working state. A drawing changes firstPoint
-// and the register of the program, the scale's lower bound in the view, and one DrawingState.
+// The input of a drawing, owned by the window's working state. A drawing changes firstPoint and the
+// register of the program, raises a scale below its lower bound, and updates one DrawingState.
 struct Scene {
   NcProgram* program;
   const JobRecord* job;  // AfaEnabled, FeedChgSmoothCheck
   ViewState* view;
 };
 
-// The seven bands of the feed, as fractions of FeedBase, from the fastest to the slowest. A band is
-// open at its lower end, except the last.
+// The seven feed bands, as fractions of FeedBase, from the fastest to the slowest. A band does not
+// include its lower end, except the last.
 struct FeedBand {
   double above;
   double upTo;
@@ -50,14 +50,14 @@ inline constexpr int kFeedBands = 7;
 std::span<const FeedBand, kFeedBands> FeedBands();
 
 struct Palette {
-  Pen start;                         // axes, and the path until a move selects its own
+  Pen start;                         // of the axes, and of the path until a move selects another
   std::array<Pen, kFeedBands> band;  // in the order of FeedBands
 };
 extern const Palette kScreenPalette;   // for a black background
 extern const Palette kPicturePalette;  // for a white page
 
-// The pen of a feed. A FeedBase of 0 gives penBlue; a feed below 0 or above 100 times the base
-// gives none: the pen in force stays.
+// The pen of a feed: penBlue for a FeedBase of 0; none, so that the selected pen is kept, for a
+// feed below 0 or above 100 times the base.
 std::optional<Pen> PenForFeed(int32_t feed, int32_t FeedBase, const Palette& palette);
 
 // One drawing of a scene onto a device.
@@ -75,7 +75,7 @@ class PathDrawing {
         afaEnabled_(scene.job->AfaEnabled == 1),
         smooth_(scene.job->FeedChgSmoothCheck == 1) {}
 
-  // Tripod of the world axes, of fixed length on the screen. Returns the pen that was in force
+  // Tripod of the world axes, of fixed length on the screen. Returns the pen that was selected
   // before; the start pen stays selected.
   Pen DrawAxes();
 
@@ -88,23 +88,26 @@ class PathDrawing {
   // An arc as chords of about three pixels. An arc of more than kMostChords is not drawn.
   void DrawArc(const Vec3& start, const Vec3& end, const Vec3& centre, uint32_t type);
 
-  // One step of the pen to a point. A point beyond 30000 pixels does nothing at all: the next
-  // visible one connects to the last visible one.
+  // One step of the pen to a point. A point beyond 30000 pixels is skipped without any call: the
+  // next visible point is connected to the last visible one.
   void DrawTo(const Vec3& point, int32_t feed, uint32_t type);
 
-  // At this many chords, neighbouring values of the single-precision angle lie further apart than a
-  // drawing area is wide.
+  // With more chords, neighbouring values of the single-precision angle would be further apart than
+  // a drawing area is wide.
   static constexpr double kMostChords = 1e11;
 
  private:
+  // A straight part of a move along which the feed changes evenly.
   struct Ramp {
     Vec3 from, to;
     int32_t fromFeed, toFeed;
   };
   static int32_t RampSteps(const Ramp& ramp);
   void DrawRamp(const Ramp& ramp, int32_t steps, int32_t firstStep, uint32_t type);
-  void DrawWithoutPortions(uint32_t index, const MotionBlock& block);
+  void DrawPortion(const Ramp& ramp, int32_t feed, int32_t firstStep, uint32_t type);
   void DrawWithPortions(uint32_t index, const MotionBlock& block);
+  void DrawWithoutPortions(uint32_t index, const MotionBlock& block);
+  Ramp RampToNeighbours(uint32_t index, const MotionBlock& block);
 
   struct Arc {
     Vec3 centre;
@@ -119,6 +122,9 @@ class PathDrawing {
   void DrawChords(const Arc& arc, int64_t first, int64_t last);
   void EndOfWalk();
 
+  // Draws a line to the pixel; the first point of a path and a step that is not visible only move
+  // there. Returns true if a line was drawn.
+  bool StepTo(Pixel pixel, bool isVisible = true);
   void SelectPenForFeed(int32_t feed);
 
   BlockStore* store_;
@@ -132,7 +138,7 @@ class PathDrawing {
   bool smooth_;
 };
 
-// The drawing of the screen: black background, axes and path. The device has been prepared.
+// The drawing of the screen: black background, axes and path. Call PrepareDevice first.
 void Paint(const Scene& scene, DrawingDevice* device);
 
 // The drawing of a picture file: axes and path for a white page, with no background.

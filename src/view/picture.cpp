@@ -1,3 +1,4 @@
+// The table of picture formats, and the drawing of each.
 #include "view/picture.h"
 
 #include <array>
@@ -14,13 +15,13 @@
 namespace tvx {
 namespace {
 
-// An image of more pixels is refused.
+// A larger image is refused.
 constexpr int64_t kMostPixels = int64_t{1} << 28;
 
 constexpr uint32_t kPagePixel = 0xFFFFFFFF;  // white
 
-// The letters of the axes as strokes in a cell of 7 by 11 pixels, for an image that no font
-// reaches.
+// The letters of the axes as strokes in a cell of 7 by 11 pixels, since no font is available for
+// the image.
 constexpr int kLetterLeft = 1, kLetterTop = 3;
 struct Stroke {
   Pixel from, to;
@@ -35,7 +36,8 @@ constexpr StrokeLetter kStrokeLetters[] = {
     {"Z", {{{{0, 0}, {6, 0}}, {{6, 0}, {0, 10}}, {{0, 10}, {6, 10}}}}},
 };
 
-// Far from any page; with a scale near its lower bound an axis can end anywhere.
+// With a scale near its lower bound an axis can end anywhere. Letters that far out are left out, so
+// that their strokes do not overflow.
 bool IsNear(int32_t coordinate) {
   return std::abs(int64_t{coordinate}) < kMostPixels;
 }
@@ -57,11 +59,6 @@ void DrawLetters(RasterDevice* device) {
   }
 }
 
-// Where the first pixel of a page lies whose middle is the origin.
-Pixel PageOrigin(const ViewTransform& view) {
-  return {-(view.clientWidth / 2), -(view.clientHeight / 2)};
-}
-
 bool DrawMetafile(const Scene& scene, OutputFile* file) {
   MetafileDevice device(file);
   DrawPicture(scene, &device);
@@ -70,7 +67,7 @@ bool DrawMetafile(const Scene& scene, OutputFile* file) {
 
 bool DrawSvg(const Scene& scene, OutputFile* file) {
   const ViewTransform& view = scene.view->transform;
-  SvgDevice device(file, view.clientWidth, view.clientHeight, PageOrigin(view));
+  SvgDevice device(file, view.clientWidth, view.clientHeight, TopLeftOf(view));
   DrawPicture(scene, &device);
   return device.Finish();
 }
@@ -81,7 +78,7 @@ bool DrawPng(const Scene& scene, OutputFile* file) {
   if (view.clientWidth <= 0 || view.clientHeight <= 0 || count > kMostPixels) return false;
   std::vector<uint32_t> pixels(static_cast<size_t>(count), kPagePixel);
   const Image image{pixels.data(), view.clientWidth, view.clientHeight, view.clientWidth};
-  RasterDevice device(image, PageOrigin(view));
+  RasterDevice device(image, TopLeftOf(view));
   DrawPicture(scene, &device);
   DrawLetters(&device);
   return file != nullptr && WritePng(image, file);

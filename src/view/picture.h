@@ -1,5 +1,5 @@
-// The picture of the view as a file: an enhanced metafile beside each result, and for other uses
-// SVG and PNG.
+// Writes the picture of the view to a file: an enhanced metafile for each result, SVG and PNG for
+// other uses.
 #pragma once
 
 #include <optional>
@@ -13,19 +13,19 @@ namespace tvx {
 
 enum class PictureFormat { kMetafile, kSvg, kPng };
 
-// The format of a file name's ending (".emf", ".svg", ".png", in any case of letters), if it is one
-// of them.
+// The format by the extension of a file name (".emf", ".svg" or ".png", in upper or lower case);
+// nullopt for any other extension.
 std::optional<PictureFormat> PictureFormatOf(std::string_view path);
 
-// Creates or replaces the file and draws the scene into it, with the angles, pan and scale of the
-// view at this moment. SVG and PNG have a white page of the drawing area's size. Returns false if
-// the file cannot be written, in which case an older one stays; the scene is then drawn nowhere,
-// but changes all the same.
+// Creates or replaces the file and draws the scene into it with the current angles, pan and scale
+// of the view. SVG and PNG have a white page of the drawing area's size. Returns false if the file
+// cannot be written; an existing file is then unchanged. The state that a drawing changes in the
+// scene is changed in either case.
 bool WritePictureFile(PictureFormat format, const std::string& path, const Scene& scene,
                       Files* files);
 
-// The picture of a result, a metafile. Returns 1, also when the file could not be written: a run
-// does not stop for a picture.
+// Writes the picture of a result, a metafile. Returns 1 even if the file could not be written: a
+// run does not stop because of a picture.
 int WritePicture(const std::string& path, const Scene& scene, Files* files);
 
 }  // namespace tvx

@@ -1,3 +1,4 @@
+// libpng reports errors by longjmp; the functions here keep that inside this file.
 #include "view/png_file.h"
 
 #include <png.h>
@@ -16,7 +17,7 @@ void WriteBytes(png_structp png, png_bytep bytes, size_t size) {
 
 void FlushNothing(png_structp) {}
 
-// The caller hears of a failure by the result alone.
+// Prints nothing: the caller gets the failure as the result.
 void FailQuietly(png_structp png, png_const_charp) {
   png_longjmp(png, 1);
 }
@@ -30,7 +31,7 @@ void ToRgb(const uint32_t* pixels, int32_t width, uint8_t* row) {
   }
 }
 
-// The library leaves by longjmp when it fails, so nothing with a destructor lives in here.
+// On an error the library jumps to the setjmp, so there must be no object with a destructor here.
 bool WriteRows(png_structp png, png_infop info, const Image& image, uint8_t* row) {
   if (setjmp(png_jmpbuf(png)) != 0) return false;
   png_set_IHDR(png, info, static_cast<uint32_t>(image.width), static_cast<uint32_t>(image.height),

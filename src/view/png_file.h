@@ -1,3 +1,4 @@
+// PNG output by libpng.
 #pragma once
 
 #include "platform/files.h"
@@ -5,8 +6,8 @@
 
 namespace tvx {
 
-// Writes an image as PNG, row by row. Returns false if anything fails, also for an image without
-// pixels. The caller commits the file.
+// Writes an image as PNG, row by row. Returns false for an image without pixels or if a write
+// fails. The caller commits the file.
 bool WritePng(const Image& image, OutputFile* file);
 
 }  // namespace tvx

@@ -1,5 +1,5 @@
-// The common half of the picture files: calls become runs of connected lines in one pen. A run is
-// held in a fixed buffer, so memory does not grow with the drawing.
+// Base of the vector picture files: collects calls into runs of connected lines in one pen. A run
+// is kept in a fixed buffer, so memory does not grow with the drawing.
 #pragma once
 
 #include <array>
@@ -33,13 +33,13 @@ class PolylineDevice : public DrawingDevice {
   }
 
  protected:
-  // The lines that follow are in this pen, which is not the one before.
+  // The following lines are in this pen, which differs from the last one.
   virtual void UsePen(Pen pen) = 0;
-  // Two or more points, connected.
+  // Draws two or more points, connected by lines.
   virtual void DrawRun(std::span<const Pixel> points) = 0;
   virtual void PlaceText(Pixel point, std::string_view text) = 0;
 
-  // Draws what is held back.
+  // Draws the points collected so far.
   void EndRun() {
     if (count_ < 2) return;
     DrawRun({run_.data(), count_});
@@ -53,7 +53,7 @@ class PolylineDevice : public DrawingDevice {
   static constexpr size_t kRunPoints = 1024;
 
   Pen pen_ = penDefault;
-  std::array<Pixel, kRunPoints> run_{};  // starts with the current position
+  std::array<Pixel, kRunPoints> run_{};  // the first is the position before the run's first line
   size_t count_ = 1;
 };
 

@@ -1,3 +1,4 @@
+// Lines by fixed-point steps, clipped without moving a pixel.
 #include "view/raster_device.h"
 
 #include <algorithm>
@@ -9,17 +10,18 @@ namespace {
 
 constexpr uint32_t kOpaque = 0xFF000000;
 
-// Bits of a fraction of a pixel. Quotients of lengths below 700000 are then exact.
+// Fraction bits of a pixel coordinate. With 40 the rounded quotients of lengths below 700000 are
+// exact.
 constexpr int kFractionBits = 40;
 
-// Lines of a drawing end within 30000 pixels, or are arms of the axes, some 50 pixels long. Held at
-// this limit no arm changes where it can be seen.
+// Lines of a drawing end within 30000 pixels, except the arms of the axes, which are some 50 pixels
+// long. Clamping to this limit changes no visible pixel of an arm.
 constexpr int64_t kCoordinateLimit = 1 << 18;
-int64_t Hold(int64_t coordinate) {
+int64_t Clamp(int64_t coordinate) {
   return std::clamp(coordinate, -kCoordinateLimit, kCoordinateLimit);
 }
 
-// A quotient rounded up, of a dividend of at least 0.
+// Quotient rounded up; a >= 0, b > 0.
 int64_t CeilDivide(int64_t a, int64_t b) {
   return (a + b - 1) / b;
 }
@@ -40,7 +42,7 @@ void RasterDevice::FillRectangle(int32_t left, int32_t top, int32_t right, int32
   const ptrdiff_t y1 = clamp(int64_t{top} - origin_.y, image_.height);
   const ptrdiff_t y2 = clamp(int64_t{bottom} - origin_.y, image_.height);
   if (x1 >= x2 || y1 >= y2) return;
-  // Rows are copied from the first: that goes several times faster than filling each.
+  // Copying the first row to the others is several times faster than filling each row.
   uint32_t* const first = image_.pixels + y1 * image_.stride + x1;
   std::fill(first, first + (x2 - x1), kOpaque | colour);
   for (ptrdiff_t y = y1 + 1; y < y2; ++y) {
@@ -75,8 +77,8 @@ void RasterDevice::LineTo(Pixel point) {
   const int64_t dy = to.y - from.y;
   const auto isShort = [](int64_t d) { return static_cast<uint64_t>(d + 2) <= 4; };
   if (isShort(dx) && isShort(dy) && IsInside(from) && IsInside(to)) {
-    // Most moves of a whole program are that short. These are the pixels of DrawLine, some perhaps
-    // twice, at a cost that does not depend on their number or on a change of the pen.
+    // Most moves of a whole program are that short. This draws the pixels that DrawLine would draw,
+    // some of them twice, without branches on their number or on a change of the pen.
     const auto half = [](int64_t d) { return (d + (d > 0 ? 1 : 0)) >> 1; };
     uint32_t* const pixel = image_.pixels + from.y * image_.stride + from.x;
     const uint32_t colour = colour_;
@@ -93,9 +95,9 @@ void RasterDevice::Text(Pixel point, std::string_view text) {
   texts_.push_back({point, std::string(text)});
 }
 
-// Pixel i of a line of n steps lies i pixels along its longer coordinate and round(i * m / n) along
-// the shorter one of length m. The quotient is carried along in fixed point, which for the lengths
-// that Hold lets through is exact and has no branch that short lines of all directions would spoil.
+// Pixel i of a line of n steps is i pixels along its longer coordinate and round(i * m / n) along
+// the shorter one of length m. The quotient is accumulated in fixed point. This is exact for
+// clamped coordinates, and takes no branch that short lines in all directions would mispredict.
 template <bool dashed>
 void RasterDevice::DrawPixels(const Steps& steps, int64_t first, int64_t last) {
   uint32_t* const pixels = image_.pixels;
@@ -113,8 +115,8 @@ void RasterDevice::DrawPixels(const Steps& steps, int64_t first, int64_t last) {
   }
 }
 
-// A line that leaves the image is drawn from the first pixel to the last that lie in it, so
-// clipping never moves a pixel.
+// Of a line that leaves the image, the pixels inside it are drawn: the range of i is clipped, not
+// the end points, so clipping never moves a pixel.
 template <bool dashed>
 void RasterDevice::DrawClipped(const Steps& steps, Range majorInside, Range minorInside) {
   const int64_t n = steps.length;
@@ -135,8 +137,8 @@ template <bool dashed>
 void RasterDevice::DrawLine(Spot from, Spot to) {
   const bool isInside = IsInside(from) && IsInside(to);
   if (!isInside) {
-    from = {Hold(from.x), Hold(from.y)};
-    to = {Hold(to.x), Hold(to.y)};
+    from = {Clamp(from.x), Clamp(from.y)};
+    to = {Clamp(to.x), Clamp(to.y)};
   }
   const int64_t dx = to.x - from.x;
   const int64_t dy = to.y - from.y;

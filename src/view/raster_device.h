@@ -1,5 +1,5 @@
-// Draws one-pixel lines straight into the pixels of an image: the window shows the image, and the
-// PNG picture is one. Several times faster than a general painter, whose lines may have any width.
+// Draws one-pixel lines directly into the pixels of an image, which the window shows and the PNG
+// picture contains. Several times faster than a general painter, whose lines may have any width.
 #pragma once
 
 #include <cstddef>
@@ -12,7 +12,7 @@
 
 namespace tvx {
 
-// Somebody's image of 32 bits a pixel, 0xFFRRGGBB.
+// An image of 32 bits a pixel, 0xFFRRGGBB. The pixels belong to the caller.
 struct Image {
   uint32_t* pixels = nullptr;
   int32_t width = 0;
@@ -27,7 +27,7 @@ class RasterDevice final : public DrawingDevice {
     std::string text;
   };
 
-  // `origin` is the logical coordinate of the image's first pixel. The image has to outlive the
+  // `origin` is the logical coordinate of the image's first pixel. The pixels must outlive the
   // device.
   RasterDevice(const Image& image, Pixel origin) : image_(image), origin_(origin) {}
 
@@ -35,15 +35,15 @@ class RasterDevice final : public DrawingDevice {
                      Colour colour) override;
   Pen SelectPen(Pen pen) override;
   void MoveTo(Pixel point) override;
-  // Draws both end points too, so that moves within one pixel leave a mark.
+  // Draws both end points, so that a move within one pixel is visible.
   void LineTo(Pixel point) override;
-  // Texts are only collected: whoever shows the image has the font.
+  // Texts are only collected: the owner of the image has the font to draw them.
   void Text(Pixel point, std::string_view text) override;
 
   const std::vector<PlacedText>& texts() const { return texts_; }
 
  private:
-  // A point of the image; any logical point fits.
+  // A point in image coordinates. 64 bits hold the image point of any logical point.
   struct Spot {
     int64_t x, y;
   };
@@ -53,22 +53,22 @@ class RasterDevice final : public DrawingDevice {
            static_cast<uint64_t>(p.y) < static_cast<uint64_t>(image_.height);
   }
 
-  // How a line runs: along its longer coordinate with each pixel, along the shorter one now and
-  // then.
+  // The pixels of a line: each is one step further along the longer coordinate, and some also along
+  // the shorter one.
   struct Steps {
-    int64_t offset;        // of its start in the image
-    int64_t major, minor;  // what a step along either adds to the offset
-    int64_t length;        // steps along the longer coordinate
-    int64_t minorLength;   // and along the shorter one
+    int64_t offset;        // of the first pixel in the image
+    int64_t major, minor;  // change of the offset by a step along the longer or shorter coordinate
+    int64_t length;        // number of steps along the longer coordinate
+    int64_t minorLength;   // number of steps along the shorter coordinate
   };
   struct Range {
     int64_t first, last;
   };
-  // The distances from a start at which a coordinate lies in the image.
+  // The numbers of steps from a start after which a coordinate is inside the image.
   static Range Inside(int64_t start, int64_t difference, int64_t size);
 
   template <bool dashed>
-  [[gnu::noinline]] void DrawLine(Spot from, Spot to);  // inline it would burden the short lines
+  [[gnu::noinline]] void DrawLine(Spot from, Spot to);  // inlined, it would slow the short lines
   template <bool dashed>
   void DrawClipped(const Steps& steps, Range majorInside, Range minorInside);
   template <bool dashed>
@@ -79,8 +79,8 @@ class RasterDevice final : public DrawingDevice {
   Pen pen_ = penDefault;
   uint32_t colour_ = 0xFF000000;
   bool dashed_ = false;
-  int64_t dashPhase_ = 0;      // pixels drawn with the dashed pen since the last move
-  bool startIsDrawn_ = false;  // the position already has the colour of the pen
+  int64_t dashPhase_ = 0;      // pixels of the dashed pen since the last move or change of the pen
+  bool startIsDrawn_ = false;  // the pixel at the position already has the colour of the pen
   Pixel position_;             // logical
   std::vector<PlacedText> texts_;
 };

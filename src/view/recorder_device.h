@@ -1,4 +1,4 @@
-// Writes down the calls that reach a device, one line each:
+// Records the calls of a drawing as text, one line each:
 //   fill L T R B RRGGBB / pen NAME / move X Y / line X Y / text X Y STRING
 #pragma once
 
@@ -11,7 +11,7 @@ namespace tvx {
 
 class RecorderDevice final : public DrawingDevice {
  public:
-  // Takes one line without a line end. The text lives only during the call.
+  // Receives one line without a line end. The text is valid only during the call.
   using LineSink = std::function<void(std::string_view line)>;
 
   explicit RecorderDevice(LineSink sink) : sink_(std::move(sink)) {}

@@ -1,3 +1,4 @@
+// Each run of lines becomes a polyline element.
 #include "view/svg_device.h"
 
 #include <charconv>
@@ -36,7 +37,7 @@ std::string EscapeXml(std::string_view text) {
 
 SvgDevice::SvgDevice(OutputFile* file, int32_t width, int32_t height, Pixel origin)
     : buffer_(file) {
-  // A coordinate names the middle of its pixel, so the page begins half a pixel before the first.
+  // A coordinate is the middle of its pixel, so the page starts half a pixel before the first one.
   buffer_.Write(
       Format("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
              "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"%d\" height=\"%d\" "

@@ -1,4 +1,4 @@
-// Writes a drawing as SVG, in one pass: a white page of the drawing area's size with the origin at
+// Writes a drawing as SVG in one pass: a white page of the drawing area's size with the origin at
 // its centre.
 #pragma once
 
@@ -14,16 +14,16 @@ namespace tvx {
 
 class SvgDevice final : public PolylineDevice {
  public:
-  // Writes the start of the file. Without a file (null) all calls are without effect. The file has
-  // to outlive the device. Width and height are those of the page, in pixels; `origin` is the
-  // logical coordinate of its first pixel.
+  // Writes the start of the file. With a null file every call does nothing. The file must outlive
+  // the device. Width and height are those of the page, in pixels; `origin` is the logical
+  // coordinate of its first pixel.
   SvgDevice(OutputFile* file, int32_t width, int32_t height, Pixel origin);
 
   void FillRectangle(int32_t left, int32_t top, int32_t right, int32_t bottom,
                      Colour colour) override;
 
-  // Writes the end of the file; no calls may follow. False if anything failed. The caller commits
-  // the file.
+  // Writes the end of the file. It must be the last call. Returns false if any write failed. The
+  // caller commits the file.
   bool Finish();
 
  private:

@@ -1,3 +1,4 @@
+// Keys, mouse and command pad: what each changes in the view.
 #include "view/view_commands.h"
 
 #include <algorithm>
@@ -15,7 +16,7 @@ struct KeyRule {
   ViewKey key;
   int32_t ViewTransform::*field;
   int32_t direction;
-  bool turns;  // an angle in degrees, else a pan in world units
+  bool turns;  // the field is an angle in degrees, else a pan in world units
 };
 constexpr KeyRule kKeyRules[] = {
     {ViewKey::kUp, &ViewTransform::panY, 1, false},
@@ -30,14 +31,14 @@ constexpr KeyRule kKeyRules[] = {
     {ViewKey::kDelete, &ViewTransform::rotX, -1, true},
 };
 
-// 360 itself is allowed to stand.
+// An angle of exactly 360 is kept.
 int32_t Turned(int32_t angle, int32_t degrees) {
   angle += degrees;
   if (degrees > 0) return angle > 360 ? angle - 360 : angle;
   return angle < 0 ? angle + 360 : angle;
 }
 
-// Held in 32 bits.
+// Clamped to 32 bits.
 int32_t Panned(int32_t pan, int64_t step) {
   return static_cast<int32_t>(std::clamp<int64_t>(pan + step, INT32_MIN, INT32_MAX));
 }
@@ -46,18 +47,20 @@ bool IsDrag(int32_t from, int32_t to) {
   return std::abs(int64_t{to} - from) > kClickThreshold;
 }
 
-}  // namespace
-
+// Whole world units by which an arrow key pans: about ten pixels, and at least 1.
 int32_t PanStep(float viewScale) {
   return TruncateToInt(10.0 / viewScale + 1.0);
 }
 
+}  // namespace
+
 void ViewCommands::ShowViewMode(int mode) {
-  SetViewMode(&view_->transform, mode, ui_);
+  if (SetViewMode(&view_->transform, mode)) ui_->Repaint();
 }
 
 void ViewCommands::Fit() {
-  FitToPath(&view_->transform, &program_->store, ui_);
+  FitToPath(&view_->transform, &program_->store);
+  ui_->Repaint();
 }
 
 void ViewCommands::Redraw() {
@@ -99,11 +102,12 @@ bool ViewCommands::MoveMouse(Pixel point) {
 }
 
 void ViewCommands::ReleaseRight(Pixel point) {
-  PrepareDevice(&view_->transform);  // latches the size that the zoom or fit goes by
+  PrepareDevice(&view_->transform);  // the zoom or fit uses the current window size
   rubberActive_ = false;
   rubberDrawn_ = false;
   if (IsDrag(rubberPress_.x, point.x) && IsDrag(rubberPress_.y, point.y)) {
-    ZoomToRect(&view_->transform, rubberPress_, point, ui_);
+    ZoomToRect(&view_->transform, rubberPress_, point);
+    ui_->Repaint();
   } else {
     Fit();
   }

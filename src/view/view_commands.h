@@ -1,5 +1,5 @@
-// The ways in which a user changes the picture, without a window: the front end forwards its events
-// and shows the rubber band.
+// The commands by which a user changes the picture, without a window: the front end forwards its
+// events and shows the rubber band. Every command that changes the picture repaints it.
 #pragma once
 
 #include <array>
@@ -15,7 +15,7 @@
 
 namespace tvx {
 
-// The keys on which a view acts while it has the focus, whatever modifier keys are down.
+// The keys that act on a view with the focus, whatever modifier keys are down.
 enum class ViewKey {
   kUp,
   kDown,
@@ -29,7 +29,7 @@ enum class ViewKey {
   kDelete,
 };
 
-// What the command pad sets off; the operations belong to the owner of the view.
+// The operations that the command pad starts. They belong to the owner of the view.
 struct PadActions {
   std::function<void()> runJobList;
   std::function<void()> showResultList;
@@ -38,33 +38,32 @@ struct PadActions {
 
 class ViewCommands {
  public:
-  // All have to outlive the object.
+  // All four must outlive the object.
   ViewCommands(NcProgram* program, JobRecord* job, ViewState* view, UserInterface* ui)
       : program_(program), job_(job), view_(view), ui_(ui) {}
 
-  // Fixed view 1 to 7.
+  // Fixed view 1 to kViewModes. Any other mode does nothing.
   void ShowViewMode(int mode);
   void Fit();
   void Redraw();
-  // Shows the rapid moves if they are hidden and the other way round, in the view and in RapidShown
-  // of the job record, and repaints.
+  // Shows the rapid moves if they are hidden and hides them otherwise, in the view and in
+  // RapidShown of the job record.
   void ToggleRapids();
 
-  // Pans by about ten pixels, or turns one angle by ten degrees, and repaints.
+  // Pans by about ten pixels, or turns one angle by ten degrees.
   void PressKey(ViewKey key);
 
-  // The rubber band, with points of the drawing area, origin top left. A release more than ten
-  // pixels away in both directions zooms to the rectangle, any other fits the path. Either
-  // repaints.
+  // The rubber band. Points are pixels of the drawing area, origin top left. A release more than
+  // ten pixels away in both directions zooms to the rectangle, any other fits the path.
   void PressRight(Pixel point);
-  // Returns true if the rubber band has changed and is to be shown anew.
+  // Returns true if the rubber band has changed and must be drawn again.
   bool MoveMouse(Pixel point);
   void ReleaseRight(Pixel point);
 
-  // The rectangle to show over the picture, as two opposite corners; none outside a drag.
+  // The rectangle to draw over the picture, as two opposite corners; none outside a drag.
   std::optional<std::array<Pixel, 2>> RubberBand() const;
 
-  // Opens the command pad and then acts on what was chosen.
+  // Opens the command pad and, after it has closed, runs what was chosen.
   void PressLeft(CCommandPadDlg* pad, const PadActions& actions);
 
  private:
@@ -77,8 +76,5 @@ class ViewCommands {
   Pixel rubberPress_;
   Pixel rubberLast_;  // far corner of the rectangle on the screen
 };
-
-// Whole world units by which an arrow key pans: about ten pixels, and at least 1.
-int32_t PanStep(float viewScale);
 
 }  // namespace tvx

@@ -1,3 +1,4 @@
+// The fixed views, the fit to the path and the zoom to a rectangle.
 #include "view/view_transform.h"
 
 #include <algorithm>
@@ -8,8 +9,8 @@
 namespace tvx {
 namespace {
 
-// A little below pi / 180 (bits 0x3C8EFA33), so the cosine of 270 degrees is a few millionths and
-// not 0: visible in the pixels of the front view.
+// Slightly below pi / 180 (bits 0x3C8EFA33). The cosine of 270 degrees is therefore a few
+// millionths instead of 0, which shows in the pixels of the front view.
 constexpr float kRadiansPerDegree = 0.017453289F;
 
 constexpr float kLargestFittedScale = 500.0F;  // pixels per world unit
@@ -25,8 +26,8 @@ constexpr ViewAngles kViewAngles[kViewModes] = {
     {300, 0, 240}, {300, 0, 150}, {300, 0, 60},
 };
 
-// Scale that spreads an extent in world units over a number of pixels. A line seen end on does not
-// settle the scale by itself: it takes 10 pixels a unit.
+// Scale at which an extent in world units covers a number of pixels. An extent of almost nothing,
+// as of a line seen end on, is given 10 pixels a unit.
 double ScaleForExtent(int32_t pixels, double extent) {
   return extent > 0.01 ? pixels / extent : 10.0;
 }
@@ -62,17 +63,17 @@ void ViewTransform::UpdateTrigTable() {
   cosX = std::cos(radians(rotX));
 }
 
-void SetViewMode(ViewTransform* view, int mode, UserInterface* ui) {
-  if (mode < 1 || mode > kViewModes) return;
+bool SetViewMode(ViewTransform* view, int mode) {
+  if (mode < 1 || mode > kViewModes) return false;
   const ViewAngles& angles = kViewAngles[mode - 1];
   view->rotX = angles.rotX;
   view->rotY = angles.rotY;
   view->rotZ = angles.rotZ;
   view->UpdateTrigTable();
-  ui->Repaint();
+  return true;
 }
 
-void FitToPath(ViewTransform* view, BlockStore* store, UserInterface* ui) {
+void FitToPath(ViewTransform* view, BlockStore* store) {
   view->UpdateTrigTable();
   Bounds u;
   Bounds v;
@@ -82,7 +83,7 @@ void FitToPath(ViewTransform* view, BlockStore* store, UserInterface* ui) {
     const Projected point = ProjectToPlane(*view, EndPoint(block));
     u.Widen(point.u);
     v.Widen(point.v);
-    if (IsArcType(block.type)) ++index;  // its centre record is no point of the path
+    if (IsArcType(block.type)) ++index;  // its centre record is not a point
   }
   if (store->blockCount == 0 || (u.high == -Bounds::kBeyond && u.low == Bounds::kBeyond)) {
     u = v = {-20.0, 20.0};
@@ -90,27 +91,24 @@ void FitToPath(ViewTransform* view, BlockStore* store, UserInterface* ui) {
   SetFittedScale(view, u.high - u.low, v.high - v.low);
   view->panX = TruncateToInt((u.high + u.low) * 0.5);
   view->panY = TruncateToInt((v.high + v.low) * 0.5);
-  ui->Repaint();
 }
 
-void ZoomToRect(ViewTransform* view, Pixel press, Pixel release, UserInterface* ui) {
-  if (press.x != release.x && press.y != release.y) {
-    const double x1 = std::min(press.x, release.x);
-    const double x2 = std::max(press.x, release.x);
-    const double y1 = std::min(press.y, release.y);
-    const double y2 = std::max(press.y, release.y);
-    const double scale = view->viewScale;
-    const int32_t hw = view->clientWidth / 2;
-    const int32_t hh = view->clientHeight / 2;
-    const auto u1 = static_cast<float>((x1 - hw) / scale + view->panX);
-    const auto u2 = static_cast<float>((x2 - hw) / scale + view->panX);
-    const double v1 = (y1 - hh) / scale + view->panY;
-    const double v2 = (y2 - hh) / scale + view->panY;
-    SetFittedScale(view, static_cast<double>(u2) - u1, v2 - v1);
-    view->panX = TruncateToInt((static_cast<double>(u1) + u2) * 0.5);
-    view->panY = TruncateToInt((v1 + v2) * 0.5);
-  }
-  ui->Repaint();
+void ZoomToRect(ViewTransform* view, Pixel press, Pixel release) {
+  if (press.x == release.x || press.y == release.y) return;
+  const double x1 = std::min(press.x, release.x);
+  const double x2 = std::max(press.x, release.x);
+  const double y1 = std::min(press.y, release.y);
+  const double y2 = std::max(press.y, release.y);
+  const double scale = view->viewScale;
+  const int32_t hw = view->clientWidth / 2;
+  const int32_t hh = view->clientHeight / 2;
+  const auto u1 = static_cast<float>((x1 - hw) / scale + view->panX);
+  const auto u2 = static_cast<float>((x2 - hw) / scale + view->panX);
+  const double v1 = (y1 - hh) / scale + view->panY;
+  const double v2 = (y2 - hh) / scale + view->panY;
+  SetFittedScale(view, static_cast<double>(u2) - u1, v2 - v1);
+  view->panX = TruncateToInt((static_cast<double>(u1) + u2) * 0.5);
+  view->panY = TruncateToInt((v1 + v2) * 0.5);
 }
 
 void OnResize(ViewTransform* view, int32_t width, int32_t height) {
@@ -121,9 +119,7 @@ void OnResize(ViewTransform* view, int32_t width, int32_t height) {
 DevicePreparation PrepareDevice(ViewTransform* view) {
   view->clientWidth = view->sizedWidth;
   view->clientHeight = view->sizedHeight;
-  DevicePreparation preparation;
-  preparation.origin = {-(view->clientWidth / 2), -(view->clientHeight / 2)};
-  return preparation;
+  return {.origin = TopLeftOf(*view)};
 }
 
 }  // namespace tvx

@@ -1,6 +1,6 @@
 // The arithmetic of the picture: a parallel projection with three whole-degree angles, an integer
-// pan and one scale. It knows no window: a world point becomes a pixel offset from the centre of
-// the drawing area.
+// pan and one scale. It turns a world point into a pixel offset from the centre of the drawing
+// area. Nothing here repaints: a caller that changes a view on the screen does.
 #pragma once
 
 #include <cstdint>
@@ -8,15 +8,14 @@
 #include "base/numbers.h"
 #include "model/block_store.h"
 #include "model/vectors.h"
-#include "platform/user_interface.h"
-#include "view/pixel.h"
+#include "view/drawing_device.h"
 
 namespace tvx {
 
 struct ViewTransform {
   ViewTransform() { UpdateTrigTable(); }
 
-  // Has to follow every change of an angle.
+  // Recomputes the sines and cosines. Call it after each change of an angle.
   void UpdateTrigTable();
 
   int32_t rotX = 300;  // degrees; third rotation, about the screen's horizontal axis
@@ -27,7 +26,7 @@ struct ViewTransform {
   int32_t panX = 0;  // whole world units: the projected coordinates that appear at the centre
   int32_t panY = 0;
   float viewScale = 30.0F;   // pixels per world unit
-  int32_t clientWidth = 0;   // pixels; the drawing area in force, latched by PrepareDevice
+  int32_t clientWidth = 0;   // pixels; size of the drawing area, set by PrepareDevice
   int32_t clientHeight = 0;  // 0 until the first preparation
   int32_t sizedWidth = 0;    // pixels; the size last reported by the window
   int32_t sizedHeight = 0;
@@ -36,8 +35,8 @@ struct ViewTransform {
 // The fixed view modes, 1 to kViewModes.
 inline constexpr int kViewModes = 7;
 
-// A world point turned into the plane of the screen, in world units. The precisions differ and show
-// in the pixels.
+// A world point turned into the plane of the screen, in world units. The two precisions are part of
+// the result: they decide which pixel a point falls on.
 struct Projected {
   float u = 0;   // to the right
   double v = 0;  // downward
@@ -53,11 +52,12 @@ inline Projected ProjectToPlane(const ViewTransform& view, const Vec3& point) {
           (ky * view.cosZ - a * view.sinZ) * view.cosX + b * view.sinX};
 }
 
-// The same in pixels, not yet whole ones. Lifts a viewScale below 0.00001 to that value for good.
+// A projected point in pixels from the centre, before truncation.
 struct ProjectedPixels {
   double x, y;
 };
 
+// Raises a viewScale below 0.00001 to that value, in the view itself.
 inline ProjectedPixels ProjectToPixels(ViewTransform* view, const Vec3& point) {
   constexpr float kSmallestScale = 0.00001F;
   if (view->viewScale < kSmallestScale) view->viewScale = kSmallestScale;
@@ -66,39 +66,45 @@ inline ProjectedPixels ProjectToPixels(ViewTransform* view, const Vec3& point) {
           (plane.v - view->panY) * view->viewScale};
 }
 
-// Pixel offset of a world point from the centre of the drawing area, truncated towards zero. What
-// lies beyond 32 bits is held there; what is no number is held at the upper end, so that it lies
-// outside every drawing and not at its centre.
+// Pixel offset of a world point from the centre of the drawing area, truncated towards zero and
+// clamped to 32 bits. A NaN becomes INT32_MAX, so that the point is outside every drawing area
+// instead of at its centre.
 inline Pixel Project(ViewTransform* view, const Vec3& point) {
   const auto whole = [](double value) { return value == value ? TruncateToInt(value) : INT32_MAX; };
   const ProjectedPixels pixels = ProjectToPixels(view, point);
   return {whole(pixels.x), whole(pixels.y)};
 }
 
-// Sets the angles of a fixed view, 1 to 7 (top, front, right, four isometric ones), and repaints.
-// Pan and scale stay, so the path may lie outside the area until a fit. Other modes do nothing.
-void SetViewMode(ViewTransform* view, int mode, UserInterface* ui);
+// Sets the angles of a fixed view, 1 to 7 (top, front, right, four isometric ones). Pan and scale
+// do not change, so the path may be outside the area until a fit. Returns false and changes nothing
+// for any other mode.
+bool SetViewMode(ViewTransform* view, int mode);
 
 // Scales and centres the view so that the end points of all stored moves, rapid ones too, fill the
-// drawing area, and repaints. An arc counts by its end point alone. A store without a point shows a
-// square of 40 units around the origin.
-void FitToPath(ViewTransform* view, BlockStore* store, UserInterface* ui);
+// drawing area. Of an arc only the end point counts. A store without a point is shown as a square
+// of 40 units around the origin. Reads the store, so its register changes.
+void FitToPath(ViewTransform* view, BlockStore* store);
 
-// Scales and centres the view so that a rectangle of the drawing area (two opposite corners, origin
-// top left) fills it, and repaints. Points on one row or column change nothing.
-void ZoomToRect(ViewTransform* view, Pixel press, Pixel release, UserInterface* ui);
+// Scales and centres the view so that a rectangle of the drawing area (two opposite corners in
+// pixels, origin top left) fills it. Points on one row or one column change nothing.
+void ZoomToRect(ViewTransform* view, Pixel press, Pixel release);
 
-// Takes note of the window's size; it comes into force with the next preparation.
+// Notes the window's size in pixels; PrepareDevice puts it into effect.
 void OnResize(ViewTransform* view, int32_t width, int32_t height);
 
-// What a device is set up with before a paint: one logical unit is one pixel.
+// Logical coordinates of the drawing area's top left pixel. The origin is at the centre.
+inline Pixel TopLeftOf(const ViewTransform& view) {
+  return {-(view.clientWidth / 2), -(view.clientHeight / 2)};
+}
+
+// The set-up of a device before a paint: one logical unit is one pixel.
 struct DevicePreparation {
-  Pixel origin;                        // logical coordinates of the area's top left corner
-  uint32_t textColour = 0x00FF00;      // 0xRRGGBB
-  uint32_t textBackground = 0x000000;  // 0xRRGGBB
+  Pixel origin;  // TopLeftOf the view
+  Colour textColour = 0x00FF00;
+  Colour textBackground = 0x000000;
 };
 
-// Latches the window's size and puts the logical origin at the centre of the area.
+// Puts the noted window size into effect and the logical origin at the centre of the area.
 DevicePreparation PrepareDevice(ViewTransform* view);
 
 }  // namespace tvx

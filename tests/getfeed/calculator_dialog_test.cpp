@@ -4,33 +4,35 @@
 
 #include <algorithm>
 
+#include "base/scan.h"
 #include "support/scripted_ui.h"
 
 namespace tvx {
 namespace {
 
-const CalculatorNumber& Number(std::string_view name) {
-  return *std::ranges::find(CalculatorNumbers(), name, &CalculatorNumber::name);
-}
+class CalculatorDialog : public testing::Test {
+ protected:
+  static std::string Text(const CGetFeedDlg& dialog, std::string_view name) {
+    return dialog.NumberText(
+        *std::ranges::find(CalculatorNumbers(), name, &CalculatorNumber::name));
+  }
 
-std::string Results(const CGetFeedDlg& dialog) {
-  return dialog.NumberText(Number("spindleOut")) + "|" + dialog.NumberText(Number("feedOut")) +
-         "|" + dialog.NumberText(Number("removalOut"));
-}
-
-TEST(CalculatorDialog, OpensOnTheCallersTool) {
   ScriptedUi ui;
-  CGetFeedDlg dialog(8.0F, "SKD11", &ui);
-  EXPECT_EQ(dialog.state.workMaterial, "SKD11");
-  EXPECT_EQ(dialog.NumberText(Number("toolDiameter")), "8");
-  EXPECT_EQ(dialog.NumberText(Number("stepover")), "0.2");
-  EXPECT_EQ(dialog.FluteCountText(), "2");
-  EXPECT_EQ(dialog.speedCaption, "<<공구보호 -----(0)----- 가공속도>> ");
-  EXPECT_EQ(dialog.feedCaption, "<<고품질 -----(0)----- 가공 속도>> ");
+  CGetFeedDlg dialog{10, "KP4", &ui};
+};
+
+TEST_F(CalculatorDialog, OpensWithTheCallersTool) {
+  const CGetFeedDlg own(8.0F, "SKD11", &ui);
+  EXPECT_EQ(own.state.workMaterial, "SKD11");
+  EXPECT_EQ(Text(own, "toolDiameter"), "8");
+  EXPECT_EQ(Text(own, "stepover"), "0.2");
+  EXPECT_EQ(own.FluteCountText(), "2");
+  EXPECT_EQ(own.speedCaption, "<<공구보호 -----(0)----- 가공속도>> ");
+  EXPECT_EQ(own.feedCaption, "<<고품질 -----(0)----- 가공 속도>> ");
   EXPECT_EQ(CGetFeedDlg(8, "STEEL(S45C)", &ui).state.workMaterial, "KP4");
 }
 
-TEST(CalculatorDialog, ListsAreSorted) {
+TEST_F(CalculatorDialog, ListsAreSorted) {
   EXPECT_EQ(
       CGetFeedDlg::WorkMaterialEntries(),
       (std::vector<std::string>{"KP1", "KP4", "KP4M", "NAK80", "SK7", "SKD11", "SKD61", "SS41",
@@ -38,54 +40,59 @@ TEST(CalculatorDialog, ListsAreSorted) {
   EXPECT_EQ(CGetFeedDlg::ToolMaterialEntries().front(), "고속초경");
 }
 
-TEST(CalculatorDialog, EachChangeTakesEffectAtOnce) {
-  ScriptedUi ui;
-  // One after the other, on one dialog.
-  const struct {
-    const char* field;
-    const char* value;
-    bool taken;
-    const char* results;
-  } changes[] = {
-      {"feedPercent", "100", true, "1375|  440|   18"},
-      {"speedPercent", "120", true, "1650|  528|   21"},
-      {"feedPercent", "80", true, "1650|  422|   14"},
-      {"speedPercent", "100", true, "1375|  352|   11"},
-      {"feedPercent", "100", true, "1375|  440|   18"},
-      {"stepover", "5", true, "1375|  440|  440"},
-      {"cutDepth", "5", true, "613|  196| 4908"},
-      {"cutDepth", "", true, "613|  196| 4908"},
-      {"cutDepth", "5 mm", true, "613|  196| 4908"},
-      {"lengthRatio", "5", false, "613|  196| 4908"},
-      {"highSpeedRough", "1", true, "306|  196| 4908"},
-      {"highSpeedRough", "1", true, "306|  196| 4908"},
-      {"highSpeedRough", "yes", false, "306|  196| 4908"},
-      {"fluteCount", "4", true, "153|  196| 4908"},
-      {"toolMaterial", "하이스", true, "197|  253| 6326"},
+TEST_F(CalculatorDialog, ChangesTakeEffectAtOnce) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"", "1375|  440|   18"},
+      {"speedPercent=150", "2063|  660|   26"},
+      {"feedPercent=150", "1375|  660|   40"},
+      {"maxSpindle=1000", "1000|  320|   13"},
+      {"maxFeedRate=0", "1375|    0|    0"},
+      {"idlePower=10", "0|    0|    0"},
+      {"stepover=5 cutDepth=5", "613|  196| 4908"},
+      {"stepover=5 cutDepth=5 cutDepth=", "613|  196| 4908"},
+      {"stepover=5 cutDepth=5 maxFeedRate=100", "312|  100| 2500"},
+      {"stepover=5 cutDepth=5 ncPower=3.025", "36|   12|  292"},
+      {"stepover=5 cutDepth=5 toolLength=60", "582|  186| 4662"},
+      {"stepover=5 cutDepth=5 toolLength=60 speedPercent=100", "582|  186| 4662"},
+      {"stepover=5 cutDepth=5 toolLength=60 toolLength=500", "582|  186| 4662"},
+      {"stepover=5 cutDepth=5 highSpeedRough=1 highSpeedRough=1", "306|  196| 4908"},
+      {"stepover=5 cutDepth=5 fluteCount=4", "306|  196| 4908"},
+      {"stepover=5 cutDepth=5 fluteCount=4 toolLength=50", "460|  294| 7361"},
+      {"stepover=5 cutDepth=5 toolMaterial=하이스", "527|  169| 4217"},
+      {"stepover=5 cutDepth=5 toolMaterial=하이스 fluteLength=20", "632|  202| 5061"},
+      {"stepover=5 cutDepth=5 toolMaterial=하이스 fluteLength=20 fluteLength=60",
+       "632|  202| 5061"},
   };
-  CGetFeedDlg dialog(10, "KP4", &ui);
-  for (const auto& c : changes) {
-    EXPECT_EQ(dialog.Change(c.field, c.value), c.taken) << c.field << " " << c.value;
-    EXPECT_EQ(Results(dialog), c.results) << c.field << " " << c.value;
+  for (const auto& [changes, results] : cases) {
+    CGetFeedDlg fresh(10, "KP4", &ui);
+    WordScanner words(changes);
+    for (std::string word; words.ReadWord(&word);) {
+      const size_t equals = word.find('=');
+      EXPECT_TRUE(fresh.Change(word.substr(0, equals), word.substr(equals + 1))) << changes;
+    }
+    const std::string shown = Text(fresh, "spindleOut") + "|" + Text(fresh, "feedOut") + "|";
+    EXPECT_EQ(shown + Text(fresh, "removalOut"), results) << changes;
   }
-  EXPECT_EQ(dialog.NumberText(Number("cutDepth")), "5 mm");
-  EXPECT_EQ(dialog.FluteCountText(), "4");
 }
 
-TEST(CalculatorDialog, SliderCaptionsFollow) {
-  ScriptedUi ui;
-  CGetFeedDlg dialog(10, "KP4", &ui);
+TEST_F(CalculatorDialog, NumberFieldKeepsItsText) {
+  EXPECT_TRUE(dialog.Change("cutDepth", "5 mm"));
+  EXPECT_EQ(dialog.state.cutDepth, 5);
+  EXPECT_EQ(Text(dialog, "cutDepth"), "5 mm");
+  EXPECT_FALSE(dialog.Change("highSpeedRough", "yes"));
+  EXPECT_FALSE(dialog.Change("lengthRatio", "5"));
+}
+
+TEST_F(CalculatorDialog, SliderCaptionsFollow) {
   dialog.ReleaseSpeedSlider(150);
-  dialog.ReleaseFeedSlider(20);  // held at the slider's end
+  dialog.ReleaseFeedSlider(20);  // clamped to 50
   EXPECT_EQ(dialog.speedCaption, "<< 공구보호 -----(50)----- 가공속도>>");
   EXPECT_EQ(dialog.feedCaption, "<<고품질 -----(-50)----- 가공 속도>> ");
 }
 
-TEST(CalculatorDialog, AcceptsWhatIsShown) {
-  ScriptedUi ui;
-  CGetFeedDlg dialog(10, "KP4", &ui);
-  EXPECT_TRUE(dialog.Change("stepover", "5"));
-  EXPECT_TRUE(dialog.Change("cutDepth", "5"));
+TEST_F(CalculatorDialog, AcceptsTheValuesAsShown) {
+  for (const char* const field : {"stepover", "cutDepth"}) EXPECT_TRUE(dialog.Change(field, "5"));
+  EXPECT_TRUE(dialog.Change("maxSpindle", "1000000"));
   EXPECT_NE(dialog.state.feedOut, 196.0F);
   EXPECT_EQ(dialog.Accept(), Closing::kAccepted);
   EXPECT_EQ(dialog.state.feedOut, 196.0F);

@@ -1,5 +1,4 @@
-// The dialog of the recorded results, without its window. Its lines are those of the golden cases
-// of the run.
+// The dialog of recorded results without its window. The golden cases of the run contain its lines.
 #include "reports/cut_time_list.h"
 
 #include <gtest/gtest.h>
@@ -18,14 +17,16 @@ using Lines = std::vector<std::string>;
 
 class CutTimeList : public testing::Test {
  protected:
+  CutTimeList() { files.SetCurrentDirectory("c:\\marlo"); }
+
   void Record(const std::vector<std::pair<const char*, float>>& entries) {
     for (const auto& [name, minutes] : entries) {
       CutTimeEntry& entry = table.entries[static_cast<size_t>(table.entryCount++)];
-      entry = PlainEntry(name);
-      entry.totalMinutes = minutes;
+      (entry = PlainEntry(name)).totalMinutes = minutes;
     }
+    dialog.Open();
   }
-  void Press(const std::string& caption, Closing expected = Closing::kStaysOpen) {
+  void Press(std::string_view caption, Closing expected = Closing::kStaysOpen) {
     const auto buttons = CCutTimeListDlg::Buttons();
     const auto button = std::ranges::find(buttons, caption, &CCutTimeListDlg::Button::caption);
     ASSERT_NE(button, buttons.end()) << caption;
@@ -39,11 +40,9 @@ class CutTimeList : public testing::Test {
   CCutTimeListDlg dialog{&table, &files, &ui, &spreadsheets};
 };
 
-TEST_F(CutTimeList, OpensWithTheTotalAndNothingSelected) {
+TEST_F(CutTimeList, OpensWithTheTotalAndNoSelection) {
   Record({{"a.nc", 16777216}, {"b.nc", 1}});  // added up in single precision
-  dialog.Open();
   dialog.Select(1);
-  EXPECT_EQ(dialog.information.size(), 11U);
   dialog.Open();
   EXPECT_EQ(dialog.fileNames, (Lines{"a.nc", "b.nc"}));
   EXPECT_EQ(dialog.TotalTimeText(), "16777216.00");
@@ -51,77 +50,96 @@ TEST_F(CutTimeList, OpensWithTheTotalAndNothingSelected) {
   EXPECT_TRUE(dialog.information.empty());
 }
 
-TEST_F(CutTimeList, DeleteTakesTheSelectedEntryOutOfTheTableOnly) {
-  files.Put("c:\\marlo\\ncdata\\b.nc", "G0");
+TEST_F(CutTimeList, DeleteRemovesTheSelectedEntryFromTheTable) {
   Record({{"a.nc", 1}, {"b.nc", 2}, {"c.nc", 4}, {"d.nc", 8}});
   table.entries[2].MaxFeed = 77;
-  dialog.Open();
   dialog.Select(1);
   const Lines shown = dialog.information;
   Press("화일삭제");
   EXPECT_EQ(dialog.fileNames, (Lines{"a.nc", "c.nc", "d.nc"}));
   EXPECT_EQ(dialog.TotalTimeText(), "13.00");
   EXPECT_EQ(dialog.information, shown) << "kept until the next selection";
-  EXPECT_EQ(table.entryCount, 3);
   EXPECT_EQ(table.entries[1].MaxFeed, 77);
-  EXPECT_EQ(table.entries[3].fileName, "");
-  EXPECT_TRUE(files.Exists("c:\\marlo\\ncdata\\b.nc"));
-
-  Press("화일삭제");  // the selection is gone
-  for (const int nothing : {-1, 3}) {
-    dialog.Select(nothing);
-    Press("화일삭제");
-  }
-  EXPECT_EQ(dialog.fileNames.size(), 3U);
-  EXPECT_EQ(ui.messages.size(), 3U);
-  for (const Message& message : ui.messages) {
-    EXPECT_EQ(message.caption + ": " + message.text,
-              "DNC message: 화일이 선택되지 않아습니다!!!\n");
-    EXPECT_EQ(message.icon, MessageIcon::kInformation);
-  }
-  for (int i = 0; i < 3; ++i) {
-    dialog.Select(0);
-    Press("화일삭제");
-  }
-  EXPECT_EQ(dialog.fileNames, Lines());
-  EXPECT_EQ(dialog.TotalTimeText(), "0.00");
 }
 
-TEST_F(CutTimeList, AFullTableCanBeDeletedFromAndCleared) {
+TEST_F(CutTimeList, DeleteWithoutASelectionShowsAMessage) {
+  Record({{"a.nc", 1}});
+  for (const int nothing : {0, -1, 1}) {
+    dialog.Select(nothing);
+    Press("화일삭제");  // the first one removes the entry and the selection
+    Press("화일삭제");
+  }
+  EXPECT_EQ(dialog.TotalTimeText(), "0.00");
+  EXPECT_EQ(ui.log, Lines(5, "message 화일이 선택되지 않아습니다!!!\n"));
+  EXPECT_EQ(ui.messages[0].caption, "DNC message");
+  EXPECT_EQ(ui.messages[0].icon, MessageIcon::kInformation);
+}
+
+TEST_F(CutTimeList, FullTableCanBeDeletedFromAndCleared) {
   table.entryCount = static_cast<int32_t>(kResultEntries);
   table.entries.back() = PlainEntry("last.nc");
   dialog.Open();
   dialog.Select(299);
   Press("화일삭제");
   EXPECT_EQ(table.entryCount, 299);
-  EXPECT_EQ(table.entries.size(), 300U);
   EXPECT_EQ(table.entries.back().fileName, "");
   Press("청소", Closing::kAccepted);
   EXPECT_EQ(table.entryCount, 0);
 }
 
-TEST_F(CutTimeList, TheReportsCoverTheWholeTableWhateverIsSelected) {
+// The text report is written by its name into the current directory.
+TEST_F(CutTimeList, ReportsCoverTheWholeTableWhateverIsSelected) {
   Record({{"a.nc", 1}, {"b.nc", 2}});
-  files.SetCurrentDirectory("c:\\marlo");
   files.Put("c:\\marlo\\ncdata\\b.nc", "G0");
-  dialog.Open();
+  files.MakeDirectory("c:\\out");
   dialog.Select(0);
-  for (const char* const name : {"r.tvx", "l.mcf", "c.mcf", "s.xls"}) {
-    ui.OnFile("c:\\marlo\\" + std::string(name));
+  const std::pair<const char*, const char*> reports[] = {{"화일 출력", "c:\\windows\\r.tvx"},
+                                                         {"AFA 출력", "c:\\marlo\\l.mcf"},
+                                                         {"AFA 출력, Copy", "c:\\out\\c.mcf"},
+                                                         {"스프레드시트 출력", "c:\\out\\s.xls"}};
+  for (const auto& [button, path] : reports) {
+    ui.OnFile(path);
+    Press(button);
   }
-  Press("화일 출력");
-  Press("AFA 출력");
-  EXPECT_FALSE(files.Exists("c:\\marlo\\b.nc"));
-  Press("AFA 출력, Copy");
-  EXPECT_TRUE(files.Exists("c:\\marlo\\b.nc"));
-  Press("스프레드시트 출력");
   EXPECT_NE(files.Bytes("c:\\marlo\\r.tvx").find(" b.nc\r\n"), std::string::npos);
   EXPECT_NE(files.Bytes("c:\\marlo\\l.mcf").find("File b.nc "), std::string::npos);
-  EXPECT_EQ(files.Bytes("c:\\marlo\\c.mcf"), files.Bytes("c:\\marlo\\l.mcf"));
+  EXPECT_NE(files.Bytes("c:\\out\\c.mcf").find("File b.nc "), std::string::npos);
+  EXPECT_TRUE(files.Exists("c:\\out\\b.nc") && !files.Exists("c:\\marlo\\b.nc"));
   EXPECT_EQ(spreadsheets.cells["B3"], CellValue("b.nc"));
-  // The figures that the sheet cut down show at the next selection.
-  dialog.Select(0);
+  dialog.Select(0);  // shows the figures that the export truncated
   EXPECT_EQ(dialog.information[3], "절삭길이  12.345 M");
+}
+
+TEST_F(CutTimeList, FailureOfAReportIsSilentExceptForTheSpreadsheet) {
+  const auto text = [](const FileQuestion& q) {
+    return std::string(q.save ? "save " : "") + (q.mustExist ? "existing " : "") +
+           (q.confirmsOverwrite ? "confirm " : "") + q.fileName + "," + q.filter + "," + q.title;
+  };
+  const std::string list =
+      "save *.mcf,TVX file (*.mcf)|*.mcf|모든 화일(*.*)|*.*||,TVX  화일명을 입력 하시요!!";
+  const std::tuple<const char*, std::string, Lines> cases[] = {
+      {"화일 출력", "save confirm *.tvx,TVX file (*.tvx)|*.tvx|모든 화일(*.*)|*.*||,", {}},
+      {"AFA 출력", list, {}},
+      {"AFA 출력, Copy", list, {}},
+      {"스프레드시트 출력",
+       "save existing *.xls,Excel file (*.xls)|*.xls|모든 화일(*.*)|*.*||,",
+       {"message Couldn't start Excel."}},
+  };
+  Record({{"a.nc", 1}});
+  files.Put("c:\\marlo\\out", "older");
+  spreadsheets.refusesStart = true;
+  for (const auto& [button, question, messages] : cases) {
+    ui.OnFileCancel();
+    Press(button);
+    ui.log.clear();
+    ui.OnFile("c:\\marlo\\out");
+    files.RefuseWrite(1);
+    Press(button);
+    EXPECT_EQ(text(ui.fileQuestions.back()), question);
+    EXPECT_EQ(Lines(ui.log.begin() + 1, ui.log.end()), messages) << button;
+  }
+  EXPECT_EQ(files.Bytes("c:\\marlo\\out"), "older");
+  EXPECT_EQ(ui.messages.size(), 1U);
 }
 
 }  // namespace

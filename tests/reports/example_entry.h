@@ -1,16 +1,21 @@
-// Results for the tests of what is written from them.
+// Results for the tests of the reports.
 #pragma once
+
+#include <algorithm>
+#include <string>
+#include <vector>
 
 #include "stats/result_table.h"
 
 namespace tvx {
 
 // A result of the multi-file run with the feed adjustment off and no restart.
-inline CutTimeEntry PlainEntry(const std::string& name) {
+inline CutTimeEntry PlainEntry(const std::string& name,
+                               const char* optionLine = "Dir c:\\marlo\\ncdata FS 20480 Afa OFF ") {
   CutTimeEntry entry;
   entry.fileName = name;
   entry.dirName = "c:\\marlo\\ncdata";
-  entry.optionLine = "Dir c:\\marlo\\ncdata FS 20480 RT OFF Afa OFF ";
+  entry.optionLine = optionLine;
   entry.RapidFeed = 15000;
   entry.averageFeed = 850;
   entry.cutLength = 12345.6F;
@@ -21,19 +26,18 @@ inline CutTimeEntry PlainEntry(const std::string& name) {
   return entry;
 }
 
-// One with everything switched on.
+// A result with every option on.
 inline CutTimeEntry AdjustedEntry(const std::string& name) {
   CutTimeEntry entry = PlainEntry(name);
   entry.pictureName = name + ".emf";
-  entry.AfaEnabled = 1;
+  entry.AfaEnabled = entry.AfaByMaster = entry.ConCorChk = entry.UpDownChk = 1;
+  entry.FeedChgSmoothCheck = entry.XyChgReduceCheck = 1;
   entry.ToolDiameter = 16;
   entry.SafetyDistance = 3.26F;
   entry.CornerMinAngle = 12.5F;
   entry.CornerMaxRatio = 0.27F;
   entry.SlopeMinAngle = 15;
   entry.SlopeMaxRatio = 0.5F;
-  entry.ConCorChk = 1;
-  entry.UpDownChk = 1;
   entry.MaxFeed = 2400;
   entry.PlungeFeed = 400;
   entry.CorWeight0 = 1;
@@ -42,18 +46,14 @@ inline CutTimeEntry AdjustedEntry(const std::string& name) {
   entry.SideWeight0 = 0.9F;
   entry.SideWeight30 = 0.7F;
   entry.SideWeight60 = 12.345F;
-  entry.FeedChgSmoothCheck = 1;
-  entry.XyChgReduceCheck = 1;
-  entry.AfaByMaster = 1;
   entry.AfaMasterFile = "c:\\die\\코아.mma";
   return entry;
 }
 
 inline ResultTable TableOf(const std::vector<CutTimeEntry>& entries) {
   ResultTable table;
-  for (const CutTimeEntry& entry : entries) {
-    table.entries[static_cast<size_t>(table.entryCount++)] = entry;
-  }
+  table.entryCount = static_cast<int32_t>(entries.size());
+  std::ranges::copy(entries, table.entries.begin());
   return table;
 }
 

@@ -1,4 +1,4 @@
-// The job list file and what is copied beside it.
+// The lines of the job list file, and the files copied beside it.
 #include "reports/job_list_file.h"
 
 #include <gtest/gtest.h>
@@ -9,45 +9,31 @@
 #include "platform/drives.h"
 #include "reports/example_entry.h"
 #include "support/memory_files.h"
-#include "support/scripted_ui.h"
 #include "support/temp_dir.h"
 
 namespace tvx {
 namespace {
 
-CutTimeEntry Entry(const std::string& name, const std::string& optionLine) {
-  CutTimeEntry entry = PlainEntry(name);
-  entry.optionLine = optionLine;
-  return entry;
-}
-
-// One entry a.nc, written to a list.
-TEST(JobListFile, LinesGetTheDirectoryOfTheList) {
-  const struct {
-    const char* list;
-    const char* optionLine;
-    const char* written;
-  } cases[] = {
-      {"c:\\jobs\\week1.mcf", "", " "},
+TEST(JobListFile, LineGetsTheDirectoryOfTheList) {
+  constexpr char kJobs[] = "c:\\jobs\\week1.mcf";
+  const std::array<const char*, 3> cases[] = {
+      // list, option line, line in the list
+      {kJobs, "", " "},
       {"c:\\week1.mcf", "Dir c:\\marlo\\ncdata FS 1 ", "Dir X: FS 1  "},
       {"\\jobs\\week1.mcf", "Dir c:\\nc FS 1 ", "Dir Xjobs FS 1  "},  // no drive to replace
       {"week1.mcf", "Dir c:\\nc FS 1 ", "Dir  FS 1  "},
-      // Everywhere in the line, so a master model below the directory moves with it.
-      {"c:\\jobs\\week1.mcf", "Dir c:\\die FS 1 Afa ON TD 1.0 MMA c:\\die\\a.mma ",
-       "Dir X:\\jobs FS 1 Afa ON TD 1.0 MMA X:\\jobs\\a.mma  "},
-      {"c:\\jobs\\week1.mcf", "Dir c:\\die FS 1 Afa ON TD 1.0 MMA c:\\core\\a.mma ",
-       "Dir X:\\jobs FS 1 Afa ON TD 1.0 MMA c:\\core\\a.mma  "},
-      // Letters count, and what was put in is not replaced again.
-      {"c:\\jobs\\week1.mcf", "Dir c:\\die FS 1 MMA C:\\die\\a.mma ",
-       "Dir X:\\jobs FS 1 MMA C:\\die\\a.mma  "},
+      // Everywhere in the line, so the path of a master model below the directory changes too. Case
+      // matters, and inserted text is not replaced again.
+      {kJobs, "Dir c:\\die FS 1 MMA c:\\die\\a.mma ", "Dir X:\\jobs FS 1 MMA X:\\jobs\\a.mma  "},
+      {kJobs, "Dir c:\\die FS 1 MMA C:\\die\\a.mma ", "Dir X:\\jobs FS 1 MMA C:\\die\\a.mma  "},
       {"c:\\a\\b\\week1.mcf", "Dir b FS 1 b ", "Dir X:\\a\\b FS 1 X:\\a\\b  "},
   };
-  for (const auto& c : cases) {
+  for (const auto& [list, optionLine, written] : cases) {
     MemoryFiles files;
     files.MakeDirectory("c:\\jobs");
     files.MakeDirectory("c:\\a\\b");
-    ASSERT_TRUE(WriteJobListFile(c.list, TableOf({Entry("a.nc", c.optionLine)}), &files)) << c.list;
-    EXPECT_EQ(files.Bytes(c.list), "File a.nc " + std::string(c.written) + "\r\n");
+    ASSERT_TRUE(WriteJobListFile(list, TableOf({PlainEntry("a.nc", optionLine)}), &files)) << list;
+    EXPECT_EQ(files.Bytes(list), "File a.nc " + std::string(written) + "\r\n");
   }
 }
 
@@ -73,55 +59,47 @@ std::string Beside(const MemoryFiles& files) {
 constexpr char kList[] = "c:\\out\\l.mcf";
 constexpr char kBothBeside[] = "Dir X:\\out FS 1 MMA X:\\out\\m.mma ";
 
-TEST(JobListFileCopy, CopiesWhatIsNotThere) {
+TEST(JobListFileCopy, ProgramIsReplacedAndMasterIsKept) {
   const struct {
-    const char* what;
-    const char* before;
-    const char* optionLine;
-    const char* written;
-    const char* after;
+    const char *before, *optionLine, *written, *after;
     size_t failed = 0;
   } cases[] = {
-      {"program and master", "c:\\nc\\a.nc=new c:\\die\\m.mma=model",
-       "Dir c:\\nc FS 1 MMA c:\\die\\m.mma FCS ON ", "Dir X:\\out FS 1 MMA X:\\out\\m.mma FCS ON ",
-       "a.nc=new m.mma=model "},
-      {"a program is replaced, a master is not",
-       "c:\\nc\\a.nc=new c:\\out\\a.nc=older c:\\die\\m.mma=model c:\\out\\m.mma=older",
+      {"c:\\nc\\a.nc=new c:\\die\\m.mma=model", "Dir c:\\nc FS 1 MMA c:\\die\\m.mma FCS ON ",
+       "Dir X:\\out FS 1 MMA X:\\out\\m.mma FCS ON ", "a.nc=new m.mma=model "},
+      {"c:\\nc\\a.nc=new c:\\out\\a.nc=older c:\\die\\m.mma=model c:\\out\\m.mma=older",
        "Dir c:\\nc FS 1 MMA c:\\die\\m.mma ", kBothBeside, "a.nc=new m.mma=older "},
-      {"files that lie beside the list, whatever the letters",
-       "c:\\out\\a.nc=same c:\\out\\m.mma=model", "Dir C:\\OUT FS 1 MMA c:\\Out\\m.mma ",
+      // Files already beside the list, in other case; files that do not exist.
+      {"c:\\out\\a.nc=same c:\\out\\m.mma=model", "Dir C:\\OUT FS 1 MMA c:\\Out\\m.mma ",
        kBothBeside, "a.nc=same m.mma=model "},
-      {"files that are gone", "c:\\out\\a.nc=older", "Dir c:\\nc FS 1 MMA c:\\die\\m.mma ",
-       kBothBeside, "a.nc=older ", 2},
-      {"a master path without a directory is its own name", "c:\\nc\\a.nc=new",
-       "Dir c:\\nc FS 1 MMA m.mma ", kBothBeside, "a.nc=new ", 1},
-      {"the master's path is replaced before the directory that holds it",
-       "c:\\nc\\a.nc=new c:\\nc\\x\\m.mma=model", "Dir c:\\nc FS 1 MMA c:\\nc\\x\\m.mma ",
+      {"c:\\out\\a.nc=older", "Dir c:\\nc FS 1 MMA c:\\die\\m.mma ", kBothBeside, "a.nc=older ", 2},
+      // A master path without a directory is its own name.
+      {"c:\\nc\\a.nc=new", "Dir c:\\nc FS 1 MMA m.mma ", kBothBeside, "a.nc=new ", 1},
+      // The master's path is replaced before the directory that is a part of it.
+      {"c:\\nc\\a.nc=new c:\\nc\\x\\m.mma=model", "Dir c:\\nc FS 1 MMA c:\\nc\\x\\m.mma ",
        kBothBeside, "a.nc=new m.mma=model "},
-      {"the word of a master is found in the directory", "c:\\MMA\\a.nc=new", "Dir c:\\MMA FS 1 ",
-       "Dir X:\\out X:\\out\\FS 1 ", "a.nc=new ", 1},
-      {"a master without its path", "c:\\nc\\a.nc=new", "Dir c:\\nc FS 1 MMA ",
-       "Dir X:\\out FS 1 MMA ", "a.nc=new "},
-      {"no option line: no directory to copy from", "c:\\a.nc=root", "", "", ""},
+      // The word of a master is found in the directory; the word without a path; no option line.
+      {"c:\\MMA\\a.nc=new", "Dir c:\\MMA FS 1 ", "Dir X:\\out X:\\out\\FS 1 ", "a.nc=new ", 1},
+      {"c:\\nc\\a.nc=new", "Dir c:\\nc FS 1 MMA ", "Dir X:\\out FS 1 MMA ", "a.nc=new "},
+      {"c:\\a.nc=root", "", "", ""},
   };
   for (const auto& c : cases) {
-    SCOPED_TRACE(c.what);
+    SCOPED_TRACE(c.before);
     MemoryFiles files;
     files.MakeDirectory("c:\\out");
     PutAll(c.before, &files);
     std::vector<FailedCopy> failed;
     EXPECT_TRUE(
-        WriteJobListFileCopy(kList, TableOf({Entry("a.nc", c.optionLine)}), &files, &failed));
+        WriteJobListFileCopy(kList, TableOf({PlainEntry("a.nc", c.optionLine)}), &files, &failed));
     EXPECT_EQ(files.Bytes(kList), "File a.nc " + std::string(c.written) + " \r\n");
     EXPECT_EQ(Beside(files), c.after);
     EXPECT_EQ(failed.size(), c.failed);
   }
 }
 
-TEST(JobListFileCopy, AFullDiskLeavesTheOlderFiles) {
-  const ResultTable table = TableOf({Entry("a.nc", "Dir c:\\nc FS 1 MMA c:\\die\\m.mma ")});
-  // What lies there after each write that fails: the copy of the master, the line, the copy of the
-  // program.
+TEST(JobListFileCopy, FailedWriteKeepsTheOlderFiles) {
+  const ResultTable table = TableOf({PlainEntry("a.nc", "Dir c:\\nc FS 1 MMA c:\\die\\m.mma ")});
+  // The files beside the list after each failed write: the copy of the master, the line, the copy
+  // of the program.
   const char* const after[] = {"a.nc=new ", "a.nc=new m.mma=model ", "a.nc=older m.mma=model "};
   for (int refused = 1; refused <= 3; ++refused) {
     MemoryFiles files;
@@ -133,15 +111,15 @@ TEST(JobListFileCopy, AFullDiskLeavesTheOlderFiles) {
     EXPECT_EQ(Beside(files), after[refused - 1]);
     EXPECT_EQ(failed.size(), refused == 2 ? 0U : 1U);
   }
-  // The list without copies.
   MemoryFiles files;
-  files.RefuseCommit(1);
-  EXPECT_FALSE(WriteJobListFile("c:\\l.mcf", table, &files));
-  EXPECT_FALSE(files.Exists("c:\\l.mcf"));
+  PutAll("c:\\nc\\a.nc=new c:\\out\\x=x", &files);
+  files.RefuseCreation(kList);
+  EXPECT_FALSE(WriteJobListFileCopy(kList, table, &files, nullptr));
+  EXPECT_EQ(files.FilePaths().size(), 2U) << "neither a list nor a copy";
 }
 
-// Two names of one file: the copy must not touch it.
-TEST(JobListFileCopy, ASourceThatIsItsDestinationStaysWhole) {
+// A source that is its own destination under another name must not be changed.
+TEST(JobListFileCopy, SourceThatIsItsDestinationIsKept) {
   namespace fs = std::filesystem;
   TempDir home;
   home.Put("drive_c/out/a.nc", "G0 X1");
@@ -151,39 +129,16 @@ TEST(JobListFileCopy, ASourceThatIsItsDestinationStaysWhole) {
   fs::create_symlink(home / "drive_c/nc/b.nc", home / "drive_c/out/b.nc");
   const Drives drives(home.Path());
   const auto files = MakeHostFiles(&drives);
+  const auto table = TableOf(
+      {PlainEntry("a.nc", "Dir c:\\link FS 1 MMA c:\\link\\..\\out\\.\\m.mma "),
+       PlainEntry("a.nc", "Dir c:\\out\\..\\out FS 1 "), PlainEntry("b.nc", "Dir c:\\nc FS 1 ")});
   std::vector<FailedCopy> failed;
-  EXPECT_TRUE(WriteJobListFileCopy(
-      "c:\\out\\l.mcf",
-      TableOf({Entry("a.nc", "Dir c:\\link FS 1 MMA c:\\link\\..\\out\\.\\m.mma "),
-               Entry("a.nc", "Dir c:\\out\\..\\out FS 1 "), Entry("b.nc", "Dir c:\\nc FS 1 ")}),
-      files.get(), &failed));
+  EXPECT_TRUE(WriteJobListFileCopy(kList, table, files.get(), &failed));
   EXPECT_TRUE(failed.empty());
-  EXPECT_EQ(HostBytes(home / "drive_c/out/a.nc"), "G0 X1");
-  EXPECT_EQ(HostBytes(home / "drive_c/out/m.mma"), "model");
-  EXPECT_EQ(HostBytes(home / "drive_c/nc/b.nc"), "G0 X2");
+  EXPECT_EQ(HostBytes(home / "drive_c/out/a.nc") + HostBytes(home / "drive_c/out/m.mma") +
+                HostBytes(home / "drive_c/nc/b.nc"),
+            "G0 X1modelG0 X2");
   EXPECT_TRUE(fs::is_symlink(home / "drive_c/out/b.nc"));
-}
-
-TEST(JobListOperations, AskForTheListAndSayNothingWhenItFails) {
-  MemoryFiles files;
-  PutAll("c:\\nc\\a.nc=new c:\\out\\x=x", &files);
-  files.RefuseCreation(kList);
-  ScriptedUi ui;
-  const ResultTable table = TableOf({Entry("a.nc", "Dir c:\\nc FS 1 ")});
-  for (const auto write : {WriteJobList, WriteJobListCopy}) {
-    ui.OnFileCancel();
-    write(table, &files, &ui);
-    ui.OnFile(kList);
-    write(table, &files, &ui);
-  }
-  EXPECT_EQ(Beside(files), "x=x ") << "nothing is copied";
-  EXPECT_TRUE(ui.messages.empty());
-  for (const FileQuestion& question : ui.fileQuestions) {
-    EXPECT_TRUE(question.save && !question.confirmsOverwrite);
-    EXPECT_EQ(question.title, "TVX  화일명을 입력 하시요!!");
-    EXPECT_EQ(question.fileName, "*.mcf");
-    EXPECT_EQ(question.filter, "TVX file (*.mcf)|*.mcf|모든 화일(*.*)|*.*||");
-  }
 }
 
 }  // namespace

@@ -1,143 +1,95 @@
+// The content of the files is compared with the drawing through the command line. These are the
+// pixels of the PNG, the state of the scene and files that cannot be written.
 #include "view/picture.h"
 
 #include <gtest/gtest.h>
 #include <png.h>
 
-#include "allocation_count.h"
 #include "support/memory_files.h"
 #include "test_scene.h"
-#include "view/metafile_device.h"
-#include "view/raster_device.h"
-#include "view/svg_device.h"
 
 namespace tvx {
 namespace {
 
-// What the files hold is compared with the drawing through the command line; here is the rest.
-
 class PictureTest : public testing::Test {
  protected:
   PictureTest() {
-    scene.view.transform = ViewTransform();
+    scene.view.transform.viewScale = 30.0F;
     OnResize(&scene.view.transform, 800, 600);
     PrepareDevice(&scene.view.transform);
+    scene.program.FeedBase = 1000;
+    scene.Add(BlockRapidStart, -10, -5);
+    scene.Add(BlockCut, 10, -5, 400);
+  }
+  bool Write(PictureFormat format, const std::string& path) {
+    return WritePictureFile(format, path, scene.scene(), &files);
   }
 
   TestScene scene;
   MemoryFiles files;
 };
 
-TEST_F(PictureTest, APictureReplacesTheOlderOneAndChangesLittleInTheView) {
-  scene.Add(BlockRapidStart, 0, 0);
-  scene.Add(BlockCut, 10, 0, 100);
-  scene.program.FeedBase = 100;
+TEST_F(PictureTest, PictureReplacesTheFileAndKeepsTheStateOfTheScreen) {
   files.Put("c:\\part.nc.emf", "older");
   scene.view.screen.lastPenFeed = 77;
   EXPECT_EQ(WritePicture("c:\\part.nc.emf", scene.scene(), &files), 1);
   EXPECT_EQ(files.Bytes("c:\\part.nc.emf").substr(40, 4), " EMF");
-  EXPECT_EQ(scene.program.firstPoint, 0);
   EXPECT_EQ(scene.view.screen.lastPenFeed, 77);
-  EXPECT_EQ(scene.view.picture.lastPenFeed, 100);
-  EXPECT_EQ(scene.ui.repaints, 1);  // of the scene's own set-up
+  EXPECT_EQ(scene.view.picture.lastPenFeed, 400);
 }
 
-TEST_F(PictureTest, AFileThatCannotBeWrittenIsNotReported) {
-  scene.Add(BlockRapidStart, 0, 0);
-  scene.Add(BlockCut, 10, 0, 100);
+TEST_F(PictureTest, FailedWriteKeepsTheOlderFile) {
+  files.Put("c:\\picture", "older");
   for (const PictureFormat format :
        {PictureFormat::kMetafile, PictureFormat::kSvg, PictureFormat::kPng}) {
-    files.Put("c:\\picture", "older");
     scene.view.picture.lastPenFeed = 0;
-    EXPECT_FALSE(WritePictureFile(format, "c:\\nowhere\\picture", scene.scene(), &files));
-    EXPECT_EQ(scene.view.picture.lastPenFeed, 100) << "the drawing is made all the same";
+    EXPECT_FALSE(Write(format, "c:\\nowhere\\picture"));
+    EXPECT_EQ(scene.view.picture.lastPenFeed, 400) << "the scene is drawn in either case";
     files.RefuseWrite(1);
-    EXPECT_FALSE(WritePictureFile(format, "c:\\picture", scene.scene(), &files));
+    EXPECT_FALSE(Write(format, "c:\\picture"));
     files.RefuseCommit(1);
-    EXPECT_FALSE(WritePictureFile(format, "c:\\picture", scene.scene(), &files));
-    EXPECT_EQ(files.Bytes("c:\\picture"), "older");
+    EXPECT_FALSE(Write(format, "c:\\picture"));
   }
-  files.RefuseWrite(2);  // completing the header
-  EXPECT_EQ(WritePicture("c:\\picture", scene.scene(), &files), 1);
+  files.RefuseWrite(2);  // the completed header of the metafile
+  EXPECT_FALSE(Write(PictureFormat::kMetafile, "c:\\picture"));
   EXPECT_EQ(files.Bytes("c:\\picture"), "older");
   EXPECT_EQ(WritePicture("c:\\nowhere\\picture", scene.scene(), &files), 1);
 }
 
-TEST_F(PictureTest, ThePngIsTheDrawingOnAWhitePageWithLetters) {
-  scene.program.FeedBase = 1000;
-  SetViewMode(&scene.view.transform, 1, &scene.ui);
-  scene.Add(BlockRapidStart, -10, -5);
-  scene.Add(BlockCut, 10, -5, 400);
-  ASSERT_TRUE(WritePictureFile(PictureFormat::kPng, "c:\\a.png", scene.scene(), &files));
+TEST_F(PictureTest, PngIsTheDrawingOnAWhitePageWithLetters) {
+  ASSERT_TRUE(Write(PictureFormat::kPng, "c:\\a.png"));
   const std::string bytes = files.Bytes("c:\\a.png");
   png_image png{};
   png.version = PNG_IMAGE_VERSION;
   ASSERT_TRUE(png_image_begin_read_from_memory(&png, bytes.data(), bytes.size()));
   png.format = PNG_FORMAT_RGB;
-  ASSERT_EQ(png.width, 800U);
-  ASSERT_EQ(png.height, 600U);
+  ASSERT_TRUE(png.width == 800 && png.height == 600);
   std::vector<uint8_t> pixels(PNG_IMAGE_SIZE(png));
   ASSERT_TRUE(png_image_finish_read(&png, nullptr, pixels.data(), 0, nullptr));
-  const auto at = [&](int x, int y) {  // from the centre of the page
-    const auto p = &pixels[(static_cast<size_t>(y + 300) * 800 + static_cast<size_t>(x + 400)) * 3];
-    return p[0] << 16 | p[1] << 8 | p[2];
+  // Pixels from the centre: corners, X axis, cut and past its end; the letters X, in a cell at
+  // (69, 0), Y at (0, -69) and Z at (0, 0).
+  const struct {
+    int x, y, colour;
+  } points[] = {
+      {-400, -300, 0xFFFFFF}, {399, 299, 0xFFFFFF}, {25, 0, 0x000000}, {0, 150, 0x0000C8},
+      {-300, 150, 0x0000C8},  {301, 150, 0xFFFFFF}, {70, 3, 0x000000}, {76, 13, 0x000000},
+      {76, 3, 0x000000},      {70, 13, 0x000000},   {73, 3, 0xFFFFFF}, {1, -66, 0x000000},
+      {7, -66, 0x000000},     {4, -56, 0x000000},   {1, 3, 0x000000},  {7, 3, 0x000000},
+      {7, 13, 0x000000},
   };
-  EXPECT_EQ(at(-400, -300), 0xFFFFFF);
-  EXPECT_EQ(at(399, 299), 0xFFFFFF);
-  EXPECT_EQ(at(25, 0), 0x000000);   // axis X
-  EXPECT_EQ(at(0, 150), 0x0000C8);  // the cut
-  EXPECT_EQ(at(-300, 150), 0x0000C8);
-  EXPECT_EQ(at(301, 150), 0xFFFFFF);
-  EXPECT_EQ(at(70, 3), 0x000000);  // the letter X, cell at (69, 0)
-  EXPECT_EQ(at(73, 8), 0x000000);
-  EXPECT_EQ(at(76, 13), 0x000000);
-  EXPECT_EQ(at(73, 3), 0xFFFFFF);
+  for (const auto& point : points) {
+    const size_t at = static_cast<size_t>((point.y + 300) * 800 + point.x + 400) * 3;
+    EXPECT_EQ(pixels[at] << 16 | pixels[at + 1] << 8 | pixels[at + 2], point.colour)
+        << point.x << "," << point.y;
+  }
 }
 
-TEST_F(PictureTest, APngNeedsAnArea) {
-  scene.view.transform.clientWidth = 0;
-  EXPECT_FALSE(WritePictureFile(PictureFormat::kPng, "c:\\a.png", scene.scene(), &files));
-  scene.view.transform.clientWidth = scene.view.transform.clientHeight = INT32_MAX;
-  EXPECT_FALSE(WritePictureFile(PictureFormat::kPng, "c:\\a.png", scene.scene(), &files));
-}
-
-// Swallows a file.
-class Sink final : public OutputFile {
- public:
-  bool Write(std::string_view) override { return true; }
-  bool Patch(uint64_t, std::string_view) override { return true; }
-  bool Commit() override { return true; }
-};
-
-TEST_F(PictureTest, ADrawingAllocatesNothingPerMove) {
-  std::vector<uint32_t> pixels(size_t{800} * 600);
-  const auto allocations = [&] {
-    const size_t before = AllocationCount();
-    Sink sink;
-    RasterDevice raster({pixels.data(), 800, 600, 800}, {-400, -300});
-    Paint(scene.scene(), &raster);
-    MetafileDevice metafile(&sink);
-    DrawPicture(scene.scene(), &metafile);
-    metafile.Finish();
-    SvgDevice svg(&sink, 800, 600, {-400, -300});
-    DrawPicture(scene.scene(), &svg);
-    svg.Finish();
-    return AllocationCount() - before;
-  };
-  // Rows of a rapid, a cut with ramps, and an arc.
-  const auto addRows = [&](int count) {
-    for (int row = 0; row < count; ++row) {
-      const float y = static_cast<float>(row % 100) * 0.2F;
-      scene.Add(BlockRapidStart, 0, y);
-      scene.Add({.x = 8, .y = y, .feed = row % 1000, .headPercent = 50, .type = BlockCut});
-      scene.AddArc(BlockArcCcw, 7, y, -1, 0);
-    }
-  };
-  scene.job.AfaEnabled = scene.job.FeedChgSmoothCheck = 1;
-  scene.program.FeedBase = 1000;
-  addRows(100);
-  const size_t small = allocations();
-  addRows(20000);
-  EXPECT_LE(allocations(), small + 8);
+TEST_F(PictureTest, PngWithoutPixelsOrOfTooManyIsRefused) {
+  ViewTransform& view = scene.view.transform;
+  view.clientWidth = 0;
+  EXPECT_FALSE(Write(PictureFormat::kPng, "c:\\a.png"));
+  view.clientWidth = view.clientHeight = INT32_MAX;
+  EXPECT_FALSE(Write(PictureFormat::kPng, "c:\\a.png"));
 }
 
 }  // namespace

@@ -1,21 +1,19 @@
-// A small program and its view, for tests of what reaches the device.
+// A small program and its view, and the calls that a drawing of it makes.
 #pragma once
 
 #include <string>
-#include <vector>
+#include <utility>
 
 #include "model/loader.h"
-#include "support/scripted_ui.h"
 #include "view/path_drawing.h"
 #include "view/recorder_device.h"
 
 namespace tvx {
 
-class TestScene {
- public:
+struct TestScene {
   // Seen from above: at one pixel a unit a point (x, y) is the pixel (x, -y).
   explicit TestScene(float viewScale = 1.0F) {
-    SetViewMode(&view.transform, 1, &ui);
+    SetViewMode(&view.transform, 1);
     view.transform.viewScale = viewScale;
   }
 
@@ -33,32 +31,23 @@ class TestScene {
 
   Scene scene() { return {&program, &job, &view}; }
 
-  // The calls of DrawPath on a fresh device, separated by "|".
-  std::string PathCalls() {
-    const Calls calls = Record([&](DrawingDevice* device) {
-      PathDrawing(scene(), &view.screen, kScreenPalette, device).DrawPath();
-    });
-    return Joined(calls);
-  }
-
-  using Calls = std::vector<std::string>;
+  // The calls of a drawing on a fresh device, separated by "|".
   template <typename Draw>
-  static Calls Record(Draw draw) {
-    Calls calls;
-    RecorderDevice device([&](std::string_view line) { calls.emplace_back(line); });
-    draw(&device);
+  std::string Calls(Draw draw) {
+    std::string calls;
+    RecorderDevice device(
+        [&](std::string_view call) { calls.append(calls.empty() ? "" : "|").append(call); });
+    PathDrawing drawing(scene(), &view.screen, kScreenPalette, &device);
+    draw(&drawing);
     return calls;
   }
-  static std::string Joined(const Calls& calls) {
-    std::string text;
-    for (const std::string& call : calls) text += (text.empty() ? "" : "|") + call;
-    return text;
+  std::string PathCalls() {
+    return Calls([](PathDrawing* drawing) { drawing->DrawPath(); });
   }
 
   NcProgram program;
   JobRecord job;
   ViewState view;
-  ScriptedUi ui;
 };
 
 }  // namespace tvx

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "base/format.h"
+#include "support/scripted_ui.h"
 #include "test_scene.h"
 
 namespace tvx {
@@ -10,96 +10,92 @@ namespace {
 
 class ViewCommandsTest : public testing::Test {
  protected:
-  ViewCommandsTest() : commands(&scene.program, &scene.job, &scene.view, &scene.ui) {
-    OnResize(&view(), 800, 600);
-    scene.ui.repaints = 0;
+  ViewCommandsTest() { OnResize(&view, 800, 600); }
+
+  // The value of a field after a key.
+  int32_t Press(ViewKey key, int32_t ViewTransform::*field, int32_t before) {
+    view.*field = before;
+    commands.PressKey(key);
+    return view.*field;
   }
-  ViewTransform& view() { return scene.view.transform; }
 
   TestScene scene;
-  ViewCommands commands;
+  ScriptedUi ui;
+  ViewTransform& view = scene.view.transform;
+  ViewCommands commands{&scene.program, &scene.job, &scene.view, &ui};
 };
 
-std::string Text(const ViewTransform& view) {
-  return Format("angles %d %d %d, pan %d %d, scale %g, sines %g %g %g", view.rotX, view.rotY,
-                view.rotZ, view.panX, view.panY, view.viewScale, view.sinX, view.sinY, view.sinZ);
-}
+using Key = ViewKey;
+using View = ViewTransform;
 
-TEST_F(ViewCommandsTest, KeysPanByAboutTenPixelsAndTurnByTenDegrees) {
-  const struct {
-    ViewKey key;
-    int32_t ViewTransform::*value;
-    float scale;
-    int32_t before, after;
-  } cases[] = {
-      {ViewKey::kUp, &ViewTransform::panY, 30.0F, 0, 1},
-      {ViewKey::kDown, &ViewTransform::panY, 0.5F, 0, -21},
-      {ViewKey::kRight, &ViewTransform::panX, 0.5F, 5, -16},
-      {ViewKey::kLeft, &ViewTransform::panX, 500.0F, 0, 1},
-      {ViewKey::kLeft, &ViewTransform::panX, 10.0F, 0, 2},
-      {ViewKey::kLeft, &ViewTransform::panX, 0.0F, INT32_MAX - 5, INT32_MAX},
-      {ViewKey::kPageUp, &ViewTransform::rotZ, 1.0F, 355, 5},
-      {ViewKey::kPageUp, &ViewTransform::rotZ, 1.0F, 350, 360},  // stands
-      {ViewKey::kPageUp, &ViewTransform::rotZ, 1.0F, 360, 10},
-      {ViewKey::kPageDown, &ViewTransform::rotZ, 1.0F, 10, 0},
-      {ViewKey::kPageDown, &ViewTransform::rotZ, 1.0F, 5, 355},
-      {ViewKey::kHome, &ViewTransform::rotY, 1.0F, 0, 10},
-      {ViewKey::kEnd, &ViewTransform::rotY, 1.0F, 0, 350},
-      {ViewKey::kInsert, &ViewTransform::rotX, 1.0F, 300, 310},
-      {ViewKey::kDelete, &ViewTransform::rotX, 1.0F, 300, 290},
-  };
-  for (const auto& c : cases) {
-    view() = ViewTransform();
-    view().viewScale = c.scale;
-    view().*c.value = c.before;
-    ViewTransform expected = view();
-    expected.*c.value = c.after;
-    expected.UpdateTrigTable();
-    commands.PressKey(c.key);
-    EXPECT_EQ(Text(view()), Text(expected)) << "from " << c.before;
+TEST_F(ViewCommandsTest, ArrowKeyPansAboutTenPixels) {
+  for (const auto& [scale, step] : {std::pair(0.5F, 21), {10, 2}, {30, 1}, {500, 1}}) {
+    view.viewScale = scale;
+    EXPECT_EQ(Press(Key::kUp, &View::panY, 0), step);
+    EXPECT_EQ(Press(Key::kDown, &View::panY, 5), 5 - step);
+    EXPECT_EQ(Press(Key::kRight, &View::panX, 5), 5 - step);
+    EXPECT_EQ(Press(Key::kLeft, &View::panX, 0), step);
   }
-  EXPECT_EQ(scene.ui.repaints, std::ssize(cases));
+  view.viewScale = 0;
+  EXPECT_EQ(Press(Key::kLeft, &View::panX, INT32_MAX - 5), INT32_MAX);
+  EXPECT_EQ(ui.repaints, 17);
 }
 
-TEST_F(ViewCommandsTest, TheRapidsToggleGoesIntoTheJobRecordToo) {
-  const int32_t after[][2] = {{1, 0}, {0, 1}, {7, 1}};
-  for (const auto& [before, expected] : after) {
+TEST_F(ViewCommandsTest, OtherKeyTurnsOneAngleByTenDegrees) {
+  const std::tuple<Key, Key, int32_t View::*, double View::*> rows[] = {
+      {Key::kPageUp, Key::kPageDown, &View::rotZ, &View::sinZ},
+      {Key::kHome, Key::kEnd, &View::rotY, &View::sinY},
+      {Key::kInsert, Key::kDelete, &View::rotX, &View::sinX}};
+  for (const auto& [increase, decrease, angle, sine] : rows) {
+    EXPECT_EQ(Press(increase, angle, 0), 10);
+    EXPECT_NEAR(view.*sine, 0.17365, 1e-5);
+    EXPECT_EQ(Press(increase, angle, 350), 360);
+    EXPECT_EQ(Press(increase, angle, 355), 5);
+    EXPECT_EQ(Press(decrease, angle, 10), 0);
+    EXPECT_EQ(Press(decrease, angle, 5), 355);
+  }
+  EXPECT_EQ(ui.repaints, 15);
+}
+
+TEST_F(ViewCommandsTest, ViewModeRepaintsOnceIfKnown) {
+  for (const int mode : {1, kViewModes, 0, kViewModes + 1}) commands.ShowViewMode(mode);
+  EXPECT_EQ(ui.repaints, 2);
+  EXPECT_EQ(view.rotZ, 60);
+}
+
+TEST_F(ViewCommandsTest, RapidsToggleIsRecordedInTheJob) {
+  for (const auto& [before, after] : {std::pair(1, 0), {0, 1}, {7, 1}}) {
     scene.view.RapidVisible = before;
     commands.ToggleRapids();
-    EXPECT_EQ(scene.view.RapidVisible, expected) << before;
-    EXPECT_EQ(scene.job.RapidShown, expected) << before;
+    EXPECT_EQ(std::pair(scene.view.RapidVisible, scene.job.RapidShown), std::pair(after, after));
   }
-  EXPECT_EQ(scene.ui.repaints, 3);
+  EXPECT_EQ(ui.repaints, 3);
 }
 
-// A release also latches the size of the window, which it then fits or zooms to.
-TEST_F(ViewCommandsTest, ADragOfMoreThanTenPixelsBothWaysZooms) {
-  const struct {
-    int32_t dx, dy;
-    bool zooms;
-  } cases[] = {
-      {0, 0, false},   {11, 10, false}, {10, 11, false},  {11, 11, true},
-      {-11, 11, true}, {11, -11, true}, {-11, -11, true}, {-300, 0, false},
-  };
-  for (const auto& c : cases) {
-    view().viewScale = 1.0F;
-    view().panX = view().panY = 0;
+// An empty program is fitted at 15 pixels a unit, a rectangle of 11 by 11 pixels at 600 / 11.
+TEST_F(ViewCommandsTest, DragOfMoreThanTenPixelsBothWaysZooms) {
+  const auto scaleAfterDrag = [&](Pixel by) {
+    view.viewScale = 1.0F;
+    view.panX = view.panY = 0;
     commands.PressRight({400, 300});
-    commands.ReleaseRight({400 + c.dx, 300 + c.dy});
-    // The fit of an empty program gives 15; the zoom to 11 by 11 pixels 600 / 11.
-    EXPECT_FLOAT_EQ(view().viewScale, c.zooms ? 600.0F / 11.0F : 15.0F) << c.dx << "," << c.dy;
+    commands.ReleaseRight({400 + by.x, 300 + by.y});
+    return view.viewScale;
+  };
+  for (const Pixel by : {Pixel{0, 0}, {11, 10}, {10, 11}, {-300, 0}}) {
+    EXPECT_FLOAT_EQ(scaleAfterDrag(by), 15) << by.x << "," << by.y;
   }
-  EXPECT_EQ(scene.ui.repaints, 8);
+  for (const Pixel by : {Pixel{11, 11}, {-11, 11}, {11, -11}, {-11, -11}}) {
+    EXPECT_FLOAT_EQ(scaleAfterDrag(by), 600.0F / 11) << by.x << "," << by.y;
+  }
+  EXPECT_EQ(ui.repaints, 8);
 }
 
-TEST_F(ViewCommandsTest, TheRubberBandLivesFromPressToRelease) {
-  EXPECT_FALSE(commands.MoveMouse({5, 5}));
-  EXPECT_FALSE(commands.RubberBand());
+TEST_F(ViewCommandsTest, RubberBandExistsFromTheFirstMoveToTheRelease) {
   commands.PressRight({10, 20});
   EXPECT_FALSE(commands.RubberBand());
   EXPECT_TRUE(commands.MoveMouse({50, 7}));
   EXPECT_EQ(commands.RubberBand(), (std::array<Pixel, 2>{{{10, 20}, {50, 7}}}));
-  commands.PressRight({1, 2});  // the release got lost outside
+  commands.PressRight({1, 2});  // the button was released outside the view
   EXPECT_FALSE(commands.RubberBand());
   commands.MoveMouse({9, 9});
   commands.ReleaseRight({9, 9});
@@ -107,25 +103,24 @@ TEST_F(ViewCommandsTest, TheRubberBandLivesFromPressToRelease) {
   EXPECT_FALSE(commands.MoveMouse({5, 5}));
 }
 
-TEST_F(ViewCommandsTest, TheCommandPadActsWhenItHasClosed) {
-  const char* const expected[] = {"run list ", "", "rapids ", "options ", ""};
-  std::string actions;
-  const PadActions padActions = {[&] { actions += "run "; }, [&] { actions += "list "; },
-                                 [&] { actions += "options "; }};
+TEST_F(ViewCommandsTest, CommandPadActsAfterItHasClosed) {
+  std::string log;
+  const PadActions actions = {[&] { log += "run "; }, [&] { log += "list "; },
+                              [&] { log += "options "; }};
   CCommandPadDlg pad;
-  for (size_t i = 0; i < std::size(expected); ++i) {
-    const CCommandPadDlg::Button& button = CCommandPadDlg::Buttons()[i];
-    actions.clear();
+  for (const CCommandPadDlg::Button& button : CCommandPadDlg::Buttons()) {
     scene.view.RapidVisible = 1;
-    scene.ui.OnDialog<CCommandPadDlg>([&](CCommandPadDlg* dialog) {
-      EXPECT_EQ(dialog->Press(button), button.id != CommandId::kResultList) << button.text;
-      EXPECT_EQ(actions, "");
+    ui.OnDialog<CCommandPadDlg>([&](CCommandPadDlg* dialog) {
+      log += button.text + std::string(dialog->Press(button) ? " closes: " : " stays: ");
       return false;
     });
-    commands.PressLeft(&pad, padActions);
-    if (scene.view.RapidVisible == 0) actions += "rapids ";
-    EXPECT_EQ(actions, expected[i]) << button.text;
+    commands.PressLeft(&pad, actions);
+    if (scene.view.RapidVisible == 0) log += "rapids ";
   }
+  EXPECT_EQ(
+      log,
+      "Cut Time closes: run list TVX 출력 stays: 급속이송 closes: rapids 설정 closes: options "
+      "취소 closes: ");
 }
 
 }  // namespace
