@@ -31,7 +31,9 @@ constexpr Case kCases[] = {{"adjusted, pictures", true, true},
 
 class FailedLoads final : public RunObserver {
  public:
-  void OnLoadFailed(const std::string& path) override { Require(false, path); }
+  void OnLoadFailed(const std::string& path, LoadResult /*result*/) override {
+    Require(false, path);
+  }
 };
 
 // One window with a list of kJobListSlots files, each with its own copy of a program.

@@ -11,7 +11,6 @@ using namespace tvx;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   FuzzFiles files(AsText(data, size));
-  FuzzUi ui;
   Configuration read;
   ReadConfiguration(&read, &files);
   bool complete = true;
@@ -19,7 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Require(EncodeCp949(read.*field.value).size() <= kWordBytes);
     complete &= !(read.*field.value).empty();
   }
-  Require(SaveConfiguration(read, &files, &ui));
+  Require(SaveConfiguration(read, &files));
 
   FuzzFiles savedFiles(files.written);
   Configuration again;

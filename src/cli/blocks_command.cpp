@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "base/format.h"
+#include "cli/command.h"
 #include "cli/command_line.h"
 #include "cli/commands.h"
-#include "cli/errors.h"
 #include "cli/host.h"
 #include "cli/output.h"
 #include "cli/params.h"
@@ -84,7 +84,7 @@ int RunBlocks(const Call& call) {
   CTVXView view(&host.app);
   params.Apply(&host, &view);
   for (const ProgramFile& file : files) {
-    const LoadResult result = LoadProgram(file, &view);
+    const LoadResult result = LoadProgramFile(file, &view);
     if (params.Adjusts()) {
       AdjustProgram(file, &view, explains ? Explanation(file.argument) : FeedTrace());
     }

@@ -1,3 +1,4 @@
+// A call of the tool, its commands, and the two ways in which a command ends early.
 #pragma once
 
 #include <span>
@@ -9,12 +10,12 @@ namespace tvx {
 // One call of the tool, after its global options.
 struct Call {
   std::string home;                    // folder of the drives; empty for the default
-  std::string command;                 // the name found in the table
-  std::vector<std::string> arguments;  // what follows the name
+  std::string command;                 // its name in the table
+  std::vector<std::string> arguments;  // the words behind the name
 };
 
-// A command: its name as typed, of one or two words, and what runs it. `run` returns the exit
-// status, or throws WrongCall or Failure.
+// A command. Its name has one or two words. `run` returns the exit status, or throws WrongCall or
+// Failure, which main() turns into one line on standard error and the exit status.
 struct ToolCommand {
   const char* name;
   const char* summary;
@@ -23,5 +24,16 @@ struct ToolCommand {
 
 // All commands, in the order of the help text. A new command is a new row and a new file.
 std::span<const ToolCommand> ToolCommands();
+
+// The call itself is wrong: exit status 2.
+struct WrongCall {
+  std::string message;
+};
+
+// An operation failed: exit status 1. `file` as the user named it.
+struct Failure {
+  std::string file;
+  std::string reason;
+};
 
 }  // namespace tvx

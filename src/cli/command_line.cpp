@@ -3,7 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
-#include "cli/errors.h"
+#include "cli/command.h"
 #include "cli/nearest_name.h"
 #include "cli/numbers.h"
 

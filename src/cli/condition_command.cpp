@@ -3,9 +3,9 @@
 #include <optional>
 #include <string>
 
+#include "cli/command.h"
 #include "cli/command_line.h"
 #include "cli/commands.h"
-#include "cli/errors.h"
 #include "cli/host.h"
 #include "cli/json.h"
 #include "cli/output.h"

@@ -32,8 +32,7 @@ int RunDraw(const Call& call) {
   const ProgramFile file{argument, host.ReadablePath(argument)};
   CTVXView view(&host.app);
   params.Apply(&host, &view);
-  LoadWholeProgram(file, &view);
-  if (params.Adjusts()) AdjustProgram(file, &view);
+  PrepareProgram(file, params.Adjusts(), &view);
   viewOptions.Apply(&view, /*fits=*/true);
 
   std::string text;

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "cli/command.h"
 #include "cli/command_line.h"
 #include "cli/commands.h"
-#include "cli/errors.h"
 #include "cli/host.h"
 #include "cli/json.h"
 #include "cli/nearest_name.h"
@@ -15,6 +15,12 @@
 
 namespace tvx {
 namespace {
+
+// A refused field is reported by its name, not by the calculator's message.
+class SilentUser final : public CliUserInterface {
+ public:
+  bool ShowMessage(const Message&) override { return false; }
+};
 
 std::vector<std::string> FieldNames() {
   std::vector<std::string> names;
@@ -49,11 +55,10 @@ int RunGetFeed(const Call& call) {
   line.AddFlag("--accept", &accept, "check the ranges as on acceptance");
   line.Parse();
 
-  CliUserInterface ui;
+  SilentUser ui;
   CGetFeedDlg dialog(diameter.value_or(GetFeedState().toolDiameter), material.value_or(""), &ui);
   for (const std::string& change : changes) MakeChange(change, &dialog);
   if (accept && dialog.Accept() != Closing::kAccepted) {
-    ui.DropMessage();
     throw Failure{dialog.refusedField, "out of its range, or no number"};
   }
   Print(JsonText(FieldsJson(dialog.state, GetFeedFields())));

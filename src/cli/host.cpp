@@ -1,9 +1,11 @@
+// Opens the drives, maps path arguments and starts the application.
+
 #include "cli/host.h"
 
 #include <filesystem>
 #include <optional>
 
-#include "cli/errors.h"
+#include "cli/output.h"
 
 namespace tvx {
 namespace {
@@ -15,6 +17,15 @@ fs::path HomeOf(const Call& call) {
 }
 
 }  // namespace
+
+bool CliUserInterface::ShowMessage(const Message& message) {
+  PrintRemark(message.text.substr(0, message.text.find_last_not_of("\n ") + 1));
+  return message.buttons == MessageButtons::kOk;
+}
+
+void CliUserInterface::ShowStatus(const std::string& text) {
+  ShowProgress(text);
+}
 
 Host::Host(const Call& call)
     : drives_(HomeOf(call)),

@@ -1,28 +1,38 @@
+// The machine and the user of a command of the tool.
 #pragma once
 
 #include <memory>
 #include <string>
 
-#include "cli/cli_user_interface.h"
 #include "cli/command.h"
 #include "platform/drives.h"
 #include "platform/files.h"
+#include "platform/user_interface.h"
 #include "reports/calc_client.h"
 #include "shell/application.h"
 
 namespace tvx {
 
-// This machine as a command sees it: its drives and files, the user who cannot be asked, and the
-// application, started.
+// A user who cannot be asked: messages are printed on standard error, questions are refused.
+class CliUserInterface : public UserInterface {
+ public:
+  bool ShowMessage(const Message& message) override;
+  bool RunModal(Dialog*) override { return false; }
+  bool ChooseFile(const FileQuestion&, std::string*) override { return false; }
+  void Repaint() override {}
+  void ShowStatus(const std::string& text) override;
+};
+
+// Drives and files of this machine, and the application after its start.
 class Host {
  public:
   explicit Host(const Call& call);
 
-  // A path argument as a drive path: a drive path as it stands, else a path of this machine. Throws
+  // The drive path of an argument, which is a drive path already or a path of this machine. Throws
   // Failure if no drive holds it.
   std::string DrivePath(const std::string& argument) const;
 
-  // The drive path of a file to be read. Throws Failure if it is no file that can be read.
+  // The drive path of a file to read. Throws Failure if the file cannot be read.
   std::string ReadablePath(const std::string& argument) const;
 
  private:
@@ -35,10 +45,10 @@ class Host {
   CTVXApp app;
 };
 
-// Why a path is no file that can be read, in words for an error line; null for one that can.
+// The reason why a file cannot be read, for an error line; null if it can.
 const char* ReadProblem(const Host& host, const std::string& drivePath);
 
-// Why a path can be no file to write, in words for an error line.
+// The reason why a file could not be written, for an error line.
 std::string WriteProblem(const Host& host, const std::string& drivePath);
 
 }  // namespace tvx

@@ -28,8 +28,7 @@ int RunInfo(const Call& call) {
   const ProgramFile file{argument, host.ReadablePath(argument)};
   CTVXView view(&host.app);
   params.Apply(&host, &view);
-  LoadWholeProgram(file, &view);
-  if (params.Adjusts()) AdjustProgram(file, &view);
+  PrepareProgram(file, params.Adjusts(), &view);
   CountProgram(file, &view);
 
   const std::vector<std::string> lines = view.fileInfo.Lines();

@@ -10,7 +10,6 @@
 
 #include "cli/command.h"
 #include "cli/command_line.h"
-#include "cli/errors.h"
 #include "cli/nearest_name.h"
 #include "cli/output.h"
 

@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "base/format.h"
+#include "cli/command.h"
 #include "cli/command_line.h"
 #include "cli/commands.h"
-#include "cli/errors.h"
 #include "cli/host.h"
 #include "cli/numbers.h"
 #include "cli/output.h"
@@ -20,15 +20,6 @@
 
 namespace tvx {
 namespace {
-
-MasterGrid ReadModel(const std::string& argument, Host* host) {
-  const std::string path = host->ReadablePath(argument);
-  MasterGrid grid;
-  if (ReadMasterFile(path, &grid, host->files.get()) != MasterFileResult::kDone) {
-    throw Failure{argument, "is no master model file"};
-  }
-  return grid;
-}
 
 const char* Reason(BuildResult result) {
   switch (result) {
@@ -111,8 +102,7 @@ int RunMasterBuild(const Call& call) {
   view.masterDialog.MasterToolDiameter = diameter.value_or(defaults.MasterToolDiameter);
   view.masterDialog.MasterAllowance = allowance.value_or(defaults.MasterAllowance);
   view.masterDialog.MasterTolerance = tolerance.value_or(defaults.MasterTolerance);
-  LoadWholeProgram(file, &view);
-  if (params.Adjusts()) AdjustProgram(file, &view);
+  PrepareProgram(file, params.Adjusts(), &view);
   ShowProgress(file.argument + ": building the model");
   BuildModel(file.argument, &view);
   if (WriteMasterFile(outPath, view.masterGrid, host.files.get()) != MasterFileResult::kDone) {
@@ -127,7 +117,7 @@ int RunMasterDump(const Call& call) {
       "Prints a master model: a line of its fields OriginX OriginY MinZ MaxX MaxY MaxZ ToolSize "
       "CellSize CellCount NX NY ModelBuilt, then of each cell ix, iy, z and angle.");
   Host host(call);
-  const MasterGrid grid = ReadModel(argument, &host);
+  const MasterGrid grid = ReadModel(argument, host);
   Print(HeaderLine(grid));
   for (int32_t iy = 0; iy < grid.NY; ++iy) Print(RowLines(grid, iy));
   return 0;
@@ -149,7 +139,7 @@ int RunMasterLookup(const Call& call) {
   for (const std::string& word : pointWords) points.push_back(ParsePoint(word));
 
   Host host(call);
-  const MasterGrid grid = ReadModel(argument, &host);
+  const MasterGrid grid = ReadModel(argument, host);
   for (const Vec3& point : points) {
     int32_t angle = 0;
     Print(MasterLookup(grid, point, radius, &angle) ? std::to_string(angle) + '\n' : "none\n");
@@ -162,7 +152,7 @@ int RunMasterShow(const Call& call) {
       call, "Prints the moves of the wire picture of a master model, as the command blocks does.");
   Host host(call);
   CTVXView view(&host.app);
-  view.masterGrid = ReadModel(argument, &host);
+  view.masterGrid = ReadModel(argument, host);
   ShowMaster(view.masterGrid, &view.program);
   PrintStore(argument, view.program, LoadResult::kLoaded);
   return 0;

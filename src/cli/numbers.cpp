@@ -5,7 +5,7 @@
 #include <cmath>
 #include <string_view>
 
-#include "cli/errors.h"
+#include "cli/command.h"
 
 namespace tvx {
 namespace {

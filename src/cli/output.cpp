@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "cli/errors.h"
+#include "cli/command.h"
 #include "platform/terminal.h"
 
 namespace tvx {

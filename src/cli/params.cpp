@@ -1,8 +1,10 @@
+// Checks the shared options after the parse and applies them in their fixed order.
+
 #include "cli/params.h"
 
 #include <variant>
 
-#include "cli/errors.h"
+#include "cli/command.h"
 #include "cli/nearest_name.h"
 #include "feed/condition_file.h"
 #include "feed/master_file.h"
@@ -40,13 +42,6 @@ void CheckSetting(const std::string& word) {
   JobRecord scratch;
   if (!SetJobField(&scratch, setting.name, setting.value)) {
     throw WrongCall{"--set " + setting.name + ": '" + setting.value + "' " + WhatFits(*field)};
-  }
-}
-
-void ReadMaster(const std::string& argument, Host* host, CTVXView* view) {
-  const std::string path = host->ReadablePath(argument);
-  if (ReadMasterFile(path, &view->masterGrid, host->files.get()) != MasterFileResult::kDone) {
-    throw Failure{argument, "is no master model file"};
   }
 }
 
@@ -97,9 +92,18 @@ void Params::Apply(Host* host, CTVXView* view) const {
   settings_.Apply(&view->job);
   if (adjusts_) view->job.AfaEnabled = 1;
   if (master_) {
-    ReadMaster(*master_, host, view);
+    view->masterGrid = ReadModel(*master_, *host);
     view->job.AfaByMaster = 1;
   }
+}
+
+MasterGrid ReadModel(const std::string& argument, const Host& host) {
+  MasterGrid grid;
+  if (ReadMasterFile(host.ReadablePath(argument), &grid, host.files.get()) !=
+      MasterFileResult::kDone) {
+    throw Failure{argument, "is no master model file"};
+  }
+  return grid;
 }
 
 JobRecord DefaultRecord(const CTVXApp& app) {

@@ -1,3 +1,4 @@
+// The options on the job record that many commands share.
 #pragma once
 
 #include <optional>
@@ -15,7 +16,7 @@ class FieldSettings {
  public:
   void AddTo(CommandLine* line);
   // Throws WrongCall for a word that is no NAME=VALUE, an unknown field or a value that does not
-  // fit it. Before anything runs: a wrong call leaves no trace.
+  // fit it. Call it before anything runs, so that a wrong call changes nothing.
   void Check() const;
   void Apply(JobRecord* record) const;
 
@@ -27,12 +28,11 @@ class FieldSettings {
 // record of a view.
 class Params {
  public:
-  // `adjusts`: whether the command runs the feed adjustment when neither --afa nor --no-afa is
-  // given.
+  // `adjusts`: whether the command adjusts the feeds without --afa and --no-afa.
   explicit Params(bool adjusts = false) : adjusts_(adjusts) {}
 
   void AddTo(CommandLine* line);
-  // Those of the record alone, --condition and --set, for a job list: its lines decide the rest.
+  // Only --condition and --set, for a job list, whose lines decide the rest.
   void AddRecordOptionsTo(CommandLine* line);
   // After the parse. Throws WrongCall as FieldSettings does.
   void Check();
@@ -50,6 +50,9 @@ class Params {
   bool noAfa_ = false;
   bool adjusts_;
 };
+
+// Reads the master model of an argument. Throws Failure if it is no such file.
+MasterGrid ReadModel(const std::string& argument, const Host& host);
 
 // The defaults of a job record, with the directories of the configuration.
 JobRecord DefaultRecord(const CTVXApp& app);

@@ -3,9 +3,9 @@
 #include <optional>
 #include <string>
 
+#include "cli/command.h"
 #include "cli/command_line.h"
 #include "cli/commands.h"
-#include "cli/errors.h"
 #include "cli/host.h"
 #include "cli/output.h"
 #include "cli/params.h"
@@ -37,8 +37,7 @@ int RunPicture(const Call& call) {
   const std::string outPath = host.DrivePath(*out);
   CTVXView view(&host.app);
   params.Apply(&host, &view);
-  LoadWholeProgram(file, &view);
-  if (params.Adjusts()) AdjustProgram(file, &view);
+  PrepareProgram(file, params.Adjusts(), &view);
   viewOptions.Apply(&view, /*fits=*/true);
   ShowProgress(file.argument + ": drawing");
   const Scene scene{&view.program, &view.job, &view.view};

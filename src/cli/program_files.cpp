@@ -1,10 +1,11 @@
+// Each step shows its progress and leaves the work to shell/program_steps.
+
 #include "cli/program_files.h"
 
 #include "base/path_text.h"
-#include "cli/errors.h"
+#include "cli/command.h"
 #include "cli/output.h"
-#include "shell/program_loading.h"
-#include "stats/cut_time.h"
+#include "shell/program_steps.h"
 
 namespace tvx {
 
@@ -18,28 +19,32 @@ std::vector<ProgramFile> FindProgramFiles(const Host& host,
   return files;
 }
 
-LoadResult LoadProgram(const ProgramFile& file, CTVXView* view) {
+LoadResult LoadProgramFile(const ProgramFile& file, CTVXView* view) {
   ShowProgress(file.argument + ": reading");
   view->fileName = NameOfPath(file.path, "\\/:");
-  return LoadIntoView(view, file.path);
+  return LoadFile(ProgramContextOf(view), file.path);
 }
 
 void LoadWholeProgram(const ProgramFile& file, CTVXView* view) {
-  if (LoadProgram(file, view) != LoadResult::kLoaded)
+  if (LoadProgramFile(file, view) != LoadResult::kLoaded)
     throw Failure{file.argument, "does not fit into the store"};
 }
 
 void AdjustProgram(const ProgramFile& file, CTVXView* view, const FeedTrace& trace) {
   ShowProgress(file.argument + ": adjusting the feeds");
-  FeedPass(&view->program, view->job, &view->masterGrid, &view->app->feedPassMemory, trace);
+  AdjustFeeds(ProgramContextOf(view), trace);
+}
+
+void PrepareProgram(const ProgramFile& file, bool adjusts, CTVXView* view) {
+  LoadWholeProgram(file, view);
+  if (adjusts) AdjustProgram(file, view);
 }
 
 const CutTimeEntry& CountProgram(const ProgramFile& file, CTVXView* view) {
   ShowProgress(file.argument + ": working out the times");
-  CutTimeEntry* result = &view->fileInfo.current;
-  ComputeCutTime(&view->program.store, view->job, result);
-  result->fileName = view->fileName;
-  return *result;
+  CountTimes(ProgramContextOf(view));
+  view->fileInfo.current.fileName = view->fileName;
+  return view->fileInfo.current;
 }
 
 }  // namespace tvx

@@ -1,3 +1,4 @@
+// The programs named on the command line, and the steps of each with its progress on the terminal.
 #pragma once
 
 #include <string>
@@ -16,21 +17,24 @@ struct ProgramFile {
   std::string path;      // drive path
 };
 
-// The files behind the arguments. Throws Failure for the first that cannot be read: a batch with a
-// bad name stops before anything is printed, and no missing file is ever created.
+// The files of the arguments. Throws Failure for the first one that cannot be read, so that a batch
+// with a wrong name stops before it prints anything, and no missing file is created.
 std::vector<ProgramFile> FindProgramFiles(const Host& host,
                                           const std::vector<std::string>& arguments);
 
-// Loads a program into the view's store. Returns what the load returned.
-LoadResult LoadProgram(const ProgramFile& file, CTVXView* view);
+// Loads a program into the view.
+LoadResult LoadProgramFile(const ProgramFile& file, CTVXView* view);
 
-// The same where a program that was read in part is of no use. Throws Failure.
+// Loads a program of which a part is of no use. Throws Failure if it does not fit into the store.
 void LoadWholeProgram(const ProgramFile& file, CTVXView* view);
 
-// Runs the feed adjustment over the program of the view; the trace is told what it does.
+// Adjusts the feeds of the program in the view; the trace receives each change.
 void AdjustProgram(const ProgramFile& file, CTVXView* view, const FeedTrace& trace = {});
 
-// Works out the figures of the program into the view's current result and returns them.
+// Loads a whole program and adjusts its feeds if `adjusts`.
+void PrepareProgram(const ProgramFile& file, bool adjusts, CTVXView* view);
+
+// Computes the figures of the program into the view's current result and returns them.
 const CutTimeEntry& CountProgram(const ProgramFile& file, CTVXView* view);
 
 }  // namespace tvx

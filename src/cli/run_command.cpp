@@ -8,9 +8,9 @@
 #include "base/format.h"
 #include "base/scan.h"
 #include "base/text.h"
+#include "cli/command.h"
 #include "cli/command_line.h"
 #include "cli/commands.h"
-#include "cli/errors.h"
 #include "cli/host.h"
 #include "cli/json.h"
 #include "cli/output.h"
@@ -30,26 +30,24 @@ namespace {
 constexpr int32_t kPictureWidth = 800;
 constexpr int32_t kPictureHeight = 600;
 
-// Reports what goes wrong and goes on. A file that is missing is never created here.
+// Prints what fails. A missing file is not created.
 class RunReport final : public RunObserver {
  public:
-  explicit RunReport(Host* host) : host_(host) {}
+  explicit RunReport(const Host& host) : host_(host) {}
 
   void OnEntry(size_t index, size_t count, const std::string& name) override {
     ShowProgress(Format("%zu/%zu %s", index + 1, count, name.c_str()));
   }
-  bool MayLoad(const std::string& path) override { return ReadProblem(*host_, path) == nullptr; }
-  void OnLoadFailed(const std::string& path) override {
-    const char* const problem = ReadProblem(*host_, path);
+  bool MayLoad(const std::string& path) override { return ReadProblem(host_, path) == nullptr; }
+  void OnLoadFailed(const std::string& path, LoadResult /*result*/) override {
+    const char* const problem = ReadProblem(host_, path);
     Report(path, problem != nullptr ? problem : "does not fit into the store");
   }
-  void OnMasterFailed(const std::string& path) override {
+  void OnMasterFailed(const std::string& path, const MasterOutcome& /*outcome*/) override {
     Report(path, "the master model cannot be read, built or written");
   }
 
   void Report(const std::string& path, const std::string& reason) {
-    // In place of the program's own message, which does not name the file.
-    host_->ui.DropMessage();
     PrintRemark(path + ": " + reason);
     failed_ = true;
   }
@@ -57,11 +55,11 @@ class RunReport final : public RunObserver {
   bool failed() const { return failed_; }
 
  private:
-  Host* host_;
+  const Host& host_;
   bool failed_ = false;
 };
 
-// A .mcf list comes back with the drive that it lies on; any other list stands as it is.
+// The lines of a .mcf list get the drive of the list file; those of any other list do not change.
 JobList ReadList(const Host& host, const std::string& drivePath, const std::string& argument,
                  RunReport* report) {
   std::string bytes;
@@ -80,7 +78,7 @@ JobList ReadList(const Host& host, const std::string& drivePath, const std::stri
   return list;
 }
 
-// The list enters the working record as an accepted job dialog leaves it there.
+// Puts the list into the working record, as an accepted job dialog does.
 void AcceptList(const JobList& list, bool pictures, CTVXView* view) {
   JobRecord& job = view->job;
   job.KeyCodeOn = job.KeyCodeCount = job.RestartOn = job.FirstEditable = 0;
@@ -149,7 +147,7 @@ void WriteOutput(const Host& host, const std::optional<std::string>& argument,
   if (!write(path)) throw Failure{*argument, WriteProblem(host, path)};
 }
 
-// Returns false if a file could not be copied, which stops nothing.
+// Returns false if a file could not be copied.
 bool ReportFailedCopies(const std::vector<FailedCopy>& failed) {
   for (const FailedCopy& copy : failed) {
     PrintRemark(copy.source + ": cannot be copied to " + copy.destination);
@@ -166,8 +164,8 @@ void WriteSheet(const std::string& argument, const Host& host, ResultTable* resu
   }
 }
 
-// The spreadsheet comes last, since it cuts the figures of the results down. Returns false if a
-// part of it failed and the rest was done.
+// Writes the spreadsheet last, since it rounds the figures of the results. Returns false if files
+// of the list could not be copied; everything else was done.
 bool WriteOutputs(const Outputs& outputs, const Host& host, ResultTable* results) {
   Files* const files = host.files.get();
   std::vector<FailedCopy> failed;
@@ -206,7 +204,7 @@ int RunJobs(const Call& call) {
   if (json && information) throw WrongCall{"--json and --info exclude each other"};
 
   Host host(call);
-  RunReport report(&host);
+  RunReport report(host);
   const JobList list = ReadList(host, host.ReadablePath(argument), argument, &report);
   CTVXView view(&host.app);
   params.Apply(&host, &view);

@@ -1,6 +1,6 @@
 #include "cli/view_options.h"
 
-#include "cli/errors.h"
+#include "cli/command.h"
 #include "cli/numbers.h"
 #include "view/view_transform.h"
 

@@ -1,3 +1,4 @@
+// The application: what all windows share.
 #pragma once
 
 #include <array>
@@ -19,15 +20,15 @@
 
 namespace tvx {
 
-// The application object, one per process: everything that the windows share.
+// One per process.
 class CTVXApp {
  public:
   // All outlive the application.
   CTVXApp(Files* files, UserInterface* ui, Programs* programs = NoPrograms(),
           Spreadsheets* spreadsheets = NoSpreadsheets());
 
-  // The start of the program: sets the language of the labels, then reads configuration, lists and
-  // user keys in their order. Files that are missing are no failure. Returns 1.
+  // Starts the program: sets the language of the labels, then reads the configuration, the lists
+  // and the user keys in this order. A missing file is no failure. Returns 1.
   int InitApplication(int32_t language = kKoreanLabels);
 
   Files* const files;
@@ -39,17 +40,17 @@ class CTVXApp {
   std::vector<std::string> ExtensionList;
   std::vector<std::string> DirectoryList;
   std::vector<std::string> UserKeys = std::vector<std::string>(kUserKeyElements);
-  // Exchange places between a view and the job dialog; slot 1 is the one in use.
+  // Records that a view and the job dialog exchange; only kJobSlot is used.
   std::array<JobRecord, 17> JobSlots;
-  // Modal state of the parser: what one file leaves, the next one starts with, in any window.
+  // Modal state of the parser: each file starts with the state that the last one left, whatever
+  // window it is loaded in.
   ParserStates parserStates;
-  // What one feed pass leaves for the next, in any window.
+  // State that one feed pass leaves for the next, in any window.
   FeedPassMemory feedPassMemory;
-  // The spindle speed, rev/min, that the job dialog opens with: that of the default condition file
-  // until a job dialog is accepted.
+  // The spindle speed, rev/min, that the job dialog opens with: the one in the default condition
+  // file until a job dialog is accepted.
   int32_t rememberedSpindle = 1000;
-  // The send options of the command of a single cut time: one object for the whole run, whatever
-  // window it is used in.
+  // The send options of the command of a single cut time; all windows use the same object.
   CSendOptionDlg sendOptions;
 };
 

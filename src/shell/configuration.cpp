@@ -1,7 +1,10 @@
+// Reads and writes tvx.cfg by the table kFields.
+
 #include "shell/configuration.h"
 
 #include "base/scan.h"
 #include "base/text.h"
+#include "shell/messages.h"
 #include "shell/short_text.h"
 
 namespace tvx {
@@ -54,30 +57,29 @@ std::span<const ConfigurationField> ConfigurationFields() {
   return kFields;
 }
 
-void ReadConfiguration(Configuration* configuration, Files* files) {
+bool ReadConfiguration(Configuration* configuration, Files* files) {
   *configuration = {};
   std::string bytes;
   if (ReadWholeFile(files, ConfigurationPath(*configuration), &bytes)) {
     TakePairs(bytes, configuration);
-    return;
+    return true;
   }
   for (const ConfigurationField& field : kFields) configuration->*field.value = field.initial;
   WriteWholeFile(files, ConfigurationPath(*configuration),
                  EncodeCp949(FirstStartText(*configuration)));
+  return false;
 }
 
-bool SaveConfiguration(const Configuration& configuration, Files* files, UserInterface* ui) {
-  const std::string bytes = EncodeCp949(SavedText(configuration));
-  if (WriteWholeFile(files, ConfigurationPath(configuration), bytes)) return true;
-  ui->ShowMessage({.text = "화일을 열수 없읍니다.\n"});
-  return false;
+bool SaveConfiguration(const Configuration& configuration, Files* files) {
+  return WriteWholeFile(files, ConfigurationPath(configuration),
+                        EncodeCp949(SavedText(configuration)));
 }
 
 void EditConfiguration(Configuration* configuration, Files* files, UserInterface* ui) {
   CDirSetupDlg dialog;
   dialog.values = *configuration;
   if (!ui->RunModal(&dialog)) return;
-  SaveConfiguration(dialog.values, files, ui);
+  if (!SaveConfiguration(dialog.values, files)) ShowCannotOpen(ui);
   *configuration = dialog.values;
 }
 

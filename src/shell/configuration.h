@@ -1,3 +1,4 @@
+// The configuration: the directories of all other files, and the editor.
 #pragma once
 
 #include <span>
@@ -9,8 +10,8 @@
 
 namespace tvx {
 
-// The directories in which everything else lies, and the editor. Program-wide; kept in tvx.cfg in
-// the Windows directory (docs/formats/configuration.md).
+// One for the whole program, stored in tvx.cfg in the Windows directory
+// (docs/formats/configuration.md).
 struct Configuration {
   std::string EnvDir;   // parameter file, lists, user keys, and afa\tvx.afa
   std::string WorkDir;  // NC files; copied into the job record when a view is built
@@ -19,8 +20,8 @@ struct Configuration {
   std::string WindowsDir = kWindowsDirectory;
 };
 
-// One value of the configuration: its key in the file, its label in the dialog, its value when
-// there is no file yet.
+// One value of the configuration: its key in the file, its label in the dialog, and its value
+// without a file.
 struct ConfigurationField {
   const char* key;
   const char* label;
@@ -31,15 +32,15 @@ struct ConfigurationField {
 // The four values in the order of the file and of the dialog.
 std::span<const ConfigurationField> ConfigurationFields();
 
-// Reads the configuration. A key that the file does not hold leaves its value empty. If there is no
-// file, the initial values stand and the file is created with them; nothing is said if that fails.
-void ReadConfiguration(Configuration* configuration, Files* files);
+// Reads the configuration. A key that is missing in the file leaves its value empty. Returns false
+// if there is no file: the values are then the initial ones and the file is created with them,
+// which may fail.
+bool ReadConfiguration(Configuration* configuration, Files* files);
 
-// Creates or replaces the file. If that fails the user gets a message, an older file stays as it
-// was and the result is false.
-bool SaveConfiguration(const Configuration& configuration, Files* files, UserInterface* ui);
+// Creates or replaces the file. Returns false, with an older file as it was, if that fails.
+bool SaveConfiguration(const Configuration& configuration, Files* files);
 
-// The settings dialog: works on its own copy. Its accepting button saves; no value is checked.
+// The settings dialog, on a copy of the configuration. No value is checked.
 class CDirSetupDlg : public Dialog {
  public:
   static constexpr char kTitle[] = "환경설정";
@@ -49,8 +50,8 @@ class CDirSetupDlg : public Dialog {
   Configuration values;
 };
 
-// The command "환경설정": runs the dialog and, when accepted, saves its values and takes them over,
-// also when they could not be saved. What was read before is not read anew.
+// The command "환경설정": runs the dialog. If it is accepted, its values become the configuration
+// and are saved; a failed save shows a message. Files that were read before are not read again.
 void EditConfiguration(Configuration* configuration, Files* files, UserInterface* ui);
 
 }  // namespace tvx

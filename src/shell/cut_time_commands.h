@@ -1,20 +1,23 @@
+// The command of a single cut time, and the recording of a result.
 #pragma once
 
-#include <cstdint>
-
+#include "model/result_entry.h"
+#include "platform/files.h"
 #include "shell/tvx_view.h"
+#include "stats/result_table.h"
+#include "view/path_drawing.h"
 
 namespace tvx {
 
-// Appends the current result to the result table of the view, and writes its picture into the
-// current directory if the working record says so. The picture's name stands in the entry also when
-// the picture could not be written. A full table records nothing and writes no picture, and the
-// status line says so. Returns the number of entries, one more than before if it was recorded.
-int32_t RecordResultEntry(CTVXView* view);
+// Appends a result to the table and, if MetafileCreateChk of the scene's job record is 1, writes
+// the picture of the scene into the current directory. The entry has the picture's name even if the
+// picture cannot be written. Returns false for a full table, and then neither records nor draws.
+bool RecordResultEntry(const CutTimeEntry& result, const Scene& scene, Files* files,
+                       ResultTable* results);
 
-// The command "Single Afa Cut Time": the road of the loaded program from the send options through
-// the feed adjustment and the figures to a recorded result. The user can stop before the adjustment
-// and before the recording.
+// The command "Single Afa Cut Time": takes the loaded program through the send options, the feed
+// adjustment, the figures and the recording. The user can stop it before the adjustment and before
+// the recording.
 void SingleCutTimeCommand(CTVXView* view);
 
 }  // namespace tvx

@@ -1,12 +1,13 @@
+// A run reads an entry's options from its line, and then works like the command of a single cut
+// time without its dialogs.
+
 #include "shell/job_list_run.h"
 
-#include "feed/feed_pass.h"
 #include "jobs/option_line.h"
 #include "shell/cut_time_commands.h"
 #include "shell/master_commands.h"
-#include "shell/program_loading.h"
-#include "stats/cut_time.h"
-#include "view/view_transform.h"
+#include "shell/messages.h"
+#include "shell/program_steps.h"
 
 namespace tvx {
 
@@ -17,18 +18,42 @@ constexpr char kTransferWindow[] = "TRNW";
 constexpr char kMasterEnding[] = ".mma";
 constexpr int32_t kDefaultSpindle = 1000;  // 1/min
 
+// The messages of a run in a window.
+class RunMessages final : public RunObserver {
+ public:
+  explicit RunMessages(UserInterface* ui) : ui_(ui) {}
+
+  void OnLoadFailed(const std::string& /*path*/, LoadResult result) override {
+    ShowFailure(result, ui_);
+  }
+  void OnMasterFailed(const std::string& /*path*/, const MasterOutcome& outcome) override {
+    ShowFailure(outcome.load, ui_);
+    ShowFailure(outcome.build, ui_);
+    ShowFailure(outcome.file, ui_);
+  }
+  void OnTableFull() override { ShowTableFull(ui_); }
+
+ private:
+  UserInterface* ui_;
+};
+
 size_t EntryCount(const JobRecord& job) {
   size_t count = 0;
   while (count < job.FileNames.size() && !job.FileNames[count].empty()) ++count;
   return count;
 }
 
-bool Load(CTVXView* view, const std::string& path, RunObserver* observer) {
-  if (!observer->MayLoad(path)) {
-    EmptyProgram(&view->program);
-    return false;
-  }
-  return LoadIntoView(view, path) == LoadResult::kLoaded;
+LoadResult LoadIfAllowed(const std::string& path, const ProgramContext& context,
+                         RunObserver* observer) {
+  if (observer->MayLoad(path)) return LoadFile(context, path);
+  EmptyProgram(context.program);
+  return LoadResult::kCannotOpen;
+}
+
+// An entry without a model leaves the last one in memory, for the entry after it.
+bool NeedsMaster(const JobRecord& job, const std::string& lastMaster) {
+  return job.AfaByMaster == 1 && NamesMasterFile(job.AfaMasterFile) &&
+         job.AfaMasterFile != lastMaster;
 }
 
 // The NC file that a missing model is built from: the model's path up to its first ending.
@@ -36,61 +61,69 @@ std::string ProgramOfMaster(const std::string& masterPath) {
   return masterPath.substr(0, masterPath.find(kMasterEnding));
 }
 
-// The model of an entry: read, or built from its NC file and written. Returns false if there is
-// none afterwards.
-bool BringMaster(CTVXView* view, const std::string& masterPath, RunObserver* observer) {
-  const MasterContext context = MasterContextOf(view);
-  DropMaster(context.grid);
-  if (context.files->Exists(masterPath)) return ReadMaster(masterPath, context);
-  if (!Load(view, ProgramOfMaster(masterPath), observer)) return false;
-  if (BuildAndShowMaster(context) != BuildResult::kBuilt) return false;
-  return WriteMaster(masterPath, context);
+MasterOutcome BringMaster(const std::string& masterPath, const MasterContext& master,
+                          const ProgramContext& program, RunObserver* observer) {
+  DropMaster(master.grid);
+  if (master.files->Exists(masterPath)) {
+    return {.file = ReadMasterFile(masterPath, master.grid, master.files)};
+  }
+  MasterOutcome outcome;
+  outcome.load = LoadIfAllowed(ProgramOfMaster(masterPath), program, observer);
+  if (outcome.Succeeded()) outcome.build = BuildAndShowMaster(master);
+  if (outcome.Succeeded()) outcome.file = WriteMasterFile(masterPath, *master.grid, master.files);
+  return outcome;
 }
 
-// A negative speed comes from the condition file only.
+// Everything that happens to one entry, from its line to its result.
+void RunEntry(const std::string& name, const std::string& line, CTVXView* view,
+              std::string* lastMaster, RunObserver* observer) {
+  const ProgramContext context = ProgramContextOf(view);
+  JobRecord& job = view->job;
+
+  ParseOptionLine(&job, line, view->transferDialog.LastLineFile());
+  std::string directory;
+  LineDirectory(line, &directory);
+  const std::string path = directory + "\\" + name;
+
+  if (NeedsMaster(job, *lastMaster)) {
+    *lastMaster = job.AfaMasterFile;
+    const MasterOutcome outcome =
+        BringMaster(*lastMaster, MasterContextOf(view), context, observer);
+    if (!outcome.Succeeded()) observer->OnMasterFailed(*lastMaster, outcome);
+  }
+
+  const LoadResult loaded = LoadIfAllowed(path, context, observer);
+  if (loaded != LoadResult::kLoaded) observer->OnLoadFailed(path, loaded);
+
+  AdjustFitCount(context, job.AfaEnabled == 1);
+
+  CutTimeEntry& result = *context.current;
+  result.fileName = name;
+  result.optionLine = line;
+  result.dirName = directory;
+  if (!RecordResultEntry(result, SceneOf(view), view->app->files, &view->results)) {
+    observer->OnTableFull();
+  }
+}
+
+// A negative speed comes from a condition file.
 int32_t SpindleSpeedOf(const CTVXApp& app) {
   return app.rememberedSpindle < 0 ? kDefaultSpindle : app.rememberedSpindle;
 }
 
-void RunEntry(CTVXView* view, size_t index, std::string* lastMaster, RunObserver* observer) {
-  const std::string line = view->job.OptionLines[index];
-  ParseOptionLine(&view->job, line, view->transferDialog.LastLineFile());
-  std::string directory;
-  LineDirectory(line, &directory);
-  const std::string name = view->job.FileNames[index];
-  const std::string path = directory + "\\" + name;
-
-  const std::string& master = view->job.AfaMasterFile;
-  if (view->job.AfaByMaster == 1 && NamesMasterFile(master) && master != *lastMaster) {
-    if (!BringMaster(view, master, observer)) observer->OnMasterFailed(master);
-    *lastMaster = master;
-  }
-  if (!Load(view, path, observer)) observer->OnLoadFailed(path);
-  if (view->job.AfaEnabled == 1) {
-    FeedPass(&view->program, view->job, &view->masterGrid, &view->app->feedPassMemory);
-  }
-  FitToPath(&view->view.transform, &view->program.store);
-  view->app->ui->Repaint();
-  CutTimeEntry& current = view->fileInfo.current;
-  ComputeCutTime(&view->program.store, view->job, &current);
-  current.fileName = name;
-  current.optionLine = line;
-  current.dirName = directory;
-  RecordResultEntry(view);
-}
-
 }  // namespace
 
-void RunJobList(CTVXView* view, RunObserver* observer) {
+void RunJobList(CTVXView* view) {
   CTVXApp* const app = view->app;
+  JobRecord* const slot = &app->JobSlots[kJobSlot];
   CTransferDlg& dialog = view->transferDialog;
   view->job.KeyCodeOn = view->job.KeyCodeCount = view->job.FirstEditable = 0;
-  CopyJobRecord(kJobSlot, &app->JobSlots[kJobSlot], view->job);
+  CopyJobRecord(kJobSlot, slot, view->job);
   if (app->programs->HasWindowOfClass(kTransferWindow)) {
     app->programs->Quit();
     return;
   }
-  dialog.Open({.slot = &app->JobSlots[kJobSlot],
+  dialog.Open({.slot = slot,
                .working = &view->job,
                .environmentDir = app->configuration.EnvDir,
                .editor = app->configuration.Editor,
@@ -100,18 +133,18 @@ void RunJobList(CTVXView* view, RunObserver* observer) {
   if (!app->ui->RunModal(&dialog)) return;
 
   app->rememberedSpindle = dialog.SpindleSpeed();
-  CopyJobRecord(kJobSlot, &view->job, app->JobSlots[kJobSlot]);
-  RunAcceptedList(view, observer);
+  CopyJobRecord(kJobSlot, &view->job, *slot);
+  RunMessages messages(app->ui);
+  RunAcceptedList(view, &messages);
 }
 
 void RunAcceptedList(CTVXView* view, RunObserver* observer) {
-  RunObserver nobody;
-  if (observer == nullptr) observer = &nobody;
-  const size_t count = EntryCount(view->job);
+  const JobRecord& job = view->job;
+  const size_t count = EntryCount(job);
   std::string lastMaster;
   for (size_t i = 0; i < count; ++i) {
-    observer->OnEntry(i, count, view->job.FileNames[i]);
-    RunEntry(view, i, &lastMaster, observer);
+    observer->OnEntry(i, count, job.FileNames[i]);
+    RunEntry(job.FileNames[i], job.OptionLines[i], view, &lastMaster, observer);
   }
 }
 

@@ -1,30 +1,52 @@
+// The run over a job list: the command of the window, and the loop behind it that the tool uses
+// too.
 #pragma once
 
+#include <string>
+
+#include "feed/master_build.h"
+#include "feed/master_file.h"
+#include "model/loader.h"
 #include "shell/tvx_view.h"
 
 namespace tvx {
 
-// What a run tells of itself while it goes on; the command-line tool listens.
+// The master model of an entry is read from its file, or built from an NC file and written. The
+// first step that fails ends this.
+struct MasterOutcome {
+  LoadResult load = LoadResult::kLoaded;
+  BuildResult build = BuildResult::kBuilt;
+  MasterFileResult file = MasterFileResult::kDone;
+
+  bool Succeeded() const {
+    return load == LoadResult::kLoaded && build == BuildResult::kBuilt &&
+           file == MasterFileResult::kDone;
+  }
+};
+
+// Callbacks of a run. None of them stops it.
 class RunObserver {
  public:
   virtual ~RunObserver() = default;
-  // Before an entry of `count` is handled.
-  virtual void OnEntry(size_t /*index*/, size_t /*count*/, const std::string& /*path*/) {}
-  // False if a file is not to be loaded, as if it could not be opened: the loader would create one
-  // that does not exist.
+  // Before an entry of `count` is processed.
+  virtual void OnEntry(size_t /*index*/, size_t /*count*/, const std::string& /*name*/) {}
+  // Returns false for a file that must not be loaded; it then counts as one that cannot be opened.
+  // The loader would create a file that does not exist.
   virtual bool MayLoad(const std::string& /*path*/) { return true; }
-  // A file of the list that could not be loaded; it is recorded with what the store holds.
-  virtual void OnLoadFailed(const std::string& /*path*/) {}
-  // A master model that could not be read, built or written. A built one is in use all the same.
-  virtual void OnMasterFailed(const std::string& /*path*/) {}
+  // A file of the list could not be loaded. The entry is recorded with the moves in the store.
+  virtual void OnLoadFailed(const std::string& /*path*/, LoadResult /*result*/) {}
+  // A master model could not be read, built or written. One that was built is used all the same.
+  virtual void OnMasterFailed(const std::string& /*path*/, const MasterOutcome& /*outcome*/) {}
+  // An entry could not be recorded.
+  virtual void OnTableFull() {}
 };
 
-// The command "다중 Afa Cut Time": shows the job dialog and takes every file of the accepted list
-// through master model, load, adjustment, fit, figures and recording, each with its own options.
-// While the transfer program is running, TVX ends instead.
-void RunJobList(CTVXView* view, RunObserver* observer = nullptr);
+// The command "다중 Afa Cut Time": shows the job dialog and runs the accepted list; failures show
+// their messages. If the transfer program is running, TVX quits instead.
+void RunJobList(CTVXView* view);
 
-// The part of it behind the dialog: runs the list of the working record.
+// Runs the list in the working record: each entry takes its options from its own line, and is
+// loaded, adjusted if they say so, counted and recorded.
 void RunAcceptedList(CTVXView* view, RunObserver* observer);
 
 }  // namespace tvx

@@ -1,3 +1,5 @@
+// Reads and writes the extension list and the directory list, and edits the latter.
+
 #include "shell/lists.h"
 
 #include <algorithm>
@@ -5,20 +7,21 @@
 #include "base/path_text.h"
 #include "base/scan.h"
 #include "base/text.h"
+#include "shell/messages.h"
 #include "shell/short_text.h"
 
 namespace tvx {
 
 namespace {
 
-// "*.ppp" stands there twice, as the job dialog has always offered it.
+// The job dialog has always offered "*.ppp" twice.
 const char* const kStandardMasks[] = {"*.*", "*.nc", "*.hnc", "*.ppp", "*.ppp", "*.tap", "*.tif"};
 
 std::string DirectoryListPath(const std::string& environmentDir) {
   return environmentDir + "\\dirlist.txt";
 }
 
-// Words go into the elements from 0 on; those beyond the last element are left unread.
+// Fills the elements from 0 on; words beyond the last element are not read.
 bool ReadWordList(const std::string& path, std::vector<std::string>* list, Files* files) {
   std::string bytes;
   if (!ReadWholeFile(files, path, &bytes)) return false;
@@ -37,27 +40,26 @@ std::vector<std::string> NotEmpty(const std::vector<std::string>& lines) {
 }
 
 bool SaveDirectoryList(const std::string& environmentDir, const std::vector<std::string>& lines,
-                       Files* files, UserInterface* ui) {
+                       Files* files) {
   std::string text;
   for (const std::string& line : lines) text += line + "\r\n";
-  if (WriteWholeFile(files, DirectoryListPath(environmentDir), EncodeCp949(text))) return true;
-  ui->ShowMessage({.text = "화일을 열수 없읍니다.\n"});
-  return false;
+  return WriteWholeFile(files, DirectoryListPath(environmentDir), EncodeCp949(text));
 }
 
 }  // namespace
 
-void ReadExtensionList(const std::string& environmentDir, std::vector<std::string>* list,
+bool ReadExtensionList(const std::string& environmentDir, std::vector<std::string>* list,
                        Files* files) {
   list->resize(kExtensions);
-  if (ReadWordList(environmentDir + "\\fileext.txt", list, files)) return;
+  if (ReadWordList(environmentDir + "\\fileext.txt", list, files)) return true;
   std::copy(std::begin(kStandardMasks), std::end(kStandardMasks), list->begin());
+  return false;
 }
 
-void ReadDirectoryList(const std::string& environmentDir, std::vector<std::string>* list,
+bool ReadDirectoryList(const std::string& environmentDir, std::vector<std::string>* list,
                        Files* files) {
   list->resize(kDirectories);
-  ReadWordList(DirectoryListPath(environmentDir), list, files);
+  return ReadWordList(DirectoryListPath(environmentDir), list, files);
 }
 
 std::vector<std::string> ListEntries(const std::vector<std::string>& list) {
@@ -97,8 +99,11 @@ void EditDirectoryList(const std::string& environmentDir, std::vector<std::strin
   CDirListDlg dialog(ui);
   dialog.lines = NotEmpty(*list);
   if (!ui->RunModal(&dialog)) return;
-  if (!SaveDirectoryList(environmentDir, dialog.lines, files, ui)) return;
-  // A line that was changed to nothing is no entry: it would end the list in front of the others.
+  if (!SaveDirectoryList(environmentDir, dialog.lines, files)) {
+    ShowCannotOpen(ui);
+    return;
+  }
+  // An empty line is no entry: it would end the list before the others.
   *list = NotEmpty(dialog.lines);
   list->resize(kDirectories);
 }

@@ -1,3 +1,6 @@
+// Two program-wide lists of short strings, each read from a text file of words in the environment
+// directory (docs/formats/lists.md): the file masks that the job dialog offers, and directories
+// that the user keeps. Entries fill the elements from 0 on; the first empty element ends a list.
 #pragma once
 
 #include <cstddef>
@@ -9,21 +12,18 @@
 
 namespace tvx {
 
-// Two program-wide lists of short strings, each from a text file of words in the environment
-// directory (docs/formats/lists.md): the file masks that the job dialog offers, and directories
-// that the user keeps. Entries fill the elements from 0 on; the first empty element ends a list.
-
 inline constexpr size_t kExtensions = 100;
 inline constexpr size_t kDirectories = 500;
 
-// Reads fileext.txt over the list, which gets kExtensions elements; without the file the seven
-// standard masks. No element is cleared first, so the tail of a longer list stays.
-void ReadExtensionList(const std::string& environmentDir, std::vector<std::string>* list,
+// Reads fileext.txt over the list, which gets kExtensions elements. No element is cleared first, so
+// the tail of a longer list stays. Returns false if the file cannot be read; the list then starts
+// with the seven standard masks.
+bool ReadExtensionList(const std::string& environmentDir, std::vector<std::string>* list,
                        Files* files);
 
-// Reads dirlist.txt over the list, which gets kDirectories elements; without the file they stay as
-// they are.
-void ReadDirectoryList(const std::string& environmentDir, std::vector<std::string>* list,
+// Reads dirlist.txt over the list, which gets kDirectories elements. Returns false, with the
+// elements as they were, if the file cannot be read.
+bool ReadDirectoryList(const std::string& environmentDir, std::vector<std::string>* list,
                        Files* files);
 
 // The entries of a list, up to its first empty element.
@@ -37,18 +37,17 @@ class CTextInputDlg : public Dialog {
   std::string text;
 };
 
-// The directory list dialog: a list box over the dialog's own copy of the list. Its accepting
-// button is "저장", its other one "취소".
+// The directory list dialog: a list box on a copy of the list. "저장" accepts, "취소" cancels.
 class CDirListDlg : public Dialog {
  public:
   static constexpr char kTitle[] = "디렉토리 리스트";
 
   explicit CDirListDlg(UserInterface* ui) : ui_(ui) {}
 
-  // "추가": the user picks any file of the wanted directory, which is added at the end. A list of
-  // kDirectories lines takes no more.
+  // "추가": adds the directory of a file that the user chooses. A list of kDirectories lines is
+  // full.
   void Add();
-  // "삭제": the selected line leaves the list box.
+  // "삭제": removes the selected line.
   void Delete();
   // "수정": the user edits the selected line.
   void Change();
@@ -64,8 +63,8 @@ class CDirListDlg : public Dialog {
   UserInterface* ui_;
 };
 
-// The command "디렉토리 리스트": runs the dialog. When accepted, the lines are saved in dirlist.txt
-// and become the list; if they cannot be saved the user gets a message, and the list and an older
+// The command "디렉토리 리스트": runs the dialog. If it is accepted, its lines are saved in
+// dirlist.txt and become the list. If the save fails, a message is shown, and the list and an older
 // file stay as they were.
 void EditDirectoryList(const std::string& environmentDir, std::vector<std::string>* list,
                        Files* files, UserInterface* ui);

@@ -3,6 +3,7 @@
 
 #include "feed/master_file.h"
 #include "feed/master_picture.h"
+#include "shell/messages.h"
 #include "shell/tvx_view.h"
 
 namespace tvx {
@@ -35,28 +36,6 @@ const char* RefusalText(BuildResult result) {
   return nullptr;
 }
 
-void ShowNoMemory(UserInterface* ui) {
-  ui->ShowMessage({.text = "Memory를 할당할 수 없습니다!!!", .caption = " Message"});
-}
-
-bool ShowFailure(MasterFileResult result, UserInterface* ui) {
-  switch (result) {
-    case MasterFileResult::kDone:
-      return true;
-    case MasterFileResult::kNoModel:
-      break;
-    case MasterFileResult::kNoMemory:
-      ShowNoMemory(ui);
-      break;
-    case MasterFileResult::kCannotOpen:
-    case MasterFileResult::kNoMasterFile:
-    case MasterFileResult::kCannotWrite:
-      ui->ShowMessage({.text = "화일을 열수 없습니다.\n", .caption = "Error message"});
-      break;
-  }
-  return false;
-}
-
 // The picture of the model is in the store.
 void ShowWithoutRapids(const MasterContext& context) {
   *context.RapidVisible = 0;
@@ -72,28 +51,17 @@ MasterContext MasterContextOf(CTVXView* view) {
 
 BuildResult BuildAndShowMaster(const MasterContext& context) {
   const BuildResult result = BuildMaster(*context.dialog, context.program, context.grid);
-  if (result == BuildResult::kBuilt) {
-    ShowWithoutRapids(context);
-  } else if (result == BuildResult::kNoMemory) {
-    ShowNoMemory(context.ui);
-    context.ui->ShowStatus("프로그램을 다시 불러와야 합니다.");
-  }
+  if (result == BuildResult::kBuilt) ShowWithoutRapids(context);
   return result;
-}
-
-bool ReadMaster(const std::string& path, const MasterContext& context) {
-  return ShowFailure(ReadMasterFile(path, context.grid, context.files), context.ui);
-}
-
-bool WriteMaster(const std::string& path, const MasterContext& context) {
-  return ShowFailure(WriteMasterFile(path, *context.grid, context.files), context.ui);
 }
 
 void MakeMasterCommand(const MasterContext& context) {
   CMasterDlg edited = *context.dialog;
   if (!context.ui->RunModal(&edited)) return;
   *context.dialog = edited;
-  const char* const refusal = RefusalText(BuildAndShowMaster(context));
+  const BuildResult result = BuildAndShowMaster(context);
+  ShowFailure(result, context.ui);
+  const char* const refusal = RefusalText(result);
   if (refusal != nullptr) context.ui->ShowStatus(refusal);
 }
 
@@ -109,14 +77,16 @@ void SaveMasterCommand(const MasterContext& context) {
   std::string path;
   if (!ChooseMasterFile(context, true, &path)) return;
   if (context.grid->Cells.Empty()) context.ui->ShowStatus("저장할 마스터 모델이 없습니다.");
-  WriteMaster(path, context);
+  ShowFailure(WriteMasterFile(path, *context.grid, context.files), context.ui);
 }
 
 void LoadMasterCommand(const MasterContext& context) {
   std::string path;
   if (!ChooseMasterFile(context, false, &path)) return;
   DropMaster(context.grid);
-  if (!ReadMaster(path, context)) return;
+  const MasterFileResult result = ReadMasterFile(path, context.grid, context.files);
+  ShowFailure(result, context.ui);
+  if (result != MasterFileResult::kDone) return;
   ShowMaster(*context.grid, context.program);
   ShowWithoutRapids(context);
 }

@@ -26,14 +26,9 @@ struct MasterContext {
 
 MasterContext MasterContextOf(CTVXView* view);
 
-// Builds the model from the program in the store with the values of the dialog (BuildMaster), shows
-// it and hides the rapids. Lack of memory is shown in a message; a refusal is left to the caller.
+// Builds the model from the program in the store with the values of the dialog (BuildMaster). A
+// model that was built is shown at once, without rapids.
 BuildResult BuildAndShowMaster(const MasterContext& context);
-
-// Read or write the model (ReadMasterFile, WriteMasterFile). Return true on success. A failure is
-// shown in a message, except kNoModel.
-bool ReadMaster(const std::string& path, const MasterContext& context);
-bool WriteMaster(const std::string& path, const MasterContext& context);
 
 // Asks for the input of a build and builds the model from the program in the store. The input is
 // kept only if the user accepts it. The status line shows why a program gives no model.

@@ -1,3 +1,5 @@
+// Cuts CP949 text at a limit without splitting a character.
+
 #include "shell/short_text.h"
 
 #include "base/text.h"
@@ -6,8 +8,8 @@ namespace tvx {
 
 namespace {
 
-// Bytes of the character at the start of a CP949 text that is not empty. What cannot follow a
-// leading byte, such as a line end, is a character of its own.
+// Bytes of the first character of a CP949 text that is not empty. A byte that cannot follow a
+// leading byte, such as a line end, is a character by itself.
 size_t CharacterBytes(std::string_view bytes) {
   const auto byte = [&](size_t i) { return static_cast<unsigned char>(bytes[i]); };
   return byte(0) > 0x80 && bytes.size() > 1 && byte(1) >= 'A' ? 2 : 1;
@@ -29,7 +31,7 @@ std::string DecodeShortText(std::string_view bytes, size_t limit) {
   return DecodeCp949(WholeCharacters(bytes, limit));
 }
 
-// White space is never a part of a CP949 character, so a text can be split into words undecoded.
+// White space is never part of a CP949 character, so the words are found before decoding.
 bool ReadShortWord(WordScanner* bytes, std::string* word) {
   std::string wordBytes;
   if (!bytes->ReadWord(&wordBytes)) return false;

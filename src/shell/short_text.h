@@ -1,3 +1,4 @@
+// Texts of the small files of the shell, whose lengths are limited in bytes of the file.
 #pragma once
 
 #include <cstddef>
@@ -8,13 +9,11 @@
 
 namespace tvx {
 
-// Texts of the shell's small files, whose lengths are limited in bytes as the file spells them.
-
-// Most bytes of a word of the configuration file and of the two lists.
+// Longest word, in bytes, of the configuration file and of the two lists.
 inline constexpr size_t kWordBytes = 51;
 
-// CP949 bytes as text, without what goes beyond `limit` bytes. A character of two bytes that the
-// limit would split is left out.
+// Decodes at most `limit` bytes of CP949. A character of two bytes that the limit would split is
+// left out.
 std::string DecodeShortText(std::string_view bytes, size_t limit);
 
 // Reads the next word of a CP949 text, cut at kWordBytes; the rest of a longer word is dropped.

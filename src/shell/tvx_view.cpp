@@ -1,3 +1,5 @@
+// Builds the working state of a new window from the defaults and the files of the start.
+
 #include "shell/tvx_view.h"
 
 #include "feed/condition_file.h"
@@ -15,7 +17,7 @@ CTVXView::CTVXView(CTVXApp* theApp)
   ReadFiles();
 }
 
-// The rest of the record's defaults stand in the record itself.
+// All other defaults are those of JobRecord.
 void CTVXView::SetDefaults() {
   job.WorkDir = app->configuration.WorkDir;
   job.ConditionDir = app->configuration.AFADir;

@@ -1,3 +1,4 @@
+// The working state of a window.
 #pragma once
 
 #include <string>
@@ -17,22 +18,22 @@
 
 namespace tvx {
 
-// The working state of one open window: its program, parameters, current result and result table.
-// An empty store is a legal state for every command. What a command leaves in the working record
-// stays for the next one, and nothing is saved when the window closes.
+// The program, parameters, current result and result table of one window. An empty store is a legal
+// state for every command. Each command works with the record that the one before it left, and
+// nothing is saved when the window closes.
 class CTVXView {
  public:
-  // Builds the state in the order that decides which value stands: the defaults, the parameter
-  // file, the extension list once more, the default condition file. Files that are missing leave
-  // what stands, without a message. The application outlives its views.
+  // Reads, in this order, the defaults, the parameter file, the extension list once more and the
+  // default condition file; a later value replaces an earlier one. A missing file changes nothing
+  // and shows no message. The application outlives its views.
   explicit CTVXView(CTVXApp* app);
 
   CTVXApp* const app;
   NcProgram program;     // the stored moves, with the register CurrentBlock
   ViewState view;        // the picture of them: transform, rapids shown or not
   std::string fileName;  // the NC file in work, without directory; empty before the first load
-  std::string filePath;  // the same as the load got it
-  uint32_t loads = 0;    // programs read so far; a load that fails does not count
+  std::string filePath;  // as it was passed to the load
+  uint32_t loads = 0;    // number of programs read; a failed load does not count
   CCommandPadDlg commandPad;
   COptionDlg optionDialog;
   CTransferDlg transferDialog;

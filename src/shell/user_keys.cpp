@@ -1,3 +1,5 @@
+// Reads, writes and edits the user keys.
+
 #include "shell/user_keys.h"
 
 #include <string_view>
@@ -16,8 +18,8 @@ std::string UserKeyPath(const std::string& environmentDir) {
   return environmentDir + "\\UserKey.txt";
 }
 
-// Takes the next line, without its line feed, off the front of a text. False at the end of the
-// text.
+// Removes the next line from the front of a text; *line is without its line feed. Returns false at
+// the end of the text.
 bool TakeLine(std::string_view* text, std::string_view* line) {
   if (text->empty()) return false;
   *line = text->substr(0, text->find('\n'));
@@ -31,30 +33,31 @@ std::string WithoutTrailingWhite(const std::string& text) {
 
 }  // namespace
 
-void ReadUserKeys(const std::string& environmentDir, std::vector<std::string>* keys, Files* files) {
+bool ReadUserKeys(const std::string& environmentDir, std::vector<std::string>* keys, Files* files) {
   keys->assign(kUserKeyElements, {});
   std::string bytes;
-  if (!ReadWholeFile(files, UserKeyPath(environmentDir), &bytes)) return;
+  if (!ReadWholeFile(files, UserKeyPath(environmentDir), &bytes)) return false;
   std::string_view text = bytes;
   std::string_view line;
-  TakeLine(&text, &line);  // the header, whatever it says
+  TakeLine(&text, &line);  // any line is taken as the header
   for (size_t n = 1; n <= kLastUserKey && TakeLine(&text, &line); ++n) {
     (*keys)[n] = WithoutTrailingWhite(DecodeShortText(line, kUserKeyBytes));
   }
+  return true;
 }
 
-void WriteUserKeys(const std::string& environmentDir, const std::vector<std::string>& keys,
+bool WriteUserKeys(const std::string& environmentDir, const std::vector<std::string>& keys,
                    Files* files) {
   std::string text = std::string(kHeader) + "\r\n";
   for (size_t n = 1; n <= kLastUserKey; ++n) text += keys[n] + "\r\n";
-  WriteWholeFile(files, UserKeyPath(environmentDir), EncodeCp949(text));
+  return WriteWholeFile(files, UserKeyPath(environmentDir), EncodeCp949(text));
 }
 
 void EditUserKey(size_t n, std::vector<std::string>* keys, UserInterface* ui) {
   if (n < 1 || n > kLastUserKey || n >= keys->size()) return;
   CKeyCodeDlg pad(keys);
   pad.KeyText = (*keys)[n];
-  // Cut at once as the file would be: what the menu and the pad give is then what stays.
+  // Cut now as the file would be, so that the user sees the key that will be saved.
   if (RunKeyCodePad(&pad, ui)) {
     (*keys)[n] = DecodeShortText(EncodeCp949(pad.KeyText), kUserKeyBytes);
   }

@@ -1,19 +1,18 @@
+// The commands of a view: what each action does, from its dialog to its result.
+
 #include "shell/view_operations.h"
 
 #include "base/path_text.h"
 #include "shell/cut_time_commands.h"
 #include "shell/job_list_run.h"
 #include "shell/master_commands.h"
-#include "shell/program_loading.h"
+#include "shell/messages.h"
+#include "shell/program_steps.h"
 #include "view/picture.h"
 
 namespace tvx {
 
 namespace {
-
-Scene SceneOf(CTVXView* view) {
-  return {&view->program, &view->job, &view->view};
-}
 
 // The save form lets a name be typed that does not exist; the load then creates that file. The
 // chooser leaves the current directory at the chosen file.
@@ -29,7 +28,7 @@ void Load(CTVXView* view, int /*argument*/) {
   if (view->app->ui->ChooseFile(question, &path)) LoadProgram(view, path);
 }
 
-// The picture lands in the current directory, under the name alone.
+// Only the name of the chosen path is used: the picture is written into the current directory.
 void MakePicture(CTVXView* view, int /*argument*/) {
   std::string path;
   const FileQuestion question{.save = true,
@@ -108,10 +107,12 @@ void RunViewCommand(CTVXView* view, CommandId id) {
 LoadResult LoadProgram(CTVXView* view, const std::string& path) {
   view->fileName = NameOfPath(path, kAnySlash);
   view->filePath = path;
-  const LoadResult result = LoadIntoView(view, path);
+  const ProgramContext context = ProgramContextOf(view);
+  const LoadResult result = LoadFile(context, path);
+  ShowFailure(result, context.ui);
   if (result == LoadResult::kLoaded) ++view->loads;
-  FitToPath(&view->view.transform, &view->program.store);
-  view->app->ui->Repaint();
+  FitToPath(context.transform, &context.program->store);
+  context.ui->Repaint();
   return result;
 }
 

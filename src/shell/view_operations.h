@@ -30,7 +30,7 @@ void RunViewCommand(CTVXView* view, CommandId id);
 // without its directory becomes the current file name. Returns what the load returned.
 LoadResult LoadProgram(CTVXView* view, const std::string& path);
 
-// A press of the left button in the picture: the command pad, and then what was chosen on it.
+// A press of the left button in the picture: opens the command pad and runs what was chosen on it.
 void OpenCommandPad(CTVXView* view);
 
 }  // namespace tvx

@@ -1,0 +1,49 @@
+// The texts of the failures; each is fixed to the byte.
+
+#include "shell/messages.h"
+
+namespace tvx {
+
+namespace {
+
+void ShowNoMemory(UserInterface* ui) {
+  ui->ShowMessage({.text = "Memory를 할당할 수 없습니다!!!", .caption = " Message"});
+}
+
+}  // namespace
+
+void ShowFailure(LoadResult result, UserInterface* ui) {
+  if (result == LoadResult::kCannotOpen) ShowCannotOpen(ui);
+}
+
+void ShowFailure(BuildResult result, UserInterface* ui) {
+  if (result != BuildResult::kNoMemory) return;
+  ShowNoMemory(ui);
+  ui->ShowStatus("프로그램을 다시 불러와야 합니다.");
+}
+
+void ShowFailure(MasterFileResult result, UserInterface* ui) {
+  switch (result) {
+    case MasterFileResult::kDone:
+    case MasterFileResult::kNoModel:
+      break;
+    case MasterFileResult::kNoMemory:
+      ShowNoMemory(ui);
+      break;
+    case MasterFileResult::kCannotOpen:
+    case MasterFileResult::kNoMasterFile:
+    case MasterFileResult::kCannotWrite:
+      ui->ShowMessage({.text = "화일을 열수 없습니다.\n"});
+      break;
+  }
+}
+
+void ShowCannotOpen(UserInterface* ui) {
+  ui->ShowMessage({.text = "화일을 열수 없읍니다.\n"});
+}
+
+void ShowTableFull(UserInterface* ui) {
+  ui->ShowStatus("결과 목록이 가득 차서 기록하지 않았습니다.");
+}
+
+}  // namespace tvx

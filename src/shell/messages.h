@@ -1,0 +1,23 @@
+// What the commands of a window show for a result that is a failure.
+#pragma once
+
+#include "feed/master_build.h"
+#include "feed/master_file.h"
+#include "model/loader.h"
+#include "platform/user_interface.h"
+
+namespace tvx {
+
+// Each shows the message of a failure and nothing for any other result. No message is defined for a
+// full store, a refused build and a missing model to write.
+void ShowFailure(LoadResult result, UserInterface* ui);
+void ShowFailure(BuildResult result, UserInterface* ui);
+void ShowFailure(MasterFileResult result, UserInterface* ui);
+
+// A file of the program's own that could not be written.
+void ShowCannotOpen(UserInterface* ui);
+
+// A result that the full table could not record.
+void ShowTableFull(UserInterface* ui);
+
+}  // namespace tvx

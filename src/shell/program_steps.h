@@ -1,0 +1,48 @@
+// The steps of one program from its file to its figures. The commands of a window, the run over a
+// job list and the tool all use these; each decides what the user sees of a result.
+#pragma once
+
+#include <string>
+
+#include "feed/feed_pass.h"
+#include "feed/master_grid.h"
+#include "model/loader.h"
+#include "model/result_entry.h"
+#include "shell/tvx_view.h"
+#include "view/path_drawing.h"
+#include "view/view_transform.h"
+
+namespace tvx {
+
+// What the steps work on in one window.
+struct ProgramContext {
+  NcProgram* program;
+  JobRecord* job;
+  const MasterGrid* master;
+  ViewTransform* transform;
+  CutTimeEntry* current;           // receives the figures
+  ParserStates* parserStates;      // of the application
+  FeedPassMemory* feedPassMemory;  // of the application
+  Files* files;
+  UserInterface* ui;  // repaints
+};
+
+ProgramContext ProgramContextOf(CTVXView* view);
+
+// The picture of a window's program.
+Scene SceneOf(CTVXView* view);
+
+// Loads an NC file, by its drive path or relative to the current directory.
+LoadResult LoadFile(const ProgramContext& context, const std::string& path);
+
+// Adjusts the feeds by the job record and the master model; the trace receives each change.
+void AdjustFeeds(const ProgramContext& context, const FeedTrace& trace = {});
+
+// Computes the figures into the current result, which keeps its names.
+void CountTimes(const ProgramContext& context);
+
+// Adjusts the feeds if `adjusts`, fits the view to the path, which repaints, and computes the
+// figures.
+void AdjustFitCount(const ProgramContext& context, bool adjusts);
+
+}  // namespace tvx
