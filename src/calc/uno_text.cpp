@@ -1,3 +1,4 @@
+// Text conversions for the component interfaces.
 #include "calc/uno_text.h"
 
 #include "base/format.h"

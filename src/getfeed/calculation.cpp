@@ -10,7 +10,7 @@ namespace tvx {
 
 namespace {
 
-constexpr double kPi = 3.14;  // the value that the published figures were computed with
+constexpr double kPi = 3.14;  // all proposals use this value, not the exact one
 constexpr double kPowerScale = 1.0262515e-05F;
 
 const GetFeedField kFields[] = {

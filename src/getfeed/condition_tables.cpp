@@ -118,7 +118,7 @@ constexpr double ValueAt(const Piece& piece, double diameter) {
 }
 
 // Ranges of the material factor that are not the straight line between the neighbouring supports.
-// Published figures were computed with them, so they must not be corrected.
+// Proposals of the calculator depend on these values; do not smooth them out.
 struct ExceptionalPiece {
   Row row;
   float above;
@@ -151,7 +151,7 @@ struct FactorStep {
 constexpr FactorStep kLengthFactors[] = {{5, 1.0F},  {6, 0.95F}, {7, 0.9F},
                                          {8, 0.75F}, {9, 0.5F},  {10, 0.2F}};
 
-// Position of a name in a list, or the list's size.
+// Index of a name in a list; the size of the list if it is not there.
 size_t IndexOf(std::span<const std::string_view> names, std::string_view name) {
   return static_cast<size_t>(std::ranges::find(names, name) - names.begin());
 }

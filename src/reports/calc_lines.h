@@ -1,10 +1,4 @@
 // The line protocol between TVX and tvx-calc, which drives the spreadsheet program.
-//
-// tvx-calc is started with one argument, kCalcWindowForm or kCalcFileForm. Each line sent to it is
-// a step: a word and, after a blank, its argument. It answers each step with one line, kCalcDone or
-// kCalcFailed with the reason; a first answer, before any step, says whether the spreadsheet
-// program has started. tvx-calc ends after a failure and at the end of its input. The workbook is
-// then closed unsaved, unless kCalcLeave was done.
 #pragma once
 
 #include <string>
@@ -12,6 +6,12 @@
 #include <utility>
 
 namespace tvx {
+
+// tvx-calc is started with one argument, kCalcWindowForm or kCalcFileForm. Each line sent to it is
+// a step: a word and, after a blank, its argument. It answers each step with one line, kCalcDone or
+// kCalcFailed with the reason; a first answer, before any step, says whether the spreadsheet
+// program has started. tvx-calc ends after a failure and at the end of its input. The workbook is
+// then closed unsaved, unless kCalcLeave was done.
 
 inline constexpr std::string_view kCalcWindowForm = "window";  // for the user to see
 inline constexpr std::string_view kCalcFileForm = "file";      // without a display, to be saved

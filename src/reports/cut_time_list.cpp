@@ -105,7 +105,7 @@ Closing CCutTimeListDlg::DeleteSelected() {
   return Closing::kStaysOpen;
 }
 
-// The report is written by its name alone, so into the current directory.
+// Only the name of the chosen file is used: the report is written into the current directory.
 Closing CCutTimeListDlg::WriteReport() {
   std::string path;
   if (ui_->ChooseFile(ReportQuestion(), &path)) {

@@ -25,7 +25,7 @@ CellValue Number(int32_t value) {
 }
 
 CellValue MetresCell(float millimetres) {
-  // Rounded once: the double product of 1234 mm gives the float nearest to 1.234.
+  // A double product, rounded once: 1234 mm becomes the float nearest to 1.234.
   return static_cast<float>(millimetres * 0.001);
 }
 
@@ -34,7 +34,7 @@ CellValue Switch(int32_t check, const char* suffix = "") {
   return OnOff(check) + std::string(suffix);
 }
 
-// The columns from A on.
+// The columns, starting with A.
 const Column kColumns[] = {
     {"NO", [](const Entry&, size_t number) { return CellValue(static_cast<float>(number)); }},
     {"Ncdata Name", [](const Entry& e, size_t) { return CellValue(e.fileName); }},

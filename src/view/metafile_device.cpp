@@ -138,9 +138,9 @@ void MetafileDevice::PutHeader() {
   Put32(kDevicePixelsY);
   Put32(kDeviceMillimetresX);
   Put32(kDeviceMillimetresY);
-  Put32(0);  // no pixel format,
-  Put32(0);  // nor its offset,
-  Put32(0);  // nor three-dimensional records
+  Put32(0);  // size of the pixel format: none
+  Put32(0);  // its offset
+  Put32(0);  // three-dimensional records: none
   Put32(kDeviceMillimetresX * 1000);
   Put32(kDeviceMillimetresY * 1000);
   PutText(kDescription);
@@ -213,8 +213,8 @@ void MetafileDevice::PlaceText(Pixel point, std::string_view text) {
   PutPoint(point);
   Put32(count);
   Put32(kTextOffset);
-  Put32(0);                                      // options: neither clipped nor on a rectangle,
-  PutBox({0, 0, -1, -1});                        // which is therefore empty
+  Put32(0);                                      // options: no clipping, no background
+  PutBox({0, 0, -1, -1});                        // rectangle of the options: empty
   Put32(kTextOffset + (2 * count + 3) / 4 * 4);  // offset of the advance widths
   PutText(characters);
   for (uint32_t i = 0; i < count; ++i) Put32(kLetterWidth);

@@ -13,12 +13,12 @@ namespace {
 
 constexpr int32_t kPixelLimit = 30000;  // points beyond it are not drawn
 
-// A neighbour's feed counts as a step only beyond this factor.
+// Two feeds are drawn as a ramp if the lower one is below this fraction of the higher one.
 constexpr double kFeedStepFactor = 0.8;
 
 constexpr double kChordsPerPixel = 0.33333334;
 constexpr double kRadiansPerAngleDegree = 0.01745277777777778;  // 3.1415 / 180, as in Angle
-constexpr int64_t kChordsToTest = 64;
+constexpr int64_t kChordsToTest = 64;  // a longer range of chords is tested for sight as a whole
 
 constexpr FeedBand kFeedBandTable[kFeedBands] = {
     {0.87, 100.0}, {0.75, 0.87}, {0.62, 0.75}, {0.5, 0.62}, {0.37, 0.5}, {0.25, 0.37}, {0.0, 0.25},
@@ -149,14 +149,14 @@ void PathDrawing::DrawPath() {
       state_->prevEnd = end;
     }
   }
-  EndOfWalk();
+  ReadAfterLastMove();
   device_->SelectPen(previous);
 }
 
-// A move without portions reads its previous move even when smooth change is off and nothing is
-// drawn from it. The result shows only in the register after the walk, so the read is made once,
-// here.
-void PathDrawing::EndOfWalk() {
+// A move without portions is defined to read its previous move, even when smooth change is off and
+// nothing is drawn from it. DrawWithoutPortions omits that read. The one after the last move shows
+// in the block register, so it is made here.
+void PathDrawing::ReadAfterLastMove() {
   const uint32_t last = store_->blockCount - 1;
   const MotionBlock& block = store_->CurrentBlock;
   if (afaEnabled_ && !smooth_ && IsCutType(block.type) && block.headPercent == 0 &&
@@ -212,7 +212,7 @@ void PathDrawing::DrawWithPortions(uint32_t index, const MotionBlock& block) {
   const Vec3 start = EndPoint(store_->CurrentBlock);
   const Vec3 end = EndPoint(block);
   const Vec3 move = {end.x - start.x, end.y - start.y, end.z - start.z};
-  // The point that is a percentage of the move away from another.
+  // The point at a percentage of the move from another point.
   const auto pointFrom = [&](const Vec3& point, double percent) -> Vec3 {
     return {Along(point.x, percent * move.x * 0.01), Along(point.y, percent * move.y * 0.01),
             Along(point.z, percent * move.z * 0.01)};

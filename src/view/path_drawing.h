@@ -33,7 +33,8 @@ struct ViewState {
 };
 
 // The input of a drawing, owned by the window's working state. A drawing changes firstPoint and the
-// register of the program, raises a scale below its lower bound, and updates one DrawingState.
+// block register of the program, raises a scale below its lower bound, and updates one
+// DrawingState.
 struct Scene {
   NcProgram* program;
   const JobRecord* job;  // AfaEnabled, FeedChgSmoothCheck
@@ -79,16 +80,16 @@ class PathDrawing {
   // before; the start pen stays selected.
   Pen DrawAxes();
 
-  // All move blocks in the order of the store.
+  // Draws all moves in the order of the store.
   void DrawPath();
 
-  // The move of type 1 to 4 at an index, in portions and colour steps. `block` is that record.
+  // Draws the move of type 1 to 4 at an index, in portions and colour steps. `block` is its record.
   void DrawMove(uint32_t index, const MotionBlock& block);
 
-  // An arc as chords of about three pixels. An arc of more than kMostChords is not drawn.
+  // Draws an arc as chords of about three pixels. An arc of more than kMostChords is not drawn.
   void DrawArc(const Vec3& start, const Vec3& end, const Vec3& centre, uint32_t type);
 
-  // One step of the pen to a point. A point beyond 30000 pixels is skipped without any call: the
+  // Moves or draws to one point. A point beyond 30000 pixels is skipped without any call: the
   // next visible point is connected to the last visible one.
   void DrawTo(const Vec3& point, int32_t feed, uint32_t type);
 
@@ -114,13 +115,13 @@ class PathDrawing {
     ArcMeasures measures;
     uint32_t type;
     int64_t chords;
-    double slack;  // pixels by which a point may be off through rounding
+    double slack;  // upper bound of the rounding error of a point, pixels
 
     Vec3 PointAt(int64_t chord) const;
   };
   bool IsOutOfSight(const Arc& arc, int64_t first, int64_t last);
   void DrawChords(const Arc& arc, int64_t first, int64_t last);
-  void EndOfWalk();
+  void ReadAfterLastMove();
 
   // Draws a line to the pixel; the first point of a path and a step that is not visible only move
   // there. Returns true if a line was drawn.

@@ -1,3 +1,4 @@
+// Formats each call as a line.
 #include "view/recorder_device.h"
 
 #include <cstdio>

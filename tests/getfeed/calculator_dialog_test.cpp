@@ -1,3 +1,4 @@
+// The user's changes, with the results that the dialog shows.
 #include "getfeed/calculator_dialog.h"
 
 #include <gtest/gtest.h>

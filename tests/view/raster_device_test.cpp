@@ -1,3 +1,4 @@
+// The pixels of lines and rectangles, clipping, and coordinates far outside the image.
 #include "view/raster_device.h"
 
 #include <gtest/gtest.h>

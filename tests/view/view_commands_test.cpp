@@ -1,3 +1,4 @@
+// Keys, mouse and command pad, with the repaints that each makes.
 #include "view/view_commands.h"
 
 #include <gtest/gtest.h>
