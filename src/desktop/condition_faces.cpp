@@ -79,7 +79,7 @@ void AfaSetupFace::AddSliders(QLayout* layout, const char* group, size_t first) 
   auto* const box = new QGroupBox(Translated(group), this);
   auto* const column = new QVBoxLayout(box);
   for (size_t i = first; i < first + kWeightSliders / 2; ++i) {
-    auto* const caption = new QLabel(ToQt(dialog_->Caption(i)), box);
+    auto* const caption = new QLabel(TranslatedLabels(dialog_->Caption(i)), box);
     auto* const slider = new QSlider(Qt::Horizontal, box);
     slider->setRange(0, CAfaSetupDlg::kHighestPosition);
     slider->setValue(dialog_->Position(i));
@@ -87,7 +87,7 @@ void AfaSetupFace::AddSliders(QLayout* layout, const char* group, size_t first) 
     // Let go by the mouse, and each step by keys, wheel or a click beside the handle.
     const auto release = [this, i, slider, caption] {
       dialog_->ReleaseSlider(i, slider->value());
-      caption->setText(ToQt(dialog_->Caption(i)));
+      caption->setText(TranslatedLabels(dialog_->Caption(i)));
     };
     connect(slider, &QSlider::sliderReleased, this, release);
     connect(slider, &QSlider::valueChanged, this, [slider, release] {

@@ -19,7 +19,6 @@
 
 #include "desktop/language.h"
 #include "desktop/row_list.h"
-#include "model/labels.h"
 
 namespace tvx {
 
@@ -241,7 +240,7 @@ void TransferFace::Show() {
     masks_->setCurrentIndex(dialog_->selectedMask);
   }
   deleteM30_->setChecked(dialog_->ListOptions().DeleteM30 == 1);
-  restart_->setText(Translated(ReplaceLabels(dialog_->restartCaption)));
+  restart_->setText(TranslatedLabels(dialog_->restartCaption));
   ShowCaption(condition_, Translated(dialog_->conditionCaption));
 }
 

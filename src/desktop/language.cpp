@@ -8,11 +8,13 @@
 #include <QStringList>
 #include <QTranslator>
 
-#include "model/labels.h"
+#include "jobs/labels.h"
 
 namespace tvx {
 
 namespace {
+
+int32_t languageInUse = kKoreanLabels;
 
 // Finds nothing before a file is loaded: every text stays Korean.
 QTranslator& Translations() {
@@ -71,6 +73,7 @@ std::string FromQt(const QString& text) {
 }
 
 void UseLanguage(int32_t language) {
+  languageInUse = language;
   const bool english = language == kEnglishLabels;
   if (!Translations().load(english ? ":/translations/tvx_en.qm" : "") && english) {
     qWarning("the English texts are missing");
@@ -86,6 +89,10 @@ QString Translated(std::string_view text) {
   if (translation.isEmpty()) return source;
   for (const QString& number : numbers) translation = translation.arg(number);
   return translation;
+}
+
+QString TranslatedLabels(const std::string& text) {
+  return Translated(ReplaceLabels(text, languageInUse));
 }
 
 void SetUpKorean() {

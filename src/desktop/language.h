@@ -12,13 +12,16 @@ namespace tvx {
 QString ToQt(std::string_view text);
 std::string FromQt(const QString& text);
 
-// Sets the language of Translated, one of model/labels.h.
+// Sets the language of Translated and TranslatedLabels, one of jobs/labels.h.
 void UseLanguage(int32_t language);
 
 // A text of the program's own, in the language in use. Its numbers may be any: the translation of
 // "소요시간 %1 min" serves for "소요시간 1.5 min". A text without a translation comes back as it
 // is. Not for names and input of the user: a folder "설정" keeps its name in every language.
 QString Translated(std::string_view text);
+
+// The same for a text with labels of jobs/labels.h.
+QString TranslatedLabels(const std::string& text);
 
 // Sets a font with Hangul for all texts, and Korean texts in the toolkit's own dialogs, as far as
 // both are installed. Called once, before the first window.

@@ -11,7 +11,6 @@
 
 #include "desktop/language.h"
 #include "desktop/row_list.h"
-#include "model/labels.h"
 
 namespace tvx {
 
@@ -22,7 +21,7 @@ QString InformationLine(const std::string& line) {
   for (const std::string_view label : kNameLabels) {
     if (line.starts_with(label)) return Translated(label) + ToQt(line.substr(label.size()));
   }
-  return Translated(ReplaceLabels(line));
+  return TranslatedLabels(line);
 }
 
 }  // namespace
@@ -31,7 +30,7 @@ FileInfoFace::FileInfoFace(CFileInfoDlg* dialog, QWidget* parent) : QDialog(pare
   setWindowTitle(Translated(CFileInfoDlg::kTitle));
   auto* const column = new QVBoxLayout(this);
   auto* const list = new QListWidget(this);
-  for (const std::string& line : dialog->Lines()) list->addItem(Translated(ReplaceLabels(line)));
+  for (const std::string& line : dialog->Lines()) list->addItem(TranslatedLabels(line));
   list->setMinimumSize(360, 420);
   column->addWidget(list);
 

@@ -5,7 +5,6 @@
 
 #include "base/format.h"
 #include "base/numbers.h"
-#include "model/labels.h"
 #include "platform/number_field.h"
 
 namespace tvx {
@@ -44,7 +43,7 @@ int CAfaSetupDlg::Position(size_t slider) const {
 }
 
 std::string CAfaSetupDlg::Caption(size_t slider) const {
-  return ReplaceLabels(Format(kSliders[slider].caption, job->*kSliders[slider].weight));
+  return Format(kSliders[slider].caption, job->*kSliders[slider].weight);
 }
 
 void CAfaSetupDlg::ReleaseSlider(size_t slider, int position) {

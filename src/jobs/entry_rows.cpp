@@ -3,8 +3,8 @@
 #include "jobs/entry_rows.h"
 
 #include "base/format.h"
+#include "jobs/labels.h"
 #include "jobs/restart.h"
-#include "model/labels.h"
 
 namespace tvx {
 
@@ -42,15 +42,16 @@ Rows ConditionRows(const JobRecord& job) {
 }  // namespace
 
 std::vector<std::string> EntryRows(const std::string& name, const LineFile& file,
-                                   const JobRecord& options) {
-  Rows rows = {ReplaceLabels(Format("화일명 : %s ", name.c_str())), file.currentDirectory,
+                                   const JobRecord& options, int32_t language) {
+  Rows rows = {ReplaceLabels(Format("화일명 : %s ", name.c_str()), language), file.currentDirectory,
                Format("FileSize %d Byte", file.fileSize)};
   if (options.DeleteM30 == 0) rows.push_back("M30 ON");
   rows.push_back(Format("Restart %s", OnOff(options.RestartOn)));
-  if (options.RestartOn == 1) {
-    for (std::string& row : RestartInfoRows(options)) rows.push_back(std::move(row));
-  }
-  for (std::string& row : ConditionRows(options)) rows.push_back(ReplaceLabels(std::move(row)));
+  const auto append = [&](const Rows& labelled) {
+    for (const std::string& row : labelled) rows.push_back(ReplaceLabels(row, language));
+  };
+  if (options.RestartOn == 1) append(RestartInfoRows(options));
+  append(ConditionRows(options));
   if (options.KeyCodeOn != 1) return rows;
   rows.push_back("Key Code");
   for (const std::string& word : options.KeyCodes) rows.push_back("  " + word);

@@ -1,6 +1,7 @@
 // The rows of the job dialog's information list about one entry of the job list.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -9,9 +10,9 @@
 
 namespace tvx {
 
-// `name` is the entry's file; `file` and `options` come from its option line. The last rows are the
-// key codes, one word each behind two blanks.
+// `name` is the entry's file; `file` and `options` come from its option line; `language` is that of
+// the labels. The last rows are the key codes, one word each behind two blanks.
 std::vector<std::string> EntryRows(const std::string& name, const LineFile& file,
-                                   const JobRecord& options);
+                                   const JobRecord& options, int32_t language);
 
 }  // namespace tvx

@@ -4,7 +4,6 @@
 
 #include "base/format.h"
 #include "base/scan.h"
-#include "model/labels.h"
 
 namespace tvx {
 
@@ -80,16 +79,15 @@ std::string RestartButtonText(const JobRecord& options, bool accepted) {
 std::vector<std::string> RestartInfoRows(const JobRecord& job) {
   switch (job.RestartKind) {
     case kSequenceNumber:
-      return {ReplaceLabels(Format("  재전송: 번호-> %d ", job.RestartNumber))};
+      return {Format("  재전송: 번호-> %d ", job.RestartNumber)};
     case kBlock:
-      return {ReplaceLabels(Format("  재전송: 블록-> %d ", job.RestartNumber))};
+      return {Format("  재전송: 블록-> %d ", job.RestartNumber)};
     case kZArea:
-      return {ReplaceLabels(
-          Format("  재전송: Z영역->(%6.3f - %6.3f) ", job.RestartZMax, job.RestartZMin))};
+      return {Format("  재전송: Z영역->(%6.3f - %6.3f) ", job.RestartZMax, job.RestartZMin)};
     case kPoint:
-      return {ReplaceLabels(Format("  재전송: 좌표->XYZ(%6.3f, %6.3f, %6.3f)", job.RestartX,
-                                   job.RestartY, job.RestartZ)),
-              ReplaceLabels(Format("  공차->%6.2f", job.RestartTolerance))};
+      return {Format("  재전송: 좌표->XYZ(%6.3f, %6.3f, %6.3f)", job.RestartX, job.RestartY,
+                     job.RestartZ),
+              Format("  공차->%6.2f", job.RestartTolerance)};
     default:
       return {};
   }

@@ -9,7 +9,7 @@
 #include "base/scan.h"
 #include "getfeed/calculator_dialog.h"
 #include "getfeed/condition_tables.h"
-#include "model/labels.h"
+#include "jobs/labels.h"
 #include "platform/number_field.h"
 
 namespace tvx {
@@ -77,14 +77,15 @@ void CSendOptionDlg::BuildConditionText() {
   conditionText = ReplaceLabels(
       Format("Afa조건:\r\n  공구직경 %3.1f\r\n  안전거리 %3.1f\r\n", own.ToolDiameter,
              own.SafetyDistance) +
-      Format("  코너최소각도 %3.1f\r\n  코너최대감속비 %3.2f\r\n", own.CornerMinAngle,
-             own.CornerMaxRatio) +
-      Format("  경사최소각도 %3.1f\r\n  경사최대감속비 %3.2f\r\n", own.SlopeMinAngle,
-             own.SlopeMaxRatio) +
-      Format("  볼록코너검색 %s\r\n  Z상하향검색 %s\r\n", OnOff(own.ConCorChk),
-             OnOff(own.UpDownChk)) +
-      Format("  가공소재: %s\r\n  최대피드  %d\r\n", own.Material.c_str(), own.MaxFeed) +
-      Format("  접근피드  %d\r\n", own.PlungeFeed));
+          Format("  코너최소각도 %3.1f\r\n  코너최대감속비 %3.2f\r\n", own.CornerMinAngle,
+                 own.CornerMaxRatio) +
+          Format("  경사최소각도 %3.1f\r\n  경사최대감속비 %3.2f\r\n", own.SlopeMinAngle,
+                 own.SlopeMaxRatio) +
+          Format("  볼록코너검색 %s\r\n  Z상하향검색 %s\r\n", OnOff(own.ConCorChk),
+                 OnOff(own.UpDownChk)) +
+          Format("  가공소재: %s\r\n  최대피드  %d\r\n", own.Material.c_str(), own.MaxFeed) +
+          Format("  접근피드  %d\r\n", own.PlungeFeed),
+      labelLanguage);
 }
 
 void CSendOptionDlg::EditMinFeed(std::string_view text) {
@@ -135,7 +136,7 @@ void CSendOptionDlg::ChooseConditionFile() {
     ShowSpindleSpeed();
     conditionFileCaption += fileName;
   }
-  conditionFileCaption = ReplaceLabels(conditionFileCaption);
+  conditionFileCaption = ReplaceLabels(conditionFileCaption, labelLanguage);
   BuildConditionText();
   ShowFeedsOfCondition();
 }
@@ -201,16 +202,18 @@ void CSendOptionDlg::ShowSpindleSpeed() {
   spindleText = Format("%d", SpindleSpeed);
 }
 
-std::string ConditionButtonText(const JobRecord& job) {
+std::string ConditionButtonText(const JobRecord& job, int32_t language) {
   return ReplaceLabels(
       Format("Afa조건: 공구직경 %3.1f, 안전거리 %3.1f\r\n", job.ToolDiameter, job.SafetyDistance) +
-      Format(" 코너최소각도 %3.1f, 코너최대감속비 %3.2f\r\n", job.CornerMinAngle,
-             job.CornerMaxRatio) +
-      Format(" 경사최소각도 %3.1f, 경사최대감속비 %3.2f\r\n", job.SlopeMinAngle,
-             job.SlopeMaxRatio) +
-      Format(" 볼록코너검색 %s Z상하향검색 %s\r\n", OnOff(job.ConCorChk), OnOff(job.UpDownChk)) +
-      Format(" 가공소재: %s  최대피드  %d\n", job.Material.c_str(), job.MaxFeed) +
-      Format(" 접근피드  %d", job.PlungeFeed));
+          Format(" 코너최소각도 %3.1f, 코너최대감속비 %3.2f\r\n", job.CornerMinAngle,
+                 job.CornerMaxRatio) +
+          Format(" 경사최소각도 %3.1f, 경사최대감속비 %3.2f\r\n", job.SlopeMinAngle,
+                 job.SlopeMaxRatio) +
+          Format(" 볼록코너검색 %s Z상하향검색 %s\r\n", OnOff(job.ConCorChk),
+                 OnOff(job.UpDownChk)) +
+          Format(" 가공소재: %s  최대피드  %d\n", job.Material.c_str(), job.MaxFeed) +
+          Format(" 접근피드  %d", job.PlungeFeed),
+      language);
 }
 
 }  // namespace tvx

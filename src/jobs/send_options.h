@@ -6,6 +6,7 @@
 
 #include "feed/afa_setup_dialog.h"
 #include "feed/auto_feed_dialog.h"
+#include "jobs/labels.h"
 #include "model/job_record.h"
 #include "platform/files.h"
 #include "platform/user_interface.h"
@@ -65,6 +66,7 @@ class CSendOptionDlg : public Dialog {
   // "Cancel": switches the adjustment off in both records; the source's other fields stay.
   Closing Cancel();
 
+  int32_t labelLanguage = kKoreanLabels;  // of conditionText and conditionFileCaption
   JobRecord own;
   int32_t SpindleSpeed = 1000;  // 1/min; the job dialog sets and reads it, and SpindleOn
   int32_t SpindleOn = 0;
@@ -95,8 +97,9 @@ class CSendOptionDlg : public Dialog {
   CAfaSetupDlg setup_;
 };
 
-// The text of the job dialog's button for the conditions of a record, and the text without any.
-std::string ConditionButtonText(const JobRecord& job);
+// The text of the job dialog's button for the conditions of a record, with labels in a language of
+// jobs/labels.h, and the text without any.
+std::string ConditionButtonText(const JobRecord& job, int32_t language);
 inline constexpr char kNoConditionText[] = "Afa조건: ";
 
 }  // namespace tvx

@@ -10,7 +10,6 @@
 #include "jobs/entry_rows.h"
 #include "jobs/key_code_lines.h"
 #include "jobs/preview.h"
-#include "model/labels.h"
 
 namespace tvx {
 
@@ -90,6 +89,7 @@ std::span<const CTransferDlg::Button> CTransferDlg::KeyCodeButtons() {
 
 void CTransferDlg::Open(const JobDialogSetup& setup) {
   setup_ = setup;
+  sendOptions_.labelLanguage = setup.labelLanguage;
   spindleSpeed_ = setup.spindleSpeed;
   CopyJobRecord(kJobSlot, &listOptions_, *setup.slot);
   CopyJobRecord(kJobSlot, &shownOptions_, *setup.slot);
@@ -109,7 +109,7 @@ void CTransferDlg::Open(const JobDialogSetup& setup) {
 
   listOptions_.AfaEnabled = 1;
   CopyJobRecord(kJobSlot, &sendOptions_.own, listOptions_);
-  conditionCaption = ConditionButtonText(sendOptions_.own);
+  conditionCaption = ConditionButtonText(sendOptions_.own, setup_.labelLanguage);
 }
 
 // Selects the mask in force: the first one that begins with it, else it is added in front.
@@ -251,7 +251,7 @@ void CTransferDlg::ClearInformation() {
 
 void CTransferDlg::ShowLine(size_t entry) {
   ParseOptionLine(&shownOptions_, list.lines[entry], &lineFile_);
-  information = EntryRows(list.names[entry], lineFile_, shownOptions_);
+  information = EntryRows(list.names[entry], lineFile_, shownOptions_, setup_.labelLanguage);
   selectedInformation = -1;
 }
 
@@ -402,12 +402,12 @@ void CTransferDlg::SetCondition() {
   sendOptions_.SpindleSpeed = spindleSpeed_;
   sendOptions_.Open(&listOptions_);
   if (!ui_->RunModal(&sendOptions_)) {
-    conditionCaption = ReplaceLabels(kNoConditionText);
+    conditionCaption = ReplaceLabels(kNoConditionText, setup_.labelLanguage);
     return;
   }
   spindleOn_ = sendOptions_.SpindleOn;
   spindleSpeed_ = sendOptions_.SpindleSpeed;
-  conditionCaption = ConditionButtonText(sendOptions_.own);
+  conditionCaption = ConditionButtonText(sendOptions_.own, setup_.labelLanguage);
 }
 
 Closing CTransferDlg::Accept() {

@@ -9,6 +9,7 @@
 #include "jobs/directory_browser.h"
 #include "jobs/job_list.h"
 #include "jobs/key_code_pad.h"
+#include "jobs/labels.h"
 #include "jobs/option_line.h"
 #include "jobs/restart.h"
 #include "jobs/send_options.h"
@@ -43,6 +44,7 @@ struct JobDialogSetup {
   const std::vector<std::string>* extensions;  // masks to offer, up to the first empty one
   Programs* programs;
   int32_t spindleSpeed = 1000;  // 1/min, that the send options start with
+  int32_t labelLanguage = kKoreanLabels;
 };
 
 // A browser over drives and directories, the files there that fit a mask, the job list, and an

@@ -13,7 +13,7 @@ CTVXApp::CTVXApp(Files* theFiles, UserInterface* theUi, Programs* thePrograms,
       sendOptions(theFiles, theUi) {}
 
 int CTVXApp::InitApplication(int32_t language) {
-  LabelLanguage = language;
+  LabelLanguage = sendOptions.labelLanguage = language;
   ReadConfiguration(&configuration, files);
   ReadExtensionList(configuration.EnvDir, &ExtensionList, files);
   ReadDirectoryList(configuration.EnvDir, &DirectoryList, files);

@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "feed/feed_pass.h"
+#include "jobs/labels.h"
 #include "jobs/send_options.h"
 #include "model/job_record.h"
-#include "model/labels.h"
 #include "model/parser_state.h"
 #include "platform/files.h"
 #include "platform/programs.h"
@@ -36,6 +36,7 @@ class CTVXApp {
   Programs* const programs;
   Spreadsheets* const spreadsheets;
 
+  int32_t LabelLanguage = kKoreanLabels;
   Configuration configuration;
   std::vector<std::string> ExtensionList;
   std::vector<std::string> DirectoryList;

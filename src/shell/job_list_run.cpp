@@ -129,7 +129,8 @@ void RunJobList(CTVXView* view) {
                .editor = app->configuration.Editor,
                .extensions = &app->ExtensionList,
                .programs = app->programs,
-               .spindleSpeed = SpindleSpeedOf(*app)});
+               .spindleSpeed = SpindleSpeedOf(*app),
+               .labelLanguage = app->LabelLanguage});
   if (!app->ui->RunModal(&dialog)) return;
 
   app->rememberedSpindle = dialog.SpindleSpeed();

@@ -84,7 +84,6 @@ void DesktopTest::OpenWindow(const QString& settingsFile) {
 
 DesktopTest::~DesktopTest() {
   UseLanguage(kKoreanLabels);
-  LabelLanguage = kKoreanLabels;
 }
 
 void DesktopTest::Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {

@@ -3,7 +3,6 @@
 
 #include "feed/afa_setup_dialog.h"
 #include "feed/auto_feed_dialog.h"
-#include "model/labels.h"
 #include "shell/option_dialog.h"
 #include "support/memory_files.h"
 #include "support/record_changes.h"
@@ -57,9 +56,7 @@ TEST_F(AfaSetupDialog, SlidersSetTheirWeightAtOnce) {
             "SideWeight0=0.43 SideWeight30=0.44 SideWeight60=0.45");
   dialog.ReleaseSlider(0, 101);
   dialog.ReleaseSlider(5, -1);
-  LabelLanguage = kEnglishLabels;
-  EXPECT_EQ(dialog.Caption(0) + dialog.Caption(5), "0 deg weight(1.00)60 deg weight(0.00)");
-  LabelLanguage = kKoreanLabels;
+  EXPECT_EQ(dialog.Caption(0) + dialog.Caption(5), "0도 가중치(1.00)60도 가중치(0.00)");
 }
 
 TEST_F(AfaSetupDialog, MasterSwitchNeedsAFile) {

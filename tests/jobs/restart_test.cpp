@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "model/labels.h"
 #include "support/record_changes.h"
 
 namespace tvx {
@@ -80,10 +79,8 @@ TEST_F(Restart, CancelSwitchesOff) {
 
 TEST_F(Restart, InformationRows) {
   EXPECT_TRUE(RestartInfoRows(Record("RestartKind=5")).empty());
-  LabelLanguage = kEnglishLabels;
   EXPECT_EQ(RestartInfoRows(Record("RestartKind=3")).front(),
-            "  Restart: ZArea->(200.000 - -200.000) ");
-  LabelLanguage = kKoreanLabels;
+            "  재전송: Z영역->(200.000 - -200.000) ");
 }
 
 }  // namespace

@@ -7,7 +7,6 @@
 #include "base/format.h"
 #include "feed/condition_file.h"
 #include "getfeed/calculator_dialog.h"
-#include "model/labels.h"
 #include "support/memory_files.h"
 #include "support/record_changes.h"
 #include "support/scripted_ui.h"
@@ -54,13 +53,12 @@ TEST_F(SendOptions, FirstOpeningTakesTheSourceOver) {
             "  코너최대감속비 0.10\r\n  경사최소각도 10.0\r\n  경사최대감속비 0.20\r\n"
             "  볼록코너검색 ON\r\n  Z상하향검색 OFF\r\n  가공소재: STEEL(S45C)\r\n"
             "  최대피드  1000\r\n  접근피드  1000\r\n");
-  EXPECT_EQ(ConditionButtonText(source),
+  EXPECT_EQ(ConditionButtonText(source, kKoreanLabels),
             "Afa조건: 공구직경 10.0, 안전거리 5.0\r\n 코너최소각도 10.0, 코너최대감속비 0.10\r\n"
             " 경사최소각도 10.0, 경사최대감속비 0.10\r\n 볼록코너검색 ON Z상하향검색 OFF\r\n"
             " 가공소재: STEEL(S45C)  최대피드  1000\n 접근피드  77");
-  LabelLanguage = kEnglishLabels;
-  EXPECT_TRUE(ConditionButtonText(source).starts_with("Afa: ToolDia 10.0, SafeDist 5.0\r\n"));
-  LabelLanguage = kKoreanLabels;
+  const std::string english = "Afa: ToolDia 10.0, SafeDist 5.0\r\n";
+  EXPECT_TRUE(ConditionButtonText(source, kEnglishLabels).starts_with(english));
 }
 
 // The product is rounded to single precision before the fraction goes: 1000 x 0.7 is 700.

@@ -7,7 +7,6 @@
 #include <filesystem>
 #include <fstream>
 
-#include "model/labels.h"
 #include "platform/drives.h"
 #include "support/memory_files.h"
 #include "support/scripted_ui.h"
@@ -266,10 +265,8 @@ TEST_F(TransferDialog, OptionsOfTheFilesToCome) {
     options->EditSpindleSpeed("5");
     return options->Cancel() == Closing::kAccepted;
   });
-  LabelLanguage = kEnglishLabels;
   dialog.SetCondition();
-  LabelLanguage = kKoreanLabels;
-  EXPECT_EQ(dialog.conditionCaption, "Afa: ");
+  EXPECT_EQ(dialog.conditionCaption, "Afa조건: ");
   Append("a.nc");
   EXPECT_EQ(dialog.list.lines[0],
             "Dir c:\\marlo\\ncdata FS 7 M30 ON RT ON  4   1.500 9999.000 9999.000 Afa OFF  "
@@ -281,9 +278,23 @@ TEST_F(TransferDialog, OptionsOfTheFilesToCome) {
 
   Open();
   EXPECT_EQ(dialog.restartCaption, "재전송 :");
-  EXPECT_EQ(dialog.conditionCaption, ConditionButtonText(dialog.ListOptions()));
+  EXPECT_EQ(dialog.conditionCaption, ConditionButtonText(dialog.ListOptions(), kKoreanLabels));
   Append("a.nc");
   EXPECT_NE(dialog.list.lines[0].find("RT OFF Afa ON"), std::string::npos) << "as at the start";
+}
+
+TEST_F(TransferDialog, EnglishLabelsLeaveNamesAlone) {
+  PutNc("공차\\c.nc", "G01\n");
+  slot.WorkDir = "c:\\marlo\\ncdata\\공차";
+  JobDialogSetup setup = World();
+  setup.labelLanguage = kEnglishLabels;
+  dialog.Open(setup);
+  EXPECT_TRUE(dialog.conditionCaption.starts_with("Afa: ToolDia 10.0"));
+  Append("c.nc");
+  EXPECT_EQ(dialog.information.at(0), "FileName : c.nc ");
+  EXPECT_EQ(dialog.information.at(1), "c:\\marlo\\ncdata\\공차");
+  dialog.SelectEntry(0);
+  EXPECT_EQ(std::ranges::count(dialog.information, "  ToolDia 10.0"), 1);
 }
 
 TEST_F(TransferDialog, AcceptHandsTheListOverWithoutOldEntries) {

@@ -1,5 +1,4 @@
 // The start of the program and of a window: which file is read when, and whose value stands.
-#include "model/labels.h"
 #include "model/loader.h"
 #include "shell_test.h"
 #include "support/block_list.h"
@@ -30,7 +29,7 @@ TEST_F(Start, ReadsInThisOrderAndWithoutFilesTheDefaultsStand) {
   EXPECT_EQ(view.job.FileNames.size(), 300U);
   EXPECT_EQ(view.results.entries.size(), 300U);
   EXPECT_EQ(app.rememberedSpindle, 1000);
-  EXPECT_EQ(LabelLanguage, kKoreanLabels);
+  EXPECT_EQ(app.LabelLanguage, kKoreanLabels);
 }
 
 TEST_F(Start, FilesOverTheDefaults) {

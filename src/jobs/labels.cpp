@@ -1,4 +1,4 @@
-#include "model/labels.h"
+#include "jobs/labels.h"
 
 #include <string_view>
 
@@ -13,7 +13,8 @@ struct Label {
   std::string_view english;
 };
 
-// Replaced in this order: a label that holds an earlier one is reached only by what that left.
+// Replaced in this order, so a label that contains an earlier one is found in the text that the
+// earlier replacement left.
 constexpr Label kLabels[] = {
     {"화일명", "FileName"},
     {"재전송", "Restart"},
@@ -44,8 +45,8 @@ constexpr Label kLabels[] = {
 
 }  // namespace
 
-std::string ReplaceLabels(std::string text) {
-  if (LabelLanguage != kEnglishLabels) return text;
+std::string ReplaceLabels(std::string text, int32_t language) {
+  if (language != kEnglishLabels) return text;
   for (const Label& label : kLabels) ReplaceAll(label.korean, label.english, &text);
   return text;
 }

@@ -1,14 +1,12 @@
-#include "model/labels.h"
+#include "jobs/labels.h"
 
 #include <gtest/gtest.h>
-
-#include <utility>
 
 namespace tvx {
 namespace {
 
-TEST(Labels, EnglishOnlyWhenSet) {
-  const std::pair<const char*, const char*> cases[] = {
+TEST(Labels, LanguageTwoReplacesThem) {
+  const char* const cases[][2] = {
       {"화일명 : a.nc ", "FileName : a.nc "},
       {"  재전송: 블록-> 5 ", "  Restart: Block-> 5 "},
       {"공차 공차공차", "Toler TolerToler"},
@@ -19,12 +17,10 @@ TEST(Labels, EnglishOnlyWhenSet) {
       {"가공조건 화일 :", "가공조건 화일 :"},
   };
   for (const auto& [korean, english] : cases) {
-    for (const int language : {kKoreanLabels, kEnglishLabels, 3}) {
-      LabelLanguage = language;
-      EXPECT_EQ(ReplaceLabels(korean), language == kEnglishLabels ? english : korean) << language;
-    }
+    EXPECT_EQ(ReplaceLabels(korean, kEnglishLabels), english);
+    EXPECT_EQ(ReplaceLabels(korean, kKoreanLabels), korean);
+    EXPECT_EQ(ReplaceLabels(korean, 3), korean);
   }
-  LabelLanguage = kKoreanLabels;
 }
 
 }  // namespace
