@@ -8,6 +8,8 @@ the folder, with a home of its own in home/ and the project's example programs i
   tvx-cli ARGUMENTS    the tool
   copy FOLDER TO       what a folder holds into another, which is made if it is missing
   show FILE            the text of a file, decoded from CP949, each carriage return shown as \\r
+  changed COMMAND      what one of these prints, without the lines that the last command without
+                       this word printed: what is different from there
 What is printed must be the text of `expect.txt`: the line itself after "$ ", standard output,
 standard error after "! ", and the exit status if it is not 0. --accept takes the output as expected;
 read the difference in review.
@@ -46,23 +48,34 @@ def run_tool(tool, arguments, folder):
     return output
 
 
+def run_command(tool, words, folder):
+    program, *arguments = words
+    if program == "tvx-cli":
+        return run_tool(tool, arguments, folder)
+    if program == "show":
+        return show(folder / arguments[0])
+    if program == "copy":
+        shutil.copytree(folder / arguments[0], folder / arguments[1], dirs_exist_ok=True)
+        return ""
+    raise ValueError(f"unknown command '{program}' in a case")
+
+
 def run_case(tool, case):
     output = ""
     with tempfile.TemporaryDirectory() as temporary:
         folder = pathlib.Path(temporary).resolve() / case.name
         shutil.copytree(case, folder)
         (folder / "examples").symlink_to(EXAMPLES)
+        reference = set()
         for line in (case / "cmd").read_text(encoding="utf-8").splitlines():
-            program, *arguments = shlex.split(line)
+            words = shlex.split(line)
+            changed = words[0] == "changed"
+            text = run_command(tool, words[1:] if changed else words, folder)
+            lines = text.splitlines(keepends=True)
             output += f"$ {line}\n"
-            if program == "tvx-cli":
-                output += run_tool(tool, arguments, folder)
-            elif program == "copy":
-                shutil.copytree(folder / arguments[0], folder / arguments[1], dirs_exist_ok=True)
-            elif program == "show":
-                output += show(folder / arguments[0])
-            else:
-                raise ValueError(f"{case / 'cmd'}: what is '{program}'?")
+            output += "".join(x for x in lines if x not in reference) if changed else text
+            if not changed:
+                reference = set(lines)
         return output.replace(str(folder), "CASE")
 
 
