@@ -311,89 +311,10 @@ TEST_F(TransferDialog, AcceptHandsTheListOverWithoutOldEntries) {
   EXPECT_EQ(slot.DeleteM30, 1);
 }
 
-// Lists that nobody meant to write, and folders that change under the dialog: whatever happens, its
-// two lists stay of one length and nothing is lost.
-
-// A user who accepts whatever opens.
-class AnyUser : public ScriptedUi {
- public:
-  bool RunModal(Dialog* dialog) override {
-    if (auto* const pad = dynamic_cast<CKeyCodeDlg*>(dialog)) {
-      pad->field = "KeyCode File";
-      pad->Accept();
-    }
-    return true;
-  }
-  bool ChooseFile(const FileQuestion& /*question*/, std::string* path) override {
-    *path = "c:\\list.mcf";
-    return true;
-  }
-};
-
 std::string Repeated(const std::string& text, int count) {
   std::string all;
   for (int i = 0; i < count; ++i) all += text;
   return all;
-}
-
-TEST_F(TransferDialog, EveryButtonLeavesBothListsOfOneLength) {
-  const std::string longWord(10000, 'n');
-  std::string garbage;
-  for (int i = 0; i < 5000; ++i) garbage += static_cast<char>(i * 7919 >> 3);
-  const struct {
-    std::string text;
-    size_t entries;
-  } lists[] = {
-      {"", 0},
-      {"no entry Dir c:\\marlo\\ncdata FS 7 RT OFF ", 0},
-      {"File a.nc Dir c:\\x RT OFF\nFile", 1},
-      {"File a.nc File b.nc", 2},
-      {"File File Dir c:\\File FILE file x", 2},
-      {Repeated("File a.nc Dir c:\\marlo\\ncdata FS 7 ", 301), 300},
-      {"File " + longWord + " Dir c:\\" + longWord + " MMA X:" + longWord + " KeyCode " + longWord,
-       1},
-      {"File " + garbage, 1},
-      {std::string("File a\0b Dir c:\\\0 FS \0", 22), 1},
-      {"File FS Dir Dir FS M30 ON RT ON KeyCode Afa ON MAT KeyCode TD File", 1},
-      {"File a.nc Dir c:\\x FS -1e9 RT ON x 1 Afa ON TD nan SD inf MAF -1", 1},
-      {"File ..\\..\\a.nc Dir q:\\..\\.. FS 1 Afa OFF", 1},
-      {"File a.nc KeyCode KeyCode KeyCode", 1},
-      {"File a.nc " + Repeated("X:x ", 200'000), 1},
-  };
-  for (const auto& row : lists) {
-    SCOPED_TRACE(row.text.substr(0, 80));
-    files.Put("c:\\marlo\\FList1.txt", row.text);
-    files.Put("c:\\list.mcf", row.text);
-    slot.NcdataExt = "*.nc";
-    AnyUser user;
-    CTransferDlg odd(&userKeys, &files, &user);
-    odd.Open(World());
-    odd.ReadList();
-    EXPECT_EQ(odd.list.size(), row.entries);
-    EXPECT_EQ(user.messages.size(), row.entries == kJobListSlots ? 1U : 0U) << "if it does not fit";
-    const auto check = [&](const char* caption) {
-      EXPECT_EQ(odd.list.names.size(), odd.list.lines.size()) << caption;
-      EXPECT_LE(odd.list.size(), kJobListSlots) << caption;
-      EXPECT_LT(odd.selectedEntry, static_cast<int>(odd.list.size())) << caption;
-      EXPECT_LT(odd.selectedInformation, static_cast<int>(odd.information.size())) << caption;
-    };
-    const auto press = [&](const CTransferDlg::Button& button) {
-      for (const bool selected : {false, true}) {
-        if (odd.list.size() > 0) odd.SelectEntry(static_cast<int>(odd.list.size()) - 1);
-        odd.selectedInformation = selected ? static_cast<int>(odd.information.size()) - 1 : -1;
-        odd.selectedFile = odd.browser.files.empty() ? -1 : 0;
-        (odd.*button.press)();
-        check(button.caption);
-      }
-    };
-    for (const auto& button : CTransferDlg::KeyCodeButtons()) press(button);
-    for (const auto& button : CTransferDlg::ListButtons()) press(button);
-
-    odd.ReadList();
-    odd.Accept();
-    odd.Open(World());
-    check("opened again");
-  }
 }
 
 // On the host: folders that vanish, links that lead in circles, and paths deeper than the tree.
