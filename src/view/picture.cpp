@@ -36,10 +36,11 @@ constexpr StrokeLetter kStrokeLetters[] = {
     {"Z", {{{{0, 0}, {6, 0}}, {{6, 0}, {0, 10}}, {{0, 10}, {6, 10}}}}},
 };
 
-// With a scale near its lower bound an axis can end anywhere. Letters that far out are left out, so
-// that their strokes do not overflow.
+// With a scale near its lower bound an axis can end anywhere. A letter beyond this limit, in
+// pixels, is not drawn, so that its strokes do not overflow.
+constexpr int64_t kLetterLimit = int64_t{1} << 28;
 bool IsNear(int32_t coordinate) {
-  return std::abs(int64_t{coordinate}) < kMostPixels;
+  return std::abs(int64_t{coordinate}) < kLetterLimit;
 }
 
 void DrawLetters(RasterDevice* device) {
