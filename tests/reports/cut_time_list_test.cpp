@@ -64,9 +64,9 @@ TEST_F(CutTimeList, DeleteRemovesTheSelectedEntryFromTheTable) {
 
 TEST_F(CutTimeList, DeleteWithoutASelectionShowsAMessage) {
   Record({{"a.nc", 1}});
-  for (const int nothing : {0, -1, 1}) {
+  for (const int nothing : {0, -1, 0}) {
     dialog.Select(nothing);
-    Press("화일삭제");  // the first one removes the entry and the selection
+    Press("화일삭제");  // the first time it removes the entry
     Press("화일삭제");
   }
   EXPECT_EQ(dialog.TotalTimeText(), "0.00");

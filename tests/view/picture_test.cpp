@@ -20,6 +20,7 @@ class PictureTest : public testing::Test {
     scene.program.FeedBase = 1000;
     scene.Add(BlockRapidStart, -10, -5);
     scene.Add(BlockCut, 10, -5, 400);
+    scene.Add(BlockCut, 10, -4, 100);
   }
   bool Write(PictureFormat format, const std::string& path) {
     return WritePictureFile(format, path, scene.scene(), &files);
@@ -35,7 +36,7 @@ TEST_F(PictureTest, PictureReplacesTheFileAndKeepsTheStateOfTheScreen) {
   EXPECT_EQ(WritePicture("c:\\part.nc.emf", scene.scene(), &files), 1);
   EXPECT_EQ(files.Bytes("c:\\part.nc.emf").substr(40, 4), " EMF");
   EXPECT_EQ(scene.view.screen.lastPenFeed, 77);
-  EXPECT_EQ(scene.view.picture.lastPenFeed, 400);
+  EXPECT_EQ(scene.view.picture.lastPenFeed, 100);
 }
 
 TEST_F(PictureTest, FailedWriteKeepsTheOlderFile) {
@@ -44,7 +45,7 @@ TEST_F(PictureTest, FailedWriteKeepsTheOlderFile) {
        {PictureFormat::kMetafile, PictureFormat::kSvg, PictureFormat::kPng}) {
     scene.view.picture.lastPenFeed = 0;
     EXPECT_FALSE(Write(format, "c:\\nowhere\\picture"));
-    EXPECT_EQ(scene.view.picture.lastPenFeed, 400) << "the scene is drawn in either case";
+    EXPECT_EQ(scene.view.picture.lastPenFeed, 100) << "the scene is drawn in either case";
     files.RefuseWrite(1);
     EXPECT_FALSE(Write(format, "c:\\picture"));
     files.RefuseCommit(1);
@@ -66,8 +67,8 @@ TEST_F(PictureTest, PngIsTheDrawingOnAWhitePageWithLetters) {
   ASSERT_TRUE(png.width == 800 && png.height == 600);
   std::vector<uint8_t> pixels(PNG_IMAGE_SIZE(png));
   ASSERT_TRUE(png_image_finish_read(&png, nullptr, pixels.data(), 0, nullptr));
-  // Pixels from the centre: corners, X axis, cut and past its end; the letters X, in a cell at
-  // (69, 0), Y at (0, -69) and Z at (0, 0).
+  // Pixels from the centre: corners, X axis, first cut and past its end; the letters X, in a cell
+  // at (69, 0), Y at (0, -69) and Z at (0, 0).
   const struct {
     int x, y, colour;
   } points[] = {
@@ -75,7 +76,7 @@ TEST_F(PictureTest, PngIsTheDrawingOnAWhitePageWithLetters) {
       {-300, 150, 0x0000C8},  {301, 150, 0xFFFFFF}, {70, 3, 0x000000}, {76, 13, 0x000000},
       {76, 3, 0x000000},      {70, 13, 0x000000},   {73, 3, 0xFFFFFF}, {1, -66, 0x000000},
       {7, -66, 0x000000},     {4, -56, 0x000000},   {1, 3, 0x000000},  {7, 3, 0x000000},
-      {7, 13, 0x000000},
+      {7, 13, 0x000000},      {300, 130, 0xFF0000},
   };
   for (const auto& point : points) {
     const size_t at = static_cast<size_t>((point.y + 300) * 800 + point.x + 400) * 3;

@@ -58,9 +58,10 @@ def drawing_in(data):
             assert unpack("<4i", record, 8) == box_of(points), "bounds of a polyline"
         elif kind == CREATE_PEN:
             number, style, width, _, colour = struct.unpack("<IIiiI", record[8:])
-            assert number == len(objects), f"object {number} out of order"
-            assert style in (0, 1) and width == 1, "style of a pen"
-            objects[number] = (*colour.to_bytes(3, "little"), style == 1)
+            assert number == len(objects) and style in (0, 1) and width == 1, f"object {number}"
+            created = (*colour.to_bytes(3, "little"), style == 1)
+            assert created not in list(objects.values())[1:], "a pen is created twice"
+            objects[number] = created
         elif kind == SELECT:
             pen = objects[unpack("<I", record, 8)[0]]
             pens.append(pen)

@@ -26,27 +26,26 @@ class ViewCommandsTest : public testing::Test {
   ViewCommands commands{&scene.program, &scene.job, &scene.view, &ui};
 };
 
-using Key = ViewKey;
 using View = ViewTransform;
 
 TEST_F(ViewCommandsTest, ArrowKeyPansAboutTenPixels) {
   for (const auto& [scale, step] : {std::pair(0.5F, 21), {10, 2}, {30, 1}, {500, 1}}) {
     view.viewScale = scale;
-    EXPECT_EQ(Press(Key::kUp, &View::panY, 0), step);
-    EXPECT_EQ(Press(Key::kDown, &View::panY, 5), 5 - step);
-    EXPECT_EQ(Press(Key::kRight, &View::panX, 5), 5 - step);
-    EXPECT_EQ(Press(Key::kLeft, &View::panX, 0), step);
+    EXPECT_EQ(Press(ViewKey::kUp, &View::panY, 0), step);
+    EXPECT_EQ(Press(ViewKey::kDown, &View::panY, 5), 5 - step);
+    EXPECT_EQ(Press(ViewKey::kRight, &View::panX, 5), 5 - step);
+    EXPECT_EQ(Press(ViewKey::kLeft, &View::panX, 0), step);
   }
   view.viewScale = 0;
-  EXPECT_EQ(Press(Key::kLeft, &View::panX, INT32_MAX - 5), INT32_MAX);
+  EXPECT_EQ(Press(ViewKey::kLeft, &View::panX, INT32_MAX - 5), INT32_MAX);
   EXPECT_EQ(ui.repaints, 17);
 }
 
 TEST_F(ViewCommandsTest, OtherKeyTurnsOneAngleByTenDegrees) {
-  const std::tuple<Key, Key, int32_t View::*, double View::*> rows[] = {
-      {Key::kPageUp, Key::kPageDown, &View::rotZ, &View::sinZ},
-      {Key::kHome, Key::kEnd, &View::rotY, &View::sinY},
-      {Key::kInsert, Key::kDelete, &View::rotX, &View::sinX}};
+  const std::tuple<ViewKey, ViewKey, int32_t View::*, double View::*> rows[] = {
+      {ViewKey::kPageUp, ViewKey::kPageDown, &View::rotZ, &View::sinZ},
+      {ViewKey::kHome, ViewKey::kEnd, &View::rotY, &View::sinY},
+      {ViewKey::kInsert, ViewKey::kDelete, &View::rotX, &View::sinX}};
   for (const auto& [increase, decrease, angle, sine] : rows) {
     EXPECT_EQ(Press(increase, angle, 0), 10);
     EXPECT_NEAR(view.*sine, 0.17365, 1e-5);
