@@ -1,16 +1,15 @@
-// What the tests of the feed adjustment and of the master model share.
+// Random programs, models and helpers of the tests of the feed adjustment and the master model.
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
+#include <cstdlib>
+#include <initializer_list>
 #include <random>
+#include <string>
 #include <vector>
 
-#include "base/numbers.h"
-#include "feed/feed_pass.h"
 #include "feed/master_grid.h"
 #include "model/block_store.h"
-#include "model/job_record.h"
 
 namespace tvx {
 
@@ -28,67 +27,63 @@ inline void SetCell(MasterGrid* grid, int32_t ix, int32_t iy, float z, int angle
   grid->At(ix, iy).angle = static_cast<int16_t>(angle);
 }
 
-// A lookup by its rule and nothing else: every cell of the square is visited. 0 for none. The fast
-// lookup has to give the same answers.
-inline int32_t PlainLookup(const MasterGrid& grid, const Vec3& point, double radius) {
-  const double c = grid.CellSize;
-  const auto snapped = [&](double position) {
-    const int32_t line = TruncateToInt(position / c);
-    const double low = line * c;
-    const double high = (line + 1.0) * c;
-    return high - position < position - low ? high : low;
-  };
-  const double sx = snapped(static_cast<double>(point.x) - grid.OriginX);
-  const double sy = snapped(static_cast<double>(point.y) - grid.OriginY);
-  int32_t best = 0;
-  for (int32_t iy = std::max(1, TruncateToInt((sy - radius) / c));
-       iy <= std::min(grid.NY - 1, TruncateToInt((sy + radius) / c)); ++iy) {
-    for (int32_t ix = std::max(1, TruncateToInt((sx - radius) / c));
-         ix <= std::min(grid.NX - 1, TruncateToInt((sx + radius) / c)); ++ix) {
-      const MasterCell& cell = grid.At(ix, iy);
-      if (cell.z > point.z && cell.angle > best) best = cell.angle;
-    }
-  }
-  return best;
-}
-
-// Appends a move to a store.
-inline void Append(BlockStore* store, BlockType type, float x, float y, float z,
-                   int32_t feed = 1000) {
-  store->CurrentBlock = {
-      .x = x, .y = y, .z = z, .feedProgrammed = feed, .feed = feed, .type = type};
+// Appends a block to a store.
+inline void Append(BlockStore* store, const MotionBlock& block) {
+  store->CurrentBlock = block;
   store->WriteBlock(store->blockCount++);
+}
+inline void Append(BlockStore* store, BlockType type, float x, float y, float z) {
+  Append(store, {.x = x, .y = y, .z = z, .feedProgrammed = 1000, .feed = 1000, .type = type});
 }
 
 // Replaces the program in the store.
 inline void Fill(BlockStore* store, const std::vector<MotionBlock>& blocks) {
   store->blockCount = 0;
-  for (const MotionBlock& block : blocks) {
-    store->CurrentBlock = block;
-    store->WriteBlock(store->blockCount++);
-  }
+  for (const MotionBlock& block : blocks) Append(store, block);
 }
 
-using Random = std::mt19937;
+// The records of a store, byte for byte.
+inline std::string Bytes(const BlockStore& store) {
+  std::string bytes;
+  for (uint32_t i = 0; i < store.blockCount; ++i) {
+    bytes.append(reinterpret_cast<const char*>(store.Peek(i)), sizeof(MotionBlock));
+  }
+  return bytes;
+}
+
+// Adds bytes to a checksum (FNV-1a).
+inline void AddTo(uint32_t* sum, const std::string& bytes) {
+  for (const char byte : bytes) *sum = (*sum ^ static_cast<unsigned char>(byte)) * 0x01000193;
+}
+
+// A series of choices that depends on the seed only, on no compiler and no library.
+class Random {
+ public:
+  explicit Random(uint32_t seed) : engine_(seed) {}
+
+  // From low to high, both included.
+  int Whole(int low, int high) {
+    return low + static_cast<int>(Next() % static_cast<uint32_t>(high - low + 1));
+  }
+  double Real(double low, double high) { return low + (high - low) * (Next() * 0x1p-32); }
+  bool Chance(int percent) { return Whole(1, 100) <= percent; }
+  template <typename T>
+  T OneOf(std::initializer_list<T> list) {
+    return list.begin()[Whole(0, static_cast<int>(list.size()) - 1)];
+  }
+
+ private:
+  uint32_t Next() { return static_cast<uint32_t>(engine_()); }
+  std::mt19937 engine_;
+};
 
 // At least `moves` blocks of runs of every kind: straight, turning and circling moves from much
-// shorter to much longer than the look distance, lattices whose distances are exact, doubled
-// points, plunges, rapids, arcs, lines without a move, bad records and places far off.
-std::vector<MotionBlock> RandomProgram(Random* random, size_t moves);
+// shorter to much longer than the look distance, lattices whose distances are exact, repeated
+// points, rapids, arcs, lines without a move and zones of an earlier run. With `odd` also bad
+// records, huge coordinates and coordinates that are no numbers.
+std::vector<MotionBlock> RandomProgram(Random* random, size_t moves, bool odd);
 
-// Whether no coordinate is farther than this from 0, in mm.
-bool StaysWithin(float reach, const std::vector<MotionBlock>& blocks);
-
-// A parameter set, now and then with values that no dialog would give.
-JobRecord RandomJob(Random* random);
-
-// FeedPass written the plain way: every walk goes block by block through the register, and a lookup
-// visits every cell. Far too slow for real programs, and the measure of the fast one, which has to
-// leave the same bytes.
-void ReferencePass(BlockStore* store, const JobRecord& job, const MasterGrid& master,
-                   FeedPassMemory* memory);
-
-// Memory that can be had a given number of times.
+// An allocator that succeeds a given number of times.
 inline int allocationsLeft = 0;
 inline void* AllocateWhileAllowed(size_t bytes) {
   return allocationsLeft-- > 0 ? std::malloc(bytes) : nullptr;
