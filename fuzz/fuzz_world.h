@@ -43,16 +43,23 @@ class FuzzFiles : public Files {
  private:
   class Input : public InputFile {
    public:
-    explicit Input(std::string_view bytes) : rest_(bytes) {}
+    explicit Input(std::string_view bytes) : bytes_(bytes) {}
     size_t Read(char* buffer, size_t size) override {
-      const size_t count = std::min(size, rest_.size());
-      if (count > 0) std::memcpy(buffer, rest_.data(), count);
-      rest_.remove_prefix(count);
+      const size_t count = ReadAt(position_, buffer, size);
+      position_ += count;
       return count;
     }
+    size_t ReadAt(uint64_t offset, char* buffer, size_t size) override {
+      if (offset >= bytes_.size()) return 0;
+      const size_t count = std::min<size_t>(size, bytes_.size() - offset);
+      std::memcpy(buffer, bytes_.data() + offset, count);
+      return count;
+    }
+    FileStamp Stamp() override { return {bytes_.size(), 0}; }
 
    private:
-    std::string_view rest_;
+    std::string_view bytes_;
+    uint64_t position_ = 0;
   };
 
   class Output : public OutputFile {
