@@ -4,129 +4,93 @@
 #include <gtest/gtest.h>
 
 #include <QDialog>
-#include <QPointer>
+#include <QMdiSubWindow>
 #include <QTest>
 #include <deque>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
+#include <vector>
 
 #include "desktop/language.h"
 #include "desktop/main_window.h"
-#include "platform/drives.h"
 #include "platform/files.h"
 #include "shell/application.h"
 #include "support/temp_dir.h"
 
-class QAbstractButton;
-class QComboBox;
-class QLineEdit;
-class QMdiSubWindow;
-class QListWidget;
-class QSlider;
-
 namespace tvx {
 
-// What a user does in a window: types into the edit behind a label, chooses from the list behind
-// it, or, without a text, clicks a button. The label "" means the first edit.
-struct Deed {
-  std::string on;
-  std::optional<std::string> text = std::nullopt;
-};
-void Do(QWidget* window, const std::vector<Deed>& deeds);
-
-// A user behind modal windows: each step waits for a window of its class, works on it and leaves it
-// closed, and steps for windows that open meanwhile follow it. A window that no step waits for, and
-// a step whose window never comes, are test failures.
-class ModalScript {
+// A user of windows, who follows steps separated by " | ":
+//   BUTTON       clicks the button or box of that text, else the first whose text begins so
+//   FIELD=TEXT   types into an edit, or chooses from a list
+//   LIST#ROW     clicks the row of that text, ##ROW double-clicks it
+//   FIELD<Up X   presses keys
+//   FIELD?TEXT   expects what is shown: the text of an edit or a button, the chosen entry, the rows
+//                of a list joined by ", "
+//   FIELD~TEXT   expects that this is a part of it
+//   BOX?on       expects a box that is ticked, ?off one that is not
+//   FIELD!       expects the focus
+//   ?TEXT        expects a title, label, row or other text in the window
+//   Esc          presses Escape
+// FIELD and LIST are labels or their beginnings; a number means that edit, "list", "tree" and "box"
+// the first of them. " > " is followed by the steps in the window that opens then, separated by " &
+// "; in a file chooser by the path to type, on the drive c:.
+//
+// Steps for modal windows wait until a window opens. A window without steps, and steps without
+// their window, are failures; so is a Korean text in a window of the English program.
+class User {
  public:
-  ModalScript();
-  ~ModalScript();
+  // The home folder has the drive.
+  explicit User(std::filesystem::path home) : home_(std::move(home)) { Poll(); }
+  ~User() { EXPECT_EQ(waiting.size(), 0U) << "windows did not open"; }
 
-  template <typename Window>
-  void On(std::function<void(Window*)> act) {
-    steps_.push_back([act = std::move(act)](QWidget* window) {
-      auto* const expected = dynamic_cast<Window*>(window);
-      if (expected == nullptr) return false;
-      act(expected);
-      return true;
-    });
-  }
+  // Follows steps in a window that is open.
+  void Do(QWidget* window, const QString& steps);
+  // The next modal window: its steps, or what else to do in it. It may be left open for the next.
+  void Next(const std::string& steps);
+  void Next(std::function<void(QDialog*)> act) { waiting.push_back(std::move(act)); }
 
-  template <typename Window>
-  void Does(std::vector<Deed> deeds) {
-    On<Window>([deeds = std::move(deeds)](Window* window) { Do(window, deeds); });
-  }
-  template <typename Window>
-  void Rejects() {
-    On<Window>([](Window* window) { window->reject(); });
-  }
-
-  // A file chooser: this host path is typed and accepted.
-  void OnFile(const std::filesystem::path& path);
-
-  bool Done() const { return steps_.empty(); }
+  std::deque<std::function<void(QDialog*)>> waiting;
+  int koreanTexts = 0;  // of the user's own that an English window shows
 
  private:
   void Poll();
-  void Plan();
 
-  std::deque<std::function<bool(QWidget*)>> steps_;
+  std::filesystem::path home_;
   int idlePolls_ = 0;
   QObject context_;  // ends the polling
 };
 
+// All texts that can be read in a window, but for those in edits; "[picture]" for a picture.
+QStringList TextsIn(const QWidget* window);
+
 class DesktopTest : public testing::Test {
  protected:
   explicit DesktopTest(int32_t language = kKoreanLabels);
-  ~DesktopTest() override;
 
-  // A window that is not the first, without a view.
+  // A new window without a view in place of the first.
   void OpenWindow(const QString& settingsFile = {});
-  // Writes a file into the folder of NC programs. Returns its host path.
-  std::filesystem::path PutProgram(const std::string& name, std::string_view text);
+  // Writes a file into the folder of NC programs and loads it as the command line does.
+  void Load(const std::string& name, std::string_view text);
   CTVXView& View() { return window->ActiveView()->view(); }
-  // A key in the main window, which is brought to the front: after a dialog nobody else does it
-  // here.
-  void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+  QList<QMdiSubWindow*> Children() { return window->findChild<QMdiArea*>()->subWindowList(); }
+  // Presses a key in the main window, after bringing it to the front.
+  void Press(QKeyCombination key);
+  // Runs a command with a user's steps in the window that it opens.
+  void RunCommand(CommandId id, const std::string& steps);
   // The entry of a menu row among the menus that are shown, or null.
   QAction* Entry(const MenuRow& row);
-  QList<QMdiSubWindow*> Children();
   // Lets the windows paint and handle what is pending.
   static void Settle();
 
   TempDir home;
+  const std::filesystem::path programs = home / "drive_c/marlo/ncdata";
   Drives drives{home.Path()};
   std::unique_ptr<Files> files = MakeHostFiles(&drives);
   QtUserInterface ui{&drives, files.get()};
   CTVXApp app{files.get(), &ui};
   std::unique_ptr<MainWindow> window;
-  ModalScript user;
+  User user{home.Path()};
 };
-
-// The edit of a form behind its label, and a button or check box by its text. A window without one
-// fails the test and gives null, with which the operations below do nothing.
-QLineEdit* EditOf(QWidget* window, std::string_view label);
-QAbstractButton* ButtonOf(QWidget* window, std::string_view text);
-QComboBox* ListOf(QWidget* window, std::string_view label);
-QListWidget* RowsOf(QWidget* window, std::string_view label);
-// The button whose text begins so, or null.
-QAbstractButton* ButtonFrom(QWidget* window, std::string_view start);
-
-// The action of this text that is shown, or null.
-QAction* ShownAction(const QList<QAction*>& actions, const char* text);
-
-// The texts of a list's rows.
-std::vector<std::string> Texts(const QListWidget& list);
-QPoint CentreOf(QListWidget* list, int row);
-
-// What a user does with them.
-void ClickRow(QListWidget* list, int row);
-void Type(QLineEdit* edit, std::string_view text);
-void Type(QWidget* window, std::string_view label, std::string_view text);
-void Click(QWidget* window, std::string_view text);
-void Choose(QWidget* window, std::string_view label, std::string_view entry);
-void Drag(QSlider* slider, int position);
 
 }  // namespace tvx
