@@ -18,6 +18,16 @@ namespace {
 namespace fs = std::filesystem;
 using Names = std::vector<std::string>;
 
+struct StartedPrograms : Programs {
+  bool Start(const std::string& program, const std::string& path) override {
+    started = program + " " + path;
+    return true;
+  }
+  bool HasWindowOfClass(const std::string& /*windowClass*/) override { return false; }
+  void Quit() override {}
+  std::string started;
+};
+
 // The dialog, opened on a folder of small files.
 class TransferDialog : public testing::Test {
  protected:
@@ -33,7 +43,7 @@ class TransferDialog : public testing::Test {
 
   void Open() { dialog.Open(World()); }
   JobDialogSetup World() {
-    return {&slot, &working, "c:\\marlo", "wordpad.exe", &extensions, NoPrograms()};
+    return {&slot, &working, "c:\\marlo", "wordpad.exe", &extensions, &programs};
   }
   void PutNc(const std::string& name, const std::string& bytes) {
     files.Put("c:\\marlo\\ncdata\\" + name, bytes);
@@ -48,10 +58,19 @@ class TransferDialog : public testing::Test {
     SelectFile(name);
     dialog.AppendSelected();
   }
+  void Press(const std::string& caption) {
+    for (const auto& buttons : {CTransferDlg::ListButtons(), CTransferDlg::KeyCodeButtons()}) {
+      for (const auto& [text, press] : buttons) {
+        if (text == caption) return (dialog.*press)();
+      }
+    }
+    ADD_FAILURE() << "no button " << caption;
+  }
   std::string LastMessage() const { return ui.messages.empty() ? "" : ui.messages.back().text; }
 
   MemoryFiles files;
   ScriptedUi ui;
+  StartedPrograms programs;
   JobRecord slot, working;
   Names extensions = {"*.*", "*.nc", "*.nc2", "", "*.tap"};
   Names userKeys = Names(100);
@@ -211,7 +230,84 @@ TEST_F(TransferDialog, PreviewsHeadAndTailAndTakesTheOptionsOver) {
   EXPECT_TRUE(dialog.information.empty());
 }
 
-// What the buttons of the key codes do is seen in the window.
+TEST_F(TransferDialog, ButtonsOfTheLists) {
+  const struct {
+    const char* button;
+    Names names;
+    const char* information;  // its first row
+  } steps[] = {
+      {"삽입", {"b.nc", "a.nc"}, "화일명 : b.nc "},  // in front of the selected entry
+      {"미리보기", {"b.nc", "a.nc"}, "G01 X1"},
+      {"화일정보", {"b.nc", "a.nc"}, "화일명 : a.nc "},
+      {"편집", {"b.nc", "a.nc"}, "화일명 : a.nc "},
+      {"저장", {"b.nc", "a.nc"}, "화일명 : a.nc "},
+      {"삭제", {"b.nc"}, ""},
+      {"청소", {}, ""},
+      {"읽기", {"b.nc", "a.nc"}, ""},
+      {"TVX", {"c.nc"}, ""},
+      {"화일확장자", {"c.nc"}, ""},
+  };
+  Append("a.nc");
+  SelectFile("b.nc");
+  dialog.SelectEntry(0);
+  files.Put("c:\\old.mcf", "File c.nc Dir X:\\lists FS 5 ");
+  ui.OnFile("c:\\old.mcf");
+  ui.OnDialog<CKeyCodeDlg>([](CKeyCodeDlg* pad) {
+    pad->field = "*.txt";
+    return pad->Accept() == Closing::kAccepted;
+  });
+  for (const auto& step : steps) {
+    Press(step.button);
+    EXPECT_EQ(dialog.list.names, step.names) << step.button;
+    EXPECT_EQ(dialog.information.empty() ? "" : dialog.information[0], step.information);
+  }
+  EXPECT_EQ(programs.started, "wordpad.exe c:\\marlo\\ncdata\\a.nc");
+  EXPECT_EQ(dialog.list.lines, Names{"Dir c:\\lists FS 5 "});
+  EXPECT_EQ(dialog.browser.files, Names{"note.txt"});
+}
+
+TEST_F(TransferDialog, ButtonsOfTheKeyCodes) {
+  Append("a.nc");
+  for (const char* const guarded : {"K추가", "K삽입", "K삭제", "K수정", "K읽기"}) {
+    Press(guarded);
+    EXPECT_EQ(LastMessage(), "현재 전송중 이거나 전송한 file입니다. ") << guarded;
+    ui.messages.clear();
+  }
+  const std::string bare = dialog.list.lines[0] + " KeyCode  ";
+  dialog.SelectEntry(0);
+  const struct {
+    const char* row;  // selected before; null: none
+    const char* button;
+    const char* typed;  // on the pad, accepted; null: no pad opens
+    const char* codes;
+  } steps[] = {
+      {nullptr, "K추가", "G90", "G90"},
+      {nullptr, "K삽입", "S1000", "G90 S1000"},  // at the end
+      {"  S1000", "K삽입", "G54", "G90 G54  S1000"},
+      {nullptr, "K저장", nullptr, "G90 G54  S1000"},
+      {"  G90", "K수정", "G91", "G91 G54  S1000"},
+      {"  G54", "K삭제", nullptr, "G91   S1000"},
+      {nullptr, "K삭제", nullptr, "G91   "},  // the last one
+      {nullptr, "K읽기", nullptr, "G90 G54  S1000"},
+  };
+  for (const auto& step : steps) {
+    const auto row = std::ranges::find(dialog.information, step.row == nullptr ? "" : step.row);
+    dialog.selectedInformation =
+        step.row == nullptr ? -1 : static_cast<int>(row - dialog.information.begin());
+    if (step.typed != nullptr) {
+      ui.OnDialog<CKeyCodeDlg>([&](CKeyCodeDlg* pad) {
+        pad->field = step.typed;
+        return pad->Accept() == Closing::kAccepted;
+      });
+    }
+    Press(step.button);
+    EXPECT_EQ(dialog.list.lines[0], bare + step.codes) << step.button;
+  }
+  ui.OnDialog<CKeyCodeDlg>([](CKeyCodeDlg* pad) { return pad->field != "S1000"; });
+  Press("K수정");
+  EXPECT_EQ(dialog.list.lines[0], bare + "G90 G54  S1000") << "cancelled";
+}
+
 TEST_F(TransferDialog, RowsThatAreNoKeyCodeWords) {
   const std::string line = "Dir c:\\S10 FS 5 M30 ON RT OFF Afa OFF  KeyCode  G90 S1";
   dialog.list.Insert(0, "a.nc", line);
@@ -245,7 +341,6 @@ TEST_F(TransferDialog, KeyCodeFileIsReadToItsLimitAndThenToTheEndOfTheWord) {
   }
 }
 
-// How the options of the files to come go into their lines is seen in the window, too.
 TEST_F(TransferDialog, OptionsOfTheFilesToCome) {
   ui.OnDialog<CRestartDlg>([](CRestartDlg* restart) {
     restart->EditDecimal(2, "1.5");
