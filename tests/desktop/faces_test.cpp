@@ -87,13 +87,14 @@ TEST_F(DialogFaces, SendOptions) {
   record = Record("ConCorChk=0");
   home.Put("drive_c/R&D/a.mma", "");
   // The ampersand is shown as it is, and is not the mark of a key.
-  EXPECT_EQ(Run(&dialog,
-                "Lowest! | Highest=2000 | Lowest=500 | Finishing | Z up | 2=-3200 | "
-                "Spindle | MMA > c:\\R&D\\a.mma | MMA?MMA : c:\\R&&D\\a.mma | "
-                "Highest=200000 | OK > OK | Highest! | Highest=2000 | Lowest=-1 | "
-                "OK > OK | Lowest! | Lowest=500 | OK"),
-            "AfaEnabled=1 CornerMaxRatio=0.25 SlopeMaxRatio=0.25 ConCorChk=1 UpDownChk=0 "
-            "MaxFeed=2000 AfaMasterFile=c:\\R&D\\a.mma");
+  EXPECT_EQ(
+      Run(&dialog,
+          "Lowest! | Highest=2000 | Afa:~MaxFeed  2000 | Lowest=500 | Finishing | Z up | 2=-3200 | "
+          "Spindle | MMA > c:\\R&D\\a.mma | MMA?MMA : c:\\R&&D\\a.mma | "
+          "Highest=200000 | OK > OK | Highest! | Highest=2000 | Lowest=-1 | "
+          "OK > OK | Lowest! | Lowest=500 | OK"),
+      "AfaEnabled=1 CornerMaxRatio=0.25 SlopeMaxRatio=0.25 ConCorChk=1 UpDownChk=0 "
+      "MaxFeed=2000 AfaMasterFile=c:\\R&D\\a.mma");
   EXPECT_EQ(std::pair(dialog.SpindleOn, dialog.SpindleSpeed), std::pair(1, -3200));
 
   const JobRecord condition = Record("ConCorChk=0 UpDownChk=1 MaxFeed=800 CornerMaxRatio=0.5");

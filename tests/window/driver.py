@@ -1,27 +1,15 @@
-"""A screen with a window manager and the desktop program on it, driven by synthetic keys and mouse.
-
-    with Screen(program, tool, folder) as screen:
-        screen.start()
-        screen.load(EXAMPLES / "finishing_raster.nc")
-        screen.key("F6")
-        screen.wait_for_drawing("--view", "6")
-
-No step sleeps for a fixed time. Each step waits for a visible change, so a scenario takes longer on a slow
-machine but does not fail. A Failure names what did not happen; the screen at that moment is saved as
-failure.png in the folder of the scenario.
-"""
+"""A screen with a window manager and the desktop program on it, driven by synthetic keys and mouse. No step
+sleeps for a fixed time; each waits for a visible change. A Failure names what did not happen, and the screen
+at that moment is saved as failure.png in the folder of the scenario."""
 import array
-import functools
 import os
 import pathlib
 import shutil
 import subprocess
 import time
-import xml.etree.ElementTree
 from typing import NamedTuple
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
-EXAMPLES = ROOT / "examples"
+EXAMPLES = pathlib.Path(__file__).resolve().parents[2] / "examples"
 TOOLS = ("Xvfb", "openbox", "xdotool", "import")
 
 PATIENCE = 20.0  # seconds; a step that waits longer fails
@@ -38,20 +26,6 @@ WHITE, GREEN, RED = PENS["penWhite"], PENS["penGreen"], PENS["penRed"]
 
 def missing_tools():
     return [tool for tool in TOOLS if shutil.which(tool) is None]
-
-
-MENUS = ("file", "cut_time", "master", "graphics", "settings", "other", "view", "window", "help")
-
-# The letter of the load in its menu.
-LOAD_LETTERS = {"ko": "t", "en": "l"}
-
-
-@functools.cache
-def english_texts():
-    """The texts of the English window by the Korean ones."""
-    root = xml.etree.ElementTree.parse(ROOT / "translations" / "tvx_en.ts").getroot()
-    return {message.findtext("source"): message.findtext("translation")
-            for message in root.iter("message")}
 
 
 class Failure(Exception):
@@ -93,77 +67,54 @@ class Picture:
     def count(self, colour):
         return self.pixels.count(self.OPAQUE | colour)
 
-    def corner(self):
-        """The first column and the first row that are not completely black."""
-        width, height = self.rect.width, self.rect.height
-        columns = (self.pixels[x::width] for x in range(width))
-        rows = (self.pixels[y * width : (y + 1) * width] for y in range(height))
-        return tuple(next(i for i, line in enumerate(lines) if line.count(self.OPAQUE) < len(line))
-                     for lines in (columns, rows))
-
 
 class Screen:
     """A separate X server with openbox, and the program with a separate home in `folder`."""
 
     WIDTH, HEIGHT = 1280, 800
 
-    def __init__(self, program, tool, folder, scale=1, dark=False, language="ko"):
+    def __init__(self, program, tool, folder, scale=1):
         self.program, self.tool = pathlib.Path(program), pathlib.Path(tool)
         self.folder = pathlib.Path(folder)
-        self.scale, self.dark, self.language = scale, dark, language
         self.home = self.folder / "home"
         self.data = self.home / "drive_c" / "marlo" / "ncdata"
+        self.whole = Rect(0, 0, self.WIDTH * scale, self.HEIGHT * scale)
         self.view_rect = None  # of the black view, known once the program has started
-        self._processes = []
-
-    def __enter__(self):
-        shutil.rmtree(self.folder, ignore_errors=True)
-        self.home.mkdir(parents=True)
+        self.load_letter = "t"  # of the command in its menu
         self.environment = {
             "PATH": os.environ["PATH"], "LC_ALL": "C.UTF-8", "HOME": str(self.home),
             "XDG_RUNTIME_DIR": str(self.folder), "XDG_CONFIG_HOME": str(self.home / "config"),
             "XDG_CACHE_HOME": str(self.home / "cache"), "TVX_HOME": str(self.home),
-            "QT_QPA_PLATFORM": "xcb", "QT_SCALE_FACTOR": str(self.scale),
-            "TVX_LANGUAGE": self.language,
+            "QT_QPA_PLATFORM": "xcb", "QT_SCALE_FACTOR": str(scale), "TVX_LANGUAGE": "ko",
         }
-        if self.dark:
-            self._choose_dark_desktop()
+        self._processes = []
+
+    def prepare_home(self):
+        shutil.rmtree(self.folder, ignore_errors=True)
+        self.data.mkdir(parents=True)
+
+    def __enter__(self):
+        self.prepare_home()
         try:
             self._start_server()
             self._spawn("openbox", "openbox")
             self.wait_until("the window manager runs", lambda: self._ask("get_num_desktops"))
+            return self
         except BaseException:
             self._stop()
             raise
-        return self
 
     def __exit__(self, kind, error, trace):
         if isinstance(error, Failure):
             self.save("failure.png")
         self._stop()
 
-    def _choose_dark_desktop(self):
-        """Writes desktop settings with a dark colour scheme, which the program uses."""
-        colours = {"BackgroundNormal": "42,46,50", "BackgroundAlternate": "49,54,59",
-                   "ForegroundNormal": "252,252,252", "ForegroundInactive": "161,169,177",
-                   "ForegroundLink": "29,153,243", "ForegroundVisited": "155,89,182"}
-        selection = colours | {"BackgroundNormal": "61,174,233"}
-        lines = []
-        for group in ("Window", "View", "Button", "Tooltip", "Selection"):
-            lines.append(f"[Colors:{group}]")
-            values = selection if group == "Selection" else colours
-            lines += [f"{key}={value}" for key, value in values.items()]
-        (self.home / "config").mkdir()
-        (self.home / "config" / "kdeglobals").write_text("\n".join(lines), encoding="utf-8")
-        self.environment |= {"XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true",
-                             "KDE_SESSION_VERSION": "5"}
-
     def _start_server(self):
-        size = f"{self.WIDTH * self.scale}x{self.HEIGHT * self.scale}x24"
         read, write = os.pipe()
         # A server that resets when its last client leaves could drop a client that is just connecting.
-        self._spawn("server", "Xvfb", "-displayfd", str(write), "-screen", "0", size,
-                    "-nolisten", "tcp", "-noreset", pass_fds=[write])
+        self._spawn("server", "Xvfb", "-displayfd", str(write), "-screen", "0",
+                    f"{self.whole.width}x{self.whole.height}x24", "-nolisten", "tcp", "-noreset",
+                    pass_fds=[write])
         os.close(write)
         with os.fdopen(read) as pipe:
             number = pipe.readline().strip()  # ends when the server is ready, or has ended
@@ -173,10 +124,8 @@ class Screen:
 
     def _spawn(self, name, *command, **options):
         log = open(self.folder / f"{name}.log", "w", encoding="utf-8")
-        process = subprocess.Popen(command, env=self.environment, stdin=subprocess.DEVNULL,
-                                   stdout=log, stderr=log, **options)
-        self._processes.append(process)
-        return process
+        self._processes.append(subprocess.Popen(command, env=self.environment, stdout=log, stderr=log,
+                                                stdin=subprocess.DEVNULL, **options))
 
     def _stop(self):
         for process in reversed(self._processes):
@@ -188,15 +137,14 @@ class Screen:
                 process.wait()
         self._processes.clear()
 
-    def _xdotool(self, *arguments):
-        subprocess.run(["xdotool", *map(str, arguments)], env=self.environment, check=True,
-                       capture_output=True, timeout=PATIENCE)
+    def _run(self, *command, check=True, **options):
+        """Runs a command on the screen and returns its output, or None if it may fail and does."""
+        run = subprocess.run(list(map(str, command)), env=self.environment, capture_output=True,
+                             timeout=PATIENCE, check=check, **options)
+        return run.stdout if run.returncode == 0 else None
 
     def _ask(self, *arguments):
-        """The output of xdotool, or None if it fails."""
-        run = subprocess.run(["xdotool", *arguments], env=self.environment, capture_output=True,
-                             text=True, timeout=PATIENCE, check=False)
-        return run.stdout.strip() if run.returncode == 0 else None
+        return (self._run("xdotool", *arguments, check=False, text=True) or "").strip()
 
     # --- waiting -------------------------------------------------------------------------------
 
@@ -214,114 +162,86 @@ class Screen:
                     raise Failure(f"{process.args[0]} has ended while waiting: {what}")
             time.sleep(POLL)
 
-    def active_window(self):
-        """The number of the window with the keyboard focus."""
-        return self._ask("getactivewindow")
-
     def title(self):
-        """The title of the window with the keyboard focus."""
         return self._ask("getactivewindow", "getwindowname")
 
-    def text(self, korean):
-        """A text of the program in the language of this screen."""
-        return english_texts().get(korean, korean) if self.language == "en" else korean
-
     def wait_for_window(self, title):
-        """Waits until the window with this title has the keyboard focus; earlier keys would go to another
-        window. The title is given in Korean, whatever the language of the screen."""
-        title = self.text(title)
+        """Waits until the window with this title has the focus; earlier keys would go to another one."""
         self.wait_until(f"the window “{title}” (“{self.title()}” has the keys)",
                         lambda: self.title() == title)
 
     def wait_for_change(self, what, before):
-        """Waits until the view shows a different picture and returns it."""
         return self.wait_until(what, lambda: (now := self.view()) != before and now)
 
-    # --- keys and mouse ------------------------------------------------------------------------
-
-    def key(self, *keys):
-        self._xdotool("key", "--delay", 4, *keys)
-
-    def menu(self, name, *keys):
-        """Opens a menu from the nearer end of the menu bar and presses keys in it."""
-        place = MENUS.index(name)
-        ways = ["Right"] * place if place < 4 else ["Left"] * (len(MENUS) - place)
-        for step in (["alt+f", *ways], keys):
-            if step:
-                self.key(*step)
-                self.wait_until_still()
-
-    def type(self, text):
-        self._xdotool("type", "--delay", 2, text)
-
-    def fill(self, text):
-        """Replaces the text of the field with the focus."""
-        self.key("ctrl+a")
-        self.type(text)
-
-    def move_to(self, x, y):
-        """Moves the mouse to a point relative to the corner of the view."""
-        self._xdotool("mousemove", self.view_rect.left + x, self.view_rect.top + y)
-
-    def click(self, x, y, button=1):
-        self.move_to(x, y)
-        self._xdotool("click", button)
-
-    def press(self, x, y, button):
-        self.move_to(x, y)
-        self._xdotool("mousedown", button)
-
-    def release(self, button):
-        self._xdotool("mouseup", button)
-
-    # --- looking -------------------------------------------------------------------------------
-
-    def picture(self, rect):
-        place = f"{rect.width}x{rect.height}+{rect.left}+{rect.top}"
-        run = subprocess.run(["import", "-silent", "-window", "root", "-crop", place, "-depth", "8",
-                              "BGRA:-"], env=self.environment, capture_output=True, check=True,
-                             timeout=PATIENCE)
-        return Picture(rect, run.stdout)
-
-    def view(self):
-        return self.picture(self.view_rect)
-
     def wait_until_still(self):
-        """Waits until the whole screen does not change for a moment."""
-        whole = Rect(0, 0, self.WIDTH * self.scale, self.HEIGHT * self.scale)
-        last = [self.picture(whole), time.monotonic()]
+        last = [self.picture(self.whole), time.monotonic()]
 
         def is_still():
-            now = self.picture(whole)
+            now = self.picture(self.whole)
             if now != last[0]:
                 last[:] = now, time.monotonic()
             return time.monotonic() - last[1] > STILL
 
         self.wait_until("the screen stays as it is", is_still)
 
+    # --- keys and mouse; points are relative to the corner of the view -------------------------
+
+    def key(self, *keys, opens=None):
+        """Presses keys, and waits for the window that they open or return to, if it is named."""
+        if keys:
+            self._run("xdotool", "key", "--delay", 4, *keys)
+        if opens is not None:
+            self.wait_for_window(opens)
+
+    def fill(self, *texts):
+        """Replaces the text of the field with the focus, and of the fields after it."""
+        for number, text in enumerate(texts):
+            self.key(*["Tab"] * (number > 0), "ctrl+a")
+            self._run("xdotool", "type", "--delay", 2, text)
+
+    def move_to(self, x, y):
+        self._run("xdotool", "mousemove", self.view_rect.left + x, self.view_rect.top + y)
+
+    def press(self, x, y, button=1):
+        self.move_to(x, y)
+        self._run("xdotool", "mousedown", button)
+
+    def release(self, button=1):
+        self._run("xdotool", "mouseup", button)
+
+    def click(self, x, y, opens=None):
+        self.press(x, y)
+        self.release()
+        self.key(opens=opens)
+
+    # --- looking -------------------------------------------------------------------------------
+
+    def picture(self, rect):
+        place = f"{rect.width}x{rect.height}+{rect.left}+{rect.top}"
+        return Picture(rect, self._run("import", "-silent", "-window", "root", "-crop", place,
+                                       "-depth", "8", "BGRA:-"))
+
+    def view(self):
+        return self.picture(self.view_rect)
+
     def save(self, name, window="root"):
         """Saves the whole screen, or a window with its frame, in the folder of the scenario."""
-        subprocess.run(["import", "-silent", "-frame", "-window", window, self.folder / name],
-                       env=self.environment, check=False, timeout=PATIENCE)
+        self._run("import", "-silent", "-frame", "-window", window, self.folder / name, check=False)
 
     def drawing(self, *options, program):
         """Points and colours of a drawing, computed by the command-line tool: each end point of a line
         inside the view, with the colour of the last line that touches it."""
-        size = f"{self.view_rect.width}x{self.view_rect.height}"
-        run = subprocess.run([self.tool, "--home", self.home, "draw", "--size", size, *options,
-                              program], capture_output=True, check=True, text=True,
-                             timeout=PATIENCE)
-        points, pen, place = {}, None, None
-        for line in run.stdout.splitlines():
-            call, *words = line.split()
-            if call == "pen":
-                pen = words[0]
-            if call not in ("move", "line"):
-                continue
-            start, place = place, (int(words[0]), int(words[1]))
-            if call == "line" and pen in PENS:
-                points[start] = points[place] = PENS[pen]
         width, height = self.view_rect.width, self.view_rect.height
+        lines = self._run(self.tool, "--home", self.home, "draw", "--size", f"{width}x{height}",
+                          *options, program, text=True).splitlines()
+        points, colour, place = {}, None, None
+        for call, *words in map(str.split, lines):
+            if call == "pen":
+                colour = PENS.get(words[0])
+            elif call in ("move", "line"):
+                start, place = place, (int(words[0]), int(words[1]))
+                if call == "line" and colour is not None:
+                    points[start] = points[place] = colour
         placed = [(x + width // 2, y + height // 2, points[x, y]) for x, y in points]
         return [(x, y, colour) for x, y, colour in placed if 0 <= x < width and 0 <= y < height]
 
@@ -339,54 +259,39 @@ class Screen:
 
     # --- the program ---------------------------------------------------------------------------
 
-    def start(self, *arguments):
-        """Starts the program, with an empty view, maximised."""
-        self._spawn("tvx", self.program, *map(str, arguments))
+    def start(self):
+        self._spawn("tvx", self.program)
         self.wait_for_window("TVX - [TVX1]")
         self.wait_until("the black view", self._find_view)
 
     def _find_view(self):
         """Finds the black area at the left edge. An empty view shows only the axes in its middle."""
-        whole = self.picture(Rect(0, 0, self.WIDTH * self.scale, self.HEIGHT * self.scale))
-        is_black = lambda x, y: whole.colour(x, y) == 0
+        whole = self.picture(self.whole)
         top = bottom = whole.rect.height // 2
-        if not is_black(0, top):
+        if whole.colour(0, top) != 0:
             return False
-        while is_black(0, top - 1):
+        while whole.colour(0, top - 1) == 0:
             top -= 1
-        while is_black(0, bottom):
+        while whole.colour(0, bottom) == 0:
             bottom += 1
-        right = 0
-        while is_black(right, top):
-            right += 1
+        right = next((x for x in range(whole.rect.width) if whole.colour(x, top)), whole.rect.width)
         self.view_rect = Rect(0, top, right, bottom - top)
         # A window that has not been painted yet is completely black, without axes.
-        return any(whole.colour(x, y) == WHITE for y in range(top, bottom) for x in range(right))
+        return self.view().count(WHITE) > 0
 
     def leave(self):
-        """Ends the program with the menu."""
-        program = self._processes.pop()
         self.key("alt+f", "x")
-        try:
-            status = program.wait(PATIENCE)
-        except subprocess.TimeoutExpired:
-            self._processes.append(program)
-            raise Failure("the program does not end") from None
-        expect(f"the program ends well, not with {status}", status == 0)
+        expect("the program ends well", self._processes.pop().wait(PATIENCE) == 0)
 
     def choose_file(self, path, over):
         """Types a file name into the chooser that opens over the window with this title, and waits until
         the window has the focus again."""
-        self.wait_until(f"a file chooser over “{over}”", lambda: self.title() not in (over, "", None))
-        self.fill(str(path))
-        self.key("Return")
-        self.wait_for_window(over)
+        self.wait_until(f"a file chooser over “{over}”", lambda: self.title() not in (over, ""))
+        self.fill(path)
+        self.key("Return", opens=over)
         self.wait_until_still()  # keys are lost while the chooser closes
 
     def load(self, program):
-        """Loads a program with the menu and the file chooser."""
-        self.key("alt+f", LOAD_LETTERS[self.language])
-        self.wait_for_window("불러오기")
-        self.fill(str(program))
-        self.key("Return")
-        self.wait_for_window(f"TVX - [{pathlib.Path(program).name}]")
+        self.key("alt+f", self.load_letter, opens="불러오기")
+        self.fill(program)
+        self.key("Return", opens=f"TVX - [{pathlib.Path(program).name}]")

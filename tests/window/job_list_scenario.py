@@ -1,6 +1,5 @@
 """A job list with the keyboard: three files with different options, key codes on one of them, the saved
-list, and the run. The window then shows the last file, and the list of results shows all three. The job
-dialog, opened from the command pad, reads the job list file that is written from the results."""
+list, the run, its results, and the job list file that is written from them and read again."""
 import shutil
 
 from driver import EXAMPLES, expect
@@ -12,10 +11,13 @@ RASTER, POCKET, WALLS = 1, 2, 3  # rows of the file list
 STOPS = ("tree", "files", "mask", "삽입", "삭제", "청소", "화일정보", "미리보기", "편집", "저장", "읽기", "TVX",
          "화일확장자", "jobs", "information", "K추가", "K삽입", "K삭제", "K수정", "K저장", "K읽기", "M30삭제",
          "재전송", "AFA 설정", "전송", "전송 취소")
-JOB_DIALOG, PAD = "전송", "Key code를 입력하시요 !!"
+MAIN_WINDOW, JOB_DIALOG, PAD = "TVX - [TVX1]", "전송", "Key code를 입력하시요 !!"
 
 CONDITION = ("Afa ON TD 10.0 SD 5.0 CMIA 10.0 CMAR {0:.2f} SMIA 10.0 SMAR {0:.2f} CCC ON ZUDC ON"
              " MAT STEEL(S45C) MAF {1} AF 1000 CW 1.00 0.70 0.30 SW 1.00 0.70 0.30")
+
+ADJUSTED = ("--afa", "--set", "MaxFeed=2400", "--set", "PlungeFeed=1000", "--set", "CornerMaxRatio=0.25",
+            "--set", "SlopeMaxRatio=0.25")
 
 
 def entry(name, restart, condition, key_codes=""):
@@ -37,11 +39,11 @@ class Keys:
     def __init__(self, screen):
         self.screen, self.at = screen, 0
 
-    def go(self, stop, *keys):
+    def go(self, stop, *keys, opens=None):
         """Moves the focus to a control in the shorter direction and presses keys there."""
         place = STOPS.index(stop)
         tab = "Tab" if place > self.at else "shift+Tab"
-        self.screen.key(*[tab] * abs(place - self.at), *keys)
+        self.screen.key(*[tab] * abs(place - self.at), *keys, opens=opens)
         self.at = place
 
     def insert(self, row):
@@ -50,94 +52,63 @@ class Keys:
 
 
 def run(screen, picture=lambda name: None):
-    screen.data.mkdir(parents=True)
     for name in PROGRAMS:
         shutil.copy(EXAMPLES / name, screen.data)
     screen.start()
-    screen.key("alt+f", "Right", "Down", "Down", "Return")
-    screen.wait_for_window(JOB_DIALOG)
+    screen.key("alt+f", "Right", "Down", "Down", "Return", opens=JOB_DIALOG)
     keys = Keys(screen)
     picture("opened")
     keys.insert(RASTER)
-    set_condition(screen, keys, picture)
+    keys.go("AFA 설정", "space", opens="전송 dialog")  # a higher feed for the next files
+    screen.fill("600", "2400")
+    picture("condition")
+    screen.key("Return", opens=JOB_DIALOG)
     keys.insert(POCKET)
-    set_restart(screen, keys, picture)
+    keys.go("재전송", "space", opens="재전송")
+    screen.key("Up", "Up", "Up", "Tab")
+    screen.fill("120")
+    picture("restart")
+    screen.key("Return", opens=JOB_DIALOG)
     keys.insert(WALLS)
-    add_key_codes(screen, keys, picture)
+    keys.go("jobs", "Home", "Down")
+    for code in ("G54", "M03"):
+        keys.go("K추가", "space", opens=PAD)
+        screen.fill(code)
+        if code == "G54":
+            picture("pad")
+        screen.key("Return", opens=JOB_DIALOG)
+    picture("key_codes")
     keys.go("jobs", "Home")
     keys.go("미리보기", "space")
     picture("preview")
     keys.go("저장", "space")
     screen.wait_until("the list is saved", lambda: saved_list(screen) == LINES)
-    keys.go("전송", "space")
-    screen.wait_for_window("TVX - [TVX1]")
+    keys.go("전송", "space", opens=MAIN_WINDOW)
     shows_the_last_file(screen)
     picture("run")
-    screen.key("alt+f", "Right", "Down", "Down", "Down", "Return")
-    screen.wait_for_window("TVX 출력")
+    screen.key("alt+f", "Right", "Down", "Down", "Down", "Return", opens="TVX 출력")
     screen.key("Down")
     picture("results")
     job = screen.data / "week.mcf"
     screen.key(*["Tab"] * 8, "space")  # to "AFA 출력"
     screen.choose_file(job, over="TVX 출력")
-    screen.key("Escape")
-    screen.wait_for_window("TVX - [TVX1]")
+    screen.key("Escape", opens=MAIN_WINDOW)
     reads_its_job_list_again(screen, job)
 
 
 def reads_its_job_list_again(screen, job):
     """The saved list is deleted first, so the new one contains what was read."""
     (screen.home / "drive_c" / "marlo" / "FList1.txt").unlink()
-    screen.click(screen.view_rect.width // 2, 20)
-    screen.wait_for_window("TVX  Dialog")
-    screen.key("space")  # "Cut Time"
-    screen.wait_for_window(JOB_DIALOG)
+    screen.click(screen.view_rect.width // 2, 20, opens="TVX  Dialog")
+    screen.key("space", opens=JOB_DIALOG)  # "Cut Time"
     keys = Keys(screen)
     keys.go("청소", "space")
     keys.go("TVX", "space")
     screen.choose_file(job, over=JOB_DIALOG)
     keys.go("저장", "space")
     screen.wait_until("the list that was read is the one that ran", lambda: saved_list(screen) == LINES)
-    screen.key("Escape")
-    screen.wait_for_window("TVX 출력")
-    screen.key("Escape")
-    screen.wait_for_window("TVX - [TVX1]")
-
-
-def set_condition(screen, keys, picture):
-    """Sets a higher feed for the next files."""
-    keys.go("AFA 설정", "space")
-    screen.wait_for_window("전송 dialog")
-    screen.fill("600")
-    screen.key("Tab")
-    screen.fill("2400")
-    picture("condition")
-    screen.key("Return")
-    screen.wait_for_window(JOB_DIALOG)
-
-
-def set_restart(screen, keys, picture):
-    keys.go("재전송", "space")
-    screen.wait_for_window("재전송")
-    screen.key("Up", "Up", "Up", "Tab")
-    screen.fill("120")
-    picture("restart")
-    screen.key("Return")
-    screen.wait_for_window(JOB_DIALOG)
-
-
-def add_key_codes(screen, keys, picture):
-    """Adds two key codes to the second entry."""
-    keys.go("jobs", "Home", "Down")
-    for code in ("G54", "M03"):
-        keys.go("K추가", "space")
-        screen.wait_for_window(PAD)
-        screen.fill(code)
-        if code == "G54":
-            picture("pad")
-        screen.key("Return")
-        screen.wait_for_window(JOB_DIALOG)
-    picture("key_codes")
+    screen.key("Escape", opens="TVX 출력")
+    screen.key("Escape", opens=MAIN_WINDOW)
 
 
 def saved_list(screen):
@@ -150,8 +121,5 @@ def saved_list(screen):
 
 def shows_the_last_file(screen):
     """The window shows the last file, adjusted with the options of its line."""
-    program = screen.data / "steep_walls.nc"
-    options = {"MaxFeed": 2400, "PlungeFeed": 1000, "CornerMaxRatio": 0.25, "SlopeMaxRatio": 0.25}
-    settings = [word for name, value in options.items() for word in ("--set", f"{name}={value}")]
-    screen.wait_for_drawing("--view", "4", "--afa", *settings, program=program)
+    screen.wait_for_drawing("--view", "4", *ADJUSTED, program=screen.data / PROGRAMS[WALLS])
     expect("the list has not changed", saved_list(screen) == LINES)
