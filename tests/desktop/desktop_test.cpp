@@ -53,7 +53,9 @@ QString ShownIn(const QWidget* widget) {
   }
   const auto* const button = qobject_cast<const QAbstractButton*>(widget);
   if (button != nullptr && button->isCheckable()) return button->isChecked() ? "on" : "off";
-  return widget->property(widget->inherits("QComboBox") ? "currentText" : "text").toString();
+  const char* const shown = widget->inherits("QComboBox") ? "currentText" : "text";
+  return widget->property(shown).toString() +
+         (widget->property("readOnly").toBool() ? " (fixed)" : "");
 }
 
 void ExpectText(const QString& shown, const QString& expected) {

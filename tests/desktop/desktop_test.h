@@ -25,8 +25,8 @@ namespace tvx {
 //   FIELD=TEXT   types into an edit, or chooses from a list
 //   LIST#ROW     clicks the row of that text, ##ROW double-clicks it
 //   FIELD<Up X   presses keys
-//   FIELD?TEXT   expects what is shown: the text of an edit or a button, the chosen entry, the rows
-//                of a list joined by ", "
+//   FIELD?TEXT   expects what is shown: the text of an edit (with " (fixed)" if it is read-only) or
+//                of a button, the chosen entry, the rows of a list joined by ", "
 //   FIELD~TEXT   expects that this is a part of it
 //   BOX?on       expects a box that is ticked, ?off one that is not
 //   FIELD!       expects the focus

@@ -44,6 +44,7 @@ class DialogFaces : public DesktopTest {
   void MoveSliders(int first) {
     user.Next([position = first](QDialog* face) mutable {
       for (QSlider* const slider : face->findChildren<QSlider*>()) {
+        EXPECT_GT(slider->value(), 25) << "as the logic has it";
         slider->setSliderDown(position % 2 == 0);
         slider->setSliderPosition(position++);
         slider->setSliderDown(false);
@@ -83,7 +84,7 @@ TEST_F(DialogFaces, Settings) {
 }
 
 TEST_F(DialogFaces, SendOptions) {
-  CSendOptionDlg dialog(files.get(), &ui);
+  CSendOptionDlg& dialog = app.sendOptions;
   record = Record("ConCorChk=0");
   home.Put("drive_c/R&D/a.mma", "");
   // The ampersand is shown as it is, and is not the mark of a key.
@@ -128,7 +129,7 @@ TEST_F(DialogFaces, FinerSettings) {
   CAfaSetupDlg dialog(&ui);
   record.AfaMasterFile = "c:\\a.mma";
   MoveSliders(21);
-  EXPECT_EQ(Run(&dialog, "AFA by master | Reduce XY | Feed=25 | Cancel"),
+  EXPECT_EQ(Run(&dialog, "?30 deg weight(0.22) | AFA by master | Reduce XY | Feed=25 | Cancel"),
             "CorWeight0=0.21 CorWeight30=0.22 CorWeight60=0.23 SideWeight0=0.24 SideWeight30=0.25 "
             "SideWeight60=0.26 AfaByMaster=1")
       << "the switch and the sliders remain";
@@ -157,7 +158,7 @@ TEST_F(DialogFaces, Calculator) {
   user.Next(
       "Work=SKD61 | Tool material=Carbide | Number=4 | Tool diameter=12 | Tool length=60 | "
       "Flute=40 | Stepover=1.5 | Cutting=1000 | Highest FEED=9000 | Highest speed=11000 | "
-      "Idle=3.5 | NC=25 | High | OK > OK | Cutting! | Cutting=2.5 | Feed rate?  821 | "
+      "Idle=3.5 | NC=25 | High | OK > OK | Cutting! | Cutting=2.5 | Feed rate?  821 (fixed) | "
       "?<< Tool protection -----(-20)----- Machining speed>> | "
       "?<<High quality -----(-19)----- Machining speed>>  | OK");
   EXPECT_TRUE(ui.RunModal(&dialog));
@@ -197,10 +198,11 @@ TEST_F(DialogFaces, Messages) {
 
 TEST_F(DialogFaces, ResultList) {
   View().results = TableOf({PlainEntry("a.nc"), AdjustedEntry("b.nc")});
-  RunCommand(kResultList,
-             "File name?a.nc, b.nc | Total?29.65 | Remove > OK | File name#b.nc | "
-             "?Picture file b.nc.emf | File name<Up | Remove | File name?b.nc | Total?14.83 | "
-             "?Total time 14.8 min | Write report > c:\\windows\\r.tvx | OK");
+  RunCommand(
+      kResultList,
+      "File name?a.nc, b.nc | Total?29.65 (fixed) | Remove > OK | File name#b.nc | "
+      "?Picture file b.nc.emf | File name<Up | Remove | File name?b.nc | Total?14.83 (fixed) | "
+      "?Total time 14.8 min | Write report > c:\\windows\\r.tvx | OK");
   EXPECT_TRUE(files->Exists("c:\\windows\\r.tvx"));
   EXPECT_EQ(View().results.entryCount, 1);
   RunCommand(kResultList, "Clear");
@@ -251,7 +253,8 @@ class JobFaces : public DialogFaces {
     }
     record.WorkDir = "c:\\marlo\\ncdata";
     working.FirstEditable = 0;
-    dialog.Open({&record, &working, "c:\\marlo", "ed", &app.ExtensionList, NoPrograms()});
+    dialog.Open({&record, &working, "c:\\marlo", "ed", &app.ExtensionList, NoPrograms(), 1000,
+                 kEnglishLabels});
   }
 
   bool LineHas(size_t entry, const std::string& text) {
@@ -266,7 +269,7 @@ TEST_F(JobFaces, TreeBrowsesByClickAndEnter) {
   user.Next(
       "tree#sub | ?c:\\marlo\\ncdata\\sub | File List?d.nc | tree<Up | ?c:\\marlo\\ncdata\\sub | "
       "tree<Enter | ?c:\\marlo\\ncdata | tree<Down Return | ?c:\\marlo\\ncdata\\sub | tree#marlo | "
-      "tree##ncdata | ?c:\\marlo\\ncdata | tree#[z:] | ?z:\\ | Esc");
+      "tree##ncdata | ?c:\\marlo\\ncdata | tree#[c:] | ?c:\\ | Esc");
   ui.RunModal(&dialog);
 }
 
