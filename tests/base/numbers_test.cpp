@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <clocale>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -13,7 +14,7 @@
 
 #include "base/format.h"
 #include "base/scan.h"
-#include "support/comma_locale.h"
+#include "support/temp_dir.h"
 
 namespace tvx {
 namespace {
@@ -176,6 +177,24 @@ TEST(WordScanner, WordsOfAnyLengthAndBytes) {
   std::string word = "as it was";
   EXPECT_FALSE(WordScanner(" \n").ReadWord(&word));
   EXPECT_EQ(word, "as it was");
+}
+
+// Gives the process a locale with a decimal comma, built on the spot, as the numbers of a program
+// must not follow it; std::setlocale(LC_NUMERIC, "C") takes it back. False if this machine has no
+// means to build it.
+bool UseCommaLocale() {
+  const TempDir folder;
+  const auto source = folder.Put("comma.src",
+                                 "LC_NUMERIC\ndecimal_point \",\"\nthousands_sep \".\"\n"
+                                 "grouping 3;3\nEND LC_NUMERIC\n");
+  // It warns of the other parts of a locale, which are missing on purpose.
+  const std::string command = "localedef --no-archive --quiet -c -i " + source.string() + " " +
+                              (folder / "comma").string() + " 2>/dev/null";
+  if (std::system(command.c_str()) == -1) return false;
+  setenv("LOCPATH", folder.Path().c_str(), 1);
+  const bool isSet = std::setlocale(LC_NUMERIC, "comma") != nullptr;
+  unsetenv("LOCPATH");
+  return isSet;
 }
 
 TEST(Numbers, HaveADecimalPointInEveryLocale) {

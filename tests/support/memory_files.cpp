@@ -79,9 +79,7 @@ std::string MemoryFiles::Absolute(const std::string& path) const {
 
 std::string MemoryFiles::Key(const std::string& path) const {
   std::string key = Absolute(path);
-  for (char& c : key) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  }
+  for (char& c : key) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
   return key;
 }
 

@@ -50,7 +50,6 @@ void ScriptedUi::Repaint() {
 }
 
 void ScriptedUi::ShowStatus(const std::string& text) {
-  statusTexts.push_back(text);
   log.push_back("status " + text);
 }
 

@@ -43,7 +43,6 @@ class ScriptedUi : public UserInterface {
   // What was shown and asked, each kind in its order.
   std::vector<Message> messages;
   std::vector<FileQuestion> fileQuestions;
-  std::vector<std::string> statusTexts;
   int repaints = 0;
 
   // All of it in one order, a line each: "message TEXT", "dialog", "file FILENAME", "repaint",

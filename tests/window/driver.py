@@ -202,16 +202,16 @@ class Screen:
     def move_to(self, x, y):
         self._run("xdotool", "mousemove", self.view_rect.left + x, self.view_rect.top + y)
 
-    def press(self, x, y, button=1):
+    def press(self, x, y, button):
         self.move_to(x, y)
         self._run("xdotool", "mousedown", button)
 
-    def release(self, button=1):
+    def release(self, button):
         self._run("xdotool", "mouseup", button)
 
     def click(self, x, y, opens=None):
-        self.press(x, y)
-        self.release()
+        self.move_to(x, y)
+        self._run("xdotool", "click", 1)  # at once: a window gets no focus while a button is down
         self.key(opens=opens)
 
     # --- looking -------------------------------------------------------------------------------
@@ -277,7 +277,7 @@ class Screen:
         right = next((x for x in range(whole.rect.width) if whole.colour(x, top)), whole.rect.width)
         self.view_rect = Rect(0, top, right, bottom - top)
         # A window that has not been painted yet is completely black, without axes.
-        return self.view().count(WHITE) > 0
+        return any(whole.colour(x, y) == WHITE for y in range(top, bottom) for x in range(right))
 
     def leave(self):
         self.key("alt+f", "x")
