@@ -1,3 +1,4 @@
+// Builds the calculator from the tables of its logic, and shows every result after each change.
 #include "desktop/calculator_face.h"
 
 #include <QComboBox>
@@ -14,8 +15,8 @@ namespace tvx {
 
 namespace {
 
-// The numbers of each group, by the names of their fields. The logic has them in the order in which
-// they are checked.
+// The numbers of each group, by field name. CalculatorNumbers() has them in the order in which they
+// are checked.
 constexpr const char* kInputNumbers[] = {"toolDiameter", "toolLength", "fluteLength", "stepover",
                                          "cutDepth"};
 constexpr const char* kMachineNumbers[] = {"maxFeedRate", "maxSpindle", "idlePower", "ncPower"};
@@ -68,7 +69,7 @@ void CalculatorFace::AddList(QFormLayout* form, const char* label,
                              Select select) {
   auto* const list = new QComboBox(this);
   for (const std::string& entry : entries) list->addItem(Translated(entry), ToQt(entry));
-  list->model()->sort(0);  // by what is shown: the entries themselves are sorted in Korean
+  list->model()->sort(0);  // by the shown texts; the entries are sorted by the Korean ones
   list->setCurrentIndex(list->findData(ToQt(selected)));
   connect(list, &QComboBox::activated, this, [this, list, select](int index) {
     (dialog_->*select)(FromQt(list->itemData(index).toString()));

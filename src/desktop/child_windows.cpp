@@ -1,3 +1,4 @@
+// Cascading and tiling that, unlike QMdiArea, respect the size of the area and the direction.
 #include "desktop/child_windows.h"
 
 #include <QMdiSubWindow>

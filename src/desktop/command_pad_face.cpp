@@ -1,3 +1,4 @@
+// The buttons of the pad in a column, shown at the mouse.
 #include "desktop/command_pad_face.h"
 
 #include <QCursor>
@@ -51,7 +52,7 @@ CommandPadFace::CommandPadFace(CCommandPadDlg* pad, QWidget* parent) : QDialog(p
       }
     });
   }
-  // Where the mouse is, and wholly on its screen.
+  // At the mouse, and completely on its screen.
   const QPoint mouse = QCursor::pos();
   const QScreen* const screen = QGuiApplication::screenAt(mouse);
   if (screen == nullptr) return;

@@ -1,3 +1,4 @@
+// Builds the condition dialogs and shows again what an operation of the logic changes.
 #include "desktop/condition_faces.h"
 
 #include <QCheckBox>
@@ -16,7 +17,7 @@ namespace tvx {
 
 namespace {
 
-// The file that was read follows the words of the button.
+// The translated words of the button, and the name of the file that was read.
 QString FileCaption(const std::string& caption) {
   constexpr std::string_view kWords = CAutoFeedDlg::kFileButton;
   return Translated(kWords) + ToQt(std::string_view(caption).substr(kWords.size()));
@@ -84,7 +85,7 @@ void AfaSetupFace::AddSliders(QLayout* layout, const char* group, size_t first) 
     slider->setRange(0, CAfaSetupDlg::kHighestPosition);
     slider->setValue(dialog_->Position(i));
     slider->setMinimumWidth(180);
-    // Let go by the mouse, and each step by keys, wheel or a click beside the handle.
+    // A release by the mouse, and each step by keys, wheel or a click beside the handle.
     const auto release = [this, i, slider, caption] {
       dialog_->ReleaseSlider(i, slider->value());
       caption->setText(TranslatedLabels(dialog_->Caption(i)));
@@ -164,7 +165,7 @@ SendOptionFace::SendOptionFace(CSendOptionDlg* dialog, QWidget* parent)
   AddButton(row, CSendOptionDlg::kCalculatorButton, then(&CSendOptionDlg::OpenCalculator));
   AddClosingButtons(
       column, "OK", [this] { Accept(); }, "Cancel", [this] { reject(); });
-  minFeed_->setFocus();  // the feeds are what most users come for
+  minFeed_->setFocus();  // most users change the feeds
   minFeed_->selectAll();
   Show();
 }
@@ -176,7 +177,7 @@ void SendOptionFace::Show() {
   ShowCaption(condition_, ToQt(dialog_->conditionText));
   ShowFileCaption(conditionFile_, Translated(dialog_->conditionFileCaption));
   ShowFileCaption(master_, ToQt(dialog_->masterCaption));
-  // An operation such as a condition file that was read changes more than what was clicked.
+  // An operation can change more than the clicked control, for example by a condition file.
   if (conCor_ != nullptr) conCor_->setChecked(dialog_->own.ConCorChk == 1);
   if (upDown_ != nullptr) upDown_->setChecked(dialog_->own.UpDownChk == 1);
   if (spindleOn_ != nullptr) spindleOn_->setChecked(dialog_->SpindleOn == 1);

@@ -1,3 +1,4 @@
+// The table of docks.
 #include "desktop/docks.h"
 
 #include <QMainWindow>

@@ -1,3 +1,4 @@
+// The controls that all faces use, in the language of the user.
 #include "desktop/face.h"
 
 #include <QCheckBox>
@@ -81,7 +82,7 @@ void ShowFileCaption(QPushButton* button, const QString& text) {
 }
 
 void ResizeOnScreen(QWidget* window, QSize wanted) {
-  constexpr QSize kFrame(16, 48);  // what the window manager puts around it, about
+  constexpr QSize kFrame(16, 48);  // approximately the frame of the window manager
   window->resize(wanted.boundedTo(window->screen()->availableSize() - kFrame));
 }
 

@@ -1,4 +1,4 @@
-// What the faces of the dialogs share.
+// The common parts of the dialog faces.
 #pragma once
 
 #include <QDialog>
@@ -24,19 +24,19 @@ class Face : public QDialog {
   // Ends the dialog, or not, as an operation of its logic says.
   void End(Closing closing);
 
-  // An edit with a label. `edited` is told of each change that the user makes, as typed; texts that
-  // the face sets itself are not reported.
+  // An edit with a label. `edited` is called with the text after each change by the user, not after
+  // ShowText.
   QLineEdit* AddEdit(QFormLayout* form, std::string_view label, std::string_view text,
                      std::function<void(const std::string& text)> edited = {});
 
-  // A check box that shows a state of the logic: a click calls `toggle` and then shows what
-  // `isTicked` says, which need not be the other state.
+  // A check box that shows a state of the logic. A click calls `toggle` and then shows isTicked(),
+  // which may be unchanged.
   QCheckBox* AddCheck(QLayout* layout, std::string_view label, std::function<bool()> isTicked,
                       std::function<void()> toggle);
 
   QPushButton* AddButton(QLayout* layout, std::string_view text, std::function<void()> clicked);
 
-  // The closing buttons at the foot of the dialog. The accepting one is the default.
+  // The closing buttons at the bottom of the dialog. The accepting one is the default.
   QDialogButtonBox* AddClosingButtons(QLayout* layout, std::string_view accept,
                                       std::function<void()> accepted, std::string_view cancel,
                                       std::function<void()> cancelled);
@@ -45,15 +45,15 @@ class Face : public QDialog {
 // Shows a text that differs from what the edit holds, without moving the cursor otherwise.
 void ShowText(QLineEdit* edit, std::string_view text);
 
-// Shows a text that holds what the user has named, such as a path, on a button. An ampersand in it
-// stays one, where Qt would take it for the mark of a key.
+// Shows a text on a button that can contain a name of the user's, such as a path. An ampersand is
+// shown as it is; Qt would use it as the mark of an access key.
 void ShowCaption(QPushButton* button, QString text);
 
-// The same for the name of a file, which may be long: its middle gives way, and a tool tip shows it
-// whole.
+// The same for a text with a file name. A long text is shortened in the middle, and a tool tip
+// shows all of it.
 void ShowFileCaption(QPushButton* button, const QString& text);
 
-// Gives a window a size, or as much of it as the screen has room for.
+// Resizes a window, at most to the size of the screen.
 void ResizeOnScreen(QWidget* window, QSize wanted);
 
 }  // namespace tvx

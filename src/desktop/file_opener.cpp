@@ -1,3 +1,4 @@
+// Loads files one after the other, each after the first paint of its view.
 #include "desktop/file_opener.h"
 
 #include <QSettings>

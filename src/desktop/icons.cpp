@@ -1,3 +1,4 @@
+// Draws the icons of the tool bar as lines on a small grid.
 #include "desktop/icons.h"
 
 #include <QApplication>

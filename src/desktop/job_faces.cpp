@@ -1,3 +1,5 @@
+// Builds the job dialog and the key-code pad. The dialog shows all of its logic after each
+// operation.
 #include "desktop/job_faces.h"
 
 #include <QCheckBox>
@@ -28,7 +30,7 @@ constexpr int kTreeNumber = Qt::UserRole;
 constexpr Qt::Key kEnter[] = {Qt::Key_Return, Qt::Key_Enter};
 constexpr Qt::Key kDelete[] = {Qt::Key_Delete};
 
-// A key that a list has for itself while it has the focus. Enter would end the dialog otherwise.
+// Binds keys of a list while it has the focus. An unbound Enter would close the dialog.
 void OnKeys(QWidget* list, std::span<const Qt::Key> keys, const std::function<void()>& act) {
   for (const Qt::Key key : keys) {
     auto* const shortcut = new QShortcut(QKeySequence(key), list);
@@ -37,8 +39,8 @@ void OnKeys(QWidget* list, std::span<const Qt::Key> keys, const std::function<vo
   }
 }
 
-// A tree in which a click does it all: the second click of a double one would browse on from
-// whatever the first one has put there.
+// A tree that ignores double clicks. A click browses; the second one would browse from the item
+// that the first one has placed under the mouse.
 class ClickTree : public QTreeWidget {
  public:
   using QTreeWidget::QTreeWidget;
@@ -68,7 +70,7 @@ KeyCodeFace::KeyCodeFace(CKeyCodeDlg* pad, QWidget* parent)
     }
     ++row;
   }
-  // The user keys follow the last row, which leaves room for some of them.
+  // The user keys continue the last row.
   int place = static_cast<int>(CKeyCodeDlg::Rows().back().size());
   size_t n = 1;
   for (const char* const caption : CKeyCodeDlg::UserKeyCaptions()) {
@@ -89,7 +91,7 @@ QPushButton* KeyCodeFace::AddKey(QGridLayout* grid, int row, int column, const c
                                  std::function<void()> press) {
   auto* const key = new QPushButton(caption, this);
   key->setAutoDefault(false);
-  key->setFocusPolicy(Qt::TabFocus);  // a click leaves the focus, and the typing, in the field
+  key->setFocusPolicy(Qt::TabFocus);  // a click keeps the focus in the field
   key->setMinimumWidth(48);
   grid->addWidget(key, row, column);
   connect(key, &QPushButton::clicked, this, [this, press = std::move(press)] {
@@ -143,8 +145,8 @@ QWidget* TransferFace::BuildBrowser() {
   column->addWidget(directory_);
   tree_ = new ClickTree(box);
   tree_->setHeaderHidden(true);
-  // Only a click, or Enter, browses; the rebuilding of the tree does not set it off again. The
-  // click is dealt with first: its item does not outlive the browsing.
+  // Only a click or Enter browses; rebuilding the tree does not. The connection is queued because
+  // browsing deletes the clicked item.
   connect(tree_, &QTreeWidget::itemClicked, this, &TransferFace::Browse, Qt::QueuedConnection);
   OnKeys(tree_, kEnter, [this] { Browse(); });
   column->addWidget(tree_, 1);

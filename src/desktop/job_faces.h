@@ -37,9 +37,9 @@ class TransferFace : public Face {
   QWidget* BuildOptions();
   QPushButton* AddOperation(QLayout* layout, const char* caption,
                             void (CTransferDlg::*operation)());
-  // Goes to what the current item of the tree stands for.
+  // Browses to the current item of the tree.
   void Browse();
-  // Shows everything that an operation may have changed; the tree changes by browsing only.
+  // Shows all that an operation can change; only browsing changes the tree.
   void Show();
   void ShowTree();
 

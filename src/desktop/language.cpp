@@ -1,3 +1,5 @@
+// Translation by the file in the program, with numbers as places, and the setup of a Korean
+// desktop.
 #include "desktop/language.h"
 
 #include <QApplication>
@@ -41,8 +43,8 @@ QString TakeNumbers(QString text, QStringList* numbers) {
   }
 }
 
-// With a font that lacks Hangul, the letters of one line come from two fonts of different weight.
-// The point of NanumGothic lies so low that small numbers seem to have a comma.
+// With a font without Hangul, the letters of one line come from two fonts of different weight.
+// NanumGothic is the last choice: its point is so low that small numbers seem to have a comma.
 void ChooseFont() {
   QFont font = QApplication::font();
   const QString family = QFontInfo(font).family();

@@ -1,3 +1,4 @@
+// Shows the feed bands with their pens, and the figures of the program in the store.
 #include "desktop/legend_dock.h"
 
 #include <QFormLayout>
@@ -17,7 +18,7 @@ namespace tvx {
 
 namespace {
 
-// A line of the pen on the black of the picture, so that white can be told on a light desktop.
+// A line of the pen on black, as in the picture, so that white is visible on a light desktop.
 QPixmap Swatch(Pen pen, double ratio) {
   constexpr int kWidth = 44;
   constexpr int kHeight = 16;
@@ -113,7 +114,7 @@ void LegendDock::ShowProgram(CTVXView* view) {
   PathExtents(store, &low, &high);
   CutTimeEntry figures;
   ComputeCutTime(store, view->job, &figures);
-  store->CurrentBlock = kept;  // looking at a program leaves no trace
+  store->CurrentBlock = kept;  // the next command finds the register as it was
   blocks_->setText(ToQt(Format("%u", store->blockCount)));
   extents_->setText(ExtentText(low, high));
   cutTime_->setText(ToQt(Format("%.1f min", figures.cutMinutes)));

@@ -1,4 +1,4 @@
-// The legend beside the picture: what the colours mean for the program in work, and its figures.
+// The legend beside the picture: the feeds of the colours in the current program, and its figures.
 #pragma once
 
 #include <array>

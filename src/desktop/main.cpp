@@ -25,8 +25,8 @@ struct Arguments {
   QStringList files;
 };
 
-// The environment chooses the language where the arguments do not. A language that is asked for and
-// not known ends the program; one of the environment, which is set once for all, does not.
+// The option chooses the language, else the environment. An unknown language is an error in the
+// option and is ignored in the environment.
 Arguments ReadArguments() {
   QCommandLineParser parser;
   parser.setApplicationDescription("Shows tool paths and their machining times.");
@@ -49,7 +49,7 @@ Arguments ReadArguments() {
 
 int main(int argc, char** argv) {
   QApplication qt(argc, argv);
-  // The application takes the user's locale; numbers are read and printed alike everywhere.
+  // QApplication sets the user's locale; numbers are read and printed with a point in any locale.
   std::setlocale(LC_NUMERIC, "C");
   QApplication::setApplicationName("TVX");
   QApplication::setDesktopFileName("tvx");  // by which a desktop finds the icon of the windows

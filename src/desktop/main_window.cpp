@@ -1,3 +1,4 @@
+// The table of the frame's commands, and the updates of title, status bar and docks.
 #include "desktop/main_window.h"
 
 #include <QApplication>

@@ -1,3 +1,4 @@
+// Builds actions from the command tables and keeps them enabled and checked.
 #include "desktop/menus.h"
 
 #include <QMenuBar>

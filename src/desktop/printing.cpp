@@ -1,3 +1,4 @@
+// A drawing device on a painter, and the dialogs of the printer.
 #include "desktop/printing.h"
 
 #include <QPageSetupDialog>

@@ -1,3 +1,4 @@
+// Maps dialogs to their faces, messages to message boxes, and file questions to choosers.
 #include "desktop/qt_user_interface.h"
 
 #include <QDialog>
@@ -92,7 +93,7 @@ std::string NameOf(const std::string& preset) {
   return NameOfPath(preset, kAnySlash);
 }
 
-// A mask shows the files that match it; the old one of names without an ending means any file.
+// A mask selects the files that match it; "*.", for names without an ending, means any file.
 bool IsMask(const std::string& name) {
   return name.find('*') != std::string::npos;
 }
@@ -116,7 +117,7 @@ QString ToQtFilter(std::string_view filter) {
   return filters.join(";;");
 }
 
-// Sizes and dates beside the names, none of them cut. The desktop's own chooser has no such view.
+// Shows sizes and dates beside the names in full. The desktop's native chooser has no such view.
 void ShowWholeColumns(QFileDialog* chooser) {
   ResizeOnScreen(chooser, {820, 520});
   if (const auto* const files = chooser->findChild<QTreeView*>("treeView")) {
@@ -164,9 +165,9 @@ bool QtUserInterface::ChooseFile(const FileQuestion& question, std::string* path
   const std::string name = NameOf(question.fileName);
   if (!question.filter.empty()) chooser.setNameFilter(ToQtFilter(question.filter));
   if (question.filter.empty() && IsFilter(name)) chooser.setNameFilter(ToQt(name));
-  // Here a mask or a directory as the preset name would only stand in the way.
+  // A mask or a directory is of no use as the preset name.
   if (!IsMask(name) && !files_->IsDirectory(question.fileName)) chooser.selectFile(ToQt(name));
-  // The chooser would put it behind the name of an existing file too, and then not find that.
+  // When opening, the chooser would append it to the name of an existing file, and not find that.
   if (takesNewNames && question.defaultExtension != "*") {
     chooser.setDefaultSuffix(ToQt(question.defaultExtension));
   }

@@ -10,13 +10,13 @@
 
 namespace tvx {
 
-// What the user interface needs of the window it works for.
+// The parts of the main window that the user interface needs.
 class InterfaceWindow {
  public:
   virtual ~InterfaceWindow() = default;
   // The parent of dialogs.
   virtual QWidget* DialogParent() = 0;
-  // Paints the view in work anew, at once.
+  // Redraws the current view before it returns.
   virtual void RepaintActiveView() = 0;
   virtual void ShowStatusText(const QString& text) = 0;
 };

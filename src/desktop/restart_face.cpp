@@ -1,3 +1,4 @@
+// A radio button for each kind of restart, with its fields below it.
 #include "desktop/restart_face.h"
 
 #include <QGroupBox>

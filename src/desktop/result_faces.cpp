@@ -1,3 +1,4 @@
+// Shows the lines of results; labels are translated, names are not.
 #include "desktop/result_faces.h"
 
 #include <QDialogButtonBox>
@@ -16,7 +17,7 @@ namespace tvx {
 
 namespace {
 
-// A line of a result in the language in use. Names stay as they are.
+// A line of a result in the language in use. Names are not translated.
 QString InformationLine(const std::string& line) {
   for (const std::string_view label : kNameLabels) {
     if (line.starts_with(label)) return Translated(label) + ToQt(line.substr(label.size()));

@@ -1,3 +1,4 @@
+// Updates lists without signals and without losing the scroll position.
 #include "desktop/row_list.h"
 
 #include <QLabel>

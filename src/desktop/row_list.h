@@ -8,8 +8,8 @@
 
 namespace tvx {
 
-// A list whose first row becomes current only when it is selected: getting the focus, a list makes
-// it current as it is, and the arrow down then passes it by.
+// A list whose first row becomes current only when it is selected. A QListWidget makes it current
+// when it gets the focus, and the first press of the down arrow would then skip it.
 class RowList : public QListWidget {
  public:
   using QListWidget::QListWidget;
@@ -18,8 +18,8 @@ class RowList : public QListWidget {
   void focusInEvent(QFocusEvent* event) override;
 };
 
-// Shows the rows and selects one, or none with -1, without a signal. The list stays scrolled to
-// where it was, or follows a row that was added at its end.
+// Shows the rows and selects one, or none with -1, without a signal. Keeps the scroll position, but
+// scrolls to a row that is appended while none is selected.
 void ShowRows(QListWidget* list, const std::vector<std::string>& rows, int selected);
 
 // The row that is selected, -1 for none.

@@ -1,3 +1,4 @@
+// Builds the settings dialogs from the tables of their logic.
 #include "desktop/settings_faces.h"
 
 #include <QComboBox>

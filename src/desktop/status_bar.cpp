@@ -1,3 +1,4 @@
+// A shortened label for texts and paths, and the indicators of the lock keys.
 #include "desktop/status_bar.h"
 
 #include <QApplication>

@@ -1,3 +1,4 @@
+// Draws the picture into an image when it has changed, and forwards keys and mouse to the commands.
 #include "desktop/view_widget.h"
 
 #include <QKeyEvent>
@@ -32,9 +33,9 @@ ViewWidget::ViewWidget(CTVXApp* app, QWidget* parent)
   setAttribute(Qt::WA_OpaquePaintEvent);
   setAttribute(Qt::WA_InputMethodEnabled, false);
   setMinimumSize(160, 120);
-  // That of a child window's border would stay.
+  // Without it, the cursor of the child window's border would remain.
   setCursor(Qt::ArrowCursor);
-  // A rubber band whose release got lost outside follows the mouse without a button.
+  // After a release outside the widget, the rubber band follows the mouse without a button.
   setMouseTracking(true);
 }
 
@@ -95,7 +96,7 @@ void ViewWidget::resizeEvent(QResizeEvent* /*event*/) {
 }
 
 bool ViewWidget::event(QEvent* event) {
-  // The window has gone to a screen of another density.
+  // The window has moved to a screen of another density.
   if (event->type() == QEvent::ScreenChangeInternal) {
     resizeEvent(nullptr);
     update();
@@ -126,7 +127,7 @@ void ViewWidget::mousePressEvent(QMouseEvent* event) {
   emit CommandPadClosed();
 }
 
-// The mouse counts inside the area only, although Qt tells a drag on to its end wherever it is.
+// Mouse events outside the area are ignored. Qt sends them until the button is released.
 bool ViewWidget::IsInside(const QMouseEvent& event) const {
   return rect().contains(event.position().toPoint());
 }

@@ -12,8 +12,8 @@
 
 namespace tvx {
 
-// The drawing area is counted in pixels of the screen: on a screen of twice the density the lines
-// stay one pixel wide and crisp, and the picture is drawn from twice as many of them.
+// The drawing area is measured in physical pixels. On a screen of twice the density a line is still
+// one pixel wide, and the picture has twice as many pixels in each direction.
 class ViewWidget : public QWidget {
   Q_OBJECT
 
@@ -26,13 +26,13 @@ class ViewWidget : public QWidget {
   // The size of a window that neither fills the area nor has been sized by the user.
   QSize sizeHint() const override { return {720, 480}; }
 
-  // Draws the picture from the store and shows it, before anything else happens.
+  // Draws the picture from the store and shows it before it returns.
   void Redraw();
 
  signals:
   // The picture has been drawn anew: program, feeds or view may have changed.
   void Drawn();
-  // The command pad has closed and what was chosen on it is done.
+  // The command pad has closed and its command has run.
   void CommandPadClosed();
 
  protected:
@@ -48,7 +48,7 @@ class ViewWidget : public QWidget {
   void DrawPicture();
   Pixel AreaPoint(const QMouseEvent& event) const;
   bool IsInside(const QMouseEvent& event) const;
-  // What of the options shows in the picture; a dialog can change it without a redraw.
+  // The options that affect the picture; a dialog can change them without a redraw.
   using PictureOptions = std::array<int32_t, 3>;
   PictureOptions Options() const;
 

@@ -33,7 +33,7 @@ std::span<const Accelerator> FrameAccelerators();
 
 struct ToolButton {
   CommandId id;      // kNone: a separator
-  const char* text;  // what the button is for
+  const char* text;  // shown as its tool tip
 };
 
 std::span<const ToolButton> ToolBar();

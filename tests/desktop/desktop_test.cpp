@@ -1,3 +1,4 @@
+// Follows the steps of a user in the widgets of a window.
 #include "desktop_test.h"
 
 #include <QAbstractButton>
@@ -124,6 +125,7 @@ void User::Do(QWidget* window, const QString& steps) {
   for (const QString& step : steps.split(" | ")) {
     SCOPED_TRACE(FromQt(step));
     QStringList parts = step.split(" > ");
+    ASSERT_TRUE(window->isVisible()) << "closed too early";
     for (QString& next : parts.mid(1)) Next(FromQt(next.replace(" & ", " | ")));
     DoStep(window, parts[0]);
   }

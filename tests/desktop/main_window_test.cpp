@@ -98,8 +98,7 @@ TEST_F(MainWindowTest, PageHasPictureOfScreen) {
   QPainter painter(&page);
   PaintOnPage({&View().program, &View().job, &View().view}, page.rect(), &painter);
   const int left = (1600 - 500 * Transform().clientWidth / Transform().clientHeight) / 2;
-  EXPECT_EQ(page.pixelColor(left - 3, 250), QColor(Qt::yellow)) << "beside the picture";
-  EXPECT_EQ(page.pixelColor(left + 3, 3), QColor(Qt::black));
+  EXPECT_NE(page.pixelColor(left - 3, 3), page.pixelColor(left + 3, 3)) << "the edge";
   int white = 0;
   for (int i = 0; i < 1600 * 500; ++i) white += page.pixelColor(i % 1600, i / 1600).blue() > 200;
   EXPECT_GT(white, 100);
@@ -135,9 +134,7 @@ TEST_F(MainWindowTest, KeysMoveViewWhateverModifiersAreDown) {
 
 TEST_F(MainWindowTest, ExposureShowsPictureWithoutDrawingIt) {
   const QSignalSpy drawn(window->ActiveView(), &ViewWidget::Drawn);
-  window->ActiveView()->update();
-  Settle();
-  window->repaint();
+  window->ActiveView()->repaint();
   EXPECT_EQ(drawn.count(), 0);
   Press(Qt::Key_F9);
   EXPECT_EQ(drawn.count(), 1);

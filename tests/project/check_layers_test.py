@@ -1,4 +1,4 @@
-"""scripts/check-layers finds what it is there for."""
+"""scripts/check-layers reports each kind of fault, and nothing else."""
 import pathlib
 import subprocess
 import tempfile

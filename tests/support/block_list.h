@@ -1,3 +1,4 @@
+// Stored blocks as text, for comparisons in tests.
 #pragma once
 
 #include <map>

@@ -1,3 +1,4 @@
+// The file tree of MemoryFiles, a map by lower-case path, and its faults.
 #include "support/memory_files.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// A file system in memory for tests, with faults on demand.
 #pragma once
 
 #include <map>
@@ -10,16 +11,16 @@
 
 namespace tvx {
 
-// A file system in memory: drive paths without case, as on the host, and faults on demand. It
-// starts as a first start leaves the disk (c:\windows, c:\marlo\afa, c:\marlo\ncdata; drive z:
-// empty), with the current directory "c:\". Files that it opened must not outlive it.
+// Drive paths have no case, as on the host. The initial state is that after a first start
+// (c:\windows, c:\marlo\afa, c:\marlo\ncdata; drive z: empty), with the current directory "c:\".
+// Files that it opened must not outlive it.
 class MemoryFiles : public Files {
  public:
   MemoryFiles();
 
-  // What a test prepares and looks at. Paths as in Files; faults do not touch these.
+  // Preparation and inspection by a test. Paths as in Files; faults do not affect these calls.
 
-  // Puts a file there, with the directories that lead to it.
+  // Creates or replaces a file, with its parent directories.
   void Put(const std::string& path, std::string_view bytes);
   void MakeDirectory(const std::string& path);
   void Remove(const std::string& path) { nodes_.erase(Key(path)); }

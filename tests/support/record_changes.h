@@ -1,3 +1,4 @@
+// Job records as text, for comparisons in tests.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// A spreadsheet program for tests.
 #pragma once
 
 #include <map>

@@ -1,3 +1,4 @@
+// Answers of the script in their order, and the record of what was shown.
 #include "support/scripted_ui.h"
 
 #include <utility>

@@ -1,3 +1,4 @@
+// A user interface for tests that plays prepared answers and records what was shown.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -12,15 +13,14 @@
 
 namespace tvx {
 
-// A user who follows a script. A test prepares the answers in the order in which they will be asked
-// for, runs the program and looks at what was shown. To be asked for an answer that was not
-// prepared is a test failure and counts as a refusal; so is an answer that nobody asked for.
+// A test prepares the answers in the order of the questions, runs the program and compares what was
+// shown. A question without a prepared answer is a test failure and is answered by a refusal; an
+// answer that is left over is a test failure too.
 class ScriptedUi : public UserInterface {
  public:
   ~ScriptedUi() override;
 
-  // The next dialog: the script works on its fields and operations, and its result tells whether it
-  // is accepted.
+  // The next dialog: the script uses its fields and operations, and returns whether it is accepted.
   void OnDialog(std::function<bool(Dialog*)> script) { dialogs_.push_back(std::move(script)); }
 
   // The same for a dialog of class D; any other is a test failure.

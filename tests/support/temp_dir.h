@@ -1,3 +1,4 @@
+// Temporary folders and files of the host for tests.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -12,7 +13,7 @@
 
 namespace tvx {
 
-// A fresh, empty folder of the host, removed with all it holds at the end of the test.
+// A new, empty folder of the host, removed with its contents at the end of the test.
 class TempDir {
  public:
   TempDir() {
@@ -30,7 +31,7 @@ class TempDir {
   const std::filesystem::path& Path() const { return path_; }
   std::filesystem::path operator/(const std::filesystem::path& name) const { return path_ / name; }
 
-  // Writes a file below the folder, with the folders that lead to it. Gives its path.
+  // Writes a file below the folder, with its parent folders. Returns its path.
   std::filesystem::path Put(const std::filesystem::path& name, std::string_view bytes) const {
     std::filesystem::path file = path_ / name;
     std::filesystem::create_directories(file.parent_path());

@@ -214,7 +214,7 @@ class Screen:
         self._run("xdotool", "click", 1)  # at once: a window gets no focus while a button is down
         self.key(opens=opens)
 
-    # --- looking -------------------------------------------------------------------------------
+    # --- pictures ------------------------------------------------------------------------------
 
     def picture(self, rect):
         place = f"{rect.width}x{rect.height}+{rect.left}+{rect.top}"
@@ -229,8 +229,7 @@ class Screen:
         self._run("import", "-silent", "-frame", "-window", window, self.folder / name, check=False)
 
     def drawing(self, *options, program):
-        """Points and colours of a drawing, computed by the command-line tool: each end point of a line
-        inside the view, with the colour of the last line that touches it."""
+        """The end points of lines in the view and their colours, computed by the command-line tool."""
         width, height = self.view_rect.width, self.view_rect.height
         lines = self._run(self.tool, "--home", self.home, "draw", "--size", f"{width}x{height}",
                           *options, program, text=True).splitlines()
@@ -246,8 +245,7 @@ class Screen:
         return [(x, y, colour) for x, y, colour in placed if 0 <= x < width and 0 <= y < height]
 
     def shows(self, drawing):
-        """True if at least 90 % of the points have their colour in the view. A few are crossed by a line
-        that is drawn later."""
+        """True if at least 90 % of the points have their colour; later lines cross a few."""
         view = self.view()
         right = sum(view.colour(x, y) == colour for x, y, colour in drawing)
         return 0 < 0.9 * len(drawing) <= right
@@ -284,8 +282,7 @@ class Screen:
         expect("the program ends well", self._processes.pop().wait(PATIENCE) == 0)
 
     def choose_file(self, path, over):
-        """Types a file name into the chooser that opens over the window with this title, and waits until
-        the window has the focus again."""
+        """Types a file name into the chooser that opens over the window with this title."""
         self.wait_until(f"a file chooser over “{over}”", lambda: self.title() not in (over, ""))
         self.fill(path)
         self.key("Return", opens=over)

@@ -40,15 +40,13 @@ class Keys:
         self.screen, self.at = screen, 0
 
     def go(self, stop, *keys, opens=None):
-        """Moves the focus to a control in the shorter direction and presses keys there."""
         place = STOPS.index(stop)
         tab = "Tab" if place > self.at else "shift+Tab"
         self.screen.key(*[tab] * abs(place - self.at), *keys, opens=opens)
         self.at = place
 
     def insert(self, row):
-        """Selects a row of the file list and appends it to the job."""
-        self.go("files", "Home", *["Down"] * row, "Return")
+        self.go("files", "Home", *["Down"] * row, "Return")  # selects a file and appends it
 
 
 def run(screen, picture=lambda name: None):
@@ -112,14 +110,12 @@ def reads_its_job_list_again(screen, job):
 
 
 def saved_list(screen):
-    """The entries of the saved list, with single blanks between the words."""
     path = screen.home / "drive_c" / "marlo" / "FList1.txt"
     if not path.exists():
         return None
     return [" ".join(line.split()) for line in path.read_text("cp949").splitlines()]
 
 
-def shows_the_last_file(screen):
-    """The window shows the last file, adjusted with the options of its line."""
+def shows_the_last_file(screen):  # with the options of its line
     screen.wait_for_drawing("--view", "4", *ADJUSTED, program=screen.data / PROGRAMS[WALLS])
     expect("the list has not changed", saved_list(screen) == LINES)
