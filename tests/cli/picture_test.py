@@ -1,6 +1,7 @@
 """tvx-cli picture: each format against the calls that tvx-cli draw prints for the same view."""
 import contextlib
 import io
+import itertools
 import os
 import pathlib
 import struct
@@ -9,7 +10,6 @@ import sys
 import tempfile
 import unittest
 import xml.etree.ElementTree
-import zlib
 
 TOOL = str(pathlib.Path(sys.argv.pop(1)).resolve())
 EXAMPLES = pathlib.Path(sys.argv.pop(1)).resolve()
@@ -36,15 +36,10 @@ def svg_drawing(root):
 
 
 class Pictures(unittest.TestCase):
-    VIEW = ("--afa", "--size", "640x400", "--view", "5", "--hide-rapids")
+    SIZE = ("--size", "640x400")
     # Arms of the axes beyond 16 bits, moves beyond the limit, arcs of more chords than a run holds.
-    CLOSE_UPS = [("--view", "2", "--scale", "500", "--pan", pan) for pan in ("80,0", "-80,0")]
-    CONVERSATIONAL = ("--set", "InputFileType=2")
-
-    def setUp(self):
-        temporary = tempfile.TemporaryDirectory()
-        self.addCleanup(temporary.cleanup)
-        self.folder = pathlib.Path(temporary.name)
+    CLOSE_UP = ("--view", "2", "--scale", "500", "--pan")
+    VIEWS = [("--afa", "--view", "5", "--hide-rapids"), (*CLOSE_UP, "80,0"), (*CLOSE_UP, "-80,0")]
 
     def run_tool(self, *arguments):
         environment = {**os.environ, "TVX_HOME": str(self.folder / "home")}
@@ -53,48 +48,30 @@ class Pictures(unittest.TestCase):
         self.assertEqual((run.returncode, run.stderr), (0, b""), arguments)
         return run.stdout
 
-    def for_each_example(self, ending, check, view=VIEW):
-        """Calls check with the picture file and the file of the calls of each example."""
-        for program in sorted(EXAMPLES.glob("*nc")):
-            picture, calls = self.folder / f"out{ending}", self.folder / "calls.txt"
-            with self.subTest(program.name):
-                file_type = self.CONVERSATIONAL if program.suffix == ".hnc" else ()
-                options = (*view, *file_type, program)
-                self.run_tool("picture", "-o", picture, *options)
-                calls.write_bytes(self.run_tool("draw", "--as-picture", *options))
-                check(picture, calls)
+    def picture(self, ending, options):
+        path = self.folder / f"out{ending}"
+        self.run_tool("picture", "-o", path, *options)
+        return path
 
-    def test_metafile(self):
-        def check(picture, calls):
-            with contextlib.redirect_stdout(io.StringIO()):
-                read_metafile.main(picture, calls)
+    def check(self, options):
+        calls = self.folder / "calls.txt"
+        calls.write_bytes(self.run_tool("draw", "--as-picture", *options))
+        with contextlib.redirect_stdout(io.StringIO()):
+            read_metafile.main(self.picture(".emf", options), calls)
+        root = xml.etree.ElementTree.parse(self.picture(".svg", options)).getroot()
+        self.assertEqual(root.get("viewBox"), "-320.5 -200.5 640 400")
+        self.assertEqual(svg_drawing(root), read_metafile.expected_drawing(calls)[1])
+        head = self.picture(".png", options).read_bytes()[:24]
+        self.assertEqual(head[:8], b"\x89PNG\r\n\x1a\n")
+        self.assertEqual(struct.unpack_from(">II", head, 16), (640, 400))
 
-        self.for_each_example(".emf", check)
-        for view in self.CLOSE_UPS:
-            self.for_each_example(".emf", check, view)
-
-    def test_svg(self):
-        def check(picture, calls):
-            root = xml.etree.ElementTree.parse(picture).getroot()
-            self.assertEqual(root.get("viewBox"), "-320.5 -200.5 640 400")
-            self.assertEqual(svg_drawing(root), read_metafile.expected_drawing(calls)[1])
-
-        self.for_each_example(".svg", check)
-
-    def test_png(self):
-        def check(picture, _):
-            data = picture.read_bytes()
-            self.assertEqual(data[:8], b"\x89PNG\r\n\x1a\n")
-            self.assertEqual(struct.unpack_from(">II", data, 16), (640, 400))
-            rows, offset = b"", 8
-            while offset < len(data):
-                size, kind = struct.unpack_from(">I4s", data, offset)
-                if kind == b"IDAT":
-                    rows += data[offset + 8:offset + 8 + size]
-                offset += 12 + size
-            self.assertEqual(len(zlib.decompress(rows)), 400 * (1 + 3 * 640))
-
-        self.for_each_example(".png", check)
+    def test_pictures_of_the_examples_hold_the_calls(self):
+        with tempfile.TemporaryDirectory() as folder:
+            self.folder = pathlib.Path(folder)
+            for view, program in itertools.product(self.VIEWS, sorted(EXAMPLES.glob("*nc"))):
+                file_type = ("--set", "InputFileType=2") if program.suffix == ".hnc" else ()
+                with self.subTest(program.name, view=view):
+                    self.check((*self.SIZE, *view, *file_type, program))
 
 
 unittest.main()
