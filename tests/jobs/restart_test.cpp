@@ -15,8 +15,8 @@ class Restart : public testing::Test {
   CRestartDlg dialog;
 };
 
-TEST_F(Restart, OpensOnTheRecord) {
-  // Beside the kinds 1 to 4 that of a point is shown.
+TEST_F(Restart, OpensWithTheRecordAndAKindOfOneToFour) {
+  // Any other kind is shown as that of a point.
   for (const auto& [kind, shown] : {std::pair{0, 4}, {-1, 4}, {5, 4}, {3, 3}}) {
     options.RestartKind = kind;
     dialog.Open(&options);
@@ -27,7 +27,7 @@ TEST_F(Restart, OpensOnTheRecord) {
                                                                 "9999.000", "9999.000", " 1.500"}));
 }
 
-TEST_F(Restart, HowItEnds) {
+TEST_F(Restart, OkWithoutAPointCancels) {
   const struct {
     int kind;
     const char* number;
@@ -42,7 +42,7 @@ TEST_F(Restart, HowItEnds) {
       {4, "x", kX, "far",
        "재전송: 좌표->XYZ(  0.00, 9999.00, 9999.00)  공차->  1.50  |"
        "  재전송: 좌표->XYZ( 0.000, 9999.000, 9999.000)|  공차->  1.50"},
-      // The mark counts for the point alone.
+      // The missing point matters for kind 4 alone.
       {1, "200", kTolerance, "2", "재전송: 번호->200|  재전송: 번호-> 200 "},
       {2, "-35 blocks", kTolerance, "2", "재전송: 블록->-35|  재전송: 블록-> -35 "},
       {3, "200", kZMax, "1.5",
@@ -65,7 +65,7 @@ TEST_F(Restart, HowItEnds) {
   }
 }
 
-// A cancel switches the position off, keeps the record's old numbers and forgets the typed ones.
+// The numbers of the record stay, those typed are lost.
 TEST_F(Restart, CancelSwitchesOff) {
   options = Record("RestartOn=1");
   dialog.Open(&options);
@@ -75,12 +75,6 @@ TEST_F(Restart, CancelSwitchesOff) {
   EXPECT_EQ(dialog.own.RestartOn, 0);
   dialog.Open(&options);
   EXPECT_EQ(dialog.numberText, "200");
-}
-
-TEST_F(Restart, InformationRows) {
-  EXPECT_TRUE(RestartInfoRows(Record("RestartKind=5")).empty());
-  EXPECT_EQ(RestartInfoRows(Record("RestartKind=3")).front(),
-            "  재전송: Z영역->(200.000 - -200.000) ");
 }
 
 }  // namespace
