@@ -6,6 +6,7 @@
 #include "cli/command.h"
 #include "cli/nearest_name.h"
 #include "cli/numbers.h"
+#include "cli/output.h"
 
 namespace tvx {
 namespace {
@@ -70,6 +71,8 @@ CommandLine::CommandLine(const Call& call, const std::string& description)
   parser_->app.name("tvx-cli " + call.command);
   parser_->app.description(description);
   parser_->app.allow_extras();
+  parser_->app.add_flag_callback("--quiet", BeQuiet, "print errors only on standard error")
+      ->disable_flag_override();
 }
 
 CommandLine::~CommandLine() = default;

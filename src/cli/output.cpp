@@ -10,6 +10,7 @@ namespace tvx {
 namespace {
 
 bool progressShown = false;
+bool isQuiet = false;
 
 }  // namespace
 
@@ -26,6 +27,14 @@ void PrintRemark(std::string text) {
   std::fprintf(stderr, "tvx-cli: %s\n", text.c_str());
 }
 
+void BeQuiet() {
+  isQuiet = true;
+}
+
+bool IsQuiet() {
+  return isQuiet;
+}
+
 void FinishOutput() {
   ShowProgress("");
   if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
@@ -35,7 +44,7 @@ void FinishOutput() {
 
 void ShowProgress(const std::string& text) {
   static const bool terminal = StandardErrorIsTerminal();
-  if (!terminal || (text.empty() && !progressShown)) return;
+  if (!terminal || isQuiet || (text.empty() && !progressShown)) return;
   // Back to the start of the line, and what stood there erased.
   std::fprintf(stderr, "\r\033[K%s", text.c_str());
   std::fflush(stderr);

@@ -11,6 +11,10 @@ void Print(std::string_view text);
 // Writes a line to standard error, behind the name of the tool; control characters as "?".
 void PrintRemark(std::string text);
 
+// From now on standard error gets errors only. Commands leave out what else they would say.
+void BeQuiet();
+bool IsQuiet();
+
 // Ends the output of a command. Throws Failure if a part of it could not be written (a full disk).
 void FinishOutput();
 

@@ -2,12 +2,14 @@
 
 #include <functional>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "base/format.h"
 #include "base/scan.h"
 #include "base/text.h"
+#include "cli/check_note.h"
 #include "cli/command.h"
 #include "cli/command_line.h"
 #include "cli/commands.h"
@@ -33,12 +35,16 @@ constexpr int32_t kPictureHeight = 600;
 // Prints what fails. A missing file is not created.
 class RunReport final : public RunObserver {
  public:
-  explicit RunReport(const Host& host) : host_(host) {}
+  RunReport(const Host& host, const CTVXView& view) : host_(host), view_(view) {}
 
   void OnEntry(size_t index, size_t count, const std::string& name) override {
     ShowProgress(Format("%zu/%zu %s", index + 1, count, name.c_str()));
   }
-  bool MayLoad(const std::string& path) override { return ReadProblem(host_, path) == nullptr; }
+  bool MayLoad(const std::string& path) override {
+    if (ReadProblem(host_, path) != nullptr) return false;
+    if (noted_.insert(path).second) PrintCheckNote({path, path}, view_);
+    return true;
+  }
   void OnLoadFailed(const std::string& path, LoadResult /*result*/) override {
     const char* const problem = ReadProblem(host_, path);
     Report(path, problem != nullptr ? problem : "does not fit into the store");
@@ -56,6 +62,8 @@ class RunReport final : public RunObserver {
 
  private:
   const Host& host_;
+  const CTVXView& view_;
+  std::set<std::string> noted_;  // programs whose remarks have been counted
   bool failed_ = false;
 };
 
@@ -204,9 +212,9 @@ int RunJobs(const Call& call) {
   if (json && information) throw WrongCall{"--json and --info exclude each other"};
 
   Host host(call);
-  RunReport report(host);
-  const JobList list = ReadList(host, host.ReadablePath(argument), argument, &report);
   CTVXView view(&host.app);
+  RunReport report(host, view);
+  const JobList list = ReadList(host, host.ReadablePath(argument), argument, &report);
   params.Apply(&host, &view);
   AcceptList(list, pictures && !noPictures, &view);
   RunAcceptedList(&view, &report);

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/format.h"
+#include "cli/check_note.h"
 #include "cli/command_line.h"
 #include "cli/commands.h"
 #include "cli/host.h"
@@ -22,6 +23,7 @@ struct Times {
 };
 
 Times TimeProgram(const ProgramFile& file, bool adjusts, CTVXView* view) {
+  PrintCheckNote(file, *view);
   LoadWholeProgram(file, view);
   Times times{CountProgram(file, view), std::nullopt};
   if (adjusts) {

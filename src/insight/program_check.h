@@ -46,9 +46,12 @@ class ProgramChecker {
   // result complete.
   bool CheckMore(uint64_t lines);
   const ProgramCheck& Result() const;
+  // Behind the end of the program: what the next one starts from.
+  LoadStart NextStart() const;
+
+  class Work;
 
  private:
-  class Work;
   std::unique_ptr<Work> work_;
 };
 

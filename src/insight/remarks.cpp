@@ -1,5 +1,5 @@
-// The table of remarks with their texts. It speaks both languages itself, since the tool and the
-// window show the same rows.
+// The table of remarks. It contains both languages, because the tool and the window show the same
+// rows.
 #include "insight/remarks.h"
 
 #include <iterator>
@@ -31,7 +31,7 @@ constexpr RemarkKind kKinds[] = {
      "피드와 G 워드를 포함하여 줄 전체가 무시됩니다. 주석은 별도의 줄에 쓰고, 변수 대신 숫자를 "
      "쓰십시오."},
     {kCutOffByC, kLost, "cut-off-by-c",  //
-     "a small \"c\" ends the line, which makes no move",
+     "a lower-case \"c\" ends the line, which makes no move",
      "소문자 \"c\"에서 줄이 끝나 이동하지 않습니다",
      "Words before the \"c\" act on the lines that follow, but the line is no move. Write words in "
      "capitals and remarks on lines of their own. A zero byte does the same.",
@@ -60,9 +60,9 @@ constexpr RemarkKind kKinds[] = {
      "X와 Z의 범위는 -32700에서 32700 mm입니다. 벗어난 이동은 경로와 시간에서 빠집니다. 소수점과 "
      "\"Integer Ncdata\" 설정을 확인하십시오."},
     {kStoreFull, kLost, "store-full",  //
-     "lines behind the last block that can be stored",
+     "lines after the last block that can be stored",
      "저장할 수 있는 마지막 블록 뒤의 줄이 있습니다",
-     "A program has at most 8,164,000 blocks. The lines behind them are missing from path and "
+     "A program has at most 8,164,000 blocks. The lines after them are missing from path and "
      "times. Divide the program.",
      "프로그램은 최대 8,164,000블록까지 저장됩니다. 그 뒤의 줄은 경로와 시간에서 빠집니다. "
      "프로그램을 나누십시오."},
@@ -93,10 +93,8 @@ constexpr RemarkKind kKinds[] = {
      "Variables, loops and jumps are not carried out. Write the moves out with numbers.",
      "변수, 반복, 분기는 실행되지 않습니다. 이동을 숫자로 풀어 쓰십시오."},
     {kRotary, kLost, "rotary",  //
-     "rotary and further axes are passed over", "회전축과 부가축은 무시됩니다",
-     "The line moves by X, Y and Z alone; the way and the time of the further axis are missing. "
-     "Add "
-     "the time by hand.",
+     "rotary and other further axes are passed over", "회전축과 부가축은 무시됩니다",
+     "Only X, Y and Z move; travel and time of the other axis are missing. Add the time by hand.",
      "X, Y, Z만 이동으로 계산되고 부가축의 이동과 시간은 빠집니다. 시간을 따로 더하십시오."},
     {kInch, kChanged, "inch",  //
      "inches are read as millimetres", "인치를 밀리미터로 읽습니다",

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/files.h"
+
 namespace tvx {
 
 // All remarks, in the order of output.
@@ -81,6 +83,7 @@ struct RemarkList {
 struct ProgramCheck {
   std::array<RemarkList, kRemarkIds> lists;  // by RemarkId
   uint64_t lines = 0;       // of the program, a last one without line feed included
+  FileStamp stamp;          // of the file that was checked
   double dwellSeconds = 0;  // sum of all dwells
   uint64_t toolChanges = 0;
 

@@ -9,6 +9,9 @@ namespace tvx {
 // The conversational format.
 class ConversationalParser final : public LineParser {
  public:
+  // Above this feed a line is a rapid, mm/min.
+  static constexpr int32_t kRapidFeed = 2000;
+
   ConversationalParser(NcProgram* program, ParserStates* states, const JobRecord& /*job*/)
       : LineParser(program, &states->conversational) {}
 
@@ -22,9 +25,6 @@ class ConversationalParser final : public LineParser {
   }
 
  private:
-  // Above this feed a line is a rapid, mm/min.
-  static constexpr int32_t kRapidFeed = 2000;
-
   // clang-format off
   static constexpr WordTable kWords = MakeTable({
       {'X', kX}, {'x', kX}, {'Y', kY}, {'y', kY}, {'Z', kZ}, {'z', kZ},

@@ -24,7 +24,8 @@ namespace tvx {
 // and 0 if the line makes no move. A line with "(" changes nothing.
 class LineParser {
  public:
-  LineParser(const LineParser&) = delete;
+  // A copy parses on from the same state and can be thrown away.
+  LineParser(const LineParser&) = default;
   LineParser& operator=(const LineParser&) = delete;
 
   // The register as the last line left it.
@@ -36,6 +37,18 @@ class LineParser {
     block.type = type_;
     return block;
   }
+
+  // Where the move of the last line starts.
+  Vec3 Start() const {
+    const Vec3& last = state_.lastPos;
+    if (!IsIncremental()) return last;
+    const Vec3& said = state_.savedPos;
+    return {last.x - said.x, last.y - said.y, last.z - said.z};
+  }
+  // I and J of the last line.
+  Vec3 ArcOffset() const { return {lengths_[kArcI], lengths_[kArcJ], 0}; }
+  // The last radius read.
+  float Radius() const { return arcRadius_; }
 
   // Turns the register of an arc into the arc's second record.
   void ToArcCentre() {

@@ -4,6 +4,7 @@
 #include <bit>
 #include <cstddef>
 #include <cstring>
+#include <string_view>
 #include <vector>
 #ifdef __SSE2__
 #include <emmintrin.h>
@@ -27,33 +28,65 @@ struct NcLine {
 // looked at in as large pieces as any processor of the platform can.
 class LineReader {
  public:
-  explicit LineReader(InputFile* file)
-      : file_(file), buffer_(kKeptBytes + kReadBytes + kLookBytes) {
+  // The parser sees this much of a line; of a longer one its line feed is out of reach.
+  static constexpr ptrdiff_t kParserLineBytes = 80;
+
+  // The parser never looks behind the first bytes of a line; who does asks for more of them.
+  explicit LineReader(InputFile* file, size_t keptBytes = kParserKeptBytes)
+      : file_(file), keptBytes_(keptBytes), buffer_(keptBytes + kReadBytes + kLookBytes) {
     SetRange(0);
   }
 
   // False at the end of the file. The line is valid until the next call.
   bool Next(NcLine* line) {
-    for (;;) {
-      const LineEnd end = FindLineEnd();
-      if (end.lineFeed != end_) {
-        *line = {next_, end.lineFeed - next_ > kParserLineBytes, end.hasComment};
-        next_ = end.lineFeed + 1;
-        if (line->isCut) [[unlikely]]
-          Cut(line);
-        return true;
-      }
+    while (!NextInMemory(line)) {
       if (!Refill()) return false;
     }
+    return true;
   }
+
+  // The two halves of Next. False if what was read so far holds no further line.
+  bool NextInMemory(NcLine* line) {
+    const LineEnd end = FindLineEnd();
+    if (end.lineFeed == end_) return false;
+    *line = {next_, end.lineFeed - next_ > kParserLineBytes, end.hasComment};
+    next_ = end.lineFeed + 1;
+    if (line->isCut) [[unlikely]]
+      Cut(line);
+    return true;
+  }
+  // Reads on behind what is left, and moves it. False at the end of the file.
+  bool Refill() {
+    const size_t kept = std::min(static_cast<size_t>(end_ - next_), keptBytes_);
+    std::memmove(buffer_.data(), next_, kept);
+    const size_t count = file_->Read(buffer_.data() + kept, kReadBytes);
+    SetRange(kept + count);
+    return count > 0;
+  }
+
+  // The line feed of the line that Next returned last.
+  const char* LineFeed() const { return next_ - 1; }
+
+  // Where the next line starts, and the end of what was read so far. 32 bytes from any place before
+  // it are memory.
+  const char* Position() const { return next_; }
+  const char* End() const { return end_; }
+
+  // That line up to its line feed, also where the parser gets less of it. Of a line that was in two
+  // reads the first `keptBytes` and the end may be all there is.
+  std::string_view Whole(const NcLine& line) const {
+    const char* const start = line.isCut ? wholeOfCut_ : line.text;
+    return {start, static_cast<size_t>(LineFeed() - start)};
+  }
+
+  // Behind the last line: what follows its line feed, at most the first `keptBytes`.
+  std::string_view Rest() const { return {next_, static_cast<size_t>(end_ - next_)}; }
 
  private:
   // Reads of this size cost little beside the parsing.
   static constexpr size_t kReadBytes = size_t{64} * 1024;
   // What is kept of a line that stands in two reads: more than the parser ever looks at.
-  static constexpr size_t kKeptBytes = 255;
-  // The parser sees this much of a line; of a longer one its line feed is out of reach.
-  static constexpr ptrdiff_t kParserLineBytes = 80;
+  static constexpr size_t kParserKeptBytes = 255;
   static constexpr size_t kLookBytes = 32;
 
   struct LineEnd {
@@ -86,15 +119,7 @@ class LineReader {
     return found != nullptr ? static_cast<const char*>(found) : end;
   }
 
-  // Reads on behind what is left. A line feed stands behind it all, so that every search ends.
-  bool Refill() {
-    const size_t kept = std::min(static_cast<size_t>(end_ - next_), kKeptBytes);
-    std::memmove(buffer_.data(), next_, kept);
-    const size_t count = file_->Read(buffer_.data() + kept, kReadBytes);
-    SetRange(kept + count);
-    return count > 0;
-  }
-
+  // A line feed stands behind it all, so that every search ends.
   void SetRange(size_t filled) {
     buffer_[filled] = '\n';
     next_ = buffer_.data();
@@ -102,15 +127,18 @@ class LineReader {
   }
 
   void Cut(NcLine* line) {
+    wholeOfCut_ = line->text;
     std::memcpy(cut_, line->text, kParserLineBytes);
     cut_[kParserLineBytes] = '\n';
     line->text = cut_;
   }
 
   InputFile* file_;
+  size_t keptBytes_;
   std::vector<char> buffer_;
   const char* next_ = nullptr;  // the first byte not given
   const char* end_ = nullptr;   // behind the last byte read; a line feed stands there
+  const char* wholeOfCut_ = nullptr;
   char cut_[kParserLineBytes + 1];
 };
 

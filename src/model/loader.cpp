@@ -16,15 +16,6 @@ namespace {
 // Feed in force until the first F word, mm/min.
 constexpr int32_t kStartFeed = 100;
 
-// True for the conversational format. Any other type becomes that of the word-address format.
-bool IsConversational(JobRecord* job) {
-  constexpr int32_t kWordAddressType = 1;
-  constexpr int32_t kConversationalType = 2;
-  if (job->InputFileType == kConversationalType) return true;
-  job->InputFileType = kWordAddressType;
-  return false;
-}
-
 // Appends what the lines give behind the last block of the store.
 class BlockAppender {
  public:
@@ -134,6 +125,21 @@ template <typename Parser>
 
 }  // namespace
 
+void BeginProgram(NcProgram* program) {
+  EmptyProgram(program);
+  MotionBlock& block = program->store.CurrentBlock;
+  block.headPercent = block.headFeed = block.tailPercent = block.tailFeed = 0;
+  block.feedProgrammed = block.feed = kStartFeed;
+}
+
+bool IsConversational(JobRecord* job) {
+  constexpr int32_t kWordAddressType = 1;
+  constexpr int32_t kConversationalType = 2;
+  if (job->InputFileType == kConversationalType) return true;
+  job->InputFileType = kWordAddressType;
+  return false;
+}
+
 LoadResult LoadNcFile(const std::string& path, NcProgram* program, ParserStates* states,
                       JobRecord* job, Files* files) {
   BlockStore& store = program->store;
@@ -141,12 +147,9 @@ LoadResult LoadNcFile(const std::string& path, NcProgram* program, ParserStates*
 
   const std::unique_ptr<InputFile> file = files->OpenOrCreateForReading(path);
   if (file == nullptr) return LoadResult::kCannotOpen;
+  BeginProgram(program);
   program->source.path = AbsoluteDrivePath(files->CurrentDirectory(), path);
   program->source.stamp = file->Stamp();
-
-  MotionBlock& block = store.CurrentBlock;
-  block.headPercent = block.headFeed = block.tailPercent = block.tailFeed = 0;
-  block.feedProgrammed = block.feed = kStartFeed;
 
   LineReader reader(file.get());
   NcLine line;

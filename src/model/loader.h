@@ -10,6 +10,13 @@
 
 namespace tvx {
 
+// Leaves a program as every load begins: empty, and with the feed that is in force until the first
+// F word.
+void BeginProgram(NcProgram* program);
+
+// True for the conversational format. Any other type becomes that of the word-address format.
+bool IsConversational(JobRecord* job);
+
 enum class LoadResult {
   kLoaded,      // the program is read, and the register holds its last block
   kCannotOpen,  // the store is empty

@@ -1,0 +1,50 @@
+#include "cli/check_note.h"
+
+#include <algorithm>
+
+#include "base/format.h"
+#include "cli/command.h"
+#include "cli/output.h"
+
+namespace tvx {
+namespace {
+
+// As an argument of a shell.
+std::string Quoted(const std::string& word) {
+  constexpr auto isPlain = [](char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
+           std::string_view("./_-").find(c) != std::string_view::npos;
+  };
+  return std::ranges::all_of(word, isPlain) ? word : "'" + word + "'";
+}
+
+}  // namespace
+
+ProgramCheck CheckProgramFile(const ProgramFile& file, const CheckOptions& options,
+                              const CTVXView& view, LoadStart* start) {
+  ShowProgress(file.argument + ": checking");
+  ProgramChecker checker(file.path, *start, view.job, view.app->files, options);
+  if (!checker.IsOpen()) throw Failure{file.argument, "cannot be read"};
+  constexpr uint64_t kAllLines = UINT64_MAX;
+  checker.CheckMore(kAllLines);
+  *start = checker.NextStart();
+  return checker.Result();
+}
+
+void PrintCheckNote(const ProgramFile& file, const CTVXView& view) {
+  if (IsQuiet()) return;
+  ShowProgress(file.argument + ": checking");
+  ProgramCheck check;
+  const LoadStart start = TakeLoadStart(view.program, view.app->parserStates);
+  if (!CheckProgram(file.path, start, view.job, view.app->files, &check, {.storedPerId = 0}))
+    return;
+  const auto whole = [](uint64_t value) { return static_cast<unsigned long long>(value); };
+  const uint64_t lost = check.Count(RemarkClass::kLost);
+  const uint64_t changed = check.Count(RemarkClass::kChanged);
+  if (lost + changed == 0) return;
+  PrintRemark(file.argument + Format(": the times leave out or change lines of the program (%llu "
+                                     "lost, %llu changed); tvx-cli check %s lists them",
+                                     whole(lost), whole(changed), Quoted(file.argument).c_str()));
+}
+
+}  // namespace tvx

@@ -1,0 +1,22 @@
+// The program check in the tool.
+#pragma once
+
+#include <string>
+
+#include "cli/program_files.h"
+#include "insight/program_check.h"
+#include "shell/tvx_view.h"
+
+namespace tvx {
+
+// Checks a program with the settings of the view. Throws Failure if it cannot be read. *start is
+// what the check starts from, and becomes what the next program starts from.
+ProgramCheck CheckProgramFile(const ProgramFile& file, const CheckOptions& options,
+                              const CTVXView& view, LoadStart* start);
+
+// Call it before the load of a program: says in one line on standard error how many of its lines
+// the times leave out or change, and nothing if there is none, if the program cannot be read or
+// with --quiet.
+void PrintCheckNote(const ProgramFile& file, const CTVXView& view);
+
+}  // namespace tvx

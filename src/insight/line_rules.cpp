@@ -1,0 +1,523 @@
+#include "insight/line_rules.h"
+
+#include <algorithm>
+#include <cmath>
+#include <span>
+
+#include "base/format.h"
+#include "base/scan.h"
+#include "insight/nc_codes.h"
+#include "model/line_reader.h"
+
+namespace tvx {
+
+namespace {
+
+using enum RemarkId;
+
+constexpr size_t kNowhere = std::string_view::npos;
+constexpr std::string_view kAxes = "XYZ";
+
+// A conversational feed from this on is how such programs write a rapid; controls without FMAX take
+// no higher one. mm/min.
+constexpr double kWrittenRapidFeed = 9999;
+
+// How far the two radii of an arc may differ: both have to be exceeded.
+constexpr double kRadiusTolerance = 0.01;  // mm
+constexpr double kRadiusShare = 0.001;
+
+// A line with all that the rules look at.
+struct CheckedLine {
+  uint64_t number;
+  const LineWords& words;
+  const LineOutcome& outcome;
+  std::string_view seen;   // the part that the parser gets
+  bool isHidden;           // "(" or, word-address, "#" keeps the parser from reading it
+  const LineWord* motion;  // the first motion word; null for none
+};
+
+bool IsOneOf(char letter, std::string_view letters) {
+  return letter != 0 && letters.find(letter) != kNowhere;
+}
+
+bool IsMotionName(std::string_view name) {
+  constexpr std::string_view kNames[] = {"L", "C", "CC", "CR", "DR"};
+  return std::ranges::find(kNames, name) != std::end(kNames);
+}
+
+bool IsMotion(const LineWord& word, bool isConversational) {
+  if (IsOneOf(word.letter, "XYZIJRF")) return true;
+  if (word.letter == 'G') {
+    const double g = word.Value();
+    return g == 0 || g == 1 || g == 2 || g == 3;
+  }
+  return isConversational && word.letter == 0 && IsMotionName(word.text);
+}
+
+// The conversational parser passes over the words of such a line.
+bool IsPassedOver(const LineWords& words) {
+  return words.Has("BEGIN") || words.Has("BLK") || words.Has("TOOL") || words.Has("END");
+}
+
+// The words of the line may be parts of the name of a program.
+bool HoldsProgramName(const LineWords& words) {
+  return words.Has("PGM");
+}
+
+// The first motion word outside comments and before a "#" that starts a macro.
+const LineWord* FirstMotion(const LineWords& words, bool isConversational) {
+  if (isConversational && IsPassedOver(words)) return nullptr;
+  for (const LineWord& word : words.All()) {
+    if (word.start > words.Macro()) break;
+    if (IsMotion(word, isConversational)) return &word;
+  }
+  return nullptr;
+}
+
+// The part of a line that the parser gets, up to a zero byte.
+std::string_view SeenPart(std::string_view text) {
+  text = text.substr(0, LineReader::kParserLineBytes);
+  return text.substr(0, text.find('\0'));
+}
+
+// Numbered, and begins with L, C, CC or CR.
+bool LooksConversational(const LineWords& words) {
+  const std::vector<LineWord>& all = words.All();
+  return all.size() > 1 && all[0].IsNumber() && all[1].IsName() && all[1].text != "DR" &&
+         IsMotionName(all[1].text);
+}
+
+// Has a G word, or a motion word whose number has no "+", and no word of the other format.
+bool LooksWordAddress(const LineWords& words) {
+  bool looks = false;
+  for (const LineWord& word : words.All()) {
+    if (word.IsNumber() || (word.IsName() && IsMotionName(word.text))) return false;
+    const bool hasPlus = word.text.size() > 1 && word.text[1] == '+';
+    looks |= word.letter == 'G' || (IsOneOf(word.letter, "XYZIJRF") && !hasPlus);
+  }
+  return looks;
+}
+
+void CountFormat(const CheckedLine& line, RuleState* state) {
+  if (line.motion == nullptr) return;
+  ++state->motionLines;
+  const bool isOther =
+      state->isConversational ? LooksWordAddress(line.words) : LooksConversational(line.words);
+  if (isOther) ++state->otherFormat;
+}
+
+// Lines that are not read, or in part.
+
+void CommentHidesLine(const CheckedLine& line, RuleState* state) {
+  if (!line.isHidden || line.motion == nullptr) return;
+  state->remarks->Add(kCommentHidesLine, line.number, line.motion->text);
+}
+
+void CutOffByC(const CheckedLine& line, RuleState* state) {
+  if (line.outcome.moves || line.isHidden || line.motion == nullptr) return;
+  const size_t c = line.seen.find('c');
+  const bool hasZeroByte =
+      line.seen.size() < std::min<size_t>(line.words.Text().size(), LineReader::kParserLineBytes);
+  if (c != kNowhere) {
+    state->remarks->Add(kCutOffByC, line.number, line.seen.substr(c));
+  } else if (hasZeroByte) {
+    state->remarks->Add(kCutOffByC, line.number, "\\0");
+  }
+}
+
+void WordWithoutNumber(const CheckedLine& line, RuleState* state) {
+  if (line.outcome.moves || line.isHidden) return;
+  const std::string_view read = line.seen.substr(0, line.seen.find('c'));
+  size_t found = kNowhere;
+  for (size_t at = 0; (at = read.find_first_of("FfGIiJjRXxYyZz", at)) != kNowhere; ++at) {
+    constexpr std::string_view kNumber = "0123456789.-";
+    const size_t behind = at + 1;
+    if (behind < read.size() && kNumber.find(read[behind]) != kNowhere) continue;
+    if (found == kNowhere && line.motion != nullptr) found = at;
+    const size_t number = read.find_first_not_of(" \t+", behind);
+    if (number == behind || number == kNowhere || kNumber.find(read[number]) == kNowhere) continue;
+    found = at;
+    break;
+  }
+  if (found == kNowhere) return;
+  const size_t number = std::min(read.find_first_not_of(" \t+", found + 1), read.size());
+  const size_t end = std::min(read.find_first_not_of("0123456789.-", number), read.size());
+  state->remarks->Add(kWordWithoutNumber, line.number, read.substr(found, end - found));
+}
+
+void LineTooLong(const CheckedLine& line, RuleState* state) {
+  if (!line.outcome.isCut) return;
+  const LineWord* lost = line.motion;
+  if (state->isConversational && lost != nullptr) {
+    const auto isLost = [](const LineWord& word) {
+      return word.End() > LineReader::kParserLineBytes && IsMotion(word, true);
+    };
+    const auto word = std::ranges::find_if(line.words.All(), isLost);
+    lost = word == line.words.All().end() ? nullptr : &*word;
+  }
+  if (lost != nullptr) state->remarks->Add(kLineTooLong, line.number, lost->text);
+}
+
+void Macro(const CheckedLine& line, RuleState* state) {
+  const size_t macro = line.words.Macro();
+  if (macro == kNowhere || (line.isHidden && line.motion != nullptr)) return;
+  state->remarks->Add(kMacro, line.number, line.words.Text().substr(macro));
+}
+
+// Lines that leave a block.
+
+void BeforeMotion(const CheckedLine& line, RuleState* state) {
+  if (!line.outcome.moves || line.outcome.block.type != BlockNone) return;
+  const auto isCoordinate = [](const LineWord& word) { return IsOneOf(word.letter, kAxes); };
+  const auto word = std::ranges::find_if(line.words.All(), isCoordinate);
+  if (word == line.words.All().end()) return;
+  const bool isNewRun = !state->hasEarlyLine || state->movesAtEarlyLine != state->moves;
+  state->hasEarlyLine = true;
+  state->movesAtEarlyLine = state->moves;
+  if (isNewRun) state->remarks->Add(kBeforeMotion, line.number, word->text);
+}
+
+void BlockReplaced(const CheckedLine& line, RuleState* state) {
+  const MotionBlock& block = line.outcome.block;
+  if (!line.outcome.moves || block.type == BlockNone) return;
+  const auto check = [&](char letter, float value) {
+    MotionBlock record;
+    record.x = value;
+    if (!BlockStore::IsBad(record)) return;
+    state->remarks->Add(kBlockReplaced, line.number, letter + ShortestFloat(value));
+  };
+  check('X', block.x);
+  check('Z', block.z);
+  if (IsArcType(block.type)) check('I', line.outcome.arcOffset.x);
+}
+
+void FeedZero(const CheckedLine& line, RuleState* state) {
+  const MotionBlock& block = line.outcome.block;
+  const bool isCut = IsCutType(block.type) || IsArcType(block.type);
+  if (!line.outcome.moves || !isCut || block.feed > 0) return;
+  state->remarks->Add(kFeedZero, line.number, "F" + std::to_string(block.feed));
+}
+
+void RapidByFeed(const CheckedLine& line, RuleState* state) {
+  if (!line.outcome.isRapidByFeed) return;
+  const LineWord* const feed = line.words.Letter('F');
+  if (feed == nullptr) return;
+  if (state->isConversational && feed->Value() >= kWrittenRapidFeed) return;
+  state->remarks->Add(kRapidByFeed, line.number, feed->text);
+}
+
+// Words that only machines understand.
+
+void Rotary(const CheckedLine& line, RuleState* state) {
+  const bool isConversational = state->isConversational;
+  if (isConversational && (IsPassedOver(line.words) || HoldsProgramName(line.words))) return;
+  if (!isConversational && line.words.Letter('G', 4) != nullptr) return;
+  for (const LineWord& word : line.words.All()) {
+    // A small c ends the line, and that has a remark of its own.
+    if (word.text.front() == 'c' || !IsOneOf(word.letter, isConversational ? "ABC" : "ABCUVW")) {
+      continue;
+    }
+    state->remarks->Add(kRotary, line.number, word.text);
+    return;
+  }
+}
+
+void EndPlane(RuleState* state) {
+  if (!state->isInPlane) return;
+  state->remarks->SetLastDetail(kPlane, Format("%s: %llu", state->planeWord.c_str(),
+                                               static_cast<unsigned long long>(state->planeArcs)));
+  state->isInPlane = false;
+}
+
+void StartPlane(const CheckedLine& line, const LineWord& word, RuleState* state) {
+  EndPlane(state);
+  state->remarks->Add(kPlane, line.number, word.text);
+  state->isInPlane = true;
+  state->planeWord = word.text;
+  state->planeArcs = 0;
+}
+
+void AddDwell(const CheckedLine& line, double seconds, RuleState* state) {
+  if (!(seconds > 0)) seconds = 0;
+  if (!state->remarks->Add(kDwell, line.number, ShortestFloat(static_cast<float>(seconds)))) return;
+  state->remarks->check().dwellSeconds += seconds;
+}
+
+// X and U are seconds, P milliseconds unless it has a point.
+void GDwell(const CheckedLine& line, RuleState* state) {
+  constexpr double kSecondsPerMillisecond = 0.001;
+  double seconds = 0;
+  for (const LineWord& word : line.words.All()) {
+    if (!IsOneOf(word.letter, "XUP")) continue;
+    const bool isWhole = word.letter == 'P' && word.text.find('.') == kNowhere;
+    seconds = word.Value() * (isWhole ? kSecondsPerMillisecond : 1);
+  }
+  AddDwell(line, seconds, state);
+}
+
+void AddToolChange(const CheckedLine& line, RuleState* state) {
+  if (state->remarks->Add(kToolChange, line.number, state->tool)) {
+    ++state->remarks->check().toolChanges;
+  }
+}
+
+void Codes(const CheckedLine& line, RuleState* state) {
+  if (const LineWord* const tool = line.words.Letter('T')) {
+    state->tool = ShortestFloat(static_cast<float>(tool->Value()));
+  }
+  for (const LineWord& word : line.words.All()) {
+    if (!IsOneOf(word.letter, "GM")) continue;
+    const double number = word.Value();
+    if (word.letter == 'G' && number == kXyPlane) EndPlane(state);
+    for (const NcCode& code : kNcCodes) {
+      if (code.letter != word.letter || code.number != number) continue;
+      if (code.id == kPlane) {
+        StartPlane(line, word, state);
+      } else if (code.id == kDwell) {
+        GDwell(line, state);
+      } else if (code.id == kToolChange) {
+        AddToolChange(line, state);
+      } else {
+        state->remarks->Add(code.id, line.number, word.text);
+      }
+    }
+  }
+}
+
+// The same in words.
+
+const LineWord* WordAt(const CheckedLine& line, std::optional<size_t> index, size_t further = 0) {
+  if (!index || *index + further >= line.words.All().size()) return nullptr;
+  return &line.words.All()[*index + further];
+}
+
+// The text from one word to the end of another.
+std::string_view Span(const CheckedLine& line, const LineWord& first, const LineWord& last) {
+  return line.words.Text().substr(first.start, last.End() - first.start);
+}
+
+void Calls(const CheckedLine& line, RuleState* state) {
+  const auto call = line.words.Find("CALL");
+  const LineWord* const called = WordAt(line, call, 1);
+  if (called != nullptr && (called->text == "LBL" || called->text == "PGM")) {
+    const LineWord* const name = WordAt(line, call, 2);
+    state->remarks->Add(kSubprogram, line.number,
+                        Span(line, *WordAt(line, call), name != nullptr ? *name : *called));
+  }
+  const auto label = line.words.Find("LBL");
+  const LineWord* const number = WordAt(line, label, 1);
+  if (number != nullptr && number->IsNumber() && number->Value() > 0) {
+    state->remarks->Add(kSubprogram, line.number, Span(line, *WordAt(line, label), *number));
+  }
+}
+
+// The value of the dwell cycle, whose second line says "V.ZEIT" or "DWELL" and seconds.
+std::optional<double> CycleDwell(const CheckedLine& line) {
+  for (const std::string_view name : {"ZEIT", "DWELL"}) {
+    const auto index = line.words.Find(name);
+    const LineWord* const value = WordAt(line, index, 1);
+    if (value != nullptr && value->IsNumber()) return value->Value();
+  }
+  return std::nullopt;
+}
+
+void Cycles(const CheckedLine& line, RuleState* state) {
+  const auto cycle = line.words.Find("CYCL");
+  const LineWord* const kind = WordAt(line, cycle, 1);
+  if (kind == nullptr || (kind->text != "DEF" && kind->text != "CALL")) return;
+  const LineWord* const number = WordAt(line, cycle, 2);
+  constexpr double kDwellCycle = 9;
+  const bool isDwell = kind->text == "DEF" && number != nullptr && number->IsNumber() &&
+                       std::floor(number->Value()) == kDwellCycle;
+  if (!isDwell) {
+    const LineWord& last = number != nullptr && number->IsNumber() ? *number : *kind;
+    state->remarks->Add(kCycle, line.number, Span(line, *WordAt(line, cycle), last));
+  } else if (const auto seconds = CycleDwell(line)) {
+    AddDwell(line, *seconds, state);
+  }
+}
+
+void ToolCalls(const CheckedLine& line, RuleState* state) {
+  const auto tool = line.words.Find("TOOL");
+  const LineWord* const call = WordAt(line, tool, 1);
+  const LineWord* const number = WordAt(line, tool, 2);
+  if (call == nullptr || call->text != "CALL" || number == nullptr || !number->IsNumber()) return;
+  state->tool = number->text;
+  AddToolChange(line, state);
+}
+
+void Names(const CheckedLine& line, RuleState* state) {
+  const LineWords& words = line.words;
+  if (words.Has("BEGIN") && words.Has("PGM") && words.Has("INCH")) {
+    state->remarks->Add(kInch, line.number, "INCH");
+  }
+  if (IsPassedOver(words) || HoldsProgramName(words)) return;
+  for (const std::string_view name : {"RL", "RR"}) {
+    if (words.Has(name)) state->remarks->Add(kCompensation, line.number, name);
+  }
+  if (words.Has("STOP")) state->remarks->Add(kStop, line.number, "STOP");
+}
+
+using Rule = void (*)(const CheckedLine& line, RuleState* state);
+
+constexpr Rule kWordRules[] = {CountFormat, CommentHidesLine, CutOffByC,     WordWithoutNumber,
+                               LineTooLong, BeforeMotion,     BlockReplaced, FeedZero,
+                               Macro,       Rotary,           RapidByFeed,   Codes};
+constexpr Rule kConversationalRules[] = {CountFormat,   CommentHidesLine, LineTooLong, BeforeMotion,
+                                         BlockReplaced, FeedZero,         Rotary,      RapidByFeed,
+                                         Calls,         Cycles,           ToolCalls,   Names};
+
+std::string Millimetres(double value) {
+  return ShortestFloat(static_cast<float>(value));
+}
+
+// An arc seen from its centre: the vectors to both ends, in the plane.
+struct ArcSides {
+  explicit ArcSides(const CheckedArc& arc)
+      : dx(static_cast<double>(arc.end.x) - arc.start.x),
+        dy(static_cast<double>(arc.end.y) - arc.start.y),
+        dz(static_cast<double>(arc.end.z) - arc.start.z),
+        startX(-static_cast<double>(arc.i)),
+        startY(-static_cast<double>(arc.j)),
+        startSquare(startX * startX + startY * startY),
+        chordSquare(dx * dx + dy * dy) {}
+
+  double EndSquare() const {
+    const double x = startX + dx, y = startY + dy;
+    return x * x + y * y;
+  }
+  // Above 0 if the arc turns that way by less than half a circle.
+  double Sine(uint32_t type) const {
+    const double sine = startX * dy - startY * dx;
+    return type == BlockArcCcw ? sine : -sine;
+  }
+  // Radians; a full circle if start and end agree.
+  double Sweep(uint32_t type) const {
+    constexpr double kFullCircle = 6.283185307179586;
+    if (dx == 0 && dy == 0) return kFullCircle;
+    const double cosine = startSquare + startX * dx + startY * dy;
+    const double sweep = std::atan2(Sine(type), cosine);
+    return sweep > 0 ? sweep : sweep + kFullCircle;
+  }
+
+  double dx, dy, dz;      // from start to end
+  double startX, startY;  // from the centre to the start
+  double startSquare;     // of that
+  double chordSquare;     // in the plane
+};
+
+// Length of an arc over that of its chord: asin(q) / q, where q is half the chord over the radius,
+// by its series. An angle for each of the millions of short arcs of a finished surface would take
+// as long as parsing the line. The even and the odd terms are two sums, so that a processor has
+// both at work.
+constexpr double kLargestSquare = 0.3;  // of q; what is left out is below 2e-6
+double ArcOverChord(double square) {
+  const double fourth = square * square;
+  const double even = 1 + fourth * (3.0 / 40 + fourth * (35.0 / 1152 + fourth * (231.0 / 13312)));
+  const double odd =
+      1.0 / 6 + fourth * (5.0 / 112 + fourth * (63.0 / 2816 + fourth * (143.0 / 10240)));
+  return even + square * odd;
+}
+
+// An arc of any sweep, and with any radii.
+void CheckArc(const CheckedArc& arc, const ArcSides& sides, RuleState* state) {
+  const double startRadius = std::sqrt(sides.startSquare);
+  const double endRadius = std::sqrt(sides.EndSquare());
+  const double length = startRadius * sides.Sweep(arc.type);
+  state->arcLength += std::sqrt(length * length + sides.dz * sides.dz);
+  if (state->isConversational || arc.text.find('R') != kNowhere) {
+    const double halfChord = std::sqrt(sides.chordSquare) / 2;
+    const double radius = std::abs(static_cast<double>(arc.radius));
+    if (radius < halfChord - kRadiusTolerance) {
+      state->remarks->Add(kArcRadiusShort, arc.line,
+                          "R" + Millimetres(radius) + " < " + Millimetres(halfChord));
+    }
+    return;
+  }
+  const double apart = std::abs(endRadius - startRadius);
+  if (apart > kRadiusTolerance && apart > kRadiusShare * std::max(startRadius, endRadius)) {
+    state->remarks->Add(kArcEndsElsewhere, arc.line,
+                        "R" + Millimetres(startRadius) + " / " + Millimetres(endRadius));
+  }
+}
+
+}  // namespace
+
+bool RemarkWriter::Add(RemarkId id, uint64_t line, std::string_view detail) {
+  uint64_t& lastLine = lastLine_[static_cast<size_t>(id)];
+  if (lastLine == line) return false;
+  lastLine = line;
+  RemarkList& list = check_.Of(id);
+  if (list.count++ >= storedPerId_) return true;
+  constexpr size_t kLongestDetail = 40;
+  const auto isOdd = [](char c) { return c < ' ' || c > '~'; };
+  detail = detail.substr(0, kLongestDetail);
+  list.stored.push_back({line, {detail.begin(), std::ranges::find_if(detail, isOdd)}});
+  return true;
+}
+
+void RemarkWriter::SetLastDetail(RemarkId id, const std::string& detail) {
+  RemarkList& list = check_.Of(id);
+  if (list.count == list.stored.size()) list.stored.back().detail = detail;
+}
+
+void ApplyLineRules(uint64_t line, std::string_view text, const LineOutcome& outcome,
+                    LineWords* words, RuleState* state) {
+  words->Read(text, !state->isConversational);
+  const std::string_view seen = SeenPart(text);
+  const bool isHidden = seen.find_first_of(state->isConversational ? "(" : "(#") != kNowhere;
+  const CheckedLine checked{line, *words,   outcome,
+                            seen, isHidden, FirstMotion(*words, state->isConversational)};
+  const std::span<const Rule> rules = state->isConversational
+                                          ? std::span<const Rule>(kConversationalRules)
+                                          : std::span<const Rule>(kWordRules);
+  for (const Rule rule : rules) rule(checked, state);
+}
+
+void ApplyArcRules(std::span<const CheckedArc> arcs, RuleState* state) {
+  if (arcs.empty()) return;
+  if (state->arcs == 0) state->firstArcLine = arcs.front().line;
+  state->arcs += arcs.size();
+  if (state->isInPlane) state->planeArcs += arcs.size();
+  double length = 0;
+  for (const CheckedArc& arc : arcs) {
+    const ArcSides sides(arc);
+    // The difference of the squares over the sum of the radii is that of the radii.
+    const double difference = sides.EndSquare() - sides.startSquare;
+    const bool endsTogether =
+        difference * difference <= kRadiusTolerance * kRadiusTolerance * sides.startSquare;
+    const bool isShort =
+        sides.Sine(arc.type) > 0 && sides.chordSquare < 4 * kLargestSquare * sides.startSquare;
+    if (endsTogether && isShort) [[likely]] {
+      const double ratio = ArcOverChord(sides.chordSquare / (4 * sides.startSquare));
+      length += std::sqrt(sides.chordSquare * ratio * ratio + sides.dz * sides.dz);
+    } else {
+      CheckArc(arc, sides, state);
+    }
+  }
+  state->arcLength += length;
+}
+
+void ApplyLastLineRule(uint64_t line, std::string_view text, LineWords* words, RuleState* state) {
+  words->Read(text, !state->isConversational);
+  if (const LineWord* const motion = FirstMotion(*words, state->isConversational)) {
+    state->remarks->Add(kLastLine, line, motion->text);
+  }
+}
+
+void ApplyProgramRules(RuleState* state) {
+  EndPlane(state);
+  const auto whole = [](uint64_t value) { return static_cast<unsigned long long>(value); };
+  if (state->otherFormat * 2 > state->motionLines) {
+    state->remarks->Add(
+        kOtherFormat, 1,
+        Format("%llu / %llu", whole(state->otherFormat), whole(state->motionLines)));
+  }
+  if (state->moves == 0) state->remarks->Add(kNoMoves, 1, "");
+  if (state->arcs > 0) {
+    state->remarks->Add(kArcsNotTimed, state->firstArcLine,
+                        Format("%llu, %.1f mm", whole(state->arcs), state->arcLength));
+  }
+}
+
+}  // namespace tvx
