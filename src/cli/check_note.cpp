@@ -31,20 +31,23 @@ ProgramCheck CheckProgramFile(const ProgramFile& file, const CheckOptions& optio
   return checker.Result();
 }
 
-void PrintCheckNote(const ProgramFile& file, const CTVXView& view) {
-  if (IsQuiet()) return;
+ProgramPauses NoteRemarks(const ProgramFile& file, const CTVXView& view, bool wantsPauses) {
+  if (IsQuiet() && !wantsPauses) return {};
   ShowProgress(file.argument + ": checking");
   ProgramCheck check;
   const LoadStart start = TakeLoadStart(view.program, view.app->parserStates);
   if (!CheckProgram(file.path, start, view.job, view.app->files, &check, {.storedPerId = 0}))
-    return;
+    return {};
+  const ProgramPauses pauses{check.dwellSeconds, check.toolChanges};
+  if (IsQuiet()) return pauses;
   const auto whole = [](uint64_t value) { return static_cast<unsigned long long>(value); };
   const uint64_t lost = check.Count(RemarkClass::kLost);
   const uint64_t changed = check.Count(RemarkClass::kChanged);
-  if (lost + changed == 0) return;
+  if (lost + changed == 0) return pauses;
   PrintRemark(file.argument + Format(": the times leave out or change lines of the program (%llu "
                                      "lost, %llu changed); tvx-cli check %s lists them",
                                      whole(lost), whole(changed), Quoted(file.argument).c_str()));
+  return pauses;
 }
 
 }  // namespace tvx

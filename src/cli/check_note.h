@@ -4,6 +4,7 @@
 #include <string>
 
 #include "cli/program_files.h"
+#include "insight/machine_time.h"
 #include "insight/program_check.h"
 #include "shell/tvx_view.h"
 
@@ -14,9 +15,9 @@ namespace tvx {
 ProgramCheck CheckProgramFile(const ProgramFile& file, const CheckOptions& options,
                               const CTVXView& view, LoadStart* start);
 
-// Call it before the load of a program: says in one line on standard error how many of its lines
-// the times leave out or change, and nothing if there is none, if the program cannot be read or
-// with --quiet.
-void PrintCheckNote(const ProgramFile& file, const CTVXView& view);
+// Call it before the load of a program: prints in one line on standard error how many of its lines
+// the times leave out or change; nothing if there is none, if the program cannot be read or with
+// --quiet. Returns the pauses of the program, which take a check only if they are wanted or noted.
+ProgramPauses NoteRemarks(const ProgramFile& file, const CTVXView& view, bool wantsPauses);
 
 }  // namespace tvx

@@ -10,6 +10,8 @@ constexpr ToolCommand kCommands[] = {
     {"info", "the lines of the file information dialog", RunInfo},
     {"blocks", "the stored moves, one a line", RunBlocks},
     {"run", "the multi-file run over a job list", RunJobs},
+    {"machine show", "the values of a machine file", RunMachineShow},
+    {"machine fit", "fit a machine file to measured times", RunMachineFit},
     {"master build", "build a master model from a program", RunMasterBuild},
     {"master dump", "the fields and cells of a master model", RunMasterDump},
     {"master lookup", "the angles of a master model near points", RunMasterLookup},

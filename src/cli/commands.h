@@ -18,6 +18,8 @@ int RunDraw(const Call& call);
 int RunGetFeed(const Call& call);
 int RunInfo(const Call& call);
 int RunJobs(const Call& call);
+int RunMachineFit(const Call& call);
+int RunMachineShow(const Call& call);
 int RunMasterBuild(const Call& call);
 int RunMasterDump(const Call& call);
 int RunMasterLookup(const Call& call);

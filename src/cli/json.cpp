@@ -9,8 +9,10 @@ namespace {
 
 std::string ScalarText(const Json& value) {
   if (value.is_number_float()) {
-    const float number = value.get<float>();
-    return std::isfinite(number) ? ShortestFloat(number) : "null";
+    const double number = value.get<double>();
+    if (!std::isfinite(number)) return "null";
+    const float single = value.get<float>();
+    return single == number ? ShortestFloat(single) : ShortestDouble(number);
   }
   // A file name of the host may hold any bytes.
   return value.dump(-1, ' ', false, Json::error_handler_t::replace);

@@ -1,8 +1,8 @@
 // tvx-cli run: the multi-file run over a job list.
 
 #include <functional>
+#include <map>
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -15,8 +15,10 @@
 #include "cli/commands.h"
 #include "cli/host.h"
 #include "cli/json.h"
+#include "cli/machine_option.h"
 #include "cli/output.h"
 #include "cli/params.h"
+#include "insight/machine_time.h"
 #include "jobs/job_list.h"
 #include "platform/drives.h"
 #include "reports/cut_time_list.h"
@@ -35,15 +37,22 @@ constexpr int32_t kPictureHeight = 600;
 // Prints what fails. A missing file is not created.
 class RunReport final : public RunObserver {
  public:
-  RunReport(const Host& host, const CTVXView& view) : host_(host), view_(view) {}
+  // The profile of a machine whose time is wanted, if any, has to outlive the run.
+  RunReport(const Host& host, const std::optional<MachineProfile>& machine, CTVXView* view)
+      : host_(host), machine_(machine), view_(*view) {}
 
   void OnEntry(size_t index, size_t count, const std::string& name) override {
     ShowProgress(Format("%zu/%zu %s", index + 1, count, name.c_str()));
   }
   bool MayLoad(const std::string& path) override {
     if (ReadProblem(host_, path) != nullptr) return false;
-    if (noted_.insert(path).second) PrintCheckNote({path, path}, view_);
+    const auto [found, isNew] = pauses_.try_emplace(path);
+    if (isNew) found->second = NoteRemarks({path, path}, view_, machine_.has_value());
     return true;
+  }
+  void OnRecorded(const std::string& path) override {
+    if (!machine_) return;
+    machineTimes_.push_back(ComputeMachineTime(&view_.program.store, *machine_, pauses_[path]));
   }
   void OnLoadFailed(const std::string& path, LoadResult /*result*/) override {
     const char* const problem = ReadProblem(host_, path);
@@ -59,11 +68,15 @@ class RunReport final : public RunObserver {
   }
 
   bool failed() const { return failed_; }
+  // One for each recorded entry; empty without a machine.
+  const std::vector<MachineTime>& machineTimes() const { return machineTimes_; }
 
  private:
   const Host& host_;
-  const CTVXView& view_;
-  std::set<std::string> noted_;  // programs whose remarks have been counted
+  const std::optional<MachineProfile>& machine_;
+  CTVXView& view_;
+  std::map<std::string, ProgramPauses> pauses_;  // of the programs that have been checked, by path
+  std::vector<MachineTime> machineTimes_;
   bool failed_ = false;
 };
 
@@ -101,22 +114,35 @@ void AcceptList(const JobList& list, bool pictures, CTVXView* view) {
   PrepareDevice(&view->view.transform);
 }
 
-void PrintTable(const ResultTable& results) {
+// `machineTimes` of the entries in their order; empty if no machine is given.
+void PrintTable(const ResultTable& results, const std::vector<MachineTime>& machineTimes) {
+  const bool hasMachine = !machineTimes.empty();
   float total = 0;
-  Print("  cut mm  rapid mm   cut min  rapid min  total min  feed  file\n");
-  for (const CutTimeEntry& entry : results.Recorded()) {
-    Print(Format("%8.1f  %8.1f  %8.2f  %9.2f  %9.2f  %4d  %s\n", entry.cutLength, entry.rapidLength,
-                 entry.cutMinutes, entry.rapidMinutes, entry.totalMinutes, entry.averageFeed,
-                 entry.fileName.c_str()));
+  double machineTotal = 0;
+  Print(std::string("  cut mm  rapid mm   cut min  rapid min  total min  feed  ") +
+        (hasMachine ? "machine min  " : "") + "file\n");
+  for (size_t i = 0; i < results.Recorded().size(); ++i) {
+    const CutTimeEntry& entry = results.Recorded()[i];
+    std::string machine;
+    if (hasMachine) {
+      machine = Format("%11.2f  ", machineTimes[i].totalMinutes);
+      machineTotal += machineTimes[i].totalMinutes;
+    }
+    Print(Format("%8.1f  %8.1f  %8.2f  %9.2f  %9.2f  %4d  %s%s\n", entry.cutLength,
+                 entry.rapidLength, entry.cutMinutes, entry.rapidMinutes, entry.totalMinutes,
+                 entry.averageFeed, machine.c_str(), entry.fileName.c_str()));
     total += entry.totalMinutes;
   }
   Print(Format("total time %.2f min\n", total));
+  if (hasMachine) Print(Format("machine time %.2f min\n", machineTotal));
 }
 
-Json ResultsJson(const ResultTable& results) {
+Json ResultsJson(const ResultTable& results, const std::vector<MachineTime>& machineTimes) {
   Json array = Json::array();
-  for (const CutTimeEntry& entry : results.Recorded()) {
-    array.push_back(FieldsJson(entry, EntryFields()));
+  for (size_t i = 0; i < results.Recorded().size(); ++i) {
+    Json object = FieldsJson(results.Recorded()[i], EntryFields());
+    if (!machineTimes.empty()) object["machine"] = MachineJson(machineTimes[i]);
+    array.push_back(object);
   }
   return array;
 }
@@ -197,6 +223,7 @@ bool WriteOutputs(const Outputs& outputs, const Host& host, ResultTable* results
 int RunJobs(const Call& call) {
   Params params;
   Outputs outputs;
+  MachineOption machineOption;
   bool json = false, information = false, pictures = false, noPictures = false;
   std::string argument;
   CommandLine line(call, "Runs a job list: a .mcf list, or a saved list (any other ending).");
@@ -204,6 +231,7 @@ int RunJobs(const Call& call) {
   line.AddFlag("--json", &json, "print one JSON document");
   line.AddFlag("--info", &information, "print the lines of the cut-time list for each file");
   outputs.AddTo(&line);
+  machineOption.AddTo(&line);
   line.AddFlag("--pictures", &pictures, "write a picture of each file into the current folder");
   line.AddFlag("--no-pictures", &noPictures, "write none (the default)");
   line.AddArgument("LIST", &argument, "job list");
@@ -213,18 +241,19 @@ int RunJobs(const Call& call) {
 
   Host host(call);
   CTVXView view(&host.app);
-  RunReport report(host, view);
+  const std::optional<MachineProfile> machine = machineOption.Read(host);
+  RunReport report(host, machine, &view);
   const JobList list = ReadList(host, host.ReadablePath(argument), argument, &report);
   params.Apply(&host, &view);
   AcceptList(list, pictures && !noPictures, &view);
   RunAcceptedList(&view, &report);
   ShowProgress("");
   if (json) {
-    Print(JsonText(ResultsJson(view.results)));
+    Print(JsonText(ResultsJson(view.results, report.machineTimes())));
   } else if (information) {
     PrintInformation(view.results);
   } else {
-    PrintTable(view.results);
+    PrintTable(view.results, report.machineTimes());
   }
   const bool complete = WriteOutputs(outputs, host, &view.results);
   return report.failed() || !complete ? 1 : 0;

@@ -10,33 +10,50 @@
 #include "cli/commands.h"
 #include "cli/host.h"
 #include "cli/json.h"
+#include "cli/machine_option.h"
 #include "cli/output.h"
 #include "cli/params.h"
 #include "cli/program_files.h"
+#include "insight/machine_time.h"
 
 namespace tvx {
 namespace {
 
-struct Times {
-  CutTimeEntry before;
-  std::optional<CutTimeEntry> after;
+// The figures of one program; those of a machine only if one is given.
+struct Figures {
+  CutTimeEntry entry;
+  std::optional<MachineTime> machine;
 };
 
-Times TimeProgram(const ProgramFile& file, bool adjusts, CTVXView* view) {
-  PrintCheckNote(file, *view);
+struct Times {
+  Figures before;
+  std::optional<Figures> after;
+};
+
+Times TimeProgram(const ProgramFile& file, bool adjusts,
+                  const std::optional<MachineProfile>& machine, CTVXView* view) {
+  const ProgramPauses pauses = NoteRemarks(file, *view, machine.has_value());
   LoadWholeProgram(file, view);
-  Times times{CountProgram(file, view), std::nullopt};
+  const auto figures = [&] {
+    Figures result{CountProgram(file, view), std::nullopt};
+    if (machine) result.machine = ComputeMachineTime(&view->program.store, *machine, pauses);
+    return result;
+  };
+  Times times{figures(), std::nullopt};
   if (adjusts) {
     AdjustProgram(file, view);
-    times.after = CountProgram(file, view);
+    times.after = figures();
   }
   return times;
 }
 
-Json FiguresJson(const CutTimeEntry& entry) {
-  return {{"cutLength", entry.cutLength},       {"rapidLength", entry.rapidLength},
-          {"cutMinutes", entry.cutMinutes},     {"rapidMinutes", entry.rapidMinutes},
-          {"totalMinutes", entry.totalMinutes}, {"averageFeed", entry.averageFeed}};
+Json FiguresJson(const Figures& figures) {
+  const CutTimeEntry& entry = figures.entry;
+  Json object = {{"cutLength", entry.cutLength},       {"rapidLength", entry.rapidLength},
+                 {"cutMinutes", entry.cutMinutes},     {"rapidMinutes", entry.rapidMinutes},
+                 {"totalMinutes", entry.totalMinutes}, {"averageFeed", entry.averageFeed}};
+  if (figures.machine) object["machine"] = MachineJson(*figures.machine);
+  return object;
 }
 
 Json TimesJson(const ProgramFile& file, const Times& times) {
@@ -61,6 +78,17 @@ constexpr Row kRows[] = {
     {"total time", "min", &CutTimeEntry::totalMinutes, true},
 };
 
+struct MachineRow {
+  const char* label;
+  double MachineTime::*figure;
+};
+
+constexpr MachineRow kMachineRows[] = {
+    {"machine cut", &MachineTime::cutMinutes},     {"machine rapid", &MachineTime::rapidMinutes},
+    {"machine dwell", &MachineTime::dwellMinutes}, {"machine tools", &MachineTime::toolMinutes},
+    {"machine total", &MachineTime::totalMinutes},
+};
+
 std::string TableLine(const std::string& label, const std::string& unit, const std::string& before,
                       const std::string& after, const std::string& saved) {
   std::string line = Format("  %-14s %-7s %12s %12s %12s", label.c_str(), unit.c_str(),
@@ -69,21 +97,38 @@ std::string TableLine(const std::string& label, const std::string& unit, const s
   return line + "\n";
 }
 
+std::string MachineTable(const Times& times) {
+  if (!times.before.machine) return "";
+  const auto minutes = [](double value) { return ShortestFloat(static_cast<float>(value)); };
+  std::string text;
+  for (const MachineRow& row : kMachineRows) {
+    const double before = *times.before.machine.*row.figure;
+    std::string after, saved;
+    if (times.after) {
+      after = minutes(*times.after->machine.*row.figure);
+      saved = minutes(before - *times.after->machine.*row.figure);
+    }
+    text += TableLine(row.label, "min", minutes(before), after, saved);
+  }
+  return text;
+}
+
 std::string TimesTable(const ProgramFile& file, const Times& times) {
   std::string text = file.argument + "\n";
   text += times.after ? TableLine("", "", "programmed", "adjusted", "saved")
                       : TableLine("", "", "programmed", "", "");
   for (const Row& row : kRows) {
-    const float before = times.before.*row.figure;
+    const float before = times.before.entry.*row.figure;
     std::string after, saved;
     if (times.after) {
-      after = ShortestFloat((*times.after).*row.figure);
-      if (row.isTime) saved = ShortestFloat(before - (*times.after).*row.figure);
+      after = ShortestFloat(times.after->entry.*row.figure);
+      if (row.isTime) saved = ShortestFloat(before - times.after->entry.*row.figure);
     }
     text += TableLine(row.label, row.unit, ShortestFloat(before), after, saved);
   }
-  return text + TableLine("average feed", "mm/min", std::to_string(times.before.averageFeed),
-                          times.after ? std::to_string(times.after->averageFeed) : "", "");
+  text += TableLine("average feed", "mm/min", std::to_string(times.before.entry.averageFeed),
+                    times.after ? std::to_string(times.after->entry.averageFeed) : "", "");
+  return text + MachineTable(times);
 }
 
 }  // namespace
@@ -91,12 +136,14 @@ std::string TimesTable(const ProgramFile& file, const Times& times) {
 int RunTime(const Call& call) {
   Params params(/*adjusts=*/true);
   bool json = false;
+  MachineOption machineOption;
   std::vector<std::string> arguments;
   CommandLine line(call,
                    "Prints how far the tool travels in each program and how long that takes, "
                    "as programmed and after the feed adjustment.");
   params.AddTo(&line);
   line.AddFlag("--json", &json, "print one JSON document");
+  machineOption.AddTo(&line);
   line.AddArguments("FILE", &arguments, "NC programs, loaded one after the other");
   line.Parse();
   params.Check();
@@ -105,9 +152,10 @@ int RunTime(const Call& call) {
   const std::vector<ProgramFile> files = FindProgramFiles(host, arguments);
   CTVXView view(&host.app);
   params.Apply(&host, &view);
+  const std::optional<MachineProfile> machine = machineOption.Read(host);
   Json document = Json::array();
   for (const ProgramFile& file : files) {
-    const Times times = TimeProgram(file, params.Adjusts(), &view);
+    const Times times = TimeProgram(file, params.Adjusts(), machine, &view);
     if (json) {
       document.push_back(TimesJson(file, times));
     } else {

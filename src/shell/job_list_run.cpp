@@ -101,7 +101,9 @@ void RunEntry(const std::string& name, const std::string& line, CTVXView* view,
   result.fileName = name;
   result.optionLine = line;
   result.dirName = directory;
-  if (!RecordResultEntry(result, SceneOf(view), view->app->files, &view->results)) {
+  if (RecordResultEntry(result, SceneOf(view), view->app->files, &view->results)) {
+    observer->OnRecorded(path);
+  } else {
     observer->OnTableFull();
   }
 }

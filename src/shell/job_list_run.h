@@ -37,6 +37,8 @@ class RunObserver {
   virtual void OnLoadFailed(const std::string& /*path*/, LoadResult /*result*/) {}
   // A master model could not be read, built or written. One that was built is used all the same.
   virtual void OnMasterFailed(const std::string& /*path*/, const MasterOutcome& /*outcome*/) {}
+  // An entry was recorded; the store holds its moves with the feeds in force.
+  virtual void OnRecorded(const std::string& /*path*/) {}
   // An entry could not be recorded.
   virtual void OnTableFull() {}
 };

@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "insight/machine_fit.h"
+
 namespace tvx {
 namespace {
 
@@ -308,6 +310,40 @@ TEST(MachineTime, SplittingAStraightMoveChangesNothing) {
     const double seconds = TotalSeconds(whole, RoundMachine());
     EXPECT_NEAR(TotalSeconds(split, RoundMachine()), seconds, 1e-9 * seconds) << seed;
   }
+}
+
+TEST(MachineFit, FindsTheScaleAndFactorThatMadeTheTimes) {
+  std::vector<std::unique_ptr<BlockStore>> stores;
+  for (unsigned seed = 0; seed < 6; ++seed) {
+    // From long moves at high feed to short ones that never reach it.
+    Records records = RandomProgram(seed, true, true);
+    for (MotionBlock& block : records) {
+      for (float* value : {&block.x, &block.y, &block.z}) *value /= static_cast<float>(1 << seed);
+    }
+    stores.push_back(StoreOf(records));
+  }
+  for (const auto& [scale, factor] : {std::pair(0.5, 1.2), std::pair(3.0, 0.9)}) {
+    MachineProfile real = WithAcceleration(scale);
+    real.Factor = factor;
+    std::vector<MeasuredProgram> measured;
+    for (const auto& store : stores) {
+      measured.push_back(
+          {store.get(), {12, 0}, ComputeMachineTime(store.get(), real, {12, 0}).totalMinutes});
+    }
+    const MachineFit fit = FitMachine(RoundMachine(), measured);
+    EXPECT_NEAR(fit.scale, scale, 0.01 * scale);
+    EXPECT_NEAR(fit.profile.Factor, factor, 0.01 * factor);
+    EXPECT_GT(RelativeError(measured, fit.before), 0.05);
+    EXPECT_LT(RelativeError(measured, fit.after), 1e-4);
+  }
+}
+
+TEST(MachineFit, OneProgramDeterminesOnlyTheFactor) {
+  const auto store = StoreOf({kOrigin, To(BlockCutStart, 100, 0, 0)});
+  const MeasuredProgram measured[] = {{store.get(), {}, 2.2 / kSecondsPerMinute}};
+  const MachineFit fit = FitMachine(RoundMachine(), measured);
+  EXPECT_EQ(fit.scale, 1);
+  EXPECT_NEAR(fit.profile.Factor, 2, 1e-9);
 }
 
 }  // namespace

@@ -1,0 +1,37 @@
+// Reading of machine files for the tool, and their figures as JSON.
+#include "cli/machine_option.h"
+
+#include "cli/command.h"
+
+namespace tvx {
+
+void MachineOption::AddTo(CommandLine* line) {
+  line->AddOption("--machine", &argument_,
+                  "FILE.machine: add the time that this machine takes, arcs, acceleration and "
+                  "corners included");
+}
+
+std::optional<MachineProfile> MachineOption::Read(const Host& host) const {
+  if (!argument_) return std::nullopt;
+  return ReadMachine(host, *argument_);
+}
+
+MachineProfile ReadMachine(const Host& host, const std::string& argument) {
+  MachineProfile profile;
+  const auto fault = ReadMachineProfile(host.ReadablePath(argument), host.files.get(), &profile);
+  if (fault) throw Failure{argument, FaultText(*fault)};
+  return profile;
+}
+
+Json MachineJson(const MachineTime& time) {
+  return {{"cutMinutes", time.cutMinutes},
+          {"rapidMinutes", time.rapidMinutes},
+          {"dwellMinutes", time.dwellMinutes},
+          {"toolMinutes", time.toolMinutes},
+          {"totalMinutes", time.totalMinutes},
+          {"steadyCutMinutes", time.steadyCutMinutes},
+          {"steadyRapidMinutes", time.steadyRapidMinutes},
+          {"movesWithoutFeed", time.movesWithoutFeed}};
+}
+
+}  // namespace tvx
