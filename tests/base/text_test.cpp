@@ -35,14 +35,14 @@ TEST(Text, BothWays) {
 }
 
 TEST(Text, EverySyllableOfModernHangul) {
+  std::string utf8;
   for (unsigned c = 0xAC00; c <= 0xD7A3; ++c) {
-    const std::string utf8 = {static_cast<char>(0xE0 | c >> 12),
-                              static_cast<char>(0x80 | (c >> 6 & 0x3F)),
-                              static_cast<char>(0x80 | (c & 0x3F))};
-    const std::string code = EncodeCp949(utf8);
-    ASSERT_EQ(code.size(), 2u) << utf8;
-    ASSERT_EQ(DecodeCp949(code), utf8);
+    for (const unsigned unit : {0xE0 | c >> 12, 0x80 | (c >> 6 & 0x3F), 0x80 | (c & 0x3F)}) {
+      utf8 += static_cast<char>(unit);
+    }
   }
+  EXPECT_EQ(EncodeCp949(utf8).size(), 2U * 11172);
+  EXPECT_EQ(DecodeCp949(EncodeCp949(utf8)), utf8);
 }
 
 TEST(Text, AllBytesSurviveTheRoundTrip) {
@@ -77,6 +77,13 @@ TEST(Text, WhatCp949LacksBecomesOneQuestionMark) {
   for (const auto& [utf8, cp949] : kCases) {
     EXPECT_EQ(EncodeCp949(utf8), cp949) << testing::PrintToString(utf8);
   }
+}
+
+TEST(ReplaceAll, LeavesTheReplacementAlone) {
+  std::string text = "aXa";
+  ReplaceAll("a", "ba", &text);
+  ReplaceAll("", "never", &text);
+  EXPECT_EQ(text, "baXba");
 }
 
 TEST(PathText, SplitsAtTheLastSeparator) {

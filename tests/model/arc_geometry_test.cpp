@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cmath>
 
 #include "model/block_store.h"
 
@@ -16,6 +17,26 @@ TEST(ArcGeometry, CentreFromRadiusIsForArcsAlone) {
   EXPECT_EQ(offset.x, 1);
   EXPECT_EQ(ArcCentreFromRadius({0, 0, 0}, {10, 0, 0}, 5, BlockArcCw, &offset), 1);
   EXPECT_EQ((std::array{offset.x, offset.z}), (std::array{5.0F, 3.0F}));
+}
+
+TEST(ArcGeometry, CentreFromRadiusIsAsFarFromBothEnds) {
+  for (int degrees = 0; degrees < 360; degrees += 15) {
+    const double angle = degrees * 0.01745329;
+    const Vec3 start{3, 4, 0};
+    const Vec3 end{start.x + static_cast<float>(10 * std::cos(angle)),
+                   start.y + static_cast<float>(10 * std::sin(angle)), 0};
+    for (const float radius : {5.5F, 20.0F, -5.5F, -20.0F}) {
+      for (const uint32_t type : {BlockArcCcw, BlockArcCw}) {
+        Vec3 offset;
+        ArcMeasures m;
+        ArcCentreFromRadius(start, end, radius, type, &offset);
+        ArcGeometry(start, end, {start.x + offset.x, start.y + offset.y, 0}, type, &m);
+        EXPECT_NEAR(std::hypot(offset.x, offset.y), std::abs(radius), 0.005) << degrees;
+        EXPECT_NEAR(m.radius, std::abs(radius), 0.005) << degrees;
+        EXPECT_EQ(m.sweep<180, radius> 0) << degrees << ' ' << radius;
+      }
+    }
+  }
 }
 
 TEST(ArcGeometry, MeasuresOfAnArc) {

@@ -28,6 +28,7 @@ TEST(Walks, StepOverBlocksThatAreNoMoves) {
   EXPECT_EQ(PrevMove(&store, 3), 1U);
   EXPECT_EQ(store.CurrentBlock.x, 1);
   EXPECT_EQ(PrevMove(&store, 1), 0U) << "block 0 stands for a missing earlier move";
+  store.ReadBlock(3);
   EXPECT_EQ(PrevMove(&store, 0), 0U);
   EXPECT_EQ(store.CurrentBlock.type, 0U) << "and is read";
   EXPECT_EQ((std::array{NextMove(&store, 0), NextMove(&store, 1)}), (std::array{1U, 3U}));
@@ -75,7 +76,7 @@ TEST(Walks, ExtentsOfTheCuts) {
   Fill(&store, {{1, 0, 0, 50}, {3, 0, 0, -5}, {4, 10, 1, -5}, {6, 99, 99, -5}, {101, 1, 1, -5}});
   PathExtents(&store, &low, &high);
   EXPECT_EQ((std::array{low.x, high.x, high.z}), (std::array{0.0F, 10.0F, -5.0F}));
-  Fill(&store, {{1, 0, 0, 50}, {3, 1, 0, -5}});
+  Fill(&store, {{1, 0, 0, 50}, {3, 1, 0, -5}, {1, -9, 0, 0}, {4, 1, 0, 0}});
   PathExtents(&store, &low, &high);
   EXPECT_EQ((std::array{low.x, high.x, high.z}), (std::array{0.0F, 1.0F, 50.0F}));
 }

@@ -13,41 +13,35 @@ using namespace std::string_literals;
 
 using Letters = std::vector<char>;
 
-TEST(Drives, FirstStartMakesTheLayout) {
+TEST(Drives, FirstStartMakesTheLayoutAndLaterStartsLeaveTheHomeAlone) {
   const TempDir temp;
   const fs::path home = temp / "new" / "home";
-  const Drives first(home);
-  for (const char* folder : {"windows", "marlo/afa", "marlo/ncdata"}) {
-    EXPECT_TRUE(fs::is_directory(home / "drive_c" / folder)) << folder;
+  for (int start = 0; start < 2; ++start) {
+    const Drives drives(home);
+    for (const char* folder : {"windows", "marlo/afa", "marlo/ncdata"}) {
+      EXPECT_EQ(fs::remove(home / "drive_c" / folder), start == 0) << folder;
+    }
+    EXPECT_EQ(drives.Letters(), (Letters{'c', 'z'}));
+    EXPECT_EQ(drives.ToHost(kWindowsDirectory), home / "drive_c/windows");
+    EXPECT_EQ(drives.ToHost("z:\\"), "/");
   }
-  EXPECT_EQ(first.ToHost(kWindowsDirectory), home / "drive_c/windows");
-  const Drives second(home);
-  for (const Drives* drives : {&first, &second}) {
-    EXPECT_EQ(drives->Letters(), (Letters{'c', 'z'}));
-    EXPECT_EQ(drives->ToHost("C:\\MARLO"), home / "drive_c/marlo");
-    EXPECT_EQ(drives->ToHost("z:\\"), "/");
-  }
-}
-
-TEST(Drives, LaterStartsLeaveTheHomeAlone) {
-  const TempDir home;
-  home.Put("drives.txt", "n: /srv\nb: /srv\n");
-  EXPECT_EQ(Drives(home.Path()).Letters(), (Letters{'b', 'n'}));
+  temp.Put("new/home/drives.txt", "n: /srv\nb: /srv\n");
+  EXPECT_EQ(Drives(home).Letters(), (Letters{'b', 'n'}));
   EXPECT_EQ(HostBytes(home / "drives.txt"), "n: /srv\nb: /srv\n");
-  EXPECT_FALSE(fs::exists(home / "drive_c"));
 }
 
-TEST(Drives, AHomeThatCannotBeWrittenStillHasDrives) {
+TEST(Drives, HomeThatCannotBeWrittenHasDrives) {
   const TempDir temp;
   temp.Put("file", "");
   EXPECT_EQ(Drives(temp / "file/home").ToHost("c:\\a"), temp / "file/home/drive_c/a");
-  fs::create_directories(temp / "drives.txt");  // a folder where the table should be
+  fs::create_directories(temp / "drives.txt");  // a folder in place of the table
   EXPECT_EQ(Drives(temp.Path()).Letters(), (Letters{'c', 'z'}));
 }
 
 TEST(Drives, ReadsTheTableLineByLine) {
   const TempDir home;
   const std::string below = home.Path().string();
+  const std::string odd = "\n# comment\nn /srv\nn:\nnn: /srv\n7: /srv\n\xB0: /x\nm: /srv\n";
   const std::string kCases[][3] = {
       // the table, a drive path, its place on the host
       {"c: drive_c\nn: /srv/nc files\n", "n:\\a", "/srv/nc files/a"},
@@ -56,8 +50,8 @@ TEST(Drives, ReadsTheTableLineByLine) {
       {"  n: sub/../other/.", "n:a", below + "/other/a"},
       {"n: ..", "n:\\", fs::path(below).parent_path().string()},
       {"n: /one\nN: /two\n", "n:\\", "/two"},
-      {"\n# comment\nn /srv\nn:\nnn: /srv\n7: /srv\n\xB0: /x\nm: /srv\n", "n:\\", ""},
-      {"\n# comment\nn /srv\nn:\nnn: /srv\n7: /srv\n\xB0: /x\nm: /srv\n", "m:\\", "/srv"},
+      {odd, "n:\\", ""},
+      {odd, "m:\\", "/srv"},
       {"n: /a\0b\nm: /srv\n"s, "n:\\", ""},
       {"", "c:\\", below + "/drive_c"},  // no drive at all: those of a first start
       {"nonsense", "z:\\srv", "/srv"},
@@ -68,21 +62,21 @@ TEST(Drives, ReadsTheTableLineByLine) {
   }
 }
 
-TEST(Drives, DefaultHome) {
+TEST(Drives, DefaultHomeFollowsTheEnvironment) {
   const char* const kCases[][3] = {
       // TVX_HOME, XDG_DATA_HOME, the home
       {"/t", "/d", "/t"},
       {"", "/d", "/d/tvx"},
-      {nullptr, nullptr, "/h/.local/share/tvx"},
-      {nullptr, "relative", "/h/.local/share/tvx"},
+      {"", "", "/h/.local/share/tvx"},
+      {"", "relative", "/h/.local/share/tvx"},
   };
   setenv("HOME", "/h", 1);
   for (const auto& [tvxHome, dataHome, expected] : kCases) {
-    tvxHome != nullptr ? setenv("TVX_HOME", tvxHome, 1) : unsetenv("TVX_HOME");
-    dataHome != nullptr ? setenv("XDG_DATA_HOME", dataHome, 1) : unsetenv("XDG_DATA_HOME");
+    setenv("TVX_HOME", tvxHome, 1);
+    setenv("XDG_DATA_HOME", dataHome, 1);
     EXPECT_EQ(Drives::DefaultHome(), expected);
   }
-  unsetenv("HOME");
+  for (const char* name : {"TVX_HOME", "XDG_DATA_HOME", "HOME"}) unsetenv(name);
   EXPECT_TRUE(Drives::DefaultHome().is_absolute());
 }
 

@@ -119,8 +119,10 @@ TEST(CutTime, TakesTheOptionsAndLeavesTheNames) {
   entry.optionLine = "old";
   entry.cutLength = entry.rapidLength = 9;
   entry.averageFeed = 9;
-  ComputeCutTime(&store, Record("MaxFeed=1234"), &entry);
+  ComputeCutTime(&store, Record("MaxFeed=1234 SideWeight60=0.5 AfaMasterFile=c:\\m.mma"), &entry);
   EXPECT_EQ(entry.MaxFeed, 1234);
+  EXPECT_EQ(entry.SideWeight60 + entry.CorWeight0, 0.5F + 1);
+  EXPECT_EQ(entry.AfaMasterFile, "c:\\m.mma");
   EXPECT_EQ(entry.fileName + entry.optionLine, "part.ncold");
   EXPECT_EQ(entry.cutLength + entry.rapidLength, 0);
   EXPECT_EQ(entry.averageFeed, 0);

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/drives.h"
@@ -18,10 +19,11 @@ std::string Parent(const std::string& path) {
 
 class Input : public InputFile {
  public:
-  Input(std::string bytes, int64_t modified) : bytes_(std::move(bytes)), modified_(modified) {}
+  Input(std::string bytes, int64_t modified, size_t mostAtOnce)
+      : bytes_(std::move(bytes)), modified_(modified), mostAtOnce_(mostAtOnce) {}
 
   size_t Read(char* buffer, size_t size) override {
-    const size_t count = bytes_.copy(buffer, size, position_);
+    const size_t count = bytes_.copy(buffer, std::min(size, mostAtOnce_), position_);
     position_ += count;
     return count;
   }
@@ -33,6 +35,7 @@ class Input : public InputFile {
  private:
   std::string bytes_;
   int64_t modified_;
+  size_t mostAtOnce_;
   size_t position_ = 0;
 };
 
@@ -127,7 +130,7 @@ std::vector<std::string> MemoryFiles::FilePaths() const {
 std::unique_ptr<InputFile> MemoryFiles::OpenForReading(const std::string& path) {
   const Node* node = Find(path);
   if (node == nullptr || node->isDirectory || noOpening_.count(Key(path)) != 0) return nullptr;
-  return std::make_unique<Input>(node->bytes, node->modified);
+  return std::make_unique<Input>(node->bytes, node->modified, mostBytesOfARead);
 }
 
 std::unique_ptr<OutputFile> MemoryFiles::Create(const std::string& path) {

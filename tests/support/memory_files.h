@@ -39,6 +39,8 @@ class MemoryFiles : public Files {
   void RefuseCreation(const std::string& path) { noCreation_.insert(Key(path)); }
   // A file of this name cannot be read.
   void RefuseOpening(const std::string& path) { noOpening_.insert(Key(path)); }
+  // No read of a file opened from now on gives more.
+  size_t mostBytesOfARead = SIZE_MAX;
 
   std::unique_ptr<InputFile> OpenForReading(const std::string& path) override;
   std::unique_ptr<InputFile> OpenOrCreateForReading(const std::string& path) override {
