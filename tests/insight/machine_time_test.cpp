@@ -47,6 +47,9 @@ double TotalSeconds(const Records& records, const MachineProfile& profile) {
 }
 
 const MotionBlock kOrigin = To(BlockRapidStart, 0, 0, 0);
+const MotionBlock kCut = To(BlockCutStart, 100, 0, 0);
+const MotionBlock kRapid = To(BlockRapidStart, 200, 0, 0, 0);
+const MotionBlock kSide = To(BlockRapidStart, 10, 0, 0);
 
 TEST(MachineTime, SingleMovesAndCornersTakeTheTimeOfTheirClosedForm) {
   const MachineProfile machine = RoundMachine();
@@ -57,12 +60,12 @@ TEST(MachineTime, SingleMovesAndCornersTakeTheTimeOfTheirClosedForm) {
   skewed.CutFeed = {6000, 3000, 6000};
   skewed.Factor = 2;
 
-  MotionBlock zones = To(BlockCutStart, 100, 0, 0);
+  MotionBlock zones = kCut;
   zones.headPercent = 20;
   zones.headFeed = 1200;
   zones.tailPercent = 10;
   zones.tailFeed = 600;
-  MotionBlock feedlessZone = To(BlockCutStart, 100, 0, 0);
+  MotionBlock feedlessZone = kCut;
   feedlessZone.headPercent = 20;
   feedlessZone.tailPercent = 110;  // as much as the head leaves
   feedlessZone.tailFeed = 3000;
@@ -94,23 +97,17 @@ TEST(MachineTime, SingleMovesAndCornersTakeTheTimeOfTheirClosedForm) {
     double seconds;
     double tolerance = 1e-9;
   } kCases[] = {
-      {"reaches its feed", {kOrigin, To(BlockCutStart, 100, 0, 0)}, machine, 1.1},
+      {"reaches its feed", {kOrigin, kCut}, machine, 1.1},
       {"too short", {kOrigin, To(BlockCutStart, 4, 0, 0)}, machine, 2 * std::sqrt(0.004)},
-      {"right angle, stop",
-       {kOrigin, To(BlockCutStart, 100, 0, 0), To(BlockCut, 100, 100, 0)},
-       exact,
-       2.2},
-      {"right angle, tolerance",
-       {kOrigin, To(BlockCutStart, 100, 0, 0), To(BlockCut, 100, 100, 0)},
-       machine,
-       2 * toCorner},
-      {"reversal", {kOrigin, To(BlockCutStart, 100, 0, 0), To(BlockCut, 0, 0, 0)}, machine, 2.2},
+      {"right angle, stop", {kOrigin, kCut, To(BlockCut, 100, 100, 0)}, exact, 2.2},
+      {"right angle, tolerance", {kOrigin, kCut, To(BlockCut, 100, 100, 0)}, machine, 2 * toCorner},
+      {"reversal", {kOrigin, kCut, To(BlockCut, 0, 0, 0)}, machine, 2.2},
       {"full circle",
-       {To(BlockRapidStart, 10, 0, 0), To(BlockArcCcw, 10, 0, 0), To(BlockArcCentre, -10, 0, 0)},
+       {kSide, To(BlockArcCcw, 10, 0, 0), To(BlockArcCentre, -10, 0, 0)},
        machine,
        circle},
       {"helix",
-       {To(BlockRapidStart, 10, 0, 0), To(BlockArcCw, 10, 0, -30), To(BlockArcCentre, -10, 0, -30)},
+       {kSide, To(BlockArcCw, 10, 0, -30), To(BlockArcCentre, -10, 0, -30)},
        machine,
        helixLength / helixSpeed + helixSpeed / helixAcceleration},
       {"quarter arc into its tangent",
@@ -130,14 +127,9 @@ TEST(MachineTime, SingleMovesAndCornersTakeTheTimeOfTheirClosedForm) {
        {kOrigin, feedlessZone},
        machine,
        0.1 + (20 - 5 - (10000 - 2500) / 2000.0) / 100 + 0.05 + 0.05 + (80 - 1.25) / 50},
-      {"rapid between cuts",
-       {kOrigin, To(BlockCutStart, 100, 0, 0), To(BlockRapidStart, 200, 0, 0, 0),
-        To(BlockCutStart, 300, 0, 0)},
-       machine,
-       3.3},
+      {"rapid between cuts", {kOrigin, kCut, kRapid, To(BlockCutStart, 300, 0, 0)}, machine, 3.3},
       {"rapid between cuts, passed",
-       {kOrigin, To(BlockCutStart, 100, 0, 0), To(BlockRapidStart, 200, 0, 0, 0),
-        To(BlockCutStart, 300, 0, 0)},
+       {kOrigin, kCut, kRapid, To(BlockCutStart, 300, 0, 0)},
        passing,
        3.1},
       {"block time",
@@ -146,11 +138,11 @@ TEST(MachineTime, SingleMovesAndCornersTakeTheTimeOfTheirClosedForm) {
        0.31},
       {"axis limit and factor", {kOrigin, To(BlockCutStart, 0, 100, 0)}, skewed, 2 * 2.05},
       {"same point twice",
-       {kOrigin, To(BlockCutStart, 100, 0, 0), To(BlockCut, 100, 0, 0), To(BlockCut, 200, 0, 0)},
+       {kOrigin, kCut, To(BlockCut, 100, 0, 0), To(BlockCut, 200, 0, 0)},
        machine,
        2.1},
       {"stands still at a cut without feed",
-       {kOrigin, To(BlockCutStart, 100, 0, 0), To(BlockCut, 150, 0, 0, 0), To(BlockCut, 250, 0, 0)},
+       {kOrigin, kCut, To(BlockCut, 150, 0, 0, 0), To(BlockCut, 250, 0, 0)},
        machine,
        2.2},
       {"nothing", {}, machine, 0},
@@ -166,7 +158,7 @@ TEST(MachineTime, PausesAndMovesWithoutFeedAreReported) {
   MachineProfile machine = RoundMachine();
   machine.ToolChange = 6;
   machine.Factor = 2;
-  const auto store = StoreOf({kOrigin, To(BlockCutStart, 100, 0, 0), To(BlockCut, 100, 9, 0, 0)});
+  const auto store = StoreOf({kOrigin, kCut, To(BlockCut, 100, 9, 0, 0)});
   const MachineTime time = ComputeMachineTime(store.get(), machine, {30, 5});
   EXPECT_DOUBLE_EQ(time.dwellMinutes, 1);
   EXPECT_DOUBLE_EQ(time.toolMinutes, 1);
@@ -339,7 +331,7 @@ TEST(MachineFit, FindsTheScaleAndFactorThatMadeTheTimes) {
 }
 
 TEST(MachineFit, OneProgramDeterminesOnlyTheFactor) {
-  const auto store = StoreOf({kOrigin, To(BlockCutStart, 100, 0, 0)});
+  const auto store = StoreOf({kOrigin, kCut});
   const MeasuredProgram measured[] = {{store.get(), {}, 2.2 / kSecondsPerMinute}};
   const MachineFit fit = FitMachine(RoundMachine(), measured);
   EXPECT_EQ(fit.scale, 1);
