@@ -46,9 +46,17 @@ double TotalSeconds(const Records& records, const MachineProfile& profile) {
   return ComputeMachineTime(StoreOf(records).get(), profile).totalMinutes * kSecondsPerMinute;
 }
 
+MotionBlock Cut(float x, float y = 0) {
+  return To(BlockCut, x, y, 0);
+}
+MotionBlock Centre(float i, float j) {
+  return To(BlockArcCentre, i, j, 0);
+}
+
 const MotionBlock kOrigin = To(BlockRapidStart, 0, 0, 0);
 const MotionBlock kCut = To(BlockCutStart, 100, 0, 0);
 const MotionBlock kRapid = To(BlockRapidStart, 200, 0, 0, 0);
+const MotionBlock kQuarter = To(BlockArcCcw, 10, 10, 0);
 const MotionBlock kSide = To(BlockRapidStart, 10, 0, 0);
 
 TEST(MachineTime, SingleMovesAndCornersTakeTheTimeOfTheirClosedForm) {
@@ -80,76 +88,51 @@ TEST(MachineTime, SingleMovesAndCornersTakeTheTimeOfTheirClosedForm) {
   const double circle = 20 * kPi / circleSpeed + circleSpeed / centripetal;
   const double helixLength = std::hypot(20 * kPi, 30);
   const double helixPlane = 20 * kPi / helixLength;
-  const double helixSpeed = circleSpeed / helixPlane;
-  const double helixAcceleration = centripetal / helixPlane;
+  const double helix = helixLength * helixPlane / circleSpeed + circleSpeed / centripetal;
+  // A quarter of the circle, then straight on, faster and to a stop.
+  const double speedSquared = circleSpeed * circleSpeed;
+  const double quarter =
+      circleSpeed / centripetal + (5 * kPi - speedSquared / (2 * centripetal)) / circleSpeed;
+  const double toEnd =
+      (100 - circleSpeed) / 1000 + 0.1 + (100 - (100 * 100 - speedSquared) / 2000 - 5) / 100;
   // Chords of a circle of radius 100: its speed, not that of the tolerance.
   Records chords{To(BlockRapidStart, 100, 0, 0)};
   const double turn = 2 * kPi / 720;
   for (int i = 1; i <= 720; ++i) {
-    chords.push_back(To(BlockCut, static_cast<float>(100 * std::cos(i * turn)),
-                        static_cast<float>(100 * std::sin(i * turn)), 0));
+    chords.push_back(Cut(static_cast<float>(100 * std::cos(i * turn)),
+                         static_cast<float>(100 * std::sin(i * turn))));
   }
 
   const struct {
     const char* name;
     Records records;
-    const MachineProfile& profile;
     double seconds;
+    const MachineProfile* profile = nullptr;  // null: machine
     double tolerance = 1e-9;
   } kCases[] = {
-      {"reaches its feed", {kOrigin, kCut}, machine, 1.1},
-      {"too short", {kOrigin, To(BlockCutStart, 4, 0, 0)}, machine, 2 * std::sqrt(0.004)},
-      {"right angle, stop", {kOrigin, kCut, To(BlockCut, 100, 100, 0)}, exact, 2.2},
-      {"right angle, tolerance", {kOrigin, kCut, To(BlockCut, 100, 100, 0)}, machine, 2 * toCorner},
-      {"reversal", {kOrigin, kCut, To(BlockCut, 0, 0, 0)}, machine, 2.2},
-      {"full circle",
-       {kSide, To(BlockArcCcw, 10, 0, 0), To(BlockArcCentre, -10, 0, 0)},
-       machine,
-       circle},
-      {"helix",
-       {kSide, To(BlockArcCw, 10, 0, -30), To(BlockArcCentre, -10, 0, -30)},
-       machine,
-       helixLength / helixSpeed + helixSpeed / helixAcceleration},
-      {"quarter arc into its tangent",
-       {kOrigin, To(BlockArcCcw, 10, 10, 0), To(BlockArcCentre, 0, 10, 0),
-        To(BlockCut, 10, 110, 0)},
-       machine,
-       circleSpeed / centripetal +
-           (5 * kPi - circleSpeed * circleSpeed / (2 * centripetal)) / circleSpeed +
-           (100 - circleSpeed) / 1000 + 0.1 +
-           (100 - (100 * 100 - circleSpeed * circleSpeed) / 2000 - 5) / 100},
-      {"arc without a centre is straight",
-       {kOrigin, To(BlockArcCcw, 100, 0, 0), To(BlockCut, 200, 0, 0)},
-       machine,
-       2.1},
-      {"head and tail zones", {kOrigin, zones}, machine, 1.01 + 0.7725 + 1.005},
-      {"head without feed, tail up to the head",
-       {kOrigin, feedlessZone},
-       machine,
-       0.1 + (20 - 5 - (10000 - 2500) / 2000.0) / 100 + 0.05 + 0.05 + (80 - 1.25) / 50},
-      {"rapid between cuts", {kOrigin, kCut, kRapid, To(BlockCutStart, 300, 0, 0)}, machine, 3.3},
-      {"rapid between cuts, passed",
-       {kOrigin, kCut, kRapid, To(BlockCutStart, 300, 0, 0)},
-       passing,
-       3.1},
-      {"block time",
-       {kOrigin, To(BlockCutStart, 1, 0, 0), To(BlockCut, 2, 0, 0), To(BlockCut, 3, 0, 0)},
-       slowControl,
-       0.31},
-      {"axis limit and factor", {kOrigin, To(BlockCutStart, 0, 100, 0)}, skewed, 2 * 2.05},
-      {"same point twice",
-       {kOrigin, kCut, To(BlockCut, 100, 0, 0), To(BlockCut, 200, 0, 0)},
-       machine,
-       2.1},
-      {"stands still at a cut without feed",
-       {kOrigin, kCut, To(BlockCut, 150, 0, 0, 0), To(BlockCut, 250, 0, 0)},
-       machine,
-       2.2},
-      {"nothing", {}, machine, 0},
-      {"chords of a circle", chords, machine, 200 * kPi / 100 + 0.1, 0.02},
+      {"reaches its feed", {kOrigin, kCut}, 1.1},
+      {"too short", {kOrigin, Cut(4)}, 2 * std::sqrt(0.004)},
+      {"right angle, stop", {kOrigin, kCut, Cut(100, 100)}, 2.2, &exact},
+      {"right angle, tolerance", {kOrigin, kCut, Cut(100, 100)}, 2 * toCorner},
+      {"reversal", {kOrigin, kCut, Cut(0)}, 2.2},
+      {"full circle", {kSide, To(BlockArcCcw, 10, 0, 0), Centre(-10, 0)}, circle},
+      {"helix", {kSide, To(BlockArcCw, 10, 0, -30), Centre(-10, 0)}, helix},
+      {"arc into tangent", {kOrigin, kQuarter, Centre(0, 10), Cut(10, 110)}, quarter + toEnd},
+      {"arc without a centre is straight", {kOrigin, To(BlockArcCcw, 100, 0, 0), Cut(200)}, 2.1},
+      {"head and tail zones", {kOrigin, zones}, 1.01 + 0.7725 + 1.005},
+      {"tail up to the head", {kOrigin, feedlessZone}, 0.1 + 0.1125 + 0.1 + (80 - 1.25) / 50},
+      {"rapid between cuts", {kOrigin, kCut, kRapid, Cut(300)}, 3.3},
+      {"rapid between cuts, passed", {kOrigin, kCut, kRapid, Cut(300)}, 3.1, &passing},
+      {"block time", {kOrigin, Cut(1), Cut(2), Cut(3)}, 0.31, &slowControl},
+      {"axis limit and factor", {kOrigin, Cut(0, 100)}, 2 * 2.05, &skewed},
+      {"same point twice", {kOrigin, kCut, Cut(100), Cut(200)}, 2.1},
+      {"cut without feed", {kOrigin, kCut, To(BlockCut, 150, 0, 0, 0), Cut(250)}, 2.2},
+      {"nothing", {}, 0},
+      {"chords of a circle", chords, 200 * kPi / 100 + 0.1, &machine, 0.02},
   };
   for (const auto& example : kCases) {
-    EXPECT_NEAR(TotalSeconds(example.records, example.profile), example.seconds, example.tolerance)
+    const MachineProfile& profile = example.profile != nullptr ? *example.profile : machine;
+    EXPECT_NEAR(TotalSeconds(example.records, profile), example.seconds, example.tolerance)
         << example.name;
   }
 }
