@@ -1,3 +1,4 @@
+// The "C" locale for reading and printing numbers.
 #pragma once
 
 #include <locale.h>

@@ -1,3 +1,4 @@
+// Formatting in the "C" locale, independent of the locale of the process.
 #include "base/format.h"
 
 #include <charconv>

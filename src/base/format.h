@@ -1,3 +1,4 @@
+// Numbers and words as text.
 #pragma once
 
 #include <cstdint>

@@ -1,3 +1,4 @@
+// Conversion of real numbers to whole ones without undefined results.
 #pragma once
 
 #include <cstdint>

@@ -1,3 +1,4 @@
+// Number and word scanning by the rules of C's scanf, in the "C" locale.
 #include "base/scan.h"
 
 #include <charconv>

@@ -1,3 +1,4 @@
+// Reads numbers and words from text.
 #pragma once
 
 #include <cstdint>

@@ -1,3 +1,4 @@
+// CP949 conversion by tables that iconv fills once.
 #include "base/text.h"
 
 #include <iconv.h>

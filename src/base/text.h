@@ -1,3 +1,4 @@
+// CP949 text of files, and UTF-8 text inside the program.
 #pragma once
 
 #include <string>

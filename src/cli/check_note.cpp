@@ -1,3 +1,4 @@
+// The check of a program for the commands that print times.
 #include "cli/check_note.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// The parser library behind the options and arguments of a command.
 #include "cli/command_line.h"
 
 #include <CLI/CLI.hpp>

@@ -1,3 +1,4 @@
+// Options and arguments of a command.
 #pragma once
 
 #include <memory>

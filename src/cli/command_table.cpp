@@ -1,3 +1,4 @@
+// The table of commands, in the order of the help text.
 #include "cli/command.h"
 #include "cli/commands.h"
 

@@ -1,3 +1,4 @@
+// The functions of the commands; command_table.cpp lists them.
 #pragma once
 
 #include <string>

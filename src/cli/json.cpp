@@ -1,3 +1,4 @@
+// JSON text with numbers that read back to the same value.
 #include "cli/json.h"
 
 #include <cmath>

@@ -1,3 +1,4 @@
+// Records and results as JSON.
 #pragma once
 
 #include <nlohmann/json.hpp>

@@ -1,3 +1,4 @@
+// Edit distance between a misspelt name and the known ones.
 #include "cli/nearest_name.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Suggestions for misspelt names.
 #pragma once
 
 #include <string>

@@ -1,3 +1,4 @@
+// Numbers of the command line: whole words, finite values.
 #include "cli/numbers.h"
 
 #include <array>

@@ -1,3 +1,4 @@
+// Numbers in the arguments of a command.
 #pragma once
 
 #include <cstdint>

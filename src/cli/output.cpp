@@ -1,3 +1,4 @@
+// Standard output and standard error of the tool.
 #include "cli/output.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Results, messages and progress of a command.
 #pragma once
 
 #include <string>

@@ -1,3 +1,4 @@
+// The drawing options, applied in the order of the documentation.
 #include "cli/view_options.h"
 
 #include "cli/command.h"

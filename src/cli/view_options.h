@@ -1,3 +1,4 @@
+// The options that commands with a drawing share.
 #pragma once
 
 #include <array>

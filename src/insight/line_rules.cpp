@@ -1,3 +1,4 @@
+// One function for each rule of the program check.
 #include "insight/line_rules.h"
 
 #include <algorithm>

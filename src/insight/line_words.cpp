@@ -1,3 +1,4 @@
+// Splits a line into words without regard to what the parsers make of it.
 #include "insight/line_words.h"
 
 #include "base/scan.h"

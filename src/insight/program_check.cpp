@@ -1,3 +1,4 @@
+// The check follows the load line by line; lines without anything to report take a short path.
 #include "insight/program_check.h"
 
 #include <algorithm>

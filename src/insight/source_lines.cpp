@@ -1,3 +1,4 @@
+// Reads lines of a program through a sparse table of offsets.
 #include "insight/source_lines.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// The table of Korean labels and their English replacements.
 #include "jobs/labels.h"
 
 #include <string_view>

@@ -1,3 +1,4 @@
+// Arc centres, sweeps and lengths in the precision that the figures depend on.
 #include "model/arc_geometry.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Geometry of arcs in the XY plane.
 #pragma once
 
 #include <cstdint>

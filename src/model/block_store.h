@@ -1,3 +1,4 @@
+// The records of stored moves and the store that contains them.
 #pragma once
 
 #include <array>

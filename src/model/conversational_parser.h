@@ -1,3 +1,4 @@
+// The parser of conversational programs.
 #pragma once
 
 #include "model/job_record.h"

@@ -1,3 +1,4 @@
+// The table of the fields of a job record, and copying by it.
 #include "model/job_record.h"
 
 #include <cmath>

@@ -1,3 +1,4 @@
+// The options of one job: the working record of a window and of each list entry.
 #pragma once
 
 #include <cstdint>

@@ -1,3 +1,4 @@
+// Finds lines and blocks through the positions of the arcs.
 #include "model/line_map.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Splits an NC file into lines at the speed of the parsers.
 #pragma once
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// The load: reads lines, parses them and appends their blocks to the store.
 #include "model/loader.h"
 
 #include <algorithm>

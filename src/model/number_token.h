@@ -1,3 +1,4 @@
+// The numbers of NC words, read in one pass.
 #pragma once
 
 #include <cstddef>

@@ -1,3 +1,4 @@
+// The table of the fields of a result entry, and its copy of the options.
 #include "model/result_entry.h"
 
 namespace tvx {

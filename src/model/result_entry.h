@@ -1,3 +1,4 @@
+// One recorded result: the figures and the options that led to them.
 #pragma once
 
 #include <cstdint>

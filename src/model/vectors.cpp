@@ -1,3 +1,4 @@
+// The angle of a direction, with the exact values on the axes.
 #include "model/vectors.h"
 
 namespace tvx {

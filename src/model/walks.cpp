@@ -1,3 +1,4 @@
+// Walks over moves; the register is left where the last read was.
 #include "model/walks.h"
 
 #include <algorithm>

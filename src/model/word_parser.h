@@ -1,3 +1,4 @@
+// The parser of word-address programs.
 #pragma once
 
 #include "model/job_record.h"

@@ -1,3 +1,4 @@
+// Starts programs, with pipes and ties to the parent.
 #include "platform/child_process.h"
 
 #include <fcntl.h>

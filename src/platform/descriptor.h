@@ -1,3 +1,4 @@
+// Ownership of a file descriptor.
 #pragma once
 
 #include <unistd.h>

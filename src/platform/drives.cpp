@@ -1,3 +1,4 @@
+// Maps drive paths to host folders and back.
 #include "platform/drives.h"
 
 #include <pwd.h>

@@ -1,3 +1,4 @@
+// The drives of the machine and their host folders.
 #pragma once
 
 #include <filesystem>

@@ -1,3 +1,4 @@
+// The files of the host behind the interface of files.h.
 #include "platform/files.h"
 
 #include <fcntl.h>

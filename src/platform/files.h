@@ -1,3 +1,4 @@
+// Files as the program sees them: by drive paths, replaced as a whole.
 #pragma once
 
 #include <cstdint>

@@ -1,3 +1,4 @@
+// Starts editors and finds windows on this machine.
 #include "platform/host_programs.h"
 
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// Other programs of this machine.
 #pragma once
 
 #include <filesystem>

@@ -1,3 +1,4 @@
+// A file is written beside its target and renamed when it is complete.
 #include "platform/new_file.h"
 
 #include <fcntl.h>

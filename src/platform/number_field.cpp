@@ -1,3 +1,4 @@
+// Checks of number fields with the messages of the dialogs.
 #include "platform/number_field.h"
 
 #include <cmath>

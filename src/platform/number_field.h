@@ -1,3 +1,4 @@
+// Number fields of dialogs.
 #pragma once
 
 #include <cstdint>

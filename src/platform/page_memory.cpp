@@ -1,3 +1,4 @@
+// Pages of memory from the system, kept for reuse.
 #include "platform/page_memory.h"
 
 #include <sys/mman.h>

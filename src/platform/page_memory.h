@@ -1,3 +1,4 @@
+// Memory of the block store.
 #pragma once
 
 #include <cstddef>

@@ -1,3 +1,4 @@
+// The interface to other programs of the machine.
 #pragma once
 
 #include <string>

@@ -1,3 +1,4 @@
+// The terminal of the process.
 #pragma once
 
 namespace tvx {

@@ -1,3 +1,4 @@
+// The interface to the user: dialogs, messages, file choosers, status line.
 #pragma once
 
 #include <string>

@@ -1,3 +1,4 @@
+// One walk over the moves; the order of the additions is part of the result.
 #include "stats/cut_time.h"
 
 #include "base/numbers.h"

@@ -1,3 +1,4 @@
+// Lengths and times of the stored program.
 #pragma once
 
 #include "model/block_store.h"

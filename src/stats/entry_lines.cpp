@@ -1,3 +1,4 @@
+// The lines that describe a result, as reports and dialogs share them.
 #include "stats/entry_lines.h"
 
 #include "base/format.h"

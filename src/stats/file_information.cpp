@@ -1,3 +1,4 @@
+// The lines of the file information dialog.
 #include "stats/file_information.h"
 
 #include "stats/entry_lines.h"

@@ -1,3 +1,4 @@
+// The dialog that shows the current result.
 #pragma once
 
 #include <string>

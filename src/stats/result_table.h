@@ -1,3 +1,4 @@
+// The table of recorded results.
 #pragma once
 
 #include <cstddef>

@@ -1,3 +1,4 @@
+// CP949 text: every character both ways, foreign bytes, random bytes.
 #include "base/text.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// Feeds of angles between the weights.
 #include "feed/angle_feed.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// Corner searches: fresh and shared ones write the same bytes.
 #include "feed/corner_search.h"
 
 #include <gtest/gtest.h>

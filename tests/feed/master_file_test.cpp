@@ -1,3 +1,4 @@
+// Master model files: round trips, damaged files, failed writes.
 #include "feed/master_file.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// Jumps of the path index against a plain walk.
 #include "feed/path_index.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// Machine files: every key, every error, failed writes.
 #include "insight/machine_profile.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// The program check: planted lines, whole programs, generated programs.
 #include "insight/program_check.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// Source lines: texts, lines of blocks, changed files.
 #include "insight/source_lines.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// The restart dialog and its texts.
 #include "jobs/restart.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// The dialog of the send options.
 #include "jobs/send_options.h"
 
 #include <gtest/gtest.h>

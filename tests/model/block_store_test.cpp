@@ -1,3 +1,4 @@
+// The block store: pages, repair, failed reads.
 #include "model/block_store.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// The map between lines and blocks.
 #include "model/line_map.h"
 
 #include <gtest/gtest.h>

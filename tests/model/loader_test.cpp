@@ -1,3 +1,4 @@
+// Loads: results, full stores, reads of any size.
 #include "model/loader.h"
 
 #include <gtest/gtest.h>

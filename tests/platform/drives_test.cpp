@@ -1,3 +1,4 @@
+// Drive paths and host paths.
 #include "platform/drives.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// Files on disk and in memory: the same results for the same calls.
 #include "platform/files.h"
 
 #include <fcntl.h>

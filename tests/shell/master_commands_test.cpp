@@ -1,3 +1,4 @@
+// The commands of the master menu.
 #include "shell/master_commands.h"
 
 #include <gtest/gtest.h>
