@@ -13,6 +13,7 @@ FILES = """
 usr/bin/tvx-cli usr/share/bash-completion/completions/tvx-cli usr/share/doc/tvx/README.md
 usr/share/doc/tvx/changelog.gz usr/share/doc/tvx/copyright usr/share/doc/tvx/docs/formats/condition.md
 usr/share/doc/tvx/examples/finishing.afa usr/share/doc/tvx/examples/pocket_arcs.nc
+usr/share/doc/tvx/examples/machines/small_router.machine
 usr/share/man/man1/tvx-cli.1.gz
 """.split()
 DESKTOP_FILES = """
