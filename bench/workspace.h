@@ -21,7 +21,7 @@ class NoUser final : public UserInterface {
   bool RunModal(Dialog*) override { return false; }
   bool ChooseFile(const FileQuestion&, std::string*) override { return false; }
   void Repaint() override {}
-  void ShowStatus(const std::string&) override {}
+  void ShowStatus(const std::string&, const std::string&) override {}
 };
 
 // A temporary folder for generated programs, removed by the destructor, and the library's access to

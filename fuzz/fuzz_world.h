@@ -89,7 +89,7 @@ class FuzzUi : public UserInterface {
   bool RunModal(Dialog*) override { return false; }
   bool ChooseFile(const FileQuestion&, std::string*) override { return false; }
   void Repaint() override {}
-  void ShowStatus(const std::string&) override {}
+  void ShowStatus(const std::string&, const std::string&) override {}
 };
 
 inline std::string_view AsText(const uint8_t* data, size_t size) {

@@ -708,6 +708,14 @@
         <translation>Memory cannot be allocated!!!</translation>
     </message>
     <message>
+        <source>불러오지 못했습니다.</source>
+        <translation>The file was not loaded.</translation>
+    </message>
+    <message>
+        <source>화일이 없습니다. 만들겠습니까?</source>
+        <translation>The file does not exist. Create it?</translation>
+    </message>
+    <message>
         <source>결과 목록이 가득 차서 기록하지 않았습니다.</source>
         <translation>The list of results is full; nothing was recorded.</translation>
     </message>

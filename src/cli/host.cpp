@@ -23,8 +23,8 @@ bool CliUserInterface::ShowMessage(const Message& message) {
   return message.buttons == MessageButtons::kOk;
 }
 
-void CliUserInterface::ShowStatus(const std::string& text) {
-  ShowProgress(text);
+void CliUserInterface::ShowStatus(const std::string& text, const std::string& path) {
+  ShowProgress(path.empty() ? text : path + ": " + text);
 }
 
 Host::Host(const Call& call)

@@ -20,7 +20,7 @@ class CliUserInterface : public UserInterface {
   bool RunModal(Dialog*) override { return false; }
   bool ChooseFile(const FileQuestion&, std::string*) override { return false; }
   void Repaint() override {}
-  void ShowStatus(const std::string& text) override;
+  void ShowStatus(const std::string& text, const std::string& path) override;
 };
 
 // Drives and files of this machine, and the application after its start.

@@ -21,8 +21,9 @@ std::vector<ProgramFile> FindProgramFiles(const Host& host,
 
 LoadResult LoadProgramFile(const ProgramFile& file, CTVXView* view) {
   ShowProgress(file.argument + ": reading");
+  const LoadResult result = LoadFile(view, file.path);
   view->fileName = NameOfPath(file.path, "\\/:");
-  return LoadFile(ProgramContextOf(view), file.path);
+  return result;
 }
 
 void LoadWholeProgram(const ProgramFile& file, CTVXView* view) {

@@ -34,7 +34,7 @@ namespace {
 constexpr int32_t kPictureWidth = 800;
 constexpr int32_t kPictureHeight = 600;
 
-// Prints what fails. A missing file is not created.
+// Prints what fails.
 class RunReport final : public RunObserver {
  public:
   // The profile of a machine whose time is wanted, if any, has to outlive the run.
@@ -44,11 +44,9 @@ class RunReport final : public RunObserver {
   void OnEntry(size_t index, size_t count, const std::string& name) override {
     ShowProgress(Format("%zu/%zu %s", index + 1, count, name.c_str()));
   }
-  bool MayLoad(const std::string& path) override {
-    if (ReadProblem(host_, path) != nullptr) return false;
+  void OnLoad(const std::string& path) override {
     const auto [found, isNew] = pauses_.try_emplace(path);
     if (isNew) found->second = NoteRemarks({path, path}, view_, machine_.has_value());
-    return true;
   }
   void OnRecorded(const std::string& path) override {
     if (!machine_) return;

@@ -202,6 +202,8 @@ void MainWindow::RunCommand(CommandId id) {
 // A window without a program has its number as its name.
 void MainWindow::ShowFileName() {
   ViewWidget* const active = ActiveView();
+  if (active != named_) statusBar_->ShowPath();  // the text belongs to the window before
+  named_ = active;
   if (active == nullptr) {
     setWindowTitle(kTitle);
     statusBar_->SetPath({});

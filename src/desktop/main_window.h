@@ -4,6 +4,7 @@
 
 #include <QMainWindow>
 #include <QMdiArea>
+#include <QPointer>
 #include <string>
 #include <vector>
 
@@ -83,7 +84,8 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   StatusBar* statusBar_;
   FileOpener* opener_;
   Printing printing_;
-  int views_ = 0;  // opened so far
+  int views_ = 0;               // opened so far
+  QPointer<ViewWidget> named_;  // the view whose program title and status bar name
 };
 
 }  // namespace tvx

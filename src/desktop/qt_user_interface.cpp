@@ -128,8 +128,9 @@ void ShowWholeColumns(QFileDialog* chooser) {
 }  // namespace
 
 bool QtUserInterface::ShowMessage(const Message& message) {
-  QMessageBox box(IconOf(message.icon), Translated(message.caption), Translated(message.text),
-                  ButtonsOf(message.buttons), Parent());
+  const QString about = message.path.empty() ? QString() : ToQt(message.path) + "\n\n";
+  QMessageBox box(IconOf(message.icon), Translated(message.caption),
+                  about + Translated(message.text), ButtonsOf(message.buttons), Parent());
   box.setTextFormat(Qt::PlainText);  // a name in it may look like a tag
   const int answer = box.exec();
   return answer == QMessageBox::Ok || answer == QMessageBox::Yes;
@@ -191,8 +192,9 @@ void QtUserInterface::Repaint() {
   if (window_ != nullptr) window_->RepaintActiveView();
 }
 
-void QtUserInterface::ShowStatus(const std::string& text) {
-  if (window_ != nullptr) window_->ShowStatusText(Translated(text));
+void QtUserInterface::ShowStatus(const std::string& text, const std::string& path) {
+  const QString about = path.empty() ? QString() : ToQt(path) + ": ";
+  if (window_ != nullptr) window_->ShowStatusText(about + Translated(text));
 }
 
 }  // namespace tvx

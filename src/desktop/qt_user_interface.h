@@ -34,7 +34,7 @@ class QtUserInterface final : public UserInterface {
   // Leaves the current directory of the program at the directory of the chosen file.
   bool ChooseFile(const FileQuestion& question, std::string* path) override;
   void Repaint() override;
-  void ShowStatus(const std::string& text) override;
+  void ShowStatus(const std::string& text, const std::string& path) override;
 
  private:
   QWidget* Parent() const { return window_ == nullptr ? nullptr : window_->DialogParent(); }

@@ -51,9 +51,9 @@ void StatusBar::ShowText(const QString& text) {
 }
 
 void StatusBar::SetPath(const QString& path) {
-  if (path == path_) return;
+  const bool showsPath = text_->text() == (path_.isEmpty() ? kReadyText : path_);
   path_ = path;
-  ShowPath();
+  if (showsPath) ShowPath();
 }
 
 void StatusBar::ShowPath() {

@@ -18,8 +18,8 @@ class StatusBar : public QStatusBar {
   // Shows a text until the next one.
   void ShowText(const QString& text);
 
-  // Sets the path that is shown while there is no other text; empty shows "Ready". A path that is
-  // already set leaves the text as it is.
+  // Sets the path that is shown while there is no other text; empty shows "Ready". The text of a
+  // command is kept.
   void SetPath(const QString& path);
 
   // Shows the path again in place of the text of the last command.

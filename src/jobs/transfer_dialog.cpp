@@ -185,9 +185,11 @@ void CTransferDlg::AppendSelected() {
 
 // Returns false, with the message that says why, for a file that cannot be a program.
 bool CTransferDlg::IsReadableProgram(const std::string& path) {
-  const std::unique_ptr<InputFile> file = files_->OpenOrCreateForReading(path);
+  const std::unique_ptr<InputFile> file = files_->OpenForReading(path);
   if (file == nullptr) {
-    ui_->ShowMessage(MessageOf(JobMessage::kCannotOpen));
+    // A file that has vanished since the list was filled counts as an empty one.
+    const bool exists = files_->Exists(path);
+    ui_->ShowMessage(MessageOf(exists ? JobMessage::kCannotOpen : JobMessage::kCannotEnter));
     return false;
   }
   char bytes[kCheckedBytes];

@@ -146,7 +146,7 @@ LoadResult LoadNcFile(const std::string& path, NcProgram* program, ParserStates*
   BlockStore& store = program->store;
   EmptyProgram(program);
 
-  const std::unique_ptr<InputFile> file = files->OpenOrCreateForReading(path);
+  const std::unique_ptr<InputFile> file = files->OpenForReading(path);
   if (file == nullptr) return LoadResult::kCannotOpen;
   BeginProgram(program);
   program->source.path = AbsoluteDrivePath(files->CurrentDirectory(), path);

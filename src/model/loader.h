@@ -23,8 +23,8 @@ enum class LoadResult {
   kStoreFull,   // the store has no room for the second record of an arc; it holds what came before
 };
 
-// Reads one NC file into the store, in place of the program there. A file that does not exist is
-// created empty. `states` is the modal state that lives as long as the process.
+// Reads one NC file into the store, in place of the program there. `states` is the modal state that
+// lives as long as the process.
 LoadResult LoadNcFile(const std::string& path, NcProgram* program, ParserStates* states,
                       JobRecord* job, Files* files);
 

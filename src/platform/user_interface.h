@@ -21,6 +21,7 @@ enum class MessageButtons { kOk, kOkCancel, kYesNo };
 
 struct Message {
   std::string text = {};
+  std::string path = {};  // the file it is about, shown above the text; empty for none
   std::string caption = "Error message";
   MessageIcon icon = MessageIcon::kInformation;
   MessageButtons buttons = MessageButtons::kOk;
@@ -58,8 +59,8 @@ class UserInterface {
   // Has the view painted anew before the next thing happens.
   virtual void Repaint() = 0;
 
-  // Shows a text in the status line until the next one.
-  virtual void ShowStatus(const std::string& text) = 0;
+  // Shows a text in the status line until the next one, behind the path of the file it is about.
+  virtual void ShowStatus(const std::string& text, const std::string& path = {}) = 0;
 };
 
 }  // namespace tvx

@@ -18,16 +18,21 @@ constexpr char kTransferWindow[] = "TRNW";
 constexpr char kMasterEnding[] = ".mma";
 constexpr int32_t kDefaultSpindle = 1000;  // 1/min
 
+// The NC file that a missing model is built from: the model's path up to its first ending.
+std::string ProgramOfMaster(const std::string& masterPath) {
+  return masterPath.substr(0, masterPath.find(kMasterEnding));
+}
+
 // The messages of a run in a window.
 class RunMessages final : public RunObserver {
  public:
   explicit RunMessages(UserInterface* ui) : ui_(ui) {}
 
-  void OnLoadFailed(const std::string& /*path*/, LoadResult result) override {
-    ShowFailure(result, ui_);
+  void OnLoadFailed(const std::string& path, LoadResult result) override {
+    ShowFailure(result, path, ui_);
   }
-  void OnMasterFailed(const std::string& /*path*/, const MasterOutcome& outcome) override {
-    ShowFailure(outcome.load, ui_);
+  void OnMasterFailed(const std::string& path, const MasterOutcome& outcome) override {
+    ShowFailure(outcome.load, ProgramOfMaster(path), ui_);
     ShowFailure(outcome.build, ui_);
     ShowFailure(outcome.file, ui_);
   }
@@ -43,11 +48,9 @@ size_t EntryCount(const JobRecord& job) {
   return count;
 }
 
-LoadResult LoadIfAllowed(const std::string& path, const ProgramContext& context,
-                         RunObserver* observer) {
-  if (observer->MayLoad(path)) return LoadFile(context, path);
-  EmptyProgram(context.program);
-  return LoadResult::kCannotOpen;
+LoadResult LoadForRun(const std::string& path, CTVXView* view, RunObserver* observer) {
+  observer->OnLoad(path);
+  return LoadFile(view, path);
 }
 
 // An entry without a model leaves the last one in memory, for the entry after it.
@@ -56,19 +59,14 @@ bool NeedsMaster(const JobRecord& job, const std::string& lastMaster) {
          job.AfaMasterFile != lastMaster;
 }
 
-// The NC file that a missing model is built from: the model's path up to its first ending.
-std::string ProgramOfMaster(const std::string& masterPath) {
-  return masterPath.substr(0, masterPath.find(kMasterEnding));
-}
-
-MasterOutcome BringMaster(const std::string& masterPath, const MasterContext& master,
-                          const ProgramContext& program, RunObserver* observer) {
+MasterOutcome BringMaster(const std::string& masterPath, CTVXView* view, RunObserver* observer) {
+  const MasterContext master = MasterContextOf(view);
   DropMaster(master.grid);
   if (master.files->Exists(masterPath)) {
     return {.file = ReadMasterFile(masterPath, master.grid, master.files)};
   }
   MasterOutcome outcome;
-  outcome.load = LoadIfAllowed(ProgramOfMaster(masterPath), program, observer);
+  outcome.load = LoadForRun(ProgramOfMaster(masterPath), view, observer);
   if (outcome.Succeeded()) outcome.build = BuildAndShowMaster(master);
   if (outcome.Succeeded()) outcome.file = WriteMasterFile(masterPath, *master.grid, master.files);
   return outcome;
@@ -87,12 +85,11 @@ void RunEntry(const std::string& name, const std::string& line, CTVXView* view,
 
   if (NeedsMaster(job, *lastMaster)) {
     *lastMaster = job.AfaMasterFile;
-    const MasterOutcome outcome =
-        BringMaster(*lastMaster, MasterContextOf(view), context, observer);
+    const MasterOutcome outcome = BringMaster(*lastMaster, view, observer);
     if (!outcome.Succeeded()) observer->OnMasterFailed(*lastMaster, outcome);
   }
 
-  const LoadResult loaded = LoadIfAllowed(path, context, observer);
+  const LoadResult loaded = LoadForRun(path, view, observer);
   if (loaded != LoadResult::kLoaded) observer->OnLoadFailed(path, loaded);
 
   AdjustFitCount(context, job.AfaEnabled == 1);

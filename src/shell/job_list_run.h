@@ -30,10 +30,10 @@ class RunObserver {
   virtual ~RunObserver() = default;
   // Before an entry of `count` is processed.
   virtual void OnEntry(size_t /*index*/, size_t /*count*/, const std::string& /*name*/) {}
-  // Returns false for a file that must not be loaded; it then counts as one that cannot be opened.
-  // The loader would create a file that does not exist.
-  virtual bool MayLoad(const std::string& /*path*/) { return true; }
-  // A file of the list could not be loaded. The entry is recorded with the moves in the store.
+  // Before a program is loaded, of an entry or for its master model.
+  virtual void OnLoad(const std::string& /*path*/) {}
+  // A file of the list could not be loaded. The entry is recorded with the moves in the store;
+  // there are none if the file could not be opened.
   virtual void OnLoadFailed(const std::string& /*path*/, LoadResult /*result*/) {}
   // A master model could not be read, built or written. One that was built is used all the same.
   virtual void OnMasterFailed(const std::string& /*path*/, const MasterOutcome& /*outcome*/) {}

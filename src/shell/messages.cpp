@@ -12,8 +12,10 @@ void ShowNoMemory(UserInterface* ui) {
 
 }  // namespace
 
-void ShowFailure(LoadResult result, UserInterface* ui) {
-  if (result == LoadResult::kCannotOpen) ShowCannotOpen(ui);
+void ShowFailure(LoadResult result, const std::string& path, UserInterface* ui) {
+  if (result != LoadResult::kCannotOpen) return;
+  ui->ShowStatus("불러오지 못했습니다.", path);
+  ShowCannotOpen(ui);
 }
 
 void ShowFailure(BuildResult result, UserInterface* ui) {

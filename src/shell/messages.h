@@ -1,6 +1,8 @@
 // What the commands of a window show for a result that is a failure.
 #pragma once
 
+#include <string>
+
 #include "feed/master_build.h"
 #include "feed/master_file.h"
 #include "model/loader.h"
@@ -9,8 +11,9 @@
 namespace tvx {
 
 // Each shows the message of a failure and nothing for any other result. No message is defined for a
-// full store, a refused build and a missing model to write.
-void ShowFailure(LoadResult result, UserInterface* ui);
+// full store, a refused build and a missing model to write. A path goes to the status line, where
+// it remains after the message.
+void ShowFailure(LoadResult result, const std::string& path, UserInterface* ui);
 void ShowFailure(BuildResult result, UserInterface* ui);
 void ShowFailure(MasterFileResult result, UserInterface* ui);
 

@@ -2,6 +2,7 @@
 
 #include "shell/program_steps.h"
 
+#include "base/path_text.h"
 #include "stats/cut_time.h"
 
 namespace tvx {
@@ -13,9 +14,7 @@ ProgramContext ProgramContextOf(CTVXView* view) {
           .master = &view->masterGrid,
           .transform = &view->view.transform,
           .current = &view->fileInfo.current,
-          .parserStates = &app->parserStates,
           .feedPassMemory = &app->feedPassMemory,
-          .files = app->files,
           .ui = app->ui};
 }
 
@@ -23,8 +22,12 @@ Scene SceneOf(CTVXView* view) {
   return {&view->program, &view->job, &view->view};
 }
 
-LoadResult LoadFile(const ProgramContext& context, const std::string& path) {
-  return LoadNcFile(path, context.program, context.parserStates, context.job, context.files);
+LoadResult LoadFile(CTVXView* view, const std::string& path) {
+  const LoadResult result =
+      LoadNcFile(path, &view->program, &view->app->parserStates, &view->job, view->app->files);
+  view->filePath = result == LoadResult::kCannotOpen ? "" : path;
+  view->fileName = NameOfPath(view->filePath, kAnySlash);
+  return result;
 }
 
 void AdjustFeeds(const ProgramContext& context, const FeedTrace& trace) {

@@ -21,10 +21,8 @@ struct ProgramContext {
   const MasterGrid* master;
   ViewTransform* transform;
   CutTimeEntry* current;           // receives the figures
-  ParserStates* parserStates;      // of the application
   FeedPassMemory* feedPassMemory;  // of the application
-  Files* files;
-  UserInterface* ui;  // repaints
+  UserInterface* ui;               // repaints
 };
 
 ProgramContext ProgramContextOf(CTVXView* view);
@@ -32,8 +30,9 @@ ProgramContext ProgramContextOf(CTVXView* view);
 // The picture of a window's program.
 Scene SceneOf(CTVXView* view);
 
-// Loads an NC file, by its drive path or relative to the current directory.
-LoadResult LoadFile(const ProgramContext& context, const std::string& path);
+// Loads an NC file, by its drive path or relative to the current directory. The path and the name
+// in it become the current file of the window; a file that cannot be opened leaves none.
+LoadResult LoadFile(CTVXView* view, const std::string& path);
 
 // Adjusts the feeds by the job record and the master model; the trace receives each change.
 void AdjustFeeds(const ProgramContext& context, const FeedTrace& trace = {});

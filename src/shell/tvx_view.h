@@ -31,7 +31,7 @@ class CTVXView {
   CTVXApp* const app;
   NcProgram program;     // the stored moves, with the register CurrentBlock
   ViewState view;        // the picture of them: transform, rapids shown or not
-  std::string fileName;  // the NC file in work, without directory; empty before the first load
+  std::string fileName;  // of the program in the store, without directory; empty if there is none
   std::string filePath;  // as it was passed to the load
   uint32_t loads = 0;    // number of programs read; a failed load does not count
   CCommandPadDlg commandPad;

@@ -14,8 +14,22 @@ namespace tvx {
 
 namespace {
 
-// The save form lets a name be typed that does not exist; the load then creates that file. The
-// chooser leaves the current directory at the chosen file.
+// The save form lets a name be typed that does not exist. The only place that creates an NC file,
+// and not without a question: most such names are typing errors.
+bool CreateIfMissing(const std::string& path, const CTVXApp& app) {
+  if (app.files->Exists(path)) return true;
+  if (!app.ui->ShowMessage({.text = "화일이 없습니다. 만들겠습니까?",
+                            .path = path,
+                            .caption = "불러오기",
+                            .icon = MessageIcon::kQuestion,
+                            .buttons = MessageButtons::kYesNo})) {
+    return false;
+  }
+  app.files->OpenOrCreateForReading(path);  // if this fails, so does the load, which shows it
+  return true;
+}
+
+// The chooser leaves the current directory at the chosen file.
 void Load(CTVXView* view, int /*argument*/) {
   std::string path;
   const FileQuestion question{.save = true,
@@ -25,7 +39,8 @@ void Load(CTVXView* view, int /*argument*/) {
                               .directory = "",
                               .title = "불러오기",
                               .acceptLabel = "불러오기"};
-  if (view->app->ui->ChooseFile(question, &path)) LoadProgram(view, path);
+  if (!view->app->ui->ChooseFile(question, &path)) return;
+  if (CreateIfMissing(path, *view->app)) LoadProgram(view, path);
 }
 
 // Only the name of the chosen path is used: the picture is written into the current directory.
@@ -105,11 +120,9 @@ void RunViewCommand(CTVXView* view, CommandId id) {
 }
 
 LoadResult LoadProgram(CTVXView* view, const std::string& path) {
-  view->fileName = NameOfPath(path, kAnySlash);
-  view->filePath = path;
   const ProgramContext context = ProgramContextOf(view);
-  const LoadResult result = LoadFile(context, path);
-  ShowFailure(result, context.ui);
+  const LoadResult result = LoadFile(view, path);
+  ShowFailure(result, path, context.ui);
   if (result == LoadResult::kLoaded) ++view->loads;
   FitToPath(context.transform, &context.program->store);
   context.ui->Repaint();

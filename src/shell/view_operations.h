@@ -26,8 +26,8 @@ const ViewCommand* FindViewCommand(CommandId id);
 // Carries out a command of the view, from its start to its end. Any other does nothing.
 void RunViewCommand(CTVXView* view, CommandId id);
 
-// Loads an NC file, by its drive path or relative to the current directory, and shows it. The path
-// without its directory becomes the current file name. Returns what the load returned.
+// Loads an NC file as LoadFile does, and shows it, or the message of a failure. Returns what the
+// load returned.
 LoadResult LoadProgram(CTVXView* view, const std::string& path);
 
 // A press of the left button in the picture: opens the command pad and runs what was chosen on it.

@@ -34,7 +34,7 @@ TEST_F(MainWindowTest, TitleAndStatusBarNameProgramOfActiveWindow) {
   files->SetCurrentDirectory("c:\\marlo");
   Load("part.nc", kProgram);
   EXPECT_EQ(files->CurrentDirectory(), "c:\\marlo\\ncdata");
-  ui.ShowStatus("a text");
+  ui.ShowStatus("a text", "");
   Press(Qt::Key_F9);
   ExpectShown("part.nc", "a text");
   window->RunCommand(kPlainCutTime);

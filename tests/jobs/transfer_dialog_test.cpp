@@ -132,6 +132,7 @@ TEST_F(TransferDialog, RefusesWhatCannotBeAProgram) {
     EXPECT_EQ(LastMessage(), c.message) << c.name;
   }
   EXPECT_EQ(dialog.list.names, Names{"late.nc"});
+  EXPECT_FALSE(files.Exists("c:\\marlo\\ncdata\\gone.nc"));
 
   while (dialog.list.size() < kJobListSlots) Append("a.nc");
   EXPECT_EQ(LastMessage(), "");

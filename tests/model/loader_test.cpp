@@ -51,7 +51,7 @@ TEST(Loader, SmallReadsGiveTheSameBlocks) {
   }
 }
 
-TEST(Loader, MissingFileIsCreatedAndMissingFolderEmptiesTheProgram) {
+TEST(Loader, EmptyFileAndMissingFileEmptyTheProgram) {
   MemoryFiles files;
   TestLoad load;
   const auto loadPath = [&](const char* path) {
@@ -59,10 +59,11 @@ TEST(Loader, MissingFileIsCreatedAndMissingFolderEmptiesTheProgram) {
     load.program.firstPoint = 0;
     return LoadNcFile(path, &load.program, &load.states, &load.job, &files);
   };
+  files.Put("c:\\new.nc", "");
   EXPECT_EQ(loadPath("c:\\new.nc"), LoadResult::kLoaded);
-  EXPECT_TRUE(files.Exists("c:\\new.nc"));
   EXPECT_EQ(load.program.store.blockCount, 0U);
-  EXPECT_EQ(loadPath("c:\\no\\such.nc"), LoadResult::kCannotOpen);
+  EXPECT_EQ(loadPath("c:\\none.nc"), LoadResult::kCannotOpen);
+  EXPECT_FALSE(files.Exists("c:\\none.nc"));
   EXPECT_EQ(load.program.store.blockCount, 0U);
   EXPECT_EQ(load.program.firstPoint, 1);
   EXPECT_EQ(load.program.store.CurrentBlock.type, BlockNone);

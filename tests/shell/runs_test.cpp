@@ -114,11 +114,34 @@ TEST_F(SingleCutTime, PicturesUntilTheTableIsFull) {
   EXPECT_FALSE(files.Exists("c:\\marlo\\ncdata\\b.nc.emf"));
 }
 
-TEST_F(Runs, LoadThatCannotOpenTheFileShowsMessage) {
-  EXPECT_EQ(LoadProgram(&view, "c:\\gone\\a.nc"), LoadResult::kCannotOpen);
-  EXPECT_EQ(view.loads, 0U);
-  EXPECT_EQ(ui.messages.at(0).text, "화일을 열수 없읍니다.\n");
-  EXPECT_EQ(ui.messages.at(0).caption, "Error message");
+TEST_F(Runs, LoadOfMissingNameAsksBeforeItCreatesTheFile) {
+  const struct {
+    const char* name;
+    bool creates;
+    const char* shown;
+    const char* current;  // file name of the window afterwards
+  } cases[] = {
+      {"typo.nc", false, "message 화일이 없습니다. 만들겠습니까?", "a.nc"},
+      {"new.nc", true, "message 화일이 없습니다. 만들겠습니까?, repaint", "new.nc"},
+      {"no\\new.nc", true,
+       "message 화일이 없습니다. 만들겠습니까?, status c:\\no\\new.nc: 불러오지 못했습니다., "
+       "message 화일을 열수 없읍니다.\n, repaint",
+       ""},
+  };
+  for (const auto& load : cases) {
+    LoadProgram(&view, "c:\\marlo\\ncdata\\a.nc");
+    ui.log.clear();
+    const std::string path = std::string("c:\\") + load.name;
+    ui.OnFile(path);
+    ui.OnMessage(load.creates);
+    RunViewCommand(&view, CommandId::kLoad);
+    std::string shown;
+    for (size_t i = 1; i < ui.log.size(); ++i) shown += (i == 1 ? "" : ", ") + ui.log[i];
+    EXPECT_EQ(shown, load.shown);
+    EXPECT_EQ(view.fileName, load.current);
+    EXPECT_EQ(files.Exists(path), view.fileName == load.name) << path;
+  }
+  EXPECT_EQ(ui.messages.back().caption, "Error message");
 }
 
 class JobListRun : public Runs {
@@ -145,6 +168,9 @@ TEST_F(JobListRun, RecordsEveryEntryWithItsOwnOptions) {
   EXPECT_EQ(view.results.entries[2].dirName, "c:\\marlo\\ncdata");
   EXPECT_EQ(view.results.entries[2].optionLine, kPlainLine);
   EXPECT_EQ(view.program.store.blockCount, 5U) << "the window shows the last file";
+  EXPECT_EQ(view.filePath, "c:\\marlo\\ncdata\\a.nc");
+  EXPECT_FALSE(files.Exists("c:\\marlo\\ncdata\\gone.nc"));
+  EXPECT_EQ(ui.log.at(1), "status c:\\marlo\\ncdata\\gone.nc: 불러오지 못했습니다.");
 
   // The list comes back. The lines of the run were read for the dialog as well: an entry whose
   // line has no size shows that of the last one read.

@@ -50,8 +50,8 @@ void ScriptedUi::Repaint() {
   log.emplace_back("repaint");
 }
 
-void ScriptedUi::ShowStatus(const std::string& text) {
-  log.push_back("status " + text);
+void ScriptedUi::ShowStatus(const std::string& text, const std::string& path) {
+  log.push_back("status " + (path.empty() ? "" : path + ": ") + text);
 }
 
 }  // namespace tvx

@@ -53,7 +53,7 @@ class ScriptedUi : public UserInterface {
   bool RunModal(Dialog* dialog) override;
   bool ChooseFile(const FileQuestion& question, std::string* path) override;
   void Repaint() override;
-  void ShowStatus(const std::string& text) override;
+  void ShowStatus(const std::string& text, const std::string& path) override;
 
  private:
   std::deque<std::function<bool(Dialog*)>> dialogs_;

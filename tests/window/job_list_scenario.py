@@ -11,7 +11,7 @@ RASTER, POCKET, WALLS = 1, 2, 3  # rows of the file list
 STOPS = ("tree", "files", "mask", "삽입", "삭제", "청소", "화일정보", "미리보기", "편집", "저장", "읽기", "TVX",
          "화일확장자", "jobs", "information", "K추가", "K삽입", "K삭제", "K수정", "K저장", "K읽기", "M30삭제",
          "재전송", "AFA 설정", "전송", "전송 취소")
-MAIN_WINDOW, JOB_DIALOG, PAD = "TVX - [TVX1]", "전송", "Key code를 입력하시요 !!"
+MAIN_WINDOW, JOB_DIALOG, PAD = "TVX - [steep_walls.nc]", "전송", "Key code를 입력하시요 !!"
 
 CONDITION = ("Afa ON TD 10.0 SD 5.0 CMIA 10.0 CMAR {0:.2f} SMIA 10.0 SMAR {0:.2f} CCC ON ZUDC ON"
              " MAT STEEL(S45C) MAF {1} AF 1000 CW 1.00 0.70 0.30 SW 1.00 0.70 0.30")
