@@ -789,5 +789,61 @@
         <source>TVX  화일명을 입력 하시요!!</source>
         <translation>TVX  Enter the file name!!</translation>
     </message>
+    <message>
+        <source>프로그램 검사</source>
+        <translation>Program check</translation>
+    </message>
+    <message>
+        <source>빠짐 %1, 다름 %2</source>
+        <translation>%1 lost, %2 changed</translation>
+    </message>
+    <message>
+        <source>빠짐</source>
+        <translation>lost</translation>
+    </message>
+    <message>
+        <source>다름</source>
+        <translation>changed</translation>
+    </message>
+    <message>
+        <source>참고</source>
+        <translation>note</translation>
+    </message>
+    <message>
+        <source>내용</source>
+        <translation>Remark</translation>
+    </message>
+    <message>
+        <source>개수</source>
+        <translation>Count</translation>
+    </message>
+    <message>
+        <source>줄 %1</source>
+        <translation>Line %1</translation>
+    </message>
+    <message>
+        <source>검사 중입니다...</source>
+        <translation>Checking...</translation>
+    </message>
+    <message>
+        <source>빠지거나 다르게 읽는 줄이 없습니다.</source>
+        <translation>No line is left out or read differently.</translation>
+    </message>
+    <message>
+        <source>화일을 읽을 수 없습니다.</source>
+        <translation>The file cannot be read.</translation>
+    </message>
+    <message>
+        <source>불러온 뒤에 화일이 바뀌었습니다. 다시 불러오십시오.</source>
+        <translation>The file has changed since it was loaded. Load it again.</translation>
+    </message>
+    <message>
+        <source>%1개 가운데 처음 %2개의 줄이 있습니다.</source>
+        <translation>The first %2 lines of %1 are listed.</translation>
+    </message>
+    <message>
+        <source>검사</source>
+        <translation>Check</translation>
+    </message>
 </context>
 </TS>

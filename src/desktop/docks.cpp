@@ -3,6 +3,7 @@
 
 #include <QMainWindow>
 
+#include "desktop/check_dock.h"
 #include "desktop/legend_dock.h"
 
 namespace tvx {
@@ -19,6 +20,7 @@ constexpr struct {
   Qt::DockWidgetArea area;  // at the first start
 } kDocks[] = {
     {&Make<LegendDock>, Qt::RightDockWidgetArea},
+    {&Make<CheckDock>, Qt::RightDockWidgetArea},
 };
 
 }  // namespace

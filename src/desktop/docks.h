@@ -22,6 +22,10 @@ class ViewDock : public QDockWidget {
 
   // The same after each drawing of the view's picture; must be quick.
   virtual void ShowPicture(CTVXView* /*view*/) {}
+
+  // Shows the program check: after ShowProgram, and after each step of a check under way. Null if
+  // no view is open. Must be quick while nothing has changed.
+  virtual void ShowCheck(const CTVXView* /*view*/) {}
 };
 
 // Adds all docks to a window, which owns them. Returns them in the order of the View menus.

@@ -93,6 +93,10 @@ QString Translated(std::string_view text) {
   return translation;
 }
 
+QString InLanguage(std::string_view korean, std::string_view english) {
+  return ToQt(languageInUse == kEnglishLabels ? english : korean);
+}
+
 QString TranslatedLabels(const std::string& text) {
   return Translated(ReplaceLabels(text, languageInUse));
 }

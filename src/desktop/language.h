@@ -20,7 +20,10 @@ void UseLanguage(int32_t language);
 // is. Not for names and input of the user: a folder "설정" keeps its name in every language.
 QString Translated(std::string_view text);
 
-// The same for a text with labels of jobs/labels.h.
+// The text in the language in use, of a table that has both.
+QString InLanguage(std::string_view korean, std::string_view english);
+
+// The same as Translated for a text with labels of jobs/labels.h.
 QString TranslatedLabels(const std::string& text);
 
 // Sets a font with Hangul for all texts, and Korean texts in the toolkit's own dialogs, as far as

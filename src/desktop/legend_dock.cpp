@@ -45,6 +45,13 @@ QString ExtentText(const Vec3& low, const Vec3& high) {
                      low.z, high.z));
 }
 
+// "빠짐 3, 다름 1"
+QString CountsText(const ProgramCheck& check) {
+  return Translated(Format("빠짐 %s, 다름 %s",
+                           std::to_string(check.Count(RemarkClass::kLost)).c_str(),
+                           std::to_string(check.Count(RemarkClass::kChanged)).c_str()));
+}
+
 }  // namespace
 
 QString FeedRangeText(const FeedBand& band, bool isSlowest, int32_t FeedBase) {
@@ -85,6 +92,7 @@ LegendDock::LegendDock(QWidget* parent) : ViewDock(Translated("범례"), parent)
   extents_ = figure("범위 (mm)");
   cutTime_ = figure("절삭시간");
   totalTime_ = figure("소요시간");
+  check_ = figure("검사");
   column->addLayout(figures);
   column->addStretch(1);
   // Wide enough for any figures, so that a load does not change the width of the picture.
@@ -119,6 +127,12 @@ void LegendDock::ShowProgram(CTVXView* view) {
   extents_->setText(ExtentText(low, high));
   cutTime_->setText(ToQt(Format("%.1f min", figures.cutMinutes)));
   totalTime_->setText(ToQt(Format("%.1f min", figures.totalMinutes)));
+}
+
+void LegendDock::ShowCheck(const CTVXView* view) {
+  const bool isDone =
+      view != nullptr && view->check.State(view->program.source) == CheckState::kDone;
+  check_->setText(isDone ? CountsText(*view->check.Result()) : "-");
 }
 
 }  // namespace tvx

@@ -20,6 +20,7 @@ class LegendDock : public ViewDock {
   void ShowProgram(CTVXView* view) override;
   // The colours as they are drawn now.
   void ShowPicture(CTVXView* view) override { ShowColours(view); }
+  void ShowCheck(const CTVXView* view) override;
 
  private:
   void ShowColours(const CTVXView* view);
@@ -30,6 +31,7 @@ class LegendDock : public ViewDock {
   QLabel* extents_;
   QLabel* cutTime_;
   QLabel* totalTime_;
+  QLabel* check_;
 };
 
 // The whole feeds, in mm/min, that are drawn in a band: "351 - 500"; "-" if there are none.

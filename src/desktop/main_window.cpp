@@ -49,6 +49,7 @@ MainWindow::MainWindow(CTVXApp* app, const Drives* drives, const QString& settin
   setStatusBar(statusBar_);
   menus_ = new Menus(this, EntriesOf(docks_));
   BindChildWindowKeys();
+  connect(&checkSteps_, &QTimer::timeout, this, &MainWindow::CheckMore);
   connect(menus_, &Menus::RecentFileChosen, this,
           [this](const QString& path) { opener_->Open(FromQt(path), nullptr); });
   connect(area_, &QMdiArea::subWindowActivated, this, [this] {
@@ -89,6 +90,7 @@ ViewWidget* MainWindow::NewView() {
     if (widget != ActiveView()) return;
     ShowFileName();
     for (ViewDock* const dock : docks_) dock->ShowPicture(&widget->view());
+    StartCheck();
   });
   connect(widget, &ViewWidget::CommandPadClosed, this, &MainWindow::ShowProgram);
   child->showMaximized();
@@ -222,7 +224,27 @@ void MainWindow::ShowProgram() {
   if (active != nullptr) active->update();
   for (ViewDock* const dock : docks_) {
     dock->ShowProgram(active == nullptr ? nullptr : &active->view());
+    dock->ShowCheck(active == nullptr ? nullptr : &active->view());
   }
+  StartCheck();
+}
+
+void MainWindow::StartCheck() {
+  ViewWidget* const active = ActiveView();
+  if (active == nullptr || checkSteps_.isActive()) return;
+  const CTVXView& view = active->view();
+  if (view.check.State(view.program.source) == CheckState::kUnderWay) checkSteps_.start(0);
+}
+
+void MainWindow::CheckMore() {
+  constexpr uint64_t kLinesPerStep = 20'000;  // a few milliseconds
+  ViewWidget* const active = ActiveView();
+  if (active == nullptr) return checkSteps_.stop();
+  CTVXView& view = active->view();
+  ReleaseVectorRegisters();
+  const CheckState state = view.check.CheckMore(view.program.source, kLinesPerStep, app_->files);
+  if (state != CheckState::kUnderWay) checkSteps_.stop();
+  for (ViewDock* const dock : docks_) dock->ShowCheck(&view);
 }
 
 void MainWindow::ShowAbout() {

@@ -5,6 +5,7 @@
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QPointer>
+#include <QTimer>
 #include <string>
 #include <vector>
 
@@ -75,6 +76,9 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
 
   void BindChildWindowKeys();
   void ShowFileName();
+  // Has the program of the view in work checked in steps, when nothing else is to be done.
+  void StartCheck();
+  void CheckMore();
   void ShowAbout();
 
   Menus* menus_ = nullptr;
@@ -84,6 +88,7 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   StatusBar* statusBar_;
   FileOpener* opener_;
   Printing printing_;
+  QTimer checkSteps_;
   int views_ = 0;               // opened so far
   QPointer<ViewWidget> named_;  // the view whose program title and status bar name
 };

@@ -23,6 +23,7 @@ Scene SceneOf(CTVXView* view) {
 }
 
 LoadResult LoadFile(CTVXView* view, const std::string& path) {
+  view->check.Restart(view->program, view->app->parserStates, view->job);
   const LoadResult result =
       LoadNcFile(path, &view->program, &view->app->parserStates, &view->job, view->app->files);
   view->filePath = result == LoadResult::kCannotOpen ? "" : path;

@@ -11,6 +11,7 @@
 #include "reports/cut_time_list.h"
 #include "shell/application.h"
 #include "shell/option_dialog.h"
+#include "shell/view_check.h"
 #include "stats/file_information.h"
 #include "stats/result_table.h"
 #include "view/command_pad.h"
@@ -34,6 +35,7 @@ class CTVXView {
   std::string fileName;  // of the program in the store, without directory; empty if there is none
   std::string filePath;  // as it was passed to the load
   uint32_t loads = 0;    // number of programs read; a failed load does not count
+  ViewCheck check;       // of the program loaded last; nothing is checked until CheckMore
   CCommandPadDlg commandPad;
   COptionDlg optionDialog;
   CTransferDlg transferDialog;

@@ -10,6 +10,8 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QSignalSpy>
+#include <QTextEdit>
+#include <QTreeWidget>
 
 #include "desktop_test.h"
 
@@ -49,6 +51,46 @@ TEST_F(MainWindowTest, TitleAndStatusBarNameProgramOfActiveWindow) {
   Press(Qt::CTRL | Qt::Key_F4);
   Settle();
   ExpectShown("part.nc", "c:\\marlo\\ncdata\\part.nc");
+}
+
+TEST_F(MainWindowTest, CheckOfLoadedProgramListsLinesLeftOut) {
+  auto* const rows = window->findChild<QTreeWidget*>();
+  const auto* const remark =
+      window->findChild<QDockWidget*>("programCheck")->findChild<QTextEdit*>();
+  const auto shows = [&](const char* text) {
+    EXPECT_TRUE(remark->toPlainText().contains(text)) << FromQt(remark->toPlainText());
+  };
+  const auto click = [&](QTreeWidgetItem* row) {
+    rows->scrollToItem(row);
+    QTest::mouseClick(rows->viewport(), Qt::LeftButton, {}, rows->visualItemRect(row).center());
+  };
+  // "사이클" in the code of Korean shops.
+  Load("part.nc", "G1 X9 F0\nG4 P500\nM98 P1 (\xbb\xe7\xc0\xcc\xc5\xac)\nG20\nM98 P2\n");
+  QTRY_COMPARE(rows->topLevelItemCount(), 4);
+  user.Do(window.get(), "?빠짐 3, 다름 1");
+  QTreeWidgetItem* const calls = rows->topLevelItem(1);
+  EXPECT_EQ(FromQt(calls->text(0)), "빠짐 · 보조 프로그램은 호출되지 않습니다");
+  click(calls);
+  shows("줄 3\nM98 P1 (사이클)\n");
+  shows("시간을 따로 더하십시오");
+  calls->setExpanded(true);
+  click(calls->child(1));
+  shows("줄 5\nM98 P2\n");
+  home.Put(programs / "part.nc", "G1 X9 F0\n");
+  click(calls);
+  shows("줄 3\n불러온 뒤에 화일이 바뀌었습니다.");
+
+  // A check that is under way when the next program comes.
+  std::string inches;
+  for (int i = 0; i < 200'000; ++i) inches += "G20\n";
+  home.Put(programs / "long.nc", inches);
+  LoadProgram(&View(), "c:\\marlo\\ncdata\\long.nc");
+  QApplication::processEvents();
+  user.Do(window.get(), "?검사 중입니다...");
+  home.Put(programs / "clean.nc", kProgram);
+  LoadProgram(&View(), "c:\\marlo\\ncdata\\clean.nc");
+  QTRY_VERIFY(TextsIn(window.get()).contains("빠짐 0, 다름 0"));
+  EXPECT_EQ(rows->topLevelItemCount(), 0);
 }
 
 TEST_F(MainWindowTest, EachDroppedFileGetsWindow) {
