@@ -716,6 +716,10 @@
         <translation>The file does not exist. Create it?</translation>
     </message>
     <message>
+        <source>프로그램이 없어서 그림화일을 만들지 않았습니다.</source>
+        <translation>There is no program; no picture file was made.</translation>
+    </message>
+    <message>
         <source>결과 목록이 가득 차서 기록하지 않았습니다.</source>
         <translation>The list of results is full; nothing was recorded.</translation>
     </message>

@@ -198,7 +198,9 @@ void MainWindow::RunCommand(CommandId id) {
   const uint32_t loads = view->loads;
   RunViewCommand(view, id);
   if (id == CommandId::kLoad && view->loads != loads) opener_->recent.Add(ToQt(view->filePath));
-  if (changesProgram) ShowProgram();
+  if (!changesProgram) return;
+  ShowFileName();
+  ShowProgram();
 }
 
 // A window without a program has its number as its name.

@@ -15,7 +15,7 @@ bool RecordResultEntry(const CutTimeEntry& result, const Scene& scene, Files* fi
   CutTimeEntry& entry = results->entries[index];
   entry = result;
   entry.pictureName.clear();
-  if (scene.job->MetafileCreateChk == 1) {
+  if (scene.job->MetafileCreateChk == 1 && !entry.fileName.empty()) {
     entry.pictureName = entry.fileName + ".emf";
     WritePicture(entry.pictureName, scene, files);
   }
@@ -23,16 +23,32 @@ bool RecordResultEntry(const CutTimeEntry& result, const Scene& scene, Files* fi
   return true;
 }
 
+namespace {
+
+// The result of a single cut time has the directory and the option line of the last run only if
+// that ended with the same file: those of another would be recorded as its own.
+void SetNames(const CTVXView& view, CutTimeEntry* result) {
+  const std::string& path = view.program.source.path;
+  const bool isOfLastRun = !path.empty() && path == view.lastRun.path;
+  result->fileName = view.fileName;
+  result->dirName = isOfLastRun ? view.lastRun.directory : "";
+  result->optionLine = isOfLastRun ? view.lastRun.line : "";
+}
+
+}  // namespace
+
 void SingleCutTimeCommand(CTVXView* view) {
   CTVXApp* const app = view->app;
   app->sendOptions.Open(&view->job);
   if (!app->ui->RunModal(&app->sendOptions)) return;
   AdjustFitCount(ProgramContextOf(view), /*adjusts=*/true);
   CutTimeEntry& result = view->fileInfo.current;
-  result.fileName = view->fileName;
+  SetNames(*view, &result);
   if (!app->ui->RunModal(&view->fileInfo)) return;
   if (!RecordResultEntry(result, SceneOf(view), app->files, &view->results)) {
     ShowTableFull(app->ui);
+  } else if (result.fileName.empty() && view->job.MetafileCreateChk == 1) {
+    app->ui->ShowStatus("프로그램이 없어서 그림화일을 만들지 않았습니다.");
   }
 }
 

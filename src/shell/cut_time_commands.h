@@ -9,9 +9,10 @@
 
 namespace tvx {
 
-// Appends a result to the table and, if MetafileCreateChk of the scene's job record is 1, writes
-// the picture of the scene into the current directory. The entry has the picture's name even if the
-// picture cannot be written. Returns false for a full table, and then neither records nor draws.
+// Appends a result to the table and, if MetafileCreateChk of the scene's job record is 1 and the
+// result has a file name, writes the picture of the scene into the current directory. The entry has
+// the picture's name even if the picture cannot be written. Returns false for a full table, and
+// then neither records nor draws.
 bool RecordResultEntry(const CutTimeEntry& result, const Scene& scene, Files* files,
                        ResultTable* results);
 

@@ -98,6 +98,7 @@ void RunEntry(const std::string& name, const std::string& line, CTVXView* view,
   result.fileName = name;
   result.optionLine = line;
   result.dirName = directory;
+  view->lastRun = {view->program.source.path, directory, line};
   if (RecordResultEntry(result, SceneOf(view), view->app->files, &view->results)) {
     observer->OnRecorded(path);
   } else {

@@ -19,6 +19,13 @@
 
 namespace tvx {
 
+// The entry that a run over a job list processed last.
+struct LastRun {
+  std::string path;  // absolute drive path of its program; empty if that could not be opened
+  std::string directory;
+  std::string line;  // its option line
+};
+
 // The program, parameters, current result and result table of one window. An empty store is a legal
 // state for every command. Each command works with the record that the one before it left, and
 // nothing is saved when the window closes.
@@ -41,6 +48,7 @@ class CTVXView {
   CTransferDlg transferDialog;
   JobRecord job;          // the working record: the parameters in force
   CFileInfoDlg fileInfo;  // with the current result
+  LastRun lastRun;
   ResultTable results;
   CCutTimeListDlg cutTimeList;  // shows the table
   CMasterDlg masterDialog;

@@ -63,6 +63,8 @@ void ShowResultList(CTVXView* view, int /*argument*/) {
 template <void (*command)(const MasterContext&)>
 void RunMaster(CTVXView* view, int /*argument*/) {
   command(MasterContextOf(view));
+  // The moves of a model that is shown come from no file.
+  if (view->program.source.path.empty()) view->filePath = view->fileName = "";
 }
 
 template <void (ViewCommands::*command)()>

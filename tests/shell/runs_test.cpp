@@ -48,8 +48,7 @@ class SingleCutTime : public Runs {
 };
 
 TEST_F(SingleCutTime, FromTheOptionsToTheEntryAndItsPicture) {
-  view.fileInfo.current.dirName = "c:\\run";
-  view.fileInfo.current.optionLine = "the last run's line";
+  view.lastRun = {"c:\\marlo\\ncdata\\a.nc", "c:\\run", "the last run's line"};
   OnOptions("2000");
   ui.OnDialog<CFileInfoDlg>([&](CFileInfoDlg* info) {
     EXPECT_EQ(std::ranges::count(info->Lines(), "최대피드  2000"), 1);
@@ -69,6 +68,31 @@ TEST_F(SingleCutTime, FromTheOptionsToTheEntryAndItsPicture) {
   EXPECT_EQ(entry.cutLength, 210.0F);
   // The header of an enhanced metafile.
   EXPECT_EQ(files.Bytes("c:\\marlo\\ncdata\\a.nc.emf").substr(40, 4), " EMF");
+}
+
+TEST_F(SingleCutTime, RecordsNamesOfTheProgramInTheStore) {
+  const struct {
+    const char* last;    // path of the last run
+    const char* loaded;  // path of the program
+    const char* names;   // file, picture, directory and option line of the entry
+  } cases[] = {
+      {"c:\\marlo\\ncdata\\a.nc", "c:\\marlo\\ncdata\\b.nc", "b.nc|b.nc.emf||"},
+      {"c:\\marlo\\ncdata\\b.nc", "c:\\marlo\\ncdata\\b.nc", "b.nc|b.nc.emf|c:\\run|line"},
+      {"", "c:\\none.nc", "|||"},
+  };
+  for (const auto& c : cases) {
+    view.lastRun = {c.last, "c:\\run", "line"};
+    LoadFile(&view, c.loaded);
+    OnOptions("2000");
+    ui.OnDialog([](Dialog*) { return true; });
+    SingleCutTimeCommand(&view);
+    const CutTimeEntry& entry = view.results.Recorded().back();
+    EXPECT_EQ(
+        entry.fileName + "|" + entry.pictureName + "|" + entry.dirName + "|" + entry.optionLine,
+        c.names);
+  }
+  EXPECT_EQ(ui.log.back(), "status 프로그램이 없어서 그림화일을 만들지 않았습니다.");
+  EXPECT_FALSE(files.Exists("c:\\marlo\\ncdata\\.emf"));
 }
 
 TEST_F(SingleCutTime, StopsAtTheDialogThatIsRefused) {
