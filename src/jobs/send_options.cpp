@@ -35,6 +35,18 @@ std::string WithMasterEnding(std::string path) {
   return path;
 }
 
+// The fields that the dialog neither shows nor changes. Others change them between two openings,
+// and OK must not bring old ones back.
+const JobMember kNotShown[] = {
+    &JobRecord::RapidFeed,   &JobRecord::InputFileType,     &JobRecord::IntNcdataFlg,
+    &JobRecord::DeleteM30,   &JobRecord::KeyCodeOn,         &JobRecord::KeyCodeCount,
+    &JobRecord::KeyCodes,    &JobRecord::MetafileCreateChk, &JobRecord::WorkDir,
+    &JobRecord::NcdataExt,   &JobRecord::FileNames,         &JobRecord::OptionLines,
+    &JobRecord::RestartOn,   &JobRecord::RestartKind,       &JobRecord::RestartNumber,
+    &JobRecord::RestartZMax, &JobRecord::RestartZMin,       &JobRecord::RestartX,
+    &JobRecord::RestartY,    &JobRecord::RestartZ,          &JobRecord::RestartTolerance,
+};
+
 }  // namespace
 
 CSendOptionDlg::CSendOptionDlg(Files* files, UserInterface* ui)
@@ -43,6 +55,9 @@ CSendOptionDlg::CSendOptionDlg(Files* files, UserInterface* ui)
 void CSendOptionDlg::Open(JobRecord* source) {
   source_ = source;
   own.ConditionDir = source->ConditionDir;
+  for (const JobMember& field : kNotShown) {
+    std::visit([&](auto member) { own.*member = source->*member; }, field);
+  }
   if (!optionsLoaded_) {
     CopyJobRecord(0, &own, *source);
     own.PlungeFeed = own.MaxFeed;

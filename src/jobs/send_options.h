@@ -16,9 +16,9 @@ namespace tvx {
 // States the conditions by the lowest and the highest feed, the two numbers that a machinist works
 // with. The reduction ratios are derived from them.
 //
-// An object lives as long as its owner: only the first opening copies the source record, later ones
-// show what the last one left. The job dialog uses one for its list options, the command of a
-// single cut time another for the working record.
+// An object lives as long as its owner: only the first opening copies the whole source record.
+// Later ones show what the last one left, and copy the fields that are not shown. The job dialog
+// uses one for its list options, the command of a single cut time another for the working record.
 class CSendOptionDlg : public Dialog {
  public:
   static constexpr char kTitle[] = "전송 dialog";

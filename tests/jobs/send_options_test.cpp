@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <utility>
 
 #include "base/format.h"
 #include "feed/condition_file.h"
@@ -101,17 +102,18 @@ TEST_F(SendOptions, OkCopiesBackAndCancelSwitchesOff) {
   EXPECT_EQ(dialog.SpindleSpeed, -70000);
   EXPECT_EQ(dialog.SpindleOn, 1);
 
-  // A later OK copies the whole own record back over the changed source. Only the fields that
-  // CopyJobRecord leaves out keep the source's values.
+  // A later OK brings back no older list, directory, rapid feed or restart: what the dialog does
+  // not show is the source's. It once took the accepted list away.
   const JobRecord first = source;
-  source = Record(
-      "FirstEditable=3 KeyCodeText=S1 ConditionDir=c:\\afa RapidShown=0 RapidFeed=9000 "
-      "WorkDir=c:\\other NcdataExt=*.tap RestartOn=1 RestartZMin=-3");
+  const std::string changed =
+      "RapidFeed=9000 FirstEditable=3 DeleteM30=1 WorkDir=c:\\other NcdataExt=*.tap KeyCodeText=S1 "
+      "ConditionDir=c:\\afa RapidShown=0 RestartOn=1 RestartZMin=-3";
+  source = Record(changed);
   source.FileNames[0] = "a.nc";
   dialog.Open(&source);
   EXPECT_EQ(dialog.Accept(), Closing::kAccepted);
-  EXPECT_EQ(Changes(first, source),
-            "FirstEditable=3 KeyCodeText=S1 ConditionDir=c:\\afa RapidShown=0");
+  EXPECT_EQ(std::exchange(source.FileNames[0], ""), "a.nc");
+  EXPECT_EQ(Changes(first, source), changed);
 
   const JobRecord second = source;
   dialog.EditTopFeed("3000");
