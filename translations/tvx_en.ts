@@ -849,5 +849,41 @@
         <source>검사</source>
         <translation>Check</translation>
     </message>
+    <message>
+        <source>기계시간</source>
+        <translation>Machine time</translation>
+    </message>
+    <message>
+        <source>기계</source>
+        <translation>Machine</translation>
+    </message>
+    <message>
+        <source>기계 화일 선택</source>
+        <translation>Choose a machine file</translation>
+    </message>
+    <message>
+        <source>기계 지우기</source>
+        <translation>Remove the machine</translation>
+    </message>
+    <message>
+        <source>기계 화일</source>
+        <translation>Machine file</translation>
+    </message>
+    <message>
+        <source>기계 화일을 사용할 수 없습니다: </source>
+        <translation>The machine file cannot be used: </translation>
+    </message>
+    <message>
+        <source>절삭 %1, 급속이송 %2, 드웰 %3, 공구교환 %4 min</source>
+        <translation>Cuts %1, rapids %2, dwells %3, tool changes %4 min</translation>
+    </message>
+    <message>
+        <source>드웰과 공구교환은 알 수 없습니다.</source>
+        <translation>Dwells and tool changes are unknown.</translation>
+    </message>
+    <message>
+        <source>피드가 없는 이동 %1개는 제외</source>
+        <translation>Without %1 moves that have no feed</translation>
+    </message>
 </context>
 </TS>

@@ -74,7 +74,8 @@ std::vector<const RemarkKind*> FoundKinds(const ProgramCheck& check) {
 
 }  // namespace
 
-CheckDock::CheckDock(QWidget* parent) : ViewDock(Translated("프로그램 검사"), parent) {
+CheckDock::CheckDock(const DockContext& /*context*/, QWidget* parent)
+    : ViewDock(Translated("프로그램 검사"), parent) {
   setObjectName("programCheck");
   auto* const body = new QWidget(this);
   auto* const column = new QVBoxLayout(body);

@@ -21,7 +21,7 @@ class CheckDock : public ViewDock {
   Q_OBJECT
 
  public:
-  explicit CheckDock(QWidget* parent = nullptr);
+  explicit CheckDock(const DockContext& context, QWidget* parent = nullptr);
 
   void ShowProgram(CTVXView* /*view*/) override {}
   void ShowCheck(const CTVXView* view) override;

@@ -11,12 +11,12 @@ namespace tvx {
 namespace {
 
 template <typename Dock>
-ViewDock* Make(QWidget* parent) {
-  return new Dock(parent);
+ViewDock* Make(const DockContext& context, QWidget* parent) {
+  return new Dock(context, parent);
 }
 
 constexpr struct {
-  ViewDock* (*make)(QWidget* parent);
+  ViewDock* (*make)(const DockContext& context, QWidget* parent);
   Qt::DockWidgetArea area;  // at the first start
 } kDocks[] = {
     {&Make<LegendDock>, Qt::RightDockWidgetArea},
@@ -25,10 +25,10 @@ constexpr struct {
 
 }  // namespace
 
-std::vector<ViewDock*> AddDocks(QMainWindow* window) {
+std::vector<ViewDock*> AddDocks(const DockContext& context, QMainWindow* window) {
   std::vector<ViewDock*> docks;
   for (const auto& row : kDocks) {
-    docks.push_back(row.make(window));
+    docks.push_back(row.make(context, window));
     window->addDockWidget(row.area, docks.back());
   }
   return docks;

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <QDockWidget>
+#include <QString>
+#include <functional>
 #include <vector>
 
 #include "shell/tvx_view.h"
@@ -10,6 +12,14 @@
 class QMainWindow;
 
 namespace tvx {
+
+// What a dock works with. All outlive the docks.
+struct DockContext {
+  CTVXApp* app;
+  // File of the host with the window's own settings; without one they last for the run.
+  QString settingsFile;
+  std::function<CTVXView*()> activeView;  // the view in work, or null if none is open
+};
 
 // A panel beside the picture that shows something about the view in work.
 class ViewDock : public QDockWidget {
@@ -29,6 +39,6 @@ class ViewDock : public QDockWidget {
 };
 
 // Adds all docks to a window, which owns them. Returns them in the order of the View menus.
-std::vector<ViewDock*> AddDocks(QMainWindow* window);
+std::vector<ViewDock*> AddDocks(const DockContext& context, QMainWindow* window);
 
 }  // namespace tvx

@@ -11,12 +11,16 @@
 
 #include "base/format.h"
 #include "desktop/language.h"
+#include "desktop/machine_rows.h"
 #include "model/walks.h"
 #include "stats/cut_time.h"
 
 namespace tvx {
 
 namespace {
+
+// In pixels; narrow, since the legend shares a small screen with the docks below it.
+constexpr int kRowSpacing = 2;
 
 // A line of the pen on black, as in the picture, so that white is visible on a light desktop.
 QPixmap Swatch(Pen pen, double ratio) {
@@ -62,7 +66,8 @@ QString FeedRangeText(const FeedBand& band, bool isSlowest, int32_t FeedBase) {
   return lowest > highest ? "-" : QString("%1 - %2").arg(lowest).arg(highest);
 }
 
-LegendDock::LegendDock(QWidget* parent) : ViewDock(Translated("범례"), parent) {
+LegendDock::LegendDock(const DockContext& context, QWidget* parent)
+    : ViewDock(Translated("범례"), parent) {
   setObjectName("legend");
   setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
   auto* const body = new QWidget(this);
@@ -70,6 +75,7 @@ LegendDock::LegendDock(QWidget* parent) : ViewDock(Translated("범례"), parent)
 
   auto* const colours = new QGridLayout;
   colours->setColumnStretch(1, 1);
+  colours->setVerticalSpacing(kRowSpacing);
   colours->addWidget(new QLabel(Translated("피드 (mm/min)"), body), 0, 0, 1, 2);
   for (int i = 0; i < kFeedBands; ++i) {
     ranges_[static_cast<size_t>(i)] = new QLabel("-", body);
@@ -81,6 +87,7 @@ LegendDock::LegendDock(QWidget* parent) : ViewDock(Translated("범례"), parent)
   column->addLayout(colours);
 
   auto* const figures = new QFormLayout;
+  figures->setVerticalSpacing(kRowSpacing);
   const auto figure = [&](const char* label) {
     auto* const value = new QLabel("-", body);
     value->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -92,6 +99,7 @@ LegendDock::LegendDock(QWidget* parent) : ViewDock(Translated("범례"), parent)
   extents_ = figure("범위 (mm)");
   cutTime_ = figure("절삭시간");
   totalTime_ = figure("소요시간");
+  machine_ = new MachineRows(context, figures, body);
   check_ = figure("검사");
   column->addLayout(figures);
   column->addStretch(1);
@@ -112,6 +120,7 @@ void LegendDock::ShowColours(const CTVXView* view) {
 
 void LegendDock::ShowProgram(CTVXView* view) {
   ShowColours(view);
+  machine_->ShowProgram(view);
   const bool empty = view == nullptr || view->program.store.blockCount == 0;
   for (QLabel* const label : {blocks_, extents_, cutTime_, totalTime_}) label->setText("-");
   if (empty) return;
@@ -132,6 +141,7 @@ void LegendDock::ShowProgram(CTVXView* view) {
 void LegendDock::ShowCheck(const CTVXView* view) {
   const bool isDone =
       view != nullptr && view->check.State(view->program.source) == CheckState::kDone;
+  machine_->ShowCheck();
   check_->setText(isDone ? CountsText(*view->check.Result()) : "-");
 }
 

@@ -10,11 +10,13 @@ class QLabel;
 
 namespace tvx {
 
+class MachineRows;
+
 class LegendDock : public ViewDock {
   Q_OBJECT
 
  public:
-  explicit LegendDock(QWidget* parent = nullptr);
+  explicit LegendDock(const DockContext& context, QWidget* parent = nullptr);
 
   // The figures and the colours.
   void ShowProgram(CTVXView* view) override;
@@ -32,6 +34,7 @@ class LegendDock : public ViewDock {
   QLabel* cutTime_;
   QLabel* totalTime_;
   QLabel* check_;
+  MachineRows* machine_;
 };
 
 // The whole feeds, in mm/min, that are drawn in a band: "351 - 500"; "-" if there are none.

@@ -38,7 +38,14 @@ QList<QAction*> EntriesOf(const std::vector<ViewDock*>& docks) {
 MainWindow::MainWindow(CTVXApp* app, const Drives* drives, const QString& settingsFile)
     : app_(app),
       area_(new QMdiArea(this)),
-      docks_(AddDocks(this)),
+      docks_(AddDocks({.app = app,
+                       .settingsFile = settingsFile,
+                       .activeView =
+                           [this] {
+                             ViewWidget* const active = ActiveView();
+                             return active == nullptr ? nullptr : &active->view();
+                           }},
+                      this)),
       statusBar_(new StatusBar(this)),
       opener_(new FileOpener(this, app, drives, settingsFile)),
       printing_(this, app->ui) {

@@ -3,9 +3,8 @@
 
 #include <QApplication>
 #include <QEvent>
-#include <QLabel>
-#include <QPainter>
 
+#include "desktop/elided_label.h"
 #include "platform/lock_keys.h"
 
 namespace tvx {
@@ -13,22 +12,6 @@ namespace tvx {
 namespace {
 
 constexpr char kReadyText[] = "Ready";
-
-// A label that shortens its text in the middle: of a long path the drive and the name remain.
-class ElidedLabel : public QLabel {
- public:
-  using QLabel::QLabel;
-
-  QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
-
- protected:
-  void paintEvent(QPaintEvent* /*event*/) override {
-    QPainter painter(this);
-    const QString line = text().simplified();
-    painter.drawText(contentsRect(), static_cast<int>(alignment()),
-                     fontMetrics().elidedText(line, Qt::ElideMiddle, contentsRect().width()));
-  }
-};
 
 }  // namespace
 

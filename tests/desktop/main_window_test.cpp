@@ -12,6 +12,7 @@
 #include <QSignalSpy>
 #include <QTextEdit>
 #include <QTreeWidget>
+#include <algorithm>
 
 #include "desktop_test.h"
 
@@ -131,6 +132,43 @@ TEST_F(MainWindowTest, LastFourFilesAreOffered) {
   entries.at(4)->trigger();
   Settle();
   EXPECT_EQ(View().fileName, "e & f");
+}
+
+TEST_F(MainWindowTest, LegendShowsTimeOfMachineUntilItIsCleared) {
+  const auto choose = [&](const char* content) {
+    home.Put(programs / "mill.machine", content);
+    user.Do(window.get(), "... > c:\\marlo\\ncdata\\mill.machine");
+    Settle();
+  };
+  const auto open = [&] {
+    OpenWindow(ToQt((home / "desktop.ini").string()));
+    window->NewView();
+    Settle();
+    Load("part.nc", "G90 G0 X0 Y0 Z0\nT1 M6\nG1 X6000 F100\n");
+  };
+  const auto shows = [&](const QStringList& texts) {
+    const QStringList shown = TextsIn(window.get());
+    return std::ranges::all_of(texts, [&](const QString& text) { return shown.contains(text); });
+  };
+  open();
+  files->SetCurrentDirectory("c:\\marlo");
+  choose("Factor 0\n");
+  EXPECT_TRUE(shows({"mill.machine: line 1: Factor: value out of range", "-"}));
+  EXPECT_EQ(files->CurrentDirectory(), "c:\\marlo");
+  choose("Name Mill\nToolChange 60\nFactor 2\n");
+  EXPECT_TRUE(shows({"Mill", "122.0 min"}));
+  open();
+  EXPECT_TRUE(shows({"Mill", "122.0 min"}));
+  choose("Factor\n");
+  ExpectShown("part.nc",
+              "기계 화일을 사용할 수 없습니다: mill.machine: line 1: Factor: a value is missing");
+  EXPECT_TRUE(shows({"Mill", "122.0 min"}));
+  user.Do(window.get(), "×");
+  EXPECT_FALSE(shows({"Mill"}) || shows({"122.0 min"}));
+  choose("");
+  user.Do(window.get(), "×");
+  open();
+  EXPECT_FALSE(shows({"mill.machine"}));
 }
 
 TEST_F(MainWindowTest, PageHasPictureOfScreen) {
