@@ -176,9 +176,11 @@ class JobListRun : public Runs {
 TEST_F(JobListRun, RecordsEveryEntryWithItsOwnOptions) {
   OnEntries({{"gone.nc", "Dir c:\\marlo\\ncdata Afa OFF "},
              {"b.nc", "Dir c:\\marlo\\ncdata FS 7 RT ON 1 77 Afa ON TD 10.0 MAF 2000 "},
+             {"a.nc", kPlainLine},
+             {"b.nc", kPlainLine},
              {"a.nc", kPlainLine}});
   RunJobList(&view);
-  ASSERT_EQ(view.results.entryCount, 3);
+  ASSERT_EQ(view.results.entryCount, 5);
   std::string recorded;
   for (const CutTimeEntry& entry : view.results.Recorded()) {
     recorded +=
@@ -188,7 +190,8 @@ TEST_F(JobListRun, RecordsEveryEntryWithItsOwnOptions) {
                                    : "\n");
   }
   EXPECT_EQ(recorded,
-            "gone.nc AFA 0 MAF 1000 empty\nb.nc AFA 1 MAF 2000 faster\na.nc AFA 0 MAF 2000 \n");
+            "gone.nc AFA 0 MAF 1000 empty\nb.nc AFA 1 MAF 2000 faster\na.nc AFA 0 MAF 2000 \n"
+            "b.nc AFA 0 MAF 2000 \na.nc AFA 0 MAF 2000 \n");
   EXPECT_EQ(view.results.entries[2].dirName, "c:\\marlo\\ncdata");
   EXPECT_EQ(view.results.entries[2].optionLine, kPlainLine);
   EXPECT_EQ(view.program.store.blockCount, 5U) << "the window shows the last file";
@@ -199,7 +202,8 @@ TEST_F(JobListRun, RecordsEveryEntryWithItsOwnOptions) {
   // The list comes back. The lines of the run were read for the dialog as well: an entry whose
   // line has no size shows that of the last one read.
   OnJobs(false, [](CTransferDlg* dialog) {
-    EXPECT_EQ(dialog->list.size(), 3U);
+    EXPECT_EQ(dialog->list.names,
+              (std::vector<std::string>{"gone.nc", "b.nc", "a.nc", "b.nc", "a.nc"}));
     dialog->SelectEntry(0);
     EXPECT_EQ(dialog->information.at(2), "FileSize 5 Byte");
   });
