@@ -13,11 +13,22 @@ namespace {
 constexpr char kMasterWord[] = "MMA";
 constexpr char kAnyDrive = 'X';
 
-// Replaces the directory of a line by that of the list. Returns the old one.
+// Replaces the directory of a line by that of the list. Returns the old one. The root of a drive
+// ends in a backslash, which a path below it keeps.
 std::string ReplaceDirectory(const std::string& listDirectory, std::string* line) {
   std::string directory;
   LineDirectory(*line, &directory);
-  ReplaceAll(directory, DriveForm(listDirectory), line);
+  const std::string replacement = DriveForm(listDirectory);
+  if (!directory.ends_with('\\')) {
+    ReplaceAll(directory, replacement, line);
+    return directory;
+  }
+  for (size_t at = line->find(directory); at != std::string::npos; at = line->find(directory, at)) {
+    const size_t end = at + directory.size();
+    const bool isWhole = end == line->size() || (*line)[end] == ' ';
+    line->replace(at, end - (isWhole ? 0 : 1) - at, replacement);
+    at += replacement.size();
+  }
   return directory;
 }
 

@@ -26,6 +26,9 @@ TEST(JobListFile, LineGetsTheDirectoryOfTheList) {
       // matters, and inserted text is not replaced again.
       {kJobs, "Dir c:\\die FS 1 MMA c:\\die\\a.mma ", "Dir X:\\jobs FS 1 MMA X:\\jobs\\a.mma  "},
       {kJobs, "Dir c:\\die FS 1 MMA C:\\die\\a.mma ", "Dir X:\\jobs FS 1 MMA C:\\die\\a.mma  "},
+      // A path below a root is joined by one backslash.
+      {kJobs, "Dir c:\\ FS 1 MMA c:\\die\\a.mma ", "Dir X:\\jobs FS 1 MMA X:\\jobs\\die\\a.mma  "},
+      {"c:\\week1.mcf", "Dir e:\\ FS 1 MMA e:\\a.mma", "Dir X: FS 1 MMA X:\\a.mma "},
       {"c:\\a\\b\\week1.mcf", "Dir b FS 1 b ", "Dir X:\\a\\b FS 1 X:\\a\\b  "},
   };
   for (const auto& [list, optionLine, written] : cases) {
