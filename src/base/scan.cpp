@@ -2,6 +2,7 @@
 #include "base/scan.h"
 
 #include <charconv>
+#include <cmath>
 #include <cstdlib>
 #include <limits>
 
@@ -23,12 +24,6 @@ bool IsSign(char c) {
 }
 char ToLower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-bool IsLetter(char c) {
-  return ToLower(c) >= 'a' && ToLower(c) <= 'z';
-}
-bool IsHexDigit(char c) {
-  return IsDigit(c) || (ToLower(c) >= 'a' && ToLower(c) <= 'f');
 }
 
 std::string_view WithoutLeadingWhite(std::string_view text) {
@@ -61,17 +56,6 @@ class Cursor {
     ++position_;
     return true;
   }
-  // Takes the whole word or nothing.
-  bool TakeWord(std::string_view lowerCase) {
-    const size_t start = position_;
-    for (const char letter : lowerCase) {
-      if (!TakeLetter(letter)) {
-        position_ = start;
-        return false;
-      }
-    }
-    return true;
-  }
 
  private:
   std::string_view text_;
@@ -86,28 +70,35 @@ void StringToReal(const std::string& text, float* value) {
   *value = strtof_l(text.c_str(), nullptr, CLocale());
 }
 
-// The characters that can stand in a number, so that a rare case copies no more of a long text.
-std::string NumberText(std::string_view text) {
-  Cursor cursor(text);
-  cursor.TakeAll([](char c) {
-    return IsDigit(c) || IsLetter(c) || IsSign(c) || c == '.' || c == '_' || c == '(' || c == ')';
-  });
-  return std::string(cursor.Taken());
+bool TakeWholeNumber(Cursor* cursor) {
+  cursor->TakeIf(IsSign);
+  return cursor->TakeAll(IsDigit);
+}
+
+// A decimal number, and behind it an exponent, which may end before its digits.
+bool TakeReal(Cursor* cursor) {
+  bool taken = TakeWholeNumber(cursor);
+  if (cursor->TakeLetter('.')) taken |= cursor->TakeAll(IsDigit);
+  if (!taken) return false;
+  if (cursor->TakeLetter('e')) TakeWholeNumber(cursor);
+  return true;
 }
 
 // The number at the start of a text, 0 if there is none. std::from_chars is fast and knows no
-// locale, but has no plus sign and no hexadecimal form and does not tell an overflow from an
-// underflow: the latter two go to the C library.
+// locale, but has no plus sign, takes "nan" and "inf" for numbers, and does not tell an overflow
+// from an underflow: the C library does that.
 template <typename Real>
 Real RealAtStart(std::string_view text) {
   std::string_view number = text;
-  if (number.size() > 1 && number[0] == '+' && number[1] != '-') number.remove_prefix(1);
-  const char* const end = number.data() + number.size();
+  if (!number.empty() && number[0] == '+') number.remove_prefix(1);
+  const size_t first = !number.empty() && number[0] == '-' && number.size() == text.size() ? 1 : 0;
+  if (first == number.size() || !(IsDigit(number[first]) || number[first] == '.')) return 0;
   Real value = 0;
-  const auto [stop, error] = std::from_chars(number.data(), end, value);
-  if (error == std::errc::invalid_argument) return 0;
-  const bool mayBeHexadecimal = stop != end && ToLower(*stop) == 'x';
-  if (error != std::errc() || mayBeHexadecimal) StringToReal(NumberText(text), &value);
+  const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
+  if (result.ec != std::errc::result_out_of_range) return value;
+  Cursor cursor(text);
+  TakeReal(&cursor);
+  StringToReal(std::string(cursor.Taken()), &value);
   return value;
 }
 
@@ -123,33 +114,6 @@ int32_t WholeNumber(std::string_view text) {
   }
   if (negative) return static_cast<int32_t>(-magnitude);
   return static_cast<int32_t>(magnitude > kHighest ? kHighest : magnitude);
-}
-
-bool TakeWholeNumber(Cursor* cursor) {
-  cursor->TakeIf(IsSign);
-  return cursor->TakeAll(IsDigit);
-}
-
-// Digits with a point, and behind them an exponent, which may end before its digits.
-bool TakeFigures(Cursor* cursor, bool (*isFigure)(char), char exponent, bool taken) {
-  taken |= cursor->TakeAll(isFigure);
-  if (cursor->TakeLetter('.')) taken |= cursor->TakeAll(isFigure);
-  if (!taken) return false;
-  if (cursor->TakeLetter(exponent)) {
-    cursor->TakeIf(IsSign);
-    cursor->TakeAll(IsDigit);
-  }
-  return true;
-}
-
-bool TakeReal(Cursor* cursor) {
-  cursor->TakeIf(IsSign);
-  for (const char* word : {"nan", "infinity", "inf"}) {
-    if (cursor->TakeWord(word)) return true;
-  }
-  const bool zero = cursor->TakeLetter('0');
-  if (zero && cursor->TakeLetter('x')) return TakeFigures(cursor, IsHexDigit, 'p', false);
-  return TakeFigures(cursor, IsDigit, 'e', zero);
 }
 
 }  // namespace
@@ -193,8 +157,10 @@ bool WordScanner::ReadFloat(float* value) {
   Cursor cursor(text_.substr(position_));
   const bool fits = TakeReal(&cursor);
   position_ += cursor.Taken().size();
-  if (fits) *value = RealAtStart<float>(cursor.Taken());
-  return fits;
+  const float number = RealAtStart<float>(cursor.Taken());
+  if (!fits || !std::isfinite(number)) return false;
+  *value = number;
+  return true;
 }
 
 bool WordScanner::ReadInt(int32_t* value) {

@@ -7,8 +7,9 @@
 
 namespace tvx {
 
-// Text to number as C's atof does it in the "C" locale: white space, then the longest valid prefix;
-// 0 if there is none. Overflow gives an infinity. Never looks at the locale of the process.
+// Text to number: white space, then the longest prefix that is a decimal number; 0 if there is
+// none. C's atof in the "C" locale, except that "nan", "inf" and hexadecimal numbers are texts like
+// any other. Overflow gives an infinity. Never looks at the locale of the process.
 double TextToDouble(std::string_view text);
 
 // The same rounded to 32 bits.
@@ -17,13 +18,16 @@ float TextToFloat(std::string_view text);
 // Text to whole number as C's atoi does it; values beyond 32 bits are held at the range's ends.
 int32_t TextToInt(std::string_view text);
 
+// An empty word as it is written to a file of words, where it would make the next key its value.
+inline constexpr std::string_view kEmptyWord = "-";
+
 // True if the two texts are equal apart from the case of the ASCII letters.
 bool EqualNoCase(std::string_view a, std::string_view b);
 
 // Reads a text word by word as fscanf does with "%s", "%f" and "%d". White space (blank, tab, line
 // feed, vertical tab, form feed, carriage return) separates the words; words have any length.
-// Numbers are read as in the "C" locale: a float may be hexadecimal, "inf" or "nan", one that
-// overflows is an infinity, and a whole number beyond 32 bits is held at the range's ends.
+// Numbers are read as by the functions above; a whole number beyond 32 bits is held at the range's
+// ends.
 class WordScanner {
  public:
   // The text is not copied and has to outlive the scanner.
@@ -33,9 +37,8 @@ class WordScanner {
   // the first that does not fit stays unread, also in the middle of a word ("12.5" as a whole
   // number is 12 and leaves ".5"). Returns false and leaves *value alone at the end of the text, or
   // if what was taken is no number. Mostly that is nothing, so the next call meets the same word
-  // again, but the sign of "-x" and the point of ".x" are gone. A name is not touched because it
-  // begins like "nan" or "inf", as C would have it. An exponent without digits ("1e+x") is taken
-  // and counts as 0.
+  // again, but the sign of "-x" and the point of ".x" are gone, and so is a float that overflows.
+  // An exponent without digits ("1e+x") is taken and counts as 0.
   bool ReadWord(std::string* value);
   bool ReadFloat(float* value);
   bool ReadInt(int32_t* value);

@@ -163,6 +163,18 @@ bool IsUtf8(std::string_view bytes) {
   return true;
 }
 
+std::string ShownText(std::string_view utf8) {
+  // The first bytes of the private characters, U+10FF80 to U+10FFFF.
+  constexpr std::string_view kForeign[] = {"\xF4\x8F\xBE", "\xF4\x8F\xBF"};
+  std::string shown(utf8);
+  for (const std::string_view foreign : kForeign) {
+    for (size_t at = shown.find(foreign); at != shown.npos; at = shown.find(foreign, at)) {
+      shown.replace(at, CharacterEnd(shown, at) - at, "\uFFFD");
+    }
+  }
+  return shown;
+}
+
 void ReplaceAll(std::string_view from, std::string_view to, std::string* text) {
   if (from.empty()) return;
   for (size_t at = text->find(from); at != std::string::npos; at = text->find(from, at)) {

@@ -15,6 +15,9 @@ std::string DecodeCp949(std::string_view bytes);
 // sequence, becomes one "?". Never fails.
 std::string EncodeCp949(std::string_view utf8);
 
+// The text for output that is not read back: U+FFFD for each byte that did not decode.
+std::string ShownText(std::string_view utf8);
+
 // True for well-formed UTF-8, plain ASCII included.
 bool IsUtf8(std::string_view bytes);
 

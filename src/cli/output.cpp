@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "base/text.h"
 #include "cli/command.h"
 #include "platform/terminal.h"
 
@@ -17,7 +18,8 @@ bool isQuiet = false;
 
 void Print(std::string_view text) {
   ShowProgress("");
-  std::fwrite(text.data(), 1, text.size(), stdout);
+  const std::string shown = ShownText(text);
+  std::fwrite(shown.data(), 1, shown.size(), stdout);
 }
 
 void PrintRemark(std::string text) {
@@ -25,7 +27,7 @@ void PrintRemark(std::string text) {
   std::ranges::replace_if(
       text, [](char c) { return static_cast<unsigned char>(c) < ' '; }, '?');
   ShowProgress("");
-  std::fprintf(stderr, "tvx-cli: %s\n", text.c_str());
+  std::fprintf(stderr, "tvx-cli: %s\n", ShownText(text).c_str());
 }
 
 void BeQuiet() {

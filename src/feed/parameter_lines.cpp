@@ -1,6 +1,8 @@
 // One overload per type of value prints, reads or converts it; the table selects them.
 #include "feed/parameter_lines.h"
 
+#include <cmath>
+
 #include "base/format.h"
 #include "base/text.h"
 
@@ -15,7 +17,7 @@ std::string Print(float value) {
   return Format("%f", value);
 }
 std::string Print(const std::string& value) {
-  return value;
+  return value.empty() ? std::string(kEmptyWord) : value;
 }
 
 bool ReadValue(WordScanner* words, int32_t* value) {
@@ -25,17 +27,20 @@ bool ReadValue(WordScanner* words, float* value) {
   return words->ReadFloat(value);
 }
 bool ReadValue(WordScanner* words, std::string* value) {
-  return words->ReadWord(value);
+  if (!words->ReadWord(value)) return false;
+  if (*value == kEmptyWord) value->clear();
+  return true;
 }
 
 void Convert(const std::string& word, int32_t* value) {
   *value = TextToInt(word);
 }
 void Convert(const std::string& word, float* value) {
-  *value = TextToFloat(word);
+  const float number = TextToFloat(word);
+  if (std::isfinite(number)) *value = number;
 }
 void Convert(const std::string& word, std::string* value) {
-  *value = word;
+  *value = word == kEmptyWord ? "" : word;
 }
 
 template <typename Value>

@@ -1,4 +1,5 @@
-// The lines of condition files and of the parameter file: a key, a blank and a value. Each of the
+// The lines of condition files and of the parameter file: a key, a blank and a value, which is
+// kEmptyWord for an empty text. Each of the
 // two formats is one table of lines, which its reader and its writer walk.
 #pragma once
 
@@ -45,7 +46,8 @@ void ReadLinesByPlace(std::span<const ParameterLine> lines, WordScanner* words, 
 
 // Reads pairs of a key and a value up to the end of the text. Unknown keys and a last key without a
 // value are skipped; of a repeated key the last value counts. A value that is no number is
-// converted as far as it can be. `spindle` may be null if no line of the table needs it.
+// converted as far as it can be; one that overflows leaves its field as it was. `spindle` may be
+// null if no line of the table needs it.
 void ReadLinesByKey(std::span<const ParameterLine> lines, WordScanner* words, JobRecord* record,
                     int32_t* spindle);
 

@@ -35,7 +35,9 @@ std::string FirstStartText(const Configuration& configuration) {
 std::string SavedText(const Configuration& configuration) {
   std::string text;
   for (const ConfigurationField& field : kFields) {
-    text += field.key + std::string(" ") + configuration.*field.value + "\r\n";
+    const std::string& value = configuration.*field.value;
+    text +=
+        field.key + std::string(" ") + (value.empty() ? std::string(kEmptyWord) : value) + "\r\n";
   }
   return text;
 }
@@ -46,7 +48,8 @@ void TakePairs(std::string_view bytes, Configuration* configuration) {
   std::string value;
   while (ReadShortWord(&words, &key) && ReadShortWord(&words, &value)) {
     for (const ConfigurationField& field : kFields) {
-      if (EqualNoCase(field.key, key)) configuration->*field.value = value;
+      if (!EqualNoCase(field.key, key)) continue;
+      configuration->*field.value = value == kEmptyWord ? "" : value;
     }
   }
 }

@@ -86,7 +86,7 @@ std::string RandomText(std::mt19937* random, const std::string& characters) {
 
 TEST(TextToNumber, AgreesWithTheCLibrary) {
   std::vector<std::string> texts = {" \t\r\n\v\f7", "X10", "1,5", "5\0005"s, "-0", "1e", "1e+"};
-  for (const char* text : {"1e400", "-1e400", "1e-400", "1e-310", "infinity", "-INF", "-0X1p3z",
+  for (const char* text : {"1e400", "-1e400", "1e-400", "1e-310", "+-1", "-+1",
                            "1.00000005960464478", "2147483647", "2147483648", "-2147483648",
                            "-2147483649", "9223372036854775808", "18446744073709551617"}) {
     texts.emplace_back(text);
@@ -96,7 +96,7 @@ TEST(TextToNumber, AgreesWithTheCLibrary) {
   texts.push_back("1" + std::string(400, '0') + "e-400");
   std::mt19937 random(1);
   for (int i = 0; i < 200000; ++i) {
-    texts.push_back(RandomText(&random, "00123456789..+-eExXpPinfaty( \t"));
+    texts.push_back(RandomText(&random, "00123456789..+-eEq( \t"));
   }
   for (const std::string& text : texts) {
     const double real = std::atof(text.c_str());
@@ -136,7 +136,9 @@ std::string OutcomeInC(const std::string& text, char conversion) {
   float real = 0;
   long whole = 0;  // longer than any of these texts, held in range afterwards
   char word[64];
-  if (conversion == 'f' && std::fscanf(file.get(), "%f", &real) == 1) outcome = Format("%a", real);
+  if (conversion == 'f' && std::fscanf(file.get(), "%f", &real) == 1 && std::isfinite(real)) {
+    outcome = Format("%a", real);
+  }
   if (conversion == 'd' && std::fscanf(file.get(), "%ld", &whole) == 1) {
     outcome = Format("%d", HeldIn32Bits(whole));
   }
@@ -147,9 +149,7 @@ std::string OutcomeInC(const std::string& text, char conversion) {
 TEST(WordScanner, AgreesWithTheCLibrary) {
   std::mt19937 random(2);
   for (int i = 0; i < 100000; ++i) {
-    const std::string text = RandomText(&random, "00123456789..+-eExXpPaf \n");
-    // The library here takes a prefix and a point for a number, which the standard does not.
-    if (text.find("x.") != std::string::npos || text.find("X.") != std::string::npos) continue;
+    const std::string text = RandomText(&random, "00123456789..+-eEq \n");
     for (const char conversion : {'f', 'd'}) {
       ASSERT_EQ(Outcome(text, conversion), OutcomeInC(text, conversion)) << '"' << text << '"';
     }
@@ -158,13 +158,8 @@ TEST(WordScanner, AgreesWithTheCLibrary) {
 
 TEST(WordScanner, WhatDoesNotFitStaysUnread) {
   const char* const kCases[][3] = {
-      {"Name 1", "d", "-|Name|1"},
-      {"nan(1)", "f", "nan|(1)"},
-      {"NaFeed", "f", "-|NaFeed"},  // the start of a name is not lost
-      {"IntNcdataFlg", "f", "-|IntNcdataFlg"},
-      {"-Infinity!", "f", "-inf|!"},
-      {"infix", "f", "inf|ix"},
-      {"1e39", "f", "inf"},
+      {"Name 1", "d", "-|Name|1"},        {"nan(1)", "f", "-|nan(1)"}, {"inf", "f", "-|inf"},
+      {"-Infinity!", "f", "-|Infinity!"}, {"0x10", "f", "0x0p+0|x10"}, {"1e39 2", "f", "-|2"},
   };
   for (const auto& [text, conversion, outcome] : kCases) {
     EXPECT_EQ(Outcome(text, *conversion), outcome) << text;
@@ -203,7 +198,7 @@ TEST(Numbers, HaveADecimalPointInEveryLocale) {
   EXPECT_EQ(Format("%s %.1f", std::string(300, 'x').c_str(), 0.5), std::string(300, 'x') + " 0.5");
   EXPECT_EQ(ShortestFloat(0.5f), "0.5");
   EXPECT_EQ(TextToDouble("1,5"), 1);
-  EXPECT_EQ(TextToDouble("0x1.8"), 1.5);
+  EXPECT_EQ(TextToDouble("inf") + TextToDouble("-nan") + TextToDouble("0x1.8"), 0);
   EXPECT_EQ(TextToDouble("1.5e400"), HUGE_VAL);
   EXPECT_EQ(Outcome("2.25 1,5", 'f'), "0x1.2p+1|1,5");
   EXPECT_EQ(std::atof("1,5"), 1.5) << "the locale is not in force, or Format did not put it back";

@@ -80,6 +80,11 @@ TEST(Text, WhatCp949LacksBecomesOneQuestionMark) {
   }
 }
 
+TEST(ShownText, ReplacesUndecodedBytesAlone) {
+  EXPECT_EQ(ShownText(DecodeCp949("a\xFF\x80\xB0\xA1") + "\U0010FEFF"),
+            "a\uFFFD\uFFFD가\U0010FEFF");
+}
+
 TEST(ReplaceAll, LeavesTheReplacementAlone) {
   std::string text = "aXa";
   ReplaceAll("a", "ba", &text);

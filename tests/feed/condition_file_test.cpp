@@ -39,6 +39,8 @@ TEST(ConditionFile, ReadsBackWhatItWrites) {
   MemoryFiles files;
   EXPECT_EQ(WriteConditionFile(kPath, Record(all + " AfaByMaster=1"), 3200, &files), kDone);
   EXPECT_EQ(Read(DecodeCp949(files.Bytes(kPath))), all + " Spindle=3200");
+  EXPECT_EQ(WriteConditionFile(kPath, Record("ConCorChk=0 Material="), 1000, &files), kDone);
+  EXPECT_EQ(Read(DecodeCp949(files.Bytes(kPath))), "ConCorChk=0 Material=");
 }
 
 TEST(ConditionFile, FirstNineValuesByPlaceTheOthersByKey) {
@@ -65,6 +67,10 @@ TEST(ConditionFile, FirstNineValuesByPlaceTheOthersByKey) {
       {nine + "CorWeight0 .5 CorWeight30 5e-1 SideWeight0 0,5",
        "CorWeight0=0.5 CorWeight30=0.5 SideWeight0=0"},
       {nine + "SideCorRat 2 SideCorRat x y ZupZdown 2", "SideCorRat=0"},
+      // Decimal prefixes; what overflows leaves the field.
+      {nine + "CorWeight0 nan CorWeight30 0x10 CorWeight60 2e SideWeight0 - SideWeight30 . "
+              "SideWeight60 1e999 ZupZdown -inf",
+       "CorWeight0=0 CorWeight30=0 CorWeight60=2 SideWeight0=0 SideWeight30=0 ZupZdown=0"},
   };
   for (const auto& [text, changes] : rows) EXPECT_EQ(Read(text), changes) << text;
 }

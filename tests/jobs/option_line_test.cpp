@@ -76,8 +76,8 @@ TEST(OptionLine, ConditionsReadInAnyOrderUpToTheScanLimit) {
           {"Afa ON TD x CW 0.5 y 0.2 SW 0.5" + switches, "CorWeight0=0.5 SideWeight0=0.5"},
           {"Afa ON TD CMIA 3.0 CMAR -.25 MAF 12.7 AF 1e3 MAT  a  b" + switches,
            "CornerMinAngle=3 CornerMaxRatio=-0.25 MaxFeed=12 PlungeFeed=1 Material=a"},
-          {"Afa ON TD 1e99 SD 1 MAF 99999999999 MAT" + switches,
-           "ToolDiameter=inf SafetyDistance=1 MaxFeed=2147483647 Material=CCC"},
+          {"Afa ON TD 1e99 SD 0x10 MAF 99999999999 MAT" + switches,
+           "SafetyDistance=0 MaxFeed=2147483647 Material=CCC"},
           // Words need a blank on either side.
           {"Afa ON XTD 1 TDX 1 TD", "AfaEnabled=0 " + switchedOff},
           {"Afa ON TD 3" + switches + longPath + " ", "ToolDiameter=3 AfaMasterFile=" + longPath},

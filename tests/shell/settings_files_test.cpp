@@ -61,7 +61,9 @@ TEST(Configuration, TheDialogSavesAndHandsBack) {
   edit(true);
   EXPECT_EQ(ui.messages.size(), 1U);
   EXPECT_EQ(DecodeCp949(files.Bytes(kConfigurationFile)),
-            "환경Dir c:\\환경\r\nWorkDir \r\nAFADir c:\\marlo\\afa\r\nEditor my editor\r\n");
+            "환경Dir c:\\환경\r\nWorkDir -\r\nAFADir c:\\marlo\\afa\r\nEditor my editor\r\n");
+  ReadConfiguration(&configuration, &files);
+  EXPECT_EQ(Values(configuration), "[c:\\환경][][c:\\marlo\\afa][my]");
 }
 
 constexpr char kExtensionFile[] = "c:\\marlo\\fileext.txt";
