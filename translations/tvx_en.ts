@@ -885,5 +885,9 @@
         <source>피드가 없는 이동 %1개는 제외</source>
         <translation>Without %1 moves that have no feed</translation>
     </message>
+    <message>
+        <source>클릭한 줄의 내용이 여기에 나옵니다.</source>
+        <translation>Click a row to see its line here.</translation>
+    </message>
 </context>
 </TS>

@@ -137,7 +137,9 @@ void CheckDock::ShowKinds() {
       row->setChildIndicatorPolicy(QTreeWidgetItem::ShowIndicator);
     }
   }
-  status_->setText(rows_->topLevelItemCount() > 0 ? "" : StateText(state_));
+  const bool hasRows = rows_->topLevelItemCount() > 0;
+  remark_->setPlaceholderText(hasRows ? Translated("클릭한 줄의 내용이 여기에 나옵니다.") : "");
+  status_->setText(hasRows ? "" : StateText(state_));
   status_->setVisible(!status_->text().isEmpty());
 }
 
