@@ -123,6 +123,8 @@ void RunJobList(CTVXView* view) {
     app->programs->Quit();
     return;
   }
+  // The browser of the dialog moves it. Pictures and reports of later commands are written into it.
+  const std::string directory = app->files->CurrentDirectory();
   dialog.Open({.slot = slot,
                .working = &view->job,
                .environmentDir = app->configuration.EnvDir,
@@ -131,7 +133,10 @@ void RunJobList(CTVXView* view) {
                .programs = app->programs,
                .spindleSpeed = SpindleSpeedOf(*app),
                .labelLanguage = app->LabelLanguage});
-  if (!app->ui->RunModal(&dialog)) return;
+  if (!app->ui->RunModal(&dialog)) {
+    app->files->SetCurrentDirectory(directory);
+    return;
+  }
 
   app->rememberedSpindle = dialog.SpindleSpeed();
   CopyJobRecord(kJobSlot, &view->job, *slot);

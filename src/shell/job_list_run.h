@@ -44,7 +44,8 @@ class RunObserver {
 };
 
 // The command "다중 Afa Cut Time": shows the job dialog and runs the accepted list; failures show
-// their messages. If the transfer program is running, TVX quits instead.
+// their messages. A dialog that is cancelled leaves the current directory where it was. If the
+// transfer program is running, TVX quits instead.
 void RunJobList(CTVXView* view);
 
 // Runs the list in the working record: each entry takes its options from its own line, and is

@@ -213,6 +213,7 @@ TEST_F(JobListRun, RecordsEveryEntryWithItsOwnOptions) {
 TEST_F(JobListRun, EndsAtTheDialogOrTheTransferProgram) {
   app.rememberedSpindle = -5;
   view.job.KeyCodeOn = view.job.KeyCodeCount = 2;
+  files.SetCurrentDirectory("c:\\windows");
   OnJobs(false, [this](CTransferDlg* dialog) {
     EXPECT_EQ(app.JobSlots[1].KeyCodeOn + app.JobSlots[1].KeyCodeCount, 0);
     EXPECT_EQ(dialog->SpindleSpeed(), 1000);
@@ -220,6 +221,7 @@ TEST_F(JobListRun, EndsAtTheDialogOrTheTransferProgram) {
   });
   RunJobList(&view);
   EXPECT_EQ(app.rememberedSpindle, -5) << "only an accepted dialog changes it";
+  EXPECT_EQ(files.CurrentDirectory(), "c:\\windows");
   OnEntries({});
   RunJobList(&view);
   EXPECT_EQ(view.results.entryCount, 0);
