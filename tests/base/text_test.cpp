@@ -1,4 +1,4 @@
-// CP949 text: every character both ways, foreign bytes, random bytes.
+// CP949 text both ways: every syllable, foreign bytes, characters without a code; parts of paths.
 #include "base/text.h"
 
 #include <gtest/gtest.h>
