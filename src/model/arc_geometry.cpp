@@ -71,7 +71,10 @@ int ArcCentreFromRadius(const Vec3& start, const Vec3& end, float radius, uint32
   };
   Vec3 p = candidate(1, 1);
   Vec3 q = candidate(-1, -1);
-  const double distance = SafeSqrt(Square(p.x - start.x) + Square(p.y - start.y));
+  // In double: at such radii a difference rounded to single precision fails the tolerance.
+  const double toStartX = static_cast<double>(p.x) - start.x;
+  const double toStartY = static_cast<double>(p.y) - start.y;
+  const double distance = SafeSqrt(toStartX * toStartX + toStartY * toStartY);
   if (!(std::abs(distance - std::abs(static_cast<double>(radius))) < kRadiusTolerance)) {
     p = candidate(-1, 1);
     q = candidate(1, -1);

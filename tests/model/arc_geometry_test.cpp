@@ -19,6 +19,14 @@ TEST(ArcGeometry, CentreFromRadiusIsForArcsAlone) {
   EXPECT_EQ((std::array{offset.x, offset.z}), (std::array{5.0F, 3.0F}));
 }
 
+// The rounding of single precision chose the other candidate, a centre that is not on the radius.
+TEST(ArcGeometry, CentreOfHugeRadiusIsOnTheRadius) {
+  Vec3 offset;
+  ArcCentreFromRadius({-16000, -41.347F, -16000}, {-32700, 1, -16000}, 1000000, BlockArcCw,
+                      &offset);
+  EXPECT_EQ(offset.x, -5814.3477F);
+}
+
 TEST(ArcGeometry, CentreFromRadiusIsAsFarFromBothEnds) {
   for (int degrees = 0; degrees < 360; degrees += 15) {
     const double angle = degrees * 0.01745329;
