@@ -720,6 +720,14 @@
         <translation>There is no program; no picture file was made.</translation>
     </message>
     <message>
+        <source>다른 종류의 화일이 있습니다. 바꾸겠습니까?</source>
+        <translation>There is a file of another kind. Replace it?</translation>
+    </message>
+    <message>
+        <source>화일 바꾸기</source>
+        <translation>Replace a file</translation>
+    </message>
+    <message>
         <source>결과 목록이 가득 차서 기록하지 않았습니다.</source>
         <translation>The list of results is full; nothing was recorded.</translation>
     </message>

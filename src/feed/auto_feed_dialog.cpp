@@ -5,6 +5,7 @@
 #include "base/path_text.h"
 #include "base/scan.h"
 #include "feed/condition_file.h"
+#include "platform/replace_question.h"
 
 namespace tvx {
 
@@ -99,8 +100,10 @@ void CAutoFeedDlg::ReadFile() {
 void CAutoFeedDlg::SaveFile() {
   FileQuestion question = ConditionFileQuestion(own);
   question.save = true;
+  question.defaultExtension = "afa";
   std::string path;
   ui_->ChooseFile(question, &path);
+  if (!MayReplace(path, IsConditionFile, files_, ui_)) return;
   if (WriteConditionFile(path, own, SpindleSpeed, files_) != SettingsResult::kDone) {
     ui_->ShowMessage({.text = "화일을 열수 없읍니다. "});
   }

@@ -43,6 +43,10 @@ std::string DefaultConditionPath(const std::string& environmentDir) {
   return environmentDir + "\\afa\\tvx.afa";
 }
 
+bool IsConditionFile(std::string_view start) {
+  return start.starts_with(EncodeCp949(kLines[0].key));
+}
+
 SettingsResult ReadConditionFile(const std::string& path, JobRecord* record, int32_t* spindle,
                                  Files* files) {
   std::string bytes;

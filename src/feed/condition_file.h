@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "feed/parameter_lines.h"
 #include "model/job_record.h"
@@ -13,6 +14,9 @@ namespace tvx {
 
 // The file with the defaults of a program start: afa\tvx.afa below the environment directory.
 std::string DefaultConditionPath(const std::string& environmentDir);
+
+// True for the first bytes of a file that WriteConditionFile has written.
+bool IsConditionFile(std::string_view start);
 
 // Reads a file over the record and *spindle (rev/min). Only fields that the file holds change; a
 // value that cannot be read leaves its field as it was. The switch AfaByMaster is written but never

@@ -84,12 +84,15 @@ bool AllFieldsFinite(const MasterGrid& grid) {
   return true;
 }
 
-// Master files have no signature: a file whose header fits its size is one.
-bool IsMasterFile(const MasterGrid& header, uint64_t fileSize) {
+// Master files have no signature: a header with counts that fit each other is one.
+bool IsMasterHeader(const MasterGrid& header) {
   return header.NX > 0 && header.NY > 0 &&
          header.CellCount == static_cast<int64_t>(header.NX) * header.NY &&
-         fileSize == kHeaderBytes + kCellBytes * static_cast<uint64_t>(header.CellCount) &&
          AllFieldsFinite(header) && header.CellSize > 0;
+}
+
+uint64_t FileSize(const MasterGrid& header) {
+  return kHeaderBytes + kCellBytes * static_cast<uint64_t>(header.CellCount);
 }
 
 // Reads exactly `size` bytes. Returns false if there are fewer.
@@ -147,6 +150,13 @@ MasterFileResult WriteMasterFile(const std::string& path, const MasterGrid& grid
   return written ? MasterFileResult::kDone : MasterFileResult::kCannotWrite;
 }
 
+bool IsMasterFile(std::string_view start) {
+  if (start.size() < kHeaderBytes) return false;
+  MasterGrid header;
+  TakeHeader(start, &header);
+  return IsMasterHeader(header);
+}
+
 MasterFileResult ReadMasterFile(const std::string& path, MasterGrid* grid, Files* files) {
   const auto file = files->OpenForReading(path);
   if (file == nullptr) return MasterFileResult::kCannotOpen;
@@ -154,7 +164,9 @@ MasterFileResult ReadMasterFile(const std::string& path, MasterGrid* grid, Files
   if (!ReadBytes(file.get(), kHeaderBytes, &header)) return MasterFileResult::kNoMasterFile;
   MasterGrid loaded(grid->Cells.allocator());
   TakeHeader(header, &loaded);
-  if (!IsMasterFile(loaded, files->Size(path))) return MasterFileResult::kNoMasterFile;
+  if (!IsMasterHeader(loaded) || files->Size(path) != FileSize(loaded)) {
+    return MasterFileResult::kNoMasterFile;
+  }
   if (!loaded.Cells.Allocate(loaded.CellCount)) return MasterFileResult::kNoMemory;
   if (!ReadCells(file.get(), &loaded)) return MasterFileResult::kNoMasterFile;
   IndexCells(&loaded);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "feed/master_grid.h"
 #include "platform/files.h"
@@ -22,6 +23,9 @@ enum class MasterFileResult {
 // new one is complete. Returns kDone, kCannotWrite, or kNoModel for a grid without a model. An
 // older file stays as it was unless the result is kDone.
 MasterFileResult WriteMasterFile(const std::string& path, const MasterGrid& grid, Files* files);
+
+// True for the first bytes of a master file.
+bool IsMasterFile(std::string_view start);
 
 // Reads a model in place of the one in the grid. The points of the build are not in a file: x and y
 // of the cells are -9999. Returns kDone, or kCannotOpen, kNoMasterFile or kNoMemory with the grid

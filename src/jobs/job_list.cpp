@@ -42,6 +42,11 @@ void JobList::Remove(size_t position) {
   lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(position));
 }
 
+bool IsJobList(std::string_view start) {
+  std::string word;
+  return WordScanner(start).ReadWord(&word) && EqualNoCase(word, kFileWord);
+}
+
 std::string PrintJobList(const JobList& list) {
   std::string text;
   for (size_t i = 0; i < list.size(); ++i) {

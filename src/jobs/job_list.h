@@ -23,6 +23,9 @@ struct JobList {
   void Remove(size_t position);
 };
 
+// True for the first bytes of a saved list or a .mcf file.
+bool IsJobList(std::string_view start);
+
 // The text of a saved list, UTF-8, lines ending in CR LF.
 std::string PrintJobList(const JobList& list);
 

@@ -5,6 +5,8 @@
 
 #include "base/format.h"
 #include "base/path_text.h"
+#include "jobs/job_list.h"
+#include "platform/replace_question.h"
 #include "reports/job_list_file.h"
 #include "reports/spreadsheet_export.h"
 #include "reports/text_report.h"
@@ -20,12 +22,14 @@ constexpr int kNoFile = -1;
 FileQuestion ReportQuestion() {
   return {.save = true,
           .confirmsOverwrite = true,
+          .defaultExtension = "tvx",
           .fileName = "*.tvx",
           .filter = "TVX file (*.tvx)|*.tvx|모든 화일(*.*)|*.*||"};
 }
 
 FileQuestion ListQuestion() {
   return {.save = true,
+          .defaultExtension = "mcf",
           .fileName = "*.mcf",
           .filter = "TVX file (*.mcf)|*.mcf|모든 화일(*.*)|*.*||",
           .title = "TVX  화일명을 입력 하시요!!"};
@@ -114,17 +118,19 @@ Closing CCutTimeListDlg::WriteReport() {
   return Closing::kStaysOpen;
 }
 
+bool CCutTimeListDlg::ChooseList(std::string* path) {
+  return ui_->ChooseFile(ListQuestion(), path) && MayReplace(*path, IsJobList, files_, ui_);
+}
+
 Closing CCutTimeListDlg::WriteList() {
   std::string path;
-  if (ui_->ChooseFile(ListQuestion(), &path)) WriteJobListFile(path, *results_, files_);
+  if (ChooseList(&path)) WriteJobListFile(path, *results_, files_);
   return Closing::kStaysOpen;
 }
 
 Closing CCutTimeListDlg::WriteListCopy() {
   std::string path;
-  if (ui_->ChooseFile(ListQuestion(), &path)) {
-    WriteJobListFileCopy(path, *results_, files_, nullptr);
-  }
+  if (ChooseList(&path)) WriteJobListFileCopy(path, *results_, files_, nullptr);
   return Closing::kStaysOpen;
 }
 

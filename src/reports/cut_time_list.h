@@ -71,6 +71,8 @@ class CCutTimeListDlg final : public Dialog {
 
  private:
   void Fill();
+  // Asks where to write a job list, and before it replaces a file of another kind.
+  bool ChooseList(std::string* path);
 
   ResultTable* results_;
   Files* files_;

@@ -3,6 +3,7 @@
 
 #include "feed/master_file.h"
 #include "feed/master_picture.h"
+#include "platform/replace_question.h"
 #include "shell/messages.h"
 #include "shell/tvx_view.h"
 
@@ -76,6 +77,7 @@ void DeleteMaster(MasterGrid* grid, UserInterface* ui) {
 void SaveMasterCommand(const MasterContext& context) {
   std::string path;
   if (!ChooseMasterFile(context, true, &path)) return;
+  if (!MayReplace(path, IsMasterFile, context.files, context.ui)) return;
   if (context.grid->Cells.Empty()) context.ui->ShowStatus("저장할 마스터 모델이 없습니다.");
   ShowFailure(WriteMasterFile(path, *context.grid, context.files), context.ui);
 }

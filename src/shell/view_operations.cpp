@@ -3,6 +3,7 @@
 #include "shell/view_operations.h"
 
 #include "base/path_text.h"
+#include "platform/replace_question.h"
 #include "shell/cut_time_commands.h"
 #include "shell/job_list_run.h"
 #include "shell/master_commands.h"
@@ -47,12 +48,14 @@ void Load(CTVXView* view, int /*argument*/) {
 void MakePicture(CTVXView* view, int /*argument*/) {
   std::string path;
   const FileQuestion question{.save = true,
-                              .defaultExtension = "",
+                              .defaultExtension = "emf",
                               .fileName = "*.emf",
                               .filter = "Meta file (*.emf)|*.emf|모든 화일(*.*)|*.*||",
                               .directory = ""};
   if (!view->app->ui->ChooseFile(question, &path)) return;
-  WritePicture(NameOfPath(path, kAnySlash), SceneOf(view), view->app->files);
+  const std::string name = NameOfPath(path, kAnySlash);
+  if (!MayReplace(name, IsMetafile, view->app->files, view->app->ui)) return;
+  WritePicture(name, SceneOf(view), view->app->files);
 }
 
 void ShowResultList(CTVXView* view, int /*argument*/) {

@@ -108,6 +108,12 @@ std::optional<PictureFormat> PictureFormatOf(std::string_view path) {
   return std::nullopt;
 }
 
+bool IsMetafile(std::string_view start) {
+  constexpr size_t kSignaturePlace = 40;
+  constexpr std::string_view kSignature = " EMF";
+  return start.size() >= kSignaturePlace && start.substr(kSignaturePlace).starts_with(kSignature);
+}
+
 bool WritePictureFile(PictureFormat format, const std::string& path, const Scene& scene,
                       Files* files) {
   const std::unique_ptr<OutputFile> file = files->Create(path);

@@ -17,6 +17,9 @@ enum class PictureFormat { kMetafile, kSvg, kPng };
 // nullopt for any other extension.
 std::optional<PictureFormat> PictureFormatOf(std::string_view path);
 
+// True for the first bytes of an enhanced metafile.
+bool IsMetafile(std::string_view start);
+
 // Creates or replaces the file and draws the scene into it with the current angles, pan and scale
 // of the view. SVG and PNG have a white page of the drawing area's size. Returns false if the file
 // cannot be written; an existing file is then unchanged. The state that a drawing changes in the

@@ -126,7 +126,7 @@ TEST_F(CutTimeList, FailureOfAReportIsSilentExceptForTheSpreadsheet) {
        {"message Couldn't start Excel."}},
   };
   Record({{"a.nc", 1}});
-  files.Put("c:\\marlo\\out", "older");
+  files.Put("c:\\marlo\\out", "File older");
   spreadsheets.refusesStart = true;
   for (const auto& [button, question, messages] : cases) {
     ui.OnFileCancel();
@@ -138,7 +138,7 @@ TEST_F(CutTimeList, FailureOfAReportIsSilentExceptForTheSpreadsheet) {
     EXPECT_EQ(text(ui.fileQuestions.back()), question);
     EXPECT_EQ(Lines(ui.log.begin() + 1, ui.log.end()), messages) << button;
   }
-  EXPECT_EQ(files.Bytes("c:\\marlo\\out"), "older");
+  EXPECT_EQ(files.Bytes("c:\\marlo\\out"), "File older");
   EXPECT_EQ(ui.messages.size(), 1U);
 }
 

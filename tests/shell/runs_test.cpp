@@ -3,6 +3,7 @@
 
 #include "shell/cut_time_commands.h"
 #include "shell/job_list_run.h"
+#include "shell/master_commands.h"
 #include "shell/program_steps.h"
 #include "shell/view_operations.h"
 #include "shell_test.h"
@@ -166,6 +167,37 @@ TEST_F(Runs, LoadOfMissingNameAsksBeforeItCreatesTheFile) {
     EXPECT_EQ(files.Exists(path), view.fileName == load.name) << path;
   }
   EXPECT_EQ(ui.messages.back().caption, "Error message");
+}
+
+TEST_F(Runs, WritersAskBeforeTheyReplaceFileOfAnotherKind) {
+  files.Put("c:\\surface.nc", Surface());
+  LoadFile(&view, "c:\\surface.nc");
+  BuildAndShowMaster(MasterContextOf(&view));
+  view.results.entryCount = 1;
+  view.results.entries[0].fileName = "a.nc";
+  CAutoFeedDlg condition(&files, &ui);
+  condition.Open(&view.job);
+  const std::function<void()> writers[] = {
+      [&] { RunViewCommand(&view, CommandId::kWritePicture); },
+      [&] { RunViewCommand(&view, CommandId::kMasterSave); },
+      [&] { view.cutTimeList.WriteList(); },
+      [&] { view.cutTimeList.WriteListCopy(); },
+      [&] { condition.SaveFile(); },
+  };
+  for (const auto& write : writers) {
+    const std::string path = "c:\\marlo\\ncdata\\out.nc";
+    files.Put(path, "");
+    for (int i = 0; i < 2; ++i) {  // over an empty file, and over its own kind
+      ui.OnFile(path);
+      write();
+      EXPECT_NE(files.Bytes(path), "");
+    }
+    files.Put(path, kProgram);
+    ui.OnFile(path);
+    ui.OnMessage(false);
+    write();
+    EXPECT_EQ(files.Bytes(path), kProgram) << ui.fileQuestions.back().fileName;
+  }
 }
 
 class JobListRun : public Runs {

@@ -1,0 +1,21 @@
+#include "platform/replace_question.h"
+
+#include <array>
+
+namespace tvx {
+
+bool MayReplace(const std::string& path, bool (*isOfKind)(std::string_view start), Files* files,
+                UserInterface* ui) {
+  const std::unique_ptr<InputFile> file = files->OpenForReading(path);
+  if (file == nullptr) return true;  // the write itself reports what is no plain file
+  std::array<char, 4096> bytes;
+  const size_t size = file->ReadAt(0, bytes.data(), bytes.size());
+  if (size == 0 || isOfKind({bytes.data(), size})) return true;
+  return ui->ShowMessage({.text = "다른 종류의 화일이 있습니다. 바꾸겠습니까?",
+                          .path = path,
+                          .caption = "화일 바꾸기",
+                          .icon = MessageIcon::kQuestion,
+                          .buttons = MessageButtons::kYesNo});
+}
+
+}  // namespace tvx

@@ -1,0 +1,17 @@
+// The question before a chosen name replaces a file of another kind, such as an NC program.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/files.h"
+#include "platform/user_interface.h"
+
+namespace tvx {
+
+// True if a file may be written: nothing is there, or an empty file, or one whose first bytes (up
+// to 4096) are of the kind to be written, or the user agrees. The content decides, not the name.
+bool MayReplace(const std::string& path, bool (*isOfKind)(std::string_view start), Files* files,
+                UserInterface* ui);
+
+}  // namespace tvx
