@@ -728,6 +728,10 @@
         <translation>Replace a file</translation>
     </message>
     <message>
+        <source>빈칸이 있는 이름은 리스트와 설정 화일에 적을 수 없습니다.</source>
+        <translation>The name has a blank; lists and settings files cannot hold it.</translation>
+    </message>
+    <message>
         <source>결과 목록이 가득 차서 기록하지 않았습니다.</source>
         <translation>The list of results is full; nothing was recorded.</translation>
     </message>

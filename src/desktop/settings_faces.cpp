@@ -31,8 +31,8 @@ DirSetupFace::DirSetupFace(CDirSetupDlg* dialog, QWidget* parent)
         ->setMinimumWidth(kPathWidth);
   }
   AddClosingButtons(
-      column, CDirSetupDlg::kAccept, [this] { accept(); }, CDirSetupDlg::kCancel,
-      [this] { reject(); });
+      column, CDirSetupDlg::kAccept, [this, dialog] { End(dialog->Accept()); },
+      CDirSetupDlg::kCancel, [this] { reject(); });
 }
 
 TextInputFace::TextInputFace(CTextInputDlg* dialog, QWidget* parent)

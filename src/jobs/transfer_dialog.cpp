@@ -10,6 +10,7 @@
 #include "jobs/entry_rows.h"
 #include "jobs/key_code_lines.h"
 #include "jobs/preview.h"
+#include "platform/number_field.h"
 
 namespace tvx {
 
@@ -204,6 +205,8 @@ bool CTransferDlg::IsReadableProgram(const std::string& path) {
 void CTransferDlg::InsertFile(size_t position) {
   const std::string name = browser.files.at(static_cast<size_t>(selectedFile));
   const std::string path = listOptions_.WorkDir + "\\" + name;
+  if (!AcceptWord(listOptions_.WorkDir, ui_)) return;
+  if (listOptions_.AfaByMaster == 1 && !AcceptWord(listOptions_.AfaMasterFile, ui_)) return;
   if (!IsReadableProgram(path)) return;
   if (list.IsFull()) {
     ui_->ShowMessage(MessageOf(JobMessage::kCannotEnter));

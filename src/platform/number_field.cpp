@@ -1,4 +1,4 @@
-// Checks of number fields with the messages of the dialogs.
+// Checks of fields with the messages of the dialogs.
 #include "platform/number_field.h"
 
 #include <cmath>
@@ -11,8 +11,9 @@ namespace tvx {
 
 namespace {
 
-void Refuse(const std::string& text, UserInterface* ui) {
-  ui->ShowMessage({.text = text, .caption = "TVX", .icon = MessageIcon::kExclamation});
+void Refuse(const std::string& text, UserInterface* ui, const std::string& path = {}) {
+  ui->ShowMessage(
+      {.text = text, .path = path, .caption = "TVX", .icon = MessageIcon::kExclamation});
 }
 
 bool EndsHere(WordScanner* scanner) {
@@ -60,6 +61,12 @@ void ShowRange(float lowest, float highest, UserInterface* ui) {
   Refuse(Format("%s 이상 %s 이하의 값을 입력하십시오.", ShortestFloat(lowest).c_str(),
                 ShortestFloat(highest).c_str()),
          ui);
+}
+
+bool AcceptWord(const std::string& name, UserInterface* ui) {
+  if (name.find_first_of(" \t\n\v\f\r") == std::string::npos) return true;
+  Refuse("빈칸이 있는 이름은 리스트와 설정 화일에 적을 수 없습니다.", ui, name);
+  return false;
 }
 
 }  // namespace tvx

@@ -1,8 +1,9 @@
-// Number fields of dialogs.
+// Checks of the fields of dialogs: numbers, and names that files of words can hold.
 #pragma once
 
 #include <cstdint>
 #include <limits>
+#include <string>
 #include <string_view>
 
 #include "platform/user_interface.h"
@@ -29,5 +30,9 @@ inline bool AcceptWholeNumber(std::string_view text, UserInterface* ui, int32_t*
 
 // Tells the user the range of a field whose value has been refused.
 void ShowRange(float lowest, float highest, UserInterface* ui);
+
+// True for a name that lists and settings files can hold: they would cut it at a blank. Otherwise
+// shows the user the name and the reason.
+bool AcceptWord(const std::string& name, UserInterface* ui);
 
 }  // namespace tvx

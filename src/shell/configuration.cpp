@@ -4,6 +4,7 @@
 
 #include "base/scan.h"
 #include "base/text.h"
+#include "platform/number_field.h"
 #include "shell/messages.h"
 #include "shell/short_text.h"
 
@@ -78,8 +79,15 @@ bool SaveConfiguration(const Configuration& configuration, Files* files) {
                         EncodeCp949(SavedText(configuration)));
 }
 
+Closing CDirSetupDlg::Accept() {
+  for (const ConfigurationField& field : kFields) {
+    if (!AcceptWord(values.*field.value, ui_)) return Closing::kStaysOpen;
+  }
+  return Closing::kAccepted;
+}
+
 void EditConfiguration(Configuration* configuration, Files* files, UserInterface* ui) {
-  CDirSetupDlg dialog;
+  CDirSetupDlg dialog(ui);
   dialog.values = *configuration;
   if (!ui->RunModal(&dialog)) return;
   if (!SaveConfiguration(dialog.values, files)) ShowCannotOpen(ui);

@@ -40,14 +40,23 @@ bool ReadConfiguration(Configuration* configuration, Files* files);
 // Creates or replaces the file. Returns false, with an older file as it was, if that fails.
 bool SaveConfiguration(const Configuration& configuration, Files* files);
 
-// The settings dialog, on a copy of the configuration. No value is checked.
+// The settings dialog, on a copy of the configuration.
 class CDirSetupDlg : public Dialog {
  public:
   static constexpr char kTitle[] = "환경설정";
   static constexpr char kAccept[] = "저장";
   static constexpr char kCancel[] = "취소";
 
+  explicit CDirSetupDlg(UserInterface* ui) : ui_(ui) {}
+
+  // "저장": a value that the file cannot hold shows a message, and the dialog stays open. Nothing
+  // else is checked.
+  Closing Accept();
+
   Configuration values;
+
+ private:
+  UserInterface* ui_;
 };
 
 // The command "환경설정": runs the dialog. If it is accepted, its values become the configuration

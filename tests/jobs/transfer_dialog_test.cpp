@@ -134,6 +134,17 @@ TEST_F(TransferDialog, RefusesWhatCannotBeAProgram) {
   EXPECT_EQ(dialog.list.names, Names{"late.nc"});
   EXPECT_FALSE(files.Exists("c:\\marlo\\ncdata\\gone.nc"));
 
+  // The directory that a list would cut at the blank.
+  files.Put("c:\\my parts\\p.nc", "G01");
+  slot.WorkDir = "c:\\my parts";
+  Open();
+  Append("p.nc");
+  EXPECT_EQ(ui.messages.back().path, "c:\\my parts");
+  EXPECT_EQ(dialog.list.size(), 0U);
+  slot.WorkDir = "c:\\marlo\\ncdata";
+  Open();
+  ui.messages.clear();
+
   while (dialog.list.size() < kJobListSlots) Append("a.nc");
   EXPECT_EQ(LastMessage(), "");
   Append("b.nc");

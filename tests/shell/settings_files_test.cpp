@@ -40,8 +40,11 @@ TEST(Configuration, TheDialogSavesAndHandsBack) {
       EXPECT_EQ(Values(dialog->values), kInitial);
       dialog->values.EnvDir = "c:\\환경";
       dialog->values.WorkDir = "";
-      dialog->values.Editor = "my editor";  // not checked
-      return accepts;
+      if (!accepts) return false;
+      dialog->values.Editor = "my editor";
+      EXPECT_EQ(dialog->Accept(), Closing::kStaysOpen);
+      dialog->values.Editor = "no\\editor";  // not checked
+      return dialog->Accept() == Closing::kAccepted;
     });
     EditConfiguration(&configuration, &files, &ui);
   };
@@ -52,18 +55,19 @@ TEST(Configuration, TheDialogSavesAndHandsBack) {
   // The values are those of the dialog in either case; they last until the end of the program.
   files.RefuseWrite(1);
   edit(true);
-  EXPECT_EQ(Values(configuration), "[c:\\환경][][c:\\marlo\\afa][my editor]");
+  EXPECT_EQ(Values(configuration), "[c:\\환경][][c:\\marlo\\afa][no\\editor]");
   EXPECT_EQ(files.Bytes(kConfigurationFile), before);
-  EXPECT_EQ(ui.messages.at(0).caption + ": " + ui.messages.at(0).text,
+  EXPECT_EQ(ui.messages.at(0).path, "my editor");
+  EXPECT_EQ(ui.messages.at(1).caption + ": " + ui.messages.at(1).text,
             "Error message: 화일을 열수 없읍니다.\n");
 
   ReadConfiguration(&configuration, &files);
   edit(true);
-  EXPECT_EQ(ui.messages.size(), 1U);
+  EXPECT_EQ(ui.messages.size(), 3U);
   EXPECT_EQ(DecodeCp949(files.Bytes(kConfigurationFile)),
-            "환경Dir c:\\환경\r\nWorkDir -\r\nAFADir c:\\marlo\\afa\r\nEditor my editor\r\n");
+            "환경Dir c:\\환경\r\nWorkDir -\r\nAFADir c:\\marlo\\afa\r\nEditor no\\editor\r\n");
   ReadConfiguration(&configuration, &files);
-  EXPECT_EQ(Values(configuration), "[c:\\환경][][c:\\marlo\\afa][my]");
+  EXPECT_EQ(Values(configuration), "[c:\\환경][][c:\\marlo\\afa][no\\editor]");
 }
 
 constexpr char kExtensionFile[] = "c:\\marlo\\fileext.txt";
