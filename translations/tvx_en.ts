@@ -732,6 +732,14 @@
         <translation>The name has a blank; lists and settings files cannot hold it.</translation>
     </message>
     <message>
+        <source>마스터 모델이 메모리에 없어서 사용하지 않습니다.</source>
+        <translation>The master model is not in memory and is not used.</translation>
+    </message>
+    <message>
+        <source>마스터 모델이 메모리에 없습니다. 읽겠습니까?</source>
+        <translation>The master model is not in memory. Read it?</translation>
+    </message>
+    <message>
         <source>결과 목록이 가득 차서 기록하지 않았습니다.</source>
         <translation>The list of results is full; nothing was recorded.</translation>
     </message>

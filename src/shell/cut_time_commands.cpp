@@ -2,6 +2,7 @@
 
 #include "shell/cut_time_commands.h"
 
+#include "feed/master_file.h"
 #include "shell/messages.h"
 #include "shell/program_steps.h"
 #include "view/picture.h"
@@ -35,12 +36,29 @@ void SetNames(const CTVXView& view, CutTimeEntry* result) {
   result->optionLine = isOfLastRun ? view.lastRun.line : "";
 }
 
+// The adjustment leaves out a master model that is not in memory, and the times are then too short.
+void OfferMaster(CTVXView* view) {
+  const std::string& path = view->job.AfaMasterFile;
+  if (view->job.AfaByMaster != 1 || !view->masterGrid.Cells.Empty()) return;
+  CTVXApp* const app = view->app;
+  Message message{.text = "마스터 모델이 메모리에 없어서 사용하지 않습니다.",
+                  .path = path,
+                  .icon = MessageIcon::kExclamation};
+  if (app->files->Exists(path)) {
+    message.text = "마스터 모델이 메모리에 없습니다. 읽겠습니까?";
+    message.buttons = MessageButtons::kYesNo;
+  }
+  if (!app->ui->ShowMessage(message) || message.buttons == MessageButtons::kOk) return;
+  ShowFailure(ReadMasterFile(path, &view->masterGrid, app->files), app->ui);
+}
+
 }  // namespace
 
 void SingleCutTimeCommand(CTVXView* view) {
   CTVXApp* const app = view->app;
   app->sendOptions.Open(&view->job);
   if (!app->ui->RunModal(&app->sendOptions)) return;
+  OfferMaster(view);
   AdjustFitCount(ProgramContextOf(view), /*adjusts=*/true);
   CutTimeEntry& result = view->fileInfo.current;
   SetNames(*view, &result);

@@ -18,7 +18,8 @@ bool RecordResultEntry(const CutTimeEntry& result, const Scene& scene, Files* fi
 
 // The command "Single Afa Cut Time": takes the loaded program through the send options, the feed
 // adjustment, the figures and the recording. The user can stop it before the adjustment and before
-// the recording.
+// the recording. A master model that is ticked and not in memory is offered to be read, or its
+// absence is shown.
 void SingleCutTimeCommand(CTVXView* view);
 
 }  // namespace tvx

@@ -96,6 +96,32 @@ TEST_F(SingleCutTime, RecordsNamesOfTheProgramInTheStore) {
   EXPECT_FALSE(files.Exists("c:\\marlo\\ncdata\\.emf"));
 }
 
+TEST_F(SingleCutTime, MissingMasterIsShownAndOffered) {
+  files.Put("c:\\surface.nc", Surface());
+  LoadFile(&view, "c:\\surface.nc");
+  BuildAndShowMaster(MasterContextOf(&view));
+  WriteMasterFile("c:\\m.mma", view.masterGrid, &files);
+  const struct {
+    const char* master;
+    int answer;  // -1: not asked
+    bool isRead;
+  } cases[] = {{"c:\\none.mma", -1, false}, {"c:\\m.mma", 0, false}, {"c:\\m.mma", 1, true}};
+  for (const auto& c : cases) {
+    DropMaster(&view.masterGrid);
+    if (c.answer >= 0) ui.OnMessage(c.answer == 1);
+    ui.OnDialog<CSendOptionDlg>([&](CSendOptionDlg* options) {
+      options->own.AfaByMaster = 1;
+      options->own.AfaMasterFile = c.master;
+      return options->Accept() == Closing::kAccepted;
+    });
+    ui.OnDialog([](Dialog*) { return false; });
+    SingleCutTimeCommand(&view);
+    EXPECT_EQ(ui.messages.back().path, c.master);
+    EXPECT_EQ(!view.masterGrid.Cells.Empty(), c.isRead);
+  }
+  EXPECT_EQ(ui.messages.size(), 3U);
+}
+
 TEST_F(SingleCutTime, StopsAtTheDialogThatIsRefused) {
   const std::string before = BlockList(view.program.store);
   ui.OnDialog<CSendOptionDlg>([](CSendOptionDlg* options) {
