@@ -740,6 +740,26 @@
         <translation>The master model is not in memory. Read it?</translation>
     </message>
     <message>
+        <source>저장했습니다.</source>
+        <translation>Saved.</translation>
+    </message>
+    <message>
+        <source>저장하지 못했습니다.</source>
+        <translation>Not saved.</translation>
+    </message>
+    <message>
+        <source>복사하지 못했습니다.</source>
+        <translation>Not copied.</translation>
+    </message>
+    <message>
+        <source>디스크가 가득 찼거나 쓸 수 없습니다.</source>
+        <translation>The disk is full or cannot be written.</translation>
+    </message>
+    <message>
+        <source>마스터 모델을 메모리에서 지웠습니다.</source>
+        <translation>The master model is no longer in memory.</translation>
+    </message>
+    <message>
         <source>결과 목록이 가득 차서 기록하지 않았습니다.</source>
         <translation>The list of results is full; nothing was recorded.</translation>
     </message>

@@ -168,7 +168,7 @@ const MainWindow::FrameCommand* MainWindow::FindFrameCommand(CommandId id) {
       {CommandId::kWriteUserKeys,
        [](MainWindow* window, int) {
          CTVXApp* const app = window->app_;
-         WriteUserKeys(app->configuration.EnvDir, app->UserKeys, app->files);
+         SaveUserKeys(app->configuration.EnvDir, app->UserKeys, app->files, app->ui);
        }},
   };
   const auto* const found = std::ranges::find(kCommands, id, &FrameCommand::id);

@@ -5,7 +5,7 @@
 #include "base/path_text.h"
 #include "base/scan.h"
 #include "feed/condition_file.h"
-#include "platform/replace_question.h"
+#include "platform/user_files.h"
 
 namespace tvx {
 
@@ -104,9 +104,9 @@ void CAutoFeedDlg::SaveFile() {
   std::string path;
   ui_->ChooseFile(question, &path);
   if (!MayReplace(path, IsConditionFile, files_, ui_)) return;
-  if (WriteConditionFile(path, own, SpindleSpeed, files_) != SettingsResult::kDone) {
-    ui_->ShowMessage({.text = "화일을 열수 없읍니다. "});
-  }
+  const bool written = WriteConditionFile(path, own, SpindleSpeed, files_) == SettingsResult::kDone;
+  if (!path.empty()) ShowWritten(written, path, ui_);
+  if (!written) ui_->ShowMessage({.text = "화일을 열수 없읍니다. "});
 }
 
 Closing CAutoFeedDlg::Accept() {

@@ -145,9 +145,10 @@ bool WriteCells(const MasterGrid& grid, OutputFile* file) {
 MasterFileResult WriteMasterFile(const std::string& path, const MasterGrid& grid, Files* files) {
   if (grid.Cells.Empty()) return MasterFileResult::kNoModel;
   const auto file = files->Create(path);
-  const bool written = file != nullptr && file->Write(HeaderBytes(grid)) &&
-                       WriteCells(grid, file.get()) && file->Commit();
-  return written ? MasterFileResult::kDone : MasterFileResult::kCannotWrite;
+  if (file == nullptr) return MasterFileResult::kCannotWrite;
+  const bool written =
+      file->Write(HeaderBytes(grid)) && WriteCells(grid, file.get()) && file->Commit();
+  return written ? MasterFileResult::kDone : MasterFileResult::kDiskFull;
 }
 
 bool IsMasterFile(std::string_view start) {

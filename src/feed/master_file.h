@@ -16,12 +16,13 @@ enum class MasterFileResult {
   kNoMasterFile,  // damaged, cut off, or a file of another kind
   kNoMemory,      // none for its cells
   kNoModel,       // there is nothing to write
-  kCannotWrite,
+  kCannotWrite,   // the file cannot be created
+  kDiskFull,      // it was created, and not all bytes could be written
 };
 
 // Writes the model of a grid, in place of an older file of that name, which stays whole until the
-// new one is complete. Returns kDone, kCannotWrite, or kNoModel for a grid without a model. An
-// older file stays as it was unless the result is kDone.
+// new one is complete. Returns kDone, kCannotWrite, kDiskFull, or kNoModel for a grid without a
+// model. An older file stays as it was unless the result is kDone.
 MasterFileResult WriteMasterFile(const std::string& path, const MasterGrid& grid, Files* files);
 
 // True for the first bytes of a master file.

@@ -11,6 +11,7 @@
 #include "jobs/key_code_lines.h"
 #include "jobs/preview.h"
 #include "platform/number_field.h"
+#include "platform/user_files.h"
 
 namespace tvx {
 
@@ -272,7 +273,8 @@ std::string CTransferDlg::ProgramPath(size_t entry) const {
 }
 
 void CTransferDlg::SaveList() {
-  WriteWholeFile(files_, EnvironmentFile(kListFile) + ".txt", EncodeCp949(PrintJobList(list)));
+  const std::string path = EnvironmentFile(kListFile) + ".txt";
+  ShowWritten(WriteWholeFile(files_, path, EncodeCp949(PrintJobList(list))), path, ui_);
 }
 
 void CTransferDlg::ReadList() {
@@ -380,7 +382,8 @@ void CTransferDlg::SaveKeyCodes() {
   if (!entry.has_value()) return;
   const std::string_view part = KeyCodePart(list.lines[*entry]);
   if (part.empty()) return;
-  WriteWholeFile(files_, EnvironmentFile(kKeyCodeFile) + ".txt", EncodeCp949(part));
+  const std::string path = EnvironmentFile(kKeyCodeFile) + ".txt";
+  ShowWritten(WriteWholeFile(files_, path, EncodeCp949(part)), path, ui_);
 }
 
 void CTransferDlg::ReadKeyCodes() {

@@ -6,7 +6,8 @@
 #include "base/format.h"
 #include "base/path_text.h"
 #include "jobs/job_list.h"
-#include "platform/replace_question.h"
+#include "platform/drives.h"
+#include "platform/user_files.h"
 #include "reports/job_list_file.h"
 #include "reports/spreadsheet_export.h"
 #include "reports/text_report.h"
@@ -112,9 +113,10 @@ Closing CCutTimeListDlg::DeleteSelected() {
 // Only the name of the chosen file is used: the report is written into the current directory.
 Closing CCutTimeListDlg::WriteReport() {
   std::string path;
-  if (ui_->ChooseFile(ReportQuestion(), &path)) {
-    WriteTextReportFile(NameOfPath(path, kBackslash), *results_, files_);
-  }
+  if (!ui_->ChooseFile(ReportQuestion(), &path)) return Closing::kStaysOpen;
+  const std::string name = NameOfPath(path, kBackslash);
+  ShowWritten(WriteTextReportFile(name, *results_, files_),
+              AbsoluteDrivePath(files_->CurrentDirectory(), name), ui_);
   return Closing::kStaysOpen;
 }
 
@@ -124,13 +126,17 @@ bool CCutTimeListDlg::ChooseList(std::string* path) {
 
 Closing CCutTimeListDlg::WriteList() {
   std::string path;
-  if (ChooseList(&path)) WriteJobListFile(path, *results_, files_);
+  if (ChooseList(&path)) ShowWritten(WriteJobListFile(path, *results_, files_), path, ui_);
   return Closing::kStaysOpen;
 }
 
 Closing CCutTimeListDlg::WriteListCopy() {
   std::string path;
-  if (ChooseList(&path)) WriteJobListFileCopy(path, *results_, files_, nullptr);
+  if (!ChooseList(&path)) return Closing::kStaysOpen;
+  std::vector<FailedCopy> failed;
+  const bool written = WriteJobListFileCopy(path, *results_, files_, &failed);
+  ShowWritten(written, path, ui_);
+  if (written && !failed.empty()) ui_->ShowStatus("복사하지 못했습니다.", failed.front().source);
   return Closing::kStaysOpen;
 }
 

@@ -5,6 +5,7 @@
 #include "base/scan.h"
 #include "base/text.h"
 #include "platform/number_field.h"
+#include "platform/user_files.h"
 #include "shell/messages.h"
 #include "shell/short_text.h"
 
@@ -90,7 +91,9 @@ void EditConfiguration(Configuration* configuration, Files* files, UserInterface
   CDirSetupDlg dialog(ui);
   dialog.values = *configuration;
   if (!ui->RunModal(&dialog)) return;
-  if (!SaveConfiguration(dialog.values, files)) ShowCannotOpen(ui);
+  const bool written = SaveConfiguration(dialog.values, files);
+  ShowWritten(written, ConfigurationPath(dialog.values), ui);
+  if (!written) ShowCannotOpen(ui);
   *configuration = dialog.values;
 }
 

@@ -3,25 +3,31 @@
 #include "shell/cut_time_commands.h"
 
 #include "feed/master_file.h"
+#include "platform/user_files.h"
 #include "shell/messages.h"
 #include "shell/program_steps.h"
 #include "view/picture.h"
 
 namespace tvx {
 
-bool RecordResultEntry(const CutTimeEntry& result, const Scene& scene, Files* files,
-                       ResultTable* results) {
+std::string PictureName(const CutTimeEntry& result) {
+  return result.fileName + ".emf";
+}
+
+RecordResult RecordResultEntry(const CutTimeEntry& result, const Scene& scene, Files* files,
+                               ResultTable* results) {
   const auto index = static_cast<size_t>(results->entryCount);
-  if (index >= results->entries.size()) return false;
+  if (index >= results->entries.size()) return RecordResult::kTableFull;
   CutTimeEntry& entry = results->entries[index];
   entry = result;
   entry.pictureName.clear();
+  bool drawn = true;
   if (scene.job->MetafileCreateChk == 1 && !entry.fileName.empty()) {
-    entry.pictureName = entry.fileName + ".emf";
-    WritePicture(entry.pictureName, scene, files);
+    entry.pictureName = PictureName(entry);
+    drawn = WritePictureFile(PictureFormat::kMetafile, entry.pictureName, scene, files);
   }
   ++results->entryCount;
-  return true;
+  return drawn ? RecordResult::kRecorded : RecordResult::kPictureFailed;
 }
 
 namespace {
@@ -49,7 +55,7 @@ void OfferMaster(CTVXView* view) {
     message.buttons = MessageButtons::kYesNo;
   }
   if (!app->ui->ShowMessage(message) || message.buttons == MessageButtons::kOk) return;
-  ShowFailure(ReadMasterFile(path, &view->masterGrid, app->files), app->ui);
+  ShowFailure(ReadMasterFile(path, &view->masterGrid, app->files), path, app->ui);
 }
 
 }  // namespace
@@ -63,10 +69,16 @@ void SingleCutTimeCommand(CTVXView* view) {
   CutTimeEntry& result = view->fileInfo.current;
   SetNames(*view, &result);
   if (!app->ui->RunModal(&view->fileInfo)) return;
-  if (!RecordResultEntry(result, SceneOf(view), app->files, &view->results)) {
+  const RecordResult recorded =
+      RecordResultEntry(result, SceneOf(view), app->files, &view->results);
+  if (recorded == RecordResult::kTableFull) {
     ShowTableFull(app->ui);
-  } else if (result.fileName.empty() && view->job.MetafileCreateChk == 1) {
+  } else if (view->job.MetafileCreateChk != 1) {
+    return;
+  } else if (result.fileName.empty()) {
     app->ui->ShowStatus("프로그램이 없어서 그림화일을 만들지 않았습니다.");
+  } else {
+    ShowWritten(recorded == RecordResult::kRecorded, PictureName(result), app->ui);
   }
 }
 

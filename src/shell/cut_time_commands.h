@@ -9,12 +9,17 @@
 
 namespace tvx {
 
+// The name of the picture of a result.
+std::string PictureName(const CutTimeEntry& result);
+
+enum class RecordResult { kRecorded, kPictureFailed, kTableFull };
+
 // Appends a result to the table and, if MetafileCreateChk of the scene's job record is 1 and the
 // result has a file name, writes the picture of the scene into the current directory. The entry has
-// the picture's name even if the picture cannot be written. Returns false for a full table, and
-// then neither records nor draws.
-bool RecordResultEntry(const CutTimeEntry& result, const Scene& scene, Files* files,
-                       ResultTable* results);
+// the picture's name even if the picture cannot be written, which gives kPictureFailed. A full
+// table neither records nor draws.
+RecordResult RecordResultEntry(const CutTimeEntry& result, const Scene& scene, Files* files,
+                               ResultTable* results);
 
 // The command "Single Afa Cut Time": takes the loaded program through the send options, the feed
 // adjustment, the figures and the recording. The user can stop it before the adjustment and before

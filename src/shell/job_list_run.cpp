@@ -4,6 +4,7 @@
 #include "shell/job_list_run.h"
 
 #include "jobs/option_line.h"
+#include "platform/user_files.h"
 #include "shell/cut_time_commands.h"
 #include "shell/master_commands.h"
 #include "shell/messages.h"
@@ -34,8 +35,9 @@ class RunMessages final : public RunObserver {
   void OnMasterFailed(const std::string& path, const MasterOutcome& outcome) override {
     ShowFailure(outcome.load, ProgramOfMaster(path), ui_);
     ShowFailure(outcome.build, ui_);
-    ShowFailure(outcome.file, ui_);
+    ShowFailure(outcome.file, path, ui_);
   }
+  void OnPictureFailed(const std::string& path) override { ShowWritten(false, path, ui_); }
   void OnTableFull() override { ShowTableFull(ui_); }
 
  private:
@@ -99,11 +101,14 @@ void RunEntry(const std::string& name, const std::string& line, CTVXView* view,
   result.optionLine = line;
   result.dirName = directory;
   view->lastRun = {view->program.source.path, directory, line};
-  if (RecordResultEntry(result, SceneOf(view), view->app->files, &view->results)) {
-    observer->OnRecorded(path);
-  } else {
+  const RecordResult recorded =
+      RecordResultEntry(result, SceneOf(view), view->app->files, &view->results);
+  if (recorded == RecordResult::kTableFull) {
     observer->OnTableFull();
+    return;
   }
+  if (recorded == RecordResult::kPictureFailed) observer->OnPictureFailed(PictureName(result));
+  observer->OnRecorded(path);
 }
 
 // A negative speed comes from a condition file.

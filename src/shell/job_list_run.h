@@ -39,6 +39,8 @@ class RunObserver {
   virtual void OnMasterFailed(const std::string& /*path*/, const MasterOutcome& /*outcome*/) {}
   // An entry was recorded; the store holds its moves with the feeds in force.
   virtual void OnRecorded(const std::string& /*path*/) {}
+  // The picture of an entry that was recorded could not be written into the current directory.
+  virtual void OnPictureFailed(const std::string& /*name*/) {}
   // An entry could not be recorded.
   virtual void OnTableFull() {}
 };

@@ -7,6 +7,7 @@
 #include "base/path_text.h"
 #include "base/scan.h"
 #include "base/text.h"
+#include "platform/user_files.h"
 #include "shell/messages.h"
 #include "shell/short_text.h"
 
@@ -99,7 +100,9 @@ void EditDirectoryList(const std::string& environmentDir, std::vector<std::strin
   CDirListDlg dialog(ui);
   dialog.lines = NotEmpty(*list);
   if (!ui->RunModal(&dialog)) return;
-  if (!SaveDirectoryList(environmentDir, dialog.lines, files)) {
+  const bool written = SaveDirectoryList(environmentDir, dialog.lines, files);
+  ShowWritten(written, DirectoryListPath(environmentDir), ui);
+  if (!written) {
     ShowCannotOpen(ui);
     return;
   }

@@ -3,7 +3,7 @@
 
 #include "feed/master_file.h"
 #include "feed/master_picture.h"
-#include "platform/replace_question.h"
+#include "platform/user_files.h"
 #include "shell/messages.h"
 #include "shell/tvx_view.h"
 
@@ -67,19 +67,27 @@ void MakeMasterCommand(const MasterContext& context) {
 }
 
 void DeleteMaster(MasterGrid* grid, UserInterface* ui) {
-  if (ui->ShowMessage({.text = "마스터 모텔을 삭제 하겠읍니까?",
-                       .caption = " Optimizer message ",
-                       .buttons = MessageButtons::kOkCancel})) {
-    DropMaster(grid);
+  if (!ui->ShowMessage({.text = "마스터 모텔을 삭제 하겠읍니까?",
+                        .caption = " Optimizer message ",
+                        .buttons = MessageButtons::kOkCancel})) {
+    return;
   }
+  DropMaster(grid);
+  // Its picture stays until the next program is loaded.
+  ui->ShowStatus("마스터 모델을 메모리에서 지웠습니다.");
 }
 
 void SaveMasterCommand(const MasterContext& context) {
   std::string path;
   if (!ChooseMasterFile(context, true, &path)) return;
   if (!MayReplace(path, IsMasterFile, context.files, context.ui)) return;
-  if (context.grid->Cells.Empty()) context.ui->ShowStatus("저장할 마스터 모델이 없습니다.");
-  ShowFailure(WriteMasterFile(path, *context.grid, context.files), context.ui);
+  const MasterFileResult result = WriteMasterFile(path, *context.grid, context.files);
+  if (result == MasterFileResult::kNoModel) {
+    context.ui->ShowStatus("저장할 마스터 모델이 없습니다.");
+  } else if (result == MasterFileResult::kDone) {
+    ShowWritten(true, path, context.ui);
+  }
+  ShowFailure(result, path, context.ui);
 }
 
 void LoadMasterCommand(const MasterContext& context) {
@@ -87,7 +95,7 @@ void LoadMasterCommand(const MasterContext& context) {
   if (!ChooseMasterFile(context, false, &path)) return;
   DropMaster(context.grid);
   const MasterFileResult result = ReadMasterFile(path, context.grid, context.files);
-  ShowFailure(result, context.ui);
+  ShowFailure(result, path, context.ui);
   if (result != MasterFileResult::kDone) return;
   ShowMaster(*context.grid, context.program);
   ShowWithoutRapids(context);

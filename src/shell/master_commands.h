@@ -34,7 +34,7 @@ BuildResult BuildAndShowMaster(const MasterContext& context);
 // kept only if the user accepts it. The status line shows why a program gives no model.
 void MakeMasterCommand(const MasterContext& context);
 
-// Asks whether to delete the model, and drops it.
+// Asks whether to delete the model, and drops it, which the status line shows. Its picture stays.
 void DeleteMaster(MasterGrid* grid, UserInterface* ui);
 
 // Asks for a file and writes the model to it. The status line shows if there is no model.

@@ -2,6 +2,8 @@
 
 #include "shell/messages.h"
 
+#include "platform/user_files.h"
+
 namespace tvx {
 
 namespace {
@@ -10,11 +12,15 @@ void ShowNoMemory(UserInterface* ui) {
   ui->ShowMessage({.text = "Memory를 할당할 수 없습니다!!!", .caption = " Message"});
 }
 
+void ShowNotLoaded(const std::string& path, UserInterface* ui) {
+  ui->ShowStatus("불러오지 못했습니다.", path);
+}
+
 }  // namespace
 
 void ShowFailure(LoadResult result, const std::string& path, UserInterface* ui) {
   if (result != LoadResult::kCannotOpen) return;
-  ui->ShowStatus("불러오지 못했습니다.", path);
+  ShowNotLoaded(path, ui);
   ShowCannotOpen(ui);
 }
 
@@ -24,7 +30,13 @@ void ShowFailure(BuildResult result, UserInterface* ui) {
   ui->ShowStatus("프로그램을 다시 불러와야 합니다.");
 }
 
-void ShowFailure(MasterFileResult result, UserInterface* ui) {
+void ShowFailure(MasterFileResult result, const std::string& path, UserInterface* ui) {
+  const bool writing =
+      result == MasterFileResult::kCannotWrite || result == MasterFileResult::kDiskFull;
+  if (writing) ShowWritten(false, path, ui);
+  if (!writing && result != MasterFileResult::kDone && result != MasterFileResult::kNoModel) {
+    ShowNotLoaded(path, ui);
+  }
   switch (result) {
     case MasterFileResult::kDone:
     case MasterFileResult::kNoModel:
@@ -36,6 +48,9 @@ void ShowFailure(MasterFileResult result, UserInterface* ui) {
     case MasterFileResult::kNoMasterFile:
     case MasterFileResult::kCannotWrite:
       ui->ShowMessage({.text = "화일을 열수 없습니다.\n"});
+      break;
+    case MasterFileResult::kDiskFull:
+      ui->ShowMessage({.text = "디스크가 가득 찼거나 쓸 수 없습니다."});
       break;
   }
 }

@@ -15,7 +15,7 @@ namespace tvx {
 // it remains after the message.
 void ShowFailure(LoadResult result, const std::string& path, UserInterface* ui);
 void ShowFailure(BuildResult result, UserInterface* ui);
-void ShowFailure(MasterFileResult result, UserInterface* ui);
+void ShowFailure(MasterFileResult result, const std::string& path, UserInterface* ui);
 
 // A file of the program's own that could not be written.
 void ShowCannotOpen(UserInterface* ui);

@@ -4,6 +4,8 @@
 #include "base/format.h"
 #include "base/scan.h"
 #include "base/text.h"
+#include "platform/user_files.h"
+#include "shell/messages.h"
 #include "shell/parameter_file.h"
 
 namespace tvx {
@@ -63,9 +65,10 @@ void COptionDlg::EditNcdataExt(std::string_view text) {
 }
 
 void COptionDlg::Save() {
-  if (WriteParameterFile(environmentDirectory_, own, files_) != SettingsResult::kDone) {
-    ui_->ShowMessage({.text = "화일을 열수 없읍니다.\n"});
-  }
+  const bool written =
+      WriteParameterFile(environmentDirectory_, own, files_) == SettingsResult::kDone;
+  ShowWritten(written, ParameterPath(environmentDirectory_), ui_);
+  if (!written) ShowCannotOpen(ui_);
 }
 
 Closing COptionDlg::Accept() {

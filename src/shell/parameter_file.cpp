@@ -28,11 +28,11 @@ const ParameterLine kLines[] = {
     {"ZupZdown", &JobRecord::ZupZdown, kNever},
 };
 
+}  // namespace
+
 std::string ParameterPath(const std::string& environmentDir) {
   return environmentDir + "\\tvx.par";
 }
-
-}  // namespace
 
 SettingsResult ReadParameterFile(const std::string& environmentDir, JobRecord* record,
                                  Files* files) {

@@ -10,6 +10,8 @@
 
 namespace tvx {
 
+std::string ParameterPath(const std::string& environmentDir);
+
 // Reads RapidFeed, IntNcdataFlg, InputFileType and NcdataExt over the record; the other lines are
 // written only. Returns kCannotOpen, with the record as it was, if the file cannot be opened.
 SettingsResult ReadParameterFile(const std::string& environmentDir, JobRecord* record,

@@ -6,6 +6,7 @@
 
 #include "base/text.h"
 #include "jobs/key_code_pad.h"
+#include "platform/user_files.h"
 #include "shell/short_text.h"
 
 namespace tvx {
@@ -51,6 +52,11 @@ bool WriteUserKeys(const std::string& environmentDir, const std::vector<std::str
   std::string text = std::string(kHeader) + "\r\n";
   for (size_t n = 1; n <= kLastUserKey; ++n) text += keys[n] + "\r\n";
   return WriteWholeFile(files, UserKeyPath(environmentDir), EncodeCp949(text));
+}
+
+void SaveUserKeys(const std::string& environmentDir, const std::vector<std::string>& keys,
+                  Files* files, UserInterface* ui) {
+  ShowWritten(WriteUserKeys(environmentDir, keys, files), UserKeyPath(environmentDir), ui);
 }
 
 void EditUserKey(size_t n, std::vector<std::string>* keys, UserInterface* ui) {

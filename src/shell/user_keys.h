@@ -27,6 +27,10 @@ bool ReadUserKeys(const std::string& environmentDir, std::vector<std::string>* k
 bool WriteUserKeys(const std::string& environmentDir, const std::vector<std::string>& keys,
                    Files* files);
 
+// The command "UK Save": writes the file and shows in the status line whether that worked.
+void SaveUserKeys(const std::string& environmentDir, const std::vector<std::string>& keys,
+                  Files* files, UserInterface* ui);
+
 // The menu entry of user key n, 1 to kLastUserKey: edits the key on the pad. The file does not
 // change.
 void EditUserKey(size_t n, std::vector<std::string>* keys, UserInterface* ui);

@@ -3,7 +3,8 @@
 #include "shell/view_operations.h"
 
 #include "base/path_text.h"
-#include "platform/replace_question.h"
+#include "platform/drives.h"
+#include "platform/user_files.h"
 #include "shell/cut_time_commands.h"
 #include "shell/job_list_run.h"
 #include "shell/master_commands.h"
@@ -55,7 +56,10 @@ void MakePicture(CTVXView* view, int /*argument*/) {
   if (!view->app->ui->ChooseFile(question, &path)) return;
   const std::string name = NameOfPath(path, kAnySlash);
   if (!MayReplace(name, IsMetafile, view->app->files, view->app->ui)) return;
-  WritePicture(name, SceneOf(view), view->app->files);
+  const bool written =
+      WritePictureFile(PictureFormat::kMetafile, name, SceneOf(view), view->app->files);
+  ShowWritten(written, AbsoluteDrivePath(view->app->files->CurrentDirectory(), name),
+              view->app->ui);
 }
 
 void ShowResultList(CTVXView* view, int /*argument*/) {

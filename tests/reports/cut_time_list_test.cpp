@@ -101,6 +101,8 @@ TEST_F(CutTimeList, ReportsCoverTheWholeTableWhateverIsSelected) {
     ui.OnFile(path);
     Press(button);
   }
+  EXPECT_EQ(ui.log.at(1), "status c:\\marlo\\r.tvx: 저장했습니다.");
+  EXPECT_EQ(ui.log.at(6), "status c:\\marlo\\ncdata\\a.nc: 복사하지 못했습니다.");
   EXPECT_NE(files.Bytes("c:\\marlo\\r.tvx").find(" b.nc\r\n"), std::string::npos);
   EXPECT_NE(files.Bytes("c:\\marlo\\l.mcf").find("File b.nc "), std::string::npos);
   EXPECT_NE(files.Bytes("c:\\out\\c.mcf").find("File b.nc "), std::string::npos);
@@ -110,17 +112,18 @@ TEST_F(CutTimeList, ReportsCoverTheWholeTableWhateverIsSelected) {
   EXPECT_EQ(dialog.information[3], "절삭길이  12.345 M");
 }
 
-TEST_F(CutTimeList, FailureOfAReportIsSilentExceptForTheSpreadsheet) {
+TEST_F(CutTimeList, FailureOfAReportIsShownAndKeepsTheOlderFile) {
   const auto text = [](const FileQuestion& q) {
     return std::string(q.save ? "save " : "") + (q.mustExist ? "existing " : "") +
            (q.confirmsOverwrite ? "confirm " : "") + q.fileName + "," + q.filter + "," + q.title;
   };
   const std::string list =
       "save *.mcf,TVX file (*.mcf)|*.mcf|모든 화일(*.*)|*.*||,TVX  화일명을 입력 하시요!!";
+  const Lines notSaved = {"status c:\\marlo\\out: 저장하지 못했습니다."};
   const std::tuple<const char*, std::string, Lines> cases[] = {
-      {"화일 출력", "save confirm *.tvx,TVX file (*.tvx)|*.tvx|모든 화일(*.*)|*.*||,", {}},
-      {"AFA 출력", list, {}},
-      {"AFA 출력, Copy", list, {}},
+      {"화일 출력", "save confirm *.tvx,TVX file (*.tvx)|*.tvx|모든 화일(*.*)|*.*||,", notSaved},
+      {"AFA 출력", list, notSaved},
+      {"AFA 출력, Copy", list, notSaved},
       {"스프레드시트 출력",
        "save existing *.xls,Excel file (*.xls)|*.xls|모든 화일(*.*)|*.*||,",
        {"message Couldn't start Excel."}},

@@ -95,7 +95,9 @@ TEST_F(OptionDialog, SaveWritesItsOwnSettings) {
   files.RefuseCreation(kPath);
   dialog.Save();
   EXPECT_EQ(ReadParameterFile("c:\\none", &job, &files), SettingsResult::kCannotOpen);
-  EXPECT_EQ(ui.log, std::vector<std::string>{"message 화일을 열수 없읍니다.\n"});
+  EXPECT_EQ(ui.log, (std::vector<std::string>{"status c:\\marlo\\tvx.par: 저장했습니다.",
+                                              "status c:\\marlo\\tvx.par: 저장하지 못했습니다.",
+                                              "message 화일을 열수 없읍니다.\n"}));
 }
 
 }  // namespace

@@ -77,6 +77,7 @@ TEST_F(MasterCommands, DeleteAsksFirst) {
     DeleteMaster(&grid, &ui);
     EXPECT_EQ(grid.ModelBuilt, accepted ? 0 : 1);
     EXPECT_EQ(grid.Cells.Empty(), accepted);
+    EXPECT_EQ(ui.log.back() == "status 마스터 모델을 메모리에서 지웠습니다.", accepted);
   }
   EXPECT_EQ(ui.messages[0].text, "마스터 모텔을 삭제 하겠읍니까?");
   EXPECT_EQ(ui.messages[0].caption, " Optimizer message ");
@@ -112,6 +113,10 @@ TEST_F(MasterCommands, FailedSaveShowsAMessageAndNoModelAStatus) {
   EXPECT_TRUE(files.FilePaths().empty());
   Make(10, 0, 2);
   files.RefuseWrite(1);
+  Save();
+  EXPECT_EQ(ui.log.back(), "message 디스크가 가득 찼거나 쓸 수 없습니다.");
+  EXPECT_EQ(ui.log.at(ui.log.size() - 2), "status c:\\part.mma: 저장하지 못했습니다.");
+  files.RefuseCreation(kPath);
   Save();
   EXPECT_EQ(ui.log.back(), "message 화일을 열수 없습니다.\n");
 }

@@ -58,7 +58,8 @@ TEST_F(SingleCutTime, FromTheOptionsToTheEntryAndItsPicture) {
   });
   SingleCutTimeCommand(&view);
 
-  EXPECT_EQ(ui.log, (std::vector<std::string>{"dialog", "repaint", "dialog"}));
+  EXPECT_EQ(ui.log, (std::vector<std::string>{"dialog", "repaint", "dialog",
+                                              "status a.nc.emf: 저장했습니다."}));
   EXPECT_EQ(view.job.MaxFeed, 2000);
   EXPECT_EQ(view.program.FeedBase, 2000);
   ASSERT_EQ(view.results.entryCount, 1);
@@ -149,18 +150,18 @@ TEST_F(SingleCutTime, PicturesUntilTheTableIsFull) {
   const auto record = [&] {
     return RecordResultEntry(view.fileInfo.current, SceneOf(&view), &files, &view.results);
   };
-  EXPECT_TRUE(record());
+  EXPECT_EQ(record(), RecordResult::kPictureFailed);
   EXPECT_EQ(view.results.entries[0].pictureName, "a.nc.emf");
 
   view.job.MetafileCreateChk = 0;
-  for (int32_t i = 2; i <= 300; ++i) EXPECT_TRUE(record());
+  for (int32_t i = 2; i <= 300; ++i) EXPECT_EQ(record(), RecordResult::kRecorded);
   EXPECT_EQ(view.results.entryCount, 300);
   EXPECT_EQ(view.results.entries[299].pictureName, "");
   EXPECT_TRUE(ui.log.empty());
 
   view.job.MetafileCreateChk = 1;
   view.fileInfo.current.fileName = "b.nc";
-  EXPECT_FALSE(record());
+  EXPECT_EQ(record(), RecordResult::kTableFull);
   EXPECT_EQ(view.results.entryCount, 300);
   EXPECT_FALSE(files.Exists("c:\\marlo\\ncdata\\b.nc.emf"));
 }

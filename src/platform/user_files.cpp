@@ -1,4 +1,4 @@
-#include "platform/replace_question.h"
+#include "platform/user_files.h"
 
 #include <array>
 
@@ -16,6 +16,10 @@ bool MayReplace(const std::string& path, bool (*isOfKind)(std::string_view start
                           .caption = "화일 바꾸기",
                           .icon = MessageIcon::kQuestion,
                           .buttons = MessageButtons::kYesNo});
+}
+
+void ShowWritten(bool written, const std::string& path, UserInterface* ui) {
+  ui->ShowStatus(written ? "저장했습니다." : "저장하지 못했습니다.", path);
 }
 
 }  // namespace tvx

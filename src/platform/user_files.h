@@ -1,4 +1,4 @@
-// The question before a chosen name replaces a file of another kind, such as an NC program.
+// What the user is asked before a command writes a file, and shown afterwards.
 #pragma once
 
 #include <string>
@@ -13,5 +13,8 @@ namespace tvx {
 // to 4096) are of the kind to be written, or the user agrees. The content decides, not the name.
 bool MayReplace(const std::string& path, bool (*isOfKind)(std::string_view start), Files* files,
                 UserInterface* ui);
+
+// Shows in the status line whether a file was written.
+void ShowWritten(bool written, const std::string& path, UserInterface* ui);
 
 }  // namespace tvx
