@@ -2,6 +2,7 @@
 // thousands.
 #include "desktop/check_dock.h"
 
+#include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QSplitter>
@@ -13,6 +14,7 @@
 #include <vector>
 
 #include "base/format.h"
+#include "base/path_text.h"
 #include "desktop/language.h"
 
 namespace tvx {
@@ -60,6 +62,11 @@ QString Printable(QString text) {
   return text;
 }
 
+// The counts, or why there are none.
+QString FileText(const FileCheck& file) {
+  return file.state == CheckState::kDone ? CountsText(*file.result) : StateText(file.state);
+}
+
 // In the order of the rows: by class, then by first line.
 std::vector<const RemarkKind*> FoundKinds(const ProgramCheck& check) {
   std::vector<const RemarkKind*> kinds;
@@ -74,11 +81,21 @@ std::vector<const RemarkKind*> FoundKinds(const ProgramCheck& check) {
 
 }  // namespace
 
-CheckDock::CheckDock(const DockContext& /*context*/, QWidget* parent)
-    : ViewDock(Translated("프로그램 검사"), parent) {
+QString CountsText(const ProgramCheck& check) {
+  return Translated(Format("빠짐 %s, 다름 %s",
+                           std::to_string(check.Count(RemarkClass::kLost)).c_str(),
+                           std::to_string(check.Count(RemarkClass::kChanged)).c_str()));
+}
+
+CheckDock::CheckDock(const DockContext& context, QWidget* parent)
+    : ViewDock(Translated("프로그램 검사"), parent), app_(context.app) {
   setObjectName("programCheck");
   auto* const body = new QWidget(this);
   auto* const column = new QVBoxLayout(body);
+  choice_ = new QComboBox(body);
+  choice_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  choice_->hide();
+  column->addWidget(choice_);
   status_ = new QLabel(body);
   status_->setWordWrap(true);
   column->addWidget(status_);
@@ -102,23 +119,61 @@ CheckDock::CheckDock(const DockContext& /*context*/, QWidget* parent)
   splitter->addWidget(rows_);
   splitter->addWidget(remark_);
   column->addWidget(splitter, 1);
+  connect(choice_, &QComboBox::currentIndexChanged, this, &CheckDock::ShowFile);
   connect(rows_, &QTreeWidget::itemExpanded, this, &CheckDock::AddLines);
   connect(rows_, &QTreeWidget::currentItemChanged, this, &CheckDock::ShowRemark);
+  connect(rows_, &QTreeWidget::itemClicked, this, &CheckDock::ShowRemark);  // reads it once more
   setWidget(body);
 }
 
+// The choice stays on its file until another program is loaded.
 void CheckDock::ShowCheck(const CTVXView* view) {
-  const CheckState state =
-      view == nullptr ? CheckState::kNoProgram : view->check.State(view->program.source);
-  const auto check = state == CheckState::kDone ? view->check.Result() : nullptr;
-  if (state == state_ && check == check_) return;
+  std::vector<std::shared_ptr<const FileCheck>> files;
+  std::shared_ptr<const FileCheck> loaded;
+  if (view != nullptr) {
+    files = view->check.ChecksOf(view->results);
+    loaded = view->check.Loaded();
+  }
+  const QSignalBlocker quiet(choice_);
+  const bool isSameProgram = loaded == loaded_;
+  loaded_ = loaded;
+  if (files != files_) {
+    files_ = std::move(files);
+    choice_->clear();
+    choice_->addItems(QStringList(static_cast<qsizetype>(files_.size())));
+    choice_->setVisible(files_.size() > 1);
+  }
+  const auto chosen = std::ranges::find(files_, isSameProgram ? file_ : nullptr);
+  choice_->setCurrentIndex(
+      static_cast<int>(chosen != files_.end() ? chosen - files_.begin() : std::ssize(files_) - 1));
+  NameFiles();
+  ShowFile();
+}
+
+// With the counts, as soon as they are known.
+void CheckDock::NameFiles() {
+  for (int row = 0; row < choice_->count(); ++row) {
+    const FileCheck& file = *files_[static_cast<size_t>(row)];
+    const QVariant state = static_cast<int>(file.state);
+    if (choice_->itemData(row) == state) continue;
+    choice_->setItemData(row, state);
+    choice_->setItemText(row, ToQt(NameOfPath(file.path, kAnySlash)) + " · " + FileText(file));
+    choice_->setItemData(row, ToQt(file.path), Qt::ToolTipRole);
+  }
+}
+
+// The chosen file.
+void CheckDock::ShowFile() {
+  const int row = choice_->currentIndex();
+  const auto file = row < 0 ? nullptr : files_[static_cast<size_t>(row)];
+  const CheckState state = file == nullptr ? CheckState::kNoProgram : file->state;
+  if (file == file_ && state == state_) return;
+  file_ = file;
   state_ = state;
-  check_ = check;
   lines_.reset();
-  if (check != nullptr) {
-    const ProgramSource& source = view->program.source;
-    source_ = {.path = source.path, .stamp = source.stamp, .lines = {}};
-    lines_ = std::make_unique<SourceLines>(&source_, view->app->files);
+  if (file != nullptr) {
+    source_ = {.path = file->path, .stamp = file->stamp, .lines = {}};
+    lines_ = std::make_unique<SourceLines>(&source_, app_->files);
   }
   ShowKinds();
 }
@@ -126,12 +181,13 @@ void CheckDock::ShowCheck(const CTVXView* view) {
 void CheckDock::ShowKinds() {
   rows_->clear();
   remark_->clear();
-  if (check_ != nullptr) {
-    for (const RemarkKind* const kind : FoundKinds(*check_)) {
+  if (state_ == CheckState::kDone) {
+    const ProgramCheck& check = *file_->result;
+    for (const RemarkKind* const kind : FoundKinds(check)) {
       auto* const row = new QTreeWidgetItem(rows_);
       row->setText(kMeaning, ClassText(kind->remarkClass) + " · " + MeaningOf(*kind));
       row->setToolTip(kMeaning, row->text(kMeaning) + " (" + ToQt(kind->name) + ")");
-      row->setText(kCount, QString::number(check_->Of(kind->id).count));
+      row->setText(kCount, QString::number(check.Of(kind->id).count));
       row->setTextAlignment(kCount, Qt::AlignRight | Qt::AlignVCenter);
       row->setData(kMeaning, kKindRole, static_cast<int>(kind->id));
       row->setChildIndicatorPolicy(QTreeWidgetItem::ShowIndicator);
@@ -147,7 +203,7 @@ void CheckDock::AddLines(QTreeWidgetItem* kindRow) {
   if (kindRow->childCount() > 0) return;
   const auto id = static_cast<RemarkId>(kindRow->data(kMeaning, kKindRole).toInt());
   QList<QTreeWidgetItem*> lines;
-  for (const Remark& remark : check_->Of(id).stored) {
+  for (const Remark& remark : file_->result->Of(id).stored) {
     lines << new QTreeWidgetItem({LineText(remark.line) + "  " + Printable(ToQt(remark.detail))});
   }
   kindRow->addChildren(lines);
@@ -160,7 +216,7 @@ void CheckDock::ShowRemark(QTreeWidgetItem* row) {
   const QTreeWidgetItem* const kindRow = row->parent() == nullptr ? row : row->parent();
   const auto id = static_cast<size_t>(kindRow->data(kMeaning, kKindRole).toInt());
   const RemarkKind& kind = RemarkKinds()[id];
-  const RemarkList& list = check_->lists[id];
+  const RemarkList& list = file_->result->lists[id];
   const int place = row == kindRow ? 0 : kindRow->indexOfChild(row);
   const Remark& remark = list.stored[static_cast<size_t>(place)];
   const auto paragraph = [](const QString& text) {

@@ -3,11 +3,13 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "desktop/docks.h"
 #include "insight/program_check.h"
 #include "insight/source_lines.h"
 
+class QComboBox;
 class QLabel;
 class QTextEdit;
 class QTreeWidget;
@@ -15,8 +17,12 @@ class QTreeWidgetItem;
 
 namespace tvx {
 
-// One row for each kind of remark, those of a class together, each with its lines below it. The
-// text of the line in work, and what can be done about it, stand under the rows.
+// "빠짐 3, 다름 1"
+QString CountsText(const ProgramCheck& check);
+
+// One row for each kind of remark, those of a class together, each with its lines below it. Under
+// the rows: the text of the line in work, and what can be done about it. Above them, if results are
+// recorded: the choice among their programs and the one in the picture, which is chosen first.
 class CheckDock : public ViewDock {
   Q_OBJECT
 
@@ -27,17 +33,23 @@ class CheckDock : public ViewDock {
   void ShowCheck(const CTVXView* view) override;
 
  private:
+  void NameFiles();
+  void ShowFile();
   void ShowKinds();
   void AddLines(QTreeWidgetItem* kindRow);
   void ShowRemark(QTreeWidgetItem* row);
   QString LineHtml(uint64_t line);
 
+  QComboBox* choice_;  // of the file
   QLabel* status_;
   QTreeWidget* rows_;
   QTextEdit* remark_;  // about the row in work
-  CheckState state_ = CheckState::kNoProgram;
-  std::shared_ptr<const ProgramCheck> check_;  // that is shown
-  ProgramSource source_;                       // without its map of lines
+  CTVXApp* const app_;
+  std::vector<std::shared_ptr<const FileCheck>> files_;  // rows of the choice
+  std::shared_ptr<const FileCheck> loaded_;              // of the program in the picture, or null
+  std::shared_ptr<const FileCheck> file_;                // that is shown, or null
+  CheckState state_ = CheckState::kNoProgram;            // of it, as it is shown
+  ProgramSource source_;                                 // without its map of lines
   std::unique_ptr<SourceLines> lines_;
 };
 

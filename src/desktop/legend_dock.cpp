@@ -10,6 +10,7 @@
 #include <cmath>
 
 #include "base/format.h"
+#include "desktop/check_dock.h"
 #include "desktop/language.h"
 #include "desktop/machine_rows.h"
 #include "model/walks.h"
@@ -47,13 +48,6 @@ QString ExtentText(const Vec3& low, const Vec3& high) {
   if (low.x > high.x) return "-";
   return ToQt(Format("X %.2f ~ %.2f\nY %.2f ~ %.2f\nZ %.2f ~ %.2f", low.x, high.x, low.y, high.y,
                      low.z, high.z));
-}
-
-// "빠짐 3, 다름 1"
-QString CountsText(const ProgramCheck& check) {
-  return Translated(Format("빠짐 %s, 다름 %s",
-                           std::to_string(check.Count(RemarkClass::kLost)).c_str(),
-                           std::to_string(check.Count(RemarkClass::kChanged)).c_str()));
 }
 
 }  // namespace
@@ -139,10 +133,9 @@ void LegendDock::ShowProgram(CTVXView* view) {
 }
 
 void LegendDock::ShowCheck(const CTVXView* view) {
-  const bool isDone =
-      view != nullptr && view->check.State(view->program.source) == CheckState::kDone;
+  const auto check = view == nullptr ? nullptr : view->check.Result();
   machine_->ShowCheck();
-  check_->setText(isDone ? CountsText(*view->check.Result()) : "-");
+  check_->setText(check != nullptr ? CountsText(*check) : "-");
 }
 
 }  // namespace tvx

@@ -28,12 +28,12 @@ void SetPlainToolTip(QWidget* widget, const QString& text) {
 }
 
 bool IsUnderCheck(const CTVXView* view) {
-  return view != nullptr && view->check.State(view->program.source) == CheckState::kUnderWay;
+  return view != nullptr && view->check.State() == CheckState::kUnderWay;
 }
 
 // None for a program that could not be checked.
 ProgramPauses PausesOf(const CTVXView& view) {
-  const auto& check = view.check.Result();
+  const auto check = view.check.Result();
   if (check == nullptr) return {};
   return {.dwellSeconds = check->dwellSeconds, .toolChanges = check->toolChanges};
 }

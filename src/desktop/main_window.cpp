@@ -241,8 +241,7 @@ void MainWindow::ShowProgram() {
 void MainWindow::StartCheck() {
   ViewWidget* const active = ActiveView();
   if (active == nullptr || checkSteps_.isActive()) return;
-  const CTVXView& view = active->view();
-  if (view.check.State(view.program.source) == CheckState::kUnderWay) checkSteps_.start(0);
+  if (active->view().check.IsUnderWay()) checkSteps_.start(0);
 }
 
 void MainWindow::CheckMore() {
@@ -251,8 +250,7 @@ void MainWindow::CheckMore() {
   if (active == nullptr) return checkSteps_.stop();
   CTVXView& view = active->view();
   ReleaseVectorRegisters();
-  const CheckState state = view.check.CheckMore(view.program.source, kLinesPerStep, app_->files);
-  if (state != CheckState::kUnderWay) checkSteps_.stop();
+  if (!view.check.CheckMore(kLinesPerStep, app_->files)) checkSteps_.stop();
   for (ViewDock* const dock : docks_) dock->ShowCheck(&view);
 }
 

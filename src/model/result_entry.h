@@ -48,6 +48,9 @@ struct CutTimeEntry {
   float RestartZMax = 0, RestartZMin = 0;
   float RestartX = 0, RestartY = 0, RestartZ = 0;
   float RestartTolerance = 0;
+  // Number of the program check (shell/view_check.h) in the window that recorded the entry; 0 for
+  // none. It is no field of any file.
+  uint32_t check = 0;
 };
 
 using EntryMember =

@@ -69,6 +69,7 @@ void SingleCutTimeCommand(CTVXView* view) {
   CutTimeEntry& result = view->fileInfo.current;
   SetNames(*view, &result);
   if (!app->ui->RunModal(&view->fileInfo)) return;
+  result.check = view->check.Keep();
   const RecordResult recorded =
       RecordResultEntry(result, SceneOf(view), app->files, &view->results);
   if (recorded == RecordResult::kTableFull) {

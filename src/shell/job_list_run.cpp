@@ -100,6 +100,7 @@ void RunEntry(const std::string& name, const std::string& line, CTVXView* view,
   result.fileName = name;
   result.optionLine = line;
   result.dirName = directory;
+  result.check = view->check.Keep();
   view->lastRun = {view->program.source.path, directory, line};
   const RecordResult recorded =
       RecordResultEntry(result, SceneOf(view), view->app->files, &view->results);

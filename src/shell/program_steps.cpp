@@ -23,9 +23,10 @@ Scene SceneOf(CTVXView* view) {
 }
 
 LoadResult LoadFile(CTVXView* view, const std::string& path) {
-  view->check.Restart(view->program, view->app->parserStates, view->job);
-  const LoadResult result =
-      LoadNcFile(path, &view->program, &view->app->parserStates, &view->job, view->app->files);
+  ParserStates* const states = &view->app->parserStates;
+  const LoadStart start = TakeLoadStart(view->program, *states);
+  const LoadResult result = LoadNcFile(path, &view->program, states, &view->job, view->app->files);
+  view->check.Restart(view->program.source, start, view->job);
   view->filePath = result == LoadResult::kCannotOpen ? "" : path;
   view->fileName = NameOfPath(view->filePath, kAnySlash);
   return result;

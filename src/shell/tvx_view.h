@@ -42,7 +42,7 @@ class CTVXView {
   std::string fileName;  // of the program in the store, without directory; empty if there is none
   std::string filePath;  // as it was passed to the load
   uint32_t loads = 0;    // number of programs read; a failed load does not count
-  ViewCheck check;       // of the program loaded last; nothing is checked until CheckMore
+  ViewCheck check;       // of its programs; nothing is checked until CheckMore
   CCommandPadDlg commandPad;
   COptionDlg optionDialog;
   CTransferDlg transferDialog;

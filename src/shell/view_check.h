@@ -1,14 +1,18 @@
-// The program check of a window: begins anew with each load and is done in steps.
+// The program checks of a window, done in steps: of the program loaded last and of the programs of
+// the recorded results.
 #pragma once
 
 #include <cstdint>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "insight/program_check.h"
 #include "model/job_record.h"
 #include "model/nc_program.h"
 #include "model/parser_state.h"
 #include "platform/files.h"
+#include "stats/result_table.h"
 
 namespace tvx {
 
@@ -20,27 +24,64 @@ enum class CheckState {
   kChanged,     // the file is not the one that was loaded
 };
 
+// The check of one program.
+struct FileCheck {
+  std::string path;  // absolute drive path
+  FileStamp stamp;   // of the file at the load
+  CheckState state = CheckState::kUnderWay;
+  std::shared_ptr<const ProgramCheck> result;  // null unless the state is kDone
+};
+
 class ViewCheck {
  public:
-  // Called before each load, with what the load reads from. Drops the check of the program before.
-  void Restart(const NcProgram& program, const ParserStates& states, const JobRecord& job);
+  // Called after each load, with what the load started from; the source has no path if nothing was
+  // loaded. Drops the check of the program before, unless it was kept.
+  void Restart(const ProgramSource& source, const LoadStart& start, const JobRecord& job);
 
-  // Checks up to so many further lines of the program that was loaded. Returns the state behind
-  // them. Does nothing unless the state is kUnderWay.
-  CheckState CheckMore(const ProgramSource& source, uint64_t lines, Files* files);
+  // Keeps the check of the program loaded last, done or not, for a result that is recorded. Returns
+  // the number for CutTimeEntry::check; 0 if no program is loaded. The last kResultEntries kept
+  // checks are stored.
+  uint32_t Keep();
 
-  // Of the program in the store.
-  CheckState State(const ProgramSource& source) const;
+  // Checks up to so many further lines: of the program loaded last, then of the kept ones in their
+  // order. Returns false once all checks have ended.
+  bool CheckMore(uint64_t lines, Files* files);
+  bool IsUnderWay() const;
 
-  // Null until a check is done. Stays valid for its holders after the next Restart.
-  const std::shared_ptr<const ProgramCheck>& Result() const { return result_; }
+  // Of the program loaded last: its check, null if nothing was loaded; what that says.
+  std::shared_ptr<const FileCheck> Loaded() const;
+  CheckState State() const;
+  std::shared_ptr<const ProgramCheck> Result() const;
+
+  // The check for a recorded result; null if the program of the result came from no file. To have
+  // it done, call CheckMore until it returns false.
+  std::shared_ptr<const FileCheck> Of(const CutTimeEntry& entry) const;
+
+  // The checks of all recorded results, each once, and behind them that of the program loaded last
+  // unless it is one of these.
+  std::vector<std::shared_ptr<const FileCheck>> ChecksOf(const ResultTable& results) const;
 
  private:
-  LoadStart start_;
-  JobRecord job_;
-  CheckState state_ = CheckState::kUnderWay;  // of a program from a file
-  std::unique_ptr<ProgramChecker> checker_;   // only while lines are being checked
-  std::shared_ptr<const ProgramCheck> result_;
+  // What a check that is not done yet starts from.
+  struct Start {
+    LoadStart load;
+    JobRecord job;
+  };
+  struct Entry {
+    uint32_t number = 0;
+    bool isKept = false;
+    std::shared_ptr<FileCheck> check;
+    std::unique_ptr<Start> start;  // null once the check has ended
+  };
+
+  Entry* Next();
+  void End(Entry* entry, CheckState state);
+
+  std::vector<Entry> entries_;  // in the order of the loads
+  bool isLoaded_ = false;       // the last entry is the program in the store
+  uint32_t loads_ = 0;
+  uint32_t underCheck_ = 0;                  // number of the entry that is being checked
+  std::unique_ptr<ProgramChecker> checker_;  // of it; null between two programs
 };
 
 }  // namespace tvx

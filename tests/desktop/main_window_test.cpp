@@ -4,6 +4,7 @@
 #include "desktop/main_window.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDropEvent>
 #include <QLabel>
 #include <QMenu>
@@ -78,8 +79,8 @@ TEST_F(MainWindowTest, CheckOfLoadedProgramListsLinesLeftOut) {
   click(calls->child(1));
   shows("줄 5\nM98 P2\n");
   home.Put(programs / "part.nc", "G1 X9 F0\n");
-  click(calls);
-  shows("줄 3\n불러온 뒤에 화일이 바뀌었습니다.");
+  click(calls->child(1));  // once more
+  shows("줄 5\n불러온 뒤에 화일이 바뀌었습니다.");
 
   // A check that is under way when the next program comes.
   std::string inches;
@@ -92,6 +93,20 @@ TEST_F(MainWindowTest, CheckOfLoadedProgramListsLinesLeftOut) {
   LoadProgram(&View(), "c:\\marlo\\ncdata\\clean.nc");
   QTRY_VERIFY(TextsIn(window.get()).contains("빠짐 0, 다름 0"));
   EXPECT_EQ(rows->topLevelItemCount(), 0);
+
+  // The programs of recorded results can be chosen beside the one in the picture.
+  auto* const choice = window->findChild<QDockWidget*>("programCheck")->findChild<QComboBox*>();
+  EXPECT_FALSE(choice->isVisible());
+  Load("inch.nc", "G20\nG1 X1 F100\n");
+  View().results.entries[0].check = View().check.Keep();
+  View().results.entryCount = 1;
+  LoadProgram(&View(), "c:\\marlo\\ncdata\\clean.nc");
+  window->ShowProgram();
+  QTRY_COMPARE(choice->currentText(), ToQt("clean.nc · 빠짐 0, 다름 0"));
+  EXPECT_EQ(FromQt(choice->itemText(0)), "inch.nc · 빠짐 0, 다름 1");
+  choice->setCurrentIndex(0);
+  window->ShowProgram();
+  EXPECT_EQ(rows->topLevelItemCount(), 1) << "the choice stays";
 }
 
 TEST_F(MainWindowTest, EachDroppedFileGetsWindow) {

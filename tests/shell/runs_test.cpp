@@ -269,6 +269,44 @@ TEST_F(JobListRun, RecordsEveryEntryWithItsOwnOptions) {
   RunJobList(&view);
 }
 
+TEST_F(JobListRun, ItsFilesAreCheckedBehindItAsFarAsTheyAreThoseThatWereLoaded) {
+  const auto put = [this](const std::string& name) {
+    files.Put("c:\\marlo\\ncdata\\" + name, kProgram + std::string("G20\nM98\n"));
+  };
+  std::vector<std::pair<std::string, std::string>> entries;
+  for (const char* const name : {"gone.nc", "changed.nc", "none.nc", "same.nc"}) {
+    if (name != std::string("none.nc")) put(name);
+    entries.emplace_back(name, kPlainLine);
+  }
+  OnEntries(entries);
+  RunJobList(&view);
+  files.Remove("c:\\marlo\\ncdata\\gone.nc");
+  put("changed.nc");
+  LoadFile(&view, "b.nc");  // the program behind the run
+  const auto states = [this] {
+    std::string text;
+    for (const CutTimeEntry& entry : view.results.Recorded()) {
+      const auto check = view.check.Of(entry);
+      constexpr const char* kStates[] = {"", " under way", " done", " unreadable", " changed"};
+      text += entry.fileName;
+      if (check != nullptr) text += kStates[static_cast<size_t>(check->state)];
+      if (check != nullptr && check->result != nullptr) {
+        text += Format(" %d+%d", static_cast<int>(check->result->Count(RemarkClass::kLost)),
+                       static_cast<int>(check->result->Count(RemarkClass::kChanged)));
+      }
+      text += "; ";
+    }
+    return text;
+  };
+  EXPECT_EQ(states(), "gone.nc under way; changed.nc under way; none.nc; same.nc under way; ");
+  EXPECT_TRUE(view.check.CheckMore(100, &files));
+  EXPECT_EQ(view.check.State(), CheckState::kDone) << "the picture's program comes first";
+  EXPECT_EQ(view.check.ChecksOf(view.results).back()->path, "c:\\marlo\\ncdata\\b.nc");
+  while (view.check.CheckMore(2, &files)) {
+  }
+  EXPECT_EQ(states(), "gone.nc unreadable; changed.nc changed; none.nc; same.nc done 1+1; ");
+}
+
 TEST_F(JobListRun, EndsAtTheDialogOrTheTransferProgram) {
   app.rememberedSpindle = -5;
   view.job.KeyCodeOn = view.job.KeyCodeCount = 2;
