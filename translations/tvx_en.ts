@@ -500,34 +500,6 @@
         <translation>Add to Info List</translation>
     </message>
     <message>
-        <source>절삭길이  %1 M</source>
-        <translation>Cutting length  %1 M</translation>
-    </message>
-    <message>
-        <source>절삭시간  %1 min</source>
-        <translation>Cutting time  %1 min</translation>
-    </message>
-    <message>
-        <source>평균절삭속도  %1 mm/min</source>
-        <translation>Average cutting feed  %1 mm/min</translation>
-    </message>
-    <message>
-        <source>급속이송속도  %1 mm/min</source>
-        <translation>Rapid feed  %1 mm/min</translation>
-    </message>
-    <message>
-        <source>급속이송길이  %1 M</source>
-        <translation>Rapid length  %1 M</translation>
-    </message>
-    <message>
-        <source>급속이송시간 %1 min</source>
-        <translation>Rapid time %1 min</translation>
-    </message>
-    <message>
-        <source>소요시간 %1 min</source>
-        <translation>Total time %1 min</translation>
-    </message>
-    <message>
         <source>&lt;&lt; 절삭조건 입력 &gt;&gt;</source>
         <translation>&lt;&lt; Cutting Condition Input &gt;&gt;</translation>
     </message>
@@ -928,6 +900,34 @@
     <message>
         <source>클릭한 줄의 내용이 여기에 나옵니다.</source>
         <translation>Click a row to see its line here.</translation>
+    </message>
+    <message>
+        <source>잘 보이는 색</source>
+        <translation>High-Contrast Colours</translation>
+    </message>
+    <message>
+        <source>메뉴 &quot;화일&quot;의 &quot;불러오기&quot;로 NC 프로그램을 열거나, 화일을 이 창에 끌어다 놓으십시오.</source>
+        <translation>Open an NC program with &quot;Load&quot; in the menu &quot;File&quot;, or drop it onto this window.</translation>
+    </message>
+    <message>
+        <source>Ctrl+T로 가공 조건을 정하고 시간을 계산합니다.</source>
+        <translation>Ctrl+T sets the machining options and computes the times.</translation>
+    </message>
+    <message>
+        <source>메뉴 &quot;Help&quot;에 설명서와 키 목록이 있습니다.</source>
+        <translation>The menu &quot;Help&quot; has the guide and the list of keys.</translation>
+    </message>
+    <message>
+        <source>설명서</source>
+        <translation>Guide</translation>
+    </message>
+    <message>
+        <source>키와 마우스</source>
+        <translation>Keys and Mouse</translation>
+    </message>
+    <message>
+        <source>설명서가 설치되어 있지 않습니다.</source>
+        <translation>The guide is not installed.</translation>
     </message>
 </context>
 </TS>

@@ -2,8 +2,10 @@
 
 #include "cli/host.h"
 
+#include <cstdlib>
 #include <filesystem>
 #include <optional>
+#include <string_view>
 
 #include "cli/output.h"
 
@@ -14,6 +16,12 @@ namespace fs = std::filesystem;
 
 fs::path HomeOf(const Call& call) {
   return call.home.empty() ? Drives::DefaultHome() : fs::absolute(call.home);
+}
+
+// Of the lines that a window would show; Korean unless the environment asks for English.
+int32_t LanguageOfEnvironment() {
+  const char* const language = std::getenv("TVX_LANGUAGE");
+  return language != nullptr && std::string_view(language) == "en" ? kEnglishLabels : kKoreanLabels;
 }
 
 }  // namespace
@@ -32,7 +40,7 @@ Host::Host(const Call& call)
       files(MakeHostFiles(&drives_)),
       spreadsheets(&drives_),
       app(files.get(), &ui, NoPrograms(), &spreadsheets) {
-  app.InitApplication();
+  app.InitApplication(LanguageOfEnvironment());
 }
 
 std::string Host::DrivePath(const std::string& argument) const {

@@ -10,6 +10,7 @@
 #include "cli/output.h"
 #include "cli/params.h"
 #include "cli/program_files.h"
+#include "stats/entry_lines.h"
 
 namespace tvx {
 
@@ -31,7 +32,10 @@ int RunInfo(const Call& call) {
   PrepareProgram(file, params.Adjusts(), &view);
   CountProgram(file, &view);
 
-  const std::vector<std::string> lines = view.fileInfo.Lines();
+  std::vector<std::string> lines = view.fileInfo.Lines();
+  if (host.app.LabelLanguage == kEnglishLabels) {
+    for (std::string& text : lines) text = EnglishFigure(ReplaceLabels(text, kEnglishLabels));
+  }
   if (json) {
     Print(JsonText(Json(lines)));
   } else {

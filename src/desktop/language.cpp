@@ -11,6 +11,7 @@
 #include <QTranslator>
 
 #include "jobs/labels.h"
+#include "stats/entry_lines.h"
 
 namespace tvx {
 
@@ -82,6 +83,10 @@ void UseLanguage(int32_t language) {
   }
 }
 
+int32_t LanguageInUse() {
+  return languageInUse;
+}
+
 QString Translated(std::string_view text) {
   QString source = ToQt(text);
   if (Translations().isEmpty()) return source;
@@ -98,7 +103,8 @@ QString InLanguage(std::string_view korean, std::string_view english) {
 }
 
 QString TranslatedLabels(const std::string& text) {
-  return Translated(ReplaceLabels(text, languageInUse));
+  const std::string labelled = ReplaceLabels(text, languageInUse);
+  return languageInUse == kEnglishLabels ? Translated(EnglishFigure(labelled)) : ToQt(labelled);
 }
 
 void SetUpKorean() {

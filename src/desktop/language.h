@@ -15,6 +15,8 @@ std::string FromQt(const QString& text);
 // Sets the language of Translated and TranslatedLabels, one of jobs/labels.h.
 void UseLanguage(int32_t language);
 
+int32_t LanguageInUse();
+
 // A text of the program's own, in the language in use. Its numbers may be any: the translation of
 // "소요시간 %1 min" serves for "소요시간 1.5 min". A text without a translation comes back as it
 // is. Not for names and input of the user: a folder "설정" keeps its name in every language.
@@ -23,7 +25,7 @@ QString Translated(std::string_view text);
 // The text in the language in use, of a table that has both.
 QString InLanguage(std::string_view korean, std::string_view english);
 
-// The same as Translated for a text with labels of jobs/labels.h.
+// The same as Translated for a text with labels of jobs/labels.h or a line of figures.
 QString TranslatedLabels(const std::string& text);
 
 // Sets a font with Hangul for all texts, and Korean texts in the toolkit's own dialogs, as far as

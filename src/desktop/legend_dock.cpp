@@ -5,12 +5,12 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPainter>
-#include <QPixmap>
 #include <QVBoxLayout>
 #include <cmath>
 
 #include "base/format.h"
 #include "desktop/check_dock.h"
+#include "desktop/display_options.h"
 #include "desktop/language.h"
 #include "desktop/machine_rows.h"
 #include "model/walks.h"
@@ -24,25 +24,23 @@ namespace {
 constexpr int kRowSpacing = 2;
 
 // A line of the pen on black, as in the picture, so that white is visible on a light desktop.
-QPixmap Swatch(Pen pen, double ratio) {
-  constexpr int kWidth = 44;
-  constexpr int kHeight = 16;
-  QPixmap pixmap(QSize(kWidth, kHeight) * ratio);
-  pixmap.setDevicePixelRatio(ratio);
-  pixmap.fill(Qt::black);
-  QPainter painter(&pixmap);
-  const PenStyle& style = StyleOf(pen);
-  painter.setPen(
-      QPen(QColor::fromRgb(style.colour), 3, style.dashed ? Qt::DashLine : Qt::SolidLine));
-  painter.drawLine(QPointF(4, kHeight / 2.0), QPointF(kWidth - 4, kHeight / 2.0));
-  return pixmap;
-}
+class Swatch : public QWidget {
+ public:
+  Swatch(Pen pen, QWidget* parent) : QWidget(parent), pen_(pen) { setFixedSize(44, 16); }
 
-QLabel* SwatchLabel(Pen pen, QWidget* parent) {
-  auto* const label = new QLabel(parent);
-  label->setPixmap(Swatch(pen, parent->devicePixelRatioF()));
-  return label;
-}
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    painter.fillRect(rect(), Qt::black);
+    const PenStyle& style = ScreenPens()[pen_];
+    painter.setPen(
+        QPen(QColor::fromRgb(style.colour), 3, style.dashed ? Qt::DashLine : Qt::SolidLine));
+    painter.drawLine(QPointF(4, height() / 2.0), QPointF(width() - 4, height() / 2.0));
+  }
+
+ private:
+  Pen pen_;
+};
 
 QString ExtentText(const Vec3& low, const Vec3& high) {
   if (low.x > high.x) return "-";
@@ -73,10 +71,10 @@ LegendDock::LegendDock(const DockContext& context, QWidget* parent)
   colours->addWidget(new QLabel(Translated("피드 (mm/min)"), body), 0, 0, 1, 2);
   for (int i = 0; i < kFeedBands; ++i) {
     ranges_[static_cast<size_t>(i)] = new QLabel("-", body);
-    colours->addWidget(SwatchLabel(kScreenPalette.band[static_cast<size_t>(i)], body), i + 1, 0);
+    colours->addWidget(new Swatch(kScreenPalette.band[static_cast<size_t>(i)], body), i + 1, 0);
     colours->addWidget(ranges_[static_cast<size_t>(i)], i + 1, 1);
   }
-  colours->addWidget(SwatchLabel(penRapid, body), kFeedBands + 1, 0);
+  colours->addWidget(new Swatch(penRapid, body), kFeedBands + 1, 0);
   colours->addWidget(new QLabel(Translated("급속이송"), body), kFeedBands + 1, 1);
   column->addLayout(colours);
 

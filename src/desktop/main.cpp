@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <memory>
 
+#include "desktop/display_options.h"
 #include "desktop/language.h"
 #include "desktop/main_window.h"
 #include "desktop/qt_user_interface.h"
@@ -25,12 +26,13 @@ struct Arguments {
   QStringList files;
 };
 
-// The option chooses the language, else the environment. An unknown language is an error in the
-// option and is ignored in the environment.
-Arguments ReadArguments() {
+// The option chooses the language, else the environment, else the choice in the window's settings.
+// An unknown language is an error in the option and is ignored in the environment.
+Arguments ReadArguments(const QString& settingsFile) {
   QCommandLineParser parser;
   parser.setApplicationDescription("Shows tool paths and their machining times.");
-  const QString environment = qEnvironmentVariable("TVX_LANGUAGE", "ko");
+  const bool choseEnglish = tvx::ChosenLanguage(settingsFile) == tvx::kEnglishLabels;
+  const QString environment = qEnvironmentVariable("TVX_LANGUAGE", choseEnglish ? "en" : "ko");
   const QCommandLineOption language("language", "The language of the windows: ko or en.",
                                     "language", environment);
   parser.addOption(language);
@@ -53,11 +55,12 @@ int main(int argc, char** argv) {
   std::setlocale(LC_NUMERIC, "C");
   QApplication::setApplicationName("TVX");
   QApplication::setDesktopFileName("tvx");  // by which a desktop finds the icon of the windows
-  const Arguments arguments = ReadArguments();
+  const std::filesystem::path home = tvx::Drives::DefaultHome();
+  const QString settingsFile = tvx::ToQt((home / "desktop.ini").string());
+  const Arguments arguments = ReadArguments(settingsFile);
   tvx::UseLanguage(arguments.language);
   if (arguments.language == tvx::kKoreanLabels) tvx::SetUpKorean();
 
-  const std::filesystem::path home = tvx::Drives::DefaultHome();
   const tvx::Drives drives(home);
   const std::unique_ptr<tvx::Files> files = tvx::MakeHostFiles(&drives);
   tvx::QtUserInterface ui(&drives, files.get());
@@ -66,7 +69,7 @@ int main(int argc, char** argv) {
   tvx::CTVXApp app(files.get(), &ui, &programs, &spreadsheets);
   app.InitApplication(arguments.language);
 
-  tvx::MainWindow window(&app, &drives, tvx::ToQt((home / "desktop.ini").string()));
+  tvx::MainWindow window(&app, &drives, settingsFile);
   ui.SetWindow(&window);
   window.NewView();
   window.showMaximized();

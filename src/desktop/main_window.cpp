@@ -13,6 +13,8 @@
 #include <iterator>
 
 #include "desktop/child_windows.h"
+#include "desktop/display_options.h"
+#include "desktop/help.h"
 #include "desktop/icons.h"
 #include "desktop/language.h"
 #include "platform/vector_registers.h"
@@ -54,9 +56,19 @@ MainWindow::MainWindow(CTVXApp* app, const Drives* drives, const QString& settin
   resize(1100, 760);
   setCentralWidget(area_);
   setStatusBar(statusBar_);
-  menus_ = new Menus(this, EntriesOf(docks_));
+  auto* const display = new DisplayOptions(settingsFile, this);
+  menus_ = new Menus(this, {.view = EntriesOf(docks_) + display->MenuEntries(),
+                            .help = (new Help(this))->MenuEntries()});
   BindChildWindowKeys();
   connect(&checkSteps_, &QTimer::timeout, this, &MainWindow::CheckMore);
+  connect(display, &DisplayOptions::PensChanged, this, [this] {
+    for (QMdiSubWindow* const child : area_->subWindowList()) {
+      qobject_cast<ViewWidget*>(child->widget())->Redraw();
+    }
+    update();  // the legend
+  });
+  connect(display, &DisplayOptions::LanguageChosen, this,
+          [this] { ShowStatusText("다음에 시작할 때 바뀝니다. / Changes at the next start."); });
   connect(menus_, &Menus::RecentFileChosen, this,
           [this](const QString& path) { opener_->Open(FromQt(path), nullptr); });
   connect(area_, &QMdiArea::subWindowActivated, this, [this] {

@@ -15,10 +15,10 @@
 
 namespace tvx {
 
-Menus::Menus(MainWindow* window, const QList<QAction*>& viewEntries)
+Menus::Menus(MainWindow* window, const MenuAdditions& additions)
     : QObject(window), window_(window) {
-  AddRows(EmptyMenu(), &emptyMenus_, viewEntries);
-  AddRows(WorkingMenu(), &workingMenus_, viewEntries);
+  AddRows(EmptyMenu(), &emptyMenus_, additions);
+  AddRows(WorkingMenu(), &workingMenus_, additions);
   BuildToolBar();
   BindKeys();
 }
@@ -39,7 +39,7 @@ QAction* Menus::Add(QWidget* place, CommandId id, const QString& text) {
 }
 
 void Menus::AddRows(std::span<const MenuRow> rows, QList<QAction*>* menus,
-                    const QList<QAction*>& viewEntries) {
+                    const MenuAdditions& additions) {
   QMenu* menu = nullptr;
   QMenu* submenu = nullptr;
   std::string title;
@@ -59,7 +59,8 @@ void Menus::AddRows(std::span<const MenuRow> rows, QList<QAction*>* menus,
       place = submenu;
     }
     QAction* const entry = Add(place, row.id, Translated(row.text));
-    if (row.id == CommandId::kStatusBar) place->addActions(viewEntries);
+    if (row.id == CommandId::kStatusBar) place->addActions(additions.view);
+    if (row.id == CommandId::kAbout) place->addActions(additions.help);
     if (row.id == CommandId::kRecentFiles) {
       recentPlace_ = entry;
       recentMenu_ = place;

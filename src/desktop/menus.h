@@ -17,13 +17,18 @@ namespace tvx {
 
 class MainWindow;
 
+// Entries that follow the commands of both View menus and of both Help menus.
+struct MenuAdditions {
+  QList<QAction*> view;
+  QList<QAction*> help;
+};
+
 class Menus : public QObject {
   Q_OBJECT
 
  public:
-  // Builds them on a window, which carries out the commands. `viewEntries` follow the commands of
-  // both View menus.
-  Menus(MainWindow* window, const QList<QAction*>& viewEntries);
+  // Builds them on a window, which carries out the commands.
+  Menus(MainWindow* window, const MenuAdditions& additions);
 
   // The bar that a command shows or hides; null for any other command.
   QWidget* BarOf(CommandId id) const;
@@ -46,7 +51,7 @@ class Menus : public QObject {
  private:
   QAction* Add(QWidget* place, CommandId id, const QString& text);
   void AddRows(std::span<const MenuRow> rows, QList<QAction*>* menus,
-               const QList<QAction*>& viewEntries);
+               const MenuAdditions& additions);
   void BuildToolBar();
   QMenu* BuildPrinterMenu();
   void BindKeys();

@@ -7,6 +7,8 @@
 #include <cmath>
 #include <optional>
 
+#include "desktop/display_options.h"
+#include "desktop/empty_page.h"
 #include "desktop/language.h"
 #include "platform/vector_registers.h"
 
@@ -58,7 +60,7 @@ void ViewWidget::DrawPicture() {
   origin_ = preparation.origin;
   RasterDevice device({reinterpret_cast<uint32_t*>(image_.bits()), image_.width(), image_.height(),
                        image_.bytesPerLine() / 4},
-                      origin_);
+                      origin_, ScreenPens());
   ReleaseVectorRegisters();
   Paint({&view_.program, &view_.job, &view_.view}, &device);
   texts_ = device.texts();
@@ -79,6 +81,9 @@ void ViewWidget::paintEvent(QPaintEvent* /*event*/) {
   for (const RasterDevice::PlacedText& text : texts_) {
     const QPointF corner((text.point.x - origin_.x) / ratio, (text.point.y - origin_.y) / ratio);
     painter.drawText(corner + QPointF(0, ascent), ToQt(text.text));
+  }
+  if (view_.fileName.empty() && view_.program.store.blockCount == 0) {
+    PaintEmptyPage(rect(), &painter);
   }
   if (const auto corners = commands_.RubberBand()) {
     const QPointF press((*corners)[0].x / ratio, (*corners)[0].y / ratio);

@@ -1,6 +1,8 @@
 // The lines that describe a result, as reports and dialogs share them.
 #include "stats/entry_lines.h"
 
+#include <string_view>
+
 #include "base/format.h"
 
 namespace tvx {
@@ -73,6 +75,25 @@ std::vector<std::string> FigureLines(const CutTimeEntry& entry, int rapidLengthD
       Format("급속이송시간 %.1f min", entry.rapidMinutes),
       Format("소요시간 %.1f min", entry.totalMinutes),
   };
+}
+
+std::string EnglishFigure(const std::string& line) {
+  constexpr struct {
+    std::string_view korean;
+    const char* english;
+  } kLabels[] = {
+      {"절삭길이", "Cutting length"},
+      {"절삭시간", "Cutting time"},
+      {"평균절삭속도", "Average cutting feed"},
+      {"급속이송속도", "Rapid feed"},
+      {"급속이송길이", "Rapid length"},
+      {"급속이송시간", "Rapid time"},
+      {"소요시간", "Total time"},
+  };
+  for (const auto& label : kLabels) {
+    if (line.starts_with(label.korean)) return label.english + line.substr(label.korean.size());
+  }
+  return line;
 }
 
 std::string CornerWeightsText(const CutTimeEntry& entry) {

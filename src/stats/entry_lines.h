@@ -20,6 +20,9 @@ std::vector<std::string> ConditionLines(const CutTimeEntry& entry, const char* w
 // The seven figures.
 std::vector<std::string> FigureLines(const CutTimeEntry& entry, int rapidLengthDecimals);
 
+// A line of FigureLines with its label in English; any other text as it is.
+std::string EnglishFigure(const std::string& line);
+
 // The three corner or slope weights, with a blank behind each.
 std::string CornerWeightsText(const CutTimeEntry& entry);
 std::string SlopeWeightsText(const CutTimeEntry& entry);

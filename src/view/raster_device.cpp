@@ -51,7 +51,7 @@ void RasterDevice::FillRectangle(int32_t left, int32_t top, int32_t right, int32
 }
 
 Pen RasterDevice::SelectPen(Pen pen) {
-  const PenStyle& style = StyleOf(pen);
+  const PenStyle& style = styles_[pen];
   colour_ = kOpaque | style.colour;
   dashed_ = style.dashed;
   dashPhase_ = 0;

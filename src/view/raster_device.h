@@ -27,9 +27,10 @@ class RasterDevice final : public DrawingDevice {
     std::string text;
   };
 
-  // `origin` is the logical coordinate of the image's first pixel. The pixels must outlive the
-  // device.
-  RasterDevice(const Image& image, Pixel origin) : image_(image), origin_(origin) {}
+  // `origin` is the logical coordinate of the image's first pixel. The pixels and the styles of the
+  // pens must outlive the device.
+  RasterDevice(const Image& image, Pixel origin, PenStyles styles = kPenStyles)
+      : image_(image), origin_(origin), styles_(styles) {}
 
   void FillRectangle(int32_t left, int32_t top, int32_t right, int32_t bottom,
                      Colour colour) override;
@@ -76,6 +77,7 @@ class RasterDevice final : public DrawingDevice {
 
   Image image_;
   Pixel origin_;
+  PenStyles styles_;
   Pen pen_ = penDefault;
   uint32_t colour_ = 0xFF000000;
   bool dashed_ = false;

@@ -14,7 +14,9 @@
 #include <QTextEdit>
 #include <QTreeWidget>
 #include <algorithm>
+#include <set>
 
+#include "desktop/display_options.h"
 #include "desktop_test.h"
 
 namespace tvx {
@@ -184,6 +186,33 @@ TEST_F(MainWindowTest, LegendShowsTimeOfMachineUntilItIsCleared) {
   user.Do(window.get(), "×");
   open();
   EXPECT_FALSE(shows({"mill.machine"}));
+}
+
+TEST_F(MainWindowTest, LanguageAndColoursAreKeptForNextStart) {
+  const QString settings = ToQt((home / "desktop.ini").string());
+  const auto entry = [&](const QString& text) {
+    for (QAction* const action : window->findChildren<QAction*>()) {
+      if (action->text() == text) return action;
+    }
+    return static_cast<QAction*>(nullptr);
+  };
+  OpenWindow(settings);
+  EXPECT_EQ(ChosenLanguage(settings), std::nullopt);
+  entry("English")->trigger();
+  EXPECT_EQ(ChosenLanguage(settings), kEnglishLabels);
+  entry("잘 보이는 색")->trigger();
+  OpenWindow(settings);
+  window->NewView();
+  Settle();
+  Load("part.nc", kProgram);
+  const QImage shown = window->ActiveView()->grab().toImage();
+  std::set<QRgb> colours;
+  for (int i = 0; i < shown.width() * shown.height(); ++i) {
+    colours.insert(shown.pixel(i % shown.width(), i / shown.width()));
+  }
+  EXPECT_TRUE(colours.contains(0xFFFFB040)) << "a fifth of the highest feed";
+  EXPECT_FALSE(colours.contains(0xFFFF0000));
+  entry("잘 보이는 색")->trigger();  // belongs to the process
 }
 
 TEST_F(MainWindowTest, PageHasPictureOfScreen) {

@@ -4,7 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <random>
+
+#include "view/path_drawing.h"
 
 namespace tvx {
 namespace {
@@ -123,6 +126,60 @@ TEST(RasterDevice, HugeCoordinatesStayInsideTheImage) {
     nothing.FillRectangle(from.x, from.y, to.x, to.y, 0);
   }
   EXPECT_TRUE(canvas.GuardsAreWhole());
+}
+
+// Relative luminance by WCAG 2 of a colour as a row of the matrix sees it.
+double Luminance(Colour colour, const double (&matrix)[3][3]) {
+  double channels[3];
+  for (int i = 0; i < 3; ++i) {
+    const double value = ((colour >> (16 - 8 * i)) & 0xFF) / 255.0;
+    channels[i] = value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+  }
+  const double weights[3] = {0.2126, 0.7152, 0.0722};
+  double luminance = 0;
+  for (int row = 0; row < 3; ++row) {
+    double seen = 0;
+    for (int i = 0; i < 3; ++i) seen += matrix[row][i] * channels[i];
+    luminance += weights[row] * std::clamp(seen, 0.0, 1.0);
+  }
+  return luminance;
+}
+
+TEST(PenStyles, HighContrastKeepsItsContrastForEveryEye) {
+  // Machado, Oliveira and Fernandes 2009, at full severity; applied to linear channels.
+  constexpr struct {
+    const char* name;
+    double matrix[3][3];
+  } kEyes[] = {
+      {"usual", {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}},
+      {"protanopia",
+       {{0.152286, 1.052583, -0.204868},
+        {0.114503, 0.786281, 0.099216},
+        {-0.003882, -0.048116, 1.051998}}},
+      {"deuteranopia",
+       {{0.367322, 0.860646, -0.227968},
+        {0.280085, 0.672501, 0.047413},
+        {-0.011820, 0.042940, 0.968881}}},
+      {"tritanopia",
+       {{1.255528, -0.076749, -0.178779},
+        {-0.078411, 0.930809, 0.147602},
+        {0.004733, 0.691367, 0.303900}}},
+  };
+  for (const auto& [name, matrix] : kEyes) {
+    const auto contrast = [&matrix](Colour a, Colour b) {
+      const double x = Luminance(a, matrix) + 0.05;
+      const double y = Luminance(b, matrix) + 0.05;
+      return std::max(x, y) / std::min(x, y);
+    };
+    Colour previous = 0;
+    for (const Pen pen : kScreenPalette.band) {
+      const Colour colour = kHighContrastPenStyles[pen].colour;
+      EXPECT_GE(contrast(colour, 0), 4.5) << name << " " << kPenStyles[pen].name;
+      EXPECT_GE(contrast(colour, previous), 1.5) << name << " " << kPenStyles[pen].name;
+      previous = colour;
+    }
+    EXPECT_GE(contrast(kHighContrastPenStyles[penRapid].colour, 0), 4.5) << name;
+  }
 }
 
 }  // namespace

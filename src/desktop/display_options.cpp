@@ -1,0 +1,87 @@
+// Builds the entries, and keeps what the user chooses.
+#include "desktop/display_options.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QMenu>
+#include <QSettings>
+#include <QVariant>
+#include <QWidget>
+#include <iterator>
+
+#include "desktop/language.h"
+#include "jobs/labels.h"
+
+namespace tvx {
+
+namespace {
+
+constexpr char kLanguageKey[] = "language";
+constexpr char kColoursKey[] = "highContrast";
+
+bool highContrast = false;
+
+// Each in its own language, for a user who does not read the one in use.
+constexpr struct {
+  const char* code;
+  int32_t language;
+  const char* name;
+} kLanguages[] = {{"ko", kKoreanLabels, "한국어"}, {"en", kEnglishLabels, "English"}};
+
+void Keep(const QString& settingsFile, const char* key, const QVariant& value) {
+  if (!settingsFile.isEmpty()) QSettings(settingsFile, QSettings::IniFormat).setValue(key, value);
+}
+
+}  // namespace
+
+PenStyles ScreenPens() {
+  return highContrast ? PenStyles(kHighContrastPenStyles) : PenStyles(kPenStyles);
+}
+
+std::optional<int32_t> ChosenLanguage(const QString& settingsFile) {
+  const QString code = QSettings(settingsFile, QSettings::IniFormat).value(kLanguageKey).toString();
+  for (const auto& row : kLanguages) {
+    if (code == row.code) return row.language;
+  }
+  return std::nullopt;
+}
+
+DisplayOptions::DisplayOptions(const QString& settingsFile, QWidget* parent)
+    : QObject(parent), settingsFile_(settingsFile) {
+  AddLanguages(parent);
+  AddColours();
+}
+
+void DisplayOptions::AddLanguages(QWidget* parent) {
+  auto* const menu = new QMenu("언어 / Language", parent);
+  auto* const group = new QActionGroup(menu);
+  for (const auto& row : kLanguages) {
+    QAction* const entry = menu->addAction(ToQt(row.name));
+    entry->setCheckable(true);
+    entry->setChecked(row.language == LanguageInUse());
+    group->addAction(entry);
+    connect(entry, &QAction::triggered, this, [this, code = row.code] {
+      Keep(settingsFile_, kLanguageKey, code);
+      emit LanguageChosen();
+    });
+  }
+  entries_ << menu->menuAction();
+}
+
+void DisplayOptions::AddColours() {
+  if (!settingsFile_.isEmpty()) {
+    highContrast =
+        QSettings(settingsFile_, QSettings::IniFormat).value(kColoursKey, false).toBool();
+  }
+  auto* const entry = new QAction(Translated("잘 보이는 색"), this);
+  entry->setCheckable(true);
+  entry->setChecked(highContrast);
+  connect(entry, &QAction::toggled, this, [this](bool isOn) {
+    highContrast = isOn;
+    Keep(settingsFile_, kColoursKey, isOn);
+    emit PensChanged();
+  });
+  entries_ << entry;
+}
+
+}  // namespace tvx

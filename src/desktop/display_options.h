@@ -1,0 +1,47 @@
+// The entries of the View menus for language and colours. Both are kept in the window's settings.
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <cstdint>
+#include <optional>
+
+#include "view/drawing_device.h"
+
+class QAction;
+class QWidget;
+
+namespace tvx {
+
+// The pens of the pictures on the screen and of the legend; pictures in files and on paper keep
+// the defined ones.
+PenStyles ScreenPens();
+
+// The language that the user has chosen in a settings file, one of jobs/labels.h; none if there is
+// no choice.
+std::optional<int32_t> ChosenLanguage(const QString& settingsFile);
+
+class DisplayOptions : public QObject {
+  Q_OBJECT
+
+ public:
+  // Takes the colours from the settings file; without a file a choice lasts for the run.
+  DisplayOptions(const QString& settingsFile, QWidget* parent);
+
+  const QList<QAction*>& MenuEntries() const { return entries_; }
+
+ signals:
+  // The pictures on the screen have to be drawn with other pens.
+  void PensChanged();
+  // The language of the next start has been chosen.
+  void LanguageChosen();
+
+ private:
+  void AddLanguages(QWidget* parent);
+  void AddColours();
+
+  QString settingsFile_;
+  QList<QAction*> entries_;
+};
+
+}  // namespace tvx
