@@ -6,13 +6,16 @@
 #include <algorithm>
 #include <cstdio>
 #include <functional>
+#include <optional>
 #include <string_view>
 #include <vector>
 
+#include "feed/feed_pass.h"
 #include "measuring.h"
 #include "platform/vector_registers.h"
 #include "view/metafile_device.h"
 #include "view/path_drawing.h"
+#include "view/pick.h"
 #include "view/picture.h"
 #include "view/polyline_device.h"
 #include "view/raster_device.h"
@@ -294,6 +297,40 @@ void Measure(uint64_t lines, const BenchOptions& options, const Workspace& works
   Print(works, lines);
 }
 
+// Picks at a grid of pixels in every fixed view, fitted and zoomed. The program is adjusted, so
+// that moves have portions, and drawn with colour ramps, the slowest drawing of a move.
+void MeasurePick(const BenchOptions& options, const Workspace& workspace) {
+  const Table table({"lines", "index, ns a block", "to a walk", "bytes a block", "median pick, ms",
+                     "longest pick, ms"});
+  for (const uint64_t lines : options.sizes) {
+    BenchScene bench;
+    bench.Load(lines, options, workspace);
+    FeedPassMemory memory;
+    FeedPass(&bench.loaded.program, bench.loaded.job, nullptr, &memory);
+    bench.loaded.job.AfaEnabled = bench.loaded.job.FeedChgSmoothCheck = 1;
+    BlockStore& store = bench.loaded.program.store;
+    const double walk = WalkSeconds(&bench);
+    std::optional<PickIndex> index;
+    const double making = Seconds([&] { index.emplace(&store); });
+    std::vector<double> picks;
+    for (int mode = 1; mode <= kViewModes; ++mode) {
+      SetViewMode(&bench.view.transform, mode);
+      for (const float zoom : {1.0F, 8.0F}) {
+        FitToPath(&bench.view.transform, &store);
+        bench.view.transform.viewScale *= zoom;
+        for (int32_t x = -kWidth / 2; x < kWidth / 2; x += 97) {
+          for (int32_t y = -kHeight / 2; y < kHeight / 2; y += 61) {
+            picks.push_back(Seconds([&] { Keep(index->Pick(bench.scene(), {x, y})); }) * 1e3);
+          }
+        }
+      }
+    }
+    table.Row({Grouped(lines), Fixed(making / store.blockCount * 1e9, 1), Fixed(making / walk, 2),
+               Fixed(static_cast<double>(index->Bytes()) / store.blockCount, 2),
+               Fixed(Median(picks), 2), Fixed(*std::ranges::max_element(picks), 1)});
+  }
+}
+
 }  // namespace
 
 }  // namespace tvx::bench
@@ -302,8 +339,11 @@ int main(int argc, char** argv) {
   using namespace tvx::bench;
   const BenchOptions options = ReadBenchOptions(argc, argv);
   const Workspace workspace;
-  for (const uint64_t lines : options.sizes) Measure(lines, options, workspace);
+  if (!getenv("PICKONLY"))
+    for (const uint64_t lines : options.sizes) Measure(lines, options, workspace);
   MeasureFirstPicture(options, workspace);
+  std::puts("");
+  MeasurePick(options, workspace);
   std::puts("");
   MeasureMemory(options.sizes.back(), options, workspace);
 }

@@ -11,8 +11,6 @@
 namespace tvx {
 namespace {
 
-constexpr int32_t kPixelLimit = 30000;  // points beyond it are not drawn
-
 // Two feeds are drawn as a ramp if the lower one is below this fraction of the higher one.
 constexpr double kFeedStepFactor = 0.8;
 
@@ -31,7 +29,7 @@ float Along(float from, double offset) {
 
 // The limit applies to the truncated coordinate, so 30000.9 is within it. A NaN is not.
 bool IsWithinLimit(double coordinate) {
-  return std::abs(coordinate) < kPixelLimit + 1;
+  return std::abs(coordinate) < kDrawnPixels + 1;
 }
 
 }  // namespace
@@ -135,22 +133,25 @@ void PathDrawing::DrawPath() {
   state_->prevEnd = {};
   if (store_->blockCount == 0) return;
   program_->firstPoint = 1;
-  for (uint32_t index = 0; index < store_->blockCount; ++index) {
-    if (store_->ReadBlock(index) == 0 || !IsMoveType(store_->CurrentBlock.type)) continue;
-    const MotionBlock block = store_->CurrentBlock;
-    const Vec3 end = EndPoint(block);
-    if (IsArcType(block.type)) {
-      const Vec3 start = std::exchange(state_->prevEnd, end);
-      store_->ReadBlock(++index);
-      const MotionBlock& offset = store_->CurrentBlock;
-      DrawArc(start, end, {Along(start.x, offset.x), Along(start.y, offset.y), end.z}, block.type);
-    } else {
-      DrawMove(index, block);
-      state_->prevEnd = end;
-    }
-  }
+  for (uint32_t index = 0; index < store_->blockCount;) index = DrawBlock(index);
   ReadAfterLastMove();
   device_->SelectPen(previous);
+}
+
+uint32_t PathDrawing::DrawBlock(uint32_t index) {
+  if (store_->ReadBlock(index) == 0 || !IsMoveType(store_->CurrentBlock.type)) return index + 1;
+  const MotionBlock block = store_->CurrentBlock;
+  const Vec3 end = EndPoint(block);
+  if (!IsArcType(block.type)) {
+    DrawMove(index, block);
+    state_->prevEnd = end;
+    return index + 1;
+  }
+  const Vec3 start = std::exchange(state_->prevEnd, end);
+  store_->ReadBlock(index + 1);
+  const MotionBlock& offset = store_->CurrentBlock;
+  DrawArc(start, end, {Along(start.x, offset.x), Along(start.y, offset.y), end.z}, block.type);
+  return index + 2;
 }
 
 // A move without portions is defined to read its previous move, even when smooth change is off and
@@ -289,24 +290,40 @@ Vec3 PathDrawing::Arc::PointAt(int64_t chord) const {
           Along(centre.y, std::sin(angle) * measures.radius), centre.z};
 }
 
-// True if every point of the chords `first` to `last` is certain to be beyond the limit: no point
-// is further from the middle one than half the length of that arc.
-bool PathDrawing::IsOutOfSight(const Arc& arc, int64_t first, int64_t last) {
+// A circle that is certain to hold the lines of the chords `first` to `last`: no point of them is
+// further from the middle one than half the length of that arc.
+PathDrawing::Circle PathDrawing::CircleAround(const Arc& arc, int64_t first, int64_t last) {
   const int64_t middle = first + (last - first) / 2;
-  const ProjectedPixels point = ProjectToPixels(view_, arc.PointAt(middle));
   const double turned =
       arc.measures.sweep * kRadiansPerAngleDegree / static_cast<double>(arc.chords);
-  const double reach =
-      static_cast<double>(last - middle) * turned * arc.measures.radius * view_->viewScale +
-      arc.slack + kPixelLimit;
-  return std::abs(point.x) > reach || std::abs(point.y) > reach;
+  const auto chords = static_cast<double>(last - middle + 1);
+  return {ProjectToPixels(view_, arc.PointAt(middle)),
+          chords * turned * arc.measures.radius * view_->viewScale + arc.slack};
+}
+
+// True if all of the circle is drawn, and none of it within the focus. The line of a first chord
+// that comes from beyond the limit may be anywhere.
+bool PathDrawing::IsFarFromFocus(const Circle& chords) const {
+  const auto& [x, y] = chords.middle;
+  return focus_ && std::max(std::abs(x), std::abs(y)) + chords.radius < kDrawnPixels &&
+         std::hypot(x - focus_->pixel.x, y - focus_->pixel.y) > chords.radius + focus_->reach;
+}
+
+bool PathDrawing::IsBeyondLimit(const Circle& chords) {
+  const double limit = chords.radius + kDrawnPixels;
+  return std::abs(chords.middle.x) > limit || std::abs(chords.middle.y) > limit;
 }
 
 // Draws the chords `first` to `last`. A long range is halved, and a half that is out of sight costs
 // one test, so the time for an arc of any radius depends on its visible part only.
 void PathDrawing::DrawChords(const Arc& arc, int64_t first, int64_t last) {
   if (last - first >= kChordsToTest) {
-    if (IsOutOfSight(arc, first, last)) return;
+    const Circle circle = CircleAround(arc, first, last);
+    if (IsBeyondLimit(circle)) return;
+    if (first > 1 && IsFarFromFocus(circle)) {
+      device_->MoveTo(Project(view_, arc.PointAt(last)));
+      return;
+    }
     const int64_t middle = first + (last - first) / 2;
     DrawChords(arc, first, middle);
     DrawChords(arc, middle + 1, last);

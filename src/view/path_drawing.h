@@ -50,6 +50,9 @@ struct FeedBand {
 inline constexpr int kFeedBands = 7;
 std::span<const FeedBand, kFeedBands> FeedBands();
 
+// Points further than this from the centre, in x or y, are not drawn.
+inline constexpr int32_t kDrawnPixels = 30000;
+
 struct Palette {
   Pen start;                         // of the axes, and of the path until a move selects another
   std::array<Pen, kFeedBands> band;  // in the order of FeedBands
@@ -83,8 +86,16 @@ class PathDrawing {
   // Draws all moves in the order of the store.
   void DrawPath();
 
+  // Draws the move at an index below blockCount, from where the drawing is; nothing for any other
+  // block. An arc starts at the prevEnd of the state. Returns the index behind the move's records.
+  uint32_t DrawBlock(uint32_t index);
+
   // Draws the move of type 1 to 4 at an index, in portions and colour steps. `block` is its record.
   void DrawMove(uint32_t index, const MotionBlock& block);
+
+  // From now on, long runs of chords whose lines are all further than `reach` pixels from the pixel
+  // are passed over: the device only moves to their end. For a caller that looks for lines there.
+  void DrawChordsNear(Pixel pixel, int reach) { focus_ = Focus{pixel, reach}; }
 
   // Draws an arc as chords of about three pixels. An arc of more than kMostChords is not drawn.
   void DrawArc(const Vec3& start, const Vec3& end, const Vec3& centre, uint32_t type);
@@ -119,7 +130,19 @@ class PathDrawing {
 
     Vec3 PointAt(int64_t chord) const;
   };
-  bool IsOutOfSight(const Arc& arc, int64_t first, int64_t last);
+  // A circle on the drawing area, in pixels.
+  struct Circle {
+    ProjectedPixels middle;
+    double radius;
+  };
+  // Part of the drawing area that a caller is interested in.
+  struct Focus {
+    Pixel pixel;
+    int reach;
+  };
+  Circle CircleAround(const Arc& arc, int64_t first, int64_t last);
+  static bool IsBeyondLimit(const Circle& chords);
+  bool IsFarFromFocus(const Circle& chords) const;
   void DrawChords(const Arc& arc, int64_t first, int64_t last);
   void ReadAfterLastMove();
 
@@ -137,6 +160,7 @@ class PathDrawing {
   bool rapidVisible_;
   bool afaEnabled_;
   bool smooth_;
+  std::optional<Focus> focus_;
 };
 
 // The drawing of the screen: black background, axes and path. Call PrepareDevice first.
