@@ -1,82 +1,101 @@
-// A drawing device on a painter, and the dialogs of the printer.
+// The image of a page, and the dialogs of the printer.
 #include "desktop/printing.h"
 
+#include <QFile>
+#include <QImage>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <algorithm>
+#include <cmath>
 
+#include "base/numbers.h"
 #include "desktop/language.h"
+#include "platform/user_files.h"
+#include "platform/vector_registers.h"
 #include "view/drawing_device.h"
+#include "view/raster_device.h"
 #include "view/view_transform.h"
 
 namespace tvx {
 
 namespace {
 
-// Draws through a painter, whose coordinates are the logical ones.
-class PainterDevice final : public DrawingDevice {
+// Of the image that a page gets; 24 MB. A4 has some 250 dots an inch then.
+constexpr double kMostPixels = 6e6;
+
+// Passes a drawing on, with all coordinates multiplied by a factor.
+class ScaledDevice final : public DrawingDevice {
  public:
-  explicit PainterDevice(QPainter* painter) : painter_(painter) { Take(penDefault); }
+  ScaledDevice(double factor, DrawingDevice* device) : factor_(factor), device_(device) {}
 
   void FillRectangle(int32_t left, int32_t top, int32_t right, int32_t bottom,
                      Colour colour) override {
-    painter_->fillRect(QRect(left, top, right - left, bottom - top), QColor::fromRgb(colour));
+    const Pixel topLeft = Scaled({left, top});
+    const Pixel bottomRight = Scaled({right, bottom});
+    device_->FillRectangle(topLeft.x, topLeft.y, bottomRight.x, bottomRight.y, colour);
   }
-
-  Pen SelectPen(Pen pen) override {
-    const Pen before = pen_;
-    Take(pen);
-    return before;
-  }
-
-  void MoveTo(Pixel point) override { position_ = point; }
-
-  void LineTo(Pixel point) override {
-    painter_->drawLine(position_.x, position_.y, point.x, point.y);
-    position_ = point;
-  }
-
-  void Text(Pixel point, std::string_view text) override {
-    painter_->setPen(QColor(0, 255, 0));
-    painter_->drawText(QPointF(point.x, point.y + painter_->fontMetrics().ascent()), ToQt(text));
-    Take(pen_);
-  }
+  Pen SelectPen(Pen pen) override { return device_->SelectPen(pen); }
+  void MoveTo(Pixel point) override { device_->MoveTo(Scaled(point)); }
+  void LineTo(Pixel point) override { device_->LineTo(Scaled(point)); }
+  void Text(Pixel point, std::string_view text) override { device_->Text(Scaled(point), text); }
 
  private:
-  void Take(Pen pen) {
-    pen_ = pen;
-    const PenStyle& style = StyleOf(pen);
-    QPen line(QColor::fromRgb(style.colour), 1);
-    if (style.dashed) line.setDashPattern({kDashPixels, kGapPixels});
-    painter_->setPen(line);
+  Pixel Scaled(Pixel point) const {
+    return {TruncateToInt(std::round(point.x * factor_)),
+            TruncateToInt(std::round(point.y * factor_))};
   }
 
-  QPainter* painter_;
-  Pen pen_ = penDefault;
-  Pixel position_;
+  double factor_;
+  DrawingDevice* device_;
 };
+
+// A file that was cut short, by a full disk for example, misses its last line. The toolkit reports
+// no error for it.
+bool IsCompletePdf(const QString& path) {
+  constexpr qint64 kTail = 16;
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly) || !file.seek(std::max<qint64>(0, file.size() - kTail))) {
+    return false;
+  }
+  return file.readAll().contains("%%EOF");
+}
 
 }  // namespace
 
 void PaintOnPage(const Scene& scene, const QRectF& page, QPainter* painter) {
   const DevicePreparation preparation = PrepareDevice(&scene.view->transform);
-  const int width = scene.view->transform.clientWidth;
-  const int height = scene.view->transform.clientHeight;
+  const double width = scene.view->transform.clientWidth;
+  const double height = scene.view->transform.clientHeight;
   if (width <= 0 || height <= 0) return;
-  const double scale = std::min(page.width() / width, page.height() / height);
-  painter->save();
-  painter->translate(page.center());
-  painter->scale(scale, scale);
-  painter->translate(-width / 2.0, -height / 2.0);
-  painter->setClipRect(0, 0, width, height);
-  painter->translate(-preparation.origin.x, -preparation.origin.y);
-  QFont font = painter->font();
-  font.setPixelSize(13);
-  painter->setFont(font);
-  PainterDevice device(painter);
+  const double fit = std::min(page.width() / width, page.height() / height);
+  const double factor = std::min(fit, std::sqrt(kMostPixels / (width * height)));
+  QImage image(std::max(1, static_cast<int>(width * factor)),
+               std::max(1, static_cast<int>(height * factor)), QImage::Format_RGB32);
+  if (image.isNull()) return;
+  RasterDevice raster({reinterpret_cast<uint32_t*>(image.bits()), image.width(), image.height(),
+                       image.bytesPerLine() / 4},
+                      {static_cast<int32_t>(std::floor(preparation.origin.x * factor)),
+                       static_cast<int32_t>(std::floor(preparation.origin.y * factor))});
+  ScaledDevice device(factor, &raster);
+  ReleaseVectorRegisters();
   Paint(scene, &device);
-  painter->restore();
+
+  QRectF target(QPointF(0, 0), QSizeF(width, height) * fit);
+  target.moveCenter(page.center());
+  painter->drawImage(target, image);
+  QFont font = painter->font();
+  constexpr double kLetterHeight = 13;  // pixels of the screen
+  font.setPixelSize(std::max(1, static_cast<int>(kLetterHeight * fit)));
+  painter->setFont(font);
+  painter->setPen(QColor::fromRgb(preparation.textColour));
+  painter->setClipRect(target);
+  for (const RasterDevice::PlacedText& text : raster.texts()) {
+    const QPointF corner(text.point.x / factor - preparation.origin.x,
+                         text.point.y / factor - preparation.origin.y);
+    painter->drawText(target.topLeft() + corner * fit + QPointF(0, painter->fontMetrics().ascent()),
+                      ToQt(text.text));
+  }
 }
 
 QPrinter* Printing::Printer() {
@@ -120,7 +139,13 @@ bool Printing::PrintTo(QPrinter* printer, CTVXView* view) {
   }
   PaintOnPage({&view->program, &view->job, &view->view},
               QRectF(QPointF(0, 0), printer->pageRect(QPrinter::DevicePixel).size()), &painter);
-  return painter.end();
+  const bool hasEnded = painter.end();
+  const QString file = printer->outputFileName();
+  if (file.isEmpty() || printer->outputFormat() != QPrinter::PdfFormat) return hasEnded;
+  const bool isWritten = hasEnded && IsCompletePdf(file);
+  ShowWritten(isWritten, FromQt(file), ui_);
+  if (!isWritten) ui_->ShowMessage({.text = "디스크가 가득 찼거나 쓸 수 없습니다."});
+  return isWritten;
 }
 
 }  // namespace tvx

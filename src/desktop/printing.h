@@ -12,8 +12,9 @@
 
 namespace tvx {
 
-// Draws the scene as large as the page has room for, centred on it. Nothing is drawn for a view
-// that has no size yet.
+// Draws the scene as large as the page has room for, centred on it: through an image of the page's
+// own resolution, so that a program of millions of moves takes no more room than a small one.
+// Nothing is drawn for a view that has no size yet.
 void PaintOnPage(const Scene& scene, const QRectF& page, QPainter* painter);
 
 // One printer with its settings for the run of the program.
@@ -26,7 +27,8 @@ class Printing {
   void Print(CTVXView* view);
   void Preview(CTVXView* view);
 
-  // Prints on one page. False, with a message, if the printer cannot be used.
+  // Prints on one page. False, with a message, if the printer cannot be used or a file cannot be
+  // written.
   bool PrintTo(QPrinter* printer, CTVXView* view);
 
  private:

@@ -23,6 +23,7 @@ namespace tvx {
 namespace {
 
 using enum CommandId;
+using namespace std::string_literals;
 
 // A rapid and two cuts: at the highest feed, drawn white, and at a fifth of it, drawn red.
 constexpr char kProgram[] = "G90 G0 X-40 Y-40 Z9\nG0 X10\nG1 X60 F1000\nX60 Y30 F200\n";
@@ -231,9 +232,12 @@ TEST_F(MainWindowTest, PageHasPictureOfScreen) {
   printer.setOutputFileName(ToQt((home / "page.pdf").string()));
   EXPECT_TRUE(window->PrintTo(&printer));
   EXPECT_TRUE(HostBytes(home / "page.pdf").starts_with("%PDF-"));
-  user.Next("OK");
-  printer.setOutputFileName(ToQt((home / "no/such/folder/page.pdf").string()));
-  EXPECT_FALSE(window->PrintTo(&printer));
+  for (const std::string& file : {(home / "no/such/folder/page.pdf").string(), "/dev/full"s}) {
+    user.Next("OK");
+    printer.setOutputFileName(ToQt(file));
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    EXPECT_FALSE(window->PrintTo(&printer)) << file;
+  }
 }
 
 TEST_F(MainWindowTest, KeysMoveViewWhateverModifiersAreDown) {
