@@ -684,6 +684,14 @@
         <translation>The file was not loaded.</translation>
     </message>
     <message>
+        <source>화일을 끝까지 읽지 못했습니다. 시간과 그림이 맞지 않습니다.</source>
+        <translation>The file could not be read to its end. Times and picture are not complete.</translation>
+    </message>
+    <message>
+        <source>메모리가 모자라서 블록 %1개를 넣지 못했습니다.</source>
+        <translation>There is not enough memory: %1 blocks were left out.</translation>
+    </message>
+    <message>
         <source>화일이 없습니다. 만들겠습니까?</source>
         <translation>The file does not exist. Create it?</translation>
     </message>

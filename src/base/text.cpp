@@ -23,6 +23,8 @@ struct Cp949Table {
   std::array<std::array<char16_t, 256>, 256> characters{};  // by lead and trail byte
   std::array<uint16_t, 0x10000> codes{};                    // by character
 
+  bool isFilled = false;
+
   Cp949Table() {
     const iconv_t converter = iconv_open("UTF-16LE", "CP949");
     if (reinterpret_cast<std::intptr_t>(converter) == -1) return;
@@ -30,6 +32,8 @@ struct Cp949Table {
       for (unsigned trail = 0x40; trail <= 0xFF; ++trail) Add(converter, lead, trail);
     }
     iconv_close(converter);
+    constexpr size_t kLead = 0xB0, kTrail = 0xA1;  // the first syllable of the code
+    isFilled = characters[kLead][kTrail] == u'\uAC00';
   }
 
  private:
@@ -112,6 +116,10 @@ char32_t TakeUtf8(std::string_view text, size_t* position) {
 }
 
 }  // namespace
+
+bool HasCp949() {
+  return Table().isFilled;
+}
 
 std::string DecodeCp949(std::string_view bytes) {
   std::string result;

@@ -6,6 +6,10 @@
 
 namespace tvx {
 
+// False if the system has no converter for CP949. Text can then be neither read nor written: the
+// two functions below keep nothing but ASCII.
+bool HasCp949();
+
 // CP949 text of a file as UTF-8. A byte that does not decode becomes one private character
 // (U+10FF00 + byte) that EncodeCp949 turns back into the same byte, so foreign bytes survive when a
 // text is only passed on. Never fails.

@@ -12,6 +12,8 @@
 #include "calc/office.h"
 #include "calc/uno_text.h"
 #include "calc/workbook.h"
+#include "platform/child_process.h"
+#include "platform/termination.h"
 #include "reports/calc_lines.h"
 
 namespace tvx {
@@ -76,6 +78,9 @@ int Run(OfficeForm form) {
 }  // namespace tvx
 
 int main(int argc, char** argv) {
+  if (tvx::IsTiedCall(argc, argv)) return tvx::RunTied(argv);
+  tvx::PrepareProcess();
+  tvx::EndWithParent();
   const std::string_view form = argc == 2 ? argv[1] : "";
   if (form == tvx::kCalcWindowForm) return tvx::Run(tvx::OfficeForm::kWindow);
   if (form == tvx::kCalcFileForm) return tvx::Run(tvx::OfficeForm::kHidden);

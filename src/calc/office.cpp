@@ -6,7 +6,6 @@
 #include <com/sun/star/frame/Desktop.hpp>
 #include <cppuhelper/bootstrap.hxx>
 #include <filesystem>
-#include <random>
 #include <rtl/bootstrap.hxx>
 #include <thread>
 #include <vector>
@@ -14,6 +13,7 @@
 #include "base/format.h"
 #include "calc/uno_text.h"
 #include "platform/host_programs.h"
+#include "platform/temporary_folder.h"
 
 namespace tvx {
 
@@ -32,11 +32,6 @@ constexpr int kStartAgainAfterCrash = 79;
 
 constexpr char kProgramFolder[] = TVX_OFFICE_PROGRAM_FOLDER;
 
-std::string UniqueName() {
-  std::random_device random;
-  return Format("tvx_%08x%08x", random(), random());
-}
-
 // An office that finds no display, or that was installed without its windows, runs without a
 // window. The user would then not see the workbook, so this is refused.
 void CheckForWindow() {
@@ -51,32 +46,14 @@ void CheckForWindow() {
 
 }  // namespace
 
-// A new folder for temporary files. The destructor removes it with its content.
-class TemporaryFolder {
- public:
-  TemporaryFolder() {
-    std::error_code error;
-    path_ = std::filesystem::temp_directory_path(error) / UniqueName();
-    if (error || !std::filesystem::create_directory(path_, error)) {
-      throw Problem{"no temporary folder can be made"};
+Office::Office(OfficeForm form) : form_(form), pipe_(UniqueTemporaryName()) {
+  if (form_ == OfficeForm::kWindow) CheckForWindow();
+  if (form_ == OfficeForm::kHidden) {
+    profile_ = std::make_unique<TemporaryFolder>();
+    if (profile_->path().empty()) {
+      throw Problem{"no temporary folder can be made: " + profile_->error().message()};
     }
   }
-  ~TemporaryFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-  const std::filesystem::path& path() const { return path_; }
-
- private:
-  std::filesystem::path path_;
-};
-
-Office::Office(OfficeForm form) : form_(form), pipe_(UniqueName()) {
-  if (form_ == OfficeForm::kWindow) CheckForWindow();
-  if (form_ == OfficeForm::kHidden) profile_ = std::make_unique<TemporaryFolder>();
   Launch();
   Connect();
 }
@@ -92,15 +69,19 @@ void Office::Launch() {
       "--norestore",
       "--accept=pipe,name=" + pipe_ + ";urp;StarOffice.ComponentContext",
   };
+  if (!std::filesystem::exists(command[0])) {
+    throw Problem{"LibreOffice is not installed in " + folder};
+  }
   if (form_ == OfficeForm::kWindow) {
     process_ = ChildProcess::Start(command, ChildTies::kNeighbour);
   } else {
     command.insert(command.end(), {"--headless", "--invisible",
                                    "-env:UserInstallation=" + FileUrl(profile_->path())});
+    command = TiedToThisProcess(std::move(command));
     // In the "C" locale an office finds no file whose name is not ASCII.
     process_ = ChildProcess::Start(command, ChildTies::kServant, {"LC_ALL=C.UTF-8"});
   }
-  if (process_ == nullptr) throw Problem{"LibreOffice is not installed in " + folder};
+  if (process_ == nullptr) throw Problem{"LibreOffice cannot be started"};
   process_->EndInPlaceOfThisProcess();
 }
 

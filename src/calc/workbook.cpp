@@ -18,6 +18,7 @@
 
 #include "base/scan.h"
 #include "calc/uno_text.h"
+#include "platform/files.h"
 #include "platform/new_file.h"
 
 namespace tvx {
@@ -233,12 +234,12 @@ void Workbook::Save() {
   }
   // In the folder of the workbook, so that links relative to it remain valid.
   NewFile fresh(path_);
-  if (!fresh.IsOpen()) throw Problem{"cannot be written"};
+  if (!fresh.IsOpen()) throw Problem{"cannot be written: " + FileErrorText(fresh.error())};
   const rtl::OUString filter = rtl::OUString::createFromAscii(format->filter);
   storable->storeToURL(FromUtf8(FileUrl(fresh.path())),
                        Properties({Property("FilterName", uno::Any(filter))}));
   if (StateOf(path_) != found_) throw Problem{"was changed by another program meanwhile"};
-  if (!fresh.PutInPlace()) throw Problem{"cannot be written"};
+  if (!fresh.PutInPlace()) throw Problem{"cannot be written: " + FileErrorText(fresh.error())};
   Close();
 }
 

@@ -85,11 +85,14 @@ int RunBlocks(const Call& call) {
   params.Apply(&host, &view);
   for (const ProgramFile& file : files) {
     const LoadResult result = LoadProgramFile(file, &view);
+    const std::string problem = LoadProblem(result, view);
     if (params.Adjusts()) {
       AdjustProgram(file, &view, explains ? Explanation(file.argument) : FeedTrace());
     }
     PrintStore(file.argument, view.program, result);
-    if (result != LoadResult::kLoaded) throw Failure{file.argument, "does not fit into the store"};
+    if (result != LoadResult::kLoaded) {
+      throw Failure{file.argument, problem};
+    }
   }
   return 0;
 }

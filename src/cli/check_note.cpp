@@ -2,6 +2,7 @@
 #include "cli/check_note.h"
 
 #include <algorithm>
+#include <cerrno>
 
 #include "base/format.h"
 #include "cli/command.h"
@@ -19,26 +20,39 @@ std::string Quoted(const std::string& word) {
   return std::ranges::all_of(word, isPlain) ? word : "'" + word + "'";
 }
 
+void ThrowIfBroken(const ProgramFile& file, const ProgramCheck& check) {
+  if (check.readError != 0) throw Failure{file.argument, ReadProblem(check.readError)};
+}
+
 }  // namespace
 
 ProgramCheck CheckProgramFile(const ProgramFile& file, const CheckOptions& options,
                               const CTVXView& view, LoadStart* start) {
+  SetSubject(file.argument);
   ShowProgress(file.argument + ": checking");
   ProgramChecker checker(file.path, *start, view.job, view.app->files, options);
-  if (!checker.IsOpen()) throw Failure{file.argument, "cannot be read"};
+  if (!checker.IsOpen()) {
+    throw Failure{file.argument, ReadProblem(view.app->files->LastError())};
+  }
   constexpr uint64_t kAllLines = UINT64_MAX;
   checker.CheckMore(kAllLines);
+  ThrowIfBroken(file, checker.Result());
   *start = checker.NextStart();
   return checker.Result();
 }
 
 ProgramPauses NoteRemarks(const ProgramFile& file, const CTVXView& view, bool wantsPauses) {
   if (IsQuiet() && !wantsPauses) return {};
+  SetSubject(file.argument);
   ShowProgress(file.argument + ": checking");
   ProgramCheck check;
   const LoadStart start = TakeLoadStart(view.program, view.app->parserStates);
-  if (!CheckProgram(file.path, start, view.job, view.app->files, &check, {.storedPerId = 0}))
-    return {};
+  Files* const files = view.app->files;
+  if (!CheckProgram(file.path, start, view.job, files, &check, {.storedPerId = 0})) {
+    if (files->LastError() == ENOENT) return {};  // the load reports it
+    throw Failure{file.argument, ReadProblem(files->LastError())};
+  }
+  ThrowIfBroken(file, check);
   const ProgramPauses pauses{check.dwellSeconds, check.toolChanges};
   if (IsQuiet()) return pauses;
   const auto whole = [](uint64_t value) { return static_cast<unsigned long long>(value); };

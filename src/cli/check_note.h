@@ -16,8 +16,9 @@ ProgramCheck CheckProgramFile(const ProgramFile& file, const CheckOptions& optio
                               const CTVXView& view, LoadStart* start);
 
 // Call it before the load of a program: prints in one line on standard error how many of its lines
-// the times leave out or change; nothing if there is none, if the program cannot be read or with
+// the times leave out or change; nothing if there is none, if there is no such file or with
 // --quiet. Returns the pauses of the program, which take a check only if they are wanted or noted.
+// Throws Failure if the program cannot be read.
 ProgramPauses NoteRemarks(const ProgramFile& file, const CTVXView& view, bool wantsPauses);
 
 }  // namespace tvx

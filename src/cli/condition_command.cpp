@@ -30,7 +30,7 @@ int RunConditionShow(const Call& call) {
   JobRecord record = DefaultRecord(host.app);
   int32_t spindle = kDefaultSpindle;
   if (ReadConditionFile(path, &record, &spindle, host.files.get()) != SettingsResult::kDone) {
-    throw Failure{argument, "cannot be read"};
+    throw Failure{argument, ReadProblem(host.files->LastError())};
   }
   Json object = FieldsJson(record, JobFields());
   object["Spindle"] = spindle;
@@ -55,7 +55,7 @@ int RunConditionWrite(const Call& call) {
   settings.Apply(&record);
   if (WriteConditionFile(path, record, spindle.value_or(kDefaultSpindle), host.files.get()) !=
       SettingsResult::kDone) {
-    throw Failure{argument, WriteProblem(host, path)};
+    throw Failure{argument, WriteProblem(host.files->LastError())};
   }
   return 0;
 }

@@ -2,11 +2,13 @@
 
 #include "cli/host.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <optional>
 #include <string_view>
 
+#include "base/text.h"
 #include "cli/output.h"
 
 namespace tvx {
@@ -24,6 +26,23 @@ int32_t LanguageOfEnvironment() {
   return language != nullptr && std::string_view(language) == "en" ? kEnglishLabels : kKoreanLabels;
 }
 
+std::string Problem(const char* what, int error) {
+  if (error == 0) return what;
+  if (error == EISDIR) return "is a directory";
+  if (error == kNoPlainFile || error == kFileChanged) return FileErrorText(error);
+  return what + (": " + FileErrorText(error));
+}
+
+// First of all: what is read or written without the converter is not what the files hold.
+const Call& CheckConverter(const Call& call) {
+  if (!HasCp949()) {
+    throw Failure{"CP949",
+                  "the system has no converter for Korean text; it is in the package libc6, or "
+                  "libc-gconv-modules-extra where that exists: install it"};
+  }
+  return call;
+}
+
 }  // namespace
 
 bool CliUserInterface::ShowMessage(const Message& message) {
@@ -36,7 +55,7 @@ void CliUserInterface::ShowStatus(const std::string& text, const std::string& pa
 }
 
 Host::Host(const Call& call)
-    : drives_(HomeOf(call)),
+    : drives_(HomeOf(CheckConverter(call))),
       files(MakeHostFiles(&drives_)),
       spreadsheets(&drives_),
       app(files.get(), &ui, NoPrograms(), &spreadsheets) {
@@ -45,6 +64,7 @@ Host::Host(const Call& call)
 
 std::string Host::DrivePath(const std::string& argument) const {
   if (argument.empty()) throw Failure{"''", "is no path"};
+  SetSubject(argument);
   if (HasDrive(argument)) return argument;
   const std::optional<std::string> path =
       drives_.FromHost(fs::absolute(argument).lexically_normal());
@@ -54,18 +74,19 @@ std::string Host::DrivePath(const std::string& argument) const {
 
 std::string Host::ReadablePath(const std::string& argument) const {
   std::string path = DrivePath(argument);
-  if (const char* const problem = ReadProblem(*this, path)) throw Failure{argument, problem};
+  if (files->OpenForReading(path) == nullptr) {
+    throw Failure{argument, ReadProblem(files->LastError())};
+  }
   return path;
 }
 
-const char* ReadProblem(const Host& host, const std::string& drivePath) {
-  if (host.files->IsDirectory(drivePath)) return "is a directory";
-  if (!host.files->Exists(drivePath)) return "no such file";
-  return host.files->OpenForReading(drivePath) == nullptr ? "cannot be read" : nullptr;
+std::string ReadProblem(int error) {
+  if (error == ENOENT || error == ENOTDIR) return "no such file";
+  return Problem("cannot be read", error);
 }
 
-std::string WriteProblem(const Host& host, const std::string& drivePath) {
-  return host.files->IsDirectory(drivePath) ? "is a directory" : "cannot be written";
+std::string WriteProblem(int error) {
+  return Problem("cannot be written", error);
 }
 
 }  // namespace tvx

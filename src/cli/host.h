@@ -45,10 +45,9 @@ class Host {
   CTVXApp app;
 };
 
-// The reason why a file cannot be read, for an error line; null if it can.
-const char* ReadProblem(const Host& host, const std::string& drivePath);
-
-// The reason why a file could not be written, for an error line.
-std::string WriteProblem(const Host& host, const std::string& drivePath);
+// The reason why the last operation on a file failed, for an error line: "no such file",
+// "cannot be read: Input/output error". `error` as of Files::LastError.
+std::string ReadProblem(int error);
+std::string WriteProblem(int error);
 
 }  // namespace tvx

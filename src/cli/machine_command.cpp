@@ -73,10 +73,11 @@ std::vector<Measurement> ParseMeasurements(const std::string& text, const std::s
 // Programs of a list are looked for as any argument, else beside the list.
 ProgramFile FindProgram(const Host& host, const std::string& name, const std::string& listPath) {
   const std::string path = host.DrivePath(name);
-  if (ReadProblem(host, path) == nullptr) return {name, path};
+  if (host.files->OpenForReading(path) != nullptr) return {name, path};
+  const int error = host.files->LastError();
   const std::string beside = listPath.substr(0, listPath.find_last_of("\\/:") + 1) + name;
-  if (ReadProblem(host, beside) == nullptr) return {name, beside};
-  throw Failure{name, ReadProblem(host, path)};
+  if (host.files->OpenForReading(beside) != nullptr) return {name, beside};
+  throw Failure{name, ReadProblem(error)};
 }
 
 // A program in memory for as long as the fit takes.
@@ -144,7 +145,9 @@ int RunMachineFit(const Call& call) {
   const MachineProfile profile = ReadMachine(host, argument);
   const std::string listPath = host.ReadablePath(*list);
   std::string text;
-  if (!ReadWholeFile(host.files.get(), listPath, &text)) throw Failure{*list, "cannot be read"};
+  if (!ReadWholeFile(host.files.get(), listPath, &text)) {
+    throw Failure{*list, ReadProblem(host.files->LastError())};
+  }
   const std::vector<Measurement> measurements = ParseMeasurements(text, *list);
   std::vector<LoadedProgram> loaded;
   std::vector<MeasuredProgram> programs;
@@ -159,7 +162,7 @@ int RunMachineFit(const Call& call) {
   if (out) {
     const std::string path = host.DrivePath(*out);
     if (!WriteMachineProfile(path, fit.profile, host.files.get())) {
-      throw Failure{*out, WriteProblem(host, path)};
+      throw Failure{*out, WriteProblem(host.files->LastError())};
     }
   }
   return 0;

@@ -19,7 +19,10 @@ std::optional<MachineProfile> MachineOption::Read(const Host& host) const {
 MachineProfile ReadMachine(const Host& host, const std::string& argument) {
   MachineProfile profile;
   const auto fault = ReadMachineProfile(host.ReadablePath(argument), host.files.get(), &profile);
-  if (fault) throw Failure{argument, FaultText(*fault)};
+  if (fault) {
+    const bool isUnread = fault->error == MachineFileError::kCannotBeRead;
+    throw Failure{argument, isUnread ? ReadProblem(host.files->LastError()) : FaultText(*fault)};
+  }
   return profile;
 }
 

@@ -2,7 +2,6 @@
 // goes in and a line comes out.
 
 #include <algorithm>
-#include <cstdio>
 #include <exception>
 #include <new>
 #include <string>
@@ -12,6 +11,7 @@
 #include "cli/command_line.h"
 #include "cli/nearest_name.h"
 #include "cli/output.h"
+#include "platform/termination.h"
 
 namespace tvx {
 namespace {
@@ -90,13 +90,22 @@ const ToolCommand& TakeCommand(std::vector<std::string>* words) {
   throw WrongCall{"unknown command '" + two + "'" + DidYouMean(two, names)};
 }
 
-int Run(std::vector<std::string> words) {
+int RunCommand(std::vector<std::string> words) {
   Call call;
   call.home = TakeHome(&words);
   const ToolCommand& command = TakeCommand(&words);
   call.command = command.name;
   call.arguments = std::move(words);
-  const int status = command.run(call);
+  return command.run(call);
+}
+
+int Run(std::vector<std::string> words) {
+  int status = kDone;
+  try {
+    status = RunCommand(std::move(words));
+  } catch (const HelpWanted& help) {
+    Print(help.text);
+  }
   FinishOutput();
   return status;
 }
@@ -104,9 +113,6 @@ int Run(std::vector<std::string> words) {
 int RunAndReport(std::vector<std::string> words) {
   try {
     return Run(std::move(words));
-  } catch (const HelpWanted& help) {
-    std::fputs(help.text.c_str(), stdout);
-    return kDone;
   } catch (const WrongCall& wrong) {
     PrintRemark(wrong.message);
     return kWrongCall;
@@ -114,17 +120,23 @@ int RunAndReport(std::vector<std::string> words) {
     PrintRemark(failure.file + ": " + failure.reason);
     return kFailed;
   } catch (const std::bad_alloc&) {
-    PrintRemark("out of memory");
-    return kFailed;
+    EndOutOfMemory();
   } catch (const std::exception& error) {
-    PrintRemark(error.what());
+    PrintRemark(Subject() + std::string(": ") + error.what());
     return kFailed;
   }
+}
+
+// Before any object with static lifetime allocates. An exception could not pass a destructor or
+// the C library's callbacks, and would itself need memory.
+[[gnu::constructor(101)]] void PrepareForNoMemory() {
+  std::set_new_handler(EndOutOfMemory);
 }
 
 }  // namespace
 }  // namespace tvx
 
 int main(int count, char** words) {
+  tvx::PrepareProcess();
   return tvx::RunAndReport(std::vector<std::string>(words + (count > 0 ? 1 : 0), words + count));
 }

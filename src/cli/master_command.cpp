@@ -106,7 +106,7 @@ int RunMasterBuild(const Call& call) {
   ShowProgress(file.argument + ": building the model");
   BuildModel(file.argument, &view);
   if (WriteMasterFile(outPath, view.masterGrid, host.files.get()) != MasterFileResult::kDone) {
-    throw Failure{*out, WriteProblem(host, outPath)};
+    throw Failure{*out, WriteProblem(host.files->LastError())};
   }
   return 0;
 }

@@ -2,30 +2,45 @@
 #include "cli/output.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 
 #include "base/text.h"
 #include "cli/command.h"
 #include "platform/terminal.h"
+#include "platform/termination.h"
 
 namespace tvx {
 namespace {
 
 bool progressShown = false;
 bool isQuiet = false;
+int outputError = 0;  // errno of the first failure on standard output
+
+// A name out of a damaged list can hold anything.
+char WithoutControls(char c) {
+  return static_cast<unsigned char>(c) < ' ' ? '?' : c;
+}
+
+// Plain memory, since it is printed when there is no other.
+constexpr size_t kLongestSubject = 4096;
+char subject[kLongestSubject];
+
+void NoteOutput(bool done) {
+  if (!done && outputError == 0) outputError = errno;
+}
 
 }  // namespace
 
 void Print(std::string_view text) {
   ShowProgress("");
   const std::string shown = ShownText(text);
-  std::fwrite(shown.data(), 1, shown.size(), stdout);
+  NoteOutput(std::fwrite(shown.data(), 1, shown.size(), stdout) == shown.size());
 }
 
 void PrintRemark(std::string text) {
-  // A name out of a damaged list can hold anything.
-  std::ranges::replace_if(
-      text, [](char c) { return static_cast<unsigned char>(c) < ' '; }, '?');
+  std::ranges::transform(text, text.begin(), WithoutControls);
   ShowProgress("");
   std::fprintf(stderr, "tvx-cli: %s\n", ShownText(text).c_str());
 }
@@ -40,9 +55,25 @@ bool IsQuiet() {
 
 void FinishOutput() {
   ShowProgress("");
-  if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
-    throw Failure{"standard output", "could not be written"};
+  NoteOutput(std::fflush(stdout) == 0);
+  NoteOutput(std::fclose(stdout) == 0);
+  if (outputError != 0) {
+    throw Failure{"standard output",
+                  std::string("could not be written: ") + std::strerror(outputError)};
   }
+}
+
+void SetSubject(std::string_view file) {
+  const size_t size = std::min(file.size(), kLongestSubject - 1);
+  *std::transform(file.begin(), file.begin() + size, subject, WithoutControls) = '\0';
+}
+
+const char* Subject() {
+  return subject;
+}
+
+void EndOutOfMemory() {
+  EndProcess({"tvx-cli: ", subject, subject[0] == '\0' ? "" : ": ", "out of memory\n"});
 }
 
 void ShowProgress(const std::string& text) {

@@ -86,7 +86,7 @@ void Params::Apply(Host* host, CTVXView* view) const {
     const std::string path = host->ReadablePath(*condition_);
     if (ReadConditionFile(path, &view->job, &host->app.rememberedSpindle, host->files.get()) !=
         SettingsResult::kDone) {
-      throw Failure{*condition_, "cannot be read"};
+      throw Failure{*condition_, ReadProblem(host->files->LastError())};
     }
   }
   settings_.Apply(&view->job);
@@ -99,10 +99,13 @@ void Params::Apply(Host* host, CTVXView* view) const {
 
 MasterGrid ReadModel(const std::string& argument, const Host& host) {
   MasterGrid grid;
-  if (ReadMasterFile(host.ReadablePath(argument), &grid, host.files.get()) !=
-      MasterFileResult::kDone) {
-    throw Failure{argument, "is no master model file"};
+  const MasterFileResult result =
+      ReadMasterFile(host.ReadablePath(argument), &grid, host.files.get());
+  if (result == MasterFileResult::kCannotOpen) {
+    throw Failure{argument, ReadProblem(host.files->LastError())};
   }
+  if (result == MasterFileResult::kNoMemory) throw Failure{argument, "out of memory"};
+  if (result != MasterFileResult::kDone) throw Failure{argument, "is no master model file"};
   return grid;
 }
 

@@ -42,7 +42,7 @@ int RunPicture(const Call& call) {
   ShowProgress(file.argument + ": drawing");
   const Scene scene{&view.program, &view.job, &view.view};
   if (!WritePictureFile(*format, outPath, scene, host.files.get())) {
-    throw Failure{*out, WriteProblem(host, outPath)};
+    throw Failure{*out, WriteProblem(host.files->LastError())};
   }
   return 0;
 }

@@ -20,15 +20,24 @@ std::vector<ProgramFile> FindProgramFiles(const Host& host,
 }
 
 LoadResult LoadProgramFile(const ProgramFile& file, CTVXView* view) {
+  SetSubject(file.argument);
   ShowProgress(file.argument + ": reading");
   const LoadResult result = LoadFile(view, file.path);
   view->fileName = NameOfPath(file.path, "\\/:");
   return result;
 }
 
+std::string LoadProblem(LoadResult result, const CTVXView& view) {
+  if (result == LoadResult::kStoreFull) return "does not fit into the store";
+  if (result == LoadResult::kBlocksLost) {
+    return std::to_string(view.program.lostBlocks) + " blocks found no place in the store";
+  }
+  return ReadProblem(view.app->files->LastError());
+}
+
 void LoadWholeProgram(const ProgramFile& file, CTVXView* view) {
-  if (LoadProgramFile(file, view) != LoadResult::kLoaded)
-    throw Failure{file.argument, "does not fit into the store"};
+  const LoadResult result = LoadProgramFile(file, view);
+  if (result != LoadResult::kLoaded) throw Failure{file.argument, LoadProblem(result, *view)};
 }
 
 void AdjustProgram(const ProgramFile& file, CTVXView* view, const FeedTrace& trace) {

@@ -25,7 +25,10 @@ std::vector<ProgramFile> FindProgramFiles(const Host& host,
 // Loads a program into the view.
 LoadResult LoadProgramFile(const ProgramFile& file, CTVXView* view);
 
-// Loads a program of which a part is of no use. Throws Failure if it does not fit into the store.
+// Why a load failed, for an error line. Call it directly after the load.
+std::string LoadProblem(LoadResult result, const CTVXView& view);
+
+// Loads a program of which a part is of no use. Throws Failure if it is not read as a whole.
 void LoadWholeProgram(const ProgramFile& file, CTVXView* view);
 
 // Adjusts the feeds of the program in the view; the trace receives each change.

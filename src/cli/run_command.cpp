@@ -18,6 +18,7 @@
 #include "cli/machine_option.h"
 #include "cli/output.h"
 #include "cli/params.h"
+#include "cli/program_files.h"
 #include "insight/machine_time.h"
 #include "jobs/job_list.h"
 #include "platform/drives.h"
@@ -34,34 +35,51 @@ namespace {
 constexpr int32_t kPictureWidth = 800;
 constexpr int32_t kPictureHeight = 600;
 
+// The tail of an error line: the reason of the step that failed, if it worked on a file.
+std::string MasterReason(const MasterOutcome& outcome, const CTVXView& view) {
+  if (outcome.load != LoadResult::kLoaded) return ": " + LoadProblem(outcome.load, view);
+  const int error = view.app->files->LastError();
+  const bool isFileAtFault = outcome.file == MasterFileResult::kCannotOpen ||
+                             outcome.file == MasterFileResult::kCannotWrite ||
+                             outcome.file == MasterFileResult::kDiskFull;
+  return isFileAtFault && error != 0 ? ": " + FileErrorText(error) : "";
+}
+
 // Prints what fails.
 class RunReport final : public RunObserver {
  public:
   // The profile of a machine whose time is wanted, if any, has to outlive the run.
-  RunReport(const Host& host, const std::optional<MachineProfile>& machine, CTVXView* view)
-      : host_(host), machine_(machine), view_(*view) {}
+  RunReport(const std::optional<MachineProfile>& machine, CTVXView* view)
+      : machine_(machine), view_(*view) {}
 
   void OnEntry(size_t index, size_t count, const std::string& name) override {
     ShowProgress(Format("%zu/%zu %s", index + 1, count, name.c_str()));
   }
   void OnLoad(const std::string& path) override {
     const auto [found, isNew] = pauses_.try_emplace(path);
-    if (isNew) found->second = NoteRemarks({path, path}, view_, machine_.has_value());
+    if (!isNew) return;
+    try {
+      found->second = NoteRemarks({path, path}, view_, machine_.has_value());
+    } catch (const Failure& failure) {
+      Report(failure.file, failure.reason);
+    }
   }
   void OnRecorded(const std::string& path) override {
     if (!machine_) return;
     machineTimes_.push_back(ComputeMachineTime(&view_.program.store, *machine_, pauses_[path]));
   }
-  void OnLoadFailed(const std::string& path, LoadResult /*result*/) override {
-    const char* const problem = ReadProblem(host_, path);
-    Report(path, problem != nullptr ? problem : "does not fit into the store");
+  void OnLoadFailed(const std::string& path, LoadResult result) override {
+    Report(path, LoadProblem(result, view_));
   }
-  void OnMasterFailed(const std::string& path, const MasterOutcome& /*outcome*/) override {
-    Report(path, "the master model cannot be read, built or written");
+  void OnMasterFailed(const std::string& path, const MasterOutcome& outcome) override {
+    Report(path,
+           "the master model cannot be read, built or written" + MasterReason(outcome, view_));
   }
 
   void Report(const std::string& path, const std::string& reason) {
-    PrintRemark(path + ": " + reason);
+    const std::string line = path + ": " + reason;
+    if (line != lastLine_) PrintRemark(line);  // the check and the load find the same
+    lastLine_ = line;
     failed_ = true;
   }
 
@@ -70,12 +88,12 @@ class RunReport final : public RunObserver {
   const std::vector<MachineTime>& machineTimes() const { return machineTimes_; }
 
  private:
-  const Host& host_;
   const std::optional<MachineProfile>& machine_;
   CTVXView& view_;
   std::map<std::string, ProgramPauses> pauses_;  // of the programs that have been checked, by path
   std::vector<MachineTime> machineTimes_;
   bool failed_ = false;
+  std::string lastLine_;  // the report before
 };
 
 // The lines of a .mcf list get the drive of the list file; those of any other list do not change.
@@ -83,7 +101,7 @@ JobList ReadList(const Host& host, const std::string& drivePath, const std::stri
                  RunReport* report) {
   std::string bytes;
   if (!ReadWholeFile(host.files.get(), drivePath, &bytes))
-    throw Failure{argument, "cannot be read"};
+    throw Failure{argument, ReadProblem(host.files->LastError())};
   constexpr size_t kEnding = 4;
   const bool isMcf = drivePath.size() >= kEnding &&
                      EqualNoCase(drivePath.substr(drivePath.size() - kEnding), ".mcf");
@@ -176,18 +194,20 @@ void WriteOutput(const Host& host, const std::optional<std::string>& argument,
                  const std::function<bool(const std::string& path)>& write) {
   if (!argument) return;
   const std::string path = OutputPath(host, *argument);
-  if (!write(path)) throw Failure{*argument, WriteProblem(host, path)};
+  if (!write(path)) throw Failure{*argument, WriteProblem(host.files->LastError())};
 }
 
 // Returns false if a file could not be copied.
 bool ReportFailedCopies(const std::vector<FailedCopy>& failed) {
   for (const FailedCopy& copy : failed) {
-    PrintRemark(copy.source + ": cannot be copied to " + copy.destination);
+    PrintRemark(copy.source + ": cannot be copied to " + copy.destination + ": " +
+                FileErrorText(copy.error));
   }
   return failed.empty();
 }
 
 void WriteSheet(const std::string& argument, const Host& host, ResultTable* results) {
+  if (results->HasPart()) throw Failure{argument, WriteProblem(kPartSource)};
   const auto program = host.app.spreadsheets->Start(SpreadsheetForm::kFile);
   if (program == nullptr) throw Failure{argument, kNoSpreadsheetProgram};
   if (!WriteSpreadsheetFile(OutputPath(host, argument), results, program.get())) {
@@ -240,7 +260,7 @@ int RunJobs(const Call& call) {
   Host host(call);
   CTVXView view(&host.app);
   const std::optional<MachineProfile> machine = machineOption.Read(host);
-  RunReport report(host, machine, &view);
+  RunReport report(machine, &view);
   const JobList list = ReadList(host, host.ReadablePath(argument), argument, &report);
   params.Apply(&host, &view);
   AcceptList(list, pictures && !noPictures, &view);

@@ -80,7 +80,7 @@ void FileOpener::AskAndOpen() {
 void FileOpener::LoadInto(ViewWidget* widget, const std::string& drivePath) {
   if (widget->HasBeenDrawn()) {
     window_->ShowPathInStatusBar();
-    if (LoadProgram(&widget->view(), drivePath) == LoadResult::kLoaded) {
+    if (IsLoaded(LoadProgram(&widget->view(), drivePath))) {
       recent.Add(ToQt(drivePath));
     }
     window_->ShowProgram();

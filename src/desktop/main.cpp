@@ -16,6 +16,7 @@
 #include "platform/drives.h"
 #include "platform/files.h"
 #include "platform/host_programs.h"
+#include "platform/termination.h"
 #include "reports/calc_client.h"
 #include "shell/application.h"
 
@@ -50,6 +51,7 @@ Arguments ReadArguments(const QString& settingsFile) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  tvx::PrepareProcess();
   QApplication qt(argc, argv);
   // QApplication sets the user's locale; numbers are read and printed with a point in any locale.
   std::setlocale(LC_NUMERIC, "C");

@@ -126,6 +126,12 @@ bool ReadCells(InputFile* file, MasterGrid* grid) {
   return true;
 }
 
+MasterFileResult WhyNotRead(const InputFile& file, Files* files) {
+  if (file.Error() == 0) return MasterFileResult::kNoMasterFile;
+  files->Fail(file.Error());
+  return MasterFileResult::kCannotOpen;
+}
+
 bool WriteCells(const MasterGrid& grid, OutputFile* file) {
   const auto count = static_cast<size_t>(grid.CellCount);
   std::string bytes;
@@ -162,14 +168,14 @@ MasterFileResult ReadMasterFile(const std::string& path, MasterGrid* grid, Files
   const auto file = files->OpenForReading(path);
   if (file == nullptr) return MasterFileResult::kCannotOpen;
   std::string header;
-  if (!ReadBytes(file.get(), kHeaderBytes, &header)) return MasterFileResult::kNoMasterFile;
+  if (!ReadBytes(file.get(), kHeaderBytes, &header)) return WhyNotRead(*file, files);
   MasterGrid loaded(grid->Cells.allocator());
   TakeHeader(header, &loaded);
-  if (!IsMasterHeader(loaded) || files->Size(path) != FileSize(loaded)) {
+  if (!IsMasterHeader(loaded) || file->Stamp().size != FileSize(loaded)) {
     return MasterFileResult::kNoMasterFile;
   }
   if (!loaded.Cells.Allocate(loaded.CellCount)) return MasterFileResult::kNoMemory;
-  if (!ReadCells(file.get(), &loaded)) return MasterFileResult::kNoMasterFile;
+  if (!ReadCells(file.get(), &loaded)) return WhyNotRead(*file, files);
   IndexCells(&loaded);
   *grid = std::move(loaded);
   return MasterFileResult::kDone;

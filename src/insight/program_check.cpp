@@ -287,6 +287,7 @@ void FormatWork<Parser>::CheckLine(const NcLine& line, LineOutcome outcome) {
 template <typename Parser>
 void FormatWork<Parser>::End() {
   hasEnded_ = true;
+  check.readError = file_->Error();
   const std::string_view rest = reader_.Rest();
   if (!rest.empty()) {
     ++check.lines;

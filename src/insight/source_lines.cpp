@@ -73,7 +73,7 @@ SourceResult SourceLines::Read(uint64_t first, size_t count, std::vector<std::st
   while (texts->size() < count) {
     std::string_view piece = pieces.Next();
     if (piece.empty()) {
-      if (line == lines_) texts->push_back(Decoded(bytes));
+      if (line == lines_ && file->Error() == 0) texts->push_back(Decoded(bytes));
       break;
     }
     while (!piece.empty() && texts->size() < count) {

@@ -26,7 +26,10 @@ class BlockAppender {
   // finds no room, which ends the load.
   bool Move(LineParser* parser) {
     const MotionBlock block = parser->Block();
-    if (!Append(block, block.type)) return true;
+    if (!Append(block, block.type)) {
+      if (IsArcType(block.type)) ++lost_;  // its second record
+      return true;
+    }
     if (!IsArcType(block.type)) return true;
     lines_.AddArc(count_ - 1);
     parser->ToArcCentre();
@@ -42,7 +45,8 @@ class BlockAppender {
   // Hands the count to the store. Repairs bad records now, while it is known whether there are any,
   // and gives the reference of the feed colours: the highest programmed feed of the straight cuts
   // that are left.
-  int32_t Finish() {
+  int32_t Finish(uint64_t* lost) {
+    *lost = lost_;
     store_.blockCount = count_;
     for (uint32_t i = 0; hasBad_ && i < count_; ++i) store_.PeekRepaired(i);
     return highestFeed_;
@@ -52,8 +56,10 @@ class BlockAppender {
   // False, with the block lost, if there is no room for it. The zone fields are those of a fresh
   // block.
   bool Append(const MotionBlock& block, uint32_t type) {
-    if (next_ == pageEnd_ && !OpenPage()) [[unlikely]]
+    if (next_ == pageEnd_ && !OpenPage()) [[unlikely]] {
+      ++lost_;
       return false;
+    }
     next_->x = block.x;
     next_->y = block.y;
     next_->z = block.z;
@@ -71,11 +77,14 @@ class BlockAppender {
     return true;
   }
 
+  // The first page that cannot be had is the last one tried: a try can take long.
   bool OpenPage() {
+    if (isFull_) return false;
     const std::span<MotionBlock> page = store_.WritablePage(count_ / BlockStore::blocksPerPage);
     next_ = page.data();
     pageEnd_ = page.data() + page.size();
-    return !page.empty();
+    isFull_ = page.empty();
+    return !isFull_;
   }
 
   BlockStore& store_;
@@ -85,6 +94,8 @@ class BlockAppender {
   MotionBlock* pageEnd_ = nullptr;
   int32_t highestFeed_ = 0;  // mm/min
   bool hasBad_ = false;
+  bool isFull_ = false;
+  uint64_t lost_ = 0;
 };
 
 // A program's first move always begins a run.
@@ -119,7 +130,7 @@ template <typename Parser>
     }
   } while (hasRoom && reader->Next(&line));
   parser.Save();
-  const int32_t highestFeed = appender.Finish();
+  const int32_t highestFeed = appender.Finish(&program->lostBlocks);
   if (hasRoom) *feedBase = highestFeed;
   return hasRoom;
 }
@@ -167,7 +178,12 @@ LoadResult LoadNcFile(const std::string& path, NcProgram* program, ParserStates*
   program->FeedBase = feedBase;
   // Where a walk over the program ends. A comment at the head of the next program keeps this place.
   store.ReadBlock(store.blockCount - 1);
-  return LoadResult::kLoaded;
+  if (file->Error() != 0) {
+    files->Fail(file->Error());
+    program->isPart = true;
+    return LoadResult::kReadFailed;
+  }
+  return program->lostBlocks > 0 ? LoadResult::kBlocksLost : LoadResult::kLoaded;
 }
 
 }  // namespace tvx

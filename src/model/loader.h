@@ -21,7 +21,14 @@ enum class LoadResult {
   kLoaded,      // the program is read, and the register holds its last block
   kCannotOpen,  // the store is empty
   kStoreFull,   // the store has no room for the second record of an arc; it holds what came before
+  kBlocksLost,  // as kLoaded, but lostBlocks of the program found no place
+  kReadFailed,  // as kLoaded, but a read failed (Files::LastError) and ended the program
 };
+
+// True if the program is read and ready, whole or not.
+inline bool IsLoaded(LoadResult result) {
+  return result != LoadResult::kCannotOpen && result != LoadResult::kStoreFull;
+}
 
 // Reads one NC file into the store, in place of the program there. `states` is the modal state that
 // lives as long as the process.

@@ -24,6 +24,8 @@ struct NcProgram {
   uint32_t incrementalMode = 0;  // 0: G90, 1: G91
   float arcRadius = 0;           // last radius read; not reset by a load
   int32_t firstPoint = 1;        // the next drawing starts with a silent first point
+  uint64_t lostBlocks = 0;       // of the load: those that found no place in the store
+  bool isPart = false;           // a read failed before the end of the file
   ProgramSource source = {};
 };
 
@@ -32,6 +34,8 @@ inline void EmptyProgram(NcProgram* program) {
   program->store.blockCount = 0;
   program->store.CurrentBlock.type = BlockNone;
   program->firstPoint = 1;
+  program->lostBlocks = 0;
+  program->isPart = false;
   program->incrementalMode = 0;
   program->source = {};
 }

@@ -51,6 +51,7 @@ struct CutTimeEntry {
   // Number of the program check (shell/view_check.h) in the window that recorded the entry; 0 for
   // none. It is no field of any file.
   uint32_t check = 0;
+  bool isPart = false;  // of a program that was not read to its end; in no file
 };
 
 using EntryMember =

@@ -5,6 +5,7 @@
 #include <poll.h>
 #include <signal.h>
 #include <spawn.h>
+#include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -12,7 +13,10 @@
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
+#include <cstdlib>
 #include <thread>
+
+#include "platform/termination.h"
 
 namespace tvx {
 
@@ -62,15 +66,37 @@ bool WaitFor(int socket, short events, Clock::time_point end) {
 // The child that ends in place of this process, 0 for none. A negative number is a whole group.
 std::atomic<pid_t> substitute{0};
 
-extern "C" void EndSubstitute(int) {
+bool EndSubstitute(int) {
   const pid_t child = substitute.load();
-  if (child == 0) _exit(1);
-  const int error = errno;  // of the work that is interrupted
-  ::kill(child, SIGKILL);
-  errno = error;
+  return child != 0 && ::kill(child, SIGKILL) == 0;
 }
 
+// Before the words of a tied command: this program, the word, the number of the parent.
+constexpr char kTiedWord[] = "tied";
+constexpr int kTiedWords = 3;
+
 }  // namespace
+
+void EndWithParent() {
+  ::prctl(PR_SET_PDEATHSIG, SIGTERM);
+}
+
+std::vector<std::string> TiedToThisProcess(std::vector<std::string> command) {
+  command.insert(command.begin(), {"/proc/self/exe", kTiedWord, std::to_string(::getpid())});
+  return command;
+}
+
+bool IsTiedCall(int count, char** words) {
+  return count > kTiedWords && words[1] == std::string_view(kTiedWord);
+}
+
+int RunTied(char** words) {
+  char** const command = words + kTiedWords;
+  // The setting remains in the program that replaces this one.
+  ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+  if (::getppid() == std::atol(words[kTiedWords - 1])) ::execv(command[0], command);
+  return 1;
+}
 
 std::unique_ptr<ChildProcess> ChildProcess::Start(const std::vector<std::string>& command,
                                                   ChildTies ties,
@@ -98,7 +124,8 @@ std::unique_ptr<ChildProcess> ChildProcess::Start(const std::vector<std::string>
   sigset_t signals;
   sigemptyset(&signals);
   posix_spawnattr_setsigmask(&attributes, &signals);
-  for (const int signal : {SIGTERM, SIGINT, SIGHUP, SIGPIPE}) sigaddset(&signals, signal);
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP, SIGXCPU, SIGPIPE, SIGXFSZ})
+    sigaddset(&signals, signal);
   posix_spawnattr_setsigdefault(&attributes, &signals);
   int flags = POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF;
   if (ties == ChildTies::kPartner) flags |= POSIX_SPAWN_SETPGROUP;
@@ -198,9 +225,7 @@ void ChildProcess::Leave() {
 
 void ChildProcess::EndInPlaceOfThisProcess() {
   substitute = ties_ == ChildTies::kServant ? process_ : -process_;
-  struct sigaction action {};
-  action.sa_handler = EndSubstitute;
-  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) ::sigaction(signal, &action, nullptr);
+  SetTerminationHook(EndSubstitute);
 }
 
 // To the whole group where the child leads one.

@@ -27,6 +27,17 @@ enum class Reception {
   kTooLate,  // the limit has passed
 };
 
+// Has this process receive SIGTERM when its parent ends, whatever ends that. A partner whose parent
+// has ended before the call sees the end of its input.
+void EndWithParent();
+
+// A command that runs `command` and is killed when this process ends, whatever ends it. It calls
+// this program, whose main() has to start with
+//   if (IsTiedCall(count, words)) return RunTied(words);
+std::vector<std::string> TiedToThisProcess(std::vector<std::string> command);
+bool IsTiedCall(int count, char** words);
+int RunTied(char** words);
+
 // The child is ended, at the latest with its object, unless it has been left. Everything but the
 // standard error of a partner is cut off from this process's own input and output, so that nobody
 // who reads those waits for a child.
@@ -60,9 +71,9 @@ class ChildProcess {
   // Neighbour only. The child lives on without this process, which is expected to end soon itself.
   void Leave();
 
-  // Has a termination of this process (SIGTERM, SIGINT, SIGHUP) end this child in its place: the
-  // work that waits for the child then fails and the process can tidy up. One child at a time,
-  // until its end or Leave.
+  // Has a termination of this process (PrepareProcess) end this child in its place: the work that
+  // waits for the child then fails and the process can tidy up. One child at a time, until its end
+  // or Leave.
   void EndInPlaceOfThisProcess();
 
  private:

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <optional>
 #include <system_error>
@@ -47,24 +48,42 @@ bool WriteAll(int descriptor, uint64_t offset, std::string_view bytes) {
   return true;
 }
 
-// Opens a plain file. Pipes and devices are refused like directories: they have no size and might
-// never end. (Not blocking, since the mere opening of a pipe waits for its other side.)
-Descriptor OpenPlainFile(const fs::path& path, int flags) {
+FileStamp StampOf(const struct stat& status) {
+  constexpr int64_t kNanoseconds = 1'000'000'000;  // per second
+  return {static_cast<uint64_t>(status.st_size),
+          status.st_mtim.tv_sec * kNanoseconds + status.st_mtim.tv_nsec};
+}
+
+// A plain file, open, or the reason why not.
+struct OpenedFile {
+  Descriptor descriptor;
+  FileStamp stamp = {};
+  int error = 0;
+};
+
+// Pipes and devices are refused like directories: they have no size and might never end. (Not
+// blocking, since the mere opening of a pipe waits for its other side.)
+OpenedFile OpenPlainFile(const fs::path& path, int flags) {
   Descriptor file(::open(path.c_str(), flags | O_RDONLY | O_CLOEXEC | O_NONBLOCK, 0666));
   struct stat status {};
-  if (file.IsOpen() && (::fstat(file.Number(), &status) != 0 || !S_ISREG(status.st_mode))) {
-    file.Close();
-  }
-  return file;
+  if (!file.IsOpen() || ::fstat(file.Number(), &status) != 0) return {Descriptor(), {}, errno};
+  if (S_ISDIR(status.st_mode)) return {Descriptor(), {}, EISDIR};
+  if (!S_ISREG(status.st_mode)) return {Descriptor(), {}, kNoPlainFile};
+  return {std::move(file), StampOf(status)};
 }
 
 class HostInputFile : public InputFile {
  public:
-  explicit HostInputFile(Descriptor file) : file_(std::move(file)) {}
+  explicit HostInputFile(OpenedFile file) : file_(std::move(file.descriptor)), stamp_(file.stamp) {}
 
   size_t Read(char* buffer, size_t size) override {
     const ssize_t count = ReadSome(file_.Number(), buffer, size);
-    return count > 0 ? static_cast<size_t>(count) : 0;
+    if (count > 0) {
+      position_ += static_cast<uint64_t>(count);
+      return static_cast<size_t>(count);
+    }
+    if (size > 0) error_ = count < 0 ? errno : ErrorAtEnd();
+    return 0;
   }
 
   size_t ReadAt(uint64_t offset, char* buffer, size_t size) override {
@@ -72,24 +91,33 @@ class HostInputFile : public InputFile {
     do {
       count = ::pread(file_.Number(), buffer, size, static_cast<off_t>(offset));
     } while (count < 0 && errno == EINTR);
+    if (count < 0) error_ = errno;
     return count > 0 ? static_cast<size_t>(count) : 0;
   }
 
-  FileStamp Stamp() override {
-    struct stat status {};
-    if (::fstat(file_.Number(), &status) != 0) return {};
-    constexpr int64_t kNanoseconds = 1'000'000'000;  // per second
-    return {static_cast<uint64_t>(status.st_size),
-            status.st_mtim.tv_sec * kNanoseconds + status.st_mtim.tv_nsec};
-  }
+  FileStamp Stamp() override { return stamp_; }
+
+  int Error() const override { return error_; }
 
  private:
+  int ErrorAtEnd() const {
+    struct stat now {};
+    if (::fstat(file_.Number(), &now) != 0) return errno;
+    return position_ < stamp_.size || StampOf(now) != stamp_ ? kFileChanged : 0;
+  }
+
   Descriptor file_;
+  FileStamp stamp_;
+  uint64_t position_ = 0;  // of Read
+  int error_ = 0;
 };
 
 class HostOutputFile : public OutputFile {
  public:
-  explicit HostOutputFile(const fs::path& target) : file_(target) {}
+  // `files` receives the reasons of failures.
+  HostOutputFile(const fs::path& target, Files* files) : file_(target), files_(files) {
+    if (!file_.IsOpen()) files_->Fail(file_.error());
+  }
 
   bool IsOpen() const { return file_.IsOpen(); }
 
@@ -103,12 +131,11 @@ class HostOutputFile : public OutputFile {
   bool Patch(uint64_t offset, std::string_view bytes) override {
     const uint64_t size = written_ + buffer_.size();
     if (offset > size || bytes.size() > size - offset) return false;
-    good_ = Flush() && WriteAll(file_.descriptor(), offset, bytes);
-    return good_;
+    return Flush() && WriteAt(offset, bytes);
   }
 
   bool Commit() override {
-    good_ = Flush() && file_.PutInPlace();
+    good_ = Flush() && (file_.PutInPlace() || files_->Fail(file_.error()));
     // The file is no longer this object's: what is written or committed after this fails.
     return std::exchange(good_, false);
   }
@@ -121,21 +148,22 @@ class HostOutputFile : public OutputFile {
   }
 
   bool WriteThrough(std::string_view bytes) {
-    good_ = good_ && WriteAll(file_.descriptor(), written_, bytes);
+    const uint64_t offset = written_;
     written_ += bytes.size();
+    return WriteAt(offset, bytes);
+  }
+
+  bool WriteAt(uint64_t offset, std::string_view bytes) {
+    good_ = good_ && (WriteAll(file_.descriptor(), offset, bytes) || files_->Fail(errno));
     return good_;
   }
 
   NewFile file_;
+  Files* files_;
   std::string buffer_;    // what is not yet in the file
   uint64_t written_ = 0;  // bytes in the file
   bool good_ = true;
 };
-
-std::unique_ptr<OutputFile> CreateHostFile(const fs::path& path) {
-  auto file = std::make_unique<HostOutputFile>(path);
-  return file->IsOpen() ? std::move(file) : nullptr;
-}
 
 // A path such as "n:" or "n:\\new\\" is no name for a file, even where nothing is there yet.
 bool NamesDirectory(const std::string& path) {
@@ -155,15 +183,21 @@ class HostFiles : public Files {
   }
 
   std::unique_ptr<InputFile> OpenOrCreateForReading(const std::string& path) override {
-    return NamesDirectory(path) ? nullptr : Open(path, O_CREAT);
+    if (!NamesDirectory(path)) return Open(path, O_CREAT);
+    Fail(EISDIR);
+    return nullptr;
   }
 
   std::unique_ptr<OutputFile> Create(const std::string& path) override {
     const auto host = Host(path);
-    return host && !NamesDirectory(path) ? CreateHostFile(*host) : nullptr;
+    if (host && !NamesDirectory(path)) return CreateFile(*host);
+    Fail(host ? EISDIR : ENOENT);
+    return nullptr;
   }
 
-  bool Exists(const std::string& path) override { return fs::exists(Status(path)); }
+  bool Exists(const std::string& path) override {
+    return Host(path).has_value() && Status(path).type() != fs::file_type::not_found;
+  }
 
   bool IsDirectory(const std::string& path) override { return fs::is_directory(Status(path)); }
 
@@ -176,7 +210,7 @@ class HostFiles : public Files {
 
   bool List(const std::string& directory, std::vector<DirectoryEntry>* entries) override {
     const auto host = Host(directory);
-    if (!host) return false;
+    if (!host) return Fail(ENOENT);
     std::vector<DirectoryEntry> found;
     std::error_code error;
     for (fs::directory_iterator entry(*host, error), end; !error && entry != end;
@@ -189,7 +223,7 @@ class HostFiles : public Files {
       const uint64_t size = isFile ? entry->file_size(ignored) : 0;
       found.push_back({name, isDirectory, ignored ? 0 : size});
     }
-    if (error) return false;
+    if (error) return Fail(error.value());
     *entries = std::move(found);
     return true;
   }
@@ -197,20 +231,18 @@ class HostFiles : public Files {
   bool Copy(const std::string& from, const std::string& to) override {
     const auto source = Host(from);
     const auto target = Host(to);
-    if (!source || !target || NamesDirectory(to)) return false;
-    const Descriptor in = OpenPlainFile(*source, 0);
-    if (!in.IsOpen()) return false;
+    if (!source || !target || NamesDirectory(to)) return Fail(ENOENT);
+    const std::unique_ptr<InputFile> in = Open(from, 0);
+    if (in == nullptr) return false;
     std::error_code error;
     if (fs::equivalent(*source, *target, error)) return true;
-    const auto out = CreateHostFile(*target);
+    const auto out = CreateFile(*target);
     if (!out) return false;
     std::string buffer(kBufferSize, '\0');
-    for (;;) {
-      const ssize_t count = ReadSome(in.Number(), buffer.data(), buffer.size());
-      if (count < 0) return false;
-      if (count == 0) return out->Commit();
-      if (!out->Write({buffer.data(), static_cast<size_t>(count)})) return false;
+    while (const size_t count = in->Read(buffer.data(), buffer.size())) {
+      if (!out->Write({buffer.data(), count})) return false;
     }
+    return in->Error() == 0 ? out->Commit() : Fail(in->Error());
   }
 
   std::vector<char> DriveLetters() override { return drives_->Letters(); }
@@ -235,11 +267,18 @@ class HostFiles : public Files {
     return host ? fs::status(*host, error) : fs::file_status(fs::file_type::none);
   }
 
-  std::unique_ptr<InputFile> Open(const std::string& path, int flags) const {
+  std::unique_ptr<InputFile> Open(const std::string& path, int flags) {
     const auto host = Host(path);
-    if (!host) return nullptr;
-    Descriptor file = OpenPlainFile(*host, flags);
-    return file.IsOpen() ? std::make_unique<HostInputFile>(std::move(file)) : nullptr;
+    OpenedFile file = host ? OpenPlainFile(*host, flags) : OpenedFile{Descriptor(), {}, ENOENT};
+    ClearError();
+    if (file.error != 0) Fail(file.error);
+    return file.error == 0 ? std::make_unique<HostInputFile>(std::move(file)) : nullptr;
+  }
+
+  std::unique_ptr<OutputFile> CreateFile(const fs::path& path) {
+    ClearError();
+    auto file = std::make_unique<HostOutputFile>(path, this);
+    return file->IsOpen() ? std::move(file) : nullptr;
   }
 
   const Drives* drives_;
@@ -247,6 +286,13 @@ class HostFiles : public Files {
 };
 
 }  // namespace
+
+std::string FileErrorText(int error) {
+  if (error == kNoPlainFile) return "is no plain file";
+  if (error == kFileChanged) return "has changed while it was read";
+  if (error == kPartSource) return "a program of it was not read to its end";
+  return std::strerror(error);
+}
 
 bool ReadWholeFile(Files* files, const std::string& path, std::string* bytes) {
   const auto file = files->OpenForReading(path);
@@ -258,6 +304,7 @@ bool ReadWholeFile(Files* files, const std::string& path, std::string* bytes) {
     count = file->Read(read.data() + size, kBufferSize);
     read.resize(size + count);
   }
+  if (file->Error() != 0) return files->Fail(file->Error());
   *bytes = std::move(read);
   return true;
 }

@@ -16,15 +16,28 @@ struct FileStamp {
   bool operator==(const FileStamp&) const = default;
 };
 
+// Reasons for a failure that the system does not have, beside its errno values.
+inline constexpr int kNoPlainFile = -1;  // a pipe, a device
+inline constexpr int kFileChanged = -2;  // shorter or written since it was opened
+inline constexpr int kPartSource = -3;   // to be written from a file that was read in part only
+
+// The reason in words, as the system has them: "No space left on device".
+std::string FileErrorText(int error);
+
 // A file open for reading.
 class InputFile {
  public:
   virtual ~InputFile() = default;
-  // Reads up to `size` bytes. Returns how many; 0 at the end and on a failure, which read alike.
+  // Reads up to `size` bytes. Returns how many; 0 at the end and on a failure, which Error
+  // distinguishes.
   virtual size_t Read(char* buffer, size_t size) = 0;
   // The same from `offset` on; Read goes on where it was.
   virtual size_t ReadAt(uint64_t offset, char* buffer, size_t size) = 0;
+  // As the file was when it was opened.
   virtual FileStamp Stamp() = 0;
+  // Why a read failed: an errno value, or kFileChanged if Read found the end of a file that is not
+  // what was opened. 0 if none has failed.
+  virtual int Error() const { return 0; }
 };
 
 // A file being written. The bytes go to a temporary file beside the target; an older file of that
@@ -66,7 +79,7 @@ class Files {
   // Null if the file cannot be created: no such directory, no right to write, a directory of that
   // name or anything else that is no plain file, or an existing file that may not be written.
   virtual std::unique_ptr<OutputFile> Create(const std::string& path) = 0;
-  // A file or a directory of that name.
+  // A file or a directory of that name; also true for what cannot be looked at.
   virtual bool Exists(const std::string& path) = 0;
   virtual bool IsDirectory(const std::string& path) = 0;
   // Size in bytes; 0 for what does not exist or is no plain file.
@@ -85,9 +98,25 @@ class Files {
   virtual std::string CurrentDirectory() = 0;
   // Takes a path like any other here. False, and no change, if it is no directory.
   virtual bool SetCurrentDirectory(const std::string& directory) = 0;
+
+  // Why the last operation on a file failed, or on a file that is open: an errno value or one of
+  // those above; ENOENT for a file that is missing, and for no other. An opening that succeeds
+  // sets it to 0.
+  int LastError() const { return lastError_; }
+  // Sets it, for those who find the failure. Returns false.
+  bool Fail(int error) {
+    lastError_ = error;
+    return false;
+  }
+
+ protected:
+  void ClearError() { lastError_ = 0; }
+
+ private:
+  int lastError_ = 0;
 };
 
-// Reads a whole file. False, with *bytes alone, if it cannot be opened.
+// Reads a whole file. False, with *bytes alone, if it cannot be opened or read to its end.
 bool ReadWholeFile(Files* files, const std::string& path, std::string* bytes);
 
 // Creates or replaces a whole file. False, with the older file as it was, if anything fails.

@@ -2,13 +2,16 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 
 #include "platform/descriptor.h"
+#include "platform/termination.h"
 
 namespace tvx {
 
 // Starts empty under a name of its own, and is filled through its descriptor or by another program
-// through its path. Destroyed without PutInPlace, it leaves no trace.
+// through its path. Destroyed without PutInPlace, it leaves no trace; nor does a process that a
+// signal ends. What a killed process left is removed by the next one that writes into the folder.
 class NewFile {
  public:
   // `target`: absolute. Behind a link, the file that the link leads to is the one to be replaced.
@@ -23,14 +26,22 @@ class NewFile {
   const std::filesystem::path& path() const { return path_; }
   int descriptor() const { return descriptor_.Number(); }
 
-  // Puts it in place, with the rights of the older file. False, with the older file as it was, if
-  // that fails.
+  // Puts it in place, with the rights of the older file. Its bytes are on the disk before it takes
+  // the place of the older one, and the folder with the new entry is before the result is true.
+  // False, with the older file as it was or the new one whole, if that fails.
   bool PutInPlace();
 
+  // Why it is not open or not in place: an errno value or kNoPlainFile (files.h).
+  int error() const { return error_; }
+
  private:
+  bool Fail();  // notes errno; returns false
+
   Descriptor descriptor_;
   std::filesystem::path path_;  // empty once it is in place
   std::filesystem::path target_;
+  std::optional<TemporaryPath> registered_;
+  int error_ = 0;
 };
 
 }  // namespace tvx

@@ -26,6 +26,7 @@ class HugePageMemory final : public PageMemory {
 
  private:
   bool TakePiece() {
+    free_.reserve(free_.size() + kPieceBytes / kPageBytes);
     char* const piece = static_cast<char*>(std::aligned_alloc(kPieceBytes, kPieceBytes));
     if (piece == nullptr) return false;
     // Only a hint: without huge pages everything works, with more page faults.

@@ -10,7 +10,7 @@ bool MayReplace(const std::string& path, bool (*isOfKind)(std::string_view start
   if (file == nullptr) return true;  // the write itself reports what is no plain file
   std::array<char, 4096> bytes;
   const size_t size = file->ReadAt(0, bytes.data(), bytes.size());
-  if (size == 0 || isOfKind({bytes.data(), size})) return true;
+  if ((size == 0 && file->Error() == 0) || isOfKind({bytes.data(), size})) return true;
   return ui->ShowMessage({.text = "다른 종류의 화일이 있습니다. 바꾸겠습니까?",
                           .path = path,
                           .caption = "화일 바꾸기",

@@ -62,7 +62,7 @@ class Copier {
   void Copy(const std::string& source, const std::string& destination) {
     if (EqualNoCase(source, destination)) return;
     if (!files_->Copy(source, destination) && failed_ != nullptr) {
-      failed_->push_back({source, destination});
+      failed_->push_back({source, destination, files_->LastError()});
     }
   }
 
@@ -92,6 +92,7 @@ bool LineMasterFile(std::string_view line, std::string* path) {
 }
 
 bool WriteJobListFile(const std::string& path, const ResultTable& results, Files* files) {
+  if (results.HasPart()) return files->Fail(kPartSource);
   const auto file = files->Create(path);
   if (file == nullptr) return false;
   for (const CutTimeEntry& entry : results.Recorded()) {
@@ -104,6 +105,7 @@ bool WriteJobListFile(const std::string& path, const ResultTable& results, Files
 
 bool WriteJobListFileCopy(const std::string& path, const ResultTable& results, Files* files,
                           std::vector<FailedCopy>* failed) {
+  if (results.HasPart()) return files->Fail(kPartSource);
   const auto file = files->Create(path);
   if (file == nullptr) return false;
   Copier copier(DirectoryOfPath(path, kBackslash), files, failed);

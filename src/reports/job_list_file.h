@@ -24,6 +24,7 @@ bool LineMasterFile(std::string_view line, std::string* path);
 struct FailedCopy {
   std::string source;
   std::string destination;
+  int error = 0;  // why, as Files::LastError
 };
 
 // Creates or replaces the list file at a full drive path. Each entry gets the directory of the list

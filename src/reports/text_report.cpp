@@ -64,6 +64,7 @@ std::string TextReport(const ResultTable& results) {
 }
 
 bool WriteTextReportFile(const std::string& path, const ResultTable& results, Files* files) {
+  if (results.HasPart()) return files->Fail(kPartSource);
   return WriteWholeFile(files, path, EncodeCp949(TextReport(results)));
 }
 

@@ -20,6 +20,7 @@ RecordResult RecordResultEntry(const CutTimeEntry& result, const Scene& scene, F
   if (index >= results->entries.size()) return RecordResult::kTableFull;
   CutTimeEntry& entry = results->entries[index];
   entry = result;
+  entry.isPart = scene.program->isPart;
   entry.pictureName.clear();
   bool drawn = true;
   if (scene.job->MetafileCreateChk == 1 && !entry.fileName.empty()) {

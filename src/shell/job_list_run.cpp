@@ -27,13 +27,13 @@ std::string ProgramOfMaster(const std::string& masterPath) {
 // The messages of a run in a window.
 class RunMessages final : public RunObserver {
  public:
-  explicit RunMessages(UserInterface* ui) : ui_(ui) {}
+  RunMessages(const NcProgram* program, UserInterface* ui) : program_(*program), ui_(ui) {}
 
   void OnLoadFailed(const std::string& path, LoadResult result) override {
-    ShowFailure(result, path, ui_);
+    ShowFailure(result, program_, path, ui_);
   }
   void OnMasterFailed(const std::string& path, const MasterOutcome& outcome) override {
-    ShowFailure(outcome.load, ProgramOfMaster(path), ui_);
+    ShowFailure(outcome.load, program_, ProgramOfMaster(path), ui_);
     ShowFailure(outcome.build, ui_);
     ShowFailure(outcome.file, path, ui_);
   }
@@ -41,6 +41,7 @@ class RunMessages final : public RunObserver {
   void OnTableFull() override { ShowTableFull(ui_); }
 
  private:
+  const NcProgram& program_;
   UserInterface* ui_;
 };
 
@@ -146,7 +147,7 @@ void RunJobList(CTVXView* view) {
 
   app->rememberedSpindle = dialog.SpindleSpeed();
   CopyJobRecord(kJobSlot, &view->job, *slot);
-  RunMessages messages(app->ui);
+  RunMessages messages(&view->program, app->ui);
   RunAcceptedList(view, &messages);
 }
 

@@ -2,6 +2,7 @@
 
 #include "shell/messages.h"
 
+#include "base/format.h"
 #include "platform/user_files.h"
 
 namespace tvx {
@@ -18,10 +19,21 @@ void ShowNotLoaded(const std::string& path, UserInterface* ui) {
 
 }  // namespace
 
-void ShowFailure(LoadResult result, const std::string& path, UserInterface* ui) {
-  if (result != LoadResult::kCannotOpen) return;
-  ShowNotLoaded(path, ui);
-  ShowCannotOpen(ui);
+void ShowFailure(LoadResult result, const NcProgram& program, const std::string& path,
+                 UserInterface* ui) {
+  if (result == LoadResult::kCannotOpen) {
+    ShowNotLoaded(path, ui);
+    ShowCannotOpen(ui);
+  } else if (result == LoadResult::kReadFailed) {
+    ui->ShowMessage({.text = "화일을 끝까지 읽지 못했습니다. 시간과 그림이 맞지 않습니다.",
+                     .path = path,
+                     .icon = MessageIcon::kExclamation});
+  } else if (program.lostBlocks > 0) {
+    ui->ShowMessage({.text = Format("메모리가 모자라서 블록 %.0f개를 넣지 못했습니다.",
+                                    static_cast<double>(program.lostBlocks)),
+                     .path = path,
+                     .icon = MessageIcon::kExclamation});
+  }
 }
 
 void ShowFailure(BuildResult result, UserInterface* ui) {

@@ -12,8 +12,9 @@ namespace tvx {
 
 // Each shows the message of a failure and nothing for any other result. No message is defined for a
 // full store, a refused build and a missing model to write. A path goes to the status line, where
-// it remains after the message.
-void ShowFailure(LoadResult result, const std::string& path, UserInterface* ui);
+// it remains after the message. `program` is what the load left.
+void ShowFailure(LoadResult result, const NcProgram& program, const std::string& path,
+                 UserInterface* ui);
 void ShowFailure(BuildResult result, UserInterface* ui);
 void ShowFailure(MasterFileResult result, const std::string& path, UserInterface* ui);
 

@@ -131,8 +131,8 @@ void RunViewCommand(CTVXView* view, CommandId id) {
 LoadResult LoadProgram(CTVXView* view, const std::string& path) {
   const ProgramContext context = ProgramContextOf(view);
   const LoadResult result = LoadFile(view, path);
-  ShowFailure(result, path, context.ui);
-  if (result == LoadResult::kLoaded) ++view->loads;
+  ShowFailure(result, *context.program, path, context.ui);
+  if (IsLoaded(result)) ++view->loads;
   FitToPath(context.transform, &context.program->store);
   context.ui->Repaint();
   return result;

@@ -1,6 +1,7 @@
 // The table of recorded results.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -22,6 +23,10 @@ struct ResultTable {
   std::span<CutTimeEntry> Recorded() { return {entries.data(), static_cast<size_t>(entryCount)}; }
   std::span<const CutTimeEntry> Recorded() const {
     return {entries.data(), static_cast<size_t>(entryCount)};
+  }
+  // True if an entry is of a program that was not read to its end. No report is written then.
+  bool HasPart() const {
+    return std::ranges::any_of(Recorded(), [](const CutTimeEntry& entry) { return entry.isPart; });
   }
 };
 

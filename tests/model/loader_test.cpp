@@ -74,8 +74,9 @@ TEST(Loader, FullStoreLosesBlocksAndEndsAtAnArcWithoutItsCentre) {
   TestLoad load{.program{.store = BlockStore(&memory)}};
   std::string text = "G01\n";
   for (int i = 1; i <= 2050; ++i) text += "X" + std::to_string(i) + "\n\n";
-  EXPECT_EQ(load.Load(text), LoadResult::kLoaded);
+  EXPECT_EQ(load.Load(text), LoadResult::kBlocksLost);
   EXPECT_EQ(load.program.store.blockCount, 2041U);
+  EXPECT_EQ(load.program.lostBlocks, 4101U - 2041U);
   EXPECT_EQ(load.states.word.savedPos.x, 2050) << "the rest was parsed";
 
   EXPECT_EQ(load.Load(std::string(2040, '\n') + "G02 X2 I1 J0\nG01 X5\n"), LoadResult::kStoreFull);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <utility>
 
 #include "platform/drives.h"
@@ -19,10 +20,15 @@ std::string Parent(const std::string& path) {
 
 class Input : public InputFile {
  public:
-  Input(std::string bytes, int64_t modified, size_t mostAtOnce)
-      : bytes_(std::move(bytes)), modified_(modified), mostAtOnce_(mostAtOnce) {}
+  Input(std::string bytes, int64_t modified, size_t mostAtOnce, int* readsLeft)
+      : bytes_(std::move(bytes)),
+        modified_(modified),
+        mostAtOnce_(mostAtOnce),
+        readsLeft_(readsLeft) {}
 
   size_t Read(char* buffer, size_t size) override {
+    if ((*readsLeft_)-- == 1) error_ = EIO;
+    if (error_ != 0) return 0;
     const size_t count = bytes_.copy(buffer, std::min(size, mostAtOnce_), position_);
     position_ += count;
     return count;
@@ -31,12 +37,15 @@ class Input : public InputFile {
     return offset < bytes_.size() ? bytes_.copy(buffer, size, offset) : 0;
   }
   FileStamp Stamp() override { return {bytes_.size(), modified_}; }
+  int Error() const override { return error_; }
 
  private:
   std::string bytes_;
   int64_t modified_;
   size_t mostAtOnce_;
+  int* readsLeft_;
   size_t position_ = 0;
+  int error_ = 0;
 };
 
 }  // namespace
@@ -46,20 +55,20 @@ class MemoryFiles::Output : public OutputFile {
   Output(MemoryFiles* files, std::string path) : files_(files), path_(std::move(path)) {}
 
   bool Write(std::string_view bytes) override {
-    good_ = good_ && files_->writesLeft_-- != 1;
+    good_ = good_ && (files_->writesLeft_-- != 1 || files_->Fail(ENOSPC));
     if (good_) bytes_.append(bytes);
     return good_;
   }
 
   bool Patch(uint64_t offset, std::string_view bytes) override {
     if (offset > bytes_.size() || bytes.size() > bytes_.size() - offset) return false;
-    good_ = good_ && files_->writesLeft_-- != 1;
+    good_ = good_ && (files_->writesLeft_-- != 1 || files_->Fail(ENOSPC));
     if (good_) bytes_.replace(offset, bytes.size(), bytes);
     return good_;
   }
 
   bool Commit() override {
-    good_ = good_ && files_->commitsLeft_-- != 1;
+    good_ = good_ && (files_->commitsLeft_-- != 1 || files_->Fail(ENOSPC));
     if (good_) files_->Put(path_, bytes_);
     return std::exchange(good_, false);
   }
@@ -129,12 +138,20 @@ std::vector<std::string> MemoryFiles::FilePaths() const {
 
 std::unique_ptr<InputFile> MemoryFiles::OpenForReading(const std::string& path) {
   const Node* node = Find(path);
-  if (node == nullptr || node->isDirectory || noOpening_.count(Key(path)) != 0) return nullptr;
-  return std::make_unique<Input>(node->bytes, node->modified, mostBytesOfARead);
+  ClearError();
+  if (node == nullptr)
+    Fail(ENOENT);
+  else if (node->isDirectory)
+    Fail(EISDIR);
+  else if (noOpening_.count(Key(path)) != 0)
+    Fail(EACCES);
+  if (LastError() != 0) return nullptr;
+  return std::make_unique<Input>(node->bytes, node->modified, mostBytesOfARead, &readsLeft_);
 }
 
 std::unique_ptr<OutputFile> MemoryFiles::Create(const std::string& path) {
-  if (!CanCreate(path)) return nullptr;
+  ClearError();
+  if (!CanCreate(path) && !Fail(EACCES)) return nullptr;
   return std::make_unique<Output>(this, Absolute(path));
 }
 

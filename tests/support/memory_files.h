@@ -39,6 +39,8 @@ class MemoryFiles : public Files {
   void RefuseCreation(const std::string& path) { noCreation_.insert(Key(path)); }
   // A file of this name cannot be read.
   void RefuseOpening(const std::string& path) { noOpening_.insert(Key(path)); }
+  // The count-th read from now on fails.
+  void RefuseRead(int count) { readsLeft_ = count; }
   // No read of a file opened from now on gives more.
   size_t mostBytesOfARead = SIZE_MAX;
 
@@ -87,6 +89,7 @@ class MemoryFiles : public Files {
   int64_t writes_ = 0;  // the clock of the stamps
   int writesLeft_ = 0;  // 1: the next is refused; 0 and below: no fault
   int commitsLeft_ = 0;
+  int readsLeft_ = 0;
   std::string currentDirectory_ = "c:\\";
 };
 
