@@ -1,6 +1,7 @@
 // The table of docks.
 #include "desktop/docks.h"
 
+#include <QLabel>
 #include <QMainWindow>
 
 #include "desktop/check_dock.h"
@@ -24,6 +25,11 @@ constexpr struct {
 };
 
 }  // namespace
+
+void MakeSelectable(QLabel* label) {
+  label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  label->setFocusPolicy(Qt::NoFocus);
+}
 
 std::vector<ViewDock*> AddDocks(const DockContext& context, QMainWindow* window) {
   std::vector<ViewDock*> docks;

@@ -9,6 +9,7 @@
 
 #include "shell/tvx_view.h"
 
+class QLabel;
 class QMainWindow;
 
 namespace tvx {
@@ -37,6 +38,10 @@ class ViewDock : public QDockWidget {
   // no view is open. Must be quick while nothing has changed.
   virtual void ShowCheck(const CTVXView* /*view*/) {}
 };
+
+// Lets the user select the text of a label by the mouse, and copy it from the context menu. A click
+// leaves the focus in the picture, whose keys move it.
+void MakeSelectable(QLabel* label);
 
 // Adds all docks to a window, which owns them. Returns them in the order of the View menus.
 std::vector<ViewDock*> AddDocks(const DockContext& context, QMainWindow* window);

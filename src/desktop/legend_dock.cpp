@@ -6,7 +6,6 @@
 #include <QLabel>
 #include <QPainter>
 #include <QVBoxLayout>
-#include <cmath>
 
 #include "base/format.h"
 #include "desktop/check_dock.h"
@@ -48,15 +47,15 @@ QString ExtentText(const Vec3& low, const Vec3& high) {
                      low.z, high.z));
 }
 
-}  // namespace
-
-QString FeedRangeText(const FeedBand& band, bool isSlowest, int32_t FeedBase) {
+// The feeds of band i: "351 - 500"; "-" if there are none.
+QString FeedRangeText(size_t i, int32_t FeedBase) {
   if (FeedBase <= 0) return "-";
-  const auto lowest = isSlowest ? 0 : static_cast<int64_t>(std::floor(band.above * FeedBase)) + 1;
-  if (band.upTo > 1.0) return QString("%1 -").arg(lowest);
-  const auto highest = static_cast<int64_t>(std::floor(band.upTo * FeedBase));
-  return lowest > highest ? "-" : QString("%1 - %2").arg(lowest).arg(highest);
+  const FeedRange feeds = FeedsOfBand(i, FeedBase);
+  if (i == 0) return QString("%1 -").arg(feeds.first);
+  return feeds.first > feeds.last ? "-" : QString("%1 - %2").arg(feeds.first).arg(feeds.last);
 }
+
+}  // namespace
 
 LegendDock::LegendDock(const DockContext& context, QWidget* parent)
     : ViewDock(Translated("범례"), parent) {
@@ -82,7 +81,7 @@ LegendDock::LegendDock(const DockContext& context, QWidget* parent)
   figures->setVerticalSpacing(kRowSpacing);
   const auto figure = [&](const char* label) {
     auto* const value = new QLabel("-", body);
-    value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    MakeSelectable(value);
     figures->addRow(Translated(label), value);
     return value;
   };
@@ -103,10 +102,7 @@ LegendDock::LegendDock(const DockContext& context, QWidget* parent)
 
 void LegendDock::ShowColours(const CTVXView* view) {
   const int32_t base = view == nullptr ? 0 : view->program.FeedBase;
-  const auto bands = FeedBands();
-  for (size_t i = 0; i < ranges_.size(); ++i) {
-    ranges_[i]->setText(FeedRangeText(bands[i], i + 1 == ranges_.size(), base));
-  }
+  for (size_t i = 0; i < ranges_.size(); ++i) ranges_[i]->setText(FeedRangeText(i, base));
   base_->setText(base > 0 ? ToQt(Format("%d", base)) : "-");
 }
 

@@ -37,7 +37,4 @@ class LegendDock : public ViewDock {
   MachineRows* machine_;
 };
 
-// The whole feeds, in mm/min, that are drawn in a band: "351 - 500"; "-" if there are none.
-QString FeedRangeText(const FeedBand& band, bool isSlowest, int32_t FeedBase);
-
 }  // namespace tvx

@@ -57,7 +57,7 @@ MachineRows::MachineRows(const DockContext& context, QFormLayout* form, QWidget*
   auto* const row = new QHBoxLayout;
   row->setSpacing(2);
   time_ = new QLabel(kNone, body);
-  time_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  MakeSelectable(time_);
   row->addWidget(time_, 1);
   const auto button = [&](const char* text, const char* toolTip, void (MachineRows::*act)()) {
     auto* const added = new QToolButton(body);

@@ -107,6 +107,7 @@ ViewWidget* MainWindow::NewView() {
   for (QAction* const action : child->systemMenu()->actions()) action->setShortcuts({});
   connect(widget, &ViewWidget::Drawn, this, [this, widget] {
     if (widget != ActiveView()) return;
+    isDrawnAnew_ = true;
     ShowFileName();
     for (ViewDock* const dock : docks_) dock->ShowPicture(&widget->view());
     StartCheck();
@@ -241,6 +242,7 @@ void MainWindow::ShowFileName() {
 }
 
 void MainWindow::ShowProgram() {
+  isDrawnAnew_ = false;
   ViewWidget* const active = ActiveView();
   if (active != nullptr) active->update();
   for (ViewDock* const dock : docks_) {
@@ -274,7 +276,8 @@ void MainWindow::ShowAbout() {
   box.exec();
 }
 
-QWidget* MainWindow::DialogParent() {
+QWidget* MainWindow::ParentOfNewDialog() {
+  if (isDrawnAnew_) ShowProgram();
   QWidget* const dialog = QApplication::activeModalWidget();
   return dialog == nullptr ? this : dialog;
 }

@@ -54,7 +54,7 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   // Shows the path of the file in work in place of the text of the last command.
   void ShowPathInStatusBar() { statusBar_->ShowPath(); }
 
-  QWidget* DialogParent() override;
+  QWidget* ParentOfNewDialog() override;
   void RepaintActiveView() override;
   void ShowStatusText(const QString& text) override { statusBar_->ShowText(text); }
 
@@ -89,6 +89,7 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   FileOpener* opener_;
   Printing printing_;
   QTimer checkSteps_;
+  bool isDrawnAnew_ = false;    // since ShowProgram; a command draws each change
   int views_ = 0;               // opened so far
   QPointer<ViewWidget> named_;  // the view whose program title and status bar name
 };

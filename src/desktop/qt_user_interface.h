@@ -14,8 +14,8 @@ namespace tvx {
 class InterfaceWindow {
  public:
   virtual ~InterfaceWindow() = default;
-  // The parent of dialogs.
-  virtual QWidget* DialogParent() = 0;
+  // The parent of a dialog that is opened now. Shows beforehand what the command has changed.
+  virtual QWidget* ParentOfNewDialog() = 0;
   // Redraws the current view before it returns.
   virtual void RepaintActiveView() = 0;
   virtual void ShowStatusText(const QString& text) = 0;
@@ -37,7 +37,7 @@ class QtUserInterface final : public UserInterface {
   void ShowStatus(const std::string& text, const std::string& path) override;
 
  private:
-  QWidget* Parent() const { return window_ == nullptr ? nullptr : window_->DialogParent(); }
+  QWidget* Parent() const { return window_ == nullptr ? nullptr : window_->ParentOfNewDialog(); }
   QString StartDirectory(const FileQuestion& question) const;
 
   const Drives* drives_;

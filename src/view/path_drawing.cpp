@@ -18,6 +18,11 @@ constexpr double kChordsPerPixel = 0.33333334;
 constexpr double kRadiansPerAngleDegree = 0.01745277777777778;  // 3.1415 / 180, as in Angle
 constexpr int64_t kChordsToTest = 64;  // a longer range of chords is tested for sight as a whole
 
+// As fractions of FeedBase. A band does not include its lower end, except the last.
+struct FeedBand {
+  double above;
+  double upTo;
+};
 constexpr FeedBand kFeedBandTable[kFeedBands] = {
     {0.87, 100.0}, {0.75, 0.87}, {0.62, 0.75}, {0.5, 0.62}, {0.37, 0.5}, {0.25, 0.37}, {0.0, 0.25},
 };
@@ -32,6 +37,19 @@ bool IsWithinLimit(double coordinate) {
   return std::abs(coordinate) < kDrawnPixels + 1;
 }
 
+// The fraction of the base that selects the band. Single precision can raise it above an end.
+float FeedFraction(int64_t feed, int32_t FeedBase) {
+  return static_cast<float>(static_cast<double>(feed) / FeedBase);
+}
+
+// The last feed whose fraction is at most the given one.
+int64_t LastFeedUpTo(double fraction, int32_t FeedBase) {
+  auto feed = static_cast<int64_t>(std::floor(fraction * FeedBase));
+  while (FeedFraction(feed, FeedBase) > fraction) --feed;
+  while (FeedFraction(feed + 1, FeedBase) <= fraction) ++feed;
+  return feed;
+}
+
 }  // namespace
 
 const Palette kScreenPalette = {
@@ -39,13 +57,16 @@ const Palette kScreenPalette = {
 const Palette kPicturePalette = {
     penBlack, {penBlack, penGrey, penGreen, penDarkGreen, penDarkBlue, penBlue, penRed}};
 
-std::span<const FeedBand, kFeedBands> FeedBands() {
-  return kFeedBandTable;
+FeedRange FeedsOfBand(size_t i, int32_t FeedBase) {
+  const FeedBand& band = kFeedBandTable[i];
+  const bool isSlowest = i + 1 == kFeedBands;
+  return {isSlowest ? 0 : LastFeedUpTo(band.above, FeedBase) + 1,
+          LastFeedUpTo(band.upTo, FeedBase)};
 }
 
 std::optional<Pen> PenForFeed(int32_t feed, int32_t FeedBase, const Palette& palette) {
   if (FeedBase == 0) return penBlue;
-  const auto fraction = static_cast<float>(static_cast<double>(feed) / FeedBase);
+  const float fraction = FeedFraction(feed, FeedBase);
   if (fraction > kFeedBandTable[0].upTo || fraction < 0.0F) return std::nullopt;
   // The index of the band is the number of bands that begin at or above the fraction. Counting them
   // takes no branch that changing feeds would mispredict.

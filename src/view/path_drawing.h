@@ -41,14 +41,16 @@ struct Scene {
   ViewState* view;
 };
 
-// The seven feed bands, as fractions of FeedBase, from the fastest to the slowest. A band does not
-// include its lower end, except the last.
-struct FeedBand {
-  double above;
-  double upTo;
-};
+// The feed bands are fractions of FeedBase, from the fastest to the slowest.
 inline constexpr int kFeedBands = 7;
-std::span<const FeedBand, kFeedBands> FeedBands();
+
+// The whole feeds, in mm/min, that are drawn in band i for a FeedBase above 0. First is above last
+// if there are none.
+struct FeedRange {
+  int64_t first;
+  int64_t last;
+};
+FeedRange FeedsOfBand(size_t i, int32_t FeedBase);
 
 // Points further than this from the centre, in x or y, are not drawn.
 inline constexpr int32_t kDrawnPixels = 30000;

@@ -189,6 +189,21 @@ TEST_F(MainWindowTest, LegendShowsTimeOfMachineUntilItIsCleared) {
   EXPECT_FALSE(shows({"mill.machine"}));
 }
 
+TEST_F(MainWindowTest, LegendIsCurrentBesideDialogAndLeavesKeysToView) {
+  Load("part.nc", "G90 G0 X0 Y0 Z0\nG1 X6000 F100\n");
+  user.Do(window.get(), "절삭시간?60.0 min | 기준피드?100");
+  user.Next("1=2000 | OK");
+  user.Next([&](QDialog* face) {
+    user.Do(window.get(), "절삭시간?3.0 min | 기준피드?2000");
+    face->reject();
+  });
+  window->RunCommand(kSingleCutTime);
+  for (QLabel* const value : window->findChild<QDockWidget*>("legend")->findChildren<QLabel*>()) {
+    QTest::mouseClick(value, Qt::LeftButton);
+    EXPECT_EQ(window->focusWidget(), window->ActiveView()) << FromQt(value->text());
+  }
+}
+
 TEST_F(MainWindowTest, LanguageAndColoursAreKeptForNextStart) {
   const QString settings = ToQt((home / "desktop.ini").string());
   const auto entry = [&](const QString& text) {

@@ -34,6 +34,24 @@ TEST(PathDrawing, FeedSelectsThePenOfItsBand) {
   EXPECT_EQ(PenForFeed(-5, 0, kScreenPalette), penBlue);
 }
 
+// 0.87 * 1200 is 1044, and in single precision a little above 0.87.
+TEST(PathDrawing, FeedsOfBandAreThoseDrawnInIt) {
+  EXPECT_EQ(FeedsOfBand(1, 1200).last, 1043);
+  for (const int32_t base : {1, 7, 1000, 1200, 3333, 1'000'000'000}) {
+    for (size_t i = 0; i < kFeedBands; ++i) {
+      const auto [first, last] = FeedsOfBand(i, base);
+      const auto isDrawn = [&](int64_t feed) {
+        return PenForFeed(static_cast<int32_t>(feed), base, kScreenPalette) ==
+               kScreenPalette.band[i];
+      };
+      EXPECT_EQ(isDrawn(first), first <= last) << base << " " << i;
+      if (i == 0) continue;  // ends beyond the whole feeds
+      EXPECT_EQ(isDrawn(last), first <= last) << base << " " << i;
+      EXPECT_FALSE(isDrawn(last + 1)) << base << " " << i;
+    }
+  }
+}
+
 TEST(PathDrawing, FeedWithoutABandKeepsThePen) {
   TestScene scene;
   scene.program.FeedBase = 1;
