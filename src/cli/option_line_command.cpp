@@ -15,7 +15,7 @@
 namespace tvx {
 namespace {
 
-// The directory of a file as the job dialog's browser would name it.
+// The directory of a file, in the letters of the argument.
 std::string DirectoryOf(const std::string& path, Files* files) {
   constexpr size_t kDriveLength = 2;
   std::string directory = PathBeforeName(path, kAnySlash);

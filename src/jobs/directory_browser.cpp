@@ -105,6 +105,20 @@ void DirectoryBrowser::ShowPartsInCapitals() {
   for (std::string& part : parts_) part = UpperCase(part);
 }
 
+std::string DirectoryBrowser::DirectoryInCapitals() const {
+  for (size_t start = kDriveEnd + 1; start < directory.size();) {
+    const size_t end = std::min(directory.find('\\', start), directory.size());
+    const std::string name = UpperCase(directory.substr(start, end - start));
+    std::vector<DirectoryEntry> entries;
+    files_->List(directory.substr(0, start), &entries);
+    const auto namesakes = std::ranges::count_if(
+        entries, [&](const DirectoryEntry& entry) { return UpperCase(entry.name) == name; });
+    if (namesakes > 1) return directory;
+    start = end + 1;
+  }
+  return UpperCase(directory);
+}
+
 std::string DirectoryBrowser::TargetOf(int number) const {
   if (number < 0) return {};
   if (number < kFirstPart) {

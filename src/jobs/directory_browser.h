@@ -52,6 +52,10 @@ class DirectoryBrowser {
   std::vector<Item> Items() const;
   int SelectedItem() const;
 
+  // The current directory in capitals, as lists and records name it. In its own letters if the host
+  // has a second name in its path that differs only in case: capitals could name the other one.
+  std::string DirectoryInCapitals() const;
+
   std::string directory;           // the current one, as the system reports it
   std::vector<std::string> files;  // names that match the mask, lower case, sorted
 

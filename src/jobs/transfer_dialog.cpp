@@ -104,7 +104,6 @@ void CTransferDlg::Open(const JobDialogSetup& setup) {
 
   FillMasks();
   browser.Enter(listOptions_.WorkDir, listOptions_.NcdataExt);
-  // Shown in capitals until the user browses.
   lineFile_.currentDirectory = UpperCase(browser.directory);
   browser.ShowPartsInCapitals();
   FillFromSlot();
@@ -144,8 +143,7 @@ void CTransferDlg::FillFromSlot() {
 
 void CTransferDlg::Browse(int item) {
   browser.Enter(browser.TargetOf(item), listOptions_.NcdataExt);
-  lineFile_.currentDirectory = browser.directory;
-  listOptions_.WorkDir = browser.directory;
+  listOptions_.WorkDir = lineFile_.currentDirectory = browser.DirectoryInCapitals();
   selectedFile = -1;
 }
 

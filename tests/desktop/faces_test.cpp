@@ -274,6 +274,14 @@ TEST_F(JobFaces, TreeBrowsesByClickAndEnter) {
   ui.RunModal(&dialog);
 }
 
+TEST_F(JobFaces, DirectoryWithNamesakeKeepsLettersOfHost) {
+  DirectoryBrowser browser(files.get());
+  browser.Enter("c:\\marlo\\ncdata\\sub", "*.*");
+  EXPECT_EQ(browser.DirectoryInCapitals(), "C:\\MARLO\\NCDATA\\SUB");
+  std::filesystem::create_directory(programs / "SUB");
+  EXPECT_EQ(browser.DirectoryInCapitals(), "c:\\marlo\\ncdata\\sub");
+}
+
 TEST_F(JobFaces, ListsObeyMouseAndKeys) {
   user.Next(
       "File List<Shift | Insert > ?DNC message & OK | File List<Down Down Return | Files?b.nc | "

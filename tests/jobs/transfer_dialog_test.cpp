@@ -417,7 +417,7 @@ TEST_F(TransferDialog, VanishedFolderStaysShownAndLeadsBack) {
   files.Put("c:\\marlo\\ncdata\\one\\two\\a.nc", "G01 X1\n");
   dialog.Browse(DirectoryBrowser::kFirstPart + 1);
   dialog.Browse(DirectoryBrowser::kFirstSubDirectory);
-  ASSERT_EQ(dialog.ListOptions().WorkDir, "c:\\marlo\\ncdata\\one");
+  ASSERT_EQ(dialog.ListOptions().WorkDir, "C:\\MARLO\\NCDATA\\ONE");
   for (const char* const path : {"\\two\\a.nc", "\\two", ""}) {
     files.Remove(std::string("c:\\marlo\\ncdata\\one") + path);
   }
@@ -427,7 +427,7 @@ TEST_F(TransferDialog, VanishedFolderStaysShownAndLeadsBack) {
     EXPECT_EQ(dialog.browser.TargetOf(DirectoryBrowser::kFirstSubDirectory), "");
   }
   dialog.Browse(DirectoryBrowser::kFirstPart + 1);
-  EXPECT_EQ(dialog.ListOptions().WorkDir, "c:\\marlo\\ncdata");
+  EXPECT_EQ(dialog.ListOptions().WorkDir, "C:\\MARLO\\NCDATA");
 }
 
 TEST_F(TransferDialog, TreeShowsFiftyFoldersAndTenParts) {
