@@ -35,23 +35,49 @@ bool SameFeeds(const MotionBlock& a, const MotionBlock& b) {
          a.tailPercent == b.tailPercent && a.tailFeed == b.tailFeed;
 }
 
-// Applies a rule to the blocks from first to last, the last one included, and traces the changes.
-template <typename Rule>
-void Apply(FeedRule name, const PathIndex& path, uint32_t first, uint32_t last,
-           const FeedTrace& trace, Rule rule) {
-  if (!trace) {
+// Carries out rules and traces what they change.
+class TracedRules {
+ public:
+  TracedRules(const PathIndex& path, const FeedTrace& trace) : path_(path), trace_(trace) {}
+
+  // A rule that changes blocks from first to last, the last one included.
+  template <typename Rule>
+  void Apply(FeedRule name, uint32_t first, uint32_t last, Rule rule) {
+    if (!trace_) {
+      rule();
+      return;
+    }
+    last = std::min(last, path_.BlockCount() - 1);
+    before_.clear();
+    for (uint32_t i = first; i <= last; ++i) before_.push_back(path_.Block(i));
     rule();
-    return;
+    for (uint32_t i = first; i <= last; ++i) Trace(name, i, before_[i - first]);
   }
-  last = std::min(last, path.BlockCount() - 1);
-  std::vector<MotionBlock> before;
-  for (uint32_t i = first; i <= last; ++i) before.push_back(path.Block(i));
-  rule();
-  for (uint32_t i = first; i <= last; ++i) {
-    const MotionBlock& old = before[i - first];
-    if (!SameFeeds(old, path.Block(i))) trace(name, i, old, path.Block(i));
+
+  // A rule that changes two blocks at most; `next` may be none.
+  template <typename Rule>
+  void ApplyToPair(FeedRule name, uint32_t i, uint32_t next, Rule rule) {
+    if (!trace_ || next == PathIndex::kNoMove) {
+      rule();
+      return;
+    }
+    const MotionBlock first = path_.Block(i);
+    const MotionBlock second = path_.Block(next);
+    rule();
+    Trace(name, i, first);
+    Trace(name, next, second);
   }
-}
+
+ private:
+  void Trace(FeedRule name, uint32_t i, const MotionBlock& before) const {
+    const MotionBlock& after = path_.Block(i);
+    if (!SameFeeds(before, after)) trace_(name, i, before, after);
+  }
+
+  const PathIndex& path_;
+  const FeedTrace& trace_;
+  std::vector<MotionBlock> before_;
+};
 
 void ResetFeeds(BlockStore* store, Batch batch, int32_t maxFeed) {
   for (uint32_t i = batch.first; i < batch.end; ++i) {
@@ -108,15 +134,14 @@ void SlowSlopes(BlockStore* store, const PathIndex& path, Batch batch, const Job
   }
 }
 
-void SearchCorners(const PathIndex& path, Batch batch, CornerSearch* search,
-                   const FeedTrace& trace) {
+void SearchCorners(const PathIndex& path, Batch batch, CornerSearch* search, TracedRules* rules) {
   for (uint32_t i = batch.first; i < batch.end; ++i) {
     const uint32_t type = path.Block(i).type;
     if (!IsCutType(type) && !IsArcType(type)) continue;
     const uint32_t next = path.NextMove(i);
-    Apply(FeedRule::kXyCorner, path, i, next, trace, [&] { search->XyCornerSearch(i); });
+    rules->ApplyToPair(FeedRule::kXyCorner, i, next, [&] { search->XyCornerSearch(i); });
     if (!IsCutType(type)) continue;
-    Apply(FeedRule::kZCorner, path, i, next, trace, [&] { search->ZCornerSearch(i); });
+    rules->ApplyToPair(FeedRule::kZCorner, i, next, [&] { search->ZCornerSearch(i); });
   }
 }
 
@@ -150,11 +175,12 @@ void FeedPass(NcProgram* program, const JobRecord& job, const MasterGrid* master
 
   const PathIndex path(store);
   CornerSearch search(store, path, job, memory->headings);
+  TracedRules rules(path, trace);
   for (Batch batch{0, 0}; batch.end < path.BlockCount(); batch.first = batch.end) {
     batch.end = std::min(batch.first + kBatchBlocks, path.BlockCount());
     const auto apply = [&](FeedRule name, auto rule) {
       // A rule may change the first move of the next batch.
-      Apply(name, path, batch.first, batch.end, trace, rule);
+      rules.Apply(name, batch.first, batch.end, rule);
     };
     ResetFeeds(store, batch, job.MaxFeed);
     apply(FeedRule::kSlope, [&] { SlowSlopes(store, path, batch, job); });
@@ -164,7 +190,7 @@ void FeedPass(NcProgram* program, const JobRecord& job, const MasterGrid* master
                       &memory->LastNextBlock);
       });
     }
-    SearchCorners(path, batch, &search, trace);
+    SearchCorners(path, batch, &search, &rules);
     apply(FeedRule::kArc, [&] { FlattenArcs(store, path, batch); });
   }
   memory->headings = search.Headings();

@@ -2,6 +2,7 @@
 // at slopes, near steep walls of the master model, at corners and on small arcs.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 
@@ -20,6 +21,7 @@ struct FeedPassMemory {
 };
 
 enum class FeedRule { kSlope, kMaster, kXyCorner, kZCorner, kArc };
+inline constexpr size_t kFeedRules = 5;
 
 // "slope", "master", "xy corner", "z corner", "arc".
 const char* RuleName(FeedRule rule);

@@ -6,6 +6,9 @@
 #include <string_view>
 
 #include "base/text.h"
+#include "model/conversational_parser.h"
+#include "model/line_reader.h"
+#include "model/word_parser.h"
 
 namespace tvx {
 
@@ -50,6 +53,40 @@ std::string Decoded(std::string_view bytes) {
   return DecodeCp949(bytes);
 }
 
+// A file from an offset on.
+class RestOfFile final : public InputFile {
+ public:
+  RestOfFile(InputFile* file, uint64_t offset) : file_(file), offset_(offset) {}
+
+  size_t Read(char* buffer, size_t size) override {
+    const size_t count = ReadAt(0, buffer, size);
+    offset_ += count;
+    return count;
+  }
+  size_t ReadAt(uint64_t offset, char* buffer, size_t size) override {
+    return file_->ReadAt(offset_ + offset, buffer, size);
+  }
+  FileStamp Stamp() override { return file_->Stamp(); }
+
+ private:
+  InputFile* file_;
+  uint64_t offset_;
+};
+
+// The feed in force after the lines from `first` to `last`, of those from `line` on that the reader
+// has. No other modal state has an influence on it.
+template <typename Parser>
+int32_t FeedAfter(LineReader* reader, uint64_t line, uint64_t first, uint64_t last, int32_t feed) {
+  const auto program = std::make_unique<NcProgram>();
+  program->store.CurrentBlock.feedProgrammed = feed;
+  ParserStates states;
+  Parser parser(program.get(), &states, JobRecord());
+  for (NcLine text; line <= last && reader->Next(&text); ++line) {
+    if (line >= first) parser.Parse(text);
+  }
+  return parser.Block().feedProgrammed;
+}
+
 }  // namespace
 
 SourceResult SourceLines::Count(uint64_t* lines) {
@@ -91,6 +128,25 @@ SourceResult SourceLines::Read(uint64_t first, size_t count, std::vector<std::st
   if (texts->size() == count) return SourceResult::kRead;
   texts->clear();
   return SourceResult::kCannotRead;
+}
+
+SourceResult SourceLines::ReadFeed(uint32_t block, std::optional<int32_t>* feed) {
+  feed->reset();
+  const uint32_t known = block / ProgramSource::kBlocksPerFeed;
+  const uint64_t last = LineOf(block);
+  if (last == 0 || known >= source_.feeds.size()) return SourceResult::kRead;
+  std::unique_ptr<InputFile> file;
+  const SourceResult result = Open(&file);
+  if (result != SourceResult::kRead) return result;
+
+  const uint64_t first = uint64_t{LineOf(known * ProgramSource::kBlocksPerFeed)} + 1;
+  const uint64_t chunk = (std::min(first, last) - 1) / kLinesPerOffset;
+  RestOfFile rest(file.get(), offsets_[chunk]);
+  LineReader reader(&rest);
+  const auto feedAfter =
+      source_.isConversational ? FeedAfter<ConversationalParser> : FeedAfter<WordParser>;
+  *feed = feedAfter(&reader, chunk * kLinesPerOffset + 1, first, last, source_.feeds[known]);
+  return SourceResult::kRead;
 }
 
 SourceResult SourceLines::Open(std::unique_ptr<InputFile>* file) {

@@ -48,6 +48,11 @@ class SourceLines {
   // The first call reads the whole file once and stores the offset of every 4096th line.
   SourceResult Read(uint64_t first, size_t count, std::vector<std::string>* texts);
 
+  // The feed in force at a block of the program as it was loaded, mm/min, whatever an adjustment
+  // has made of it since: read again from the lines before the block by the parser of the load. A
+  // block that no line left has none. At most some 4096 lines are read.
+  SourceResult ReadFeed(uint32_t block, std::optional<int32_t>* feed);
+
  private:
   // Opens the file as it was at the load, and makes the table of offsets if there is none.
   SourceResult Open(std::unique_ptr<InputFile>* file);

@@ -44,10 +44,14 @@ class BlockAppender {
 
   // Hands the count to the store. Repairs bad records now, while it is known whether there are any,
   // and gives the reference of the feed colours: the highest programmed feed of the straight cuts
-  // that are left.
-  int32_t Finish(uint64_t* lost) {
+  // that are left. *feeds receives those of ProgramSource: a repair replaces them.
+  int32_t Finish(std::vector<int32_t>* feeds, uint64_t* lost) {
     *lost = lost_;
     store_.blockCount = count_;
+    for (uint32_t i = 0; i < count_; i += ProgramSource::kBlocksPerFeed) {
+      const MotionBlock* const block = store_.Peek(i);
+      if (block != nullptr) feeds->push_back(block->feedProgrammed);
+    }
     for (uint32_t i = 0; hasBad_ && i < count_; ++i) store_.PeekRepaired(i);
     return highestFeed_;
   }
@@ -130,7 +134,7 @@ template <typename Parser>
     }
   } while (hasRoom && reader->Next(&line));
   parser.Save();
-  const int32_t highestFeed = appender.Finish(&program->lostBlocks);
+  const int32_t highestFeed = appender.Finish(&program->source.feeds, &program->lostBlocks);
   if (hasRoom) *feedBase = highestFeed;
   return hasRoom;
 }
@@ -166,9 +170,10 @@ LoadResult LoadNcFile(const std::string& path, NcProgram* program, ParserStates*
   LineReader reader(file.get());
   NcLine line;
   int32_t feedBase = 0;
+  program->source.isConversational = IsConversational(job);
   if (reader.Next(&line)) {
     const auto readLines =
-        IsConversational(job) ? ReadLines<ConversationalParser> : ReadLines<WordParser>;
+        program->source.isConversational ? ReadLines<ConversationalParser> : ReadLines<WordParser>;
     LineMapBuilder lines;
     const bool hasRoom = readLines(program, states, *job, &reader, line, &lines, &feedBase);
     program->source.lines = lines.Finish(store.blockCount);

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "model/block_store.h"
 #include "model/line_map.h"
@@ -15,6 +16,11 @@ struct ProgramSource {
   std::string path;  // drive path; empty for blocks that come from no file
   FileStamp stamp;   // of the file at the load
   LineMap lines;
+  bool isConversational = false;  // else word-address
+  // Of block 0 and every kBlocksPerFeed-th block the programmed feed, which an adjustment
+  // overwrites in the store, mm/min. The text of the program has those in between.
+  static constexpr uint32_t kBlocksPerFeed = 4096;
+  std::vector<int32_t> feeds = {};
 };
 
 // The stored moves and what reading them leaves behind.

@@ -3,17 +3,20 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "support/memory_files.h"
 
 namespace tvx {
 namespace {
 
 struct Loaded {
-  explicit Loaded(const std::string& text) {
+  explicit Loaded(const std::string& text, int32_t format = 1) {
     files.Put("c:\\jobs\\a.nc", text);
     files.SetCurrentDirectory("c:\\jobs");
     ParserStates states;
     JobRecord job;
+    job.InputFileType = format;
     LoadNcFile("a.nc", &program, &states, &job, &files);
     files.SetCurrentDirectory("z:\\");
   }
@@ -69,6 +72,41 @@ TEST(SourceLines, FindsLinesAndBlocksOfALongProgram) {
     const uint32_t block = line - 1 + (line - 1) / 10;
     EXPECT_EQ(loaded.lines.FirstBlockOf(line), block);
     EXPECT_EQ(loaded.lines.LineOf(block), line);
+  }
+}
+
+// Behind an adjustment every feed of the store is the same.
+TEST(SourceLines, ReadsTheProgrammedFeedOfEachBlock) {
+  const std::string kLines[] = {"G1 X1 Y2\n",
+                                "G2 I5 X2\n",
+                                "F%d X3\n",
+                                "(F%d X4)\n",
+                                "G0 Z9 F9%d\n",
+                                "X%d cF%d\n",
+                                "L X+1 F%d R0\n",
+                                "BLK F%d\n",
+                                "G91 f%d\n",
+                                "X99999\n",
+                                std::string(90, ' ') + "F%d\n",
+                                "F\n",
+                                "# F%d\n"};
+  for (const int32_t format : {1, 2}) {
+    std::mt19937 random(7);
+    std::string text;
+    for (int32_t i = 0; i < 30'000; ++i) {
+      std::string line = kLines[i < 5000 ? 0 : random() % std::size(kLines)];
+      for (size_t at; (at = line.find("%d")) != line.npos;) line.replace(at, 2, std::to_string(i));
+      text += line;
+    }
+    Loaded loaded(text, format);
+    const BlockStore& store = loaded.program.store;
+    for (uint32_t block = 0; block < store.blockCount;
+         block += 1 + static_cast<uint32_t>(random() % 700)) {
+      if (store.Peek(block)->x == BlockStore::kCoordinateLimit) continue;  // repaired
+      std::optional<int32_t> feed;
+      EXPECT_EQ(loaded.lines.ReadFeed(block, &feed), SourceResult::kRead);
+      ASSERT_EQ(feed, store.Peek(block)->feedProgrammed) << "format " << format << " " << block;
+    }
   }
 }
 
