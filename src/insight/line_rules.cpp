@@ -182,9 +182,7 @@ void BlockReplaced(const CheckedLine& line, RuleState* state) {
   const MotionBlock& block = line.outcome.block;
   if (!line.outcome.moves || block.type == BlockNone) return;
   const auto check = [&](char letter, float value) {
-    MotionBlock record;
-    record.x = value;
-    if (!BlockStore::IsBad(record)) return;
+    if (!BlockStore::IsOutOfRange(value)) return;
     state->remarks->Add(kBlockReplaced, line.number, letter + ShortestFloat(value));
   };
   check('X', block.x);
@@ -372,73 +370,108 @@ std::string Millimetres(double value) {
   return ShortestFloat(static_cast<float>(value));
 }
 
-// An arc seen from its centre: the vectors to both ends, in the plane.
+// One arc of a batch, seen from its centre: the vectors to both ends, in the plane.
 struct ArcSides {
-  explicit ArcSides(const CheckedArc& arc)
-      : dx(static_cast<double>(arc.end.x) - arc.start.x),
-        dy(static_cast<double>(arc.end.y) - arc.start.y),
-        dz(static_cast<double>(arc.end.z) - arc.start.z),
-        startX(-static_cast<double>(arc.i)),
-        startY(-static_cast<double>(arc.j)),
-        startSquare(startX * startX + startY * startY),
-        chordSquare(dx * dx + dy * dy) {}
+  ArcSides(const ArcBatch& arcs, size_t n)
+      : dx(static_cast<double>(arcs.endX[n]) - arcs.startX[n]),
+        dy(static_cast<double>(arcs.endY[n]) - arcs.startY[n]),
+        dz(static_cast<double>(arcs.endZ[n]) - arcs.startZ[n]),
+        startX(-static_cast<double>(arcs.i[n])),
+        startY(-static_cast<double>(arcs.j[n])),
+        turn(arcs.turn[n]) {}
 
-  double EndSquare() const {
-    const double x = startX + dx, y = startY + dy;
-    return x * x + y * y;
-  }
-  // Above 0 if the arc turns that way by less than half a circle.
-  double Sine(uint32_t type) const {
-    const double sine = startX * dy - startY * dx;
-    return type == BlockArcCcw ? sine : -sine;
-  }
   // Radians; a full circle if start and end agree.
-  double Sweep(uint32_t type) const {
+  double Sweep() const {
     constexpr double kFullCircle = 6.283185307179586;
     if (dx == 0 && dy == 0) return kFullCircle;
-    const double cosine = startSquare + startX * dx + startY * dy;
-    const double sweep = std::atan2(Sine(type), cosine);
+    const double sine = turn * (startX * dy - startY * dx);
+    const double cosine = startX * startX + startY * startY + startX * dx + startY * dy;
+    const double sweep = std::atan2(sine, cosine);
     return sweep > 0 ? sweep : sweep + kFullCircle;
   }
 
   double dx, dy, dz;      // from start to end
   double startX, startY;  // from the centre to the start
-  double startSquare;     // of that
-  double chordSquare;     // in the plane
+  double turn;
 };
 
-// Length of an arc over that of its chord: asin(q) / q, where q is half the chord over the radius,
-// by its series. An angle for each of the millions of short arcs of a finished surface would take
-// as long as parsing the line. The even and the odd terms are two sums, so that a processor has
-// both at work.
-constexpr double kLargestSquare = 0.3;  // of q; what is left out is below 2e-6
-double ArcOverChord(double square) {
-  const double fourth = square * square;
-  const double even = 1 + fourth * (3.0 / 40 + fourth * (35.0 / 1152 + fourth * (231.0 / 13312)));
-  const double odd =
-      1.0 / 6 + fourth * (5.0 / 112 + fourth * (63.0 / 2816 + fourth * (143.0 / 10240)));
-  return even + square * odd;
+// For the text of a line up to its line feed.
+bool HasRadius(const char* text) {
+  while (*text != 'R' && *text != '\n') ++text;
+  return *text == 'R';
+}
+
+double Length(double x, double y) {
+  return std::sqrt(x * x + y * y);
 }
 
 // An arc of any sweep, and with any radii.
-void CheckArc(const CheckedArc& arc, const ArcSides& sides, RuleState* state) {
-  const double startRadius = std::sqrt(sides.startSquare);
-  const double endRadius = std::sqrt(sides.EndSquare());
-  const double length = startRadius * sides.Sweep(arc.type);
-  state->arcLength += std::sqrt(length * length + sides.dz * sides.dz);
-  if (state->isConversational || arc.text.find('R') != kNowhere) {
-    const double halfChord = std::sqrt(sides.chordSquare) / 2;
-    const double radius = std::abs(static_cast<double>(arc.radius));
+void CheckArc(const ArcBatch& arcs, size_t n, RuleState* state) {
+  const ArcSides sides(arcs, n);
+  const double startRadius = Length(sides.startX, sides.startY);
+  const double endRadius = Length(sides.startX + sides.dx, sides.startY + sides.dy);
+  state->arcLength += Length(startRadius * sides.Sweep(), sides.dz);
+  if (state->isConversational || HasRadius(arcs.text[n])) {
+    const double halfChord = Length(sides.dx, sides.dy) / 2;
+    const double radius = std::abs(static_cast<double>(arcs.radius[n]));
     if (radius < halfChord - kRadiusTolerance) {
-      state->remarks->Add(kArcRadiusShort, arc.line,
+      state->remarks->Add(kArcRadiusShort, arcs.line[n],
                           "R" + Millimetres(radius) + " < " + Millimetres(halfChord));
     }
     return;
   }
   const double apart = std::abs(endRadius - startRadius);
   if (apart > kRadiusTolerance && apart > kRadiusShare * std::max(startRadius, endRadius)) {
-    state->remarks->Add(kArcEndsElsewhere, arc.line,
+    state->remarks->Add(kArcEndsElsewhere, arcs.line[n],
                         "R" + Millimetres(startRadius) + " / " + Millimetres(endRadius));
+  }
+}
+
+// Length of an arc over that of its chord: asin(q) / q, where q is half the chord over the radius,
+// by its series. An angle for each of the millions of short arcs of a finished surface would take
+// as long as parsing the line.
+constexpr float kLargestSquare = 0.3F;  // of q; what is left out is below 2e-6
+float ArcOverChord(float s) {
+  constexpr float k1 = 1.0F / 6, k2 = 3.0F / 40, k3 = 5.0F / 112, k4 = 35.0F / 1152,
+                  k5 = 63.0F / 2816, k6 = 231.0F / 13312;
+  return 1 + s * (k1 + s * (k2 + s * (k3 + s * (k4 + s * (k5 + s * k6)))));
+}
+
+// So many arcs are measured at once, without branches, in single precision as the store has them.
+constexpr size_t kGroup = 8;
+static_assert(ArcBatch::kSize % kGroup == 0);
+
+struct MeasuredArcs {
+  // Whether an arc turns by less than some 66 degrees and ends on the circle that it starts on.
+  bool IsPlain(size_t k) const {
+    return excess[k] <= 0 && sine[k] > 0 && square[k] < kLargestSquare;
+  }
+
+  std::array<float, kGroup> length;  // of a plain arc
+  std::array<float, kGroup> excess;  // above 0: the two radii differ
+  std::array<float, kGroup> sine;    // above 0: less than half a circle
+  std::array<float, kGroup> square;  // of half the chord over the radius
+};
+
+void Measure(const ArcBatch& arcs, size_t first, MeasuredArcs* measured) {
+  // A margin for the rounding is left to the tolerance.
+  constexpr auto kTolerance = static_cast<float>(kRadiusTolerance / 2);
+  for (size_t k = 0; k < kGroup; ++k) {
+    const size_t n = first + k;
+    const float x = -arcs.i[n], y = -arcs.j[n];  // from the centre to the start
+    const float dx = arcs.endX[n] - arcs.startX[n];
+    const float dy = arcs.endY[n] - arcs.startY[n];
+    const float dz = arcs.endZ[n] - arcs.startZ[n];
+    const float startSquare = x * x + y * y;
+    const float chordSquare = dx * dx + dy * dy;
+    // Of the squared radii. Over the sum of the radii it is that of the radii.
+    const float difference = chordSquare + 2 * (x * dx + y * dy);
+    const float square = chordSquare / (4 * startSquare);
+    const float ratio = ArcOverChord(square);
+    measured->length[k] = std::sqrt(chordSquare * ratio * ratio + dz * dz);
+    measured->excess[k] = difference * difference - kTolerance * kTolerance * startSquare;
+    measured->sine[k] = arcs.turn[n] * (x * dy - y * dx);
+    measured->square[k] = square;
   }
 }
 
@@ -475,28 +508,24 @@ void ApplyLineRules(uint64_t line, std::string_view text, const LineOutcome& out
   for (const Rule rule : rules) rule(checked, state);
 }
 
-void ApplyArcRules(std::span<const CheckedArc> arcs, RuleState* state) {
-  if (arcs.empty()) return;
-  if (state->arcs == 0) state->firstArcLine = arcs.front().line;
-  state->arcs += arcs.size();
-  if (state->isInPlane) state->planeArcs += arcs.size();
-  double length = 0;
-  for (const CheckedArc& arc : arcs) {
-    const ArcSides sides(arc);
-    // The difference of the squares over the sum of the radii is that of the radii.
-    const double difference = sides.EndSquare() - sides.startSquare;
-    const bool endsTogether =
-        difference * difference <= kRadiusTolerance * kRadiusTolerance * sides.startSquare;
-    const bool isShort =
-        sides.Sine(arc.type) > 0 && sides.chordSquare < 4 * kLargestSquare * sides.startSquare;
-    if (endsTogether && isShort) [[likely]] {
-      const double ratio = ArcOverChord(sides.chordSquare / (4 * sides.startSquare));
-      length += std::sqrt(sides.chordSquare * ratio * ratio + sides.dz * sides.dz);
-    } else {
-      CheckArc(arc, sides, state);
+void ApplyArcRules(ArcBatch* arcs, RuleState* state) {
+  if (arcs->count == 0) return;
+  if (state->arcs == 0) state->firstArcLine = arcs->line[0];
+  state->arcs += arcs->count;
+  if (state->isInPlane) state->planeArcs += arcs->count;
+  for (size_t first = 0; first < arcs->count; first += kGroup) {
+    MeasuredArcs measured;
+    Measure(*arcs, first, &measured);
+    const size_t count = std::min(kGroup, arcs->count - first);
+    for (size_t k = 0; k < count; ++k) {
+      if (measured.IsPlain(k)) [[likely]] {
+        state->arcLength += measured.length[k];
+      } else {
+        CheckArc(*arcs, first + k, state);
+      }
     }
   }
-  state->arcLength += length;
+  arcs->count = 0;
 }
 
 void ApplyLastLineRule(uint64_t line, std::string_view text, LineWords* words, RuleState* state) {

@@ -4,7 +4,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -46,15 +45,37 @@ class RemarkWriter {
   std::array<uint64_t, kRemarkIds> lastLine_{};
 };
 
-// An arc that is in the store with both of its records.
-struct CheckedArc {
-  uint64_t line;
-  std::string_view text;  // of the line
-  uint32_t type;
-  float radius;  // the last one read
-  Vec3 start;
-  Vec3 end;
-  float i, j;  // from the start to the centre
+// Arcs that are in the store with both of their records, in the order of their lines. Each member
+// has an array, because the lengths of several arcs are computed at once.
+struct ArcBatch {
+  static constexpr size_t kSize = 64;
+
+  size_t count = 0;
+  std::array<uint64_t, kSize> line;
+  std::array<const char*, kSize> text;  // of the line, up to its line feed
+  std::array<float, kSize> radius;      // the last one read
+  std::array<float, kSize> turn{};      // 1: counter-clockwise, -1: clockwise
+  std::array<float, kSize> startX{}, startY{}, startZ{};
+  std::array<float, kSize> endX{}, endY{}, endZ{};
+  std::array<float, kSize> i{}, j{};  // from the start to the centre
+
+  // There has to be room for one more.
+  void Add(uint64_t lineNumber, const char* lineText, uint32_t arcType, float lastRadius,
+           const Vec3& start, const Vec3& end, const Vec3& centre) {
+    const size_t n = count++;
+    line[n] = lineNumber;
+    text[n] = lineText;
+    radius[n] = lastRadius;
+    turn[n] = arcType == BlockArcCcw ? 1.0F : -1.0F;
+    startX[n] = start.x;
+    startY[n] = start.y;
+    startZ[n] = start.z;
+    endX[n] = end.x;
+    endY[n] = end.y;
+    endZ[n] = end.z;
+    i[n] = centre.x;
+    j[n] = centre.y;
+  }
 };
 
 // What the rules carry from line to line.
@@ -79,8 +100,8 @@ struct RuleState {
 void ApplyLineRules(uint64_t line, std::string_view text, const LineOutcome& outcome,
                     LineWords* words, RuleState* state);
 
-// The rules of arcs, in the order of their lines. Many together take a processor less time.
-void ApplyArcRules(std::span<const CheckedArc> arcs, RuleState* state);
+// Applies the rules of arcs to a batch and empties it.
+void ApplyArcRules(ArcBatch* arcs, RuleState* state);
 
 // The rule of a last line without a line feed.
 void ApplyLastLineRule(uint64_t line, std::string_view text, LineWords* words, RuleState* state);

@@ -23,14 +23,18 @@ class PlainLines {
   // `rapidFeed`: the lowest feed of an F word that makes a rapid, mm/min. The reader has to outlive
   // the object.
   PlainLines(const LineReader* reader, int64_t rapidFeed)
-      : reader_(*reader), rapidFeed_(rapidFeed) {}
+      : reader_(*reader), rapidFeed_(rapidFeed) {
+    Search();
+  }
 
-  // Call it before the first line, and after each Refill of the reader.
+  // Call it after each Refill of the reader.
   void Search() {
     const char* const end = reader_.End();
     words_.clear();
     for (const char* text = reader_.Position(); text < end; text += kLook) {
-      for (uint32_t found = LettersAt(text); found != 0; found &= found - 1) {
+      uint32_t found = LettersAt(text);
+      if (!conversational && found != 0) found &= ~MotionCodesAt(text);
+      for (; found != 0; found &= found - 1) {
         const char* const word = text + std::countr_zero(found);
         if (word < end && !IsPlainWord(word)) words_.push_back(word);
       }
@@ -39,10 +43,12 @@ class PlainLines {
     next_ = words_.data();
   }
 
-  // For the reader's last line: true only if no rule about the words of a line applies to it, as
-  // long as it leaves a move with a feed.
-  bool IsPlain(const NcLine& line) const {
-    if (*next_ < reader_.LineFeed() || line.hasComment || line.isCut) [[unlikely]]
+  // The next word to check, or the end of the memory; the same until Pass.
+  const char* NextWord() const { return *next_; }
+  // For the reader's last line, which ends before the next word to check: true only if no rule
+  // about the words of a line applies to it, as long as it leaves a move with a feed.
+  static bool IsPlain(const NcLine& line) {
+    if (line.hasComment || line.isCut) [[unlikely]]
       return false;
     // Lines of the other format are counted.
     return !conversational || IsDigit(*line.text) || *line.text == 'L';
@@ -77,7 +83,29 @@ class PlainLines {
     if (!conversational) found = _mm_or_si128(found, are('L', kTwoLetters));
     return static_cast<uint32_t>(_mm_movemask_epi8(found));
   }
+
+  // The places of G00 to G03 that start there: plain words, of which a program with arcs has one in
+  // each line.
+  static uint32_t MotionCodesAt(const char* text) {
+    const auto from = [text](ptrdiff_t offset) {
+      return _mm_loadu_si128(reinterpret_cast<const __m128i*>(text + offset));
+    };
+    const auto are = [](__m128i bytes, char c) { return _mm_cmpeq_epi8(bytes, _mm_set1_epi8(c)); };
+    const auto without = [](__m128i bytes, char bits) {
+      return _mm_andnot_si128(_mm_set1_epi8(bits), bytes);
+    };
+    const __m128i isCode = _mm_and_si128(_mm_and_si128(are(from(0), 'G'), are(from(1), '0')),
+                                         are(without(from(2), 3), '0'));
+    // "." to "9", and "/".
+    const __m128i last = _mm_sub_epi8(from(3), _mm_set1_epi8('.'));
+    const __m128i goesOn = _mm_cmpeq_epi8(_mm_min_epu8(last, _mm_set1_epi8('9' - '.')), last);
+    return static_cast<uint32_t>(_mm_movemask_epi8(_mm_andnot_si128(goesOn, isCode)));
+  }
 #else
+  static uint32_t MotionCodesAt(const char* /*text*/) {
+    return 0;
+  }
+
   static uint32_t LettersAt(const char* text) {
     uint32_t found = 0;
     for (ptrdiff_t i = 0; i < kLook; ++i) {
@@ -132,7 +160,6 @@ class PlainLines {
 
   const LineReader& reader_;
   const int64_t rapidFeed_;
-  const char* expected_ = nullptr;     // where the next line starts unless the reader reads on
   std::vector<const char*> words_;     // to check, and the end of the memory that was searched
   const char* const* next_ = nullptr;  // of them
 };

@@ -2,10 +2,8 @@
 #include "insight/program_check.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 #include <limits>
-#include <span>
 #include <string_view>
 #include <type_traits>
 #include <utility>
@@ -23,22 +21,10 @@ namespace {
 // Of a longer line this much is looked at, bytes.
 constexpr size_t kLongestLine = size_t{64} * 1024;
 
-// A move that no rule of moves names.
-bool IsOrdinary(const MotionBlock& block) {
-  return (IsCutType(block.type) || IsRapidType(block.type)) && block.feed > 0 &&
-         !BlockStore::IsBad(block);
-}
-
-// False for an arc whose second record is replaced.
-bool HasGoodCentre(const Vec3& centre) {
-  MotionBlock record;
-  record.x = centre.x;
-  return !BlockStore::IsBad(record);
-}
-
-bool IsOrdinaryArc(const MotionBlock& block, const Vec3& centre) {
-  return IsArcType(block.type) && block.feed > 0 && !BlockStore::IsBad(block) &&
-         HasGoodCentre(centre);
+// The parser has made a move that its store can hold and that takes time.
+bool IsOrdinary(const LineParser& parser) {
+  const Vec3 end = parser.End();
+  return parser.Feed() > 0 && !BlockStore::IsOutOfRange(end.x) && !BlockStore::IsOutOfRange(end.z);
 }
 
 // The line as the parser gets it, with blanks in place of its F words.
@@ -143,7 +129,7 @@ class FormatWork final : public ProgramChecker::Work {
   LineWords words_;
   RemarkWriter writer_;
   RuleState rules_;
-  std::array<CheckedArc, 64> arcs_;
+  ArcBatch arcs_;
   const uint64_t capacity_;   // of the store, blocks
   uint64_t blocks_ = 0;       // stored so far
   uint64_t linesBehind_ = 0;  // a full store
@@ -158,6 +144,7 @@ template <typename Parser>
     uint64_t* lines, NcLine* lastLine, LineOutcome* outcome) {
   Parser parser(&program_, &states_, job_);
   NcLine line;
+  const char* const nextWord = plainLines_.NextWord();
   const uint64_t limit = *lines;
   uint64_t left = limit;
   uint64_t arcs = 0;
@@ -167,32 +154,31 @@ template <typename Parser>
       stop = Stop::kRead;
       break;
     }
-    if (!plainLines_.IsPlain(line)) {
+    if (reader_.LineFeed() > nextWord || !PlainLines<kConversational>::IsPlain(line)) {
       stop = Stop::kWords;
       break;
     }
     const bool moves = parser.Parse(line) != 0;
-    const MotionBlock block = parser.Block();
-    if (moves && IsOrdinary(block)) continue;
-    const Vec3 centre = parser.ArcOffset();
-    // The first move of a program is a rapid in any case.
-    if (moves && IsOrdinaryArc(block, centre) && rules_.moves + limit != left) {
-      arcs_[arcs % arcs_.size()] = {check.lines + limit - left + 1,
-                                    reader_.Whole(line),
-                                    block.type,
-                                    parser.Radius(),
-                                    parser.Start(),
-                                    {block.x, block.y, block.z},
-                                    centre.x,
-                                    centre.y};
-      if (++arcs % arcs_.size() == 0) ApplyArcRules(arcs_, &rules_);
-      continue;
+    const uint32_t type = parser.Type();
+    if (moves && IsOrdinary(parser)) {
+      if (IsCutType(type) || IsRapidType(type)) continue;
+      const Vec3 centre = parser.ArcOffset();
+      // The first move of a program is a rapid in any case.
+      const bool isFirst = rules_.moves + limit == left;
+      if (IsArcType(type) && !BlockStore::IsOutOfRange(centre.x) && !isFirst) {
+        ++arcs;
+        arcs_.Add(check.lines + limit - left + 1, line.text, type, parser.Radius(), parser.Start(),
+                  parser.End(), centre);
+        if (arcs_.count == ArcBatch::kSize) ApplyArcRules(&arcs_, &rules_);
+        continue;
+      }
     }
-    *outcome = {moves, false, false, block, parser.Start(), centre, parser.Radius()};
+    *outcome = {moves,          false, false, parser.Block(), parser.Start(), parser.ArcOffset(),
+                parser.Radius()};
     stop = Stop::kOutcome;
     break;
   }
-  ApplyArcRules(std::span(arcs_).first(arcs % arcs_.size()), &rules_);
+  ApplyArcRules(&arcs_, &rules_);
   parser.Save();
   const uint64_t moves = limit - left;
   const uint64_t taken = moves + (stop == Stop::kWords || stop == Stop::kOutcome ? 1 : 0);
@@ -277,11 +263,10 @@ void FormatWork<Parser>::CheckLine(const NcLine& line, LineOutcome outcome) {
   // The first move of a program is a rapid in any case.
   const bool staysArc = isArc && rules_.moves > 0;
   ++rules_.moves;
-  if (!staysArc || !HasGoodCentre(outcome.arcOffset) || blocks_ > capacity_) return;
-  const CheckedArc arc = {check.lines,         reader_.Whole(line), block.type,
-                          outcome.radius,      outcome.start,       {block.x, block.y, block.z},
-                          outcome.arcOffset.x, outcome.arcOffset.y};
-  ApplyArcRules({&arc, 1}, &rules_);
+  if (!staysArc || BlockStore::IsOutOfRange(outcome.arcOffset.x) || blocks_ > capacity_) return;
+  arcs_.Add(check.lines, reader_.Whole(line).data(), block.type, outcome.radius, outcome.start,
+            {block.x, block.y, block.z}, outcome.arcOffset);
+  ApplyArcRules(&arcs_, &rules_);
 }
 
 template <typename Parser>

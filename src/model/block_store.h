@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cmath>
 #include <cstdint>
 #include <span>
 
@@ -115,9 +116,9 @@ class BlockStore {
 
   // True for a record that a read would repair.
   static bool IsBad(const MotionBlock& block) {
-    return block.x > kCoordinateLimit || block.x < -kCoordinateLimit ||
-           block.z > kCoordinateLimit || block.z < -kCoordinateLimit;
+    return IsOutOfRange(block.x) || IsOutOfRange(block.z);
   }
+  static bool IsOutOfRange(float coordinate) { return std::abs(coordinate) > kCoordinateLimit; }
 
   MotionBlock CurrentBlock;  // the register
   uint32_t blockCount = 0;   // number of valid blocks; owned by the callers of WriteBlock

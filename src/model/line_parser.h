@@ -38,6 +38,11 @@ class LineParser {
     return block;
   }
 
+  // Parts of it: the copy of the whole would wait for the stores of its fields.
+  uint32_t Type() const { return type_; }
+  int32_t Feed() const { return block_.feed; }
+  Vec3 End() const { return {lengths_[kX], lengths_[kY], lengths_[kZ]}; }
+
   // Where the move of the last line starts.
   Vec3 Start() const {
     const Vec3& last = state_.lastPos;
