@@ -192,7 +192,8 @@ void BlockReplaced(const CheckedLine& line, RuleState* state) {
 
 void FeedZero(const CheckedLine& line, RuleState* state) {
   const MotionBlock& block = line.outcome.block;
-  const bool isCut = IsCutType(block.type) || IsArcType(block.type);
+  // The first move of a program is a rapid if it is an arc.
+  const bool isCut = IsCutType(block.type) || (IsArcType(block.type) && state->moves > 0);
   if (!line.outcome.moves || !isCut || block.feed > 0) return;
   state->remarks->Add(kFeedZero, line.number, "F" + std::to_string(block.feed));
 }

@@ -27,10 +27,12 @@ bool IsOrdinary(const LineParser& parser) {
   return parser.Feed() > 0 && !BlockStore::IsOutOfRange(end.x) && !BlockStore::IsOutOfRange(end.z);
 }
 
-// The line as the parser gets it, with blanks in place of its F words.
+// The line as the parser gets it, with F words that make no rapid: without any in the word-address
+// format, with zeros for their digits in the conversational one, where the last rapid is in force
+// for a line without F.
 class LineWithoutFeeds {
  public:
-  explicit LineWithoutFeeds(const NcLine& line) : line_(line) {
+  LineWithoutFeeds(const NcLine& line, bool isConversational) : line_(line) {
     const char* const end = static_cast<const char*>(std::memchr(line.text, '\n', sizeof text_));
     std::copy(line.text, end + 1, text_);
     line_.text = text_;
@@ -39,7 +41,8 @@ class LineWithoutFeeds {
     for (char& c : text_) {
       if (c == '\n') break;
       isFeed = c == 'F' || c == 'f' || (isFeed && kNumber.find(c) != std::string_view::npos);
-      if (isFeed) c = ' ';
+      if (isFeed && !isConversational) c = ' ';
+      if (isFeed && c >= '0' && c <= '9') c = '0';
     }
   }
 
@@ -163,12 +166,14 @@ template <typename Parser>
     if (moves && IsOrdinary(parser)) {
       if (IsCutType(type) || IsRapidType(type)) continue;
       const Vec3 centre = parser.ArcOffset();
-      // The first move of a program is a rapid in any case.
+      const Vec3 start = parser.Start(), end = parser.End();
+      // The first move of a program is a rapid in any case. A full circle needs no word.
       const bool isFirst = rules_.moves + limit == left;
-      if (IsArcType(type) && !BlockStore::IsOutOfRange(centre.x) && !isFirst) {
+      const bool isCircle = start.x == end.x && start.y == end.y && start.z == end.z;
+      if (IsArcType(type) && !BlockStore::IsOutOfRange(centre.x) && !isFirst && !isCircle) {
         ++arcs;
-        arcs_.Add(check.lines + limit - left + 1, line.text, type, parser.Radius(), parser.Start(),
-                  parser.End(), centre);
+        arcs_.Add(check.lines + limit - left + 1, line.text, type, parser.Radius(), start, end,
+                  centre);
         if (arcs_.count == ArcBatch::kSize) ApplyArcRules(&arcs_, &rules_);
         continue;
       }
@@ -244,7 +249,7 @@ LineOutcome FormatWork<Parser>::ParseLine(const NcLine& line) {
   parser.Save();
   if (!outcome.moves) return outcome;
   if (IsRapidType(outcome.block.type)) {
-    const LineWithoutFeeds without(line);
+    const LineWithoutFeeds without(line, kConversational);
     trial.Parse(without.line());
     const uint32_t type = trial.Block().type;
     outcome.isRapidByFeed = IsCutType(type) || IsArcType(type);

@@ -90,10 +90,11 @@ TEST_F(MainWindowTest, CheckOfLoadedProgramListsLinesLeftOut) {
   for (int i = 0; i < 200'000; ++i) inches += "G20\n";
   home.Put(programs / "long.nc", inches);
   LoadProgram(&View(), "c:\\marlo\\ncdata\\long.nc");
-  QApplication::processEvents();
+  window->ShowProgram();
   user.Do(window.get(), "?검사 중입니다...");
   home.Put(programs / "clean.nc", kProgram);
   LoadProgram(&View(), "c:\\marlo\\ncdata\\clean.nc");
+  window->ShowProgram();
   QTRY_VERIFY(TextsIn(window.get()).contains("빠짐 0, 다름 0"));
   EXPECT_EQ(rows->topLevelItemCount(), 0);
 
