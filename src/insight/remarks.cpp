@@ -98,8 +98,10 @@ constexpr RemarkKind kKinds[] = {
      "X, Y, Z만 이동으로 계산되고 부가축의 이동과 시간은 빠집니다. 시간을 따로 더하십시오."},
     {kInch, kChanged, "inch",  //
      "inches are read as millimetres", "인치를 밀리미터로 읽습니다",
-     "Lengths are 25.4 times too short, and times too. Output the program in millimetres.",
-     "길이와 시간이 25.4배 짧게 나옵니다. 프로그램을 밀리미터로 출력하십시오."},
+     "Lengths and rapid times are 25.4 times too short; with adjusted feeds, cut times too. Output "
+     "the program in millimetres.",
+     "길이와 급속이송 시간이 25.4배 짧게 나옵니다. 피드를 조정하면 절삭시간도 그렇습니다. "
+     "프로그램을 밀리미터로 출력하십시오."},
     {kPlane, kChanged, "plane",  //
      "arcs outside the XY plane are read in the XY plane",
      "XY 평면이 아닌 원호를 XY 평면으로 읽습니다",
