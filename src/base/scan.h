@@ -43,6 +43,9 @@ class WordScanner {
   bool ReadFloat(float* value);
   bool ReadInt(int32_t* value);
 
+  // What has been read of the text.
+  std::string_view Taken() const { return text_.substr(0, position_); }
+
  private:
   void SkipWhite();
 

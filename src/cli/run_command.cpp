@@ -105,14 +105,19 @@ JobList ReadList(const Host& host, const std::string& drivePath, const std::stri
   constexpr size_t kEnding = 4;
   const bool isMcf = drivePath.size() >= kEnding &&
                      EqualNoCase(drivePath.substr(drivePath.size() - kEnding), ".mcf");
-  size_t leftOut = 0;
-  JobList list =
-      ReadJobList(DecodeCp949(bytes), isMcf ? std::optional(drivePath[0]) : std::nullopt, &leftOut);
-  if (leftOut > 0) {
-    report->Report(argument, Format("a list holds %zu files, the last %zu of this one are left out",
-                                    kJobListSlots, leftOut));
+  ListReading reading =
+      ReadJobList(DecodeCp949(bytes), isMcf ? std::optional(drivePath[0]) : std::nullopt);
+  if (reading.problem != ListProblem::kNone) {
+    throw Failure{argument, Format("line %zu: '%s' %s", reading.line, reading.word.c_str(),
+                                   reading.problem == ListProblem::kName
+                                       ? "is no plain file name"
+                                       : "leads above the root of its drive or folder")};
   }
-  return list;
+  if (reading.leftOut > 0) {
+    report->Report(argument, Format("a list holds %zu files, the last %zu of this one are left out",
+                                    kJobListSlots, reading.leftOut));
+  }
+  return std::move(reading.list);
 }
 
 // Puts the list into the working record, as an accepted job dialog does.
@@ -206,6 +211,19 @@ bool ReportFailedCopies(const std::vector<FailedCopy>& failed) {
   return failed.empty();
 }
 
+bool WriteListCopy(const std::string& argument, const std::string& path, const ResultTable& results,
+                   Files* files, std::vector<FailedCopy>* failed) {
+  if (const auto same = FindSameName(path, results)) {
+    throw Failure{argument, same->first + " and " + same->second + " have the same name"};
+  }
+  const size_t replaced = ProgramsToReplace(path, results, files).size();
+  if (!WriteJobListFileCopy(path, results, files, failed)) return false;
+  if (replaced > 0) {
+    PrintRemark(argument + Format(": %zu programs beside it differed and were replaced", replaced));
+  }
+  return true;
+}
+
 void WriteSheet(const std::string& argument, const Host& host, ResultTable* results) {
   if (results->HasPart()) throw Failure{argument, WriteProblem(kPartSource)};
   const auto program = host.app.spreadsheets->Start(SpreadsheetForm::kFile);
@@ -226,7 +244,7 @@ bool WriteOutputs(const Outputs& outputs, const Host& host, ResultTable* results
   WriteOutput(host, outputs.list,
               [&](const std::string& path) { return WriteJobListFile(path, *results, files); });
   WriteOutput(host, outputs.listCopy, [&](const std::string& path) {
-    return WriteJobListFileCopy(path, *results, files, &failed);
+    return WriteListCopy(*outputs.listCopy, path, *results, files, &failed);
   });
   const bool copied = ReportFailedCopies(failed);
   if (outputs.sheet) {

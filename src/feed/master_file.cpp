@@ -10,6 +10,8 @@
 #include <utility>
 #include <variant>
 
+#include "base/scan.h"
+
 namespace tvx {
 
 namespace {
@@ -155,6 +157,11 @@ MasterFileResult WriteMasterFile(const std::string& path, const MasterGrid& grid
   const bool written =
       file->Write(HeaderBytes(grid)) && WriteCells(grid, file.get()) && file->Commit();
   return written ? MasterFileResult::kDone : MasterFileResult::kDiskFull;
+}
+
+bool IsMasterName(std::string_view path) {
+  return path.size() > kMasterEnding.size() &&
+         EqualNoCase(path.substr(path.size() - kMasterEnding.size()), kMasterEnding);
 }
 
 bool IsMasterFile(std::string_view start) {

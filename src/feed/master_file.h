@@ -20,6 +20,10 @@ enum class MasterFileResult {
   kDiskFull,      // it was created, and not all bytes could be written
 };
 
+// How the name of a master file ends, in any letter case.
+inline constexpr std::string_view kMasterEnding = ".mma";
+bool IsMasterName(std::string_view path);
+
 // Writes the model of a grid, in place of an older file of that name, which stays whole until the
 // new one is complete. Returns kDone, kCannotWrite, kDiskFull, or kNoModel for a grid without a
 // model. An older file stays as it was unless the result is kDone.

@@ -2,19 +2,63 @@
 
 #include "jobs/job_list.h"
 
+#include <algorithm>
+
 #include "base/scan.h"
+#include "base/text.h"
+#include "jobs/option_line.h"
 #include "model/job_record.h"
+#include "platform/drives.h"
 
 namespace tvx {
 
 namespace {
 
 constexpr char kFileWord[] = "File";
+constexpr size_t kShownBytes = 80;  // of a refused word
 
 void SetDrive(char letter, std::string* word) {
   for (size_t at = word->find("X:"); at != std::string::npos; at = word->find("X:", at + 2)) {
     (*word)[at] = letter;
   }
+}
+
+// A name that stays in the folder it is joined to.
+bool IsPlainName(std::string_view name) {
+  constexpr size_t kLongestName = 255;  // bytes, of the host's file systems
+  constexpr std::string_view kSeparators = "\\/:";
+  return !name.empty() && name.size() <= kLongestName && name != "." && name != ".." &&
+         std::none_of(name.begin(), name.end(), [&](char c) {
+           return static_cast<unsigned char>(c) < ' ' || c == '\x7F' ||
+                  kSeparators.find(c) != std::string_view::npos;
+         });
+}
+
+// The paths of an option line, each found as those who use it do.
+struct PathCheck {
+  bool Accepts(std::string_view line) {
+    record.AfaMasterFile.clear();
+    ParseOptionLine(&record, line, nullptr);
+    std::string directory, copied;
+    LineDirectory(line, &directory);
+    LineMasterFile(line, &copied);
+    for (std::string* path : {&directory, &record.AfaMasterFile, &copied}) {
+      if (!LeadsAbove(*path)) continue;
+      refused = std::move(*path);
+      return false;
+    }
+    return true;
+  }
+
+  JobRecord record;  // one for all lines: it is large
+  std::string refused;
+};
+
+// The first characters of a text, up to that many bytes.
+std::string Start(const std::string& text, size_t bytes) {
+  size_t end = 0;
+  while (end < text.size() && end < bytes) end = CharacterEnd(text, end);
+  return text.substr(0, end);
 }
 
 }  // namespace
@@ -55,24 +99,37 @@ std::string PrintJobList(const JobList& list) {
   return text;
 }
 
-JobList ReadJobList(std::string_view text, std::optional<char> driveLetter, size_t* leftOut) {
-  JobList list;
-  size_t found = 0;  // entries in the text, also those that a full list leaves out
+ListReading ReadJobList(std::string_view text, std::optional<char> driveLetter) {
+  ListReading reading;
+  JobList& list = reading.list;
+  std::vector<size_t> ends;  // of the entries' names in the text
   WordScanner words(text);
   std::string word;
+  const auto refuse = [&](ListProblem problem, size_t end, const std::string& culprit) {
+    const auto lines = std::count(text.begin(), text.begin() + static_cast<ptrdiff_t>(end), '\n');
+    return ListReading{.problem = problem,
+                       .line = static_cast<size_t>(lines) + 1,
+                       .word = Start(culprit, kShownBytes)};
+  };
   while (words.ReadWord(&word)) {
     if (EqualNoCase(word, kFileWord)) {
-      if (!words.ReadWord(&word)) break;
-      list.Insert(list.size(), word, "");
-      ++found;
-    } else if (found > 0 && found == list.size()) {
+      std::string name;
+      const size_t end = words.ReadWord(&name) ? words.Taken().size() : text.size();
+      if (!IsPlainName(name)) return refuse(ListProblem::kName, end, name);
+      ends.push_back(end);
+      list.Insert(list.size(), std::move(name), "");
+    } else if (!ends.empty() && ends.size() == list.size()) {
       // In the word alone: searching the whole line again for each word would be quadratic.
       if (driveLetter.has_value()) SetDrive(*driveLetter, &word);
       list.lines.back() += word + " ";
     }
   }
-  if (leftOut != nullptr) *leftOut = found - list.size();
-  return list;
+  PathCheck check;
+  for (size_t i = 0; i < list.size(); ++i) {
+    if (!check.Accepts(list.lines[i])) return refuse(ListProblem::kPath, ends[i], check.refused);
+  }
+  reading.leftOut = ends.size() - list.size();
+  return reading;
 }
 
 }  // namespace tvx

@@ -16,6 +16,7 @@ namespace tvx {
 namespace {
 
 constexpr std::string_view kWhite = " \t\n\v\f\r";
+constexpr char kMasterWord[] = "MMA";
 constexpr size_t kScanBytes = 100;      // of the line that the scan of one token sees
 constexpr size_t kShortestKeyText = 2;  // bytes of the file
 
@@ -67,7 +68,7 @@ const Condition kConditions[] = {
     {"AF", &JobRecord::PlungeFeed},
     {"CW", Decimals{2, kCorWeights}},
     {"SW", Decimals{2, kSideWeights}},
-    {"MMA", Master{}},
+    {kMasterWord, Master{}},
     {"FCS", Switch{&JobRecord::FeedChgSmoothCheck, false}},
     {"XYR", Switch{&JobRecord::XyChgReduceCheck, false}},
 };
@@ -295,6 +296,15 @@ int LineDirectory(std::string_view line, std::string* directory) {
   directory->clear();
   scanner.ReadWord(directory);
   return 1;
+}
+
+bool LineMasterFile(std::string_view line, std::string* path) {
+  const size_t at = line.find(kMasterWord);
+  if (at == std::string_view::npos) return false;
+  WordScanner words(line.substr(at));
+  std::string ownWord;
+  words.ReadWord(&ownWord);
+  return words.ReadWord(path);
 }
 
 }  // namespace tvx

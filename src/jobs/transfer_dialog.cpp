@@ -289,9 +289,15 @@ void CTransferDlg::ReadListFile(const std::string& path, std::optional<char> dri
   ClearList();
   std::string bytes;
   if (!ReadWholeFile(files_, path, &bytes)) return;
-  size_t leftOut = 0;
-  list = ReadJobList(DecodeCp949(bytes), driveLetter, &leftOut);
-  if (leftOut > 0) ui_->ShowMessage(MessageOf(JobMessage::kCannotEnter));
+  ListReading reading = ReadJobList(DecodeCp949(bytes), driveLetter);
+  list = std::move(reading.list);
+  if (reading.leftOut > 0) ui_->ShowMessage(MessageOf(JobMessage::kCannotEnter));
+  if (reading.problem == ListProblem::kNone) return;
+  ui_->ShowMessage({.text = reading.problem == ListProblem::kName
+                                ? "리스트에 사용할 수 없는 화일 이름이 있어서 읽지 않았습니다."
+                                : "리스트에 사용할 수 없는 경로가 있어서 읽지 않았습니다.",
+                    .path = Format("%s:%zu: %s", path.c_str(), reading.line, reading.word.c_str()),
+                    .icon = MessageIcon::kExclamation});
 }
 
 // The options of the entry previewed become those of the files to come.

@@ -212,6 +212,23 @@ std::string AbsoluteDrivePath(const std::string& directory, const std::string& p
   return (fromRoot ? directory.substr(0, 2) : directory + "\\") + path;
 }
 
+bool LeadsAbove(std::string_view path) {
+  if (HasDrive(path)) path.remove_prefix(2);
+  int depth = 0;
+  while (!path.empty()) {
+    const size_t end = std::min(path.find_first_of(kSeparators), path.size());
+    const std::string_view component = path.substr(0, end);
+    path.remove_prefix(std::min(end + 1, path.size()));
+    if (component == "..") {
+      if (depth == 0) return true;
+      --depth;
+    } else if (!component.empty() && component != ".") {
+      ++depth;
+    }
+  }
+  return false;
+}
+
 std::string NormalDrivePath(std::string_view drivePath) {
   std::string normal(drivePath.substr(0, 2));
   for (const std::string_view component : Components(drivePath.substr(2))) {

@@ -291,6 +291,7 @@ std::string FileErrorText(int error) {
   if (error == kNoPlainFile) return "is no plain file";
   if (error == kFileChanged) return "has changed while it was read";
   if (error == kPartSource) return "a program of it was not read to its end";
+  if (error == kRefusedName) return "the name is not allowed";
   return std::strerror(error);
 }
 

@@ -21,6 +21,8 @@ inline constexpr int kNoPlainFile = -1;  // a pipe, a device
 inline constexpr int kFileChanged = -2;  // shorter or written since it was opened
 inline constexpr int kPartSource = -3;   // to be written from a file that was read in part only
 
+inline constexpr int kRefusedName = -4;  // a name that such a file may not have
+
 // The reason in words, as the system has them: "No space left on device".
 std::string FileErrorText(int error);
 

@@ -19,6 +19,7 @@ namespace {
 
 constexpr int kRapidLengthDecimals = 3;
 constexpr int kNoFile = -1;
+constexpr size_t kShownPrograms = 10;  // of those that a copy replaces
 
 FileQuestion ReportQuestion() {
   return {.save = true,
@@ -41,6 +42,15 @@ FileQuestion WorkbookQuestion() {
           .mustExist = true,
           .fileName = "*.xls",
           .filter = "Excel file (*.xls)|*.xls|모든 화일(*.*)|*.*||"};
+}
+
+// The first lines, and "..." for the others.
+std::string JoinLines(const std::vector<std::string>& lines, size_t most) {
+  std::string text;
+  for (size_t i = 0; i < std::min(lines.size(), most); ++i) {
+    text += (i == 0 ? "" : "\n") + lines[i];
+  }
+  return lines.size() > most ? text + "\n..." : text;
 }
 
 void Append(const std::vector<std::string>& more, std::vector<std::string>* lines) {
@@ -130,9 +140,25 @@ Closing CCutTimeListDlg::WriteList() {
   return Closing::kStaysOpen;
 }
 
+bool CCutTimeListDlg::MayCopyBeside(const std::string& path) {
+  if (const auto same = FindSameName(path, *results_)) {
+    ui_->ShowMessage({.text = "이름이 같은 화일이 두 폴더에 있어서 복사하지 않았습니다.",
+                      .path = same->first + "\n" + same->second,
+                      .icon = MessageIcon::kExclamation});
+    return false;
+  }
+  const std::vector<std::string> replaced = ProgramsToReplace(path, *results_, files_);
+  if (replaced.empty()) return true;
+  return ui_->ShowMessage({.text = "내용이 다른 프로그램이 있습니다. 바꾸겠습니까?",
+                           .path = JoinLines(replaced, kShownPrograms),
+                           .caption = "화일 바꾸기",
+                           .icon = MessageIcon::kQuestion,
+                           .buttons = MessageButtons::kYesNo});
+}
+
 Closing CCutTimeListDlg::WriteListCopy() {
   std::string path;
-  if (!ChooseList(&path)) return Closing::kStaysOpen;
+  if (!ChooseList(&path) || !MayCopyBeside(path)) return Closing::kStaysOpen;
   std::vector<FailedCopy> failed;
   const bool written = WriteJobListFileCopy(path, *results_, files_, &failed);
   ShowWritten(written, path, ui_);

@@ -73,6 +73,7 @@ class CCutTimeListDlg final : public Dialog {
   void Fill();
   // Asks where to write a job list, and before it replaces a file of another kind.
   bool ChooseList(std::string* path);
+  bool MayCopyBeside(const std::string& path);
 
   ResultTable* results_;
   Files* files_;

@@ -1,16 +1,21 @@
 // Writes the job list file, and copies the files of its entries beside it.
 #include "reports/job_list_file.h"
 
+#include <map>
+#include <set>
+
 #include "base/path_text.h"
 #include "base/scan.h"
 #include "base/text.h"
+#include "feed/master_file.h"
+#include "jobs/directory_browser.h"
 #include "jobs/option_line.h"
+#include "platform/drives.h"
 
 namespace tvx {
 
 namespace {
 
-constexpr char kMasterWord[] = "MMA";
 constexpr char kAnyDrive = 'X';
 
 // Replaces the directory of a line by that of the list. Returns the old one. The root of a drive
@@ -48,7 +53,11 @@ class Copier {
     std::string source;
     if (!LineMasterFile(*line, &source)) return;
     const std::string destination = directory_ + "\\" + NameOfPath(source, kBackslash);
-    if (!files_->Exists(destination)) Copy(source, destination);
+    if (!IsMasterName(source)) {
+      Fail(source, destination, kRefusedName);
+    } else if (!files_->Exists(destination)) {
+      Copy(source, destination);
+    }
     ReplaceAll(source, DriveForm(destination), line);
   }
 
@@ -61,9 +70,11 @@ class Copier {
  private:
   void Copy(const std::string& source, const std::string& destination) {
     if (EqualNoCase(source, destination)) return;
-    if (!files_->Copy(source, destination) && failed_ != nullptr) {
-      failed_->push_back({source, destination, files_->LastError()});
-    }
+    if (!files_->Copy(source, destination)) Fail(source, destination, files_->LastError());
+  }
+
+  void Fail(const std::string& source, const std::string& destination, int error) {
+    if (failed_ != nullptr) failed_->push_back({source, destination, error});
   }
 
   std::string directory_;
@@ -71,7 +82,64 @@ class Copier {
   std::vector<FailedCopy>* failed_;
 };
 
+// The files that a copy of the list takes: of an entry its program, and its master model.
+std::vector<std::string> SourcesOf(const CutTimeEntry& entry) {
+  std::vector<std::string> sources;
+  std::string directory, master;
+  LineDirectory(entry.optionLine, &directory);
+  if (!directory.empty()) sources.push_back(directory + "\\" + entry.fileName);
+  if (LineMasterFile(entry.optionLine, &master) && IsMasterName(master)) sources.push_back(master);
+  return sources;
+}
+
+// As it is compared: one letter case, one spelling.
+std::string PlainForm(const std::string& path) {
+  return LowerCase(HasDrive(path) ? NormalDrivePath(path) : path);
+}
+
+// Files that cannot be read to their ends count as different.
+bool HaveSameBytes(const std::string& a, const std::string& b, Files* files) {
+  std::string bytesOfA, bytesOfB;
+  return files->Size(a) == files->Size(b) && ReadWholeFile(files, a, &bytesOfA) &&
+         ReadWholeFile(files, b, &bytesOfB) && bytesOfA == bytesOfB;
+}
+
 }  // namespace
+
+std::optional<SameName> FindSameName(const std::string& path, const ResultTable& results) {
+  const std::string listName = NameOfPath(path, kBackslash);
+  // By the name in lower case. The list takes its own name, wherever a file of that name is.
+  std::map<std::string, std::string> sources = {{LowerCase(listName), path}};
+  for (const CutTimeEntry& entry : results.Recorded()) {
+    for (const std::string& source : SourcesOf(entry)) {
+      const std::string name = LowerCase(NameOfPath(source, kBackslash));
+      const auto [other, isNew] = sources.try_emplace(name, source);
+      if (isNew) continue;
+      if (name == LowerCase(listName) || PlainForm(other->second) != PlainForm(source)) {
+        return SameName{other->second, source};
+      }
+    }
+  }
+  return std::nullopt;
+}
+
+std::vector<std::string> ProgramsToReplace(const std::string& path, const ResultTable& results,
+                                           Files* files) {
+  std::vector<std::string> replaced;
+  std::set<std::string> seen;
+  for (const CutTimeEntry& entry : results.Recorded()) {
+    std::string directory;
+    LineDirectory(entry.optionLine, &directory);
+    const std::string source = directory + "\\" + entry.fileName;
+    const std::string destination = DirectoryOfPath(path, kBackslash) + "\\" + entry.fileName;
+    if (directory.empty() || !files->Exists(source) || !files->Exists(destination) ||
+        !seen.insert(LowerCase(destination)).second) {
+      continue;
+    }
+    if (!HaveSameBytes(source, destination, files)) replaced.push_back(destination);
+  }
+  return replaced;
+}
 
 std::string DriveForm(std::string directory) {
   constexpr size_t kDriveLength = 2;
@@ -80,15 +148,6 @@ std::string DriveForm(std::string directory) {
   const bool hasDrive = slash != std::string::npos && slash >= kDriveLength;
   directory[hasDrive ? slash - kDriveLength : 0] = kAnyDrive;
   return directory;
-}
-
-bool LineMasterFile(std::string_view line, std::string* path) {
-  const size_t at = line.find(kMasterWord);
-  if (at == std::string_view::npos) return false;
-  WordScanner words(line.substr(at));
-  std::string ownWord;
-  words.ReadWord(&ownWord);
-  return words.ReadWord(path);
 }
 
 bool WriteJobListFile(const std::string& path, const ResultTable& results, Files* files) {
@@ -106,6 +165,7 @@ bool WriteJobListFile(const std::string& path, const ResultTable& results, Files
 bool WriteJobListFileCopy(const std::string& path, const ResultTable& results, Files* files,
                           std::vector<FailedCopy>* failed) {
   if (results.HasPart()) return files->Fail(kPartSource);
+  if (FindSameName(path, results)) return false;
   const auto file = files->Create(path);
   if (file == nullptr) return false;
   Copier copier(DirectoryOfPath(path, kBackslash), files, failed);

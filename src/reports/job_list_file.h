@@ -3,6 +3,7 @@
 // the reader replaces X by the drive of the list file.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,10 +17,6 @@ namespace tvx {
 // replaced or, if there is no such character, the first one.
 std::string DriveForm(std::string directory);
 
-// The master model file that an option line names: the word after the one that contains the first
-// "MMA". Returns false and leaves *path alone if there is none.
-bool LineMasterFile(std::string_view line, std::string* path);
-
 // A file that could not be copied.
 struct FailedCopy {
   std::string source;
@@ -31,10 +28,24 @@ struct FailedCopy {
 // file, wherever its own file is. Returns false if that fails; an existing file is then unchanged.
 bool WriteJobListFile(const std::string& path, const ResultTable& results, Files* files);
 
+// Two files that would be copied under one name: the copied list would run one of them twice.
+struct SameName {
+  std::string first, second;
+};
+
+// The first two entries, or an entry and the list itself, whose files have one name, regardless of
+// case, and two directories. Nothing if all files have places of their own beside the list.
+std::optional<SameName> FindSameName(const std::string& path, const ResultTable& results);
+
+// The programs beside a list that a copy of the entries' files would replace by other bytes.
+std::vector<std::string> ProgramsToReplace(const std::string& path, const ResultTable& results,
+                                           Files* files);
+
 // Does the same, and copies the NC file and the master model of each entry beside the list. An
 // existing master model is kept, an existing NC file is replaced; after a failed copy it is
-// unchanged. Failed copies are appended to *failed, if it is not null, and do not change the list.
-// If the list file cannot be created, nothing is copied.
+// unchanged. A master model is copied only under a name that ends in kMasterEnding. Failed copies
+// are appended to *failed, if it is not null, and do not change the list. If the list file cannot
+// be created, or FindSameName finds two files, nothing is written and the result is false.
 bool WriteJobListFileCopy(const std::string& path, const ResultTable& results, Files* files,
                           std::vector<FailedCopy>* failed);
 

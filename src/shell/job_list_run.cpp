@@ -4,6 +4,7 @@
 #include "shell/job_list_run.h"
 
 #include "jobs/option_line.h"
+#include "platform/drives.h"
 #include "platform/user_files.h"
 #include "shell/cut_time_commands.h"
 #include "shell/master_commands.h"
@@ -16,7 +17,6 @@ namespace {
 
 // Window class of the transfer program.
 constexpr char kTransferWindow[] = "TRNW";
-constexpr char kMasterEnding[] = ".mma";
 constexpr int32_t kDefaultSpindle = 1000;  // 1/min
 
 // The NC file that a missing model is built from: the model's path up to its first ending.
@@ -62,12 +62,16 @@ bool NeedsMaster(const JobRecord& job, const std::string& lastMaster) {
          job.AfaMasterFile != lastMaster;
 }
 
-MasterOutcome BringMaster(const std::string& masterPath, CTVXView* view, RunObserver* observer) {
+MasterOutcome BringMaster(const std::string& path, CTVXView* view, RunObserver* observer) {
   const MasterContext master = MasterContextOf(view);
   DropMaster(master.grid);
+  const std::string masterPath =
+      NormalDrivePath(AbsoluteDrivePath(master.files->CurrentDirectory(), path));
   if (master.files->Exists(masterPath)) {
     return {.file = ReadMasterFile(masterPath, master.grid, master.files)};
   }
+  // Whoever made the list named the file to be written.
+  if (!IsMasterName(masterPath)) return {.file = MasterFileResult::kCannotWrite};
   MasterOutcome outcome;
   outcome.load = LoadForRun(ProgramOfMaster(masterPath), view, observer);
   if (outcome.Succeeded()) outcome.build = BuildAndShowMaster(master);

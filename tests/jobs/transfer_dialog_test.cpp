@@ -208,6 +208,34 @@ TEST_F(TransferDialog, SavesAndReadsLists) {
   EXPECT_EQ(dialog.list.size(), 0U);
 }
 
+TEST_F(TransferDialog, ListThatNamesFilesOutsideItsFoldersIsRefused) {
+  const std::string longest(255, 'n');
+  const std::tuple<std::string, size_t, std::string> cases[] = {
+      // text, line that is refused (0: none), refused word
+      {"File a..nc Dir c:\\a\\..\\b MMA c:\\a\\.\\m.mma", 0, ""},
+      {"File " + longest + " Dir \\nc\\", 0, ""},
+      {"File a.nc Dir c:\\nc\r\nFile ..\\v\\.bashrc Dir c:\\nc", 2, "..\\v\\.bashrc"},
+      {"File /etc/passwd", 1, "/etc/passwd"},
+      {"\nlost\nFile\n\nz:p.nc", 5, "z:p.nc"},
+      {"File ..", 1, ".."},
+      {"File a\x1b[2J.nc", 1, "a\x1b[2J.nc"},
+      {"File a.nc\nFile", 2, ""},
+      {"File " + longest + "n", 1, longest.substr(0, 80)},
+      {"File a.nc Dir c:\\a\\..\\..\\b", 1, "c:\\a\\..\\..\\b"},
+      {"File a.nc\nDir ../a", 1, "../a"},
+      {"File a.nc Dir c:\\ Afa ON TD 1 MMA ..\\m.mma FCS ON", 1, "..\\m.mma"},
+      {"File a.nc Dir c:\\ xMMA \\..\\m.mma", 1, "\\..\\m.mma"},  // a copy would find it
+  };
+  for (const auto& [text, line, word] : cases) {
+    files.Put("c:\\marlo\\FList1.txt", text);
+    ui.messages.clear();
+    dialog.ReadList();
+    EXPECT_EQ(dialog.list.size() == 0, line > 0) << text;
+    EXPECT_EQ(ui.messages.empty() ? "" : ui.messages[0].path,
+              line == 0 ? "" : Format("c:\\marlo\\FList1.txt:%zu: %s", line, word.c_str()));
+  }
+}
+
 TEST_F(TransferDialog, PreviewsHeadAndTailAndTakesTheOptionsOver) {
   std::string text;
   Names rows;

@@ -112,6 +112,25 @@ TEST_F(CutTimeList, ReportsCoverTheWholeTableWhateverIsSelected) {
   EXPECT_EQ(dialog.information[3], "절삭길이  12.345 M");
 }
 
+TEST_F(CutTimeList, CopyAsksOnceBeforeItReplacesProgramsThatDiffer) {
+  Record({{"a.nc", 1}, {"b.nc", 2}, {"c.nc", 3}, {"a.nc", 1}});
+  for (const char* name : {"a.nc", "b.nc", "c.nc"}) {
+    files.Put(std::string("c:\\marlo\\ncdata\\") + name, "new");
+    files.Put(std::string("c:\\out\\") + name, name[0] == 'c' ? "new" : "old");
+  }
+  for (const bool answer : {false, true}) {
+    ui.OnFile("c:\\out\\l.mcf");
+    ui.OnMessage(answer);
+    Press("AFA 출력, Copy");
+    EXPECT_EQ(ui.messages.back().path, "c:\\out\\a.nc\nc:\\out\\b.nc");
+    EXPECT_EQ(files.Bytes("c:\\out\\b.nc"), answer ? "new" : "old");
+    EXPECT_EQ(files.Exists("c:\\out\\l.mcf"), answer);
+  }
+  ui.OnFile("c:\\out\\l.mcf");
+  Press("AFA 출력, Copy");
+  EXPECT_EQ(ui.messages.size(), 2U) << "all are equal now";
+}
+
 TEST_F(CutTimeList, FailureOfAReportIsShownAndKeepsTheOlderFile) {
   const auto text = [](const FileQuestion& q) {
     return std::string(q.save ? "save " : "") + (q.mustExist ? "existing " : "") +

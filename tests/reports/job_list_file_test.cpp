@@ -84,6 +84,9 @@ TEST(JobListFileCopy, ProgramIsReplacedAndMasterIsKept) {
       {"c:\\MMA\\a.nc=new", "Dir c:\\MMA FS 1 ", "Dir X:\\out X:\\out\\FS 1 ", "a.nc=new ", 1},
       {"c:\\nc\\a.nc=new", "Dir c:\\nc FS 1 MMA ", "Dir X:\\out FS 1 MMA ", "a.nc=new "},
       {"c:\\a.nc=root", "", "", ""},
+      // Only a master model is copied as one.
+      {"c:\\nc\\a.nc=new c:\\etc\\passwd=root", "Dir c:\\nc FS 1 MMA c:\\etc\\passwd ",
+       "Dir X:\\out FS 1 MMA X:\\out\\passwd ", "a.nc=new ", 1},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.before);
@@ -96,6 +99,31 @@ TEST(JobListFileCopy, ProgramIsReplacedAndMasterIsKept) {
     EXPECT_EQ(files.Bytes(kList), "File a.nc " + std::string(c.written) + " \r\n");
     EXPECT_EQ(Beside(files), c.after);
     EXPECT_EQ(failed.size(), c.failed);
+  }
+}
+
+TEST(JobListFileCopy, TwoFilesOfOneNameAreRefusedBeforeAnythingIsWritten) {
+  const struct {
+    const char *firstLine, *secondName, *secondLine;
+    bool refused;
+  } cases[] = {
+      {"Dir c:\\nc FS 1 ", "a.nc", "Dir c:\\die FS 1 ", true},
+      {"Dir c:\\nc FS 1 ", "A.NC", "Dir c:\\die FS 1 ", true},
+      {"Dir c:\\nc FS 1 ", "a.nc", "Dir C:\\x\\..\\NC FS 1 ", false},
+      {"Dir c:\\nc MMA c:\\nc\\m.mma ", "b.nc", "Dir c:\\nc MMA c:\\die\\m.mma ", true},
+      {"Dir c:\\nc MMA c:\\nc\\m.mma ", "b.nc", "Dir c:\\nc MMA c:\\nc\\m.mma ", false},
+      {"Dir c:\\nc FS 1 ", "L.MCF", "Dir c:\\die FS 1 ", true},  // the list's own name
+      {"Dir c:\\nc FS 1 ", "l.mcf", "Dir c:\\out FS 1 ", true},
+  };
+  for (const auto& c : cases) {
+    MemoryFiles files;
+    PutAll("c:\\nc\\a.nc=a c:\\nc\\b.nc=b c:\\die\\a.nc=other c:\\out\\l.mcf=list", &files);
+    const size_t before = files.FilePaths().size();
+    const ResultTable table =
+        TableOf({PlainEntry("a.nc", c.firstLine), PlainEntry(c.secondName, c.secondLine)});
+    EXPECT_NE(WriteJobListFileCopy(kList, table, &files, nullptr), c.refused) << c.secondLine;
+    if (c.refused) EXPECT_EQ(files.FilePaths().size(), before) << c.secondLine;
+    EXPECT_EQ(files.Bytes(kList) == "list", c.refused);
   }
 }
 
@@ -132,12 +160,13 @@ TEST(JobListFileCopy, SourceThatIsItsDestinationIsKept) {
   fs::create_symlink(home / "drive_c/nc/b.nc", home / "drive_c/out/b.nc");
   const Drives drives(home.Path());
   const auto files = MakeHostFiles(&drives);
-  const auto table = TableOf(
-      {PlainEntry("a.nc", "Dir c:\\link FS 1 MMA c:\\link\\..\\out\\.\\m.mma "),
-       PlainEntry("a.nc", "Dir c:\\out\\..\\out FS 1 "), PlainEntry("b.nc", "Dir c:\\nc FS 1 ")});
-  std::vector<FailedCopy> failed;
-  EXPECT_TRUE(WriteJobListFileCopy(kList, table, files.get(), &failed));
-  EXPECT_TRUE(failed.empty());
+  for (const auto& entry :
+       {PlainEntry("a.nc", "Dir c:\\link FS 1 MMA c:\\link\\..\\out\\.\\m.mma "),
+        PlainEntry("a.nc", "Dir c:\\out\\..\\out FS 1 "), PlainEntry("b.nc", "Dir c:\\nc FS 1 ")}) {
+    std::vector<FailedCopy> failed;
+    EXPECT_TRUE(WriteJobListFileCopy(kList, TableOf({entry}), files.get(), &failed));
+    EXPECT_TRUE(failed.empty());
+  }
   EXPECT_EQ(HostBytes(home / "drive_c/out/a.nc") + HostBytes(home / "drive_c/out/m.mma") +
                 HostBytes(home / "drive_c/nc/b.nc"),
             "G0 X1modelG0 X2");
