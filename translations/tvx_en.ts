@@ -704,6 +704,22 @@
         <translation>There is a file of another kind. Replace it?</translation>
     </message>
     <message>
+        <source>내용이 다른 프로그램이 있습니다. 바꾸겠습니까?</source>
+        <translation>There are programs that differ. Replace them?</translation>
+    </message>
+    <message>
+        <source>이름이 같은 화일이 두 폴더에 있어서 복사하지 않았습니다.</source>
+        <translation>Two files in two folders have the same name; nothing was copied.</translation>
+    </message>
+    <message>
+        <source>리스트에 사용할 수 없는 화일 이름이 있어서 읽지 않았습니다.</source>
+        <translation>The list holds a file name that is not allowed; it was not read.</translation>
+    </message>
+    <message>
+        <source>리스트에 사용할 수 없는 경로가 있어서 읽지 않았습니다.</source>
+        <translation>The list holds a path that is not allowed; it was not read.</translation>
+    </message>
+    <message>
         <source>화일 바꾸기</source>
         <translation>Replace a file</translation>
     </message>

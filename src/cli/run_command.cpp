@@ -219,7 +219,8 @@ bool WriteListCopy(const std::string& argument, const std::string& path, const R
   const size_t replaced = ProgramsToReplace(path, results, files).size();
   if (!WriteJobListFileCopy(path, results, files, failed)) return false;
   if (replaced > 0) {
-    PrintRemark(argument + Format(": %zu programs beside it differed and were replaced", replaced));
+    PrintRemark(argument + Format(": replaced %zu program%s that differed beside it", replaced,
+                                  replaced == 1 ? "" : "s"));
   }
   return true;
 }

@@ -71,7 +71,10 @@ MasterOutcome BringMaster(const std::string& path, CTVXView* view, RunObserver* 
     return {.file = ReadMasterFile(masterPath, master.grid, master.files)};
   }
   // Whoever made the list named the file to be written.
-  if (!IsMasterName(masterPath)) return {.file = MasterFileResult::kCannotWrite};
+  if (!IsMasterName(masterPath)) {
+    master.files->Fail(kRefusedName);
+    return {.file = MasterFileResult::kCannotWrite};
+  }
   MasterOutcome outcome;
   outcome.load = LoadForRun(ProgramOfMaster(masterPath), view, observer);
   if (outcome.Succeeded()) outcome.build = BuildAndShowMaster(master);

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "base/format.h"
 #include "support/memory_files.h"
 #include "support/scripted_ui.h"
 
