@@ -183,6 +183,20 @@ std::string ShownText(std::string_view utf8) {
   return shown;
 }
 
+std::string DocumentText(std::string_view text) {
+  constexpr auto isControl = [](char32_t c) {
+    return (c < ' ' && c != '\t' && c != '\r' && c != '\n') || (c >= 0x7F && c < 0xA0);
+  };
+  std::string result;
+  for (size_t position = 0; position < text.size();) {
+    const char32_t c = TakeUtf8(text, &position);
+    // kMalformed is above the private characters, which begin with kForeignByteBase.
+    const bool isCharacter = c < kForeignByteBase && c != 0xFFFE && c != 0xFFFF && !isControl(c);
+    AppendUtf8(isCharacter ? c : U'\uFFFD', &result);
+  }
+  return result;
+}
+
 void ReplaceAll(std::string_view from, std::string_view to, std::string* text) {
   if (from.empty()) return;
   for (size_t at = text->find(from); at != std::string::npos; at = text->find(from, at)) {

@@ -22,6 +22,11 @@ std::string EncodeCp949(std::string_view utf8);
 // The text for output that is not read back: U+FFFD for each byte that did not decode.
 std::string ShownText(std::string_view utf8);
 
+// The text for a file of another program, such as a page or a table: U+FFFD for each byte that did
+// not decode, each malformed sequence, each control character other than tab, CR and LF, and U+FFFE
+// and U+FFFF, which are no characters. The result is well-formed UTF-8.
+std::string DocumentText(std::string_view text);
+
 // True for well-formed UTF-8, plain ASCII included.
 bool IsUtf8(std::string_view bytes);
 

@@ -27,14 +27,11 @@ MachineProfile ReadMachine(const Host& host, const std::string& argument) {
 }
 
 Json MachineJson(const MachineTime& time) {
-  return {{"cutMinutes", time.cutMinutes},
-          {"rapidMinutes", time.rapidMinutes},
-          {"dwellMinutes", time.dwellMinutes},
-          {"toolMinutes", time.toolMinutes},
-          {"totalMinutes", time.totalMinutes},
-          {"steadyCutMinutes", time.steadyCutMinutes},
-          {"steadyRapidMinutes", time.steadyRapidMinutes},
-          {"movesWithoutFeed", time.movesWithoutFeed}};
+  Json object = Json::object();
+  for (const MachineTimeField& field : MachineTimeFields())
+    object[field.name] = time.*field.minutes;
+  object["movesWithoutFeed"] = time.movesWithoutFeed;
+  return object;
 }
 
 }  // namespace tvx

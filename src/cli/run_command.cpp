@@ -13,6 +13,7 @@
 #include "cli/command.h"
 #include "cli/command_line.h"
 #include "cli/commands.h"
+#include "cli/csv_option.h"
 #include "cli/host.h"
 #include "cli/json.h"
 #include "cli/machine_option.h"
@@ -24,6 +25,7 @@
 #include "platform/drives.h"
 #include "reports/cut_time_list.h"
 #include "reports/job_list_file.h"
+#include "reports/result_csv.h"
 #include "reports/spreadsheet_export.h"
 #include "reports/text_report.h"
 #include "shell/job_list_run.h"
@@ -180,6 +182,7 @@ void PrintInformation(const ResultTable& results) {
 // The files to write from the results, as named on the command line.
 struct Outputs {
   std::optional<std::string> report, list, listCopy, sheet;
+  CsvOption csv;
 
   void AddTo(CommandLine* line) {
     line->AddOption("--report", &report, "OUT.tvx: write the text report");
@@ -187,6 +190,7 @@ struct Outputs {
     line->AddOption("--list-copy", &listCopy,
                     "OUT.mcf: write the job list file and copy the files of the list beside it");
     line->AddOption("--sheet", &sheet, "FILE: fill the first sheet of a workbook and save it");
+    csv.AddTo(line);
   }
 };
 
@@ -237,7 +241,8 @@ void WriteSheet(const std::string& argument, const Host& host, ResultTable* resu
 
 // Writes the spreadsheet last, since it rounds the figures of the results. Returns false if files
 // of the list could not be copied; everything else was done.
-bool WriteOutputs(const Outputs& outputs, const Host& host, ResultTable* results) {
+bool WriteOutputs(const Outputs& outputs, const Host& host,
+                  const std::vector<MachineTime>& machineTimes, ResultTable* results) {
   Files* const files = host.files.get();
   std::vector<FailedCopy> failed;
   WriteOutput(host, outputs.report,
@@ -247,6 +252,7 @@ bool WriteOutputs(const Outputs& outputs, const Host& host, ResultTable* results
   WriteOutput(host, outputs.listCopy, [&](const std::string& path) {
     return WriteListCopy(*outputs.listCopy, path, *results, files, &failed);
   });
+  outputs.csv.Write(host, ResultsCsv(*results, machineTimes));
   const bool copied = ReportFailedCopies(failed);
   if (outputs.sheet) {
     ShowProgress(*outputs.sheet + ": filling");
@@ -274,6 +280,7 @@ int RunJobs(const Call& call) {
   line.AddArgument("LIST", &argument, "job list");
   line.Parse();
   params.Check();
+  outputs.csv.Check();
   if (json && information) throw WrongCall{"--json and --info exclude each other"};
 
   Host host(call);
@@ -292,7 +299,7 @@ int RunJobs(const Call& call) {
   } else {
     PrintTable(view.results, report.machineTimes());
   }
-  const bool complete = WriteOutputs(outputs, host, &view.results);
+  const bool complete = WriteOutputs(outputs, host, report.machineTimes(), &view.results);
   return report.failed() || !complete ? 1 : 0;
 }
 

@@ -4,10 +4,12 @@
 #include <string>
 #include <vector>
 
+#include "base/csv.h"
 #include "base/format.h"
 #include "cli/check_note.h"
 #include "cli/command_line.h"
 #include "cli/commands.h"
+#include "cli/csv_option.h"
 #include "cli/host.h"
 #include "cli/json.h"
 #include "cli/machine_option.h"
@@ -15,6 +17,7 @@
 #include "cli/params.h"
 #include "cli/program_files.h"
 #include "insight/machine_time.h"
+#include "reports/result_csv.h"
 
 namespace tvx {
 namespace {
@@ -47,11 +50,22 @@ Times TimeProgram(const ProgramFile& file, bool adjusts,
   return times;
 }
 
+struct Figure {
+  const char* name;
+  float CutTimeEntry::*value;
+};
+
+constexpr Figure kFigures[] = {
+    {"cutLength", &CutTimeEntry::cutLength},       {"rapidLength", &CutTimeEntry::rapidLength},
+    {"cutMinutes", &CutTimeEntry::cutMinutes},     {"rapidMinutes", &CutTimeEntry::rapidMinutes},
+    {"totalMinutes", &CutTimeEntry::totalMinutes},
+};
+
 Json FiguresJson(const Figures& figures) {
   const CutTimeEntry& entry = figures.entry;
-  Json object = {{"cutLength", entry.cutLength},       {"rapidLength", entry.rapidLength},
-                 {"cutMinutes", entry.cutMinutes},     {"rapidMinutes", entry.rapidMinutes},
-                 {"totalMinutes", entry.totalMinutes}, {"averageFeed", entry.averageFeed}};
+  Json object = Json::object();
+  for (const Figure& figure : kFigures) object[figure.name] = entry.*figure.value;
+  object["averageFeed"] = entry.averageFeed;
   if (figures.machine) object["machine"] = MachineJson(*figures.machine);
   return object;
 }
@@ -60,6 +74,29 @@ Json TimesJson(const ProgramFile& file, const Times& times) {
   Json object = {{"file", file.argument}, {"before", FiguresJson(times.before)}};
   if (times.after) object["after"] = FiguresJson(*times.after);
   return object;
+}
+
+// The keys of the JSON document, with a point between object and member.
+std::string CsvNames(bool adjusts, bool hasMachine) {
+  std::vector<std::string> row = {"file"};
+  for (const std::string prefix : {"before.", "after."}) {
+    if (prefix == "after." && !adjusts) continue;
+    for (const Figure& figure : kFigures) row.push_back(prefix + figure.name);
+    row.push_back(prefix + "averageFeed");
+    if (hasMachine) AddMachineNames(prefix + "machine.", &row);
+  }
+  return CsvRow(row);
+}
+
+std::string CsvTimes(const ProgramFile& file, const Times& times) {
+  std::vector<std::string> row = {CsvText(file.argument)};
+  for (const Figures* figures : {&times.before, times.after ? &*times.after : nullptr}) {
+    if (figures == nullptr) continue;
+    for (const Figure& figure : kFigures) row.push_back(CsvNumber(figures->entry.*figure.value));
+    row.push_back(std::to_string(figures->entry.averageFeed));
+    if (figures->machine) AddMachineValues(*figures->machine, &row);
+  }
+  return CsvRow(row);
 }
 
 // A row of the table for people: a figure before and after, and what became of the difference.
@@ -136,6 +173,7 @@ std::string TimesTable(const ProgramFile& file, const Times& times) {
 int RunTime(const Call& call) {
   Params params(/*adjusts=*/true);
   bool json = false;
+  CsvOption csv;
   MachineOption machineOption;
   std::vector<std::string> arguments;
   CommandLine line(call,
@@ -143,10 +181,12 @@ int RunTime(const Call& call) {
                    "as programmed and after the feed adjustment.");
   params.AddTo(&line);
   line.AddFlag("--json", &json, "print one JSON document");
+  csv.AddTo(&line);
   machineOption.AddTo(&line);
   line.AddArguments("FILE", &arguments, "NC programs, loaded one after the other");
   line.Parse();
   params.Check();
+  csv.Check();
 
   Host host(call);
   const std::vector<ProgramFile> files = FindProgramFiles(host, arguments);
@@ -154,8 +194,10 @@ int RunTime(const Call& call) {
   params.Apply(&host, &view);
   const std::optional<MachineProfile> machine = machineOption.Read(host);
   Json document = Json::array();
+  std::string rows = CsvNames(params.Adjusts(), machine.has_value());
   for (const ProgramFile& file : files) {
     const Times times = TimeProgram(file, params.Adjusts(), machine, &view);
+    rows += CsvTimes(file, times);
     if (json) {
       document.push_back(TimesJson(file, times));
     } else {
@@ -163,6 +205,7 @@ int RunTime(const Call& call) {
     }
   }
   if (json) Print(JsonText(document));
+  csv.Write(host, rows);
   return 0;
 }
 

@@ -163,6 +163,19 @@ MachineTime ForwardPass(BlockStore* store, const MachineLimits& limits,
 
 }  // namespace
 
+std::span<const MachineTimeField> MachineTimeFields() {
+  static constexpr MachineTimeField kFields[] = {
+      {"cutMinutes", &MachineTime::cutMinutes},
+      {"rapidMinutes", &MachineTime::rapidMinutes},
+      {"dwellMinutes", &MachineTime::dwellMinutes},
+      {"toolMinutes", &MachineTime::toolMinutes},
+      {"totalMinutes", &MachineTime::totalMinutes},
+      {"steadyCutMinutes", &MachineTime::steadyCutMinutes},
+      {"steadyRapidMinutes", &MachineTime::steadyRapidMinutes},
+  };
+  return kFields;
+}
+
 MachineTime ComputeMachineTime(BlockStore* store, const MachineProfile& profile,
                                const ProgramPauses& pauses, const StretchObserver& observer) {
   const MachineLimits limits(profile);

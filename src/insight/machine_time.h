@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <span>
 
 #include "insight/machine_profile.h"
 #include "model/block_store.h"
@@ -28,6 +29,13 @@ struct MachineTime {
   double steadyRapidMinutes = 0;
   uint64_t movesWithoutFeed = 0;  // cuts that are in none of the times since they have no feed
 };
+
+// The minutes of a machine time by their names in files.
+struct MachineTimeField {
+  const char* name;
+  double MachineTime::*minutes;
+};
+std::span<const MachineTimeField> MachineTimeFields();
 
 // How one part of a move was run; speeds in mm/s.
 struct StretchRun {

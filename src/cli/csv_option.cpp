@@ -1,0 +1,27 @@
+#include "cli/csv_option.h"
+
+#include "base/csv.h"
+#include "cli/command.h"
+
+namespace tvx {
+
+void CsvOption::AddTo(CommandLine* line) {
+  line->AddOption("--csv", &path_, "OUT.csv: write the figures as comma-separated values");
+  line->AddFlag("--bom", &hasMark_,
+                "begin the values with a byte order mark, for spreadsheet programs that need it");
+}
+
+void CsvOption::Check() const {
+  if (hasMark_ && !path_) throw WrongCall{"--bom needs --csv"};
+}
+
+void CsvOption::Write(const Host& host, const std::string& rows) const {
+  if (!path_) return;
+  const std::string path = host.DrivePath(*path_);
+  const std::string mark(hasMark_ ? kUtf8Mark : "");
+  if (!WriteWholeFile(host.files.get(), path, mark + rows)) {
+    throw Failure{*path_, WriteProblem(host, path)};
+  }
+}
+
+}  // namespace tvx

@@ -1,0 +1,27 @@
+// The options --csv and --bom of the commands that print times.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "cli/command_line.h"
+#include "cli/host.h"
+
+namespace tvx {
+
+class CsvOption {
+ public:
+  void AddTo(CommandLine* line);
+  // Call it after the parse: throws WrongCall for --bom without --csv.
+  void Check() const;
+  bool IsGiven() const { return path_.has_value(); }
+  // Creates or replaces the file with the rows, UTF-8; nothing without --csv. Throws Failure, with
+  // an older file unchanged, if it cannot be written.
+  void Write(const Host& host, const std::string& rows) const;
+
+ private:
+  std::optional<std::string> path_;
+  bool hasMark_ = false;
+};
+
+}  // namespace tvx
