@@ -17,10 +17,9 @@ void CsvOption::Check() const {
 
 void CsvOption::Write(const Host& host, const std::string& rows) const {
   if (!path_) return;
-  const std::string path = host.DrivePath(*path_);
   const std::string mark(hasMark_ ? kUtf8Mark : "");
-  if (!WriteWholeFile(host.files.get(), path, mark + rows)) {
-    throw Failure{*path_, WriteProblem(host, path)};
+  if (!WriteWholeFile(host.files.get(), host.DrivePath(*path_), mark + rows)) {
+    throw Failure{*path_, WriteProblem(host.files->LastError())};
   }
 }
 

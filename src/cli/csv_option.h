@@ -14,7 +14,8 @@ class CsvOption {
   void AddTo(CommandLine* line);
   // Call it after the parse: throws WrongCall for --bom without --csv.
   void Check() const;
-  bool IsGiven() const { return path_.has_value(); }
+  // As the user named the file; null without --csv.
+  const std::string* path() const { return path_ ? &*path_ : nullptr; }
   // Creates or replaces the file with the rows, UTF-8; nothing without --csv. Throws Failure, with
   // an older file unchanged, if it cannot be written.
   void Write(const Host& host, const std::string& rows) const;

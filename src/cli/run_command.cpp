@@ -252,6 +252,9 @@ bool WriteOutputs(const Outputs& outputs, const Host& host,
   WriteOutput(host, outputs.listCopy, [&](const std::string& path) {
     return WriteListCopy(*outputs.listCopy, path, *results, files, &failed);
   });
+  if (outputs.csv.path() != nullptr && results->HasPart()) {
+    throw Failure{*outputs.csv.path(), WriteProblem(kPartSource)};
+  }
   outputs.csv.Write(host, ResultsCsv(*results, machineTimes));
   const bool copied = ReportFailedCopies(failed);
   if (outputs.sheet) {
