@@ -13,8 +13,6 @@ namespace {
 // millionths instead of 0, which shows in the pixels of the front view.
 constexpr float kRadiansPerDegree = 0.017453289F;
 
-constexpr float kLargestFittedScale = 500.0F;  // pixels per world unit
-
 struct ViewAngles {
   int32_t rotX, rotY, rotZ;  // degrees
 };
@@ -52,15 +50,15 @@ struct Bounds {
 }  // namespace
 
 void ViewTransform::UpdateTrigTable() {
-  const auto radians = [](int32_t degrees) {
+  const auto radians = [](double degrees) {
     return degrees * static_cast<double>(kRadiansPerDegree);
   };
   sinY = std::sin(radians(rotY));
   cosY = std::cos(radians(rotY));
-  sinZ = std::sin(radians(rotZ));
-  cosZ = std::cos(radians(rotZ));
-  sinX = std::sin(radians(rotX));
-  cosX = std::cos(radians(rotX));
+  sinZ = std::sin(radians(rotZ + fineRotZ));
+  cosZ = std::cos(radians(rotZ + fineRotZ));
+  sinX = std::sin(radians(rotX + fineRotX));
+  cosX = std::cos(radians(rotX + fineRotX));
 }
 
 bool SetViewMode(ViewTransform* view, int mode) {
@@ -69,6 +67,7 @@ bool SetViewMode(ViewTransform* view, int mode) {
   view->rotX = angles.rotX;
   view->rotY = angles.rotY;
   view->rotZ = angles.rotZ;
+  view->fineRotX = view->fineRotZ = 0;
   view->UpdateTrigTable();
   return true;
 }
@@ -91,6 +90,7 @@ void FitToPath(ViewTransform* view, BlockStore* store) {
   SetFittedScale(view, u.high - u.low, v.high - v.low);
   view->panX = TruncateToInt((u.high + u.low) * 0.5);
   view->panY = TruncateToInt((v.high + v.low) * 0.5);
+  view->finePanX = view->finePanY = 0;
 }
 
 void ZoomToRect(ViewTransform* view, Pixel press, Pixel release) {
@@ -102,13 +102,16 @@ void ZoomToRect(ViewTransform* view, Pixel press, Pixel release) {
   const double scale = view->viewScale;
   const int32_t hw = view->clientWidth / 2;
   const int32_t hh = view->clientHeight / 2;
-  const auto u1 = static_cast<float>((x1 - hw) / scale + view->panX);
-  const auto u2 = static_cast<float>((x2 - hw) / scale + view->panX);
-  const double v1 = (y1 - hh) / scale + view->panY;
-  const double v2 = (y2 - hh) / scale + view->panY;
+  const double panX = view->panX + view->finePanX;
+  const double panY = view->panY + view->finePanY;
+  const auto u1 = static_cast<float>((x1 - hw) / scale + panX);
+  const auto u2 = static_cast<float>((x2 - hw) / scale + panX);
+  const double v1 = (y1 - hh) / scale + panY;
+  const double v2 = (y2 - hh) / scale + panY;
   SetFittedScale(view, static_cast<double>(u2) - u1, v2 - v1);
   view->panX = TruncateToInt((static_cast<double>(u1) + u2) * 0.5);
   view->panY = TruncateToInt((v1 + v2) * 0.5);
+  view->finePanX = view->finePanY = 0;
 }
 
 void OnResize(ViewTransform* view, int32_t width, int32_t height) {

@@ -30,7 +30,15 @@ struct ViewTransform {
   int32_t clientHeight = 0;  // 0 until the first preparation
   int32_t sizedWidth = 0;    // pixels; the size last reported by the window
   int32_t sizedHeight = 0;
+
+  // What the mouse adds to the whole numbers above. All are 0 in a view that keys, fixed views, fit
+  // and zoom to a rectangle alone have set.
+  double finePanX = 0, finePanY = 0;  // world units
+  double fineRotX = 0, fineRotZ = 0;  // degrees
 };
+
+// The largest scale of a fit or a zoom, pixels per world unit.
+inline constexpr float kLargestFittedScale = 500.0F;
 
 // The fixed view modes, 1 to kViewModes.
 inline constexpr int kViewModes = 7;
@@ -62,8 +70,8 @@ inline ProjectedPixels ProjectToPixels(ViewTransform* view, const Vec3& point) {
   constexpr float kSmallestScale = 0.00001F;
   if (view->viewScale < kSmallestScale) view->viewScale = kSmallestScale;
   const Projected plane = ProjectToPlane(*view, point);
-  return {(plane.u - static_cast<double>(view->panX)) * view->viewScale,
-          (plane.v - view->panY) * view->viewScale};
+  return {(plane.u - (view->panX + view->finePanX)) * view->viewScale,
+          (plane.v - (view->panY + view->finePanY)) * view->viewScale};
 }
 
 // Pixel offset of a world point from the centre of the drawing area, truncated towards zero and
