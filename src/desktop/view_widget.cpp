@@ -5,12 +5,14 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <cmath>
+#include <cstdlib>
 #include <optional>
 
 #include "desktop/display_options.h"
 #include "desktop/empty_page.h"
 #include "desktop/language.h"
 #include "platform/vector_registers.h"
+#include "shell/program_steps.h"
 
 namespace tvx {
 
@@ -27,6 +29,16 @@ const struct {
     {Qt::Key_Insert, ViewKey::kInsert}, {Qt::Key_Delete, ViewKey::kDelete},
 };
 
+constexpr int kRestMilliseconds = 100;  // until the move under the mouse is marked
+constexpr double kMarkWidth = 3;        // of the line, pixels of a common screen
+constexpr double kMarkEnd = 4;          // half the side of the square at its end
+
+// No pen of a feed has these colours.
+const QColor& MarkColour(Mark mark) {
+  static const QColor colours[kMarks] = {QColor(255, 225, 0), QColor(255, 0, 255)};
+  return colours[static_cast<int>(mark)];
+}
+
 }  // namespace
 
 ViewWidget::ViewWidget(CTVXApp* app, QWidget* parent)
@@ -39,12 +51,23 @@ ViewWidget::ViewWidget(CTVXApp* app, QWidget* parent)
   setCursor(Qt::ArrowCursor);
   // After a release outside the widget, the rubber band follows the mouse without a button.
   setMouseTracking(true);
+  rest_.setSingleShot(true);
+  rest_.setInterval(kRestMilliseconds);
+  connect(&rest_, &QTimer::timeout, this, [this] {
+    ReleaseVectorRegisters();
+    Hover(view_.marks.MoveAt(SceneOf(&view_), restsAt_));
+  });
 }
 
 void ViewWidget::Redraw() {
   isStale_ = true;
   // Not visible: the next paint event draws. Visible: at once, not at the next idle moment.
   if (isVisible()) repaint();
+}
+
+void ViewWidget::RedrawSoon() {
+  isStale_ = true;
+  update();
 }
 
 ViewWidget::PictureOptions ViewWidget::Options() const {
@@ -85,12 +108,29 @@ void ViewWidget::paintEvent(QPaintEvent* /*event*/) {
   if (view_.fileName.empty() && view_.program.store.blockCount == 0) {
     PaintEmptyPage(rect(), &painter);
   }
+  for (const Mark mark : {Mark::kKept, Mark::kHovered}) PaintMark(mark, &painter);
   if (const auto corners = commands_.RubberBand()) {
+    painter.setPen(QColor(0, 255, 0));
     const QPointF press((*corners)[0].x / ratio, (*corners)[0].y / ratio);
     const QPointF last((*corners)[1].x / ratio, (*corners)[1].y / ratio);
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(QRectF(press, last).normalized());
   }
+}
+
+// With a square at the end point, where the text of the move says that it ends.
+void ViewWidget::PaintMark(Mark mark, QPainter* painter) {
+  const double ratio = devicePixelRatioF();
+  QPolygonF line;
+  for (const Pixel point : view_.marks.LineOf(mark, SceneOf(&view_))) {
+    line << QPointF((point.x - origin_.x + 0.5) / ratio, (point.y - origin_.y + 0.5) / ratio);
+  }
+  if (line.isEmpty()) return;
+  painter->setPen(QPen(MarkColour(mark), kMarkWidth));
+  painter->drawPolyline(line);
+  painter->fillRect(
+      QRectF(line.last() - QPointF(kMarkEnd, kMarkEnd), QSizeF(2 * kMarkEnd, 2 * kMarkEnd)),
+      MarkColour(mark));
 }
 
 void ViewWidget::resizeEvent(QResizeEvent* /*event*/) {
@@ -119,17 +159,57 @@ void ViewWidget::keyPressEvent(QKeyEvent* event) {
   QWidget::keyPressEvent(event);
 }
 
-Pixel ViewWidget::AreaPoint(const QMouseEvent& event) const {
+Pixel ViewWidget::AreaPoint(const QSinglePointEvent& event) const {
   const double ratio = devicePixelRatioF();
   return {static_cast<int32_t>(std::floor(event.position().x() * ratio)),
           static_cast<int32_t>(std::floor(event.position().y() * ratio))};
 }
 
 void ViewWidget::mousePressEvent(QMouseEvent* event) {
+  rest_.stop();
+  drag_.End();
   if (event->button() == Qt::RightButton) commands_.PressRight(AreaPoint(*event));
+  if (event->buttons() == Qt::MiddleButton) BeginDrag(*event);
   if (event->button() != Qt::LeftButton) return;
+  if (event->modifiers() == Qt::ControlModifier) {
+    Keep(view_.marks.MoveAt(SceneOf(&view_), AreaPoint(*event)));
+    return;
+  }
   OpenCommandPad(&view_);
   emit CommandPadClosed();
+}
+
+void ViewWidget::BeginDrag(const QMouseEvent& event) {
+  Hover({});
+  const Pixel point = AreaPoint(event);
+  if (event.modifiers() == Qt::ShiftModifier) {
+    drag_.BeginPan(point);
+  } else {
+    drag_.BeginTurn(point, view_.marks.PivotAt(SceneOf(&view_), point));
+  }
+}
+
+void ViewWidget::Hover(std::optional<uint32_t> block) {
+  if (!view_.marks.Set(Mark::kHovered, view_.program, block)) return;
+  update();
+  emit HoveredMoveChanged();
+}
+
+void ViewWidget::Keep(std::optional<uint32_t> block) {
+  if (!view_.marks.Set(Mark::kKept, view_.program, block)) return;
+  update();
+  emit KeptMoveChanged();
+}
+
+void ViewWidget::Centre(uint32_t block, bool onlyIfOutside) {
+  const MotionBlock* const stored = view_.program.store.Peek(block);
+  if (stored == nullptr || !IsMoveType(stored->type)) return;
+  ViewTransform* const transform = &view_.view.transform;
+  const Pixel pixel = Project(transform, EndPoint(*stored));
+  const Pixel corner = TopLeftOf(*transform);
+  if (onlyIfOutside && std::abs(pixel.x) < -corner.x && std::abs(pixel.y) < -corner.y) return;
+  CentreOn(transform, EndPoint(*stored));
+  RedrawSoon();
 }
 
 // Mouse events outside the area are ignored. Qt sends them until the button is released.
@@ -138,13 +218,32 @@ bool ViewWidget::IsInside(const QMouseEvent& event) const {
 }
 
 void ViewWidget::mouseMoveEvent(QMouseEvent* event) {
-  if (IsInside(*event) && commands_.MoveMouse(AreaPoint(*event))) update();
+  const Pixel point = AreaPoint(*event);
+  if (IsInside(*event) && commands_.MoveMouse(point)) update();
+  if (drag_.MoveTo(point, &view_.view.transform)) RedrawSoon();
+  if (event->buttons() != Qt::NoButton) return;
+  restsAt_ = point;
+  rest_.start();
 }
 
 void ViewWidget::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::MiddleButton) drag_.End();
   if (event->button() == Qt::RightButton && IsInside(*event)) {
     commands_.ReleaseRight(AreaPoint(*event));
   }
+}
+
+void ViewWidget::wheelEvent(QWheelEvent* event) {
+  constexpr double kUnitsPerStep = 120;
+  event->accept();
+  if (event->buttons() != Qt::NoButton) return;
+  ZoomAt(&view_.view.transform, AreaPoint(*event), event->angleDelta().y() / kUnitsPerStep);
+  RedrawSoon();
+}
+
+void ViewWidget::leaveEvent(QEvent* /*event*/) {
+  rest_.stop();
+  Hover({});
 }
 
 }  // namespace tvx

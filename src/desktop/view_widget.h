@@ -2,13 +2,19 @@
 #pragma once
 
 #include <QImage>
+#include <QTimer>
 #include <QWidget>
 #include <array>
+#include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "shell/tvx_view.h"
 #include "shell/view_operations.h"
+#include "view/mouse_view.h"
 #include "view/raster_device.h"
+
+class QSinglePointEvent;
 
 namespace tvx {
 
@@ -29,11 +35,20 @@ class ViewWidget : public QWidget {
   // Draws the picture from the store and shows it before it returns.
   void Redraw();
 
+  // Keeps a block as the one in work, or none, and marks it.
+  void Keep(std::optional<uint32_t> block);
+  // Brings the end of a block into the middle of the picture; if asked so, only when it is outside
+  // the area.
+  void Centre(uint32_t block, bool onlyIfOutside);
+
  signals:
   // The picture has been drawn anew: program, feeds or view may have changed.
   void Drawn();
   // The command pad has closed and its command has run.
   void CommandPadClosed();
+  // Another move, or none, is marked.
+  void HoveredMoveChanged();
+  void KeptMoveChanged();
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -42,11 +57,18 @@ class ViewWidget : public QWidget {
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void leaveEvent(QEvent* event) override;
   bool event(QEvent* event) override;
 
  private:
   void DrawPicture();
-  Pixel AreaPoint(const QMouseEvent& event) const;
+  void PaintMark(Mark mark, QPainter* painter);
+  // Draws the picture at the next idle moment: of several changes only the last one.
+  void RedrawSoon();
+  void BeginDrag(const QMouseEvent& event);
+  void Hover(std::optional<uint32_t> block);
+  Pixel AreaPoint(const QSinglePointEvent& event) const;
   bool IsInside(const QMouseEvent& event) const;
   // The options that affect the picture; a dialog can change them without a redraw.
   using PictureOptions = std::array<int32_t, 3>;
@@ -54,6 +76,9 @@ class ViewWidget : public QWidget {
 
   CTVXView view_;
   ViewCommands commands_;
+  MouseDrag drag_;
+  QTimer rest_;  // since the last move of the mouse
+  Pixel restsAt_;
   QImage image_;  // the picture as drawn last; an exposure only shows it again
   std::vector<RasterDevice::PlacedText> texts_;
   Pixel origin_;  // logical coordinates of the image's first pixel

@@ -33,6 +33,7 @@ struct NcProgram {
   uint64_t lostBlocks = 0;       // of the load: those that found no place in the store
   bool isPart = false;           // a read failed before the end of the file
   ProgramSource source = {};
+  uint32_t edition = 0;  // another number for each program that fills the store
 };
 
 // Leaves a program as a load begins: without blocks, in absolute mode, with a silent first point.
@@ -44,6 +45,7 @@ inline void EmptyProgram(NcProgram* program) {
   program->isPart = false;
   program->incrementalMode = 0;
   program->source = {};
+  ++program->edition;
 }
 
 }  // namespace tvx

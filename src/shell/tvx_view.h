@@ -12,6 +12,7 @@
 #include "shell/application.h"
 #include "shell/option_dialog.h"
 #include "shell/view_check.h"
+#include "shell/view_marks.h"
 #include "stats/file_information.h"
 #include "stats/result_table.h"
 #include "view/command_pad.h"
@@ -39,6 +40,7 @@ class CTVXView {
   CTVXApp* const app;
   NcProgram program;     // the stored moves, with the register CurrentBlock
   ViewState view;        // the picture of them: transform, rapids shown or not
+  ViewMarks marks;       // the moves that are marked in the picture
   std::string fileName;  // of the program in the store, without directory; empty if there is none
   std::string filePath;  // as it was passed to the load
   uint32_t loads = 0;    // number of programs read; a failed load does not count
