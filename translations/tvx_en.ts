@@ -953,5 +953,9 @@
         <source>설명서가 설치되어 있지 않습니다.</source>
         <translation>The guide is not installed.</translation>
     </message>
+    <message>
+        <source>리스트에 넣지 못했습니다.</source>
+        <translation>The file was not inserted into the list.</translation>
+    </message>
 </context>
 </TS>

@@ -22,6 +22,15 @@ constexpr const char* kInputNumbers[] = {"toolDiameter", "toolLength", "fluteLen
 constexpr const char* kMachineNumbers[] = {"maxFeedRate", "maxSpindle", "idlePower", "ncPower"};
 constexpr const char* kResultNumbers[] = {"spindleOut", "feedOut", "removalOut"};
 
+// In the colour of the window, since it looks like a field to type into otherwise.
+void ShowAsResult(QLineEdit* edit) {
+  edit->setReadOnly(true);
+  edit->setFocusPolicy(Qt::ClickFocus);
+  QPalette palette = edit->palette();
+  palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+  edit->setPalette(palette);
+}
+
 }  // namespace
 
 CalculatorFace::CalculatorFace(CGetFeedDlg* dialog, QWidget* parent)
@@ -87,7 +96,7 @@ void CalculatorFace::AddNumbers(QFormLayout* form, std::span<const char* const> 
                                       dialog_->EditNumber(*number, text);
                                       ShowResults();
                                     });
-    edit->setReadOnly(number->recalculate == nullptr);
+    if (number->recalculate == nullptr) ShowAsResult(edit);
     numbers_[static_cast<size_t>(number - all.begin())] = edit;
   }
 }

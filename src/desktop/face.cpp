@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QShowEvent>
 #include <utility>
 
 #include "desktop/language.h"
@@ -14,6 +15,13 @@ namespace tvx {
 
 Face::Face(std::string_view title, QWidget* parent) : QDialog(parent) {
   setWindowTitle(Translated(title));
+}
+
+void Face::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  if (event->spontaneous()) return;
+  if (focusWidget() == nullptr) focusNextChild();
+  if (auto* const edit = qobject_cast<QLineEdit*>(focusWidget())) edit->selectAll();
 }
 
 void Face::End(Closing closing) {

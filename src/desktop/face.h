@@ -21,6 +21,9 @@ class Face : public QDialog {
   Face(std::string_view title, QWidget* parent);
 
  protected:
+  // The text of the first field is selected, so that typing replaces it.
+  void showEvent(QShowEvent* event) override;
+
   // Ends the dialog, or not, as an operation of its logic says.
   void End(Closing closing);
 

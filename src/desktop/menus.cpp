@@ -32,7 +32,8 @@ QWidget* Menus::BarOf(CommandId id) const {
 QAction* Menus::Add(QWidget* place, CommandId id, const QString& text) {
   QAction* const action = place->addAction(text);
   action->setStatusTip(Translated(window_->PromptOf(id)));
-  action->setCheckable(id == CommandId::kToolBar || id == CommandId::kStatusBar);
+  action->setCheckable(id == CommandId::kToolBar || id == CommandId::kStatusBar ||
+                       id == CommandId::kToggleRapids);
   connect(action, &QAction::triggered, window_, [this, id] { window_->RunCommand(id); });
   actions_[id].push_back(action);
   return action;
@@ -137,11 +138,14 @@ void Menus::ShowState() {
     bar->clear();
     bar->addActions(menus);
   }
+  ViewWidget* const active = window_->ActiveView();
+  const bool showsRapids = active != nullptr && active->view().view.RapidVisible == 1;
   for (const auto& [id, actions] : actions_) {
     const QWidget* const toggled = BarOf(id);
     for (QAction* const action : actions) {
       action->setEnabled(window_->IsReady(id));
       if (toggled != nullptr) action->setChecked(toggled->isVisible());
+      if (id == CommandId::kToggleRapids) action->setChecked(showsRapids);
     }
   }
 }

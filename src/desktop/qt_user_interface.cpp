@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QHeaderView>
 #include <QMessageBox>
 #include <QTreeView>
@@ -125,6 +126,15 @@ void ShowWholeColumns(QFileDialog* chooser) {
   }
 }
 
+// A box takes its width from its text, and the frame would cut a longer caption.
+void MakeRoomForCaption(QMessageBox* box) {
+  constexpr int kFrameButtons = 160;  // pixels, with the icon
+  auto* const grid = qobject_cast<QGridLayout*>(box->layout());
+  if (grid == nullptr) return;
+  const int width = box->fontMetrics().horizontalAdvance(box->windowTitle()) + kFrameButtons;
+  grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 }  // namespace
 
 bool QtUserInterface::ShowMessage(const Message& message) {
@@ -132,6 +142,7 @@ bool QtUserInterface::ShowMessage(const Message& message) {
   QMessageBox box(IconOf(message.icon), Translated(message.caption),
                   about + Translated(message.text), ButtonsOf(message.buttons), Parent());
   box.setTextFormat(Qt::PlainText);  // a name in it may look like a tag
+  MakeRoomForCaption(&box);
   const int answer = box.exec();
   return answer == QMessageBox::Ok || answer == QMessageBox::Yes;
 }
@@ -155,7 +166,8 @@ bool QtUserInterface::ChooseFile(const FileQuestion& question, std::string* path
   QFileDialog chooser(Parent());
   ShowWholeColumns(&chooser);
   chooser.setDirectory(StartDirectory(question));
-  chooser.setAcceptMode(question.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  const bool showsSave = question.save && !question.opens && !question.mustExist;
+  chooser.setAcceptMode(showsSave ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   const bool takesNewNames = question.save && !question.mustExist;
   chooser.setFileMode(takesNewNames ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
   if (!question.title.empty()) chooser.setWindowTitle(Translated(question.title));

@@ -92,6 +92,7 @@ QWidget* CutTimeListFace::BuildLists() {
   label->setBuddy(total_);
   totalRow->addWidget(label);
   totalRow->addWidget(total_);
+  totalRow->addWidget(new QLabel("min", box));
   totalRow->addStretch(1);
   column->addLayout(totalRow);
   return box;

@@ -22,6 +22,8 @@ constexpr char kInfoFile[] = "info";
 constexpr char kKeyCodeFile[] = "KeyCode";
 constexpr size_t kCheckedBytes = 100;  // of a file that enters the list: all have to be 7-bit text
 
+constexpr char kNotInserted[] = "리스트에 넣지 못했습니다.";
+
 constexpr char kError[] = "Error message";
 constexpr char kDnc[] = "DNC message";
 
@@ -187,6 +189,7 @@ void CTransferDlg::AppendSelected() {
 bool CTransferDlg::IsReadableProgram(const std::string& path) {
   const std::unique_ptr<InputFile> file = files_->OpenForReading(path);
   if (file == nullptr) {
+    ui_->ShowStatus(kNotInserted, path);
     // A file that has vanished since the list was filled counts as an empty one.
     const bool exists = files_->Exists(path);
     ui_->ShowMessage(MessageOf(exists ? JobMessage::kCannotOpen : JobMessage::kCannotEnter));
@@ -195,6 +198,7 @@ bool CTransferDlg::IsReadableProgram(const std::string& path) {
   char bytes[kCheckedBytes];
   const size_t count = file->Read(bytes, sizeof bytes);
   if (count == 0 || !std::all_of(bytes, bytes + count, IsSevenBit)) {
+    ui_->ShowStatus(kNotInserted, path);
     ui_->ShowMessage(MessageOf(JobMessage::kCannotEnter));
     return false;
   }

@@ -170,6 +170,7 @@ Closing CCutTimeListDlg::Export() {
   std::string path;
   if (ui_->ChooseFile(WorkbookQuestion(), &path) &&
       !ExportSpreadsheet(path, results_, spreadsheets_)) {
+    ShowWritten(false, path, ui_);
     ui_->ShowMessage({.text = kNoSpreadsheetProgram});
   }
   return Closing::kStaysOpen;

@@ -40,7 +40,8 @@ void Load(CTVXView* view, int /*argument*/) {
                               .filter = "Nc file (*.nc)|*.nc|모든 화일(*.*)|*.*||",
                               .directory = "",
                               .title = "불러오기",
-                              .acceptLabel = "불러오기"};
+                              .acceptLabel = "불러오기",
+                              .opens = true};
   if (!view->app->ui->ChooseFile(question, &path)) return;
   if (CreateIfMissing(path, *view->app)) LoadProgram(view, path);
 }

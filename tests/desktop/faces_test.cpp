@@ -74,7 +74,7 @@ TEST_F(DialogFaces, Settings) {
 
   RunCommand(kMasterBuild, "Tool=7 | Cancel");
   RunCommand(kMasterBuild, "Tool?10 | Tool=6.5 | Machining=0.25 | Master=2 | OK");
-  RunCommand(kMasterBuild, "Tool?6.5 | Machining?0.25 | Master?2 | Cancel");
+  RunCommand(kMasterBuild, "Tool?6.5 | Tool<6 | Tool?6 | Machining?0.25 | Master?2 | Cancel");
 
   record = Record("RapidFeed=7000");
   COptionDlg options(files.get(), &ui);

@@ -145,7 +145,7 @@ TEST_F(CutTimeList, FailureOfAReportIsShownAndKeepsTheOlderFile) {
       {"AFA 출력, Copy", list, notSaved},
       {"스프레드시트 출력",
        "save existing *.xls,Excel file (*.xls)|*.xls|모든 화일(*.*)|*.*||,",
-       {"message Couldn't start Excel."}},
+       {notSaved[0], "message Couldn't start Excel."}},
   };
   Record({{"a.nc", 1}});
   files.Put("c:\\marlo\\out", "File older");
