@@ -67,7 +67,7 @@ class Surroundings(unittest.TestCase):
     def test_run_over_a_loop_a_folder_and_an_odd_name_creates_nothing(self):
         (self.folder / "again.nc").symlink_to("again.nc")
         (self.folder / "pipe.nc").mkdir()
-        jobs = self.write_list(b"again.nc", b"pipe.nc", b"\x00\x01\xff.nc", b"part.nc")
+        jobs = self.write_list(b"again.nc", b"pipe.nc", b"\xff.nc", b"part.nc")
         before = {*os.listdir(self.folder), "home"}
         run = self.run_tool("run", "--json", jobs)
         self.assertEqual([line.rsplit(b": ")[-1] for line in run.stderr.splitlines()],
