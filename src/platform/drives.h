@@ -65,8 +65,8 @@ std::string AbsoluteDrivePath(const std::string& directory, const std::string& p
 // the end except for the root. The letters keep their case.
 std::string NormalDrivePath(std::string_view drivePath);
 
-// True if a ".." is left in the path once it is normalised: it leads above the root or, without one,
-// above the directory that it starts from.
+// True if a ".." is left in the path once it is normalised: it leads above the root or, without
+// one, above the directory that it starts from.
 bool LeadsAbove(std::string_view path);
 
 // The system's Windows directory, as every path of it is built.
