@@ -954,6 +954,14 @@
         <translation>The guide is not installed.</translation>
     </message>
     <message>
+        <source>예(&amp;Y)</source>
+        <translation>&amp;Yes</translation>
+    </message>
+    <message>
+        <source>아니오(&amp;N)</source>
+        <translation>&amp;No</translation>
+    </message>
+    <message>
         <source>리스트에 넣지 못했습니다.</source>
         <translation>The file was not inserted into the list.</translation>
     </message>

@@ -135,7 +135,7 @@ SendOptionFace::SendOptionFace(CSendOptionDlg* dialog, QWidget* parent)
       });
   // The big button shows the machining condition, a line for each value.
   condition_ = AddButton(column, dialog->conditionText, then(&CSendOptionDlg::OpenCondition));
-  condition_->setStyleSheet("text-align: left; padding: 8px;");
+  ShowAsBigButton(condition_);
 
   auto* const checks = new QHBoxLayout;
   column->addLayout(checks);

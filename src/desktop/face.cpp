@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QShowEvent>
+#include <QStyle>
 #include <utility>
 
 #include "desktop/language.h"
@@ -87,6 +88,16 @@ void ShowFileCaption(QPushButton* button, const QString& text) {
   const QString shown = button->fontMetrics().elidedText(text, Qt::ElideMiddle, kWidth);
   ShowCaption(button, shown);
   button->setToolTip(shown == text ? QString() : text.toHtmlEscaped());
+}
+
+void ShowAsBigButton(QPushButton* button) {
+  button->setIcon(button->style()->standardIcon(QStyle::SP_FileDialogDetailedView));
+  button->setStyleSheet(
+      "QPushButton { text-align: left; padding: 6px; border: 1px solid palette(mid);"
+      " border-bottom: 3px solid palette(mid); border-radius: 4px; background: palette(light); }"
+      "QPushButton:hover { background: palette(base); }"
+      "QPushButton:focus { border-color: palette(highlight); }"
+      "QPushButton:pressed { background: palette(midlight); }");
 }
 
 void ResizeOnScreen(QWidget* window, QSize wanted) {

@@ -56,6 +56,10 @@ void ShowCaption(QPushButton* button, QString text);
 // shows all of it.
 void ShowFileCaption(QPushButton* button, const QString& text);
 
+// Gives a button of several lines an edge, a colour of its own and an icon: it would look like a
+// text otherwise.
+void ShowAsBigButton(QPushButton* button);
+
 // Resizes a window, at most to the size of the screen.
 void ResizeOnScreen(QWidget* window, QSize wanted);
 

@@ -210,7 +210,7 @@ QWidget* TransferFace::BuildOptions() {
       [this] { dialog_->ToggleDeleteM30(); });
   restart_ = AddOperation(row, CTransferDlg::kRestartButton, &CTransferDlg::SetRestart);
   condition_ = AddOperation(row, CTransferDlg::kConditionButton, &CTransferDlg::SetCondition);
-  condition_->setStyleSheet("text-align: left; padding: 4px;");
+  ShowAsBigButton(condition_);
   row->setStretch(1, 1);
   row->setStretch(2, 2);
   return box;

@@ -79,6 +79,12 @@ MainWindow::MainWindow(CTVXApp* app, const Drives* drives, const QString& settin
   });
   menus_->ShowState();
   ShowFileName();
+  EnterWorkDirectory();
+}
+
+void MainWindow::EnterWorkDirectory() {
+  app_->files->SetCurrentDirectory(app_->configuration.WorkDir);
+  workDirectory_ = app_->files->CurrentDirectory();
 }
 
 // The child windows are destroyed after the members of this one, and must not call it meanwhile.
@@ -159,7 +165,10 @@ const MainWindow::FrameCommand* MainWindow::FindFrameCommand(CommandId id) {
       {CommandId::kAbout, [](MainWindow* window, int) { window->ShowAbout(); }},
       {CommandId::kConfiguration,
        [](MainWindow* window, int) {
-         EditConfiguration(&window->app_->configuration, window->app_->files, window->app_->ui);
+         CTVXApp* const app = window->app_;
+         const bool isAtWork = app->files->CurrentDirectory() == window->workDirectory_;
+         EditConfiguration(&app->configuration, app->files, app->ui);
+         if (isAtWork) window->EnterWorkDirectory();
        }},
       {CommandId::kDirectoryList,
        [](MainWindow* window, int) {

@@ -74,6 +74,8 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   };
   static const FrameCommand* FindFrameCommand(CommandId id);
 
+  // The choosers start in the configured work directory, until a file is opened elsewhere.
+  void EnterWorkDirectory();
   void BindChildWindowKeys();
   void ShowFileName();
   // Has the program of the view in work checked in steps, when nothing else is to be done.
@@ -90,6 +92,7 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   Printing printing_;
   QTimer checkSteps_;
   bool isDrawnAnew_ = false;    // since ShowProgram; a command draws each change
+  std::string workDirectory_;   // as the files report it
   int views_ = 0;               // opened so far
   QPointer<ViewWidget> named_;  // the view whose program title and status bar name
 };

@@ -133,14 +133,15 @@ void Printing::Preview(CTVXView* view) {
 
 bool Printing::PrintTo(QPrinter* printer, CTVXView* view) {
   QPainter painter;
+  const QString file = printer->outputFileName();
   if (!painter.begin(printer)) {
+    if (!file.isEmpty()) ShowWritten(false, FromQt(file), ui_);
     ui_->ShowMessage({.text = "인쇄할 수 없습니다."});
     return false;
   }
   PaintOnPage({&view->program, &view->job, &view->view},
               QRectF(QPointF(0, 0), printer->pageRect(QPrinter::DevicePixel).size()), &painter);
   const bool hasEnded = painter.end();
-  const QString file = printer->outputFileName();
   if (file.isEmpty() || printer->outputFormat() != QPrinter::PdfFormat) return hasEnded;
   const bool isWritten = hasEnded && IsCompletePdf(file);
   ShowWritten(isWritten, FromQt(file), ui_);

@@ -7,8 +7,10 @@
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTreeView>
 #include <memory>
+#include <utility>
 
 #include "base/path_text.h"
 #include "desktop/calculator_face.h"
@@ -135,6 +137,18 @@ void MakeRoomForCaption(QMessageBox* box) {
   grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
+// The buttons have the language of the text, also where the toolkit has no texts in it.
+void NameButtons(QMessageBox* box) {
+  constexpr std::pair<QMessageBox::StandardButton, const char*> kNames[] = {
+      {QMessageBox::Ok, "확인"},
+      {QMessageBox::Cancel, "취소"},
+      {QMessageBox::Yes, "예(&Y)"},
+      {QMessageBox::No, "아니오(&N)"}};
+  for (const auto& [button, name] : kNames) {
+    if (box->button(button) != nullptr) box->button(button)->setText(Translated(name));
+  }
+}
+
 }  // namespace
 
 bool QtUserInterface::ShowMessage(const Message& message) {
@@ -142,6 +156,7 @@ bool QtUserInterface::ShowMessage(const Message& message) {
   QMessageBox box(IconOf(message.icon), Translated(message.caption),
                   about + Translated(message.text), ButtonsOf(message.buttons), Parent());
   box.setTextFormat(Qt::PlainText);  // a name in it may look like a tag
+  NameButtons(&box);
   MakeRoomForCaption(&box);
   const int answer = box.exec();
   return answer == QMessageBox::Ok || answer == QMessageBox::Yes;

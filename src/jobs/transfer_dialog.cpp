@@ -212,6 +212,7 @@ void CTransferDlg::InsertFile(size_t position) {
   if (listOptions_.AfaByMaster == 1 && !AcceptWord(listOptions_.AfaMasterFile, ui_)) return;
   if (!IsReadableProgram(path)) return;
   if (list.IsFull()) {
+    ui_->ShowStatus(kNotInserted, path);
     ui_->ShowMessage(MessageOf(JobMessage::kCannotEnter));
     return;
   }

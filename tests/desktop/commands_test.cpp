@@ -167,7 +167,7 @@ CommandsTest::CommandsTest() {
        {"marlo/info1.dat|file part.nc|fitted|results 1", "화일 리#part.nc | 삽입 | 전송"}},
       {kResultList, {"", "?TVX 출력 | Esc"}},
       {kMasterBuild, {"file |master|rapids 01", "OK"}},
-      {kMasterDelete, {"no master", "OK", makeMaster}},
+      {kMasterDelete, {"no master", "확인", makeMaster}},
       {kMasterSave, {"cd c:\\marlo|marlo/a.mma", "c:\\marlo\\a.mma", makeMaster}},
       {kMasterLoad, {"cd c:\\marlo|file |master|rapids 01", "c:\\marlo\\kept.mma"}},
       {kRedraw, {"results 1", "", countDrawing}},

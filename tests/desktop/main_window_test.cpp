@@ -58,6 +58,19 @@ TEST_F(MainWindowTest, TitleAndStatusBarNameProgramOfActiveWindow) {
   ExpectShown("part.nc", "c:\\marlo\\ncdata\\part.nc");
 }
 
+TEST_F(MainWindowTest, ChoosersStartInWorkDirectoryUntilFileIsOpened) {
+  EXPECT_EQ(files->CurrentDirectory(), "c:\\marlo\\ncdata");
+  RunCommand(kConfiguration, "작업=c:\\marlo | 저장");
+  EXPECT_EQ(files->CurrentDirectory(), "c:\\marlo");
+  Load("part.nc", kProgram);
+  RunCommand(kConfiguration, "작업=c:\\windows | 저장");
+  EXPECT_EQ(files->CurrentDirectory(), "c:\\marlo\\ncdata");
+  user.Next("?화일을 열수 없읍니다.\n | 확인");
+  window->LoadHostFile(ToQt((home / "drive_c").string()));
+  Settle();
+  ExpectShown("TVX2", "c:\\: 불러오지 못했습니다.");
+}
+
 TEST_F(MainWindowTest, CheckOfLoadedProgramListsLinesLeftOut) {
   auto* const rows = window->findChild<QTreeWidget*>();
   const auto* const remark =
@@ -249,7 +262,7 @@ TEST_F(MainWindowTest, PageHasPictureOfScreen) {
   EXPECT_TRUE(window->PrintTo(&printer));
   EXPECT_TRUE(HostBytes(home / "page.pdf").starts_with("%PDF-"));
   for (const std::string& file : {(home / "no/such/folder/page.pdf").string(), "/dev/full"s}) {
-    user.Next("OK");
+    user.Next("확인");
     printer.setOutputFileName(ToQt(file));
     printer.setOutputFormat(QPrinter::PdfFormat);
     EXPECT_FALSE(window->PrintTo(&printer)) << file;
