@@ -94,10 +94,10 @@ void ShowAsBigButton(QPushButton* button) {
   button->setIcon(button->style()->standardIcon(QStyle::SP_FileDialogDetailedView));
   button->setStyleSheet(
       "QPushButton { text-align: left; padding: 6px; border: 1px solid palette(mid);"
-      " border-bottom: 3px solid palette(mid); border-radius: 4px; background: palette(light); }"
-      "QPushButton:hover { background: palette(base); }"
+      " border-bottom: 3px solid palette(mid); border-radius: 4px; background: palette(midlight); }"
+      "QPushButton:hover { background: palette(light); }"
       "QPushButton:focus { border-color: palette(highlight); }"
-      "QPushButton:pressed { background: palette(midlight); }");
+      "QPushButton:pressed { background: palette(mid); }");
 }
 
 void ResizeOnScreen(QWidget* window, QSize wanted) {

@@ -87,6 +87,7 @@ void ViewWidget::DrawPicture() {
   ReleaseVectorRegisters();
   Paint({&view_.program, &view_.job, &view_.view}, &device);
   texts_ = device.texts();
+  isEmpty_ = view_.fileName.empty() && view_.program.store.blockCount == 0;
   isStale_ = false;
   shownOptions_ = Options();
   emit Drawn();
@@ -105,9 +106,7 @@ void ViewWidget::paintEvent(QPaintEvent* /*event*/) {
     const QPointF corner((text.point.x - origin_.x) / ratio, (text.point.y - origin_.y) / ratio);
     painter.drawText(corner + QPointF(0, ascent), ToQt(text.text));
   }
-  if (view_.fileName.empty() && view_.program.store.blockCount == 0) {
-    PaintEmptyPage(rect(), &painter);
-  }
+  if (isEmpty_) PaintEmptyPage(rect(), &painter);
   for (const Mark mark : {Mark::kKept, Mark::kHovered}) PaintMark(mark, &painter);
   if (const auto corners = commands_.RubberBand()) {
     painter.setPen(QColor(0, 255, 0));
