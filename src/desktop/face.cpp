@@ -94,7 +94,7 @@ void ShowAsBigButton(QPushButton* button) {
   button->setIcon(button->style()->standardIcon(QStyle::SP_FileDialogDetailedView));
   button->setStyleSheet(
       "QPushButton { text-align: left; padding: 6px; border: 1px solid palette(mid);"
-      " border-bottom: 3px solid palette(mid); border-radius: 4px; background: palette(midlight); }"
+      " border-bottom: 3px solid palette(mid); border-radius: 4px; background: palette(button); }"
       "QPushButton:hover { background: palette(light); }"
       "QPushButton:focus { border-color: palette(highlight); }"
       "QPushButton:pressed { background: palette(mid); }");

@@ -81,7 +81,7 @@ class ViewWidget : public QWidget {
   Pixel restsAt_;
   QImage image_;  // the picture as drawn last; an exposure only shows it again
   std::vector<RasterDevice::PlacedText> texts_;
-  Pixel origin_;  // logical coordinates of the image's first pixel
+  Pixel origin_;          // logical coordinates of the image's first pixel
   bool isEmpty_ = false;  // the picture shows no program
   bool isStale_ = true;
   PictureOptions shownOptions_{};
