@@ -6,6 +6,8 @@
 #include <memory>
 
 #include "feed/feed_pass.h"
+#include "feed/zones.h"
+#include "insight/feed_causes.h"
 #include "measuring.h"
 #include "workspace.h"
 
@@ -18,6 +20,7 @@ struct MeasuredPath {
   std::unique_ptr<LoadedProgram> loaded = std::make_unique<LoadedProgram>();
   std::vector<double> seconds = {};
   std::vector<double> ratios = {};
+  std::vector<double> causeRatios = {};  // pass that is followed / pass
 };
 
 double ToThreeDecimals(double value) {
@@ -39,6 +42,22 @@ void FillHelix(BlockStore* store, uint64_t blocks, double radius, double spacing
   }
 }
 
+// Every move ends in a right angle and has room for a zone at each end: all of them change.
+void FillStairs(BlockStore* store, uint64_t blocks) {
+  constexpr float kStep = 12.0F;  // mm
+  constexpr uint64_t kTurns = 1000;
+  store->blockCount = 0;
+  store->CurrentBlock = MotionBlock();
+  store->CurrentBlock.type = BlockRapidStart;
+  for (uint64_t i = 0; i < blocks; ++i) {
+    const auto turn = static_cast<float>(i % kTurns);
+    float* const moved = i % 2 == 0 ? &store->CurrentBlock.x : &store->CurrentBlock.y;
+    *moved = (i / kTurns % 2 == 0 ? turn : -turn) * kStep;
+    Require(store->WriteBlock(store->blockCount++) == 1, "no memory for the path");
+    store->CurrentBlock.type = BlockCut;
+  }
+}
+
 std::vector<MeasuredPath> MakePaths(uint64_t blocks, const Workspace& workspace) {
   std::vector<MeasuredPath> paths;
   const auto addFile = [&](const char* name, ProgramKind kind, double spacing) {
@@ -50,6 +69,8 @@ std::vector<MeasuredPath> MakePaths(uint64_t blocks, const Workspace& workspace)
   addFile("raster 1 mm", ProgramKind::kRaster, 1.0);
   addFile("raster 0.01 mm", ProgramKind::kRaster, 0.01);
   addFile("arcs 0.1 mm", ProgramKind::kArcs, 0.1);
+  paths.push_back({"stairs"});
+  FillStairs(&paths.back().loaded->program.store, blocks);
   for (const double spacing : {0.1, 0.01}) {
     paths.push_back({"helix of 4 mm, " + Fixed(spacing, 2) + " mm"});
     FillHelix(&paths.back().loaded->program.store, blocks, 2.0, spacing);
@@ -57,11 +78,27 @@ std::vector<MeasuredPath> MakePaths(uint64_t blocks, const Workspace& workspace)
   return paths;
 }
 
+// The pass keeps the zones of an earlier one; without them every pass changes as much.
+void DropAllZones(BlockStore* store) {
+  for (uint32_t i = 0; i < store->blockCount; ++i) {
+    store->ReadBlock(i);
+    DropZones(&store->CurrentBlock);
+    store->WriteBlock(i);
+  }
+}
+
 void MeasurePass(MeasuredPath* path) {
   FeedPassMemory memory;
   NcProgram* const program = &path->loaded->program;
-  const double seconds = Seconds([&] { FeedPass(program, path->loaded->job, nullptr, &memory); });
+  const JobRecord& job = path->loaded->job;
+  DropAllZones(&program->store);
+  const double seconds = Seconds([&] { FeedPass(program, job, nullptr, &memory); });
+  DropAllZones(&program->store);
+  FeedCauses causes;
+  const double followed = Seconds(
+      [&] { FeedPass(program, job, nullptr, &memory, causes.Follow(program->store.blockCount)); });
   path->seconds.push_back(seconds / program->store.blockCount);
+  path->causeRatios.push_back(followed / seconds);
 }
 
 void MeasureSize(uint64_t blocks, int repetitions, const Table& table, const Workspace& workspace) {
@@ -74,7 +111,8 @@ void MeasureSize(uint64_t blocks, int repetitions, const Table& table, const Wor
   }
   for (const MeasuredPath& path : paths) {
     table.Row({path.name, Grouped(path.loaded->program.store.blockCount),
-               Fixed(Median(path.seconds) * 1e9, 0), Fixed(Median(path.ratios), 2)});
+               Fixed(Median(path.seconds) * 1e9, 0), Fixed(Median(path.ratios), 2),
+               Fixed(Median(path.causeRatios), 2)});
   }
 }
 
@@ -86,8 +124,9 @@ int main(int argc, char** argv) {
   using namespace tvx::bench;
   const BenchOptions options = ReadBenchOptions(argc, argv);
   std::printf(
-      "Feed pass with the default parameters, times in ns. Ratio = path / raster 0.1 mm.\n");
-  const Table table({"path                   ", "blocks", "pass/block", "ratio"});
+      "Feed pass with the default parameters, times in ns. Ratio = path / raster 0.1 mm;\n"
+      "causes = pass whose causes are followed / pass.\n");
+  const Table table({"path                   ", "blocks", "pass/block", "ratio", "causes"});
   const Workspace workspace;
   for (const uint64_t blocks : options.sizes) {
     MeasureSize(blocks, options.repetitions, table, workspace);

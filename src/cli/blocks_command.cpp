@@ -1,5 +1,6 @@
 // tvx-cli blocks: the stored moves, one a line.
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,7 @@
 #include "cli/output.h"
 #include "cli/params.h"
 #include "cli/program_files.h"
+#include "insight/program_text.h"
 
 namespace tvx {
 namespace {
@@ -38,23 +40,40 @@ void PrintBlocks(const BlockStore& store) {
   Print(text);
 }
 
-// "1000", "1000 head 25% 100", "1000 head 25% 100 tail 30% 200".
-std::string FeedText(const MotionBlock& block) {
-  const auto zone = [](const char* name, int percent, int feed) {
-    return percent == 0 && feed == 0 ? std::string() : Format(" %s %d%% %d", name, percent, feed);
-  };
-  return std::to_string(block.feed) + zone("head", block.headPercent, block.headFeed) +
-         zone("tail", block.tailPercent, block.tailFeed);
-}
+// Explains on standard error why the moves of a program come out as slow as they do.
+class Explanation {
+ public:
+  Explanation(const ProgramFile& file, CTVXView* view)
+      : name_(file.argument), lines_(&view->program.source, view->app->files) {}
 
-// Tells on standard error why the moves of a program come out as slow as they do.
-FeedTrace Explanation(const std::string& name) {
-  return
-      [name](FeedRule rule, uint32_t index, const MotionBlock& before, const MotionBlock& after) {
-        PrintRemark(name + ": block " + std::to_string(index) + ": " + RuleName(rule) + ": " +
-                    FeedText(before) + " -> " + FeedText(after));
-      };
-}
+  void Print(FeedRule rule, uint32_t index, const MotionBlock& before, const MotionBlock& after) {
+    std::string text = name_ + ": block " + std::to_string(index) + ": " + RuleName(rule) + ": " +
+                       FeedText(before, kEnglishMoveWords) + " -> " +
+                       FeedText(after, kEnglishMoveWords);
+    const uint32_t line = lines_.LineOf(index);
+    if (line != 0) text += ", " + LineText(line, TextOfLine(line), kEnglishMoveWords);
+    PrintRemark(std::move(text));
+  }
+
+ private:
+  // The changes of a batch of the pass are those of neighbouring lines, in no order.
+  static constexpr uint32_t kLinesRead = 1024;
+  static constexpr uint32_t kLinesBefore = 256;
+
+  std::string TextOfLine(uint32_t line) {
+    if (line < firstRead_ || line - firstRead_ >= kLinesRead) {
+      firstRead_ = line > kLinesBefore ? line - kLinesBefore : 1;
+      lines_.Read(firstRead_, kLinesRead, &texts_);
+    }
+    const size_t at = line - firstRead_;
+    return at < texts_.size() ? Printable(texts_[at]) : "";
+  }
+
+  std::string name_;
+  SourceLines lines_;
+  uint32_t firstRead_ = UINT32_MAX;
+  std::vector<std::string> texts_;
+};
 
 }  // namespace
 
@@ -74,7 +93,8 @@ int RunBlocks(const Call& call) {
                    "index, type, x, y, z, feedProgrammed, feed, headPercent, headFeed, "
                    "tailPercent, tailFeed.");
   params.AddTo(&line);
-  line.AddFlag("--explain", &explains, "with --afa: tell each change and the rule that made it");
+  line.AddFlag("--explain", &explains,
+               "with --afa: print each change, the rule that made it and the line");
   line.AddArguments("FILE", &arguments, "NC programs, loaded one after the other");
   line.Parse();
   params.Check();
@@ -87,7 +107,9 @@ int RunBlocks(const Call& call) {
     const LoadResult result = LoadProgramFile(file, &view);
     const std::string problem = LoadProblem(result, view);
     if (params.Adjusts()) {
-      AdjustProgram(file, &view, explains ? Explanation(file.argument) : FeedTrace());
+      Explanation explanation(file, &view);
+      AdjustProgram(file, &view,
+                    explains ? std::bind_front(&Explanation::Print, &explanation) : FeedTrace());
     }
     PrintStore(file.argument, view.program, result);
     if (result != LoadResult::kLoaded) {

@@ -29,13 +29,6 @@ struct CheckedFile {
   std::array<std::vector<std::string>, kRemarkIds> texts;
 };
 
-// A text of a file for one line of a terminal.
-std::string Printable(std::string text) {
-  std::ranges::replace_if(
-      text, [](char c) { return static_cast<unsigned char>(c) < ' ' && c != '\t'; }, '?');
-  return text;
-}
-
 // The lines of the first `count` remarks of each id. Throws Failure if the file is not the one that
 // was checked.
 void ReadTexts(const ProgramFile& file, size_t count, Files* files, CheckedFile* checked) {

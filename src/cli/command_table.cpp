@@ -8,6 +8,7 @@ namespace {
 constexpr ToolCommand kCommands[] = {
     {"time", "cut-time figures, as programmed and after the feed adjustment", RunTime},
     {"check", "what the times leave out, by source line", RunCheck},
+    {"causes", "which rules slow a program, how much and where", RunCauses},
     {"info", "the lines of the file information dialog", RunInfo},
     {"blocks", "the stored moves, one a line", RunBlocks},
     {"run", "the multi-file run over a job list", RunJobs},

@@ -11,6 +11,7 @@ namespace tvx {
 // What the rows of the command table run. Each stands in the file of its name and starts with its
 // options.
 int RunBlocks(const Call& call);
+int RunCauses(const Call& call);
 int RunCheck(const Call& call);
 int RunConditionShow(const Call& call);
 int RunConditionWrite(const Call& call);

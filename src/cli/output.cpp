@@ -39,6 +39,12 @@ void Print(std::string_view text) {
   NoteOutput(std::fwrite(shown.data(), 1, shown.size(), stdout) == shown.size());
 }
 
+std::string Printable(std::string text) {
+  std::ranges::replace_if(
+      text, [](char c) { return static_cast<unsigned char>(c) < ' ' && c != '\t'; }, '?');
+  return text;
+}
+
 void PrintRemark(std::string text) {
   std::ranges::transform(text, text.begin(), WithoutControls);
   ShowProgress("");

@@ -9,6 +9,9 @@ namespace tvx {
 // Writes a result to standard output.
 void Print(std::string_view text);
 
+// A text of a program for one line of a terminal: control characters but tabs as "?".
+std::string Printable(std::string text);
+
 // Writes a line to standard error, behind the name of the tool; control characters as "?".
 void PrintRemark(std::string text);
 

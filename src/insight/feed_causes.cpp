@@ -211,7 +211,7 @@ std::vector<double> MinutesByFeed(BlockStore* store, size_t ranges, const RangeO
     if (!IsCutType(block.type)) return;
     VisitStretches(block, LengthOf(block, start), [&](const Stretch& stretch) {
       const auto range = rangeOf(stretch.feed);
-      if (range) minutes[*range] += stretch.Minutes();
+      if (range && *range < ranges) minutes[*range] += stretch.Minutes();
     });
   });
   return minutes;

@@ -64,15 +64,21 @@ FeedRange FeedsOfBand(size_t i, int32_t FeedBase) {
           LastFeedUpTo(band.upTo, FeedBase)};
 }
 
-std::optional<Pen> PenForFeed(int32_t feed, int32_t FeedBase, const Palette& palette) {
-  if (FeedBase == 0) return penBlue;
+std::optional<size_t> BandOfFeed(int32_t feed, int32_t FeedBase) {
+  if (FeedBase == 0) return std::nullopt;
   const float fraction = FeedFraction(feed, FeedBase);
   if (fraction > kFeedBandTable[0].upTo || fraction < 0.0F) return std::nullopt;
   // The index of the band is the number of bands that begin at or above the fraction. Counting them
   // takes no branch that changing feeds would mispredict.
   size_t band = 0;
   for (size_t i = 0; i < kFeedBands - 1; ++i) band += fraction > kFeedBandTable[i].above ? 0 : 1;
-  return palette.band[band];
+  return band;
+}
+
+std::optional<Pen> PenForFeed(int32_t feed, int32_t FeedBase, const Palette& palette) {
+  if (FeedBase == 0) return penBlue;
+  const std::optional<size_t> band = BandOfFeed(feed, FeedBase);
+  return band ? std::optional(palette.band[*band]) : std::nullopt;
 }
 
 void PathDrawing::SelectPenForFeed(int32_t feed) {
@@ -154,12 +160,17 @@ void PathDrawing::DrawPath() {
   state_->prevEnd = {};
   if (store_->blockCount == 0) return;
   program_->firstPoint = 1;
-  for (uint32_t index = 0; index < store_->blockCount;) index = DrawBlock(index);
+  for (uint32_t index = 0; index < store_->blockCount;) index = DrawStored(index);
   ReadAfterLastMove();
   device_->SelectPen(previous);
 }
 
 uint32_t PathDrawing::DrawBlock(uint32_t index) {
+  return DrawStored(index);
+}
+
+// In place in the loop over all blocks.
+inline uint32_t PathDrawing::DrawStored(uint32_t index) {
   if (store_->ReadBlock(index) == 0 || !IsMoveType(store_->CurrentBlock.type)) return index + 1;
   const MotionBlock block = store_->CurrentBlock;
   const Vec3 end = EndPoint(block);

@@ -55,6 +55,10 @@ FeedRange FeedsOfBand(size_t i, int32_t FeedBase);
 // Points further than this from the centre, in x or y, are not drawn.
 inline constexpr int32_t kDrawnPixels = 30000;
 
+// The index of the band of a feed; nothing for a FeedBase of 0 and for a feed below 0 or above 100
+// times the base.
+std::optional<size_t> BandOfFeed(int32_t feed, int32_t FeedBase);
+
 struct Palette {
   Pen start;                         // of the axes, and of the path until a move selects another
   std::array<Pen, kFeedBands> band;  // in the order of FeedBands
@@ -63,7 +67,7 @@ extern const Palette kScreenPalette;   // for a black background
 extern const Palette kPicturePalette;  // for a white page
 
 // The pen of a feed: penBlue for a FeedBase of 0; none, so that the selected pen is kept, for a
-// feed below 0 or above 100 times the base.
+// feed without a band.
 std::optional<Pen> PenForFeed(int32_t feed, int32_t FeedBase, const Palette& palette);
 
 // One drawing of a scene onto a device.
@@ -111,6 +115,8 @@ class PathDrawing {
   static constexpr double kMostChords = 1e11;
 
  private:
+  uint32_t DrawStored(uint32_t index);
+
   // A straight part of a move along which the feed changes evenly.
   struct Ramp {
     Vec3 from, to;
