@@ -965,5 +965,45 @@
         <source>리스트에 넣지 못했습니다.</source>
         <translation>The file was not inserted into the list.</translation>
     </message>
+    <message>
+        <source>읽는 중</source>
+        <translation>reading</translation>
+    </message>
+    <message>
+        <source>검사 중</source>
+        <translation>checking</translation>
+    </message>
+    <message>
+        <source>피드 조정 중</source>
+        <translation>adjusting the feeds</translation>
+    </message>
+    <message>
+        <source>마스터 모델 생성 중</source>
+        <translation>building the master model</translation>
+    </message>
+    <message>
+        <source>그리는 중</source>
+        <translation>drawing</translation>
+    </message>
+    <message>
+        <source>그림화일 쓰는 중</source>
+        <translation>writing the picture</translation>
+    </message>
+    <message>
+        <source>스프레드시트 쓰는 중</source>
+        <translation>filling the spreadsheet</translation>
+    </message>
+    <message>
+        <source>중지 (Esc)</source>
+        <translation>Stop (Esc)</translation>
+    </message>
+    <message>
+        <source>중지했습니다. 불러온 프로그램이 없습니다.</source>
+        <translation>Stopped. No program is loaded.</translation>
+    </message>
+    <message>
+        <source>%1개 중 %2개 화일 다음에 중지했습니다.</source>
+        <translation>Stopped after %2 of %1 files.</translation>
+    </message>
 </context>
 </TS>

@@ -27,6 +27,8 @@ const char* Reason(BuildResult result) {
       return "is too short for a master model: it takes 5 lines";
     case BuildResult::kNoCut:
       return "gives no master model: it has no straight cut";
+    case BuildResult::kStopped:
+      return "was stopped";
     case BuildResult::kTooWide:
       return "gives no master model: the part is wider than 32700 mm";
     case BuildResult::kSizes:

@@ -263,7 +263,7 @@ void MainWindow::ShowProgram() {
 
 void MainWindow::StartCheck() {
   ViewWidget* const active = ActiveView();
-  if (active == nullptr || checkSteps_.isActive()) return;
+  if (active == nullptr || checkSteps_.isActive() || app_->ui->LongWork()->IsUnderWay()) return;
   if (active->view().check.IsUnderWay()) checkSteps_.start(0);
 }
 

@@ -57,6 +57,7 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   QWidget* ParentOfNewDialog() override;
   void RepaintActiveView() override;
   void ShowStatusText(const QString& text) override { statusBar_->ShowText(text); }
+  ProgressBar* WorkBar() override { return statusBar_->progress(); }
 
  protected:
   void dragEnterEvent(QDragEnterEvent* event) override;

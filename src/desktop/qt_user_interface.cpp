@@ -151,6 +151,11 @@ void NameButtons(QMessageBox* box) {
 
 }  // namespace
 
+void QtUserInterface::SetWindow(InterfaceWindow* window) {
+  window_ = window;
+  progress_.SetBar(window == nullptr ? nullptr : window->WorkBar());
+}
+
 bool QtUserInterface::ShowMessage(const Message& message) {
   const QString about = message.path.empty() ? QString() : ToQt(message.path) + "\n\n";
   QMessageBox box(IconOf(message.icon), Translated(message.caption),
@@ -158,6 +163,7 @@ bool QtUserInterface::ShowMessage(const Message& message) {
   box.setTextFormat(Qt::PlainText);  // a name in it may look like a tag
   NameButtons(&box);
   MakeRoomForCaption(&box);
+  const InputCursor cursor;
   const int answer = box.exec();
   return answer == QMessageBox::Ok || answer == QMessageBox::Yes;
 }

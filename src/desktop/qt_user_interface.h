@@ -4,6 +4,7 @@
 #include <QWidget>
 #include <string>
 
+#include "desktop/progress_bar.h"
 #include "platform/drives.h"
 #include "platform/files.h"
 #include "platform/user_interface.h"
@@ -19,6 +20,8 @@ class InterfaceWindow {
   // Redraws the current view before it returns.
   virtual void RepaintActiveView() = 0;
   virtual void ShowStatusText(const QString& text) = 0;
+  // Where long work is shown.
+  virtual ProgressBar* WorkBar() = 0;
 };
 
 class QtUserInterface final : public UserInterface {
@@ -27,7 +30,7 @@ class QtUserInterface final : public UserInterface {
   QtUserInterface(const Drives* drives, Files* files) : drives_(drives), files_(files) {}
 
   // Until a window is set, messages have no parent and repaints do nothing.
-  void SetWindow(InterfaceWindow* window) { window_ = window; }
+  void SetWindow(InterfaceWindow* window);
 
   bool ShowMessage(const Message& message) override;
   bool RunModal(Dialog* dialog) override;
@@ -35,6 +38,7 @@ class QtUserInterface final : public UserInterface {
   bool ChooseFile(const FileQuestion& question, std::string* path) override;
   void Repaint() override;
   void ShowStatus(const std::string& text, const std::string& path) override;
+  Progress* LongWork() override { return &progress_; }
 
  private:
   QWidget* Parent() const { return window_ == nullptr ? nullptr : window_->ParentOfNewDialog(); }
@@ -43,6 +47,7 @@ class QtUserInterface final : public UserInterface {
   const Drives* drives_;
   Files* files_;
   InterfaceWindow* window_ = nullptr;
+  WindowProgress progress_;
 };
 
 }  // namespace tvx

@@ -5,6 +5,7 @@
 #include <QEvent>
 
 #include "desktop/elided_label.h"
+#include "desktop/progress_bar.h"
 #include "platform/lock_keys.h"
 
 namespace tvx {
@@ -16,10 +17,13 @@ constexpr char kReadyText[] = "Ready";
 }  // namespace
 
 StatusBar::StatusBar(QWidget* parent)
-    : QStatusBar(parent), text_(new ElidedLabel(kReadyText, this)) {
+    : QStatusBar(parent),
+      text_(new ElidedLabel(kReadyText, this)),
+      progress_(new ProgressBar(this)) {
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // as QMainWindow makes its own
   text_->setTextFormat(Qt::PlainText);
   addWidget(text_, 1);
+  addPermanentWidget(progress_);
   constexpr std::array kNames = {"CAP", "NUM", "SCRL"};
   for (size_t i = 0; i < kNames.size(); ++i) {
     lockKeys_[i] = new QLabel(kNames[i], this);

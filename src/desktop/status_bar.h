@@ -9,11 +9,16 @@ class QLabel;
 
 namespace tvx {
 
+class ProgressBar;
+
 class StatusBar : public QStatusBar {
   Q_OBJECT
 
  public:
   explicit StatusBar(QWidget* parent);
+
+  // Beside the text while long work is under way.
+  ProgressBar* progress() const { return progress_; }
 
   // Shows a text until the next one.
   void ShowText(const QString& text);
@@ -32,6 +37,7 @@ class StatusBar : public QStatusBar {
   void ShowLockKeys();
 
   QLabel* text_;
+  ProgressBar* progress_;
   QString path_;
   std::array<QLabel*, 3> lockKeys_{};
 };

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QTimer>
 #include <cmath>
 #include <cstdlib>
 #include <optional>
@@ -62,11 +63,20 @@ ViewWidget::ViewWidget(CTVXApp* app, QWidget* parent)
 void ViewWidget::Redraw() {
   isStale_ = true;
   // Not visible: the next paint event draws. Visible: at once, not at the next idle moment.
-  if (isVisible()) repaint();
+  if (!isVisible()) return;
+  if (HasBeenDrawn()) {
+    {
+      Progress* const progress = view_.app->ui->LongWork();
+      const WorkScope work(progress, Work::kDraw, view_.filePath);
+      DrawPicture(progress);
+    }
+    emit Drawn();
+  }
+  repaint();
 }
 
 void ViewWidget::RedrawSoon() {
-  isStale_ = true;
+  isStale_ = isMoving_ = true;
   update();
 }
 
@@ -74,7 +84,7 @@ ViewWidget::PictureOptions ViewWidget::Options() const {
   return {view_.job.AfaEnabled, view_.job.FeedChgSmoothCheck, view_.view.RapidVisible};
 }
 
-void ViewWidget::DrawPicture() {
+void ViewWidget::DrawPicture(Progress* progress) {
   const DevicePreparation preparation = PrepareDevice(&view_.view.transform);
   const ViewTransform& transform = view_.view.transform;
   const QSize size(transform.clientWidth, transform.clientHeight);
@@ -85,16 +95,33 @@ void ViewWidget::DrawPicture() {
                        image_.bytesPerLine() / 4},
                       origin_, ScreenPens());
   ReleaseVectorRegisters();
-  Paint({&view_.program, &view_.job, &view_.view}, &device);
-  texts_ = device.texts();
   isEmpty_ = view_.fileName.empty() && view_.program.store.blockCount == 0;
-  isStale_ = false;
+  isStale_ = false;  // a resize during the drawing makes it stale again
   shownOptions_ = Options();
-  emit Drawn();
+  Paint({&view_.program, &view_.job, &view_.view, progress}, &device);
+  texts_ = device.texts();
+}
+
+// A picture that takes long is drawn behind the paint event, since its progress paints too, and
+// takes the input: not while the mouse turns or zooms. While work is under way, the picture stays
+// as it is: the store may hold a part of a program.
+void ViewWidget::DrawOutdated() {
+  constexpr uint32_t kQuickBlocks = 500'000;
+  const Progress* const progress = view_.app->ui->LongWork();
+  if (progress->IsUnderWay()) return;
+  if (!HasBeenDrawn() || view_.program.store.blockCount < kQuickBlocks || isMoving_) {
+    isMoving_ = false;
+    DrawPicture(NoProgress());
+    emit Drawn();
+    return;
+  }
+  QTimer::singleShot(0, this, [this, progress] {
+    if (IsOutdated() && !progress->IsUnderWay()) Redraw();
+  });
 }
 
 void ViewWidget::paintEvent(QPaintEvent* /*event*/) {
-  if (isStale_ || shownOptions_ != Options()) DrawPicture();
+  if (IsOutdated()) DrawOutdated();
   QPainter painter(this);
   const double ratio = devicePixelRatioF();
   image_.setDevicePixelRatio(ratio);
@@ -107,7 +134,9 @@ void ViewWidget::paintEvent(QPaintEvent* /*event*/) {
     painter.drawText(corner + QPointF(0, ascent), ToQt(text.text));
   }
   if (isEmpty_) PaintEmptyPage(rect(), &painter);
-  for (const Mark mark : {Mark::kKept, Mark::kHovered}) PaintMark(mark, &painter);
+  if (!view_.app->ui->LongWork()->IsUnderWay()) {
+    for (const Mark mark : {Mark::kKept, Mark::kHovered}) PaintMark(mark, &painter);
+  }
   if (const auto corners = commands_.RubberBand()) {
     painter.setPen(QColor(0, 255, 0));
     const QPointF press((*corners)[0].x / ratio, (*corners)[0].y / ratio);

@@ -62,7 +62,9 @@ class ViewWidget : public QWidget {
   bool event(QEvent* event) override;
 
  private:
-  void DrawPicture();
+  bool IsOutdated() const { return isStale_ || shownOptions_ != Options(); }
+  void DrawPicture(Progress* progress);
+  void DrawOutdated();
   void PaintMark(Mark mark, QPainter* painter);
   // Draws the picture at the next idle moment: of several changes only the last one.
   void RedrawSoon();
@@ -84,6 +86,7 @@ class ViewWidget : public QWidget {
   Pixel origin_;          // logical coordinates of the image's first pixel
   bool isEmpty_ = false;  // the picture shows no program
   bool isStale_ = true;
+  bool isMoving_ = false;  // a turn or zoom of the mouse waits for its picture
   PictureOptions shownOptions_{};
 };
 

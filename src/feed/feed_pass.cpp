@@ -167,16 +167,21 @@ const char* RuleName(FeedRule rule) {
   return kNames[static_cast<size_t>(rule)];
 }
 
-void FeedPass(NcProgram* program, const JobRecord& job, const MasterGrid* master,
-              FeedPassMemory* memory, const FeedTrace& trace) {
+bool FeedPass(NcProgram* program, const JobRecord& job, const MasterGrid* master,
+              FeedPassMemory* memory, const FeedTrace& trace, Progress* progress) {
   static const MasterGrid kNoMaster;
   BlockStore* store = &program->store;
   program->FeedBase = job.MaxFeed;
+  const FeedPassMemory memoryBefore = *memory;
 
   const PathIndex path(store);
   CornerSearch search(store, path, job, memory->headings);
   TracedRules rules(path, trace);
   for (Batch batch{0, 0}; batch.end < path.BlockCount(); batch.first = batch.end) {
+    if (!progress->Step(batch.first, path.BlockCount())) {
+      *memory = memoryBefore;
+      return false;
+    }
     batch.end = std::min(batch.first + kBatchBlocks, path.BlockCount());
     const auto apply = [&](FeedRule name, auto rule) {
       // A rule may change the first move of the next batch.
@@ -196,6 +201,7 @@ void FeedPass(NcProgram* program, const JobRecord& job, const MasterGrid* master
   memory->headings = search.Headings();
   // The register must not depend on the blocks that the rules read last.
   store->ReadBlock(store->blockCount - 1);
+  return true;
 }
 
 }  // namespace tvx

@@ -10,6 +10,7 @@
 #include "feed/master_grid.h"
 #include "model/job_record.h"
 #include "model/nc_program.h"
+#include "platform/progress.h"
 
 namespace tvx {
 
@@ -34,7 +35,10 @@ using FeedTrace = std::function<void(FeedRule rule, uint32_t block, const Motion
 // Rewrites feedProgrammed, feed and the zones of the stored moves, and sets FeedBase to MaxFeed.
 // Zones of an earlier run over the same load stay and can only become longer or slower. `master`
 // may be null, which is the same as a grid without a model. The result does not depend on `trace`.
-void FeedPass(NcProgram* program, const JobRecord& job, const MasterGrid* master,
-              FeedPassMemory* memory, const FeedTrace& trace = {});
+// Returns false if it was stopped: a part of the blocks then has the feeds of before, and `memory`
+// is as it was.
+bool FeedPass(NcProgram* program, const JobRecord& job, const MasterGrid* master,
+              FeedPassMemory* memory, const FeedTrace& trace = {},
+              Progress* progress = NoProgress());
 
 }  // namespace tvx

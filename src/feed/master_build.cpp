@@ -245,8 +245,10 @@ void SampleMove(const Move& move, MasterGrid* grid) {
 
 }  // namespace
 
-void SamplePath(BlockStore* store, MasterGrid* grid) {
+bool SamplePath(BlockStore* store, MasterGrid* grid, Progress* progress) {
+  constexpr uint32_t kBlocksPerStep = 1 << 6;  // a move can have thousands of samples
   for (uint32_t i = 0; i < store->blockCount; ++i) {
+    if (i % kBlocksPerStep == 0 && !progress->Step(i, store->blockCount)) return false;
     if (!IsCutBlock(store, i)) continue;
     const Vec3 end = EndPoint(store->CurrentBlock);
     const Move move = MoveOf(store, i);
@@ -258,6 +260,7 @@ void SamplePath(BlockStore* store, MasterGrid* grid) {
       SampleMove(move, grid);
     }
   }
+  return true;
 }
 
 // Stage 6: heights between the samples.
@@ -393,7 +396,8 @@ void MasterAngles(MasterGrid* grid) {
   }
 }
 
-BuildResult BuildMaster(const CMasterDlg& input, NcProgram* program, MasterGrid* grid) {
+BuildResult BuildMaster(const CMasterDlg& input, NcProgram* program, MasterGrid* grid,
+                        Progress* progress) {
   BlockStore* store = &program->store;
   BuildPlan plan{};
   const BuildResult result = PlanBuild(input, store, &plan);
@@ -408,7 +412,10 @@ BuildResult BuildMaster(const CMasterDlg& input, NcProgram* program, MasterGrid*
   ShiftPath(store, grid->OriginX, grid->OriginY);
   CleanPlunges(store);
   if (!SizeGrid(store, plan.refinement, grid)) return BuildResult::kNoMemory;
-  SamplePath(store, grid);
+  if (!SamplePath(store, grid, progress)) {
+    DropMaster(grid);
+    return BuildResult::kStopped;
+  }
   FillGaps(grid);
   ThinOut(grid, plan.refinement, input.MasterTolerance);
   MasterAngles(grid);

@@ -7,6 +7,7 @@
 
 #include "feed/master_grid.h"
 #include "model/nc_program.h"
+#include "platform/progress.h"
 #include "platform/user_interface.h"
 
 namespace tvx {
@@ -39,11 +40,13 @@ enum class BuildResult {
   // Given up: there is no model, and the program in the store is in grid coordinates and has lost
   // its plunges, so that it has to be loaded again.
   kNoMemory,
+  kStopped,  // by the user
 };
 
 // Builds the model from the program in the store, drops an older one, and leaves the wire picture
 // of the model in the store (see ShowMaster).
-BuildResult BuildMaster(const CMasterDlg& input, NcProgram* program, MasterGrid* grid);
+BuildResult BuildMaster(const CMasterDlg& input, NcProgram* program, MasterGrid* grid,
+                        Progress* progress = NoProgress());
 
 // The stages of a build, in their order. Until ThinOut the grid's CellSize is the fine one; from
 // ShiftPath on the program in the store is in grid coordinates.
@@ -64,8 +67,8 @@ void CleanPlunges(BlockStore* store);
 // highest point. Returns false, without a model, if there is no memory for the cells.
 bool SizeGrid(BlockStore* store, int32_t k, MasterGrid* grid);
 
-// Stores in each cell the path's point nearest to the cell's node.
-void SamplePath(BlockStore* store, MasterGrid* grid);
+// Stores in each cell the path's point nearest to the cell's node. Returns false if it was stopped.
+bool SamplePath(BlockStore* store, MasterGrid* grid, Progress* progress = NoProgress());
 
 // Fills the empty cells between two cells of a row or column that lie less than 4 mm apart.
 void FillGaps(MasterGrid* grid);

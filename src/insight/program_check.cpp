@@ -79,7 +79,7 @@ class FormatWork final : public ProgramChecker::Work {
   FormatWork(std::unique_ptr<InputFile> file, const LoadStart& start, const JobRecord& job,
              const CheckOptions& options)
       : file_(std::move(file)),
-        reader_(file_.get(), kLongestLine),
+        reader_(file_.get(), kLongestLine, options.progress),
         states_(start.states),
         job_(job),
         plainLines_(&reader_, LowestRapidFeed(job)),

@@ -27,6 +27,8 @@ struct CheckOptions {
   size_t storedPerId = 10'000;
   // How many blocks the store of the load can hold.
   uint32_t storeCapacity = BlockStore::kMaxPages * BlockStore::blocksPerPage;
+  // Gets the bytes read. Once it is stopped, the check ends as at the end of the program.
+  Progress* progress = NoProgress();
 };
 
 // The check of one program in steps, for callers with other work to do between them.

@@ -12,6 +12,7 @@
 #endif
 
 #include "platform/files.h"
+#include "platform/progress.h"
 
 namespace tvx {
 
@@ -31,10 +32,18 @@ class LineReader {
  public:
   // The parser sees this much of a line; of a longer one its line feed is out of reach.
   static constexpr ptrdiff_t kParserLineBytes = 80;
+  // What is kept of a line that stands in two reads: more than the parser ever looks at.
+  static constexpr size_t kParserKeptBytes = 255;
 
   // The parser never looks behind the first bytes of a line; who does asks for more of them.
-  explicit LineReader(InputFile* file, size_t keptBytes = kParserKeptBytes)
-      : file_(file), keptBytes_(keptBytes), buffer_(keptBytes + kReadBytes + kLookBytes) {
+  // `progress` gets the bytes read; once it is stopped, no further ones are read.
+  explicit LineReader(InputFile* file, size_t keptBytes = kParserKeptBytes,
+                      Progress* progress = NoProgress())
+      : file_(file),
+        keptBytes_(keptBytes),
+        buffer_(keptBytes + kReadBytes + kLookBytes),
+        progress_(progress),
+        totalBytes_(file->Stamp().size) {
     SetRange(0);
   }
 
@@ -60,7 +69,9 @@ class LineReader {
   bool Refill() {
     const size_t kept = std::min(static_cast<size_t>(end_ - next_), keptBytes_);
     std::memmove(buffer_.data(), next_, kept);
-    const size_t count = file_->Read(buffer_.data() + kept, kReadBytes);
+    const bool goesOn = progress_->Step(readBytes_, totalBytes_);
+    const size_t count = goesOn ? file_->Read(buffer_.data() + kept, kReadBytes) : 0;
+    readBytes_ += count;
     SetRange(kept + count);
     return count > 0;
   }
@@ -86,8 +97,6 @@ class LineReader {
  private:
   // Reads of this size cost little beside the parsing.
   static constexpr size_t kReadBytes = size_t{64} * 1024;
-  // What is kept of a line that stands in two reads: more than the parser ever looks at.
-  static constexpr size_t kParserKeptBytes = 255;
   static constexpr size_t kLookBytes = 32;
 
   struct LineEnd {
@@ -137,6 +146,9 @@ class LineReader {
   InputFile* file_;
   size_t keptBytes_;
   std::vector<char> buffer_;
+  Progress* progress_;
+  uint64_t totalBytes_;
+  uint64_t readBytes_ = 0;
   const char* next_ = nullptr;  // the first byte not given
   const char* end_ = nullptr;   // behind the last byte read; a line feed stands there
   const char* wholeOfCut_ = nullptr;

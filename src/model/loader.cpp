@@ -157,7 +157,7 @@ bool IsConversational(JobRecord* job) {
 }
 
 LoadResult LoadNcFile(const std::string& path, NcProgram* program, ParserStates* states,
-                      JobRecord* job, Files* files) {
+                      JobRecord* job, Files* files, Progress* progress) {
   BlockStore& store = program->store;
   EmptyProgram(program);
 
@@ -167,7 +167,7 @@ LoadResult LoadNcFile(const std::string& path, NcProgram* program, ParserStates*
   program->source.path = AbsoluteDrivePath(files->CurrentDirectory(), path);
   program->source.stamp = file->Stamp();
 
-  LineReader reader(file.get());
+  LineReader reader(file.get(), LineReader::kParserKeptBytes, progress);
   NcLine line;
   int32_t feedBase = 0;
   program->source.isConversational = IsConversational(job);
@@ -175,7 +175,13 @@ LoadResult LoadNcFile(const std::string& path, NcProgram* program, ParserStates*
     const auto readLines =
         program->source.isConversational ? ReadLines<ConversationalParser> : ReadLines<WordParser>;
     LineMapBuilder lines;
+    const ParserStates statesBefore = *states;
     const bool hasRoom = readLines(program, states, *job, &reader, line, &lines, &feedBase);
+    if (progress->IsStopped()) {
+      *states = statesBefore;
+      EmptyProgram(program);
+      return LoadResult::kStopped;
+    }
     program->source.lines = lines.Finish(store.blockCount);
     if (!hasRoom) return LoadResult::kStoreFull;
   }

@@ -7,6 +7,7 @@
 #include "model/nc_program.h"
 #include "model/parser_state.h"
 #include "platform/files.h"
+#include "platform/progress.h"
 
 namespace tvx {
 
@@ -20,6 +21,7 @@ bool IsConversational(JobRecord* job);
 enum class LoadResult {
   kLoaded,      // the program is read, and the register holds its last block
   kCannotOpen,  // the store is empty
+  kStopped,     // the user stopped it; the store is empty, and `states` is as it was
   kStoreFull,   // the store has no room for the second record of an arc; it holds what came before
   kBlocksLost,  // as kLoaded, but lostBlocks of the program found no place
   kReadFailed,  // as kLoaded, but a read failed (Files::LastError) and ended the program
@@ -27,12 +29,13 @@ enum class LoadResult {
 
 // True if the program is read and ready, whole or not.
 inline bool IsLoaded(LoadResult result) {
-  return result != LoadResult::kCannotOpen && result != LoadResult::kStoreFull;
+  return result != LoadResult::kCannotOpen && result != LoadResult::kStoreFull &&
+         result != LoadResult::kStopped;
 }
 
 // Reads one NC file into the store, in place of the program there. `states` is the modal state that
 // lives as long as the process.
 LoadResult LoadNcFile(const std::string& path, NcProgram* program, ParserStates* states,
-                      JobRecord* job, Files* files);
+                      JobRecord* job, Files* files, Progress* progress = NoProgress());
 
 }  // namespace tvx

@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "platform/progress.h"
+
 namespace tvx {
 
 // The logic of a dialog: a plain class with the dialog's fields and operations. The front end finds
@@ -63,6 +65,9 @@ class UserInterface {
 
   // Shows a text in the status line until the next one, behind the path of the file it is about.
   virtual void ShowStatus(const std::string& text, const std::string& path = {}) = 0;
+
+  // Shows long work and lets the user stop it. The same object at each call.
+  virtual Progress* LongWork() { return NoProgress(); }
 };
 
 }  // namespace tvx

@@ -168,8 +168,12 @@ Closing CCutTimeListDlg::WriteListCopy() {
 
 Closing CCutTimeListDlg::Export() {
   std::string path;
-  if (ui_->ChooseFile(WorkbookQuestion(), &path) &&
-      !ExportSpreadsheet(path, results_, spreadsheets_)) {
+  if (!ui_->ChooseFile(WorkbookQuestion(), &path)) return Closing::kStaysOpen;
+  const auto filled = [&] {
+    const WorkScope work(ui_->LongWork(), Work::kFillSheet, path);
+    return ExportSpreadsheet(path, results_, spreadsheets_, ui_->LongWork());
+  };
+  if (!filled()) {
     ShowWritten(false, path, ui_);
     ui_->ShowMessage({.text = kNoSpreadsheetProgram});
   }

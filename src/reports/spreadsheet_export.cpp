@@ -109,10 +109,12 @@ void CutFigures(Entry* entry) {
   entry->totalMinutes = ToThousandths(entry->totalMinutes);
 }
 
-bool FillWorkbook(const std::string& path, ResultTable* results, SpreadsheetApplication* program) {
+bool FillWorkbook(const std::string& path, ResultTable* results, SpreadsheetApplication* program,
+                  Progress* progress) {
   if (!program->OpenWorkbook(path) || !program->SelectSheet(1) || !PutTitles(program)) return false;
   size_t index = 0;
   for (Entry& entry : results->Recorded()) {
+    if (!progress->Step(index, results->Recorded().size())) return false;
     CutFigures(&entry);
     if (!PutEntry(entry, index, program)) return false;
     ++index;
@@ -122,15 +124,16 @@ bool FillWorkbook(const std::string& path, ResultTable* results, SpreadsheetAppl
 
 }  // namespace
 
-bool ExportSpreadsheet(const std::string& path, ResultTable* results, Spreadsheets* spreadsheets) {
+bool ExportSpreadsheet(const std::string& path, ResultTable* results, Spreadsheets* spreadsheets,
+                       Progress* progress) {
   const auto program = spreadsheets->Start(SpreadsheetForm::kInteractive);
-  return program != nullptr && FillWorkbook(path, results, program.get()) &&
+  return program != nullptr && FillWorkbook(path, results, program.get(), progress) &&
          program->SetVisible(true) && program->SetUserControl(true);
 }
 
 bool WriteSpreadsheetFile(const std::string& path, ResultTable* results,
-                          SpreadsheetApplication* program) {
-  return FillWorkbook(path, results, program) && program->Save();
+                          SpreadsheetApplication* program, Progress* progress) {
+  return FillWorkbook(path, results, program, progress) && program->Save();
 }
 
 }  // namespace tvx

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "platform/progress.h"
 #include "reports/spreadsheet.h"
 #include "stats/result_table.h"
 
@@ -15,13 +16,14 @@ namespace tvx {
 // so: lengths to whole millimetres, times to thousandths of a minute. After a failure the entries
 // up to the failed row are cut. For an entry without the feed adjustment the cells of its
 // conditions keep their content.
-bool ExportSpreadsheet(const std::string& path, ResultTable* results, Spreadsheets* spreadsheets);
+bool ExportSpreadsheet(const std::string& path, ResultTable* results, Spreadsheets* spreadsheets,
+                       Progress* progress = NoProgress());
 
 // Fills and saves a workbook in a program that was started in the file form; creates the workbook
-// if it does not exist. Cuts the figures down as above. Returns false if that fails; an existing
-// file is then unchanged.
+// if it does not exist. Cuts the figures down as above. Returns false if that fails or is stopped;
+// an existing file is then unchanged.
 bool WriteSpreadsheetFile(const std::string& path, ResultTable* results,
-                          SpreadsheetApplication* program);
+                          SpreadsheetApplication* program, Progress* progress = NoProgress());
 
 // The message to show when there is no spreadsheet program.
 inline constexpr char kNoSpreadsheetProgram[] = "Couldn't start Excel.";

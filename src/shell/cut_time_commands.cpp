@@ -25,7 +25,9 @@ RecordResult RecordResultEntry(const CutTimeEntry& result, const Scene& scene, F
   bool drawn = true;
   if (scene.job->MetafileCreateChk == 1 && !entry.fileName.empty()) {
     entry.pictureName = PictureName(entry);
+    const WorkScope work(scene.progress, Work::kWritePicture, entry.pictureName);
     drawn = WritePictureFile(PictureFormat::kMetafile, entry.pictureName, scene, files);
+    if (scene.progress->IsStopped()) return RecordResult::kStopped;
   }
   ++results->entryCount;
   return drawn ? RecordResult::kRecorded : RecordResult::kPictureFailed;

@@ -12,12 +12,13 @@ namespace tvx {
 // The name of the picture of a result.
 std::string PictureName(const CutTimeEntry& result);
 
-enum class RecordResult { kRecorded, kPictureFailed, kTableFull };
+enum class RecordResult { kRecorded, kPictureFailed, kTableFull, kStopped };
 
 // Appends a result to the table and, if MetafileCreateChk of the scene's job record is 1 and the
 // result has a file name, writes the picture of the scene into the current directory. The entry has
 // the picture's name even if the picture cannot be written, which gives kPictureFailed. A full
-// table neither records nor draws.
+// table neither records nor draws, and a drawing that the user stops is neither recorded nor
+// written.
 RecordResult RecordResultEntry(const CutTimeEntry& result, const Scene& scene, Files* files,
                                ResultTable* results);
 

@@ -39,6 +39,7 @@ class RunMessages final : public RunObserver {
   }
   void OnPictureFailed(const std::string& path) override { ShowWritten(false, path, ui_); }
   void OnTableFull() override { ShowTableFull(ui_); }
+  void OnStopped(const RunEnd& end) override { ui_->ShowStatus(StoppedText(end)); }
 
  private:
   const NcProgram& program_;
@@ -82,10 +83,12 @@ MasterOutcome BringMaster(const std::string& path, CTVXView* view, RunObserver* 
   return outcome;
 }
 
-// Everything that happens to one entry, from its line to its result.
-void RunEntry(const std::string& name, const std::string& line, CTVXView* view,
+// Everything that happens to one entry, from its line to its result. Returns false if the user
+// stopped it: nothing is recorded then.
+bool RunEntry(const std::string& name, const std::string& line, CTVXView* view,
               std::string* lastMaster, RunObserver* observer) {
   const ProgramContext context = ProgramContextOf(view);
+  const Progress& progress = *view->app->ui->LongWork();
   JobRecord& job = view->job;
 
   ParseOptionLine(&job, line, view->transferDialog.LastLineFile());
@@ -96,28 +99,39 @@ void RunEntry(const std::string& name, const std::string& line, CTVXView* view,
   if (NeedsMaster(job, *lastMaster)) {
     *lastMaster = job.AfaMasterFile;
     const MasterOutcome outcome = BringMaster(*lastMaster, view, observer);
+    if (progress.IsStopped()) return false;
     if (!outcome.Succeeded()) observer->OnMasterFailed(*lastMaster, outcome);
   }
 
   const LoadResult loaded = LoadForRun(path, view, observer);
+  if (progress.IsStopped()) return false;
   if (loaded != LoadResult::kLoaded) observer->OnLoadFailed(path, loaded);
 
-  AdjustFitCount(context, job.AfaEnabled == 1);
+  if (!AdjustFitCount(context, job.AfaEnabled == 1)) return false;
 
   CutTimeEntry& result = *context.current;
   result.fileName = name;
   result.optionLine = line;
   result.dirName = directory;
   result.check = view->check.Keep();
-  view->lastRun = {view->program.source.path, directory, line};
   const RecordResult recorded =
       RecordResultEntry(result, SceneOf(view), view->app->files, &view->results);
+  if (recorded == RecordResult::kStopped) return false;
+  view->lastRun = {view->program.source.path, directory, line};
   if (recorded == RecordResult::kTableFull) {
     observer->OnTableFull();
-    return;
+    return true;
   }
   if (recorded == RecordResult::kPictureFailed) observer->OnPictureFailed(PictureName(result));
   observer->OnRecorded(path);
+  return true;
+}
+
+// What a stop leaves in the store is no program.
+void DropStoppedProgram(CTVXView* view) {
+  EmptyProgram(&view->program);
+  view->filePath = view->fileName = "";
+  view->app->ui->Repaint();
 }
 
 // A negative speed comes from a condition file.
@@ -161,11 +175,20 @@ void RunJobList(CTVXView* view) {
 void RunAcceptedList(CTVXView* view, RunObserver* observer) {
   const JobRecord& job = view->job;
   const size_t count = EntryCount(job);
+  RunEnd& end = view->results.runEnd;
+  end = {0, count};
   std::string lastMaster;
-  for (size_t i = 0; i < count; ++i) {
-    observer->OnEntry(i, count, job.FileNames[i]);
-    RunEntry(job.FileNames[i], job.OptionLines[i], view, &lastMaster, observer);
+  Progress* const progress = view->app->ui->LongWork();
+  const WorkScope work(progress, Work::kRead, "", Stopping::kAllowed);
+  for (; end.done < count; ++end.done) {
+    const std::string& name = job.FileNames[end.done];
+    progress->SetFile(end.done + 1, count);
+    observer->OnEntry(end.done, count, name);
+    if (!RunEntry(name, job.OptionLines[end.done], view, &lastMaster, observer)) break;
   }
+  if (!end.WasStopped()) return;
+  DropStoppedProgram(view);
+  observer->OnStopped(end);
 }
 
 }  // namespace tvx

@@ -24,7 +24,7 @@ struct MasterOutcome {
   }
 };
 
-// Callbacks of a run. None of them stops it.
+// Callbacks of a run. None of them stops it; only the progress does.
 class RunObserver {
  public:
   virtual ~RunObserver() = default;
@@ -41,6 +41,8 @@ class RunObserver {
   virtual void OnRecorded(const std::string& /*path*/) {}
   // The picture of an entry that was recorded could not be written into the current directory.
   virtual void OnPictureFailed(const std::string& /*name*/) {}
+  // The user stopped the run after so many of its entries, which are recorded.
+  virtual void OnStopped(const RunEnd& /*end*/) {}
   // An entry could not be recorded.
   virtual void OnTableFull() {}
 };
@@ -51,7 +53,8 @@ class RunObserver {
 void RunJobList(CTVXView* view);
 
 // Runs the list in the working record: each entry takes its options from its own line, and is
-// loaded, adjusted if they say so, counted and recorded.
+// loaded, adjusted if they say so, counted and recorded. The user can stop it: the store is then
+// empty, since it may hold a part of a program or a part of its feeds.
 void RunAcceptedList(CTVXView* view, RunObserver* observer);
 
 }  // namespace tvx

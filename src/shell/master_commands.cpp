@@ -32,6 +32,7 @@ const char* RefusalText(BuildResult result) {
       return "마스터 모델을 만들 수 없습니다: 공차가 맞지 않습니다.";
     case BuildResult::kBuilt:
     case BuildResult::kNoMemory:
+    case BuildResult::kStopped:
       break;
   }
   return nullptr;
@@ -51,7 +52,9 @@ MasterContext MasterContextOf(CTVXView* view) {
 }
 
 BuildResult BuildAndShowMaster(const MasterContext& context) {
-  const BuildResult result = BuildMaster(*context.dialog, context.program, context.grid);
+  Progress* const progress = context.ui->LongWork();
+  const WorkScope work(progress, Work::kBuildMaster, context.program->source.path);
+  const BuildResult result = BuildMaster(*context.dialog, context.program, context.grid, progress);
   if (result == BuildResult::kBuilt) ShowWithoutRapids(context);
   return result;
 }

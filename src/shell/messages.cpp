@@ -24,6 +24,8 @@ void ShowFailure(LoadResult result, const NcProgram& program, const std::string&
   if (result == LoadResult::kCannotOpen) {
     ShowNotLoaded(path, ui);
     ShowCannotOpen(ui);
+  } else if (result == LoadResult::kStopped) {
+    ui->ShowStatus("중지했습니다. 불러온 프로그램이 없습니다.", path);
   } else if (result == LoadResult::kReadFailed) {
     ui->ShowMessage({.text = "화일을 끝까지 읽지 못했습니다. 시간과 그림이 맞지 않습니다.",
                      .path = path,
@@ -69,6 +71,11 @@ void ShowFailure(MasterFileResult result, const std::string& path, UserInterface
 
 void ShowCannotOpen(UserInterface* ui) {
   ui->ShowMessage({.text = "화일을 열수 없읍니다.\n"});
+}
+
+std::string StoppedText(const RunEnd& end) {
+  return Format("%d개 중 %d개 화일 다음에 중지했습니다.", static_cast<int>(end.count),
+                static_cast<int>(end.done));
 }
 
 void ShowTableFull(UserInterface* ui) {

@@ -19,32 +19,40 @@ ProgramContext ProgramContextOf(CTVXView* view) {
 }
 
 Scene SceneOf(CTVXView* view) {
-  return {&view->program, &view->job, &view->view};
+  return {&view->program, &view->job, &view->view, view->app->ui->LongWork()};
 }
 
 LoadResult LoadFile(CTVXView* view, const std::string& path) {
   ParserStates* const states = &view->app->parserStates;
   const LoadStart start = TakeLoadStart(view->program, *states);
-  const LoadResult result = LoadNcFile(path, &view->program, states, &view->job, view->app->files);
+  Progress* const progress = view->app->ui->LongWork();
+  const WorkScope work(progress, Work::kRead, path, Stopping::kAllowed);
+  const LoadResult result =
+      LoadNcFile(path, &view->program, states, &view->job, view->app->files, progress);
   view->check.Restart(view->program.source, start, view->job);
-  view->filePath = result == LoadResult::kCannotOpen ? "" : path;
+  view->filePath = view->program.source.path.empty() ? "" : path;
   view->fileName = NameOfPath(view->filePath, kAnySlash);
   return result;
 }
 
-void AdjustFeeds(const ProgramContext& context, const FeedTrace& trace) {
-  FeedPass(context.program, *context.job, context.master, context.feedPassMemory, trace);
+bool AdjustFeeds(const ProgramContext& context, const FeedTrace& trace) {
+  Progress* const progress = context.ui->LongWork();
+  const WorkScope work(progress, Work::kAdjust, context.program->source.path);
+  return FeedPass(context.program, *context.job, context.master, context.feedPassMemory, trace,
+                  progress);
 }
 
 void CountTimes(const ProgramContext& context) {
   ComputeCutTime(&context.program->store, *context.job, context.current);
 }
 
-void AdjustFitCount(const ProgramContext& context, bool adjusts) {
-  if (adjusts) AdjustFeeds(context);
+bool AdjustFitCount(const ProgramContext& context, bool adjusts) {
+  const Progress* const progress = context.ui->LongWork();
+  if (progress->IsStopped() || (adjusts && !AdjustFeeds(context))) return false;
   FitToPath(context.transform, &context.program->store);
   context.ui->Repaint();
   CountTimes(context);
+  return !progress->IsStopped();
 }
 
 }  // namespace tvx

@@ -34,14 +34,15 @@ Scene SceneOf(CTVXView* view);
 // in it become the current file of the window; a file that cannot be opened leaves none.
 LoadResult LoadFile(CTVXView* view, const std::string& path);
 
-// Adjusts the feeds by the job record and the master model; the trace receives each change.
-void AdjustFeeds(const ProgramContext& context, const FeedTrace& trace = {});
+// Adjusts the feeds by the job record and the master model; the trace receives each change. Returns
+// false if the user stopped it, which leaves a part of the feeds as they were.
+bool AdjustFeeds(const ProgramContext& context, const FeedTrace& trace = {});
 
 // Computes the figures into the current result, which keeps its names.
 void CountTimes(const ProgramContext& context);
 
 // Adjusts the feeds if `adjusts`, fits the view to the path, which repaints, and computes the
-// figures.
-void AdjustFitCount(const ProgramContext& context, bool adjusts);
+// figures. Returns false if the user stopped one of them, or work before.
+bool AdjustFitCount(const ProgramContext& context, bool adjusts);
 
 }  // namespace tvx

@@ -57,6 +57,7 @@ void MakePicture(CTVXView* view, int /*argument*/) {
   if (!view->app->ui->ChooseFile(question, &path)) return;
   const std::string name = NameOfPath(path, kAnySlash);
   if (!MayReplace(name, IsMetafile, view->app->files, view->app->ui)) return;
+  const WorkScope work(view->app->ui->LongWork(), Work::kWritePicture, name);
   const bool written =
       WritePictureFile(PictureFormat::kMetafile, name, SceneOf(view), view->app->files);
   ShowWritten(written, AbsoluteDrivePath(view->app->files->CurrentDirectory(), name),

@@ -13,11 +13,19 @@ namespace tvx {
 
 inline constexpr size_t kResultEntries = 300;
 
+// How far the last run over a job list came.
+struct RunEnd {
+  size_t done = 0;  // entries
+  size_t count = 0;
+  bool WasStopped() const { return done < count; }
+};
+
 // The recorded results of one window, in the order of recording. It lives as long as the window and
 // is not saved by itself: the reports are its only lasting form.
 struct ResultTable {
   std::vector<CutTimeEntry> entries = std::vector<CutTimeEntry>(kResultEntries);
   int32_t entryCount = 0;  // entries from index 0 that are valid
+  RunEnd runEnd;           // of the last run that appended to it
 
   // The valid entries.
   std::span<CutTimeEntry> Recorded() { return {entries.data(), static_cast<size_t>(entryCount)}; }

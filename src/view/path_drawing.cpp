@@ -160,7 +160,12 @@ void PathDrawing::DrawPath() {
   state_->prevEnd = {};
   if (store_->blockCount == 0) return;
   program_->firstPoint = 1;
-  for (uint32_t index = 0; index < store_->blockCount;) index = DrawStored(index);
+  constexpr uint32_t kBlocksPerStep = 1 << 14;
+  const uint32_t count = store_->blockCount;
+  for (uint32_t index = 0; index < count && progress_->Step(index, count);) {
+    const uint32_t end = std::min(count, index + kBlocksPerStep);
+    while (index < end) index = DrawStored(index);
+  }
   ReadAfterLastMove();
   device_->SelectPen(previous);
 }

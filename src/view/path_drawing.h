@@ -13,6 +13,7 @@
 #include "model/job_record.h"
 #include "model/nc_program.h"
 #include "model/vectors.h"
+#include "platform/progress.h"
 #include "view/drawing_device.h"
 #include "view/view_transform.h"
 
@@ -39,6 +40,7 @@ struct Scene {
   NcProgram* program;
   const JobRecord* job;  // AfaEnabled, FeedChgSmoothCheck
   ViewState* view;
+  Progress* progress = NoProgress();  // gets the blocks drawn; once stopped, no more are drawn
 };
 
 // The feed bands are fractions of FeedBase, from the fastest to the slowest.
@@ -81,6 +83,7 @@ class PathDrawing {
         state_(state),
         palette_(palette),
         device_(device),
+        progress_(scene.progress),
         rapidVisible_(scene.view->RapidVisible == 1),
         afaEnabled_(scene.job->AfaEnabled == 1),
         smooth_(scene.job->FeedChgSmoothCheck == 1) {}
@@ -165,6 +168,7 @@ class PathDrawing {
   DrawingState* state_;
   const Palette& palette_;
   DrawingDevice* device_;
+  Progress* progress_;
   bool rapidVisible_;
   bool afaEnabled_;
   bool smooth_;

@@ -118,7 +118,8 @@ bool WritePictureFile(PictureFormat format, const std::string& path, const Scene
                       Files* files) {
   const std::unique_ptr<OutputFile> file = files->Create(path);
   for (const FormatRow& row : kFormats) {
-    if (row.format == format) return row.draw(scene, file.get()) && file->Commit();
+    if (row.format != format) continue;
+    return row.draw(scene, file.get()) && !scene.progress->IsStopped() && file->Commit();
   }
   return false;
 }

@@ -353,5 +353,38 @@ TEST_F(JobListRun, MastersAreReadOnceInARowAndBuiltWhereMissing) {
   EXPECT_EQ(run(), "aba");
 }
 
+TEST_F(Runs, StopKeepsWhatIsRecordedAndLeavesNoPartOfAProgram) {
+  const struct {
+    size_t file;
+    Work work;
+    int32_t recorded;
+  } cases[] = {{1, Work::kRead, 0},
+               {2, Work::kRead, 1},
+               {2, Work::kAdjust, 1},
+               {3, Work::kWritePicture, 2},
+               {9, Work::kRead, 3}};  // never
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.recorded);
+    view.results.entryCount = 0;
+    files.Remove("c:\\marlo\\ncdata\\b.nc.emf");
+    ui.onWork = [&](const Progress::State& state) {
+      EXPECT_EQ(state.files, 3U);
+      return state.file != c.file || state.work != c.work;
+    };
+    const std::string line = "Dir c:\\marlo\\ncdata FS 5 RT OFF Afa ON TD 10.0 MAF 2000 ";
+    view.job.FileNames = {"a.nc", "a.nc", "b.nc", ""};
+    view.job.OptionLines = {line, line, line, ""};
+    view.job.MetafileCreateChk = 1;
+    RunObserver nobody;
+    RunAcceptedList(&view, &nobody);
+    EXPECT_EQ(view.results.entryCount, c.recorded);
+    EXPECT_EQ(view.results.runEnd.WasStopped(), c.recorded < 3);
+    EXPECT_EQ(view.results.runEnd.done, static_cast<size_t>(c.recorded));
+    EXPECT_EQ(view.program.store.blockCount == 0, c.recorded < 3);
+    EXPECT_EQ(view.fileName, c.recorded < 3 ? "" : "b.nc");
+    EXPECT_EQ(files.Exists("c:\\marlo\\ncdata\\b.nc.emf"), c.recorded == 3);
+  }
+}
+
 }  // namespace
 }  // namespace tvx

@@ -54,8 +54,20 @@ class ScriptedUi : public UserInterface {
   bool ChooseFile(const FileQuestion& question, std::string* path) override;
   void Repaint() override;
   void ShowStatus(const std::string& text, const std::string& path) override;
+  Progress* LongWork() override { return &work_; }
+
+  // The user's answer to each step of long work: false stops it.
+  std::function<bool(const Progress::State&)> onWork = [](const Progress::State&) { return true; };
 
  private:
+  struct Work final : Progress {
+    explicit Work(ScriptedUi* owner) : Progress(std::chrono::milliseconds(0)), ui(owner) {}
+    bool Show(const State& state) override { return ui->onWork(state); }
+    void Hide() override {}
+    ScriptedUi* ui;
+  };
+
+  Work work_{this};
   std::deque<std::function<bool(Dialog*)>> dialogs_;
   std::deque<bool> answers_;
   std::deque<std::optional<std::string>> files_;
