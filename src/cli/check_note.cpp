@@ -41,8 +41,9 @@ ProgramCheck CheckProgramFile(const ProgramFile& file, const CheckOptions& optio
   return checker.Result();
 }
 
-ProgramPauses NoteRemarks(const ProgramFile& file, const CTVXView& view, bool wantsPauses) {
-  if (IsQuiet() && !wantsPauses) return {};
+std::optional<ProgramCheck> NoteRemarks(const ProgramFile& file, const CTVXView& view,
+                                        bool wantsCheck) {
+  if (IsQuiet() && !wantsCheck) return {};
   SetSubject(file.argument);
   ShowProgress(file.argument + ": checking");
   ProgramCheck check;
@@ -53,16 +54,20 @@ ProgramPauses NoteRemarks(const ProgramFile& file, const CTVXView& view, bool wa
     throw Failure{file.argument, ReadProblem(files->LastError())};
   }
   ThrowIfBroken(file, check);
-  const ProgramPauses pauses{check.dwellSeconds, check.toolChanges};
-  if (IsQuiet()) return pauses;
+  if (IsQuiet()) return check;
   const auto whole = [](uint64_t value) { return static_cast<unsigned long long>(value); };
   const uint64_t lost = check.Count(RemarkClass::kLost);
   const uint64_t changed = check.Count(RemarkClass::kChanged);
-  if (lost + changed == 0) return pauses;
+  if (lost + changed == 0) return check;
   PrintRemark(file.argument + Format(": the times leave out or change lines of the program (%llu "
                                      "lost, %llu changed); tvx-cli check %s lists them",
                                      whole(lost), whole(changed), Quoted(file.argument).c_str()));
-  return pauses;
+  return check;
+}
+
+ProgramPauses PausesOf(const std::optional<ProgramCheck>& check) {
+  if (!check) return {};
+  return {.dwellSeconds = check->dwellSeconds, .toolChanges = check->toolChanges};
 }
 
 }  // namespace tvx

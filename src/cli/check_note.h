@@ -1,6 +1,7 @@
 // The program check in the tool.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "cli/program_files.h"
@@ -16,9 +17,13 @@ ProgramCheck CheckProgramFile(const ProgramFile& file, const CheckOptions& optio
                               const CTVXView& view, LoadStart* start);
 
 // Call it before the load of a program: prints in one line on standard error how many of its lines
-// the times leave out or change; nothing if there is none, if there is no such file or with
-// --quiet. Returns the pauses of the program, which take a check only if they are wanted or noted.
-// Throws Failure if the program cannot be read.
-ProgramPauses NoteRemarks(const ProgramFile& file, const CTVXView& view, bool wantsPauses);
+// the times leave out or change; nothing if there is none or with --quiet. Returns what the check
+// counted; nothing for a missing file, and where the check is neither wanted nor noted. Throws
+// Failure if the program cannot be read.
+std::optional<ProgramCheck> NoteRemarks(const ProgramFile& file, const CTVXView& view,
+                                        bool wantsCheck);
+
+// The pauses of a program; none for one that was not checked.
+ProgramPauses PausesOf(const std::optional<ProgramCheck>& check);
 
 }  // namespace tvx

@@ -25,10 +25,13 @@
 #include "platform/drives.h"
 #include "reports/cut_time_list.h"
 #include "reports/job_list_file.h"
+#include "reports/job_sheet.h"
 #include "reports/result_csv.h"
+#include "reports/result_workbook.h"
 #include "reports/spreadsheet_export.h"
 #include "reports/text_report.h"
 #include "shell/job_list_run.h"
+#include "shell/result_details.h"
 
 namespace tvx {
 namespace {
@@ -58,17 +61,24 @@ class RunReport final : public RunObserver {
     ShowProgress(Format("%zu/%zu %s", index + 1, count, name.c_str()));
   }
   void OnLoad(const std::string& path) override {
-    const auto [found, isNew] = pauses_.try_emplace(path);
+    const auto [found, isNew] = checks_.try_emplace(path);
     if (!isNew) return;
+    const bool wantsCheck = machine_.has_value() || view_.results.wanted.sheet;
     try {
-      found->second = NoteRemarks({path, path}, view_, machine_.has_value());
+      found->second = NoteRemarks({path, path}, view_, wantsCheck);
     } catch (const Failure& failure) {
       Report(failure.file, failure.reason);
     }
   }
   void OnRecorded(const std::string& path) override {
-    if (!machine_) return;
-    machineTimes_.push_back(ComputeMachineTime(&view_.program.store, *machine_, pauses_[path]));
+    const std::optional<ProgramCheck>& check = checks_[path];
+    if (machine_) {
+      machineTimes_.push_back(ComputeMachineTime(&view_.program.store, *machine_, PausesOf(check)));
+    }
+    EntryDetails* const details = view_.results.Recorded().back().details.get();
+    if (details == nullptr) return;
+    if (machine_) details->machine = {*machine_, machineTimes_.back()};
+    if (check) AddCheck(*check, details);
   }
   void OnLoadFailed(const std::string& path, LoadResult result) override {
     Report(path, LoadProblem(result, view_));
@@ -92,7 +102,7 @@ class RunReport final : public RunObserver {
  private:
   const std::optional<MachineProfile>& machine_;
   CTVXView& view_;
-  std::map<std::string, ProgramPauses> pauses_;  // of the programs that have been checked, by path
+  std::map<std::string, std::optional<ProgramCheck>> checks_;  // by path
   std::vector<MachineTime> machineTimes_;
   bool failed_ = false;
   std::string lastLine_;  // the report before
@@ -181,7 +191,7 @@ void PrintInformation(const ResultTable& results) {
 
 // The files to write from the results, as named on the command line.
 struct Outputs {
-  std::optional<std::string> report, list, listCopy, sheet;
+  std::optional<std::string> report, list, listCopy, sheet, page, workbook;
   CsvOption csv;
 
   void AddTo(CommandLine* line) {
@@ -190,6 +200,9 @@ struct Outputs {
     line->AddOption("--list-copy", &listCopy,
                     "OUT.mcf: write the job list file and copy the files of the list beside it");
     line->AddOption("--sheet", &sheet, "FILE: fill the first sheet of a workbook and save it");
+    line->AddOption("--sheet-html", &page, "OUT.html: write the job sheet, one page to print");
+    line->AddOption("--xlsx", &workbook,
+                    "OUT.xlsx: write a workbook with pictures, without an office program");
     csv.AddTo(line);
   }
 };
@@ -255,6 +268,11 @@ bool WriteOutputs(const Outputs& outputs, const Host& host,
   if (outputs.csv.path() != nullptr && results->HasPart()) {
     throw Failure{*outputs.csv.path(), WriteProblem(kPartSource)};
   }
+  WriteOutput(host, outputs.page, [&](const std::string& path) {
+    return WriteJobSheetFile(path, *results, host.app.LabelLanguage, files);
+  });
+  WriteOutput(host, outputs.workbook,
+              [&](const std::string& path) { return WriteResultWorkbook(path, *results, files); });
   outputs.csv.Write(host, ResultsCsv(*results, machineTimes));
   const bool copied = ReportFailedCopies(failed);
   if (outputs.sheet) {
@@ -293,6 +311,8 @@ int RunJobs(const Call& call) {
   const JobList list = ReadList(host, host.ReadablePath(argument), argument, &report);
   params.Apply(&host, &view);
   AcceptList(list, pictures && !noPictures, &view);
+  view.results.wanted = {.sheet = outputs.page.has_value(),
+                         .workbook = outputs.workbook.has_value()};
   RunAcceptedList(&view, &report);
   ShowProgress("");
   if (json) {

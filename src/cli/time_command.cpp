@@ -35,7 +35,7 @@ struct Times {
 
 Times TimeProgram(const ProgramFile& file, bool adjusts,
                   const std::optional<MachineProfile>& machine, CTVXView* view) {
-  const ProgramPauses pauses = NoteRemarks(file, *view, machine.has_value());
+  const ProgramPauses pauses = PausesOf(NoteRemarks(file, *view, machine.has_value()));
   LoadWholeProgram(file, view);
   const auto figures = [&] {
     Figures result{CountProgram(file, view), std::nullopt};

@@ -163,6 +163,14 @@ MachineTime ForwardPass(BlockStore* store, const MachineLimits& limits,
 
 }  // namespace
 
+void SetPauses(const ProgramPauses& pauses, const MachineProfile& profile, MachineTime* time) {
+  time->dwellMinutes = pauses.dwellSeconds * kMinutesPerSecond * profile.Factor;
+  time->toolMinutes = static_cast<double>(pauses.toolChanges) * profile.ToolChange *
+                      kMinutesPerSecond * profile.Factor;
+  time->totalMinutes =
+      time->cutMinutes + time->rapidMinutes + time->dwellMinutes + time->toolMinutes;
+}
+
 std::span<const MachineTimeField> MachineTimeFields() {
   static constexpr MachineTimeField kFields[] = {
       {"cutMinutes", &MachineTime::cutMinutes},
@@ -182,10 +190,7 @@ MachineTime ComputeMachineTime(BlockStore* store, const MachineProfile& profile,
   MachineTime time = ForwardPass(store, limits, BackwardPass(store, limits), observer);
   time.cutMinutes *= profile.Factor;
   time.rapidMinutes *= profile.Factor;
-  time.dwellMinutes = pauses.dwellSeconds * kMinutesPerSecond * profile.Factor;
-  time.toolMinutes = static_cast<double>(pauses.toolChanges) * profile.ToolChange *
-                     kMinutesPerSecond * profile.Factor;
-  time.totalMinutes = time.cutMinutes + time.rapidMinutes + time.dwellMinutes + time.toolMinutes;
+  SetPauses(pauses, profile, &time);
   return time;
 }
 

@@ -30,6 +30,9 @@ struct MachineTime {
   uint64_t movesWithoutFeed = 0;  // cuts that are in none of the times since they have no feed
 };
 
+// Sets the times of the pauses and the total anew.
+void SetPauses(const ProgramPauses& pauses, const MachineProfile& profile, MachineTime* time);
+
 // The minutes of a machine time by their names in files.
 struct MachineTimeField {
   const char* name;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,12 @@ struct ProgramSource {
   std::vector<int32_t> feeds = {};
 };
 
+// Figures of the straight cuts.
+struct CutFigures {
+  float minutes = 0;
+  int32_t averageFeed = 0;  // mm/min
+};
+
 // The stored moves and what reading them leaves behind.
 struct NcProgram {
   BlockStore store;
@@ -34,6 +41,8 @@ struct NcProgram {
   bool isPart = false;           // a read failed before the end of the file
   ProgramSource source = {};
   uint32_t edition = 0;  // another number for each program that fills the store
+  // Before the first adjustment, if results are to have details; nothing before that.
+  std::optional<CutFigures> programmed = {};
 };
 
 // Leaves a program as a load begins: without blocks, in absolute mode, with a silent first point.
@@ -46,6 +55,7 @@ inline void EmptyProgram(NcProgram* program) {
   program->incrementalMode = 0;
   program->source = {};
   ++program->edition;
+  program->programmed.reset();
 }
 
 }  // namespace tvx

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 #include <variant>
@@ -9,6 +10,8 @@
 #include "model/job_record.h"
 
 namespace tvx {
+
+struct EntryDetails;  // reports/entry_details.h
 
 // The record of one finished cut-time run: the file, the options it ran with, and the figures.
 struct CutTimeEntry {
@@ -52,6 +55,8 @@ struct CutTimeEntry {
   // none. It is no field of any file.
   uint32_t check = 0;
   bool isPart = false;  // of a program that was not read to its end; in no file
+  // For the job sheet; null unless the result table keeps them. In no file of its own.
+  std::shared_ptr<EntryDetails> details;
 };
 
 using EntryMember =

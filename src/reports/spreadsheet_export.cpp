@@ -25,8 +25,7 @@ CellValue Number(int32_t value) {
 }
 
 CellValue MetresCell(float millimetres) {
-  // A double product, rounded once: 1234 mm becomes the float nearest to 1.234.
-  return static_cast<float>(millimetres * 0.001);
+  return SpreadsheetMetres(millimetres);
 }
 
 // "ON" or "OFF". Some columns have a blank behind the word.
@@ -88,10 +87,9 @@ bool PutTitles(SpreadsheetApplication* program) {
 
 bool PutEntry(const Entry& entry, size_t index, SpreadsheetApplication* program) {
   constexpr size_t kFirstRow = 2;  // below the titles
-  for (size_t i = 0; i < std::size(kColumns); ++i) {
-    const Column& column = kColumns[i];
-    if (column.isCondition && entry.AfaEnabled != 1) continue;
-    if (!PutCell(i, index + kFirstRow, column.value(entry, index + 1), program)) return false;
+  const auto cells = SpreadsheetCells(entry, index + 1);
+  for (size_t i = 0; i < cells.size(); ++i) {
+    if (cells[i] && !PutCell(i, index + kFirstRow, *cells[i], program)) return false;
   }
   return true;
 }
@@ -123,6 +121,26 @@ bool FillWorkbook(const std::string& path, ResultTable* results, SpreadsheetAppl
 }
 
 }  // namespace
+
+std::vector<const char*> SpreadsheetTitles() {
+  std::vector<const char*> titles;
+  for (const Column& column : kColumns) titles.push_back(column.title);
+  return titles;
+}
+
+std::vector<std::optional<CellValue>> SpreadsheetCells(const Entry& entry, size_t number) {
+  std::vector<std::optional<CellValue>> cells;
+  for (const Column& column : kColumns) {
+    const bool isWritten = !column.isCondition || entry.AfaEnabled == 1;
+    cells.push_back(isWritten ? std::optional(column.value(entry, number)) : std::nullopt);
+  }
+  return cells;
+}
+
+float SpreadsheetMetres(float millimetres) {
+  // A double product, rounded once: 1234 mm becomes the float nearest to 1.234.
+  return static_cast<float>(millimetres * 0.001);
+}
 
 bool ExportSpreadsheet(const std::string& path, ResultTable* results, Spreadsheets* spreadsheets,
                        Progress* progress) {

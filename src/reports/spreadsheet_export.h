@@ -1,7 +1,9 @@
 // Writes the results into the first sheet of a workbook: a row of titles, then a row for each file.
 #pragma once
 
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/progress.h"
 #include "reports/spreadsheet.h"
@@ -24,6 +26,16 @@ bool ExportSpreadsheet(const std::string& path, ResultTable* results, Spreadshee
 // an existing file is then unchanged.
 bool WriteSpreadsheetFile(const std::string& path, ResultTable* results,
                           SpreadsheetApplication* program, Progress* progress = NoProgress());
+
+// The titles of the columns, starting with A.
+std::vector<const char*> SpreadsheetTitles();
+
+// The values of a result in these columns, as they are; nothing for a cell that is not written.
+// `number` counts the results from 1.
+std::vector<std::optional<CellValue>> SpreadsheetCells(const CutTimeEntry& entry, size_t number);
+
+// A length in metres, as the cells have it.
+float SpreadsheetMetres(float millimetres);
 
 // The message to show when there is no spreadsheet program.
 inline constexpr char kNoSpreadsheetProgram[] = "Couldn't start Excel.";

@@ -3,10 +3,12 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "feed/feed_pass.h"
+#include "insight/machine_profile.h"
 #include "jobs/labels.h"
 #include "jobs/send_options.h"
 #include "model/job_record.h"
@@ -51,6 +53,8 @@ class CTVXApp {
   // The spindle speed, rev/min, that the job dialog opens with: the one in the default condition
   // file until a job dialog is accepted.
   int32_t rememberedSpindle = 1000;
+  // The machine that the user chose in the window, if any: results keep its time for the job sheet.
+  std::optional<MachineProfile> machine;
   // The send options of the command of a single cut time; all windows use the same object.
   CSendOptionDlg sendOptions;
 };

@@ -6,6 +6,7 @@
 #include "platform/user_files.h"
 #include "shell/messages.h"
 #include "shell/program_steps.h"
+#include "shell/result_details.h"
 #include "view/picture.h"
 
 namespace tvx {
@@ -73,6 +74,7 @@ void SingleCutTimeCommand(CTVXView* view) {
   SetNames(*view, &result);
   if (!app->ui->RunModal(&view->fileInfo)) return;
   result.check = view->check.Keep();
+  result.details = MakeDetails(view);
   const RecordResult recorded =
       RecordResultEntry(result, SceneOf(view), app->files, &view->results);
   if (recorded == RecordResult::kTableFull) {

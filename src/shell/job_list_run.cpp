@@ -10,6 +10,7 @@
 #include "shell/master_commands.h"
 #include "shell/messages.h"
 #include "shell/program_steps.h"
+#include "shell/result_details.h"
 
 namespace tvx {
 
@@ -114,6 +115,7 @@ bool RunEntry(const std::string& name, const std::string& line, CTVXView* view,
   result.optionLine = line;
   result.dirName = directory;
   result.check = view->check.Keep();
+  result.details = MakeDetails(view);
   const RecordResult recorded =
       RecordResultEntry(result, SceneOf(view), view->app->files, &view->results);
   if (recorded == RecordResult::kStopped) return false;

@@ -15,7 +15,8 @@ ProgramContext ProgramContextOf(CTVXView* view) {
           .transform = &view->view.transform,
           .current = &view->fileInfo.current,
           .feedPassMemory = &app->feedPassMemory,
-          .ui = app->ui};
+          .ui = app->ui,
+          .keepsProgrammed = view->results.wanted.sheet};
 }
 
 Scene SceneOf(CTVXView* view) {
@@ -35,7 +36,19 @@ LoadResult LoadFile(CTVXView* view, const std::string& path) {
   return result;
 }
 
+// An adjustment replaces the programmed feeds in the store.
+static void KeepProgrammed(const ProgramContext& context) {
+  NcProgram& program = *context.program;
+  if (!context.keepsProgrammed || program.programmed) return;
+  const MotionBlock reg = program.store.CurrentBlock;
+  CutTimeEntry figures;
+  ComputeCutTime(&program.store, *context.job, &figures);
+  program.store.CurrentBlock = reg;
+  program.programmed = {figures.cutMinutes, figures.averageFeed};
+}
+
 bool AdjustFeeds(const ProgramContext& context, const FeedTrace& trace) {
+  KeepProgrammed(context);
   Progress* const progress = context.ui->LongWork();
   const WorkScope work(progress, Work::kAdjust, context.program->source.path);
   return FeedPass(context.program, *context.job, context.master, context.feedPassMemory, trace,

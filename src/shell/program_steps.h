@@ -23,6 +23,7 @@ struct ProgramContext {
   CutTimeEntry* current;           // receives the figures
   FeedPassMemory* feedPassMemory;  // of the application
   UserInterface* ui;               // repaints
+  bool keepsProgrammed;            // the figures before the first adjustment of a program
 };
 
 ProgramContext ProgramContextOf(CTVXView* view);

@@ -20,12 +20,21 @@ struct RunEnd {
   bool WasStopped() const { return done < count; }
 };
 
+// Which details are kept with the results; each takes time and memory.
+struct DetailsWanted {
+  bool sheet = false;     // for the job sheet
+  bool workbook = false;  // for the workbook file
+
+  bool Any() const { return sheet || workbook; }
+};
+
 // The recorded results of one window, in the order of recording. It lives as long as the window and
 // is not saved by itself: the reports are its only lasting form.
 struct ResultTable {
   std::vector<CutTimeEntry> entries = std::vector<CutTimeEntry>(kResultEntries);
   int32_t entryCount = 0;  // entries from index 0 that are valid
   RunEnd runEnd;           // of the last run that appended to it
+  DetailsWanted wanted;
 
   // The valid entries.
   std::span<CutTimeEntry> Recorded() { return {entries.data(), static_cast<size_t>(entryCount)}; }

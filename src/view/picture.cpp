@@ -73,7 +73,7 @@ bool DrawSvg(const Scene& scene, OutputFile* file) {
   return device.Finish();
 }
 
-bool DrawPng(const Scene& scene, OutputFile* file) {
+bool DrawImage(const Scene& scene, bool (*write)(const Image&, OutputFile*), OutputFile* file) {
   const ViewTransform& view = scene.view->transform;
   const int64_t count = int64_t{view.clientWidth} * view.clientHeight;
   if (view.clientWidth <= 0 || view.clientHeight <= 0 || count > kMostPixels) return false;
@@ -82,7 +82,15 @@ bool DrawPng(const Scene& scene, OutputFile* file) {
   RasterDevice device(image, TopLeftOf(view));
   DrawPicture(scene, &device);
   DrawLetters(&device);
-  return file != nullptr && WritePng(image, file);
+  return file != nullptr && write(image, file);
+}
+
+bool DrawPng(const Scene& scene, OutputFile* file) {
+  return DrawImage(scene, WritePng, file);
+}
+
+bool DrawPalettePng(const Scene& scene, OutputFile* file) {
+  return DrawImage(scene, WritePalettePng, file);
 }
 
 struct FormatRow {
@@ -94,6 +102,7 @@ constexpr FormatRow kFormats[] = {
     {".emf", PictureFormat::kMetafile, DrawMetafile},
     {".svg", PictureFormat::kSvg, DrawSvg},
     {".png", PictureFormat::kPng, DrawPng},
+    {".png", PictureFormat::kPalettePng, DrawPalettePng},
 };
 
 }  // namespace
@@ -114,14 +123,18 @@ bool IsMetafile(std::string_view start) {
   return start.size() >= kSignaturePlace && start.substr(kSignaturePlace).starts_with(kSignature);
 }
 
+bool DrawPictureFile(PictureFormat format, const Scene& scene, OutputFile* file) {
+  for (const FormatRow& row : kFormats) {
+    if (row.format == format) return row.draw(scene, file);
+  }
+  return false;
+}
+
 bool WritePictureFile(PictureFormat format, const std::string& path, const Scene& scene,
                       Files* files) {
   const std::unique_ptr<OutputFile> file = files->Create(path);
-  for (const FormatRow& row : kFormats) {
-    if (row.format != format) continue;
-    return row.draw(scene, file.get()) && !scene.progress->IsStopped() && file->Commit();
-  }
-  return false;
+  return DrawPictureFile(format, scene, file.get()) && !scene.progress->IsStopped() &&
+         file->Commit();
 }
 
 int WritePicture(const std::string& path, const Scene& scene, Files* files) {

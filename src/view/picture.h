@@ -11,7 +11,8 @@
 
 namespace tvx {
 
-enum class PictureFormat { kMetafile, kSvg, kPng };
+// kPalettePng: the same pixels as kPng in a smaller file; no extension selects it.
+enum class PictureFormat { kMetafile, kSvg, kPng, kPalettePng };
 
 // The format by the extension of a file name (".emf", ".svg" or ".png", in upper or lower case);
 // nullopt for any other extension.
@@ -19,6 +20,10 @@ std::optional<PictureFormat> PictureFormatOf(std::string_view path);
 
 // True for the first bytes of an enhanced metafile.
 bool IsMetafile(std::string_view start);
+
+// Draws the scene into a file with the current angles, pan and scale of the view. Returns false if
+// a write fails. The caller commits the file.
+bool DrawPictureFile(PictureFormat format, const Scene& scene, OutputFile* file);
 
 // Creates or replaces the file and draws the scene into it with the current angles, pan and scale
 // of the view. SVG and PNG have a white page of the drawing area's size. Returns false if the file

@@ -3,6 +3,8 @@
 
 #include <png.h>
 
+#include <algorithm>
+#include <array>
 #include <vector>
 
 namespace tvx {
@@ -31,7 +33,46 @@ void ToRgb(const uint32_t* pixels, int32_t width, uint8_t* row) {
   }
 }
 
-// On an error the library jumps to the setjmp, so there must be no object with a destructor here.
+// The colours of an image and their order.
+struct Palette {
+  std::array<uint32_t, kPaletteColours> colours{};
+  size_t count = 0;
+
+  size_t Find(uint32_t colour) const {
+    size_t i = 0;
+    while (i < count && colours[i] != colour) ++i;
+    return i;
+  }
+};
+
+// False for too many colours.
+bool CollectColours(const Image& image, Palette* palette) {
+  for (int32_t y = 0; y < image.height; ++y) {
+    const uint32_t* const row = image.pixels + y * image.stride;
+    uint32_t last = ~row[0];
+    for (int32_t x = 0; x < image.width; ++x) {
+      if (row[x] == last) continue;
+      last = row[x];
+      if (palette->Find(last) < palette->count) continue;
+      if (palette->count == kPaletteColours) return false;
+      palette->colours[palette->count++] = last;
+    }
+  }
+  return true;
+}
+
+// One byte for each pixel; the library packs them.
+void ToIndexes(const Palette& palette, const uint32_t* pixels, int32_t width, uint8_t* row) {
+  uint32_t last = pixels[0];
+  auto index = static_cast<uint8_t>(palette.Find(last));
+  for (int32_t x = 0; x < width; ++x) {
+    if (pixels[x] != last) index = static_cast<uint8_t>(palette.Find(last = pixels[x]));
+    row[x] = index;
+  }
+}
+
+// On an error the library jumps to the setjmp, so there must be no object with a destructor in
+// these two.
 bool WriteRows(png_structp png, png_infop info, const Image& image, uint8_t* row) {
   if (setjmp(png_jmpbuf(png)) != 0) return false;
   png_set_IHDR(png, info, static_cast<uint32_t>(image.width), static_cast<uint32_t>(image.height),
@@ -46,10 +87,35 @@ bool WriteRows(png_structp png, png_infop info, const Image& image, uint8_t* row
   return true;
 }
 
-}  // namespace
+bool WriteIndexedRows(png_structp png, png_infop info, const Image& image, const Palette& palette,
+                      uint8_t* row) {
+  if (setjmp(png_jmpbuf(png)) != 0) return false;
+  constexpr int kBitsPerPixel = 4;
+  constexpr int kFastCompression = 3;
+  png_set_compression_level(png, kFastCompression);
+  png_set_filter(png, 0, PNG_FILTER_NONE);
+  png_set_IHDR(png, info, static_cast<uint32_t>(image.width), static_cast<uint32_t>(image.height),
+               kBitsPerPixel, PNG_COLOR_TYPE_PALETTE, PNG_INTERLACE_NONE,
+               PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
+  png_color colours[kPaletteColours];
+  for (size_t i = 0; i < palette.count; ++i) {
+    const uint32_t c = palette.colours[i];
+    colours[i] = {static_cast<uint8_t>(c >> 16), static_cast<uint8_t>(c >> 8),
+                  static_cast<uint8_t>(c)};
+  }
+  png_set_PLTE(png, info, colours, static_cast<int>(palette.count));
+  png_write_info(png, info);
+  png_set_packing(png);
+  for (int32_t y = 0; y < image.height; ++y) {
+    ToIndexes(palette, image.pixels + y * image.stride, image.width, row);
+    png_write_row(png, row);
+  }
+  png_write_end(png, info);
+  return true;
+}
 
-bool WritePng(const Image& image, OutputFile* file) {
-  if (image.width <= 0 || image.height <= 0) return false;
+// `palette` is null for an image in full colours.
+bool Write(const Image& image, const Palette* palette, OutputFile* file) {
   png_structp png =
       png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, FailQuietly, IgnoreWarning);
   if (png == nullptr) return false;
@@ -58,10 +124,23 @@ bool WritePng(const Image& image, OutputFile* file) {
   if (info != nullptr) {
     std::vector<uint8_t> row(static_cast<size_t>(image.width) * 3);
     png_set_write_fn(png, file, WriteBytes, FlushNothing);
-    done = WriteRows(png, info, image, row.data());
+    done = palette != nullptr ? WriteIndexedRows(png, info, image, *palette, row.data())
+                              : WriteRows(png, info, image, row.data());
   }
   png_destroy_write_struct(&png, &info);
   return done;
+}
+
+}  // namespace
+
+bool WritePng(const Image& image, OutputFile* file) {
+  return image.width > 0 && image.height > 0 && Write(image, nullptr, file);
+}
+
+bool WritePalettePng(const Image& image, OutputFile* file) {
+  if (image.width <= 0 || image.height <= 0) return false;
+  Palette palette;
+  return Write(image, CollectColours(image, &palette) ? &palette : nullptr, file);
 }
 
 }  // namespace tvx

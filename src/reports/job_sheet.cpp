@@ -1,0 +1,548 @@
+// Writes the page from its top to its end. All texts are in tables of both languages; every name is
+// escaped in one place, Page::Text.
+#include "reports/job_sheet.h"
+
+#include <cmath>
+#include <iterator>
+#include <memory>
+#include <optional>
+
+#include "base/base64.h"
+#include "base/format.h"
+#include "base/scan.h"
+#include "base/text.h"
+#include "jobs/labels.h"
+#include "reports/entry_details.h"
+#include "stats/entry_lines.h"
+#include "view/output_buffer.h"
+
+namespace tvx {
+
+namespace {
+
+struct Words {
+  const char* korean;
+  const char* english;
+};
+
+constexpr Words kTitle = {"작업 시트", "Job sheet"};
+constexpr Words kPrograms = {"프로그램", "Programs"};
+constexpr Words kProgram = {"프로그램", "Program"};
+constexpr Words kProgrammed = {"조정 전", "Programmed"};
+constexpr Words kAdjusted = {"조정 후", "Adjusted"};
+constexpr Words kSaved = {"단축", "Saved"};
+constexpr Words kTotalTime = {"소요시간", "Total time"};
+constexpr Words kMachineTime = {"기계시간", "Machine time"};
+constexpr Words kRemarks = {"검사", "Program check"};
+constexpr Words kNotChecked = {"검사하지 않았습니다.", "Not checked."};
+constexpr Words kNoRemarks = {"시간에서 빠지거나 다르게 읽은 줄이 없습니다.",
+                              "No line is left out of the times or read differently."};
+constexpr Words kConditions = {"조건", "Conditions"};
+constexpr Words kNoAdjustment = {"피드 자동 조정 없음", "No feed adjustment"};
+constexpr Words kNoPrograms = {"결과가 없습니다.", "There are no results."};
+constexpr Words kClasses[] = {{"빠짐", "lost"}, {"다름", "changed"}, {"참고", "note"}};
+
+constexpr char kUnknown[] = "–";
+
+// Colours for light and dark screens; paper is always light. A program is not divided between two
+// pages of A4 as long as it fits on one.
+constexpr char kStyle[] = R"(
+:root { color-scheme: light dark; --page: #ffffff; --text: #1b1f24; --weak: #5c6570; --line: #c9ced6;
+  --band: #f1f3f6; --mark: #0b5cad; --lost: #b3261e; }
+@media (prefers-color-scheme: dark) {
+  :root { --page: #15181c; --text: #e6e8eb; --weak: #a3abb5; --line: #3b424b; --band: #20252b;
+    --mark: #7db7f5; --lost: #ff8a80; }
+}
+@page { size: A4; margin: 12mm; }
+* { box-sizing: border-box; }
+body { margin: 0 auto; padding: 16px; max-width: 60rem; background: var(--page); color: var(--text);
+  font: 14px/1.4 system-ui, "Malgun Gothic", "Noto Sans CJK KR", NanumGothic, sans-serif; }
+h1 { font-size: 1.6em; margin: 0 0 .5em; }
+h2 { font-size: 1.15em; margin: 0; overflow-wrap: anywhere; }
+h3 { font-size: .95em; margin: .8em 0 .2em; }
+table { border-collapse: collapse; width: 100%; }
+th, td { padding: 2px 6px; border-bottom: 1px solid var(--line); text-align: left;
+  vertical-align: top; }
+thead th { background: var(--band); }
+thead { display: table-header-group; }
+tr { break-inside: avoid; }
+td.number, th.number { text-align: right; white-space: nowrap; font-variant-numeric: tabular-nums; }
+td.name { overflow-wrap: anywhere; }
+th { font-weight: 600; word-break: keep-all; }
+.remarks td { white-space: nowrap; width: 1%; }
+.remarks td.name { white-space: normal; width: auto; }
+a { color: var(--mark); text-decoration: none; }
+.weak { color: var(--weak); font-weight: normal; }
+.lost { color: var(--lost); font-weight: 600; }
+.clock { display: block; color: var(--weak); }
+.totals { display: flex; flex-wrap: wrap; gap: 8px; margin-bottom: 16px; }
+.total { flex: 1 1 7rem; padding: 6px 10px; background: var(--band); border: 1px solid var(--line); }
+.total .value { font-size: 1.2em; font-weight: 600; white-space: nowrap; }
+.program { margin-top: 24px; padding-top: 8px; border-top: 2px solid var(--mark);
+  break-inside: avoid; }
+.directory { margin: 0 0 6px; color: var(--weak); overflow-wrap: anywhere; }
+.pair { display: flex; gap: 14px; align-items: flex-start; }
+.pair > div { flex: 1 1 0; min-width: 0; }
+.picture { display: block; width: 100%; height: auto; background: #ffffff;
+  border: 1px solid var(--line); }
+.conditions { columns: 3; column-gap: 14px; }
+.condition { break-inside: avoid; display: flex; justify-content: space-between; gap: 6px;
+  border-bottom: 1px solid var(--line); }
+.condition span:last-child { text-align: right; overflow-wrap: anywhere; }
+@media (max-width: 40rem) {
+  .pair { display: block; }
+  .conditions { columns: 1; }
+}
+@media print {
+  :root { color-scheme: light; --page: #ffffff; --text: #000000; --weak: #444444; --line: #bbbbbb;
+    --band: #eeeeee; --mark: #000000; --lost: #000000; }
+  body { padding: 0; max-width: none; font-size: 9pt; line-height: 1.25;
+    print-color-adjust: exact; -webkit-print-color-adjust: exact; }
+  .pair { display: flex; }
+  .pair > .drawing { flex: 0 0 42%; }
+  .conditions { columns: 3; }
+  th, td { padding: 1px 4px; }
+  .totals { gap: 4px; }
+  .total { flex-basis: 0; padding: 4px 6px; }
+  .program { margin-top: 6mm; }
+}
+)";
+
+std::string Escaped(std::string_view name) {
+  std::string text = DocumentText(name);
+  constexpr const char* kEscapes[][2] = {
+      {"&", "&amp;"}, {"<", "&lt;"}, {">", "&gt;"}, {"\"", "&quot;"}, {"'", "&#39;"}};
+  for (const auto& [character, escape] : kEscapes) ReplaceAll(character, escape, &text);
+  return text;
+}
+
+// Collects pieces and writes them to the file.
+class Page {
+ public:
+  Page(OutputFile* file, int32_t language)
+      : buffer_(file), isEnglish_(language == kEnglishLabels) {}
+
+  bool isEnglish() const { return isEnglish_; }
+  const char* In(const Words& words) const { return isEnglish_ ? words.english : words.korean; }
+
+  // Markup as it is.
+  void Mark(std::string_view markup) { buffer_.Write(markup); }
+  void Text(std::string_view text) { buffer_.Write(Escaped(text)); }
+  void Text(const Words& words) { Text(In(words)); }
+
+  // An element with a text. `tag` may hold attributes.
+  template <typename T>
+  void Element(const std::string& tag, const T& text) {
+    Mark("<" + tag + ">");
+    Text(text);
+    Mark("</" + tag.substr(0, tag.find(' ')) + ">");
+  }
+
+  bool Finish() {
+    buffer_.Flush();
+    return buffer_.good();
+  }
+
+ private:
+  OutputBuffer buffer_;
+  bool isEnglish_;
+};
+
+constexpr char kNumberCell[] = "td class=\"number\"";
+
+// Minutes as hours, minutes and seconds; empty for times that no clock shows.
+std::string ClockText(double minutes) {
+  constexpr double kMostMinutes = 1e9;
+  if (!(std::abs(minutes) < kMostMinutes)) return "";
+  const long long seconds = std::llround(std::abs(minutes) * 60);
+  return Format("%s%lld:%02lld:%02lld", minutes < 0 && seconds > 0 ? "-" : "", seconds / 3600,
+                seconds / 60 % 60, seconds % 60);
+}
+
+std::string MinutesText(double minutes) {
+  if (!std::isfinite(minutes)) return kUnknown;
+  const std::string text = Format("%.2f min", minutes);
+  return text == "-0.00 min" ? "0.00 min" : text;
+}
+
+// The times of one program or of all; a time that is not known is NaN.
+struct Times {
+  double programmed = NAN;
+  double adjusted = NAN;  // by the feeds in force
+  double Saved() const { return programmed - adjusted; }
+};
+
+// The figures of an entry before the adjustment, which changes no rapid; nothing if unknown.
+std::optional<CutTimeEntry> ProgrammedOf(const CutTimeEntry& entry) {
+  if (entry.AfaEnabled != 1) return entry;
+  if (entry.details == nullptr || !entry.details->programmed) return std::nullopt;
+  CutTimeEntry programmed = entry;
+  programmed.cutMinutes = entry.details->programmed->minutes;
+  programmed.averageFeed = entry.details->programmed->averageFeed;
+  programmed.totalMinutes = programmed.cutMinutes + entry.rapidMinutes;
+  return programmed;
+}
+
+const MachineEstimate* MachineOf(const CutTimeEntry& entry) {
+  return entry.details != nullptr && entry.details->machine ? &*entry.details->machine : nullptr;
+}
+
+const RemarkCounts* RemarksOf(const CutTimeEntry& entry) {
+  return entry.details != nullptr && entry.details->remarks ? &*entry.details->remarks : nullptr;
+}
+
+uint64_t CountOfClass(const RemarkCounts& counts, RemarkClass remarkClass) {
+  uint64_t count = 0;
+  for (const RemarkKind& kind : RemarkKinds()) {
+    if (kind.remarkClass == remarkClass) count += counts[static_cast<size_t>(kind.id)];
+  }
+  return count;
+}
+
+std::string CountText(uint64_t count) {
+  return std::to_string(count);
+}
+
+// "lost 3, changed 1", as the window shows it.
+std::string ClassCounts(const Page& page, const RemarkCounts& counts) {
+  return std::string(page.In(kClasses[0])) + " " +
+         CountText(CountOfClass(counts, RemarkClass::kLost)) + ", " + page.In(kClasses[1]) + " " +
+         CountText(CountOfClass(counts, RemarkClass::kChanged));
+}
+
+// The sums of the list. The times are added in single precision, as the list itself adds them.
+struct Totals {
+  Times time;
+  double machine = NAN;  // NaN without a machine, and if it is not known for every program
+  bool hasMachine = false;
+  std::optional<RemarkCounts> remarks;  // of the programs that were checked
+};
+
+Totals TotalsOf(const ResultTable& results) {
+  Totals totals;
+  float programmed = 0, adjusted = 0;
+  double machine = 0;
+  for (const CutTimeEntry& entry : results.Recorded()) {
+    const auto before = ProgrammedOf(entry);
+    programmed += before ? before->totalMinutes : NAN;
+    adjusted += entry.totalMinutes;
+    const MachineEstimate* const estimate = MachineOf(entry);
+    machine += estimate != nullptr ? estimate->time.totalMinutes : NAN;
+    totals.hasMachine = totals.hasMachine || estimate != nullptr;
+    if (const RemarkCounts* const counts = RemarksOf(entry)) {
+      if (!totals.remarks) totals.remarks.emplace();
+      for (size_t i = 0; i < kRemarkIds; ++i) (*totals.remarks)[i] += (*counts)[i];
+    }
+  }
+  totals.time = {programmed, adjusted};
+  totals.machine = machine;
+  return totals;
+}
+
+void AddTotal(const char* label, const std::string& value, const std::string& below, Page* page) {
+  page->Mark("<div class=\"total\">");
+  page->Element("div class=\"weak\"", label);
+  page->Element("div class=\"value\"", value);
+  if (!below.empty()) page->Element("div class=\"weak\"", below);
+  page->Mark("</div>\n");
+}
+
+void AddTimeTotal(const char* label, double minutes, Page* page) {
+  AddTotal(label, MinutesText(minutes), ClockText(minutes), page);
+}
+
+void AddTotals(const ResultTable& results, const Totals& totals, Page* page) {
+  page->Mark("<div class=\"totals\">\n");
+  AddTotal(page->In(kPrograms), Format("%d", results.entryCount), "", page);
+  AddTimeTotal(page->In(kProgrammed), totals.time.programmed, page);
+  AddTimeTotal(page->In(kAdjusted), totals.time.adjusted, page);
+  AddTimeTotal(page->In(kSaved), totals.time.Saved(), page);
+  if (totals.hasMachine) AddTimeTotal(page->In(kMachineTime), totals.machine, page);
+  if (totals.remarks) {
+    AddTotal(page->In(kRemarks), ClassCounts(*page, *totals.remarks), "", page);
+  }
+  page->Mark("</div>\n");
+}
+
+// A number cell with the same time below it as a clock shows it.
+void AddTimeCell(double minutes, Page* page) {
+  page->Mark("<td class=\"number\">" + MinutesText(minutes));
+  const std::string clock = ClockText(minutes);
+  if (!clock.empty()) page->Mark("<span class=\"clock\">" + clock + "</span>");
+  page->Mark("</td>");
+}
+
+void AddListRow(const CutTimeEntry& entry, size_t number, const Totals& totals, Page* page) {
+  const auto programmed = ProgrammedOf(entry);
+  const Times times = {programmed ? programmed->totalMinutes : NAN, entry.totalMinutes};
+  page->Mark("<tr>");
+  page->Element(kNumberCell, Format("%zu", number));
+  page->Mark(Format("<td class=\"name\"><a href=\"#program%zu\">", number));
+  page->Text(entry.fileName);
+  page->Mark("</a></td>");
+  AddTimeCell(times.programmed, page);
+  AddTimeCell(times.adjusted, page);
+  AddTimeCell(times.Saved(), page);
+  if (totals.hasMachine) {
+    const MachineEstimate* const machine = MachineOf(entry);
+    AddTimeCell(machine != nullptr ? machine->time.totalMinutes : NAN, page);
+  }
+  if (totals.remarks) {
+    const RemarkCounts* const counts = RemarksOf(entry);
+    const bool isHurt = counts != nullptr && CountOfClass(*counts, RemarkClass::kLost) > 0;
+    page->Element(isHurt ? "td class=\"lost\"" : "td",
+                  counts != nullptr ? ClassCounts(*page, *counts) : kUnknown);
+  }
+  page->Mark("</tr>\n");
+}
+
+// One row for each program. A page of one program has no such table.
+void AddList(const ResultTable& results, const Totals& totals, Page* page) {
+  if (results.entryCount < 2) return;
+  page->Mark("<table>\n<thead><tr><th class=\"number\">#</th>");
+  page->Element("th", kProgram);
+  for (const Words& title : {kProgrammed, kAdjusted, kSaved}) {
+    page->Element("th class=\"number\"", title);
+  }
+  if (totals.hasMachine) page->Element("th class=\"number\"", kMachineTime);
+  if (totals.remarks) page->Element("th", kRemarks);
+  page->Mark("</tr></thead>\n<tbody>\n");
+  size_t number = 0;
+  for (const CutTimeEntry& entry : results.Recorded()) AddListRow(entry, ++number, totals, page);
+  page->Mark("</tbody>\n</table>\n");
+}
+
+void AddPicture(const CutTimeEntry& entry, Page* page) {
+  if (entry.details == nullptr) return;
+  const bool isSvg = !entry.details->svg.empty();
+  const std::string& bytes = isSvg ? entry.details->svg : entry.details->png;
+  if (bytes.empty()) return;
+  page->Mark(
+      Format("<div class=\"drawing\"><img class=\"picture\" width=\"%d\" height=\"%d\" alt=\"",
+             kSheetPicture.width, kSheetPicture.height));
+  page->Text(entry.fileName);
+  page->Mark(isSvg ? "\" src=\"data:image/svg+xml;base64," : "\" src=\"data:image/png;base64,");
+  page->Mark(Base64(bytes));
+  page->Mark("\"></div>\n");
+}
+
+// A figure that the adjustment changes.
+struct TimeRow {
+  Words label;
+  float CutTimeEntry::*minutes;
+};
+constexpr TimeRow kTimeRows[] = {
+    {{"절삭시간", "Cut time"}, &CutTimeEntry::cutMinutes},
+    {{"급속이송시간", "Rapid time"}, &CutTimeEntry::rapidMinutes},
+    {kTotalTime, &CutTimeEntry::totalMinutes},
+};
+
+void AddTimeRow(const TimeRow& row, const CutTimeEntry& entry, Page* page) {
+  const auto programmed = ProgrammedOf(entry);
+  const bool isAdjusted = entry.AfaEnabled == 1;
+  const Times times = {programmed ? (*programmed).*row.minutes : NAN,
+                       isAdjusted ? entry.*row.minutes : NAN};
+  page->Mark("<tr>");
+  page->Element("th", row.label);
+  AddTimeCell(times.programmed, page);
+  AddTimeCell(times.adjusted, page);
+  AddTimeCell(times.Saved(), page);
+  page->Mark("</tr>\n");
+}
+
+// A row with one value that belongs to no column.
+void AddWideRow(const Words& label, const std::string& value, Page* page) {
+  page->Mark("<tr>");
+  page->Element("th", label);
+  page->Element("td class=\"number\" colspan=\"3\"", value);
+  page->Mark("</tr>\n");
+}
+
+void AddMachineRow(const MachineEstimate& machine, Page* page) {
+  page->Mark("<tr>");
+  page->Element("th", kMachineTime);
+  page->Mark("<td colspan=\"3\">");
+  const MachineTime& time = machine.time;
+  page->Text(MinutesText(time.totalMinutes) + " (" + ClockText(time.totalMinutes) + "), ");
+  page->Text(machine.profile.Name);
+  const auto parts =
+      page->isEnglish()
+          ? Format("cuts %.1f, rapids %.1f, dwells %.1f, tool changes %.1f min", time.cutMinutes,
+                   time.rapidMinutes, time.dwellMinutes, time.toolMinutes)
+          : Format("절삭 %.1f, 급속이송 %.1f, 드웰 %.1f, 공구교환 %.1f min", time.cutMinutes,
+                   time.rapidMinutes, time.dwellMinutes, time.toolMinutes);
+  page->Element("span class=\"clock\"", parts);
+  page->Mark("</td></tr>\n");
+}
+
+void AddFigures(const CutTimeEntry& entry, Page* page) {
+  page->Mark("<div><table>\n<thead><tr><th></th>");
+  for (const Words& title : {kProgrammed, kAdjusted, kSaved}) {
+    page->Element("th class=\"number\"", title);
+  }
+  page->Mark("</tr></thead>\n<tbody>\n");
+  for (const TimeRow& row : kTimeRows) AddTimeRow(row, entry, page);
+  const auto programmed = ProgrammedOf(entry);
+  page->Mark("<tr>");
+  page->Element("th", Words{"평균절삭속도", "Average feed"});
+  page->Element(kNumberCell, programmed ? Format("%d mm/min", programmed->averageFeed) : kUnknown);
+  page->Element(kNumberCell,
+                entry.AfaEnabled == 1 ? Format("%d mm/min", entry.averageFeed) : kUnknown);
+  page->Mark("<td></td></tr>\n");
+  AddWideRow({"절삭길이", "Cut length"}, Format("%.3f m", Metres(entry.cutLength)), page);
+  AddWideRow({"급속이송길이", "Rapid length"}, Format("%.3f m", Metres(entry.rapidLength)), page);
+  if (const MachineEstimate* const machine = MachineOf(entry)) AddMachineRow(*machine, page);
+  page->Mark("</tbody>\n</table></div>\n");
+}
+
+void AddRemarks(const CutTimeEntry& entry, Page* page) {
+  const RemarkCounts* const counts = RemarksOf(entry);
+  page->Mark("<div>");
+  page->Element("h3", kRemarks);
+  const bool isClean = counts != nullptr && CountOfClass(*counts, RemarkClass::kLost) == 0 &&
+                       CountOfClass(*counts, RemarkClass::kChanged) == 0;
+  if (counts == nullptr) page->Element("div class=\"weak\"", kNotChecked);
+  if (isClean) page->Element("div class=\"weak\"", kNoRemarks);
+  if (counts != nullptr && *counts != RemarkCounts{}) {
+    page->Mark("<table class=\"remarks\"><tbody>\n");
+    for (const RemarkKind& kind : RemarkKinds()) {
+      const uint64_t count = (*counts)[static_cast<size_t>(kind.id)];
+      if (count == 0) continue;
+      page->Mark("<tr>");
+      page->Element(kind.remarkClass == RemarkClass::kLost ? "td class=\"lost\"" : "td",
+                    kClasses[static_cast<size_t>(kind.remarkClass)]);
+      page->Element(kNumberCell, CountText(count));
+      page->Element("td class=\"name\"", page->isEnglish() ? kind.english : kind.korean);
+      page->Mark("</tr>\n");
+    }
+    page->Mark("</tbody></table>\n");
+  }
+  page->Mark("</div>\n");
+}
+
+std::string Switch(int32_t value) {
+  return OnOff(value);
+}
+
+// The conditions of the feed adjustment, in the order of the reports.
+struct Condition {
+  Words label;
+  std::string (*value)(const CutTimeEntry& entry);
+};
+using Entry = CutTimeEntry;
+const Condition kConditionRows[] = {
+    {{"공구직경", "Tool diameter"},
+     [](const Entry& e) { return Format("%.1f mm", e.ToolDiameter); }},
+    {{"안전거리", "Safety distance"},
+     [](const Entry& e) { return Format("%.1f mm", e.SafetyDistance); }},
+    {{"최대피드", "Maximum feed"}, [](const Entry& e) { return Format("%d mm/min", e.MaxFeed); }},
+    {{"접근피드", "Plunge feed"}, [](const Entry& e) { return Format("%d mm/min", e.PlungeFeed); }},
+    {{"코너최소각도", "Corner minimum angle"},
+     [](const Entry& e) { return Format("%.1f°", e.CornerMinAngle); }},
+    {{"코너최대감속비", "Corner lowest ratio"},
+     [](const Entry& e) { return Format("%.2f", e.CornerMaxRatio); }},
+    {{"경사최소각도", "Slope minimum angle"},
+     [](const Entry& e) { return Format("%.1f°", e.SlopeMinAngle); }},
+    {{"경사최대감속비", "Slope lowest ratio"},
+     [](const Entry& e) { return Format("%.2f", e.SlopeMaxRatio); }},
+    {{"코너가중치 0, 30, 60°", "Corner weights 0, 30, 60°"}, CornerWeightsText},
+    {{"경사가중치 0, 30, 60°", "Slope weights 0, 30, 60°"}, SlopeWeightsText},
+    {{"볼록코너검색", "Convex corners"}, [](const Entry& e) { return Switch(e.ConCorChk); }},
+    {{"Z상하향검색", "Z up and down"}, [](const Entry& e) { return Switch(e.UpDownChk); }},
+    {{"부드러운 피드 변화", "Smooth feed change"},
+     [](const Entry& e) { return Switch(e.FeedChgSmoothCheck); }},
+    {{"XY변화 축소", "XY change reduction"},
+     [](const Entry& e) { return Switch(e.XyChgReduceCheck); }},
+    {{"마스터 모델", "Master model"},
+     [](const Entry& e) {
+       return e.AfaByMaster == 1 && NamesMasterFile(e.AfaMasterFile) ? e.AfaMasterFile : "OFF";
+     }},
+};
+
+void AddCondition(const Words& label, const std::string& value, Page* page) {
+  page->Mark("<div class=\"condition\">");
+  page->Element("span class=\"weak\"", label);
+  page->Element("span", value);
+  page->Mark("</div>\n");
+}
+
+void AddConditions(const CutTimeEntry& entry, Page* page) {
+  page->Element("h3", kConditions);
+  page->Mark("<div class=\"conditions\">\n");
+  AddCondition({"급속이송속도", "Rapid feed"}, Format("%d mm/min", entry.RapidFeed), page);
+  if (entry.AfaEnabled == 1) {
+    for (const Condition& row : kConditionRows) AddCondition(row.label, row.value(entry), page);
+  } else {
+    AddCondition({"AFA", "AFA"}, page->In(kNoAdjustment), page);
+  }
+  if (entry.RestartOn == 1) {
+    // The position is "재전송: " and its value; of an odd kind there is only "Restart ON".
+    std::string line = RestartLines(entry).back();
+    line.erase(0, line.find(": ") == std::string::npos ? 0 : line.find(": ") + 2);
+    AddCondition({"재전송", "Restart"},
+                 ReplaceLabels(line, page->isEnglish() ? kEnglishLabels : kKoreanLabels), page);
+  }
+  page->Mark("</div>\n");
+}
+
+void AddProgram(const CutTimeEntry& entry, size_t number, Page* page) {
+  page->Mark(
+      Format("<div class=\"program\" id=\"program%zu\">\n<h2><span class=\"weak\">%zu</span> ",
+             number, number));
+  page->Text(entry.fileName);
+  page->Mark("</h2>\n");
+  if (!entry.dirName.empty()) page->Element("p class=\"directory\"", entry.dirName);
+  page->Mark("<div class=\"pair\">\n");
+  AddPicture(entry, page);
+  AddFigures(entry, page);
+  page->Mark("</div>\n<div class=\"pair\">\n");
+  AddRemarks(entry, page);
+  page->Mark("</div>\n");
+  AddConditions(entry, page);
+  page->Mark("</div>\n");
+}
+
+void AddPage(const ResultTable& results, Page* page) {
+  page->Mark("<!DOCTYPE html>\n<html lang=\"");
+  page->Mark(page->isEnglish() ? "en" : "ko");
+  page->Mark("\">\n<head>\n<meta charset=\"utf-8\">\n");
+  page->Mark("<meta name=\"viewport\" content=\"width=device-width\">\n");
+  page->Element("title", kTitle);
+  page->Mark("\n<style>");
+  page->Mark(kStyle);
+  page->Mark("</style>\n</head>\n<body>\n");
+  page->Element("h1", kTitle);
+  page->Mark("\n");
+  const Totals totals = TotalsOf(results);
+  AddTotals(results, totals, page);
+  if (results.entryCount == 0) page->Element("p", kNoPrograms);
+  AddList(results, totals, page);
+  size_t number = 0;
+  for (const CutTimeEntry& entry : results.Recorded()) AddProgram(entry, ++number, page);
+  page->Mark("</body>\n</html>\n");
+}
+
+}  // namespace
+
+RemarkCounts CountsOf(const ProgramCheck& check) {
+  RemarkCounts counts{};
+  for (size_t i = 0; i < kRemarkIds; ++i) counts[i] = check.lists[i].count;
+  return counts;
+}
+
+bool IsJobSheet(std::string_view start) {
+  constexpr std::string_view kStart = "<!DOCTYPE html";
+  return EqualNoCase(start.substr(0, kStart.size()), kStart);
+}
+
+bool WriteJobSheetFile(const std::string& path, const ResultTable& results, int32_t language,
+                       Files* files) {
+  if (results.HasPart()) return files->Fail(kPartSource);
+  const std::unique_ptr<OutputFile> file = files->Create(path);
+  if (file == nullptr) return false;
+  const auto page = std::make_unique<Page>(file.get(), language);
+  AddPage(results, page.get());
+  return page->Finish() && file->Commit();
+}
+
+}  // namespace tvx

@@ -1,0 +1,101 @@
+// One row for each result, below the titles.
+#include "reports/result_workbook.h"
+
+#include <cstdlib>
+#include <iterator>
+
+#include "base/format.h"
+#include "reports/entry_details.h"
+#include "reports/spreadsheet_export.h"
+#include "reports/xlsx_file.h"
+#include "stats/entry_lines.h"
+
+namespace tvx {
+
+namespace {
+
+constexpr char kPictureTitle[] = "그림";
+constexpr char kTotalTitle[] = "합계";
+
+// Pictures are half their size, rows a little higher; pixels.
+constexpr double kPictureScale = 0.5;
+constexpr uint32_t kPictureColumnWidth = 166;
+constexpr uint32_t kPictureRowHeight = 126;
+
+// The columns with a sum, from A on.
+struct SumColumn {
+  uint16_t column;
+  float CutTimeEntry::*figure;
+  bool isLength;
+};
+constexpr SumColumn kSums[] = {
+    {2, &CutTimeEntry::cutLength, true},     {3, &CutTimeEntry::cutMinutes, false},
+    {6, &CutTimeEntry::rapidLength, true},   {7, &CutTimeEntry::rapidMinutes, false},
+    {8, &CutTimeEntry::totalMinutes, false},
+};
+
+constexpr struct {
+  uint16_t first, last;
+  uint32_t width;  // pixels
+} kWidths[] = {{0, 0, 40}, {1, 1, 180}, {2, 8, 95}, {9, 9, 220}, {10, 24, 95}, {25, 25, 220}};
+
+XlsxStyle StyleOf(uint16_t column) {
+  for (const SumColumn& sum : kSums) {
+    if (sum.column == column) return sum.isLength ? XlsxStyle::kLength : XlsxStyle::kMinutes;
+  }
+  return XlsxStyle::kPlain;
+}
+
+// The number that a cell of 32 bits shows: 0.1 and not 0.10000000149.
+double ShownNumber(float value) {
+  return std::strtod(ShortestFloat(value).c_str(), nullptr);
+}
+
+void AddEntry(const CutTimeEntry& entry, uint32_t row, XlsxFile* file) {
+  uint16_t column = 0;
+  for (const auto& value : SpreadsheetCells(entry, row)) {
+    if (value && std::holds_alternative<float>(*value)) {
+      file->PutNumber(row, column, ShownNumber(std::get<float>(*value)), StyleOf(column));
+    } else if (value) {
+      file->PutText(row, column, std::get<std::string>(*value));
+    }
+    ++column;
+  }
+  if (entry.details == nullptr || entry.details->workbookPng.empty()) return;
+  file->SetRowHeight(row, kPictureRowHeight);
+  file->PutPicture(row, column, entry.details->workbookPng, kPictureScale, entry.fileName);
+}
+
+void AddTotals(const ResultTable& results, uint32_t row, XlsxFile* file) {
+  file->PutText(row, 1, kTotalTitle, XlsxStyle::kTotal);
+  for (const SumColumn& sum : kSums) {
+    double total = 0;
+    for (const CutTimeEntry& entry : results.Recorded()) {
+      const float figure = entry.*sum.figure;
+      total += sum.isLength ? ShownNumber(SpreadsheetMetres(figure)) : ShownNumber(figure);
+    }
+    file->PutSum(row, sum.column, 1, row - 1, total,
+                 sum.isLength ? XlsxStyle::kTotalLength : XlsxStyle::kTotalMinutes);
+  }
+}
+
+}  // namespace
+
+bool WriteResultWorkbook(const std::string& path, const ResultTable& results, Files* files) {
+  if (results.HasPart()) return files->Fail(kPartSource);
+  XlsxFile file;
+  uint16_t column = 0;
+  for (const char* const title : SpreadsheetTitles()) {
+    file.PutText(0, column++, title, XlsxStyle::kTitle);
+  }
+  file.PutText(0, column, kPictureTitle, XlsxStyle::kTitle);
+  for (const auto& [first, last, width] : kWidths) file.SetColumnWidth(first, last, width);
+  file.SetColumnWidth(column, column, kPictureColumnWidth);
+  file.FreezeAbove(1);
+  uint32_t row = 1;
+  for (const CutTimeEntry& entry : results.Recorded()) AddEntry(entry, row++, &file);
+  if (results.entryCount > 0) AddTotals(results, row, &file);
+  return file.Write(path, files);
+}
+
+}  // namespace tvx
