@@ -894,6 +894,14 @@
         <translation>Machine</translation>
     </message>
     <message>
+        <source>열기</source>
+        <translation>Open</translation>
+    </message>
+    <message>
+        <source>여는 프로그램이 없습니다.</source>
+        <translation>There is no program to open it.</translation>
+    </message>
+    <message>
         <source>기계 화일 선택</source>
         <translation>Choose a machine file</translation>
     </message>

@@ -87,7 +87,7 @@ MachineRows::MachineRows(const DockContext& context, QFormLayout* form, QWidget*
 }
 
 void MachineRows::UseSettings() {
-  if (context_.settingsFile.isEmpty() || machine_) return;
+  if (context_.settingsFile.isEmpty() || context_.app->machine) return;
   const QSettings settings(context_.settingsFile, QSettings::IniFormat);
   const std::string path = FromQt(settings.value(kKey).toString());
   if (!path.empty()) Use(path);
@@ -110,7 +110,7 @@ void MachineRows::Choose() {
 }
 
 void MachineRows::Clear() {
-  machine_.reset();
+  context_.app->machine.reset();
   path_.clear();
   ShowName(kNone, {});
   ShowTime();
@@ -126,11 +126,11 @@ bool MachineRows::Use(const std::string& path) {
     const QString message = Translated("기계 화일을 사용할 수 없습니다: ") + ToQt(text);
     context_.app->ui->ShowStatus(FromQt(message));
     // The load of a program at the start takes the place of the text in the status bar.
-    if (!machine_) ShowName(ToQt(text), message);
+    if (!context_.app->machine) ShowName(ToQt(text), message);
     return false;
   }
   ShowName(ToQt(read.Name), ToQt(read.Name + "\n" + path));
-  machine_ = std::move(read);
+  context_.app->machine = std::move(read);
   path_ = path;
   isStale_ = true;
   ShowCheck();
@@ -162,9 +162,10 @@ void MachineRows::ShowTime() {
   isStale_ = false;
   time_->setText(kNone);
   SetPlainToolTip(time_, {});
-  if (!machine_ || view == nullptr || view->program.store.blockCount == 0) return;
+  if (!context_.app->machine || view == nullptr || view->program.store.blockCount == 0) return;
   ReleaseVectorRegisters();  // the window has been painted
-  const MachineTime time = ComputeMachineTime(&view->program.store, *machine_, PausesOf(*view));
+  const MachineTime time =
+      ComputeMachineTime(&view->program.store, *context_.app->machine, PausesOf(*view));
   time_->setText(ToQt(Format("%.1f min", time.totalMinutes)));
   SetPlainToolTip(time_, PartsText(time, view->check.Result() != nullptr));
 }

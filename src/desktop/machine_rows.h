@@ -41,7 +41,6 @@ class MachineRows : public QObject {
   void ShowTime();
 
   DockContext context_;
-  std::optional<MachineProfile> machine_;
   std::string path_;  // of the machine file, a drive path
   QTimer afterPaint_;
   bool isStale_ = true;

@@ -104,6 +104,7 @@ void MainWindow::BindChildWindowKeys() {
 
 ViewWidget* MainWindow::NewView() {
   auto* const widget = new ViewWidget(app_);
+  widget->view().results.wanted.sheet = true;  // the list of results offers it at any time
   QMdiSubWindow* const child = area_->addSubWindow(widget);
   child->setAttribute(Qt::WA_DeleteOnClose);
   widget->setObjectName(kTitle + QString::number(++views_));

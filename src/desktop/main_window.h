@@ -58,6 +58,7 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   void RepaintActiveView() override;
   void ShowStatusText(const QString& text) override { statusBar_->ShowText(text); }
   ProgressBar* WorkBar() override { return statusBar_->progress(); }
+  void OfferToOpen(const QString& file) override { statusBar_->OfferToOpen(file); }
 
  protected:
   void dragEnterEvent(QDragEnterEvent* event) override;

@@ -230,4 +230,10 @@ void QtUserInterface::ShowStatus(const std::string& text, const std::string& pat
   if (window_ != nullptr) window_->ShowStatusText(about + Translated(text));
 }
 
+void QtUserInterface::OfferToOpen(const std::string& path) {
+  const std::string whole = AbsoluteDrivePath(files_->CurrentDirectory(), path);
+  const std::optional<std::filesystem::path> host = drives_->ToHost(whole);
+  if (window_ != nullptr && host) window_->OfferToOpen(ToQt(host->string()));
+}
+
 }  // namespace tvx

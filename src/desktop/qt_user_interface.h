@@ -22,6 +22,8 @@ class InterfaceWindow {
   virtual void ShowStatusText(const QString& text) = 0;
   // Where long work is shown.
   virtual ProgressBar* WorkBar() = 0;
+  // Offers to open a file of the host until the next text is shown.
+  virtual void OfferToOpen(const QString& file) = 0;
 };
 
 class QtUserInterface final : public UserInterface {
@@ -39,6 +41,7 @@ class QtUserInterface final : public UserInterface {
   void Repaint() override;
   void ShowStatus(const std::string& text, const std::string& path) override;
   Progress* LongWork() override { return &progress_; }
+  void OfferToOpen(const std::string& path) override;
 
  private:
   QWidget* Parent() const { return window_ == nullptr ? nullptr : window_->ParentOfNewDialog(); }

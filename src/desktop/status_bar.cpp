@@ -2,9 +2,13 @@
 #include "desktop/status_bar.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QEvent>
+#include <QToolButton>
+#include <QUrl>
 
 #include "desktop/elided_label.h"
+#include "desktop/language.h"
 #include "desktop/progress_bar.h"
 #include "platform/lock_keys.h"
 
@@ -19,10 +23,17 @@ constexpr char kReadyText[] = "Ready";
 StatusBar::StatusBar(QWidget* parent)
     : QStatusBar(parent),
       text_(new ElidedLabel(kReadyText, this)),
+      open_(new QToolButton(this)),
       progress_(new ProgressBar(this)) {
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // as QMainWindow makes its own
   text_->setTextFormat(Qt::PlainText);
   addWidget(text_, 1);
+  open_->setText(Translated("열기"));
+  open_->setObjectName("openFile");
+  open_->setFocusPolicy(Qt::TabFocus);  // a click leaves the focus in the picture
+  connect(open_, &QToolButton::clicked, this, &StatusBar::OpenFile);
+  addWidget(open_);
+  open_->hide();
   addPermanentWidget(progress_);
   constexpr std::array kNames = {"CAP", "NUM", "SCRL"};
   for (size_t i = 0; i < kNames.size(); ++i) {
@@ -35,6 +46,20 @@ StatusBar::StatusBar(QWidget* parent)
 
 void StatusBar::ShowText(const QString& text) {
   text_->setText(text);
+  open_->hide();
+}
+
+void StatusBar::OfferToOpen(const QString& file) {
+  file_ = file;
+  open_->setToolTip(Qt::convertFromPlainText(file));
+  open_->show();
+}
+
+void StatusBar::OpenFile() {
+  const QString file = file_;
+  if (!QDesktopServices::openUrl(QUrl::fromLocalFile(file))) {
+    ShowText(file + ": " + Translated("여는 프로그램이 없습니다."));
+  }
 }
 
 void StatusBar::SetPath(const QString& path) {
@@ -44,7 +69,7 @@ void StatusBar::SetPath(const QString& path) {
 }
 
 void StatusBar::ShowPath() {
-  text_->setText(path_.isEmpty() ? kReadyText : path_);
+  ShowText(path_.isEmpty() ? kReadyText : path_);
 }
 
 void StatusBar::ShowLockKeys() {

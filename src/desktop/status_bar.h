@@ -1,11 +1,12 @@
-// The status bar of the main window: a text, in which a path gives way in its middle, and the three
-// keys that lock.
+// The status bar of the main window: a text, in which a path gives way in its middle, a button that
+// opens the file in the text, and the three keys that lock.
 #pragma once
 
 #include <QStatusBar>
 #include <array>
 
 class QLabel;
+class QToolButton;
 
 namespace tvx {
 
@@ -20,12 +21,15 @@ class StatusBar : public QStatusBar {
   // Beside the text while long work is under way.
   ProgressBar* progress() const { return progress_; }
 
-  // Shows a text until the next one.
+  // Shows a text until the next one, and takes the offer away.
   void ShowText(const QString& text);
 
   // Sets the path that is shown while there is no other text; empty shows "Ready". The text of a
   // command is kept.
   void SetPath(const QString& path);
+
+  // Shows a button that opens a file of the host in the program that the desktop has for it.
+  void OfferToOpen(const QString& file);
 
   // Shows the path again in place of the text of the last command.
   void ShowPath();
@@ -35,8 +39,11 @@ class StatusBar : public QStatusBar {
 
  private:
   void ShowLockKeys();
+  void OpenFile();
 
   QLabel* text_;
+  QToolButton* open_;
+  QString file_;  // that the button opens
   ProgressBar* progress_;
   QString path_;
   std::array<QLabel*, 3> lockKeys_{};

@@ -68,6 +68,10 @@ class UserInterface {
 
   // Shows long work and lets the user stop it. The same object at each call.
   virtual Progress* LongWork() { return NoProgress(); }
+
+  // Offers beside the text of the status line to open the file, a drive path, in the program that
+  // the system has for it. The offer ends with the next text.
+  virtual void OfferToOpen(const std::string& /*path*/) {}
 };
 
 }  // namespace tvx

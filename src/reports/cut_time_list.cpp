@@ -9,6 +9,7 @@
 #include "platform/drives.h"
 #include "platform/user_files.h"
 #include "reports/job_list_file.h"
+#include "reports/job_sheet.h"
 #include "reports/spreadsheet_export.h"
 #include "reports/text_report.h"
 #include "stats/entry_lines.h"
@@ -35,6 +36,13 @@ FileQuestion ListQuestion() {
           .fileName = "*.mcf",
           .filter = "TVX file (*.mcf)|*.mcf|모든 화일(*.*)|*.*||",
           .title = "TVX  화일명을 입력 하시요!!"};
+}
+
+FileQuestion SheetQuestion() {
+  return {.save = true,
+          .defaultExtension = "html",
+          .fileName = "*.html",
+          .filter = "HTML file (*.html)|*.html|모든 화일(*.*)|*.*||"};
 }
 
 FileQuestion WorkbookQuestion() {
@@ -76,6 +84,7 @@ std::span<const CCutTimeListDlg::Button> CCutTimeListDlg::Buttons() {
       {"AFA 출력", &CCutTimeListDlg::WriteList},
       {"AFA 출력, Copy", &CCutTimeListDlg::WriteListCopy},
       {"스프레드시트 출력", &CCutTimeListDlg::Export},
+      {"HTML", &CCutTimeListDlg::WriteSheet},
   };
   return kButtons;
 }
@@ -103,6 +112,7 @@ void CCutTimeListDlg::Select(int index) {
 }
 
 Closing CCutTimeListDlg::Clear() {
+  for (CutTimeEntry& entry : results_->Recorded()) entry.details.reset();
   results_->entryCount = 0;
   return Closing::kAccepted;
 }
@@ -115,6 +125,7 @@ Closing CCutTimeListDlg::DeleteSelected() {
   const auto recorded = results_->Recorded();
   std::copy(recorded.begin() + selected + 1, recorded.end(), recorded.begin() + selected);
   recorded.back().fileName.clear();
+  recorded.back().details.reset();
   --results_->entryCount;
   Fill();
   return Closing::kStaysOpen;
@@ -177,6 +188,18 @@ Closing CCutTimeListDlg::Export() {
     ShowWritten(false, path, ui_);
     ui_->ShowMessage({.text = kNoSpreadsheetProgram});
   }
+  return Closing::kStaysOpen;
+}
+
+Closing CCutTimeListDlg::WriteSheet() {
+  std::string path;
+  if (!ui_->ChooseFile(SheetQuestion(), &path) || !MayReplace(path, IsJobSheet, files_, ui_)) {
+    return Closing::kStaysOpen;
+  }
+  const int32_t language = prepareSheet();
+  const bool written = WriteJobSheetFile(path, *results_, language, files_);
+  ShowWritten(written, path, ui_);
+  if (written) ui_->OfferToOpen(path);
   return Closing::kStaysOpen;
 }
 

@@ -2,6 +2,8 @@
 // them.
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -33,6 +35,10 @@ class CCutTimeListDlg final : public Dialog {
   CCutTimeListDlg(ResultTable* results, Files* files, UserInterface* ui, Spreadsheets* spreadsheets)
       : results_(results), files_(files), ui_(ui), spreadsheets_(spreadsheets) {}
 
+  // Called before the job sheet is written: completes the details of the results and returns the
+  // language of the page, one of jobs/labels.h. Has to be set.
+  std::function<int32_t()> prepareSheet;
+
   // Call it before the face is shown. Fills the list; no file is selected and no lines are shown.
   void Open();
 
@@ -60,6 +66,8 @@ class CCutTimeListDlg final : public Dialog {
   Closing WriteListCopy();
   // Cuts the figures of the table down. Shows a message if the workbook cannot be filled.
   Closing Export();
+  // The job sheet. Offers to open it.
+  Closing WriteSheet();
 
   // The total as shown, in minutes.
   std::string TotalTimeText() const;

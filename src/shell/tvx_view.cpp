@@ -5,6 +5,7 @@
 #include "feed/condition_file.h"
 #include "shell/lists.h"
 #include "shell/parameter_file.h"
+#include "shell/result_details.h"
 
 namespace tvx {
 
@@ -13,6 +14,10 @@ CTVXView::CTVXView(CTVXApp* theApp)
       optionDialog(theApp->files, theApp->ui),
       transferDialog(&theApp->UserKeys, theApp->files, theApp->ui),
       cutTimeList(&results, theApp->files, theApp->ui, theApp->spreadsheets) {
+  cutTimeList.prepareSheet = [this] {
+    CompleteDetails(this);
+    return app->LabelLanguage;
+  };
   SetDefaults();
   ReadFiles();
 }

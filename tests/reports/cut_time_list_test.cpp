@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "jobs/labels.h"
 #include "reports/example_entry.h"
 #include "support/memory_files.h"
 #include "support/scripted_spreadsheets.h"
@@ -17,7 +18,10 @@ using Lines = std::vector<std::string>;
 
 class CutTimeList : public testing::Test {
  protected:
-  CutTimeList() { files.SetCurrentDirectory("c:\\marlo"); }
+  CutTimeList() {
+    files.SetCurrentDirectory("c:\\marlo");
+    dialog.prepareSheet = [] { return kEnglishLabels; };
+  }
 
   void Record(const std::vector<std::pair<const char*, float>>& entries) {
     for (const auto& [name, minutes] : entries) {
@@ -96,6 +100,7 @@ TEST_F(CutTimeList, ReportsCoverTheWholeTableWhateverIsSelected) {
   const std::pair<const char*, const char*> reports[] = {{"화일 출력", "c:\\windows\\r.tvx"},
                                                          {"AFA 출력", "c:\\marlo\\l.mcf"},
                                                          {"AFA 출력, Copy", "c:\\out\\c.mcf"},
+                                                         {"HTML", "c:\\out\\s.html"},
                                                          {"스프레드시트 출력", "c:\\out\\s.xls"}};
   for (const auto& [button, path] : reports) {
     ui.OnFile(path);
@@ -107,6 +112,9 @@ TEST_F(CutTimeList, ReportsCoverTheWholeTableWhateverIsSelected) {
   EXPECT_NE(files.Bytes("c:\\marlo\\l.mcf").find("File b.nc "), std::string::npos);
   EXPECT_NE(files.Bytes("c:\\out\\c.mcf").find("File b.nc "), std::string::npos);
   EXPECT_TRUE(files.Exists("c:\\out\\b.nc") && !files.Exists("c:\\marlo\\b.nc"));
+  EXPECT_NE(files.Bytes("c:\\out\\s.html").find("<h2><span class=\"weak\">2</span> b.nc"),
+            std::string::npos);
+  EXPECT_EQ(ui.log.at(9), "offer c:\\out\\s.html");
   EXPECT_EQ(spreadsheets.cells["B3"], CellValue("b.nc"));
   dialog.Select(0);  // shows the figures that the export truncated
   EXPECT_EQ(dialog.information[3], "절삭길이  12.345 M");
@@ -143,6 +151,9 @@ TEST_F(CutTimeList, FailureOfAReportIsShownAndKeepsTheOlderFile) {
       {"화일 출력", "save confirm *.tvx,TVX file (*.tvx)|*.tvx|모든 화일(*.*)|*.*||,", notSaved},
       {"AFA 출력", list, notSaved},
       {"AFA 출력, Copy", list, notSaved},
+      {"HTML",
+       "save *.html,HTML file (*.html)|*.html|모든 화일(*.*)|*.*||,",
+       {"message 다른 종류의 화일이 있습니다. 바꾸겠습니까?", notSaved[0]}},
       {"스프레드시트 출력",
        "save existing *.xls,Excel file (*.xls)|*.xls|모든 화일(*.*)|*.*||,",
        {notSaved[0], "message Couldn't start Excel."}},
@@ -155,13 +166,14 @@ TEST_F(CutTimeList, FailureOfAReportIsShownAndKeepsTheOlderFile) {
     Press(button);
     ui.log.clear();
     ui.OnFile("c:\\marlo\\out");
+    if (messages.size() > 1) ui.OnMessage(true);
     files.RefuseWrite(1);
     Press(button);
     EXPECT_EQ(text(ui.fileQuestions.back()), question);
     EXPECT_EQ(Lines(ui.log.begin() + 1, ui.log.end()), messages) << button;
   }
   EXPECT_EQ(files.Bytes("c:\\marlo\\out"), "File older");
-  EXPECT_EQ(ui.messages.size(), 1U);
+  EXPECT_EQ(ui.messages.size(), 2U);
 }
 
 }  // namespace

@@ -46,7 +46,7 @@ class ScriptedUi : public UserInterface {
   int repaints = 0;
 
   // All of it in one order, a line each: "message TEXT", "dialog", "file FILENAME", "repaint",
-  // "status TEXT".
+  // "status TEXT", "offer PATH".
   std::vector<std::string> log;
 
   bool ShowMessage(const Message& message) override;
@@ -55,6 +55,7 @@ class ScriptedUi : public UserInterface {
   void Repaint() override;
   void ShowStatus(const std::string& text, const std::string& path) override;
   Progress* LongWork() override { return &work_; }
+  void OfferToOpen(const std::string& path) override { log.push_back("offer " + path); }
 
   // The user's answer to each step of long work: false stops it.
   std::function<bool(const Progress::State&)> onWork = [](const Progress::State&) { return true; };
