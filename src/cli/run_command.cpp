@@ -313,6 +313,7 @@ int RunJobs(const Call& call) {
   AcceptList(list, pictures && !noPictures, &view);
   view.results.wanted = {.sheet = outputs.page.has_value(),
                          .workbook = outputs.workbook.has_value()};
+  if (outputs.page) view.causes = std::make_unique<FeedCauses>();
   RunAcceptedList(&view, &report);
   ShowProgress("");
   if (json) {

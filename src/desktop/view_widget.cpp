@@ -44,6 +44,7 @@ const QColor& MarkColour(Mark mark) {
 
 ViewWidget::ViewWidget(CTVXApp* app, QWidget* parent)
     : QWidget(parent), view_(app), commands_(ViewCommandsOf(&view_)) {
+  view_.causes = std::make_unique<FeedCauses>();
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
   setAttribute(Qt::WA_InputMethodEnabled, false);

@@ -15,6 +15,7 @@ class Picture {
  public:
   Picture(const MasterGrid& grid, NcProgram* program) : grid_(grid), store_(&program->store) {
     program->source = {};
+    program->programmed.reset();
     ++program->edition;
     store_->blockCount = 0;
     store_->CurrentBlock = {};

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "insight/feed_causes.h"
 #include "insight/machine_profile.h"
 #include "insight/machine_time.h"
 #include "insight/remarks.h"
@@ -25,6 +26,7 @@ RemarkCounts CountsOf(const ProgramCheck& check);
 // Kept with a result while ResultTable::wanted says so. Nothing in it is a field of a file.
 struct EntryDetails {
   std::optional<CutFigures> programmed;    // before the feed adjustment
+  std::optional<CauseMinutes> causes;      // if the adjustment was followed
   std::optional<MachineEstimate> machine;  // if a machine was chosen
   std::optional<RemarkCounts> remarks;     // once the program has been checked
   // Pictures for the job sheet, kSheetPicture in size; empty for none.

@@ -37,6 +37,9 @@ constexpr Words kRemarks = {"검사", "Program check"};
 constexpr Words kNotChecked = {"검사하지 않았습니다.", "Not checked."};
 constexpr Words kNoRemarks = {"시간에서 빠지거나 다르게 읽은 줄이 없습니다.",
                               "No line is left out of the times or read differently."};
+constexpr Words kCauses = {"피드를 늦춘 규칙", "Rules that slow the feed"};
+constexpr Words kHighestFeed = {"최대피드일 때", "at the maximum feed"};
+constexpr Words kUnexplained = {"그 밖", "other"};
 constexpr Words kConditions = {"조건", "Conditions"};
 constexpr Words kNoAdjustment = {"피드 자동 조정 없음", "No feed adjustment"};
 constexpr Words kNoPrograms = {"결과가 없습니다.", "There are no results."};
@@ -69,8 +72,8 @@ tr { break-inside: avoid; }
 td.number, th.number { text-align: right; white-space: nowrap; font-variant-numeric: tabular-nums; }
 td.name { overflow-wrap: anywhere; }
 th { font-weight: 600; word-break: keep-all; }
-.remarks td { white-space: nowrap; width: 1%; }
-.remarks td.name { white-space: normal; width: auto; }
+.rows td { white-space: nowrap; width: 1%; }
+.rows td.name { white-space: normal; width: auto; }
 a { color: var(--mark); text-decoration: none; }
 .weak { color: var(--weak); font-weight: normal; }
 .lost { color: var(--lost); font-weight: 600; }
@@ -404,7 +407,7 @@ void AddRemarks(const CutTimeEntry& entry, Page* page) {
   if (counts == nullptr) page->Element("div class=\"weak\"", kNotChecked);
   if (isClean) page->Element("div class=\"weak\"", kNoRemarks);
   if (counts != nullptr && *counts != RemarkCounts{}) {
-    page->Mark("<table class=\"remarks\"><tbody>\n");
+    page->Mark("<table class=\"rows\"><tbody>\n");
     for (const RemarkKind& kind : RemarkKinds()) {
       const uint64_t count = (*counts)[static_cast<size_t>(kind.id)];
       if (count == 0) continue;
@@ -418,6 +421,34 @@ void AddRemarks(const CutTimeEntry& entry, Page* page) {
     page->Mark("</tbody></table>\n");
   }
   page->Mark("</div>\n");
+}
+
+// Minutes and their share of the cut time.
+void AddCause(const Words& label, double minutes, double all, Page* page) {
+  page->Mark("<tr>");
+  page->Element("td class=\"name\"", label);
+  page->Element(kNumberCell, MinutesText(minutes));
+  page->Element(kNumberCell, all > 0 ? Format("%.1f %%", minutes / all * 100) : kUnknown);
+  page->Mark("</tr>\n");
+}
+
+void AddCauses(const CutTimeEntry& entry, Page* page) {
+  if (entry.details == nullptr || !entry.details->causes) return;
+  const CauseMinutes& causes = *entry.details->causes;
+  page->Mark("<div>");
+  page->Element("h3", kCauses);
+  page->Mark("<table class=\"rows\"><tbody>\n");
+  for (size_t i = 0; i < kFeedRules; ++i) {
+    if (causes.byRule[i] == 0) continue;
+    const RuleText& text = TextOf(static_cast<FeedRule>(i));
+    AddCause({text.korean, text.english}, causes.byRule[i], causes.straightCuts, page);
+  }
+  constexpr double kShownMinutes = 0.005;
+  if (std::abs(causes.unexplained) >= kShownMinutes) {
+    AddCause(kUnexplained, causes.unexplained, causes.straightCuts, page);
+  }
+  AddCause(kHighestFeed, causes.atHighestFeed, causes.straightCuts, page);
+  page->Mark("</tbody></table>\n</div>\n");
 }
 
 std::string Switch(int32_t value) {
@@ -496,6 +527,7 @@ void AddProgram(const CutTimeEntry& entry, size_t number, Page* page) {
   AddPicture(entry, page);
   AddFigures(entry, page);
   page->Mark("</div>\n<div class=\"pair\">\n");
+  AddCauses(entry, page);
   AddRemarks(entry, page);
   page->Mark("</div>\n");
   AddConditions(entry, page);

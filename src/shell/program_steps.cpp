@@ -16,6 +16,7 @@ ProgramContext ProgramContextOf(CTVXView* view) {
           .current = &view->fileInfo.current,
           .feedPassMemory = &app->feedPassMemory,
           .ui = app->ui,
+          .causes = view->causes.get(),
           .keepsProgrammed = view->results.wanted.sheet};
 }
 
@@ -30,6 +31,7 @@ LoadResult LoadFile(CTVXView* view, const std::string& path) {
   const WorkScope work(progress, Work::kRead, path, Stopping::kAllowed);
   const LoadResult result =
       LoadNcFile(path, &view->program, states, &view->job, view->app->files, progress);
+  if (view->causes != nullptr) view->causes->Clear();
   view->check.Restart(view->program.source, start, view->job);
   view->filePath = view->program.source.path.empty() ? "" : path;
   view->fileName = NameOfPath(view->filePath, kAnySlash);
@@ -49,9 +51,11 @@ static void KeepProgrammed(const ProgramContext& context) {
 
 bool AdjustFeeds(const ProgramContext& context, const FeedTrace& trace) {
   KeepProgrammed(context);
+  const bool follows = !trace && context.causes != nullptr;
   Progress* const progress = context.ui->LongWork();
   const WorkScope work(progress, Work::kAdjust, context.program->source.path);
-  return FeedPass(context.program, *context.job, context.master, context.feedPassMemory, trace,
+  return FeedPass(context.program, *context.job, context.master, context.feedPassMemory,
+                  follows ? context.causes->Follow(context.program->store.blockCount) : trace,
                   progress);
 }
 

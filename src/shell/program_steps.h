@@ -23,6 +23,7 @@ struct ProgramContext {
   CutTimeEntry* current;           // receives the figures
   FeedPassMemory* feedPassMemory;  // of the application
   UserInterface* ui;               // repaints
+  FeedCauses* causes;              // follow the adjustment; null if they are not wanted
   bool keepsProgrammed;            // the figures before the first adjustment of a program
 };
 
@@ -35,8 +36,9 @@ Scene SceneOf(CTVXView* view);
 // in it become the current file of the window; a file that cannot be opened leaves none.
 LoadResult LoadFile(CTVXView* view, const std::string& path);
 
-// Adjusts the feeds by the job record and the master model; the trace receives each change. Returns
-// false if the user stopped it, which leaves a part of the feeds as they were.
+// Adjusts the feeds by the job record and the master model. The trace receives each change; without
+// one, the causes of the context do. Returns false if the user stopped it, which leaves a part of
+// the feeds as they were.
 bool AdjustFeeds(const ProgramContext& context, const FeedTrace& trace = {});
 
 // Computes the figures into the current result, which keeps its names.

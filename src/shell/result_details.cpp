@@ -62,9 +62,14 @@ std::shared_ptr<EntryDetails> MakeDetails(CTVXView* view) {
   if (!wanted.Any()) return nullptr;
   auto details = std::make_shared<EntryDetails>();
   details->programmed = view->program.programmed;
+  BlockStore& store = view->program.store;
+  const bool isFollowed = view->job.AfaEnabled == 1 && view->causes != nullptr;
+  if (isFollowed && view->causes->Knows(store.blockCount)) {
+    details->causes = CountCauses(&store, view->program.FeedBase, *view->causes);
+  }
   if (view->app->machine && wanted.sheet) {
     const MachineProfile& profile = *view->app->machine;
-    details->machine = {profile, ComputeMachineTime(&view->program.store, profile)};
+    details->machine = {profile, ComputeMachineTime(&store, profile)};
   }
   DrawPictures(wanted, view, details.get());
   return details;

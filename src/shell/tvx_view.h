@@ -1,10 +1,12 @@
 // The working state of a window.
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "feed/master_build.h"
 #include "feed/master_grid.h"
+#include "insight/feed_causes.h"
 #include "jobs/transfer_dialog.h"
 #include "model/job_record.h"
 #include "model/nc_program.h"
@@ -38,9 +40,11 @@ class CTVXView {
   explicit CTVXView(CTVXApp* app);
 
   CTVXApp* const app;
-  NcProgram program;     // the stored moves, with the register CurrentBlock
-  ViewState view;        // the picture of them: transform, rapids shown or not
-  ViewMarks marks;       // the moves that are marked in the picture
+  NcProgram program;  // the stored moves, with the register CurrentBlock
+  ViewState view;     // the picture of them: transform, rapids shown or not
+  ViewMarks marks;    // the moves that are marked in the picture
+  // The rules behind the feeds of the program in the store; null while nobody wants to know them.
+  std::unique_ptr<FeedCauses> causes;
   std::string fileName;  // of the program in the store, without directory; empty if there is none
   std::string filePath;  // as it was passed to the load
   uint32_t loads = 0;    // number of programs read; a failed load does not count
