@@ -6,6 +6,7 @@
 #include <array>
 #include <cerrno>
 #include <cmath>
+#include <utility>
 
 #include "base/format.h"
 #include "base/text.h"
@@ -26,6 +27,9 @@ constexpr StyleRow kStyles[] = {
     {XlsxStyle::kTotal, true, nullptr},        {XlsxStyle::kTotalLength, true, "0.000"},
     {XlsxStyle::kTotalMinutes, true, "0.000"},
 };
+
+constexpr uint64_t kMarkup = 4 << 20;  // bytes, of a full sheet without its texts and pictures
+constexpr uint64_t kSpareCopies = 3;   // of the content, in temporary files
 
 // The most that a cell holds, characters; bytes of UTF-8 are at least as many.
 constexpr size_t kLongestText = 32767;
@@ -48,7 +52,10 @@ struct XlsxFile::Workbook {
   lxw_worksheet* sheet = nullptr;
   std::array<lxw_format*, std::size(kStyles)> formats{};
   bool good = false;
-  uint64_t bytes = 0;  // of the content so far, about
+  uint64_t bytes = kMarkup;  // of the content, about
+
+  // The library does not see that a temporary file of its own is cut short by a full disk.
+  bool HasSpace() const { return TemporarySpace() >= kSpareCopies * bytes; }
 
   lxw_format* FormatOf(XlsxStyle style) const { return formats[static_cast<size_t>(style)]; }
   void Note(lxw_error error) { good = good && error == LXW_NO_ERROR; }
@@ -56,7 +63,7 @@ struct XlsxFile::Workbook {
 
 XlsxFile::XlsxFile() : workbook_(std::make_unique<Workbook>()) {
   Workbook& w = *workbook_;
-  if (!w.file.IsOpen()) return;
+  if (!w.file.IsOpen() || !w.HasSpace()) return;
   lxw_workbook_options options{};
   options.tmpdir = w.temporaryFolder.data();
   w.workbook = workbook_new_opt(w.path.c_str(), &options);
@@ -133,9 +140,7 @@ void XlsxFile::FreezeAbove(uint32_t row) {
 
 bool XlsxFile::Write(const std::string& path, Files* files) {
   Workbook& w = *workbook_;
-  // The library does not see that a temporary file of its own is cut short by a full disk.
-  constexpr uint64_t kMarkup = 16 << 20;
-  if (TemporarySpace() < 4 * w.bytes + kMarkup) return files->Fail(ENOSPC);
+  if (!w.HasSpace()) return files->Fail(ENOSPC);
   if (!w.good) return files->Fail(EIO);
   // Closing frees the workbook, also if it fails.
   const lxw_error error = workbook_close(std::exchange(w.workbook, nullptr));

@@ -4,12 +4,41 @@ import io
 import json
 import os
 import pathlib
+import resource
+import signal
 import subprocess
 import sys
 import tempfile
 import unittest
+import zipfile
+from html.parser import HTMLParser
+from xml.etree import ElementTree as ET
 
 TOOL = str(pathlib.Path(sys.argv.pop(1)).resolve())
+
+
+class Page(HTMLParser):
+    """The tags that are left open, the texts by tag and class, and the pictures of a page."""
+
+    def __init__(self, text):
+        super().__init__()
+        self.open, self.tags, self.texts, self.sources = [], set(), {}, []
+        self.feed(text)
+        self.close()
+
+    def handle_starttag(self, tag, attributes):
+        attributes = dict(attributes)
+        self.tags.add(tag)
+        self.sources += [attributes["src"]] if "src" in attributes else []
+        if tag not in ("meta", "img"):
+            self.open.append((tag, attributes.get("class")))
+
+    def handle_endtag(self, tag):
+        assert self.open.pop()[0] == tag, self.getpos()
+
+    def handle_data(self, data):
+        for tag, name in self.open:
+            self.texts.setdefault(tag if name is None else f"{tag}.{name}", []).extend(filter(None, [data.strip()]))
 
 
 class ResultFiles(unittest.TestCase):
@@ -19,17 +48,23 @@ class ResultFiles(unittest.TestCase):
         self.folder = pathlib.Path(temporary.name)
         self.write_list("part.nc")
 
-    def write_list(self, *names):
-        for name in names:
-            (self.folder / name).write_text("G0 X0\nG1 X0.1 F500\nX10\nY-20\n")
+    def write_list(self, *names, exists=False):
+        for name in () if exists else names:
+            (self.folder / name).write_text("G0 X0 Y0\nG1 X0.1 F500\nX10\nY-20\n")
         folder = "z:" + str(self.folder).replace("/", "\\")
         lines = [f"File {name} Dir {folder} FS 9 RT OFF Afa ON TD 10 MAF 1000 \r\n" for name in names]
         (self.folder / "list.txt").write_bytes("".join(lines).encode("cp949"))
+        return "list.txt"
 
-    def run_tool(self, *arguments, status=0):
+    def run_tool(self, *arguments, status=0, language="ko", largest_file=resource.RLIM_INFINITY):
+        def limit():
+            signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
+            resource.setrlimit(resource.RLIMIT_FSIZE, (largest_file, largest_file))
+
         run = subprocess.run([TOOL, *arguments], cwd=self.folder, timeout=60, capture_output=True,
+                             preexec_fn=limit,
                              env={**os.environ, "TVX_HOME": str(self.folder / "home"),
-                                  "LC_ALL": "de_DE.UTF-8"})
+                                  "LC_ALL": "de_DE.UTF-8", "TVX_LANGUAGE": language})
         self.assertEqual(run.returncode, status, run.stderr)
         return run
 
@@ -56,13 +91,59 @@ class ResultFiles(unittest.TestCase):
                 expected = (time if key in ("file", "before", "after") else expected)[key]
             self.assertEqual(value if name == "file" else float(value), expected, name)
 
+    def test_page_is_whole_in_both_languages_and_loads_nothing(self):
+        self.write_list("<b>&'.nc", "part.nc")
+        for language, title in (("ko", "작업 시트"), ("en", "Job sheet")):
+            self.run_tool("run", "--sheet-html", "s.html", "list.txt", language=language)
+            page = Page((self.folder / "s.html").read_text("utf-8"))
+            self.assertEqual(page.open, [])
+            self.assertEqual(page.texts["title"], [title])
+            self.assertEqual(page.texts["h2"], ["1", "<b>&'.nc", "2", "part.nc"])
+            self.assertFalse(page.tags & {"script", "link", "iframe", "object"})
+            self.assertEqual([source[:26] for source in page.sources], ["data:image/svg+xml;base64,"] * 2)
+            # 10 + 20 mm at 500 mm/min; the adjustment runs at up to 1000.
+            self.assertEqual(page.texts["div.value"][:2], ["2", "0.12 min"])
+
+    def test_picture_of_a_long_path_is_an_image(self):
+        (self.folder / "long.nc").write_text("".join(f"G1 X{i * 7919 % 500} Y{i * 104729 % 500} F500\n"
+                                                     for i in range(50_000)))
+        self.run_tool("run", "--sheet-html", "s.html", self.write_list("long.nc", exists=True))
+        [source] = Page((self.folder / "s.html").read_text("utf-8")).sources
+        self.assertTrue(source.startswith("data:image/png;base64,"), source[:40])
+
+    def test_workbook_has_the_figures_a_picture_of_each_program_and_totals(self):
+        self.write_list("=1+1.nc", "part.nc")
+        run = self.run_tool("run", "--json", "--xlsx", "r.xlsx", "list.txt")
+        entries = json.loads(run.stdout)
+        with zipfile.ZipFile(self.folder / "r.xlsx") as book:
+            strings = ["".join(item.itertext()) for item in ET.fromstring(book.read("xl/sharedStrings.xml"))]
+            sheet = ET.fromstring(book.read("xl/worksheets/sheet1.xml"))
+            pictures = [name for name in book.namelist() if name.startswith("xl/media/")]
+            anchors = book.read("xl/drawings/drawing1.xml").count(b"<xdr:from>")
+        cells = {}
+        for cell in sheet.findall(".//{*}c"):
+            value = cell.findtext("{*}v")
+            cells[cell.get("r")] = strings[int(value)] if cell.get("t") == "s" else float(value)
+        self.assertEqual([cells[f"B{row}"] for row in range(2, 5)], ["=1+1.nc", "part.nc", "합계"])
+        self.assertEqual((cells["D2"], cells["L3"], cells["T3"]), (entries[0]["cutMinutes"], 10, 1000))
+        self.assertEqual([f.text for f in sheet.findall(".//{*}f")][1], "SUM(D2:D3)")
+        self.assertAlmostEqual(cells["I4"], sum(entry["totalMinutes"] for entry in entries), 6)
+        self.assertEqual((len(pictures) > 0, anchors), (True, 2))
+
     def test_file_that_cannot_be_written_is_one_line_and_leaves_the_older_one(self):
-        for option in ("--csv",):
-            for target in ("no_such_folder/out", "folder"):
-                (self.folder / "folder").mkdir(exist_ok=True)
-                run = self.run_tool("run", option, target, "list.txt", status=1)
+        (self.folder / "folder").mkdir()
+        (self.folder / "older").write_text("older")
+        # The workbook is complete in memory before its file is begun, so a limit would hit that.
+        full = ("older", b"File too large", 600)
+        wrong = [("no_such_folder/out", b"No such file", -1), ("folder", b"directory", -1)]
+        for option, cases in (("--csv", [*wrong, full]), ("--sheet-html", [*wrong, full]), ("--xlsx", wrong)):
+            for target, reason, limit in cases:
+                run = self.run_tool("run", option, target, "list.txt", status=1, largest_file=limit)
                 self.assertEqual(run.stderr.count(b"\n"), 1, run.stderr)
-                self.assertIn(target.encode(), run.stderr)
+                self.assertIn(b"tvx-cli: " + target.encode() + b": ", run.stderr)
+                self.assertIn(reason.lower(), run.stderr.lower(), option)
+        self.assertEqual((self.folder / "older").read_text(), "older")
+        self.assertEqual(sorted(os.listdir(self.folder)), ["folder", "home", "list.txt", "older", "part.nc"])
 
 
 unittest.main()
