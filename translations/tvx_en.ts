@@ -830,6 +830,50 @@
         <translation>TVX  Enter the file name!!</translation>
     </message>
     <message>
+        <source>프로그램</source>
+        <translation>Program</translation>
+    </message>
+    <message>
+        <source>감속 원인</source>
+        <translation>Slow Feeds</translation>
+    </message>
+    <message>
+        <source>줄 번호</source>
+        <translation>Line</translation>
+    </message>
+    <message>
+        <source>피드 자동조절을 하면 감속 원인이 여기에 나옵니다.</source>
+        <translation>After a feed adjustment, this shows why the feeds are slow.</translation>
+    </message>
+    <message>
+        <source>원인별 시간 (min)</source>
+        <translation>Time by Cause (min)</translation>
+    </message>
+    <message>
+        <source>피드별 시간 (min)</source>
+        <translation>Time by Feed (min)</translation>
+    </message>
+    <message>
+        <source>시간이 많이 걸리는 곳</source>
+        <translation>Costliest Places</translation>
+    </message>
+    <message>
+        <source>원인</source>
+        <translation>Cause</translation>
+    </message>
+    <message>
+        <source>줄</source>
+        <translation>Lines</translation>
+    </message>
+    <message>
+        <source>그 밖</source>
+        <translation>Other</translation>
+    </message>
+    <message>
+        <source>최고 피드</source>
+        <translation>Highest feed</translation>
+    </message>
+    <message>
         <source>프로그램 검사</source>
         <translation>Program check</translation>
     </message>

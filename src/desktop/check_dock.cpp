@@ -55,13 +55,6 @@ QString LineText(uint64_t line) {
   return Translated(Format("줄 %s", std::to_string(line).c_str()));
 }
 
-// A line of a file may hold any characters.
-QString Printable(QString text) {
-  std::ranges::replace_if(
-      text, [](QChar c) { return c < ' ' && c != '\t'; }, '?');
-  return text;
-}
-
 // The counts, or why there are none.
 QString FileText(const FileCheck& file) {
   return file.state == CheckState::kDone ? CountsText(*file.result) : StateText(file.state);

@@ -4,8 +4,10 @@
 #include <QLabel>
 #include <QMainWindow>
 
+#include "desktop/causes_dock.h"
 #include "desktop/check_dock.h"
 #include "desktop/legend_dock.h"
+#include "desktop/program_dock.h"
 
 namespace tvx {
 
@@ -18,10 +20,12 @@ ViewDock* Make(const DockContext& context, QWidget* parent) {
 
 constexpr struct {
   ViewDock* (*make)(const DockContext& context, QWidget* parent);
-  Qt::DockWidgetArea area;  // at the first start
+  bool isBehindFirst;  // at the first start, behind the tab of the first dock; else below it
 } kDocks[] = {
-    {&Make<LegendDock>, Qt::RightDockWidgetArea},
-    {&Make<CheckDock>, Qt::RightDockWidgetArea},
+    {&Make<LegendDock>, false},
+    {&Make<CheckDock>, true},
+    {&Make<CausesDock>, true},
+    {&Make<ProgramDock>, false},
 };
 
 }  // namespace
@@ -35,8 +39,13 @@ std::vector<ViewDock*> AddDocks(const DockContext& context, QMainWindow* window)
   std::vector<ViewDock*> docks;
   for (const auto& row : kDocks) {
     docks.push_back(row.make(context, window));
-    window->addDockWidget(row.area, docks.back());
+    if (row.isBehindFirst) {
+      window->tabifyDockWidget(docks.front(), docks.back());
+    } else {
+      window->addDockWidget(Qt::RightDockWidgetArea, docks.back());
+    }
   }
+  docks.front()->raise();
   return docks;
 }
 

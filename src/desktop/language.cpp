@@ -9,6 +9,7 @@
 #include <QRegularExpression>
 #include <QStringList>
 #include <QTranslator>
+#include <algorithm>
 
 #include "jobs/labels.h"
 #include "stats/entry_lines.h"
@@ -100,6 +101,12 @@ QString Translated(std::string_view text) {
 
 QString InLanguage(std::string_view korean, std::string_view english) {
   return ToQt(languageInUse == kEnglishLabels ? english : korean);
+}
+
+QString Printable(QString text) {
+  std::ranges::replace_if(
+      text, [](QChar c) { return c < ' ' && c != '\t'; }, '?');
+  return text;
 }
 
 QString TranslatedLabels(const std::string& text) {

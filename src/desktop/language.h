@@ -25,6 +25,9 @@ QString Translated(std::string_view text);
 // The text in the language in use, of a table that has both.
 QString InLanguage(std::string_view korean, std::string_view english);
 
+// A text of a file, which may hold any characters, for the screen.
+QString Printable(QString text);
+
 // The same as Translated for a text with labels of jobs/labels.h or a line of figures.
 QString TranslatedLabels(const std::string& text);
 

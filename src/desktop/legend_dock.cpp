@@ -47,15 +47,14 @@ QString ExtentText(const Vec3& low, const Vec3& high) {
                      low.z, high.z));
 }
 
-// The feeds of band i: "351 - 500"; "-" if there are none.
+}  // namespace
+
 QString FeedRangeText(size_t i, int32_t FeedBase) {
   if (FeedBase <= 0) return "-";
   const FeedRange feeds = FeedsOfBand(i, FeedBase);
   if (i == 0) return QString("%1 -").arg(feeds.first);
   return feeds.first > feeds.last ? "-" : QString("%1 - %2").arg(feeds.first).arg(feeds.last);
 }
-
-}  // namespace
 
 LegendDock::LegendDock(const DockContext& context, QWidget* parent)
     : ViewDock(Translated("범례"), parent) {

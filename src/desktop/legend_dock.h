@@ -37,4 +37,7 @@ class LegendDock : public ViewDock {
   MachineRows* machine_;
 };
 
+// The feeds of band i in a program, mm/min: "351 - 500"; "-" if there are none.
+QString FeedRangeText(size_t i, int32_t FeedBase);
+
 }  // namespace tvx

@@ -74,7 +74,7 @@ int main(int argc, char** argv) {
   tvx::MainWindow window(&app, &drives, settingsFile);
   ui.SetWindow(&window);
   window.NewView();
-  window.showMaximized();
+  window.ShowAsLeft();
   for (const QString& file : arguments.files) {
     window.LoadHostFile(QFileInfo(file).absoluteFilePath());
   }

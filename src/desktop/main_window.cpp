@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QSettings>
 #include <QShortcut>
 #include <algorithm>
 #include <iterator>
@@ -17,6 +18,7 @@
 #include "desktop/help.h"
 #include "desktop/icons.h"
 #include "desktop/language.h"
+#include "insight/program_text.h"
 #include "platform/vector_registers.h"
 #include "shell/configuration.h"
 #include "shell/lists.h"
@@ -29,6 +31,11 @@ namespace {
 
 constexpr char kTitle[] = "TVX";
 
+// Of the window's settings.
+constexpr char kGeometryKey[] = "windowGeometry";
+constexpr char kStateKey[] = "windowState";
+constexpr int kStateVersion = 1;  // another set of docks and bars needs another one
+
 QList<QAction*> EntriesOf(const std::vector<ViewDock*>& docks) {
   QList<QAction*> entries;
   for (const ViewDock* const dock : docks) entries.push_back(dock->toggleViewAction());
@@ -40,17 +47,20 @@ QList<QAction*> EntriesOf(const std::vector<ViewDock*>& docks) {
 MainWindow::MainWindow(CTVXApp* app, const Drives* drives, const QString& settingsFile)
     : app_(app),
       area_(new QMdiArea(this)),
-      docks_(AddDocks({.app = app,
-                       .settingsFile = settingsFile,
-                       .activeView =
-                           [this] {
-                             ViewWidget* const active = ActiveView();
-                             return active == nullptr ? nullptr : &active->view();
-                           }},
-                      this)),
+      docks_(AddDocks(
+          {.app = app,
+           .settingsFile = settingsFile,
+           .activeView =
+               [this] {
+                 ViewWidget* const active = ActiveView();
+                 return active == nullptr ? nullptr : &active->view();
+               },
+           .goToLine = [this](uint64_t line, Centring centring) { GoToLine(line, centring); }},
+          this)),
       statusBar_(new StatusBar(this)),
       opener_(new FileOpener(this, app, drives, settingsFile)),
-      printing_(this, app->ui) {
+      printing_(this, app->ui),
+      settingsFile_(settingsFile) {
   setWindowIcon(ProgramIcon());
   setAcceptDrops(true);
   resize(1100, 760);
@@ -120,6 +130,8 @@ ViewWidget* MainWindow::NewView() {
     StartCheck();
   });
   connect(widget, &ViewWidget::CommandPadClosed, this, &MainWindow::ShowProgram);
+  connect(widget, &ViewWidget::HoveredMoveChanged, this, &MainWindow::ShowHoveredMove);
+  connect(widget, &ViewWidget::KeptMoveChanged, this, &MainWindow::ShowKeptMove);
   child->showMaximized();
   widget->setFocus();
   return widget;
@@ -262,6 +274,40 @@ void MainWindow::ShowProgram() {
   StartCheck();
 }
 
+void MainWindow::GoToLine(uint64_t line, Centring centring) {
+  ViewWidget* const active = ActiveView();
+  if (active == nullptr) return;
+  const auto block = active->view().program.source.lines.FirstBlockOf(line);
+  active->Keep(block);
+  if (block) active->Centre(*block, centring == Centring::kIfOutside);
+  for (ViewDock* const dock : docks_) dock->ShowLine(&active->view(), line);
+}
+
+QString MainWindow::MoveTextOf(CTVXView* view, Mark mark) const {
+  const auto block = view->marks.BlockOf(mark, view->program);
+  if (!block) return {};
+  const MoveFacts facts = FactsOf(view->program.store, *block, view->causes.get(),
+                                  view->text.LinesOf(view->program, app_->files));
+  const MoveWords& words = InLanguage("ko", "en") == "ko" ? kKoreanMoveWords : kEnglishMoveWords;
+  return Printable(ToQt(MoveText(facts, words)));
+}
+
+void MainWindow::ShowHoveredMove() {
+  ViewWidget* const active = ActiveView();
+  statusBar_->ShowHint(active == nullptr ? QString() : MoveTextOf(&active->view(), Mark::kHovered));
+}
+
+void MainWindow::ShowKeptMove() {
+  ViewWidget* const active = ActiveView();
+  if (active == nullptr) return;
+  CTVXView* const view = &active->view();
+  const auto block = view->marks.BlockOf(Mark::kKept, view->program);
+  if (!block) return statusBar_->ShowPath();
+  statusBar_->ShowText(MoveTextOf(view, Mark::kKept));
+  const uint32_t line = view->program.source.lines.LineOf(*block);
+  for (ViewDock* const dock : docks_) dock->ShowLine(view, line);
+}
+
 void MainWindow::StartCheck() {
   ViewWidget* const active = ActiveView();
   if (active == nullptr || checkSteps_.isActive() || app_->ui->LongWork()->IsUnderWay()) return;
@@ -294,6 +340,23 @@ QWidget* MainWindow::ParentOfNewDialog() {
 
 void MainWindow::RepaintActiveView() {
   if (ViewWidget* const active = ActiveView()) active->Redraw();
+}
+
+void MainWindow::ShowAsLeft() {
+  if (settingsFile_.isEmpty()) return showMaximized();
+  const QSettings settings(settingsFile_, QSettings::IniFormat);
+  restoreState(settings.value(kStateKey).toByteArray(), kStateVersion);
+  if (!restoreGeometry(settings.value(kGeometryKey).toByteArray())) return showMaximized();
+  show();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  if (!settingsFile_.isEmpty()) {
+    QSettings settings(settingsFile_, QSettings::IniFormat);
+    settings.setValue(kGeometryKey, saveGeometry());
+    settings.setValue(kStateKey, saveState(kStateVersion));
+  }
+  QMainWindow::closeEvent(event);
 }
 
 void MainWindow::changeEvent(QEvent* event) {

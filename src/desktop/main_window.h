@@ -51,6 +51,10 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
 
   // Shows the program of the view in work in picture and docks: it or its feeds may have changed.
   void ShowProgram();
+  // Shows the window with the size, the place and the docks that it had when it was closed last; at
+  // the first start as large as the screen.
+  void ShowAsLeft();
+
   // Shows the path of the file in work in place of the text of the last command.
   void ShowPathInStatusBar() { statusBar_->ShowPath(); }
 
@@ -64,6 +68,7 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
 
  private:
   // A command of the frame or of the application.
@@ -80,6 +85,11 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   void EnterWorkDirectory();
   void BindChildWindowKeys();
   void ShowFileName();
+  void GoToLine(uint64_t line, Centring centring);
+  // What is known of a marked move, in words; empty for no mark.
+  QString MoveTextOf(CTVXView* view, Mark mark) const;
+  void ShowHoveredMove();
+  void ShowKeptMove();
   // Has the program of the view in work checked in steps, when nothing else is to be done.
   void StartCheck();
   void CheckMore();
@@ -92,6 +102,7 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   StatusBar* statusBar_;
   FileOpener* opener_;
   Printing printing_;
+  QString settingsFile_;
   QTimer checkSteps_;
   bool isDrawnAnew_ = false;    // since ShowProgram; a command draws each change
   std::string workDirectory_;   // as the files report it

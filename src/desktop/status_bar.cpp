@@ -22,12 +22,13 @@ constexpr char kReadyText[] = "Ready";
 
 StatusBar::StatusBar(QWidget* parent)
     : QStatusBar(parent),
-      text_(new ElidedLabel(kReadyText, this)),
+      label_(new ElidedLabel(kReadyText, this)),
+      text_(kReadyText),
       open_(new QToolButton(this)),
       progress_(new ProgressBar(this)) {
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // as QMainWindow makes its own
-  text_->setTextFormat(Qt::PlainText);
-  addWidget(text_, 1);
+  label_->setTextFormat(Qt::PlainText);
+  addWidget(label_, 1);
   open_->setText(Translated("열기"));
   open_->setObjectName("openFile");
   open_->setFocusPolicy(Qt::TabFocus);  // a click leaves the focus in the picture
@@ -45,8 +46,18 @@ StatusBar::StatusBar(QWidget* parent)
 }
 
 void StatusBar::ShowText(const QString& text) {
-  text_->setText(text);
+  text_ = text;
   open_->hide();
+  ShowLabel();
+}
+
+void StatusBar::ShowHint(const QString& hint) {
+  hint_ = hint;
+  ShowLabel();
+}
+
+void StatusBar::ShowLabel() {
+  label_->setText(hint_.isEmpty() ? text_ : hint_);
 }
 
 void StatusBar::OfferToOpen(const QString& file) {
@@ -62,14 +73,18 @@ void StatusBar::OpenFile() {
   }
 }
 
+QString StatusBar::PathOrReady() const {
+  return path_.isEmpty() ? kReadyText : path_;
+}
+
 void StatusBar::SetPath(const QString& path) {
-  const bool showsPath = text_->text() == (path_.isEmpty() ? kReadyText : path_);
+  const bool showsPath = text_ == PathOrReady();
   path_ = path;
   if (showsPath) ShowPath();
 }
 
 void StatusBar::ShowPath() {
-  ShowText(path_.isEmpty() ? kReadyText : path_);
+  ShowText(PathOrReady());
 }
 
 void StatusBar::ShowLockKeys() {

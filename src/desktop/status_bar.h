@@ -30,6 +30,8 @@ class StatusBar : public QStatusBar {
 
   // Shows a button that opens a file of the host in the program that the desktop has for it.
   void OfferToOpen(const QString& file);
+  // Shows a text in front of the other ones until it is called with an empty one.
+  void ShowHint(const QString& hint);
 
   // Shows the path again in place of the text of the last command.
   void ShowPath();
@@ -39,9 +41,13 @@ class StatusBar : public QStatusBar {
 
  private:
   void ShowLockKeys();
+  void ShowLabel();
   void OpenFile();
+  QString PathOrReady() const;
 
-  QLabel* text_;
+  QLabel* label_;
+  QString text_;  // behind a hint
+  QString hint_;
   QToolButton* open_;
   QString file_;  // that the button opens
   ProgressBar* progress_;

@@ -31,14 +31,10 @@ const struct {
 };
 
 constexpr int kRestMilliseconds = 100;  // until the move under the mouse is marked
-constexpr double kMarkWidth = 3;        // of the line, pixels of a common screen
-constexpr double kMarkEnd = 4;          // half the side of the square at its end
-
-// No pen of a feed has these colours.
-const QColor& MarkColour(Mark mark) {
-  static const QColor colours[kMarks] = {QColor(255, 225, 0), QColor(255, 0, 255)};
-  return colours[static_cast<int>(mark)];
-}
+// In pixels of a common screen, by Mark.
+constexpr double kMarkWidths[kMarks] = {2, 4};
+constexpr double kMarkEnds[kMarks] = {3, 4};  // half the side of the square at the end
+constexpr QColor kMarkColour(255, 225, 0);    // as no pen
 
 }  // namespace
 
@@ -155,11 +151,11 @@ void ViewWidget::PaintMark(Mark mark, QPainter* painter) {
     line << QPointF((point.x - origin_.x + 0.5) / ratio, (point.y - origin_.y + 0.5) / ratio);
   }
   if (line.isEmpty()) return;
-  painter->setPen(QPen(MarkColour(mark), kMarkWidth));
+  painter->setPen(QPen(kMarkColour, kMarkWidths[static_cast<int>(mark)]));
   painter->drawPolyline(line);
-  painter->fillRect(
-      QRectF(line.last() - QPointF(kMarkEnd, kMarkEnd), QSizeF(2 * kMarkEnd, 2 * kMarkEnd)),
-      MarkColour(mark));
+  const double half = kMarkEnds[static_cast<int>(mark)];
+  painter->fillRect(QRectF(line.last() - QPointF(half, half), QSizeF(2 * half, 2 * half)),
+                    kMarkColour);
 }
 
 void ViewWidget::resizeEvent(QResizeEvent* /*event*/) {

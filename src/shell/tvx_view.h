@@ -15,6 +15,7 @@
 #include "shell/option_dialog.h"
 #include "shell/view_check.h"
 #include "shell/view_marks.h"
+#include "shell/view_text.h"
 #include "stats/file_information.h"
 #include "stats/result_table.h"
 #include "view/command_pad.h"
@@ -43,6 +44,7 @@ class CTVXView {
   NcProgram program;  // the stored moves, with the register CurrentBlock
   ViewState view;     // the picture of them: transform, rapids shown or not
   ViewMarks marks;    // the moves that are marked in the picture
+  ViewText text;      // the lines of the program
   // The rules behind the feeds of the program in the store; null while nobody wants to know them.
   std::unique_ptr<FeedCauses> causes;
   std::string fileName;  // of the program in the store, without directory; empty if there is none
