@@ -72,9 +72,11 @@ TEST_F(MainWindowTest, ChoosersStartInWorkDirectoryUntilFileIsOpened) {
 }
 
 TEST_F(MainWindowTest, CheckOfLoadedProgramListsLinesLeftOut) {
-  auto* const rows = window->findChild<QTreeWidget*>();
-  const auto* const remark =
-      window->findChild<QDockWidget*>("programCheck")->findChild<QTextEdit*>();
+  auto* const dock = window->findChild<QDockWidget*>("programCheck");
+  dock->raise();
+  Settle();
+  auto* const rows = dock->findChild<QTreeWidget*>();
+  const auto* const remark = dock->findChild<QTextEdit*>();
   const auto shows = [&](const char* text) {
     EXPECT_TRUE(remark->toPlainText().contains(text)) << FromQt(remark->toPlainText());
   };
