@@ -684,6 +684,10 @@
         <translation>The file was not loaded.</translation>
     </message>
     <message>
+        <source>시스템에 CP%1 변환기가 없습니다. libc%2 꾸러미를, 있으면 libc-gconv-modules-extra 꾸러미를 설치하십시오.</source>
+        <translation>The system has no converter for CP%1. Install the package libc%2, or libc-gconv-modules-extra where that exists.</translation>
+    </message>
+    <message>
         <source>화일을 끝까지 읽지 못했습니다. 시간과 그림이 맞지 않습니다.</source>
         <translation>The file could not be read to its end. Times and picture are not complete.</translation>
     </message>

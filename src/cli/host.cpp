@@ -16,8 +16,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
+fs::path Absolute(const std::string& argument) {
+  std::error_code error;
+  const fs::path path = fs::absolute(argument, error);
+  if (error) throw Failure{argument, error.message()};
+  return path;
+}
+
 fs::path HomeOf(const Call& call) {
-  return call.home.empty() ? Drives::DefaultHome() : fs::absolute(call.home);
+  return call.home.empty() ? Drives::DefaultHome() : Absolute(call.home);
 }
 
 // Of the lines that a window would show; Korean unless the environment asks for English.
@@ -66,8 +73,7 @@ std::string Host::DrivePath(const std::string& argument) const {
   if (argument.empty()) throw Failure{"''", "is no path"};
   SetSubject(argument);
   if (HasDrive(argument)) return argument;
-  const std::optional<std::string> path =
-      drives_.FromHost(fs::absolute(argument).lexically_normal());
+  const std::optional<std::string> path = drives_.FromHost(Absolute(argument).lexically_normal());
   if (!path) throw Failure{argument, "lies on no drive"};
   return *path;
 }

@@ -66,7 +66,9 @@ int RunOptionLineBuild(const Call& call) {
   record.AfaEnabled = 1;
   record.WorkDir = DirectoryOf(path, host.files.get());
   settings.Apply(&record);
-  Print(BuildOptionLine(record, record, host.files->Size(path), spindle) + "\n");
+  const auto file = host.files->OpenForReading(path);
+  if (file == nullptr) throw Failure{argument, ReadProblem(host.files->LastError())};
+  Print(BuildOptionLine(record, record, file->Stamp().size, spindle) + "\n");
   return 0;
 }
 

@@ -28,7 +28,7 @@ constexpr size_t kLongestSubject = 4096;
 char subject[kLongestSubject];
 
 void NoteOutput(bool done) {
-  if (!done && outputError == 0) outputError = errno;
+  if (!done && outputError == 0) outputError = errno != 0 ? errno : EIO;
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <memory>
 
+#include "base/text.h"
 #include "desktop/display_options.h"
 #include "desktop/language.h"
 #include "desktop/main_window.h"
@@ -66,6 +67,13 @@ int main(int argc, char** argv) {
   const tvx::Drives drives(home);
   const std::unique_ptr<tvx::Files> files = tvx::MakeHostFiles(&drives);
   tvx::QtUserInterface ui(&drives, files.get());
+  if (!tvx::HasCp949()) {
+    // What is read or written without it is not what the files hold.
+    ui.ShowMessage({.text = "시스템에 CP949 변환기가 없습니다. libc6 꾸러미를, 있으면 "
+                            "libc-gconv-modules-extra 꾸러미를 설치하십시오.",
+                    .icon = tvx::MessageIcon::kStop});
+    return 1;
+  }
   tvx::HostPrograms programs(&drives, [] { QTimer::singleShot(0, qApp, &QApplication::quit); });
   tvx::CalcSpreadsheets spreadsheets(&drives);
   tvx::CTVXApp app(files.get(), &ui, &programs, &spreadsheets);

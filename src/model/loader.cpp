@@ -162,7 +162,10 @@ LoadResult LoadNcFile(const std::string& path, NcProgram* program, ParserStates*
   EmptyProgram(program);
 
   const std::unique_ptr<InputFile> file = files->OpenForReading(path);
-  if (file == nullptr) return LoadResult::kCannotOpen;
+  if (file == nullptr) {
+    program->isPart = IsReadFailure(files->LastError());
+    return LoadResult::kCannotOpen;
+  }
   BeginProgram(program);
   program->source.path = AbsoluteDrivePath(files->CurrentDirectory(), path);
   program->source.stamp = file->Stamp();

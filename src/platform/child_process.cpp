@@ -68,7 +68,10 @@ std::atomic<pid_t> substitute{0};
 
 bool EndSubstitute(int) {
   const pid_t child = substitute.load();
-  return child != 0 && ::kill(child, SIGKILL) == 0;
+  if (child == 0) return false;
+  ::kill(child, SIGKILL);
+  ::close(STDIN_FILENO);  // also where a read is about to wait
+  return true;
 }
 
 // Before the words of a tied command: this program, the word, the number of the parent.

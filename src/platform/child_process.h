@@ -71,9 +71,9 @@ class ChildProcess {
   // Neighbour only. The child lives on without this process, which is expected to end soon itself.
   void Leave();
 
-  // Has a termination of this process (PrepareProcess) end this child in its place: the work that
-  // waits for the child then fails and the process can tidy up. One child at a time, until its end
-  // or Leave.
+  // Has a termination of this process (PrepareProcess) end this child in its place, and the
+  // standard input with it: the work that waits for either then fails and the process can tidy up.
+  // One child at a time, until its end or Leave.
   void EndInPlaceOfThisProcess();
 
  private:

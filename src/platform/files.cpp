@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
@@ -134,8 +135,10 @@ class HostOutputFile : public OutputFile {
     return Flush() && WriteAt(offset, bytes);
   }
 
+  void LeaveUnsynced() override { isSynced_ = false; }
+
   bool Commit() override {
-    good_ = Flush() && (file_.PutInPlace() || files_->Fail(file_.error()));
+    good_ = Flush() && (file_.PutInPlace(isSynced_) || files_->Fail(file_.error()));
     // The file is no longer this object's: what is written or committed after this fails.
     return std::exchange(good_, false);
   }
@@ -162,6 +165,7 @@ class HostOutputFile : public OutputFile {
   Files* files_;
   std::string buffer_;    // what is not yet in the file
   uint64_t written_ = 0;  // bytes in the file
+  bool isSynced_ = true;
   bool good_ = true;
 };
 
@@ -287,11 +291,16 @@ class HostFiles : public Files {
 
 }  // namespace
 
+bool IsReadFailure(int error) {
+  constexpr std::array kNoFile = {0, ENOENT, ENOTDIR, EISDIR, ENAMETOOLONG, kNoPlainFile};
+  return std::ranges::find(kNoFile, error) == kNoFile.end();
+}
+
 std::string FileErrorText(int error) {
   if (error == kNoPlainFile) return "is no plain file";
   if (error == kFileChanged) return "has changed while it was read";
-  if (error == kPartSource) return "a program of it was not read to its end";
   if (error == kRefusedName) return "the name is not allowed";
+  if (error == kPartSource) return "a program or master model for it could not be read";
   return std::strerror(error);
 }
 

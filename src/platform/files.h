@@ -19,7 +19,10 @@ struct FileStamp {
 // Reasons for a failure that the system does not have, beside its errno values.
 inline constexpr int kNoPlainFile = -1;  // a pipe, a device
 inline constexpr int kFileChanged = -2;  // shorter or written since it was opened
-inline constexpr int kPartSource = -3;   // to be written from a file that was read in part only
+inline constexpr int kPartSource = -3;   // to be written from files that could not be read whole
+
+// True for the reasons that leave open what a file holds: not for a file that is missing or none.
+bool IsReadFailure(int error);
 
 inline constexpr int kRefusedName = -4;  // a name that such a file may not have
 
@@ -54,9 +57,11 @@ class OutputFile {
   // false on a failure as above, or, with nothing changed, if the range does not lie within what
   // has been written.
   virtual bool Patch(uint64_t offset, std::string_view bytes) = 0;
-  // Flushes and puts the file in place of the older one, whose rights it takes over; behind a link,
-  // in place of the file that the link leads to. Returns false if anything failed. Nothing can be
-  // written afterwards.
+  // For a file that can be made again at will: Commit does not wait until it is on the disk.
+  virtual void LeaveUnsynced() {}
+  // Writes the file to the disk and puts it in place of the older one, whose rights it takes over;
+  // behind a link, in place of the file that the link leads to. Returns false if anything failed.
+  // Nothing can be written afterwards.
   virtual bool Commit() = 0;
 };
 

@@ -26,10 +26,11 @@ class NewFile {
   const std::filesystem::path& path() const { return path_; }
   int descriptor() const { return descriptor_.Number(); }
 
-  // Puts it in place, with the rights of the older file. Its bytes are on the disk before it takes
-  // the place of the older one, and the folder with the new entry is before the result is true.
-  // False, with the older file as it was or the new one whole, if that fails.
-  bool PutInPlace();
+  // Puts it in place, with the rights of the older file. Unless `isSynced` is false, its bytes are
+  // on the disk before it takes the place of the older one, and so is the folder with its new entry
+  // before the result is true. False, with the older file as it was or the new one whole, if that
+  // fails.
+  bool PutInPlace(bool isSynced = true);
 
   // Why it is not open or not in place: an errno value or kNoPlainFile (files.h).
   int error() const { return error_; }

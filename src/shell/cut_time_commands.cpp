@@ -27,7 +27,9 @@ RecordResult RecordResultEntry(const CutTimeEntry& result, const Scene& scene, F
   if (scene.job->MetafileCreateChk == 1 && !entry.fileName.empty()) {
     entry.pictureName = PictureName(entry);
     const WorkScope work(scene.progress, Work::kWritePicture, entry.pictureName);
-    drawn = WritePictureFile(PictureFormat::kMetafile, entry.pictureName, scene, files);
+    drawn =
+        !entry.isPart && WritePictureFile(PictureFormat::kMetafile, entry.pictureName, scene, files,
+                                          /*isSynced=*/false);
     if (scene.progress->IsStopped()) return RecordResult::kStopped;
   }
   ++results->entryCount;

@@ -58,6 +58,12 @@ LoadResult LoadForRun(const std::string& path, CTVXView* view, RunObserver* obse
   return LoadFile(view, path);
 }
 
+// The master model that an entry named last.
+struct LastMaster {
+  std::string path;
+  bool isPart = false;  // it could not be read whole, nor what it is built from
+};
+
 // An entry without a model leaves the last one in memory, for the entry after it.
 bool NeedsMaster(const JobRecord& job, const std::string& lastMaster) {
   return job.AfaByMaster == 1 && NamesMasterFile(job.AfaMasterFile) &&
@@ -87,7 +93,7 @@ MasterOutcome BringMaster(const std::string& path, CTVXView* view, RunObserver* 
 // Everything that happens to one entry, from its line to its result. Returns false if the user
 // stopped it: nothing is recorded then.
 bool RunEntry(const std::string& name, const std::string& line, CTVXView* view,
-              std::string* lastMaster, RunObserver* observer) {
+              LastMaster* lastMaster, RunObserver* observer) {
   const ProgramContext context = ProgramContextOf(view);
   const Progress& progress = *view->app->ui->LongWork();
   JobRecord& job = view->job;
@@ -97,15 +103,18 @@ bool RunEntry(const std::string& name, const std::string& line, CTVXView* view,
   LineDirectory(line, &directory);
   const std::string path = directory + "\\" + name;
 
-  if (NeedsMaster(job, *lastMaster)) {
-    *lastMaster = job.AfaMasterFile;
-    const MasterOutcome outcome = BringMaster(*lastMaster, view, observer);
+  if (NeedsMaster(job, lastMaster->path)) {
+    lastMaster->path = job.AfaMasterFile;
+    const MasterOutcome outcome = BringMaster(lastMaster->path, view, observer);
     if (progress.IsStopped()) return false;
-    if (!outcome.Succeeded()) observer->OnMasterFailed(*lastMaster, outcome);
+    lastMaster->isPart = outcome.file == MasterFileResult::kCannotOpen ||
+                         (outcome.load != LoadResult::kLoaded && view->program.isPart);
+    if (!outcome.Succeeded()) observer->OnMasterFailed(lastMaster->path, outcome);
   }
 
   const LoadResult loaded = LoadForRun(path, view, observer);
   if (progress.IsStopped()) return false;
+  if (job.AfaByMaster == 1 && lastMaster->isPart) view->program.isPart = true;
   if (loaded != LoadResult::kLoaded) observer->OnLoadFailed(path, loaded);
 
   if (!AdjustFitCount(context, job.AfaEnabled == 1)) return false;
@@ -179,7 +188,7 @@ void RunAcceptedList(CTVXView* view, RunObserver* observer) {
   const size_t count = EntryCount(job);
   RunEnd& end = view->results.runEnd;
   end = {0, count};
-  std::string lastMaster;
+  LastMaster lastMaster;
   Progress* const progress = view->app->ui->LongWork();
   const WorkScope work(progress, Work::kRead, "", Stopping::kAllowed);
   for (; end.done < count; ++end.done) {

@@ -41,7 +41,7 @@ struct ResultTable {
   std::span<const CutTimeEntry> Recorded() const {
     return {entries.data(), static_cast<size_t>(entryCount)};
   }
-  // True if an entry is of a program that was not read to its end. No report is written then.
+  // True if an entry is of a program that could not be read whole. No report is written then.
   bool HasPart() const {
     return std::ranges::any_of(Recorded(), [](const CutTimeEntry& entry) { return entry.isPart; });
   }

@@ -131,8 +131,9 @@ bool DrawPictureFile(PictureFormat format, const Scene& scene, OutputFile* file)
 }
 
 bool WritePictureFile(PictureFormat format, const std::string& path, const Scene& scene,
-                      Files* files) {
+                      Files* files, bool isSynced) {
   const std::unique_ptr<OutputFile> file = files->Create(path);
+  if (file != nullptr && !isSynced) file->LeaveUnsynced();
   return DrawPictureFile(format, scene, file.get()) && !scene.progress->IsStopped() &&
          file->Commit();
 }

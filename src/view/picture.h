@@ -27,10 +27,10 @@ bool DrawPictureFile(PictureFormat format, const Scene& scene, OutputFile* file)
 
 // Creates or replaces the file and draws the scene into it with the current angles, pan and scale
 // of the view. SVG and PNG have a white page of the drawing area's size. Returns false if the file
-// cannot be written or the drawing is stopped; an existing file is then unchanged. The state that a
-// drawing changes in the scene is changed in either case.
+// cannot be written or the drawing is stopped; an existing file is then unchanged. `isSynced`: see
+// OutputFile. The state that a drawing changes in the scene is changed in either case.
 bool WritePictureFile(PictureFormat format, const std::string& path, const Scene& scene,
-                      Files* files);
+                      Files* files, bool isSynced = true);
 
 // Writes the picture of a result, a metafile. Returns 1 even if the file could not be written: a
 // run does not stop because of a picture.

@@ -132,7 +132,7 @@ class Place:
         while self.processes() and time.monotonic() < end:
             time.sleep(0.05)
         assert not self.processes(), "processes are left"
-        left = [*self.temporary.glob("tvx_*"), *self.folder.glob(".*")]
+        left = [*self.temporary.glob("*tvx-office-*"), *self.folder.glob(".*")]
         assert not left, f"files are left: {left}"
 
 
@@ -251,6 +251,20 @@ def can_be_ended_while_the_office_hangs(place):
     place.check_nothing_left()
 
 
+def ends_with_its_parent_and_the_office_with_it(place):
+    parent = subprocess.Popen(["sh", "-c", f"'{CALC}' file; :"], stdin=subprocess.PIPE,
+                              stdout=subprocess.PIPE, env=place.environment)
+    assert parent.stdout.readline() == b"done\n"
+    parent.kill()  # its input stays open
+    parent.wait()
+    place.check_nothing_left()
+    calc = Calc(place)
+    calc.process.kill()
+    calc.process.wait()
+    Calc(place).end(0)  # removes the folder that was left
+    place.check_nothing_left()
+
+
 def needs_a_display_for_a_window(place):
     for display in ({}, {"DISPLAY": ":59999"}):
         start = time.monotonic()
@@ -326,6 +340,7 @@ CASES = [
                    "save", "failed "),
     refuses_steps_out_of_order,
     can_be_ended_while_the_office_hangs,
+    ends_with_its_parent_and_the_office_with_it,
 ]
 
 

@@ -51,6 +51,26 @@ TEST(Loader, SmallReadsGiveTheSameBlocks) {
   }
 }
 
+TEST(Loader, FailedReadKeepsWhatCameBeforeAndIsNoEnd) {
+  const struct {
+    int failing;  // read; 0 for none
+    LoadResult result;
+    uint32_t blocks;
+  } cases[] = {{0, LoadResult::kLoaded, 4},
+               {1, LoadResult::kReadFailed, 0},
+               {3, LoadResult::kReadFailed, 2},
+               {5, LoadResult::kReadFailed, 4}};
+  for (const auto& [failing, result, blocks] : cases) {
+    MemoryFiles files;
+    files.mostBytesOfARead = 7;
+    files.RefuseRead(failing);
+    TestLoad load;
+    EXPECT_EQ(load.Load("G01 X1\nG01 X2\nG01 X3\nG01 X4\n", &files), result) << failing;
+    EXPECT_EQ(load.program.store.blockCount, blocks);
+    EXPECT_EQ(load.program.isPart, failing != 0);
+  }
+}
+
 TEST(Loader, EmptyFileAndMissingFileEmptyTheProgram) {
   MemoryFiles files;
   TestLoad load;
@@ -77,6 +97,7 @@ TEST(Loader, FullStoreLosesBlocksAndEndsAtAnArcWithoutItsCentre) {
   EXPECT_EQ(load.Load(text), LoadResult::kBlocksLost);
   EXPECT_EQ(load.program.store.blockCount, 2041U);
   EXPECT_EQ(load.program.lostBlocks, 4101U - 2041U);
+  EXPECT_EQ(memory.Tries(), 2);
   EXPECT_EQ(load.states.word.savedPos.x, 2050) << "the rest was parsed";
 
   EXPECT_EQ(load.Load(std::string(2040, '\n') + "G02 X2 I1 J0\nG01 X5\n"), LoadResult::kStoreFull);

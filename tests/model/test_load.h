@@ -30,6 +30,7 @@ class OnePageMemory : public PageMemory {
  public:
   void* Allocate() override { return given_++ == 0 ? ProcessPageMemory()->Allocate() : nullptr; }
   void Free(void* page) override { ProcessPageMemory()->Free(page); }
+  int Tries() const { return given_; }
 
  private:
   int given_ = 0;

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -294,6 +295,52 @@ TEST_F(HostFiles, PipesAndDevicesAreRefusedAtOnce) {
     EXPECT_EQ(files->Size(path), 0u) << path;
   }
   alarm(0);
+}
+
+TEST_F(HostFiles, FileThatChangesWhileItIsReadHasNoEnd) {
+  const struct {
+    const char* change;  // after the first byte
+    int error;
+  } cases[] = {{"", 0}, {"0", kFileChanged}, {"012345678", kFileChanged}};
+  for (const auto& [change, error] : cases) {
+    const fs::path path = home.Put("drive_c/a.nc", "0123");
+    const auto file = files->OpenForReading("c:\\a.nc");
+    char bytes[16];
+    EXPECT_EQ(file->Read(bytes, 1), 1U);
+    if (*change != '\0') home.Put("drive_c/a.nc", change);
+    while (file->Read(bytes, 2) > 0) {
+    }
+    EXPECT_EQ(file->Error(), error) << change;
+  }
+}
+
+TEST_F(HostFiles, LastErrorDistinguishesMissingFromUnreadable) {
+  home.Put("drive_c/a.nc", "");
+  fs::create_symlink("loop", c / "loop");
+  const std::pair<const char*, int> cases[] = {
+      {"c:\\a.nc", 0},       {"c:\\none", ENOENT}, {"c:\\a.nc\\b", ENOTDIR},
+      {"c:\\marlo", EISDIR}, {"c:\\loop", ELOOP},  {"z:\\dev\\null", kNoPlainFile}};
+  for (const auto& [path, error] : cases) {
+    files->OpenForReading(path);
+    EXPECT_EQ(files->LastError(), error) << path;
+  }
+}
+
+TEST_F(HostFiles, LeftoversOfEndedProcessesAreRemovedByTheNextWriter) {
+  const std::string own = std::to_string(getpid());
+  // The number of a process that has ended.
+  const pid_t child = fork();
+  if (child == 0) _exit(0);
+  waitpid(child, nullptr, 0);
+  for (const std::string& process :
+       {std::to_string(child), own, std::string("1"), std::string("x")}) {
+    home.Put("drive_c/.tvx-" + process + "-9.tmp", "part");
+  }
+  const auto open = files->Create("c:\\b.nc");  // its own temporary file stays
+  ASSERT_TRUE(WriteWholeFile(files.get(), "c:\\a.nc", "new"));
+  EXPECT_TRUE(open->Commit());
+  EXPECT_EQ(Names(files.get(), "c:\\"),
+            (List{".tvx-1-9.tmp 4", ".tvx-x-9.tmp 4", "a.nc 3", "b.nc 0", "marlo\\", "windows\\"}));
 }
 
 TEST_F(HostFiles, TargetThatBecomesADirectoryFailsAtCommit) {

@@ -1,6 +1,8 @@
 // From a loaded program, or a whole list of them, through the dialogs to the recorded results.
 #include <algorithm>
 
+#include "reports/job_list_file.h"
+#include "reports/text_report.h"
 #include "shell/cut_time_commands.h"
 #include "shell/job_list_run.h"
 #include "shell/master_commands.h"
@@ -70,6 +72,19 @@ TEST_F(SingleCutTime, FromTheOptionsToTheEntryAndItsPicture) {
   EXPECT_EQ(entry.cutLength, 210.0F);
   // The header of an enhanced metafile.
   EXPECT_EQ(files.Bytes("c:\\marlo\\ncdata\\a.nc.emf").substr(40, 4), " EMF");
+}
+
+TEST_F(Runs, ReportOfAPartlyReadProgramIsNotWritten) {
+  files.Put("c:\\old.tvx", "old");
+  files.RefuseRead(1);
+  OnEntries({{"a.nc", "Dir c:\\marlo\\ncdata RT OFF Afa OFF"}});
+  RunJobList(&view);
+  ASSERT_EQ(ui.messages.size(), 1U);
+  EXPECT_EQ(ui.messages[0].path, "c:\\marlo\\ncdata\\a.nc");
+  EXPECT_EQ(view.results.entryCount, 1);
+  EXPECT_FALSE(WriteTextReportFile("c:\\old.tvx", view.results, &files));
+  EXPECT_FALSE(WriteJobListFile("c:\\old.tvx", view.results, &files));
+  EXPECT_EQ(files.Bytes("c:\\old.tvx"), "old");
 }
 
 TEST_F(SingleCutTime, RecordsNamesOfTheProgramInTheStore) {
