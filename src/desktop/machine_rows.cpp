@@ -54,6 +54,7 @@ QString PartsText(const MachineTime& time, bool isChecked) {
 
 MachineRows::MachineRows(const DockContext& context, QFormLayout* form, QWidget* body)
     : QObject(body), context_(context) {
+  context_.app->machine.reset();
   auto* const row = new QHBoxLayout;
   row->setSpacing(2);
   time_ = new QLabel(kNone, body);
