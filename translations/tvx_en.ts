@@ -244,6 +244,10 @@
         <translation>NCDATA extension</translation>
     </message>
     <message>
+        <source>마스터 모델</source>
+        <translation>Master model</translation>
+    </message>
+    <message>
         <source>마스터 모델 생성</source>
         <translation>Make Master Model</translation>
     </message>

@@ -39,8 +39,7 @@ struct FileQuestion {
   std::string directory = {};    // drive path to start in; empty for the current directory
   std::string title = {};        // of the window; empty for the chooser's own words of the form
   std::string acceptLabel = {};  // of the accepting button; empty as above
-  bool opens =
-      false;  // the save form takes a file to read: the chooser shows itself as an open one
+  bool opens = false;            // shows itself as the open form all the same
 };
 
 // How the program reaches its user. The desktop shows windows, the command-line tool prints

@@ -3,6 +3,7 @@
 #include "shell/cut_time_commands.h"
 
 #include "feed/master_file.h"
+#include "platform/drives.h"
 #include "platform/user_files.h"
 #include "shell/messages.h"
 #include "shell/program_steps.h"
@@ -55,6 +56,7 @@ void OfferMaster(CTVXView* view) {
   CTVXApp* const app = view->app;
   Message message{.text = "마스터 모델이 메모리에 없어서 사용하지 않습니다.",
                   .path = path,
+                  .caption = "마스터 모델",
                   .icon = MessageIcon::kExclamation};
   if (app->files->Exists(path)) {
     message.text = "마스터 모델이 메모리에 없습니다. 읽겠습니까?";
@@ -86,7 +88,8 @@ void SingleCutTimeCommand(CTVXView* view) {
   } else if (result.fileName.empty()) {
     app->ui->ShowStatus("프로그램이 없어서 그림화일을 만들지 않았습니다.");
   } else {
-    ShowWritten(recorded == RecordResult::kRecorded, PictureName(result), app->ui);
+    ShowWritten(recorded == RecordResult::kRecorded,
+                AbsoluteDrivePath(app->files->CurrentDirectory(), PictureName(result)), app->ui);
   }
 }
 

@@ -247,6 +247,16 @@ TEST_F(CommandsTest, EveryEntryOfTheMenuWithoutADocument) {
   }
 }
 
+TEST_F(CommandsTest, MenuShowsThatBuildOfModelHidesRapids) {
+  QAction* const entry =
+      Entry(*std::ranges::find(WorkingMenu(), CommandId::kToggleRapids, &MenuRow::id));
+  for (const bool shown : {false, true}) {  // the model has been built
+    for (QMenu* const menu : window->findChildren<QMenu*>()) emit menu->aboutToShow();
+    EXPECT_EQ(entry->isChecked(), shown);
+    entry->trigger();
+  }
+}
+
 // A button that leaves the pad open is followed by the one that closes it.
 TEST_F(CommandsTest, EveryButtonOfThePad) {
   for (const CCommandPadDlg::Button& button : CCommandPadDlg::Buttons()) {

@@ -2,7 +2,7 @@
 // the values over, and a cancel does what the logic does. The rules are tested with the logic.
 
 #include <QAbstractButton>
-#include <QDialog>
+#include <QFileDialog>
 #include <QRegularExpression>
 #include <QScrollBar>
 #include <QSlider>
@@ -185,6 +185,15 @@ TEST_F(DialogFaces, FileChooser) {
     EXPECT_TRUE(ui.ChooseFile(
         {.save = saves, .confirmsOverwrite = saves, .defaultExtension = "tvx"}, &path));
     EXPECT_EQ(path, std::string("c:\\marlo\\ncdata\\O1234") + (saves ? ".tvx" : ""));
+  }
+  // Choosers of a file to read, one of which takes a new name as well.
+  const FileQuestion readers[] = {{.save = true, .mustExist = true}, {.save = true, .opens = true}};
+  for (const FileQuestion& question : readers) {
+    user.Next([](QDialog* chooser) {
+      EXPECT_EQ(qobject_cast<QFileDialog*>(chooser)->acceptMode(), QFileDialog::AcceptOpen);
+      chooser->reject();
+    });
+    EXPECT_FALSE(ui.ChooseFile(question, &path));
   }
 }
 

@@ -60,8 +60,9 @@ TEST_F(SingleCutTime, FromTheOptionsToTheEntryAndItsPicture) {
   });
   SingleCutTimeCommand(&view);
 
-  EXPECT_EQ(ui.log, (std::vector<std::string>{"dialog", "repaint", "dialog",
-                                              "status a.nc.emf: 저장했습니다."}));
+  EXPECT_EQ(ui.log,
+            (std::vector<std::string>{"dialog", "repaint", "dialog",
+                                      "status c:\\marlo\\ncdata\\a.nc.emf: 저장했습니다."}));
   EXPECT_EQ(view.job.MaxFeed, 2000);
   EXPECT_EQ(view.program.FeedBase, 2000);
   ASSERT_EQ(view.results.entryCount, 1);
