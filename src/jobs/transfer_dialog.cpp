@@ -293,10 +293,13 @@ void CTransferDlg::ReadMcf() {
 void CTransferDlg::ReadListFile(const std::string& path, std::optional<char> driveLetter) {
   ClearList();
   std::string bytes;
-  if (!ReadWholeFile(files_, path, &bytes)) return;
+  if (!ReadWholeFile(files_, path, &bytes)) return ui_->ShowStatus("불러오지 못했습니다.", path);
   ListReading reading = ReadJobList(DecodeCp949(bytes), driveLetter);
   list = std::move(reading.list);
-  if (reading.leftOut > 0) ui_->ShowMessage(MessageOf(JobMessage::kCannotEnter));
+  if (reading.leftOut > 0) {
+    ui_->ShowStatus(kNotInserted, path);
+    ui_->ShowMessage(MessageOf(JobMessage::kCannotEnter));
+  }
   if (reading.problem == ListProblem::kNone) return;
   ui_->ShowMessage({.text = reading.problem == ListProblem::kName
                                 ? "리스트에 사용할 수 없는 화일 이름이 있어서 읽지 않았습니다."

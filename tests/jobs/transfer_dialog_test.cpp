@@ -123,6 +123,9 @@ TEST_F(TransferDialog, RefusesWhatCannotBeAProgram) {
       {"unreadable.nc", "G01", "화일을 열수 없읍니다. "},
       {"late.nc", std::string(100, ' ') + "\xB0\xA1\n", ""},
   };
+  const auto namesFile = [&](const std::string& name) {
+    return ui.log.end()[-2] == "status c:\\marlo\\ncdata\\" + name + ": 리스트에 넣지 못했습니다.";
+  };
   for (const auto& c : cases) PutNc(c.name, c.bytes);
   dialog.SelectMask(1);
   files.Remove("c:\\marlo\\ncdata\\gone.nc");
@@ -131,6 +134,7 @@ TEST_F(TransferDialog, RefusesWhatCannotBeAProgram) {
     ui.messages.clear();
     Append(c.name);
     EXPECT_EQ(LastMessage(), c.message) << c.name;
+    EXPECT_TRUE(ui.messages.empty() || namesFile(c.name)) << c.name;
   }
   EXPECT_EQ(dialog.list.names, Names{"late.nc"});
   EXPECT_FALSE(files.Exists("c:\\marlo\\ncdata\\gone.nc"));
@@ -151,6 +155,7 @@ TEST_F(TransferDialog, RefusesWhatCannotBeAProgram) {
   Append("b.nc");
   EXPECT_EQ(dialog.list.size(), kJobListSlots);
   EXPECT_EQ(LastMessage(), "화일을 등록할 수 없습니다. ");
+  EXPECT_TRUE(namesFile("b.nc"));
 }
 
 TEST_F(TransferDialog, InsertsAndDeletesBehindFrozenEntries) {
