@@ -7,6 +7,7 @@
 #include "base/format.h"
 #include "cli/command.h"
 #include "cli/output.h"
+#include "platform/termination.h"
 
 namespace tvx {
 namespace {

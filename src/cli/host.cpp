@@ -10,6 +10,7 @@
 
 #include "base/text.h"
 #include "cli/output.h"
+#include "platform/termination.h"
 
 namespace tvx {
 namespace {

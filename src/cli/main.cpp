@@ -130,6 +130,7 @@ int RunAndReport(std::vector<std::string> words) {
 // Before any object with static lifetime allocates. An exception could not pass a destructor or
 // the C library's callbacks, and would itself need memory.
 [[gnu::constructor(101)]] void PrepareForNoMemory() {
+  SetProgramName("tvx-cli");
   std::set_new_handler(EndOutOfMemory);
 }
 

@@ -9,7 +9,6 @@
 #include "base/text.h"
 #include "cli/command.h"
 #include "platform/terminal.h"
-#include "platform/termination.h"
 
 namespace tvx {
 namespace {
@@ -22,10 +21,6 @@ int outputError = 0;  // errno of the first failure on standard output
 char WithoutControls(char c) {
   return static_cast<unsigned char>(c) < ' ' ? '?' : c;
 }
-
-// Plain memory, since it is printed when there is no other.
-constexpr size_t kLongestSubject = 4096;
-char subject[kLongestSubject];
 
 void NoteOutput(bool done) {
   if (!done && outputError == 0) outputError = errno != 0 ? errno : EIO;
@@ -67,19 +62,6 @@ void FinishOutput() {
     throw Failure{"standard output",
                   std::string("could not be written: ") + std::strerror(outputError)};
   }
-}
-
-void SetSubject(std::string_view file) {
-  const size_t size = std::min(file.size(), kLongestSubject - 1);
-  *std::transform(file.begin(), file.begin() + size, subject, WithoutControls) = '\0';
-}
-
-const char* Subject() {
-  return subject;
-}
-
-void EndOutOfMemory() {
-  EndProcess({"tvx-cli: ", subject, subject[0] == '\0' ? "" : ": ", "out of memory\n"});
 }
 
 void ShowProgress(const std::string& text) {

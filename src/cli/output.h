@@ -22,13 +22,6 @@ bool IsQuiet();
 // Ends the output of a command. Throws Failure if a part of it could not be written (a full disk).
 void FinishOutput();
 
-// The file that the work is about, as the user named it: the next two name it.
-void SetSubject(std::string_view file);
-const char* Subject();  // empty before the first
-// Prints the line of an allocation that failed, without another one, and ends the process with exit
-// status 1. Temporary files are removed.
-[[noreturn]] void EndOutOfMemory();
-
 // Shows on standard error what long work is doing, on one line that gives way to the next and to
 // the results; nothing unless standard error is a terminal. An empty text takes the line away.
 void ShowProgress(const std::string& text);

@@ -5,6 +5,7 @@
 #include "base/path_text.h"
 #include "cli/command.h"
 #include "cli/output.h"
+#include "platform/termination.h"
 #include "shell/program_steps.h"
 
 namespace tvx {

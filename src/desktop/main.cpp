@@ -7,6 +7,7 @@
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 #include <memory>
 
 #include "base/text.h"
@@ -53,6 +54,10 @@ Arguments ReadArguments(const QString& settingsFile) {
 
 int main(int argc, char** argv) {
   tvx::PrepareProcess();
+  // The toolkit passes no exception on, and the only one that nobody catches is that of a failed
+  // allocation.
+  tvx::SetProgramName("tvx");
+  std::set_terminate(tvx::EndOutOfMemory);
   QApplication qt(argc, argv);
   // QApplication sets the user's locale; numbers are read and printed with a point in any locale.
   std::setlocale(LC_NUMERIC, "C");

@@ -6,6 +6,7 @@
 #include <limits.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cerrno>
@@ -27,6 +28,9 @@ constexpr size_t kSlots = 32;
 Slot slots[kSlots];
 
 std::atomic<TerminationHook> terminationHook;
+
+const char* programName = "";
+char subject[4096];
 
 extern "C" void OnSignal(int number) {
   const int error = errno;  // of the work that is interrupted
@@ -78,8 +82,26 @@ void RemoveTemporaryPaths() {
   }
 }
 
-void EndProcess(std::initializer_list<const char*> texts) {
-  for (const char* const text : texts) (void)!::write(STDERR_FILENO, text, std::strlen(text));
+void SetSubject(std::string_view file) {
+  const std::string_view kept = file.substr(0, sizeof subject - 1);
+  *std::transform(kept.begin(), kept.end(), subject,
+                  [](char c) { return static_cast<unsigned char>(c) < ' ' ? '?' : c; }) = '\0';
+}
+
+const char* Subject() {
+  return subject;
+}
+
+void SetProgramName(const char* name) {
+  programName = name;
+}
+
+void EndOutOfMemory() {
+  const char* const separator = subject[0] == '\0' ? "" : ": ";
+  for (const char* const text :
+       {programName, ": ", static_cast<const char*>(subject), separator, "out of memory\n"}) {
+    (void)!::write(STDERR_FILENO, text, std::strlen(text));
+  }
   RemoveTemporaryPaths();
   ::_exit(1);
 }

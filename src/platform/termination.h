@@ -5,7 +5,7 @@
 #include <sys/types.h>
 
 #include <filesystem>
-#include <initializer_list>
+#include <string_view>
 
 namespace tvx {
 
@@ -19,9 +19,15 @@ void PrepareProcess();
 // Removes the temporary paths of this process. May be called from a signal handler.
 void RemoveTemporaryPaths();
 
-// Writes the texts to standard error as they are, removes the temporary paths and ends the process
-// with exit status 1. Needs no memory.
-[[noreturn]] void EndProcess(std::initializer_list<const char*> texts);
+// The file that the work is about, as the user named it; control characters are replaced.
+void SetSubject(std::string_view file);
+const char* Subject();  // empty before the first
+
+// What ends the process when there is no memory: prints "PROGRAM: FILE: out of memory" with the
+// program's name and the subject to standard error, removes the temporary paths and exits with
+// status 1. Needs no memory itself.
+void SetProgramName(const char* name);  // not copied
+[[noreturn]] void EndOutOfMemory();
 
 // True if there is no process of that number.
 bool HasEnded(pid_t process);

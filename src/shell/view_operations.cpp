@@ -4,6 +4,7 @@
 
 #include "base/path_text.h"
 #include "platform/drives.h"
+#include "platform/termination.h"
 #include "platform/user_files.h"
 #include "shell/cut_time_commands.h"
 #include "shell/job_list_run.h"
@@ -132,6 +133,7 @@ void RunViewCommand(CTVXView* view, CommandId id) {
 
 LoadResult LoadProgram(CTVXView* view, const std::string& path) {
   const ProgramContext context = ProgramContextOf(view);
+  SetSubject(path);
   const LoadResult result = LoadFile(view, path);
   ShowFailure(result, *context.program, path, context.ui);
   if (IsLoaded(result)) ++view->loads;

@@ -100,6 +100,14 @@ class Surroundings(unittest.TestCase):
             self.assertEqual((run.returncode, run.stderr), (
                 1, b"tvx-cli: standard output: could not be written: No space left on device\n"))
 
+    def test_closed_descriptor_does_not_become_a_file(self):
+        pictures = []
+        for name, closed in (("a.svg", ""), ("b.svg", "<&- >&- 2>&-")):
+            subprocess.run(["sh", "-c", f'exec "$0" --home home picture -o {name} part.nc {closed}', TOOL],
+                           cwd=self.folder, check=True)
+            pictures.append((self.folder / name).read_bytes())
+        self.assertEqual(*pictures)
+
     def test_home_that_cannot_be_made_has_its_drives(self):
         (self.folder / "home").write_text("a file where a folder should be")
         run = self.run_tool("time", "--no-afa", "--json", self.program)
