@@ -21,7 +21,7 @@ std::string DirectoryOf(const std::string& path, Files* files) {
   std::string directory = PathBeforeName(path, kAnySlash);
   // A drive and a name alone: the file is in the root.
   if (directory.empty()) directory = path.substr(0, kDriveLength) + "\\";
-  files->SetCurrentDirectory(directory);
+  if (!files->SetCurrentDirectory(directory)) throw Failure{path, "its folder cannot be read"};
   return files->CurrentDirectory();
 }
 

@@ -58,10 +58,12 @@ LoadResult LoadForRun(const std::string& path, CTVXView* view, RunObserver* obse
   return LoadFile(view, path);
 }
 
-// The master model that an entry named last.
-struct LastMaster {
-  std::string path;
-  bool isPart = false;  // it could not be read whole, nor what it is built from
+// What an entry leaves for those after it.
+struct RunState {
+  std::string lastMaster;  // that an entry named
+  // A program or a master model could not be read whole. It affects the entries after it too: a
+  // model is kept, and a program starts with the modal state that the one before it left.
+  bool isPart = false;
 };
 
 // An entry without a model leaves the last one in memory, for the entry after it.
@@ -92,8 +94,8 @@ MasterOutcome BringMaster(const std::string& path, CTVXView* view, RunObserver* 
 
 // Everything that happens to one entry, from its line to its result. Returns false if the user
 // stopped it: nothing is recorded then.
-bool RunEntry(const std::string& name, const std::string& line, CTVXView* view,
-              LastMaster* lastMaster, RunObserver* observer) {
+bool RunEntry(const std::string& name, const std::string& line, CTVXView* view, RunState* state,
+              RunObserver* observer) {
   const ProgramContext context = ProgramContextOf(view);
   const Progress& progress = *view->app->ui->LongWork();
   JobRecord& job = view->job;
@@ -103,18 +105,20 @@ bool RunEntry(const std::string& name, const std::string& line, CTVXView* view,
   LineDirectory(line, &directory);
   const std::string path = directory + "\\" + name;
 
-  if (NeedsMaster(job, lastMaster->path)) {
-    lastMaster->path = job.AfaMasterFile;
-    const MasterOutcome outcome = BringMaster(lastMaster->path, view, observer);
+  if (NeedsMaster(job, state->lastMaster)) {
+    state->lastMaster = job.AfaMasterFile;
+    const MasterOutcome outcome = BringMaster(state->lastMaster, view, observer);
     if (progress.IsStopped()) return false;
-    lastMaster->isPart = outcome.file == MasterFileResult::kCannotOpen ||
-                         (outcome.load != LoadResult::kLoaded && view->program.isPart);
-    if (!outcome.Succeeded()) observer->OnMasterFailed(lastMaster->path, outcome);
+    const bool isUnread = outcome.file == MasterFileResult::kCannotOpen &&
+                          IsReadFailure(view->app->files->LastError());
+    const bool isPart = outcome.load != LoadResult::kLoaded && view->program.isPart;
+    state->isPart = state->isPart || isUnread || isPart;
+    if (!outcome.Succeeded()) observer->OnMasterFailed(state->lastMaster, outcome);
   }
 
   const LoadResult loaded = LoadForRun(path, view, observer);
   if (progress.IsStopped()) return false;
-  if (job.AfaByMaster == 1 && lastMaster->isPart) view->program.isPart = true;
+  state->isPart = view->program.isPart = view->program.isPart || state->isPart;
   if (loaded != LoadResult::kLoaded) observer->OnLoadFailed(path, loaded);
 
   if (!AdjustFitCount(context, job.AfaEnabled == 1)) return false;
@@ -188,14 +192,14 @@ void RunAcceptedList(CTVXView* view, RunObserver* observer) {
   const size_t count = EntryCount(job);
   RunEnd& end = view->results.runEnd;
   end = {0, count};
-  LastMaster lastMaster;
+  RunState state;
   Progress* const progress = view->app->ui->LongWork();
   const WorkScope work(progress, Work::kRead, "", Stopping::kAllowed);
   for (; end.done < count; ++end.done) {
     const std::string& name = job.FileNames[end.done];
     progress->SetFile(end.done + 1, count);
     observer->OnEntry(end.done, count, name);
-    if (!RunEntry(name, job.OptionLines[end.done], view, &lastMaster, observer)) break;
+    if (!RunEntry(name, job.OptionLines[end.done], view, &state, observer)) break;
   }
   if (!end.WasStopped()) return;
   DropStoppedProgram(view);
