@@ -135,10 +135,11 @@ class HostOutputFile : public OutputFile {
     return Flush() && WriteAt(offset, bytes);
   }
 
-  void LeaveUnsynced() override { isSynced_ = false; }
+  void LeaveUnsynced() override { sync_ = Sync::kNone; }
+  void LeaveFolderUnsynced() { sync_ = Sync::kFile; }
 
   bool Commit() override {
-    good_ = Flush() && (file_.PutInPlace(isSynced_) || files_->Fail(file_.error()));
+    good_ = Flush() && (file_.PutInPlace(sync_) || files_->Fail(file_.error()));
     // The file is no longer this object's: what is written or committed after this fails.
     return std::exchange(good_, false);
   }
@@ -165,7 +166,7 @@ class HostOutputFile : public OutputFile {
   Files* files_;
   std::string buffer_;    // what is not yet in the file
   uint64_t written_ = 0;  // bytes in the file
-  bool isSynced_ = true;
+  Sync sync_ = Sync::kFileAndFolder;
   bool good_ = true;
 };
 
@@ -242,6 +243,7 @@ class HostFiles : public Files {
     if (fs::equivalent(*source, *target, error)) return true;
     const auto out = CreateFile(*target);
     if (!out) return false;
+    out->LeaveFolderUnsynced();
     std::string buffer(kBufferSize, '\0');
     while (const size_t count = in->Read(buffer.data(), buffer.size())) {
       if (!out->Write({buffer.data(), count})) return false;
@@ -279,7 +281,7 @@ class HostFiles : public Files {
     return file.error == 0 ? std::make_unique<HostInputFile>(std::move(file)) : nullptr;
   }
 
-  std::unique_ptr<OutputFile> CreateFile(const fs::path& path) {
+  std::unique_ptr<HostOutputFile> CreateFile(const fs::path& path) {
     ClearError();
     auto file = std::make_unique<HostOutputFile>(path, this);
     return file->IsOpen() ? std::move(file) : nullptr;

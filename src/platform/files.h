@@ -94,8 +94,10 @@ class Files {
   // The entries of a directory in no order, without "." and "..". False, with *entries
   // alone, if it cannot be read.
   virtual bool List(const std::string& directory, std::vector<DirectoryEntry>* entries) = 0;
-  // Copies over an older file, which stays whole until the copy is complete. Source and destination
-  // may be the same file under two names: it is then left as it is and the result is true.
+  // Copies over an older file, which stays whole until the copy is complete and on the disk. (That
+  // of the folder is left to the next file that is committed there: it would double the time.)
+  // Source and destination may be the same file under two names: it is then left as it is and the
+  // result is true.
   virtual bool Copy(const std::string& from, const std::string& to) = 0;
   // Letters of the drives, lower case, ascending.
   virtual std::vector<char> DriveLetters() = 0;

@@ -142,19 +142,20 @@ NewFile::~NewFile() {
   if (!path_.empty()) ::unlink(path_.c_str());
 }
 
-bool NewFile::PutInPlace(bool isSynced) {
+bool NewFile::PutInPlace(Sync sync) {
   struct stat asCreated {};
   if (path_.empty() || ::fstat(descriptor_.Number(), &asCreated) != 0) return Fail();
   const Descriptor folder(
       ::open(target_.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (!folder.IsOpen() && errno != EACCES) return Fail();
-  if ((isSynced && ::fsync(descriptor_.Number()) != 0) || !SyncReplacement(path_, asCreated) ||
-      !descriptor_.Close() || ::rename(path_.c_str(), target_.c_str()) != 0) {
+  if ((sync != Sync::kNone && ::fsync(descriptor_.Number()) != 0) ||
+      !SyncReplacement(path_, asCreated) || !descriptor_.Close() ||
+      ::rename(path_.c_str(), target_.c_str()) != 0) {
     return Fail();
   }
   path_.clear();
   registered_.reset();
-  return !isSynced || SyncFolder(folder.Number()) || Fail();
+  return sync != Sync::kFileAndFolder || SyncFolder(folder.Number()) || Fail();
 }
 
 bool NewFile::Fail() {

@@ -9,6 +9,13 @@
 
 namespace tvx {
 
+// What is on the disk when a file is in place.
+enum class Sync {
+  kNone,
+  kFile,           // its bytes, before it takes the place of the older one
+  kFileAndFolder,  // the new entry of the folder as well
+};
+
 // Starts empty under a name of its own, and is filled through its descriptor or by another program
 // through its path. Destroyed without PutInPlace, it leaves no trace; nor does a process that a
 // signal ends. What a killed process left is removed by the next one that writes into the folder.
@@ -26,11 +33,9 @@ class NewFile {
   const std::filesystem::path& path() const { return path_; }
   int descriptor() const { return descriptor_.Number(); }
 
-  // Puts it in place, with the rights of the older file. Unless `isSynced` is false, its bytes are
-  // on the disk before it takes the place of the older one, and so is the folder with its new entry
-  // before the result is true. False, with the older file as it was or the new one whole, if that
-  // fails.
-  bool PutInPlace(bool isSynced = true);
+  // Puts it in place, with the rights of the older file. False, with the older file as it was or
+  // the new one whole, if that fails.
+  bool PutInPlace(Sync sync = Sync::kFileAndFolder);
 
   // Why it is not open or not in place: an errno value or kNoPlainFile (files.h).
   int error() const { return error_; }
