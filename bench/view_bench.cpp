@@ -297,14 +297,18 @@ void Measure(uint64_t lines, const BenchOptions& options, const Workspace& works
   Print(works, lines);
 }
 
-// Picks at a grid of pixels in every fixed view, fitted and zoomed. The program is adjusted, so
-// that moves have portions, and drawn with colour ramps, the slowest drawing of a move.
-void MeasurePick(const BenchOptions& options, const Workspace& workspace) {
+// Picks at a grid of pixels in every fixed view, fitted, zoomed and at the largest zoom. The
+// program is adjusted, so that moves have portions, and drawn with colour ramps, the slowest
+// drawing of a move.
+void MeasurePick(ProgramKind kind, const BenchOptions& options, const Workspace& workspace) {
+  constexpr float kLargestZoom = 500.0F;  // pixels a mm
+  std::printf("\nPicks in %s\n", std::string(KindName(kind)).c_str());
   const Table table({"lines", "index, ns a block", "to a walk", "bytes a block", "median pick, ms",
                      "longest pick, ms"});
   for (const uint64_t lines : options.sizes) {
     BenchScene bench;
-    bench.Load(lines, options, workspace);
+    bench.Load(workspace.Put({.kind = kind, .lines = lines, .spacing = options.spacing}),
+               workspace);
     FeedPassMemory memory;
     FeedPass(&bench.loaded.program, bench.loaded.job, nullptr, &memory);
     bench.loaded.job.AfaEnabled = bench.loaded.job.FeedChgSmoothCheck = 1;
@@ -315,9 +319,10 @@ void MeasurePick(const BenchOptions& options, const Workspace& workspace) {
     std::vector<double> picks;
     for (int mode = 1; mode <= kViewModes; ++mode) {
       SetViewMode(&bench.view.transform, mode);
-      for (const float zoom : {1.0F, 8.0F}) {
-        FitToPath(&bench.view.transform, &store);
-        bench.view.transform.viewScale *= zoom;
+      FitToPath(&bench.view.transform, &store);
+      const float fitted = bench.view.transform.viewScale;
+      for (const float scale : {fitted, fitted * 8, kLargestZoom}) {
+        bench.view.transform.viewScale = scale;
         for (int32_t x = -kWidth / 2; x < kWidth / 2; x += 97) {
           for (int32_t y = -kHeight / 2; y < kHeight / 2; y += 61) {
             picks.push_back(Seconds([&] { Keep(index->Pick(bench.scene(), {x, y})); }) * 1e3);
@@ -342,8 +347,8 @@ int main(int argc, char** argv) {
   if (!getenv("PICKONLY"))
     for (const uint64_t lines : options.sizes) Measure(lines, options, workspace);
   MeasureFirstPicture(options, workspace);
-  std::puts("");
-  MeasurePick(options, workspace);
+  MeasurePick(ProgramKind::kRaster, options, workspace);
+  MeasurePick(ProgramKind::kArcs, options, workspace);
   std::puts("");
   MeasureMemory(options.sizes.back(), options, workspace);
 }

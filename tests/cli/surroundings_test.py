@@ -85,6 +85,17 @@ class Surroundings(unittest.TestCase):
         self.assertGreater(len(entry.keys() & record.keys()), 30)
         self.assertEqual(entry, {**entry, **{key: record[key] for key in entry if key in record}})
 
+    def test_json_of_causes_adds_up_and_names_the_corner(self):
+        self.program.write_bytes(b"G00 X0\r\nG01 X100 F500\r\n(\xb0\xa1)\r\nY100\r\nY900\r\n")
+        run = self.run_tool("causes", "--json", "--top", "1", self.program)
+        causes = json.loads(run.stdout)
+        minutes = causes["atHighestFeed"] + sum(causes["rules"].values())
+        self.assertAlmostEqual(minutes, causes["straightCuts"], 9)
+        self.assertAlmostEqual(sum(b["minutes"] for b in causes["bands"]), causes["straightCuts"], 9)
+        place = causes["places"][0]
+        self.assertEqual(["xy corner", 2, 4, 2, "G01 X100 F500"],
+                         [place[k] for k in ("rule", "firstLine", "lastLine", "line", "text")])
+
     def test_entries_left_out_of_a_long_list_are_reported(self):
         run = self.run_tool("run", "--json", self.write_list(*[b"part.nc"] * 302))
         self.assertEqual((run.returncode, len(json.loads(run.stdout))), (1, 300))
