@@ -29,8 +29,19 @@ void Widen(const Vec3& point, PathBox* box) {
   Widen({{point.x, point.y, point.z}, {point.x, point.y, point.z}}, box);
 }
 
-bool IsFinite(const Vec3& point) {
-  return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
+PathBox BoxOfPoints(const Vec3& a, const Vec3& b) {
+  return {{std::min(a.x, b.x), std::min(a.y, b.y), std::min(a.z, b.z)},
+          {std::max(a.x, b.x), std::max(a.y, b.y), std::max(a.z, b.z)}};
+}
+
+// False also for some points whose coordinates are finite and huge.
+bool AreFinite(const Vec3& a, const Vec3& b) {
+  const float sum = a.x + a.y + a.z + b.x + b.y + b.z;
+  return sum - sum == 0;
+}
+
+double LengthOf(double x, double y) {
+  return std::sqrt(x * x + y * y);
 }
 
 // Widens a box by the chords of an arc, whose ends it holds. They lie on the circle about the
@@ -44,8 +55,8 @@ void WidenByArc(const Vec3& start, const MotionBlock& arc, const MotionBlock& of
   double x = start.x - toStartX, y = start.y - toStartY;  // the centre
   const double toEndX = arc.x - x;
   const double toEndY = arc.y - y;
-  const double toStart = std::hypot(toStartX, toStartY);
-  const double radius = std::hypot(toEndX, toEndY);
+  const double toStart = LengthOf(toStartX, toStartY);
+  const double radius = LengthOf(toEndX, toEndY);
   double reach = radius;
   double turn = toStartX * toEndY - toStartY * toEndX;
   if (arc.type == BlockArcCw) turn = -turn;
@@ -55,7 +66,7 @@ void WidenByArc(const Vec3& start, const MotionBlock& arc, const MotionBlock& of
     const double toFirstY = toStartY * radius / toStart;
     x += (toFirstX + toEndX) / 2;
     y += (toFirstY + toEndY) / 2;
-    reach = std::hypot(toFirstX - toEndX, toFirstY - toEndY) / 2;
+    reach = LengthOf(toFirstX - toEndX, toFirstY - toEndY) / 2;
   }
   reach += radius * kAngleError;
   if (!std::isfinite(reach)) *box = kWholeSpace;
@@ -74,13 +85,12 @@ bool HasShare(int16_t percent) {
 // none.
 PathBox BoxOfMove(const Vec3& start, const MotionBlock& move, const MotionBlock* after) {
   const bool isArc = IsArcType(move.type);
-  if (!IsFinite(start) || !IsFinite(EndPoint(move)) || (isArc && after == nullptr) ||
-      !HasShare(move.headPercent) || !HasShare(move.tailPercent)) {
+  const Vec3 end = EndPoint(move);
+  if (!AreFinite(start, end) || (isArc && after == nullptr) || !HasShare(move.headPercent) ||
+      !HasShare(move.tailPercent)) {
     return kWholeSpace;
   }
-  PathBox box = kEmptyBox;
-  Widen(start, &box);
-  Widen(EndPoint(move), &box);
+  PathBox box = BoxOfPoints(start, end);
   if (isArc) WidenByArc(start, move, *after, &box);
   return box;
 }
@@ -94,24 +104,20 @@ uint32_t MoveBefore(const BlockStore& store, uint32_t index) {
   return kNoMove;
 }
 
-// Calls `visit` with the index and the box of each move from `first` up to but not including `end`.
-// The box holds the move before as well: with a ramp at its end, the drawing arrives at a move from
-// a point of the one before. A first move, and with it the second one, has no bounds: where the
+// Calls visit(index, box, previous) for each move from `first` up to but not including `end`, with
+// its own box and that of the move before: with a ramp at its end, the drawing arrives at a move
+// from a point of the one before. A first move has no bounds, nor has what is before it: where the
 // drawing comes from is no point of the path.
 template <typename Visit>
 void VisitMoves(const BlockStore& store, uint32_t first, uint32_t end, Visit visit) {
   bool hasStart = false;
   Vec3 start;
-  PathBox previous = kWholeSpace;
+  PathBox box = kWholeSpace;
   const auto next = [&](uint32_t index) {
     const MotionBlock& move = *store.Peek(index);
-    const PathBox own = hasStart ? BoxOfMove(start, move, store.Peek(index + 1)) : kWholeSpace;
-    PathBox both = own;
-    Widen(previous, &both);
-    previous = own;
+    box = hasStart ? BoxOfMove(start, move, store.Peek(index + 1)) : kWholeSpace;
     start = EndPoint(move);
     hasStart = true;
-    return both;
   };
   const uint32_t before = MoveBefore(store, first);
   const uint32_t beforeThat = before != kNoMove ? MoveBefore(store, before) : kNoMove;
@@ -123,7 +129,9 @@ void VisitMoves(const BlockStore& store, uint32_t first, uint32_t end, Visit vis
   for (uint32_t index = first; index < end; ++index) {
     const MotionBlock* const block = store.Peek(index);
     if (block == nullptr || !IsMoveType(block->type)) continue;
-    visit(index, next(index));
+    const PathBox previous = box;
+    next(index);
+    visit(index, box, previous);
     if (IsArcType(block->type)) ++index;  // its centre record
   }
 }
@@ -406,10 +414,21 @@ class LineOfMove final : public MoveDrawing {
 }  // namespace
 
 PickIndex::PickIndex(BlockStore* store) : store_(store) {
-  for (uint32_t index = 0; index < store->blockCount; ++index) store->PeekRepaired(index);
-  runs_.assign((store->blockCount + kRunBlocks - 1) / kRunBlocks, kEmptyBox);
-  VisitMoves(*store, 0, store->blockCount,
-             [&](uint32_t move, const PathBox& box) { Widen(box, &runs_[move / kRunBlocks]); });
+  runs_.reserve((store->blockCount + kRunBlocks - 1) / kRunBlocks);
+  store->PeekRepaired(0);
+  for (uint32_t first = 0; first < store->blockCount; first += kRunBlocks) {
+    const uint32_t end = std::min(first + kRunBlocks, store->blockCount);
+    // The last arc of the run may have its second record in the next one.
+    for (uint32_t index = first; index < end; ++index) store->PeekRepaired(index + 1);
+    PathBox run = kEmptyBox;
+    bool isFirst = true;
+    VisitMoves(*store, first, end, [&](uint32_t, const PathBox& box, const PathBox& previous) {
+      Widen(box, &run);
+      if (isFirst) Widen(previous, &run);
+      isFirst = false;
+    });
+    runs_.push_back(run);
+  }
 }
 
 std::optional<uint32_t> PickIndex::Pick(const Scene& scene, Pixel pixel) const {
@@ -418,7 +437,8 @@ std::optional<uint32_t> PickIndex::Pick(const Scene& scene, Pixel pixel) const {
     const auto first = static_cast<uint32_t>(run * kRunBlocks);
     const uint32_t end = std::min(first + kRunBlocks, store_->blockCount);
     if (nearest.IsDecided(runs_[run], end)) continue;
-    VisitMoves(*store_, first, end, [&](uint32_t move, const PathBox& box) {
+    VisitMoves(*store_, first, end, [&](uint32_t move, PathBox box, const PathBox& previous) {
+      Widen(previous, &box);
       if (!nearest.IsDecided(box, move + 1)) nearest.Measure(move);
     });
   }
