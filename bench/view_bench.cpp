@@ -14,6 +14,7 @@
 #include "measuring.h"
 #include "platform/vector_registers.h"
 #include "view/metafile_device.h"
+#include "view/mouse_view.h"
 #include "view/path_drawing.h"
 #include "view/pick.h"
 #include "view/picture.h"
@@ -150,6 +151,28 @@ void MeasureFirstPicture(const BenchOptions& options, const Workspace& workspace
     const double each = seconds[0] / static_cast<double>(lines) * 1e9;
     if (reference == 0) reference = each;
     table.Row({Grouped(lines), Fixed(each, 1), Fixed(each / reference, 2), "the first row"});
+  }
+}
+
+// Measures the frames of a picture with smooth changes of feed while the middle button turns it.
+void MeasureTurn(const BenchOptions& options, const Workspace& workspace) {
+  constexpr int kFrames = 31;
+  std::puts("");
+  const Table table({"lines", "turned by the mouse, ms a frame", "longest"});
+  for (const uint64_t lines : options.sizes) {
+    BenchScene bench;
+    bench.Load(lines, options, workspace);
+    bench.SetFeeds(4);
+    bench.loaded.job.AfaEnabled = bench.loaded.job.FeedChgSmoothCheck = 1;
+    std::vector<uint32_t> pixels(size_t{kWidth} * kHeight);
+    MouseDrag drag;
+    drag.BeginTurn({kWidth / 2, kHeight / 2}, {});
+    std::vector<double> frames;
+    for (int x = 1; x <= kFrames; ++x) {
+      drag.MoveTo({kWidth / 2 + 3 * x, kHeight / 2 + x}, &bench.view.transform);
+      frames.push_back(RepaintSeconds(&bench, &pixels) * 1e3);
+    }
+    table.Row({Grouped(lines), Fixed(Median(frames), 1), Fixed(std::ranges::max(frames), 1)});
   }
 }
 
@@ -344,9 +367,10 @@ int main(int argc, char** argv) {
   using namespace tvx::bench;
   const BenchOptions options = ReadBenchOptions(argc, argv);
   const Workspace workspace;
-  if (!getenv("PICKONLY"))
-    for (const uint64_t lines : options.sizes) Measure(lines, options, workspace);
+  for (const uint64_t lines : options.sizes) Measure(lines, options, workspace);
   MeasureFirstPicture(options, workspace);
+  MeasureTurn(options, workspace);
+  std::puts("");
   MeasurePick(ProgramKind::kRaster, options, workspace);
   MeasurePick(ProgramKind::kArcs, options, workspace);
   std::puts("");

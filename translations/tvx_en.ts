@@ -843,7 +843,7 @@
     </message>
     <message>
         <source>감속 원인</source>
-        <translation>Slow Feeds</translation>
+        <translation>Causes</translation>
     </message>
     <message>
         <source>줄 번호</source>

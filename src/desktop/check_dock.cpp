@@ -81,7 +81,7 @@ QString CountsText(const ProgramCheck& check) {
 }
 
 CheckDock::CheckDock(const DockContext& context, QWidget* parent)
-    : ViewDock(Translated("프로그램 검사"), parent), app_(context.app) {
+    : ViewDock(Translated("프로그램 검사"), parent), context_(context) {
   setObjectName("programCheck");
   auto* const body = new QWidget(this);
   auto* const column = new QVBoxLayout(body);
@@ -166,7 +166,7 @@ void CheckDock::ShowFile() {
   lines_.reset();
   if (file != nullptr) {
     source_ = {.path = file->path, .stamp = file->stamp, .lines = {}};
-    lines_ = std::make_unique<SourceLines>(&source_, app_->files);
+    lines_ = std::make_unique<SourceLines>(&source_, context_.app->files);
   }
   ShowKinds();
 }
@@ -227,6 +227,8 @@ void CheckDock::ShowRemark(QTreeWidgetItem* row) {
                                         std::to_string(list.stored.size()).c_str())));
   }
   remark_->setHtml(text);
+  // Of the files of a run, only the one that is loaded has a picture and a text in the window.
+  if (file_ == loaded_) context_.goToLine(remark.line, Centring::kAlways);
 }
 
 QString CheckDock::LineHtml(uint64_t line) {

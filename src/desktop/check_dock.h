@@ -44,7 +44,7 @@ class CheckDock : public ViewDock {
   QLabel* status_;
   QTreeWidget* rows_;
   QTextEdit* remark_;  // about the row in work
-  CTVXApp* const app_;
+  DockContext context_;
   std::vector<std::shared_ptr<const FileCheck>> files_;  // rows of the choice
   std::shared_ptr<const FileCheck> loaded_;              // of the program in the picture, or null
   std::shared_ptr<const FileCheck> file_;                // that is shown, or null

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <optional>
+#include <utility>
 
 #include "desktop/display_options.h"
 #include "desktop/empty_page.h"
@@ -151,11 +152,14 @@ void ViewWidget::PaintMark(Mark mark, QPainter* painter) {
     line << QPointF((point.x - origin_.x + 0.5) / ratio, (point.y - origin_.y + 0.5) / ratio);
   }
   if (line.isEmpty()) return;
-  painter->setPen(QPen(kMarkColour, kMarkWidths[static_cast<int>(mark)]));
-  painter->drawPolyline(line);
-  const double half = kMarkEnds[static_cast<int>(mark)];
-  painter->fillRect(QRectF(line.last() - QPointF(half, half), QSizeF(2 * half, 2 * half)),
-                    kMarkColour);
+  // The edge separates the mark from white lines around it.
+  for (const auto& [colour, edge] : {std::pair(QColor(Qt::black), 1.5), {kMarkColour, 0.0}}) {
+    painter->setPen(QPen(colour, kMarkWidths[static_cast<int>(mark)] + 2 * edge));
+    painter->drawPolyline(line);
+    const double half = kMarkEnds[static_cast<int>(mark)] + edge;
+    painter->fillRect(QRectF(line.last() - QPointF(half, half), QSizeF(2 * half, 2 * half)),
+                      colour);
+  }
 }
 
 void ViewWidget::resizeEvent(QResizeEvent* /*event*/) {
