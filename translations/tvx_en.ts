@@ -712,6 +712,18 @@
         <translation>There is a file of another kind. Replace it?</translation>
     </message>
     <message>
+        <source>설정 화일을 읽지 못해서 기본값을 사용합니다.</source>
+        <translation>A settings file could not be read; the defaults are used.</translation>
+    </message>
+    <message>
+        <source>편집기를 시작하지 못했습니다.</source>
+        <translation>The editor could not be started.</translation>
+    </message>
+    <message>
+        <source>마스터 모델을 만들었습니다.</source>
+        <translation>The master model was built.</translation>
+    </message>
+    <message>
         <source>내용이 다른 프로그램이 있습니다. 바꾸겠습니까?</source>
         <translation>There are programs that differ. Replace them?</translation>
     </message>

@@ -101,7 +101,7 @@ int RunBlocks(const Call& call) {
 
   Host host(call);
   const std::vector<ProgramFile> files = FindProgramFiles(host, arguments);
-  CTVXView view(&host.app);
+  ToolView view(&host);
   params.Apply(&host, &view);
   for (const ProgramFile& file : files) {
     const LoadResult result = LoadProgramFile(file, &view);

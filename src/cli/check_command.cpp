@@ -126,7 +126,7 @@ int RunCheck(const Call& call) {
 
   Host host(call);
   const std::vector<ProgramFile> files = FindProgramFiles(host, arguments);
-  CTVXView view(&host.app);
+  ToolView view(&host);
   params.Apply(&host, &view);
   const size_t shown = lines ? static_cast<size_t>(*lines) : 0;
   CheckOptions options;

@@ -30,7 +30,7 @@ int RunDraw(const Call& call) {
 
   Host host(call);
   const ProgramFile file{argument, host.ReadablePath(argument)};
-  CTVXView view(&host.app);
+  ToolView view(&host);
   params.Apply(&host, &view);
   PrepareProgram(file, params.Adjusts(), &view);
   viewOptions.Apply(&view, /*fits=*/true);

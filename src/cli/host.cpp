@@ -37,7 +37,9 @@ int32_t LanguageOfEnvironment() {
 std::string Problem(const char* what, int error) {
   if (error == 0) return what;
   if (error == EISDIR) return "is a directory";
-  if (error == kNoPlainFile || error == kFileChanged) return FileErrorText(error);
+  if (error == kNoPlainFile || error == kFileChanged || error == kAboveLimit) {
+    return FileErrorText(error);
+  }
   return what + (": " + FileErrorText(error));
 }
 
@@ -67,7 +69,16 @@ Host::Host(const Call& call)
       files(MakeHostFiles(&drives_)),
       spreadsheets(&drives_),
       app(files.get(), &ui, NoPrograms(), &spreadsheets) {
+  if (drives_.TableError() != 0) {
+    throw Failure{(HomeOf(call) / "drives.txt").string(), ReadProblem(drives_.TableError())};
+  }
   app.InitApplication(LanguageOfEnvironment());
+  CheckSettings();
+}
+
+void Host::CheckSettings() const {
+  if (app.unread.empty()) return;
+  throw Failure{app.unread.front().path, ReadProblem(app.unread.front().error)};
 }
 
 std::string Host::DrivePath(const std::string& argument) const {

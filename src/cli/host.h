@@ -10,6 +10,7 @@
 #include "platform/user_interface.h"
 #include "reports/calc_client.h"
 #include "shell/application.h"
+#include "shell/tvx_view.h"
 
 namespace tvx {
 
@@ -32,6 +33,9 @@ class Host {
   // Failure if no drive holds it.
   std::string DrivePath(const std::string& argument) const;
 
+  // Throws Failure if a settings file is there and could not be read.
+  void CheckSettings() const;
+
   // The drive path of a file to read. Throws Failure if the file cannot be read.
   std::string ReadablePath(const std::string& argument) const;
 
@@ -43,6 +47,12 @@ class Host {
   CliUserInterface ui;
   CalcSpreadsheets spreadsheets;
   CTVXApp app;
+};
+
+// The window of a command. Throws Failure if a settings file is there and cannot be read.
+class ToolView : public CTVXView {
+ public:
+  explicit ToolView(Host* host) : CTVXView(&host->app) { host->CheckSettings(); }
 };
 
 // The reason why the last operation on a file failed, for an error line: "no such file",

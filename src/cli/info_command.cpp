@@ -27,7 +27,7 @@ int RunInfo(const Call& call) {
 
   Host host(call);
   const ProgramFile file{argument, host.ReadablePath(argument)};
-  CTVXView view(&host.app);
+  ToolView view(&host);
   params.Apply(&host, &view);
   PrepareProgram(file, params.Adjusts(), &view);
   CountProgram(file, &view);

@@ -1,6 +1,7 @@
 // JSON text with numbers that read back to the same value.
 #include "cli/json.h"
 
+#include <cfloat>
 #include <cmath>
 
 #include "base/format.h"
@@ -11,7 +12,9 @@ namespace {
 std::string ScalarText(const Json& value) {
   if (value.is_number_float()) {
     const double number = value.get<double>();
-    if (!std::isfinite(number)) return "null";
+    // What is no number reads as 0 in every language, and "null" in none that expects a number.
+    if (std::isnan(number)) return "0";
+    if (std::isinf(number)) return ShortestFloat(std::copysign(FLT_MAX, number > 0 ? 1.F : -1.F));
     const float single = value.get<float>();
     return single == number ? ShortestFloat(single) : ShortestDouble(number);
   }

@@ -13,8 +13,8 @@ namespace tvx {
 using Json = nlohmann::ordered_json;
 
 // The text of a document, one value a line, ended by a line feed. Real numbers are printed in the
-// shortest plain form that reads back to the same value, of 32 bits where that is exact; what is no
-// number is null.
+// shortest plain form that reads back to the same value, of 32 bits where that is exact; what is
+// infinite is the largest of 32 bits, and what is no number is 0.
 std::string JsonText(const Json& document);
 
 // The slots of a list up to the first empty one.

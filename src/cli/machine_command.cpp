@@ -145,7 +145,7 @@ int RunMachineFit(const Call& call) {
   const MachineProfile profile = ReadMachine(host, argument);
   const std::string listPath = host.ReadablePath(*list);
   std::string text;
-  if (!ReadWholeFile(host.files.get(), listPath, &text)) {
+  if (!ReadSettings(host.files.get(), listPath, &text)) {
     throw Failure{*list, ReadProblem(host.files->LastError())};
   }
   const std::vector<Measurement> measurements = ParseMeasurements(text, *list);

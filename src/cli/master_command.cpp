@@ -99,7 +99,7 @@ int RunMasterBuild(const Call& call) {
   Host host(call);
   const ProgramFile file = FindProgramFiles(host, {argument}).front();
   const std::string outPath = host.DrivePath(*out);
-  CTVXView view(&host.app);
+  ToolView view(&host);
   params.Apply(&host, &view);
   view.masterDialog.MasterToolDiameter = diameter.value_or(defaults.MasterToolDiameter);
   view.masterDialog.MasterAllowance = allowance.value_or(defaults.MasterAllowance);
@@ -153,7 +153,7 @@ int RunMasterShow(const Call& call) {
   const std::string argument = ModelArgument(
       call, "Prints the moves of the wire picture of a master model, as the command blocks does.");
   Host host(call);
-  CTVXView view(&host.app);
+  ToolView view(&host);
   view.masterGrid = ReadModel(argument, host);
   ShowMaster(view.masterGrid, &view.program);
   PrintStore(argument, view.program, LoadResult::kLoaded);

@@ -35,7 +35,7 @@ int RunPicture(const Call& call) {
   Host host(call);
   const ProgramFile file{argument, host.ReadablePath(argument)};
   const std::string outPath = host.DrivePath(*out);
-  CTVXView view(&host.app);
+  ToolView view(&host);
   params.Apply(&host, &view);
   PrepareProgram(file, params.Adjusts(), &view);
   viewOptions.Apply(&view, /*fits=*/true);

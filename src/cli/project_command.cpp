@@ -32,7 +32,7 @@ int RunProject(const Call& call) {
   for (const std::string& word : words) points.push_back(ParsePoint(word));
 
   Host host(call);
-  CTVXView view(&host.app);
+  ToolView view(&host);
   if (argument) LoadWholeProgram({*argument, host.ReadablePath(*argument)}, &view);
   viewOptions.Apply(&view, /*fits=*/argument.has_value());
   for (const Vec3& point : points) {

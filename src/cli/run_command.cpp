@@ -88,6 +88,13 @@ class RunReport final : public RunObserver {
            "the master model cannot be read, built or written" + MasterReason(outcome, view_));
   }
 
+  void OnPictureFailed(const std::string& name) override {
+    Report(name, WriteProblem(view_.app->files->LastError()));
+  }
+  void OnMasterBuilt(const std::string& path) override {
+    if (!IsQuiet()) PrintRemark(path + ": the master model was built");
+  }
+
   void Report(const std::string& path, const std::string& reason) {
     const std::string line = path + ": " + reason;
     if (line != lastLine_) PrintRemark(line);  // the check and the load find the same
@@ -112,7 +119,7 @@ class RunReport final : public RunObserver {
 JobList ReadList(const Host& host, const std::string& drivePath, const std::string& argument,
                  RunReport* report) {
   std::string bytes;
-  if (!ReadWholeFile(host.files.get(), drivePath, &bytes))
+  if (!ReadSettings(host.files.get(), drivePath, &bytes))
     throw Failure{argument, ReadProblem(host.files->LastError())};
   constexpr size_t kEnding = 4;
   const bool isMcf = drivePath.size() >= kEnding &&
@@ -305,7 +312,7 @@ int RunJobs(const Call& call) {
   if (json && information) throw WrongCall{"--json and --info exclude each other"};
 
   Host host(call);
-  CTVXView view(&host.app);
+  ToolView view(&host);
   const std::optional<MachineProfile> machine = machineOption.Read(host);
   RunReport report(machine, &view);
   const JobList list = ReadList(host, host.ReadablePath(argument), argument, &report);

@@ -190,7 +190,7 @@ int RunTime(const Call& call) {
 
   Host host(call);
   const std::vector<ProgramFile> files = FindProgramFiles(host, arguments);
-  CTVXView view(&host.app);
+  ToolView view(&host);
   params.Apply(&host, &view);
   const std::optional<MachineProfile> machine = machineOption.Read(host);
   Json document = Json::array();

@@ -10,6 +10,7 @@
 #include <QMimeData>
 #include <QSettings>
 #include <QShortcut>
+#include <QTimer>
 #include <algorithm>
 #include <iterator>
 
@@ -22,6 +23,7 @@
 #include "platform/vector_registers.h"
 #include "shell/configuration.h"
 #include "shell/lists.h"
+#include "shell/messages.h"
 #include "shell/user_keys.h"
 #include "shell/view_operations.h"
 
@@ -119,6 +121,7 @@ ViewWidget* MainWindow::NewView() {
   child->setAttribute(Qt::WA_DeleteOnClose);
   widget->setObjectName(kTitle + QString::number(++views_));
   child->setWindowTitle(widget->objectName());
+  QTimer::singleShot(0, this, [this] { ShowUnread(app_); });
   child->setWindowIcon(ProgramIcon());
   // Ctrl+F4 in its menu belongs to the frame alone; two owners of a key make it dead.
   for (QAction* const action : child->systemMenu()->actions()) action->setShortcuts({});

@@ -50,7 +50,7 @@ bool IsConditionFile(std::string_view start) {
 SettingsResult ReadConditionFile(const std::string& path, JobRecord* record, int32_t* spindle,
                                  Files* files) {
   std::string bytes;
-  if (!ReadWholeFile(files, path, &bytes)) return SettingsResult::kCannotOpen;
+  if (!ReadSettings(files, path, &bytes)) return SettingsResult::kCannotOpen;
   const std::string text = DecodeCp949(bytes);
   WordScanner words(text);
   ReadLinesByPlace(kLines, &words, record, spindle);

@@ -208,7 +208,7 @@ std::optional<MachineFileFault> ReadMachineProfile(const std::string& path, File
     return MachineFileFault{MachineFileError::kTooLarge};
   }
   std::string text;
-  if (!ReadWholeFile(files, path, &text)) return MachineFileFault{MachineFileError::kCannotBeRead};
+  if (!ReadSettings(files, path, &text)) return MachineFileFault{MachineFileError::kCannotBeRead};
   const std::string name = path.substr(path.find_last_of("\\/:") + 1);
   return ParseMachineProfile(text, name, profile);
 }

@@ -3,6 +3,7 @@
 #include "jobs/transfer_dialog.h"
 
 #include <algorithm>
+#include <cerrno>
 
 #include "base/format.h"
 #include "base/path_text.h"
@@ -293,7 +294,10 @@ void CTransferDlg::ReadMcf() {
 void CTransferDlg::ReadListFile(const std::string& path, std::optional<char> driveLetter) {
   ClearList();
   std::string bytes;
-  if (!ReadWholeFile(files_, path, &bytes)) return ui_->ShowStatus("불러오지 못했습니다.", path);
+  if (!ReadSettings(files_, path, &bytes)) {
+    ShowUnreadable(path);
+    return;
+  }
   ListReading reading = ReadJobList(DecodeCp949(bytes), driveLetter);
   list = std::move(reading.list);
   if (reading.leftOut > 0) {
@@ -306,6 +310,14 @@ void CTransferDlg::ReadListFile(const std::string& path, std::optional<char> dri
                                 : "리스트에 사용할 수 없는 경로가 있어서 읽지 않았습니다.",
                     .path = Format("%s:%zu: %s", path.c_str(), reading.line, reading.word.c_str()),
                     .icon = MessageIcon::kExclamation});
+}
+
+// A file that is missing is an empty one; any other that was not read is not.
+void CTransferDlg::ShowUnreadable(const std::string& path) {
+  if (files_->LastError() == ENOENT) return;
+  Message message = MessageOf(JobMessage::kCannotOpen);
+  message.path = path + ": " + FileErrorText(files_->LastError());
+  ui_->ShowMessage(message);
 }
 
 // The options of the entry previewed become those of the files to come.
@@ -321,7 +333,10 @@ void CTransferDlg::Preview() {
 // Starts the editor on the entry's file and does not wait for it.
 void CTransferDlg::EditEntry() {
   if (selectedEntry < 0 || static_cast<size_t>(selectedEntry) >= list.size()) return;
-  setup_.programs->Start(setup_.editor, ProgramPath(static_cast<size_t>(selectedEntry)));
+  const std::string path = ProgramPath(static_cast<size_t>(selectedEntry));
+  if (!setup_.programs->Start(setup_.editor, path)) {
+    ui_->ShowStatus("편집기를 시작하지 못했습니다.", path);
+  }
 }
 
 void CTransferDlg::ReplaceLine(size_t entry, std::string line) {
@@ -401,8 +416,12 @@ void CTransferDlg::SaveKeyCodes() {
 void CTransferDlg::ReadKeyCodes() {
   const std::optional<size_t> entry = SelectedOrLast();
   if (!entry.has_value() || RefuseFrozen(selectedEntry)) return;
+  const std::string path = EnvironmentFile(kKeyCodeFile) + ".txt";
   std::string bytes;
-  if (!ReadWholeFile(files_, EnvironmentFile(kKeyCodeFile) + ".txt", &bytes)) return;
+  if (!ReadSettings(files_, path, &bytes)) {
+    ShowUnreadable(path);
+    return;
+  }
   ReplaceLine(*entry, WithKeyCodePart(list.lines[*entry], KeyCodePartOfFile(bytes)));
 }
 

@@ -78,7 +78,8 @@ bool IsFiniteNumberText(std::string_view text) {
   WordScanner scanner(text);
   float number = 0;
   std::string rest;
-  return scanner.ReadFloat(&number) && !scanner.ReadWord(&rest) && std::isfinite(number);
+  // The two conversions round differently near the end of the range.
+  return scanner.ReadFloat(&number) && !scanner.ReadWord(&rest) && std::isfinite(TextToFloat(text));
 }
 
 }  // namespace

@@ -1,16 +1,20 @@
 // Maps drive paths to host folders and back.
 #include "platform/drives.h"
 
+#include <fcntl.h>
 #include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdlib>
 #include <fstream>
-#include <sstream>
 #include <system_error>
 
 #include "base/scan.h"
+#include "platform/descriptor.h"
+#include "platform/files.h"
 
 namespace tvx {
 
@@ -50,12 +54,23 @@ std::string_view Trimmed(std::string_view text) {
   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-std::optional<std::string> ReadTable(const fs::path& file) {
-  std::error_code error;
-  if (!fs::exists(file, error) && !error) return std::nullopt;
-  std::ostringstream table;
-  table << std::ifstream(file, std::ios::binary).rdbuf();  // nothing from what cannot be read
-  return std::move(table).str();
+// The error is ENOENT for a table that is missing, and for no other.
+int ReadTable(const fs::path& path, std::string* table) {
+  // Not blocking, since the mere opening of a pipe waits for its other side.
+  const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  struct stat status {};
+  if (!file.IsOpen() || ::fstat(file.Number(), &status) != 0) return errno;
+  if (!S_ISREG(status.st_mode)) return S_ISDIR(status.st_mode) ? EISDIR : kNoPlainFile;
+  if (static_cast<uint64_t>(status.st_size) > kLargestSettings) return kAboveLimit;
+  table->resize(static_cast<size_t>(status.st_size));
+  size_t done = 0;
+  while (done < table->size()) {
+    const ssize_t count = ::read(file.Number(), table->data() + done, table->size() - done);
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) return count < 0 ? errno : kFileChanged;
+    done += static_cast<size_t>(count);
+  }
+  return 0;
 }
 
 void WriteFirstLayout(const fs::path& home) {
@@ -114,9 +129,13 @@ bool Holds(const fs::path& folder, const fs::path& path, fs::path* below) {
 
 Drives::Drives(const fs::path& home) {
   const fs::path folder = Absolute(home);
-  std::optional<std::string> table = ReadTable(folder / kTableName);
-  if (!table) WriteFirstLayout(folder);
-  ReadLines(folder, table.value_or(kFirstTable));
+  std::string table;
+  tableError_ = ReadTable(folder / kTableName, &table);
+  if (tableError_ == ENOENT || tableError_ == ENOTDIR) {
+    WriteFirstLayout(folder);
+    tableError_ = 0;
+  }
+  ReadLines(folder, table);
   // A table that was lost or cannot be read must not keep the program from starting.
   if (drives_.empty()) ReadLines(folder, kFirstTable);
 }

@@ -23,6 +23,10 @@ class Drives {
   // without a single drive, still gives these two drives.
   explicit Drives(const std::filesystem::path& home);
 
+  // Why drives.txt, which is there, could not be read, as Files::LastError; 0 if it was. The drives
+  // are then those of the first start, and nothing is written.
+  int TableError() const { return tableError_; }
+
   // TVX_HOME, else $XDG_DATA_HOME/tvx, else ~/.local/share/tvx.
   static std::filesystem::path DefaultHome();
 
@@ -52,6 +56,7 @@ class Drives {
   void ReadLine(const std::filesystem::path& home, std::string_view line);
 
   std::vector<Drive> drives_;  // by letter
+  int tableError_ = 0;
 };
 
 // True for "c:", "c:\x", "C:/x": a letter and a colon at the start.

@@ -301,17 +301,22 @@ bool IsReadFailure(int error) {
 std::string FileErrorText(int error) {
   if (error == kNoPlainFile) return "is no plain file";
   if (error == kFileChanged) return "has changed while it was read";
+  if (error == kAboveLimit) return "is larger than 4 MiB";
   if (error == kRefusedName) return "the name is not allowed";
   if (error == kPartSource) return "a program or master model for it could not be read";
   return std::strerror(error);
 }
 
-bool ReadWholeFile(Files* files, const std::string& path, std::string* bytes) {
+namespace {
+
+// At most that many bytes.
+bool ReadUpTo(uint64_t most, Files* files, const std::string& path, std::string* bytes) {
   const auto file = files->OpenForReading(path);
   if (file == nullptr) return false;
   std::string read;
   for (size_t count = kBufferSize; count > 0;) {
     const size_t size = read.size();
+    if (size > most) return files->Fail(kAboveLimit);
     read.resize(size + kBufferSize);
     count = file->Read(read.data() + size, kBufferSize);
     read.resize(size + count);
@@ -319,6 +324,16 @@ bool ReadWholeFile(Files* files, const std::string& path, std::string* bytes) {
   if (file->Error() != 0) return files->Fail(file->Error());
   *bytes = std::move(read);
   return true;
+}
+
+}  // namespace
+
+bool ReadWholeFile(Files* files, const std::string& path, std::string* bytes) {
+  return ReadUpTo(UINT64_MAX, files, path, bytes);
+}
+
+bool ReadSettings(Files* files, const std::string& path, std::string* bytes) {
+  return ReadUpTo(kLargestSettings, files, path, bytes);
 }
 
 bool WriteWholeFile(Files* files, const std::string& path, std::string_view bytes) {

@@ -25,6 +25,7 @@ inline constexpr int kPartSource = -3;   // to be written from files that could 
 bool IsReadFailure(int error);
 
 inline constexpr int kRefusedName = -4;  // a name that such a file may not have
+inline constexpr int kAboveLimit = -5;   // above kLargestSettings
 
 // The reason in words, as the system has them: "No space left on device".
 std::string FileErrorText(int error);
@@ -127,6 +128,12 @@ class Files {
 
 // Reads a whole file. False, with *bytes alone, if it cannot be opened or read to its end.
 bool ReadWholeFile(Files* files, const std::string& path, std::string* bytes);
+
+// Largest file of settings, list or condition, bytes: what is larger is a file of another kind.
+inline constexpr uint64_t kLargestSettings = uint64_t{4} << 20;
+
+// The same for such a file; also false, with the error kAboveLimit, if it is larger.
+bool ReadSettings(Files* files, const std::string& path, std::string* bytes);
 
 // Creates or replaces a whole file. False, with the older file as it was, if anything fails.
 bool WriteWholeFile(Files* files, const std::string& path, std::string_view bytes);

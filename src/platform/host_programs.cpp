@@ -3,13 +3,18 @@
 
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 #include <string_view>
 #include <vector>
+
+#include "base/scan.h"
+#include "platform/descriptor.h"
 
 #ifdef TVX_HAVE_XCB
 #include <xcb/xcb.h>
@@ -50,6 +55,34 @@ bool StartDetached(const std::string& program, const std::string& argument) {
   const bool started = read(report[0], &failed, 1) == 0 && status == 0;
   close(report[0]);
   return started;
+}
+
+// Endings of NC programs and of plain texts. The desktop opens any other by what it is: a script by
+// running it.
+constexpr std::string_view kTextEndings[] = {"",     ".nc",  ".hnc", ".h",   ".i",   ".ppp", ".tap",
+                                             ".txt", ".cnc", ".mpf", ".spf", ".eia", ".min", ".dnc",
+                                             ".ptp", ".mcf", ".afa", ".ngc", ".tvx"};
+
+bool HasTextEnding(const std::filesystem::path& path) {
+  const std::string ending = path.extension().string();
+  return std::any_of(std::begin(kTextEndings), std::end(kTextEndings),
+                     [&](std::string_view text) { return EqualNoCase(ending, text); });
+}
+
+// True for a text that neither its ending nor its rights nor its first bytes make a program.
+bool IsPlainText(const std::filesystem::path& path) {
+  const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  struct stat status {};
+  if (!file.IsOpen() || ::fstat(file.Number(), &status) != 0) return false;
+  if (!S_ISREG(status.st_mode) || (status.st_mode & 0111) != 0) return false;
+  char bytes[4096];
+  const ssize_t count = ::read(file.Number(), bytes, sizeof bytes);
+  if (count < 0 || !HasTextEnding(path)) return false;
+  const std::string_view start(bytes, static_cast<size_t>(count));
+  const auto isText = [](char c) {
+    return static_cast<unsigned char>(c) >= ' ' || (c >= '\t' && c <= '\r');
+  };
+  return !start.starts_with("#!") && std::all_of(start.begin(), start.end(), isText);
 }
 
 #ifdef TVX_HAVE_XCB
@@ -101,7 +134,8 @@ bool HostPrograms::Start(const std::string& program, const std::string& path) {
   if (!host.has_value()) return false;
   const auto hostProgram = HasDrive(program) ? drives_->ToHost(program) : std::nullopt;
   const std::string name = hostProgram.has_value() ? hostProgram->string() : program;
-  return StartDetached(name, host->string()) || StartDetached(kDesktopOpener, host->string());
+  return StartDetached(name, host->string()) ||
+         (IsPlainText(*host) && StartDetached(kDesktopOpener, host->string()));
 }
 
 bool HostPrograms::HasWindowOfClass(const std::string& windowClass) {

@@ -11,7 +11,8 @@ namespace tvx {
 
 // The other programs of this machine. Windows are looked for on the X display of the environment,
 // by the class or the instance name of WM_CLASS; without one, or without libxcb in the build, none
-// is found. An editor that the host does not have is replaced by the desktop's own opener.
+// is found. An editor that the host does not have is replaced by the desktop's own opener, for a
+// text alone: what could be run is not opened.
 class HostPrograms final : public Programs {
  public:
   // The drives have to outlive the object; `quit` is what Quit does.

@@ -22,6 +22,12 @@
 
 namespace tvx {
 
+// A file of settings that is there and could not be read: its values are the defaults.
+struct UnreadFile {
+  std::string path;
+  int error = 0;  // as Files::LastError
+};
+
 // One per process.
 class CTVXApp {
  public:
@@ -30,8 +36,12 @@ class CTVXApp {
           Spreadsheets* spreadsheets = NoSpreadsheets());
 
   // Starts the program: sets the language of the labels, then reads the configuration, the lists
-  // and the user keys in this order. A missing file is no failure. Returns 1.
+  // and the user keys in this order. A missing file is no failure; any other that cannot be read is
+  // noted. Returns 1.
   int InitApplication(int32_t language = kKoreanLabels);
+
+  // Notes a file whose reading has just failed, unless it is missing.
+  void NoteUnread(const std::string& path);
 
   Files* const files;
   UserInterface* const ui;
@@ -39,6 +49,8 @@ class CTVXApp {
   Spreadsheets* const spreadsheets;
 
   int32_t LabelLanguage = kKoreanLabels;
+  // To be reported by whoever started the application or opened a view, which then clears it.
+  std::vector<UnreadFile> unread;
   Configuration configuration;
   std::vector<std::string> ExtensionList;
   std::vector<std::string> DirectoryList;

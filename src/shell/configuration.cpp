@@ -2,6 +2,8 @@
 
 #include "shell/configuration.h"
 
+#include <cerrno>
+
 #include "base/scan.h"
 #include "base/text.h"
 #include "platform/number_field.h"
@@ -19,10 +21,6 @@ const ConfigurationField kFields[] = {
     {"AFADir", "AFA 조건 DIR", &Configuration::AFADir, "c:\\marlo\\afa"},
     {"Editor", "편집기(editor)", &Configuration::Editor, "wordpad.exe"},
 };
-
-std::string ConfigurationPath(const Configuration& configuration) {
-  return configuration.WindowsDir + "\\tvx.cfg";
-}
 
 // The file of a first start has two blanks after all keys but the first, and one behind each value.
 std::string FirstStartText(const Configuration& configuration) {
@@ -58,6 +56,10 @@ void TakePairs(std::string_view bytes, Configuration* configuration) {
 
 }  // namespace
 
+std::string ConfigurationPath(const Configuration& configuration) {
+  return configuration.WindowsDir + "\\tvx.cfg";
+}
+
 std::span<const ConfigurationField> ConfigurationFields() {
   return kFields;
 }
@@ -65,14 +67,17 @@ std::span<const ConfigurationField> ConfigurationFields() {
 bool ReadConfiguration(Configuration* configuration, Files* files) {
   *configuration = {};
   std::string bytes;
-  if (ReadWholeFile(files, ConfigurationPath(*configuration), &bytes)) {
+  if (ReadSettings(files, ConfigurationPath(*configuration), &bytes)) {
     TakePairs(bytes, configuration);
     return true;
   }
+  const int error = files->LastError();
   for (const ConfigurationField& field : kFields) configuration->*field.value = field.initial;
-  WriteWholeFile(files, ConfigurationPath(*configuration),
-                 EncodeCp949(FirstStartText(*configuration)));
-  return false;
+  if (error == ENOENT) {
+    WriteWholeFile(files, ConfigurationPath(*configuration),
+                   EncodeCp949(FirstStartText(*configuration)));
+  }
+  return files->Fail(error);
 }
 
 bool SaveConfiguration(const Configuration& configuration, Files* files) {

@@ -32,9 +32,11 @@ struct ConfigurationField {
 // The four values in the order of the file and of the dialog.
 std::span<const ConfigurationField> ConfigurationFields();
 
-// Reads the configuration. A key that is missing in the file leaves its value empty. Returns false
-// if there is no file: the values are then the initial ones and the file is created with them,
-// which may fail.
+std::string ConfigurationPath(const Configuration& configuration);
+
+// Reads the configuration. A key that is missing in the file leaves its value empty. Returns false,
+// with the reason as Files::LastError, if that fails: the values are then the initial ones. A file
+// that is missing (ENOENT) is created with them, which may fail; no other file is touched.
 bool ReadConfiguration(Configuration* configuration, Files* files);
 
 // Creates or replaces the file. Returns false, with an older file as it was, if that fails.

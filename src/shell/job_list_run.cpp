@@ -38,6 +38,9 @@ class RunMessages final : public RunObserver {
     ShowFailure(outcome.build, ui_);
     ShowFailure(outcome.file, path, ui_);
   }
+  void OnMasterBuilt(const std::string& path) override {
+    ui_->ShowStatus("마스터 모델을 만들었습니다.", path);
+  }
   void OnPictureFailed(const std::string& path) override { ShowWritten(false, path, ui_); }
   void OnTableFull() override { ShowTableFull(ui_); }
   void OnStopped(const RunEnd& end) override { ui_->ShowStatus(StoppedText(end)); }
@@ -89,6 +92,7 @@ MasterOutcome BringMaster(const std::string& path, CTVXView* view, RunObserver* 
   outcome.load = LoadForRun(ProgramOfMaster(masterPath), view, observer);
   if (outcome.Succeeded()) outcome.build = BuildAndShowMaster(master);
   if (outcome.Succeeded()) outcome.file = WriteMasterFile(masterPath, *master.grid, master.files);
+  if (outcome.Succeeded()) observer->OnMasterBuilt(path);
   return outcome;
 }
 

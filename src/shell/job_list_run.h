@@ -37,6 +37,8 @@ class RunObserver {
   virtual void OnLoadFailed(const std::string& /*path*/, LoadResult /*result*/) {}
   // A master model could not be read, built or written. One that was built is used all the same.
   virtual void OnMasterFailed(const std::string& /*path*/, const MasterOutcome& /*outcome*/) {}
+  // A master model was missing, and was built and written.
+  virtual void OnMasterBuilt(const std::string& /*path*/) {}
   // An entry was recorded; the store holds its moves with the feeds in force.
   virtual void OnRecorded(const std::string& /*path*/) {}
   // The picture of an entry that was recorded could not be written into the current directory.

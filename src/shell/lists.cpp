@@ -18,14 +18,10 @@ namespace {
 // The job dialog has always offered "*.ppp" twice.
 const char* const kStandardMasks[] = {"*.*", "*.nc", "*.hnc", "*.ppp", "*.ppp", "*.tap", "*.tif"};
 
-std::string DirectoryListPath(const std::string& environmentDir) {
-  return environmentDir + "\\dirlist.txt";
-}
-
 // Fills the elements from 0 on; words beyond the last element are not read.
 bool ReadWordList(const std::string& path, std::vector<std::string>* list, Files* files) {
   std::string bytes;
-  if (!ReadWholeFile(files, path, &bytes)) return false;
+  if (!ReadSettings(files, path, &bytes)) return false;
   WordScanner words(bytes);
   for (std::string& element : *list) {
     if (!ReadShortWord(&words, &element)) break;
@@ -49,10 +45,18 @@ bool SaveDirectoryList(const std::string& environmentDir, const std::vector<std:
 
 }  // namespace
 
+std::string ExtensionListPath(const std::string& environmentDir) {
+  return environmentDir + "\\fileext.txt";
+}
+
+std::string DirectoryListPath(const std::string& environmentDir) {
+  return environmentDir + "\\dirlist.txt";
+}
+
 bool ReadExtensionList(const std::string& environmentDir, std::vector<std::string>* list,
                        Files* files) {
   list->resize(kExtensions);
-  if (ReadWordList(environmentDir + "\\fileext.txt", list, files)) return true;
+  if (ReadWordList(ExtensionListPath(environmentDir), list, files)) return true;
   std::copy(std::begin(kStandardMasks), std::end(kStandardMasks), list->begin());
   return false;
 }

@@ -15,6 +15,9 @@ namespace tvx {
 inline constexpr size_t kExtensions = 100;
 inline constexpr size_t kDirectories = 500;
 
+std::string ExtensionListPath(const std::string& environmentDir);
+std::string DirectoryListPath(const std::string& environmentDir);
+
 // Reads fileext.txt over the list, which gets kExtensions elements. No element is cleared first, so
 // the tail of a longer list stays. Returns false if the file cannot be read; the list then starts
 // with the seven standard masks.

@@ -2,8 +2,11 @@
 
 #include "shell/messages.h"
 
+#include <utility>
+
 #include "base/format.h"
 #include "platform/user_files.h"
+#include "shell/application.h"
 
 namespace tvx {
 
@@ -66,6 +69,14 @@ void ShowFailure(MasterFileResult result, const std::string& path, UserInterface
     case MasterFileResult::kDiskFull:
       ui->ShowMessage({.text = "디스크가 가득 찼거나 쓸 수 없습니다."});
       break;
+  }
+}
+
+void ShowUnread(CTVXApp* app) {
+  for (const UnreadFile& file : std::exchange(app->unread, {})) {
+    app->ui->ShowMessage({.text = "설정 화일을 읽지 못해서 기본값을 사용합니다.",
+                          .path = file.path + ": " + FileErrorText(file.error),
+                          .icon = MessageIcon::kExclamation});
   }
 }
 

@@ -11,6 +11,8 @@
 
 namespace tvx {
 
+class CTVXApp;
+
 // Each shows the message of a failure and nothing for any other result. No message is defined for a
 // full store, a refused build and a missing model to write. A path goes to the status line, where
 // it remains after the message. `program` is what the load left.
@@ -18,6 +20,9 @@ void ShowFailure(LoadResult result, const NcProgram& program, const std::string&
                  UserInterface* ui);
 void ShowFailure(BuildResult result, UserInterface* ui);
 void ShowFailure(MasterFileResult result, const std::string& path, UserInterface* ui);
+
+// The files of settings that the application has noted as unread; clears the notes.
+void ShowUnread(CTVXApp* app);
 
 // A file of the program's own that could not be written.
 void ShowCannotOpen(UserInterface* ui);

@@ -37,7 +37,7 @@ std::string ParameterPath(const std::string& environmentDir) {
 SettingsResult ReadParameterFile(const std::string& environmentDir, JobRecord* record,
                                  Files* files) {
   std::string bytes;
-  if (!ReadWholeFile(files, ParameterPath(environmentDir), &bytes)) {
+  if (!ReadSettings(files, ParameterPath(environmentDir), &bytes)) {
     return SettingsResult::kCannotOpen;
   }
   const std::string text = DecodeCp949(bytes);

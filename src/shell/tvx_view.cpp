@@ -30,10 +30,17 @@ void CTVXView::SetDefaults() {
 
 void CTVXView::ReadFiles() {
   const std::string& environmentDir = app->configuration.EnvDir;
-  ReadParameterFile(environmentDir, &job, app->files);
-  ReadExtensionList(environmentDir, &app->ExtensionList, app->files);
-  ReadConditionFile(DefaultConditionPath(environmentDir), &job, &app->rememberedSpindle,
-                    app->files);
+  const std::string condition = DefaultConditionPath(environmentDir);
+  if (ReadParameterFile(environmentDir, &job, app->files) != SettingsResult::kDone) {
+    app->NoteUnread(ParameterPath(environmentDir));
+  }
+  if (!ReadExtensionList(environmentDir, &app->ExtensionList, app->files)) {
+    app->NoteUnread(ExtensionListPath(environmentDir));
+  }
+  if (ReadConditionFile(condition, &job, &app->rememberedSpindle, app->files) !=
+      SettingsResult::kDone) {
+    app->NoteUnread(condition);
+  }
 }
 
 }  // namespace tvx

@@ -37,7 +37,8 @@ class CTVXView {
  public:
   // Reads, in this order, the defaults, the parameter file, the extension list once more and the
   // default condition file; a later value replaces an earlier one. A missing file changes nothing
-  // and shows no message. The application outlives its views.
+  // and shows no message; the application notes one that cannot be read. The application outlives
+  // its views.
   explicit CTVXView(CTVXApp* app);
 
   CTVXApp* const app;

@@ -15,10 +15,6 @@ namespace {
 
 constexpr char kHeader[] = "=======USER KEY======";
 
-std::string UserKeyPath(const std::string& environmentDir) {
-  return environmentDir + "\\UserKey.txt";
-}
-
 // Removes the next line from the front of a text; *line is without its line feed. Returns false at
 // the end of the text.
 bool TakeLine(std::string_view* text, std::string_view* line) {
@@ -34,10 +30,14 @@ std::string WithoutTrailingWhite(const std::string& text) {
 
 }  // namespace
 
+std::string UserKeyPath(const std::string& environmentDir) {
+  return environmentDir + "\\UserKey.txt";
+}
+
 bool ReadUserKeys(const std::string& environmentDir, std::vector<std::string>* keys, Files* files) {
   keys->assign(kUserKeyElements, {});
   std::string bytes;
-  if (!ReadWholeFile(files, UserKeyPath(environmentDir), &bytes)) return false;
+  if (!ReadSettings(files, UserKeyPath(environmentDir), &bytes)) return false;
   std::string_view text = bytes;
   std::string_view line;
   TakeLine(&text, &line);  // any line is taken as the header

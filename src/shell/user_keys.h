@@ -18,6 +18,8 @@ inline constexpr size_t kLastUserKey = 12;
 // Longest key, in bytes of the file; a longer line is cut there.
 inline constexpr size_t kUserKeyBytes = 50;
 
+std::string UserKeyPath(const std::string& environmentDir);
+
 // Sets *keys to kUserKeyElements elements, all empty except those in the file. White space at the
 // end of a key is dropped. Returns false if the file cannot be read.
 bool ReadUserKeys(const std::string& environmentDir, std::vector<std::string>* keys, Files* files);

@@ -1,6 +1,9 @@
 // One walk over the moves; the order of the additions is part of the result.
 #include "stats/cut_time.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "base/numbers.h"
 #include "model/walks.h"
 
@@ -78,18 +81,25 @@ int32_t AverageFeed(const Sums& sums) {
   return TruncateToInt(static_cast<float>(sums.cutLength / sums.cutMinutes));
 }
 
+// A figure that reports and sums can hold: coordinates at the limits of a number make an infinite
+// length. No machine moves that far.
+float Finite(double figure) {
+  constexpr double kHighest = 1e30;
+  return std::isnan(figure) ? 0 : static_cast<float>(std::min(figure, kHighest));
+}
+
 }  // namespace
 
 int ComputeCutTime(BlockStore* store, const JobRecord& job, CutTimeEntry* entry) {
   CopyOptions(job, entry);
   const Sums sums = AddUpMoves(store, job.RapidFeed);
   EndOfWalk(store);
-  entry->cutLength = sums.cutLength;
-  entry->rapidLength = sums.rapidLength;
-  entry->cutMinutes = static_cast<float>(sums.cutMinutes);
-  entry->rapidMinutes = static_cast<float>(sums.rapidMinutes);
+  entry->cutLength = Finite(sums.cutLength);
+  entry->rapidLength = Finite(sums.rapidLength);
+  entry->cutMinutes = Finite(sums.cutMinutes);
+  entry->rapidMinutes = Finite(sums.rapidMinutes);
   entry->averageFeed = AverageFeed(sums);
-  entry->totalMinutes = static_cast<float>(sums.cutMinutes + sums.rapidMinutes);
+  entry->totalMinutes = Finite(sums.cutMinutes + sums.rapidMinutes);
   return 1;
 }
 

@@ -2,6 +2,7 @@
 #include "view/picture.h"
 
 #include <array>
+#include <cerrno>
 #include <cstdlib>
 #include <memory>
 #include <vector>
@@ -93,6 +94,28 @@ bool DrawPalettePng(const Scene& scene, OutputFile* file) {
   return DrawImage(scene, WritePalettePng, file);
 }
 
+// A file that refuses what would make it larger than a picture may be.
+class PictureFile final : public OutputFile {
+ public:
+  PictureFile(std::unique_ptr<OutputFile> file, Files* files)
+      : file_(std::move(file)), files_(files) {}
+
+  bool Write(std::string_view bytes) override {
+    written_ += bytes.size();
+    if (written_ > kLargestPicture) return files_->Fail(EFBIG);
+    return file_->Write(bytes);
+  }
+  bool Patch(uint64_t offset, std::string_view bytes) override {
+    return file_->Patch(offset, bytes);
+  }
+  bool Commit() override { return written_ <= kLargestPicture && file_->Commit(); }
+
+ private:
+  std::unique_ptr<OutputFile> file_;
+  Files* files_;
+  uint64_t written_ = 0;
+};
+
 struct FormatRow {
   std::string_view ending;
   PictureFormat format;
@@ -132,8 +155,9 @@ bool DrawPictureFile(PictureFormat format, const Scene& scene, OutputFile* file)
 
 bool WritePictureFile(PictureFormat format, const std::string& path, const Scene& scene,
                       Files* files, bool isSynced) {
-  const std::unique_ptr<OutputFile> file = files->Create(path);
+  std::unique_ptr<OutputFile> file = files->Create(path);
   if (file != nullptr && !isSynced) file->LeaveUnsynced();
+  if (file != nullptr) file = std::make_unique<PictureFile>(std::move(file), files);
   return DrawPictureFile(format, scene, file.get()) && !scene.progress->IsStopped() &&
          file->Commit();
 }

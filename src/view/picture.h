@@ -2,6 +2,7 @@
 // other uses.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -24,6 +25,9 @@ bool IsMetafile(std::string_view start);
 // Draws the scene into a file with the current angles, pan and scale of the view. Returns false if
 // a write fails. The caller commits the file.
 bool DrawPictureFile(PictureFormat format, const Scene& scene, OutputFile* file);
+
+// A picture that would be larger, in bytes, is not written: a million circles make 13 GB.
+inline constexpr uint64_t kLargestPicture = uint64_t{1} << 30;
 
 // Creates or replaces the file and draws the scene into it with the current angles, pan and scale
 // of the view. SVG and PNG have a white page of the drawing area's size. Returns false if the file

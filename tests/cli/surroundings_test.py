@@ -119,6 +119,40 @@ class Surroundings(unittest.TestCase):
             pictures.append((self.folder / name).read_bytes())
         self.assertEqual(*pictures)
 
+    def test_what_is_there_and_cannot_be_used_is_reported_and_left_alone(self):
+        home = self.folder / "home"
+        self.run_tool("config", "show")
+        settings = home / "drive_c/windows/tvx.cfg"
+        large = self.folder / "large"
+        large.write_bytes(b" " * (4 << 20) + b"\n")
+        picture = self.folder / "part.nc.emf"
+        cases = [
+            (lambda: (settings.unlink(), settings.mkdir()), ["config", "show"], "is a directory"),
+            (lambda: (settings.rmdir(), os.mkfifo(settings)), ["time", self.program],
+             "is no plain file"),
+            (lambda: (settings.unlink(), settings.write_bytes(large.read_bytes())),
+             ["config", "show"], "is larger than 4 MiB"),
+            (settings.unlink, ["run", large], "is larger than 4 MiB"),
+            (lambda: None, ["condition", "show", large], "is larger than 4 MiB"),
+            (picture.mkdir, ["run", "--pictures", self.write_list(b"part.nc")], "is a directory"),
+            (lambda: ((home / "drives.txt").unlink(), os.mkfifo(home / "drives.txt")),
+             ["config", "show"], "is no plain file"),
+        ]
+        for prepare, call, reason in cases:
+            prepare()
+            with self.subTest(call=call, reason=reason):
+                environment = {**os.environ, "TVX_HOME": str(home)}
+                run = subprocess.run([TOOL, *map(str, call)], env=environment, cwd=self.folder,
+                                     timeout=60, capture_output=True, text=True)
+                self.assertEqual(run.returncode, 1)
+                self.assertTrue(run.stderr.endswith(reason + "\n"), run.stderr)
+                self.assertEqual(run.stderr.count("\n"), 1)
+
+    def test_json_has_numbers_only(self):
+        run = self.run_tool("getfeed", "--diameter", "1e-45")
+        self.assertTrue(all(isinstance(value, (int, float, str))
+                            for value in json.loads(run.stdout).values()), run.stdout)
+
     def test_home_that_cannot_be_made_has_its_drives(self):
         (self.folder / "home").write_text("a file where a folder should be")
         run = self.run_tool("time", "--no-afa", "--json", self.program)

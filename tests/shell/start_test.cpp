@@ -1,4 +1,6 @@
 // The start of the program and of a window: which file is read when, and whose value stands.
+#include <cerrno>
+
 #include "model/loader.h"
 #include "shell_test.h"
 #include "support/block_list.h"
@@ -30,6 +32,33 @@ TEST_F(Start, ReadsInThisOrderAndWithoutFilesTheDefaultsStand) {
   EXPECT_EQ(view.results.entries.size(), 300U);
   EXPECT_EQ(app.rememberedSpindle, 1000);
   EXPECT_EQ(app.LabelLanguage, kKoreanLabels);
+}
+
+TEST_F(Start, SettingsThatCannotBeReadAreNotedAndNothingIsWritten) {
+  const char* const settings[] = {"c:\\windows\\tvx.cfg",   "c:\\marlo\\fileext.txt",
+                                  "c:\\marlo\\dirlist.txt", "c:\\marlo\\UserKey.txt",
+                                  "c:\\marlo\\tvx.par",     "c:\\marlo\\afa\\tvx.afa"};
+  const std::string tooLarge((size_t{4} << 20) + 1, 'x');
+  for (const char* const path : settings) {
+    for (const bool isRefused : {true, false}) {
+      WatchedFiles disk;
+      disk.Put(path, isRefused ? "kept" : tooLarge);
+      if (isRefused) disk.RefuseOpening(path);
+      if (path != settings[0])
+        disk.Put(settings[0],
+                 "\xC8\xAF\xB0\xE6"
+                 "Dir c:\\marlo");
+      const std::vector<std::string> before = disk.FilePaths();
+      CTVXApp app(&disk, &ui);
+      app.InitApplication();
+      const CTVXView view(&app);
+      ASSERT_EQ(app.unread.size(), 1U) << path;
+      EXPECT_EQ(app.unread[0].path, path);
+      EXPECT_EQ(app.unread[0].error, isRefused ? EACCES : kAboveLimit);
+      EXPECT_EQ(disk.FilePaths(), before);
+      EXPECT_EQ(disk.Bytes(path), isRefused ? "kept" : tooLarge);
+    }
+  }
 }
 
 TEST_F(Start, FilesOverTheDefaults) {
