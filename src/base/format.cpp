@@ -59,4 +59,12 @@ std::string ShortestDouble(double value) {
   return ShortestNumber(value);
 }
 
+std::string ClockText(double minutes) {
+  constexpr double kMost = 1e9;
+  if (!(std::abs(minutes) < kMost)) return "-";
+  const long long seconds = std::llround(std::abs(minutes) * 60.0);
+  return Format("%s%lld:%02lld:%02lld", minutes < 0 && seconds > 0 ? "-" : "", seconds / 3600,
+                seconds / 60 % 60, seconds % 60);
+}
+
 }  // namespace tvx

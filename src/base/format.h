@@ -22,4 +22,7 @@ inline const char* OnOff(int32_t check) {
   return check == 1 ? "ON" : "OFF";
 }
 
+// "1:05:09", hours, minutes and seconds; with a sign if negative. "-" for what is no time.
+std::string ClockText(double minutes);
+
 }  // namespace tvx

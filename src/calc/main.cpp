@@ -84,6 +84,10 @@ int main(int argc, char** argv) {
   const std::string_view form = argc == 2 ? argv[1] : "";
   if (form == tvx::kCalcWindowForm) return tvx::Run(tvx::OfficeForm::kWindow);
   if (form == tvx::kCalcFileForm) return tvx::Run(tvx::OfficeForm::kHidden);
+  if (form == "--version") {
+    std::cout << "tvx-calc " TVX_VERSION "\n";
+    return 0;
+  }
   std::cerr << "usage: tvx-calc " << tvx::kCalcWindowForm << '|' << tvx::kCalcFileForm << '\n';
   return 2;
 }

@@ -7,6 +7,7 @@
 #include "base/format.h"
 #include "cli/command.h"
 #include "cli/output.h"
+#include "cli/tool_progress.h"
 #include "platform/termination.h"
 
 namespace tvx {
@@ -31,12 +32,16 @@ ProgramCheck CheckProgramFile(const ProgramFile& file, const CheckOptions& optio
                               const CTVXView& view, LoadStart* start) {
   SetSubject(file.argument);
   ShowProgress(file.argument + ": checking");
-  ProgramChecker checker(file.path, *start, view.job, view.app->files, options);
+  const WorkScope work(ToolProgress(), Work::kCheck, file.argument, Stopping::kAllowed);
+  CheckOptions stoppable = options;
+  stoppable.progress = ToolProgress();
+  ProgramChecker checker(file.path, *start, view.job, view.app->files, stoppable);
   if (!checker.IsOpen()) {
     throw Failure{file.argument, ReadProblem(view.app->files->LastError())};
   }
   constexpr uint64_t kAllLines = UINT64_MAX;
   checker.CheckMore(kAllLines);
+  EndIfInterrupted();
   ThrowIfBroken(file, checker.Result());
   *start = checker.NextStart();
   return checker.Result();
@@ -47,13 +52,17 @@ std::optional<ProgramCheck> NoteRemarks(const ProgramFile& file, const CTVXView&
   if (IsQuiet() && !wantsCheck) return {};
   SetSubject(file.argument);
   ShowProgress(file.argument + ": checking");
+  Progress* const progress = ToolProgress();
+  const WorkScope work(progress, Work::kCheck, file.argument, Stopping::kAllowed);
   ProgramCheck check;
   const LoadStart start = TakeLoadStart(view.program, view.app->parserStates);
   Files* const files = view.app->files;
-  if (!CheckProgram(file.path, start, view.job, files, &check, {.storedPerId = 0})) {
+  if (!CheckProgram(file.path, start, view.job, files, &check,
+                    {.storedPerId = 0, .progress = progress})) {
     if (files->LastError() == ENOENT) return {};  // the load reports it
     throw Failure{file.argument, ReadProblem(files->LastError())};
   }
+  if (progress->IsStopped()) return {};  // the load is stopped too
   ThrowIfBroken(file, check);
   if (IsQuiet()) return check;
   const auto whole = [](uint64_t value) { return static_cast<unsigned long long>(value); };

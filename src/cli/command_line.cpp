@@ -72,6 +72,7 @@ CommandLine::CommandLine(const Call& call, const std::string& description)
   parser_->app.name("tvx-cli " + call.command);
   parser_->app.description(description);
   parser_->app.allow_extras();
+  parser_->app.set_version_flag("--version", kVersionText);
   parser_->app.add_flag_callback("--quiet", BeQuiet, "print errors only on standard error")
       ->disable_flag_override();
 }
@@ -130,6 +131,8 @@ void CommandLine::Parse() {
     parser_->app.parse(reversed);
   } catch (const CLI::CallForHelp&) {
     throw HelpWanted{parser_->app.help()};
+  } catch (const CLI::CallForVersion&) {
+    throw HelpWanted{kVersionText};
   } catch (const CLI::ParseError& error) {
     RefuseLeftOvers(parser_->app, call_.command);
     throw WrongCall{call_.command + ": " + Explain(error)};

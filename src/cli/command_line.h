@@ -50,7 +50,9 @@ class CommandLine {
   std::unique_ptr<Parser> parser_;
 };
 
-// Thrown for --help: the text to print instead of running the command.
+inline constexpr char kVersionText[] = "tvx-cli " TVX_VERSION "\n";
+
+// Thrown for --help and --version: the text to print instead of running the command.
 struct HelpWanted {
   std::string text;
 };

@@ -29,7 +29,7 @@ int RunDraw(const Call& call) {
   viewOptions.Check();
 
   Host host(call);
-  const ProgramFile file{argument, host.ReadablePath(argument)};
+  const ProgramFile file{argument, host.ProgramPath(argument)};
   ToolView view(&host);
   params.Apply(&host, &view);
   PrepareProgram(file, params.Adjusts(), &view);

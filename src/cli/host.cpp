@@ -98,6 +98,20 @@ std::string Host::ReadablePath(const std::string& argument) const {
   return path;
 }
 
+std::string Host::ProgramPath(const std::string& argument) const {
+  if (argument != kStandardInput) return ReadablePath(argument);
+  if (input_ == nullptr) input_ = std::make_unique<StandardInput>();
+  if (!input_->IsComplete()) throw Failure{argument, "cannot be copied to a temporary file"};
+  const std::optional<std::string> path = drives_.FromHost(input_->path());
+  if (!path) throw Failure{argument, "has its temporary file on no drive"};
+  return *path;
+}
+
+std::string Host::MachinePath(const std::string& drivePath) const {
+  const std::optional<fs::path> path = drives_.ToHost(drivePath);
+  return path ? path->string() : std::string();
+}
+
 std::string ReadProblem(int error) {
   if (error == ENOENT || error == ENOTDIR) return "no such file";
   return Problem("cannot be read", error);

@@ -5,14 +5,19 @@
 #include <string>
 
 #include "cli/command.h"
+#include "cli/tool_progress.h"
 #include "platform/drives.h"
 #include "platform/files.h"
+#include "platform/standard_input.h"
 #include "platform/user_interface.h"
 #include "reports/calc_client.h"
 #include "shell/application.h"
 #include "shell/tvx_view.h"
 
 namespace tvx {
+
+// The argument for a program that comes from standard input.
+inline constexpr char kStandardInput[] = "-";
 
 // A user who cannot be asked: messages are printed on standard error, questions are refused.
 class CliUserInterface : public UserInterface {
@@ -22,6 +27,7 @@ class CliUserInterface : public UserInterface {
   bool ChooseFile(const FileQuestion&, std::string*) override { return false; }
   void Repaint() override {}
   void ShowStatus(const std::string& text, const std::string& path) override;
+  Progress* LongWork() override { return ToolProgress(); }
 };
 
 // Drives and files of this machine, and the application after its start.
@@ -39,8 +45,15 @@ class Host {
   // The drive path of a file to read. Throws Failure if the file cannot be read.
   std::string ReadablePath(const std::string& argument) const;
 
+  // The same of a program, which may come from standard input: kStandardInput.
+  std::string ProgramPath(const std::string& argument) const;
+
+  // The folder or file of this machine behind a drive path; empty if there is no such drive.
+  std::string MachinePath(const std::string& drivePath) const;
+
  private:
   Drives drives_;
+  mutable std::unique_ptr<StandardInput> input_;  // once it has been read
 
  public:
   const std::unique_ptr<Files> files;

@@ -26,7 +26,7 @@ int RunInfo(const Call& call) {
   params.Check();
 
   Host host(call);
-  const ProgramFile file{argument, host.ReadablePath(argument)};
+  const ProgramFile file{argument, host.ProgramPath(argument)};
   ToolView view(&host);
   params.Apply(&host, &view);
   PrepareProgram(file, params.Adjusts(), &view);

@@ -11,6 +11,7 @@
 #include "cli/command_line.h"
 #include "cli/nearest_name.h"
 #include "cli/output.h"
+#include "cli/tool_progress.h"
 #include "platform/termination.h"
 
 namespace tvx {
@@ -22,7 +23,8 @@ std::string HelpText() {
   std::string text =
       "tvx-cli [--home DIR] COMMAND [OPTIONS] ARGUMENTS\n\n"
       "  --home DIR  the folder that holds the drives (default: $TVX_HOME, else\n"
-      "              $XDG_DATA_HOME/tvx, else ~/.local/share/tvx)\n\n"
+      "              $XDG_DATA_HOME/tvx, else ~/.local/share/tvx)\n"
+      "  --version   print the version\n\n"
       "Commands ('tvx-cli COMMAND --help' tells more):\n";
   for (const ToolCommand& command : ToolCommands()) {
     std::string name = command.name;
@@ -44,6 +46,7 @@ std::string TakeHome(std::vector<std::string>* words) {
     const std::string word = words->front();
     words->erase(words->begin());
     if (IsHelp(word)) throw HelpWanted{HelpText()};
+    if (word == "--version") throw HelpWanted{kVersionText};
     isGiven = true;
     if (word.starts_with("--home=")) {
       home = word.substr(7);
@@ -53,7 +56,8 @@ std::string TakeHome(std::vector<std::string>* words) {
     } else if (word == "--home") {
       break;
     } else {
-      throw WrongCall{"unknown option '" + word + "'" + DidYouMean(word, {"--home", "--help"})};
+      throw WrongCall{"unknown option '" + word + "'" +
+                      DidYouMean(word, {"--home", "--help", "--version"})};
     }
   }
   // An empty one is most likely a variable that is not set.
@@ -118,6 +122,9 @@ int RunAndReport(std::vector<std::string> words) {
     return kWrongCall;
   } catch (const Failure& failure) {
     PrintRemark(failure.file + ": " + failure.reason);
+    return kFailed;
+  } catch (const Interrupted&) {
+    PrintRemark("interrupted");
     return kFailed;
   } catch (const std::bad_alloc&) {
     EndOutOfMemory();

@@ -33,7 +33,7 @@ int RunPicture(const Call& call) {
   if (!format) throw WrongCall{"-o: '" + *out + "' ends in none of .emf, .svg and .png"};
 
   Host host(call);
-  const ProgramFile file{argument, host.ReadablePath(argument)};
+  const ProgramFile file{argument, host.ProgramPath(argument)};
   const std::string outPath = host.DrivePath(*out);
   ToolView view(&host);
   params.Apply(&host, &view);

@@ -15,16 +15,24 @@ std::vector<ProgramFile> FindProgramFiles(const Host& host,
   std::vector<ProgramFile> files;
   files.reserve(arguments.size());
   for (const std::string& argument : arguments) {
-    files.push_back({argument, host.ReadablePath(argument)});
+    files.push_back({argument, host.ProgramPath(argument)});
   }
   return files;
+}
+
+void ForgetModalState(CTVXView* view) {
+  view->app->parserStates = {};
+  view->app->feedPassMemory = {};
+  view->program.arcRadius = 0;
+  view->program.store.CurrentBlock = {};
 }
 
 LoadResult LoadProgramFile(const ProgramFile& file, CTVXView* view) {
   SetSubject(file.argument);
   ShowProgress(file.argument + ": reading");
   const LoadResult result = LoadFile(view, file.path);
-  view->fileName = NameOfPath(file.path, "\\/:");
+  EndIfInterrupted();
+  view->fileName = file.argument == kStandardInput ? file.argument : NameOfPath(file.path, "\\/:");
   return result;
 }
 
@@ -43,7 +51,9 @@ void LoadWholeProgram(const ProgramFile& file, CTVXView* view) {
 
 void AdjustProgram(const ProgramFile& file, CTVXView* view, const FeedTrace& trace) {
   ShowProgress(file.argument + ": adjusting the feeds");
+  const WorkScope work(ToolProgress(), Work::kAdjust, file.argument, Stopping::kAllowed);
   AdjustFeeds(ProgramContextOf(view), trace);
+  EndIfInterrupted();
 }
 
 void PrepareProgram(const ProgramFile& file, bool adjusts, CTVXView* view) {

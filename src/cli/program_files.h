@@ -11,16 +11,22 @@
 
 namespace tvx {
 
+inline constexpr char kFreshHelp[] =
+    "read each program with the modal state of a new process, not with that of the one before";
+
 // A program named on the command line.
 struct ProgramFile {
   std::string argument;  // as the user named it
   std::string path;      // drive path
 };
 
-// The files of the arguments. Throws Failure for the first one that cannot be read, so that a batch
-// with a wrong name stops before it prints anything, and no missing file is created.
+// The files of the arguments, kStandardInput among them. Throws Failure for the first one that
+// cannot be read, so that nothing is printed after a wrong name.
 std::vector<ProgramFile> FindProgramFiles(const Host& host,
                                           const std::vector<std::string>& arguments);
+
+// Leaves what one program leaves for the next as it is in a new process.
+void ForgetModalState(CTVXView* view);
 
 // Loads a program into the view.
 LoadResult LoadProgramFile(const ProgramFile& file, CTVXView* view);

@@ -33,7 +33,7 @@ int RunProject(const Call& call) {
 
   Host host(call);
   ToolView view(&host);
-  if (argument) LoadWholeProgram({*argument, host.ReadablePath(*argument)}, &view);
+  if (argument) LoadWholeProgram({*argument, host.ProgramPath(*argument)}, &view);
   viewOptions.Apply(&view, /*fits=*/argument.has_value());
   for (const Vec3& point : points) {
     const Pixel pixel = Project(&view.view.transform, point);

@@ -1,5 +1,6 @@
 // tvx-cli run: the multi-file run over a job list.
 
+#include <cerrno>
 #include <functional>
 #include <map>
 #include <optional>
@@ -7,6 +8,7 @@
 #include <vector>
 
 #include "base/format.h"
+#include "base/path_text.h"
 #include "base/scan.h"
 #include "base/text.h"
 #include "cli/check_note.h"
@@ -20,6 +22,7 @@
 #include "cli/output.h"
 #include "cli/params.h"
 #include "cli/program_files.h"
+#include "cli/time_totals.h"
 #include "insight/machine_time.h"
 #include "jobs/job_list.h"
 #include "platform/drives.h"
@@ -57,8 +60,12 @@ class RunReport final : public RunObserver {
   RunReport(const std::optional<MachineProfile>& machine, CTVXView* view)
       : machine_(machine), view_(*view) {}
 
+  // Each entry is read with the modal state of a new process.
+  void ReadFresh() { isFresh_ = true; }
+
   void OnEntry(size_t index, size_t count, const std::string& name) override {
     ShowProgress(Format("%zu/%zu %s", index + 1, count, name.c_str()));
+    if (isFresh_) ForgetModalState(&view_);
   }
   void OnLoad(const std::string& path) override {
     const auto [found, isNew] = checks_.try_emplace(path);
@@ -70,7 +77,11 @@ class RunReport final : public RunObserver {
       Report(failure.file, failure.reason);
     }
   }
+  void OnLoaded() override { programmed_ = TakeProgrammedTime(&view_); }
   void OnRecorded(const std::string& path) override {
+    const float after = view_.fileInfo.current.totalMinutes;
+    totals_.Add(programmed_.minutes, after);
+    if (view_.job.AfaEnabled == 1) NoteLongerTime(path, programmed_, after, view_.job.MaxFeed);
     const std::optional<ProgramCheck>& check = checks_[path];
     if (machine_) {
       machineTimes_.push_back(ComputeMachineTime(&view_.program.store, *machine_, PausesOf(check)));
@@ -80,7 +91,14 @@ class RunReport final : public RunObserver {
     if (machine_) details->machine = {*machine_, machineTimes_.back()};
     if (check) AddCheck(*check, details);
   }
+  void OnStopped(const RunEnd& end) override {
+    PrintRemark(Format("stopped after %zu of %zu files", end.done, end.count));
+    failed_ = true;
+  }
   void OnLoadFailed(const std::string& path, LoadResult result) override {
+    if (view_.app->files->LastError() == ENOENT) {
+      if (missing_++ == 0) missingFolder_ = PathBeforeName(path, kBackslash);
+    }
     Report(path, LoadProblem(result, view_));
   }
   void OnMasterFailed(const std::string& path, const MasterOutcome& outcome) override {
@@ -102,7 +120,17 @@ class RunReport final : public RunObserver {
     failed_ = true;
   }
 
+  // If all files of the list are missing: says in one line where they were looked for.
+  void NoteMissingFiles(const Host& host) const {
+    if (missing_ == 0 || missing_ < view_.results.runEnd.done) return;
+    const std::string folder = host.MachinePath(missingFolder_);
+    PrintRemark("no file of the list was found; looked in " + missingFolder_ +
+                (folder.empty() ? ", a drive that does not exist" : ", which is " + folder) +
+                "; --home sets the folder of the drives, Dir in a line of the list the folder");
+  }
+
   bool failed() const { return failed_; }
+  const TimeTotals& totals() const { return totals_; }
   // One for each recorded entry; empty without a machine.
   const std::vector<MachineTime>& machineTimes() const { return machineTimes_; }
 
@@ -112,7 +140,12 @@ class RunReport final : public RunObserver {
   std::map<std::string, std::optional<ProgramCheck>> checks_;  // by path
   std::vector<MachineTime> machineTimes_;
   bool failed_ = false;
-  std::string lastLine_;  // the report before
+  bool isFresh_ = false;
+  ProgrammedTime programmed_;  // of the entry in work
+  TimeTotals totals_;
+  size_t missing_ = 0;
+  std::string missingFolder_;  // of the first one
+  std::string lastLine_;       // the report before
 };
 
 // The lines of a .mcf list get the drive of the list file; those of any other list do not change.
@@ -155,7 +188,8 @@ void AcceptList(const JobList& list, bool pictures, CTVXView* view) {
 }
 
 // `machineTimes` of the entries in their order; empty if no machine is given.
-void PrintTable(const ResultTable& results, const std::vector<MachineTime>& machineTimes) {
+void PrintTable(const ResultTable& results, const std::vector<MachineTime>& machineTimes,
+                const TimeTotals& totals) {
   const bool hasMachine = !machineTimes.empty();
   float total = 0;
   double machineTotal = 0;
@@ -175,6 +209,7 @@ void PrintTable(const ResultTable& results, const std::vector<MachineTime>& mach
   }
   Print(Format("total time %.2f min\n", total));
   if (hasMachine) Print(Format("machine time %.2f min\n", machineTotal));
+  if (totals.programs > 1) Print(totals.Line());
 }
 
 Json ResultsJson(const ResultTable& results, const std::vector<MachineTime>& machineTimes) {
@@ -295,7 +330,7 @@ int RunJobs(const Call& call) {
   Params params;
   Outputs outputs;
   MachineOption machineOption;
-  bool json = false, information = false, pictures = false, noPictures = false;
+  bool json = false, information = false, pictures = false, noPictures = false, fresh = false;
   std::string argument;
   CommandLine line(call, "Runs a job list: a .mcf list, or a saved list (any other ending).");
   params.AddRecordOptionsTo(&line);
@@ -305,6 +340,7 @@ int RunJobs(const Call& call) {
   machineOption.AddTo(&line);
   line.AddFlag("--pictures", &pictures, "write a picture of each file into the current folder");
   line.AddFlag("--no-pictures", &noPictures, "write none (the default)");
+  line.AddFlag("--fresh", &fresh, kFreshHelp);
   line.AddArgument("LIST", &argument, "job list");
   line.Parse();
   params.Check();
@@ -321,15 +357,18 @@ int RunJobs(const Call& call) {
   view.results.wanted = {.sheet = outputs.page.has_value(),
                          .workbook = outputs.workbook.has_value()};
   if (outputs.page) view.causes = std::make_unique<FeedCauses>();
+  if (fresh) report.ReadFresh();
   RunAcceptedList(&view, &report);
   ShowProgress("");
+  report.NoteMissingFiles(host);
   if (json) {
     Print(JsonText(ResultsJson(view.results, report.machineTimes())));
   } else if (information) {
     PrintInformation(view.results);
   } else {
-    PrintTable(view.results, report.machineTimes());
+    PrintTable(view.results, report.machineTimes(), report.totals());
   }
+  EndIfInterrupted();  // the files are written from a whole run only
   const bool complete = WriteOutputs(outputs, host, report.machineTimes(), &view.results);
   return report.failed() || !complete ? 1 : 0;
 }

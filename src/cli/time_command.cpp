@@ -16,6 +16,7 @@
 #include "cli/output.h"
 #include "cli/params.h"
 #include "cli/program_files.h"
+#include "cli/time_totals.h"
 #include "insight/machine_time.h"
 #include "reports/result_csv.h"
 
@@ -44,8 +45,10 @@ Times TimeProgram(const ProgramFile& file, bool adjusts,
   };
   Times times{figures(), std::nullopt};
   if (adjusts) {
+    const ProgrammedTime before = {times.before.entry.totalMinutes, view->program.FeedBase};
     AdjustProgram(file, view);
     times.after = figures();
+    NoteLongerTime(file.argument, before, times.after->entry.totalMinutes, view->job.MaxFeed);
   }
   return times;
 }
@@ -172,41 +175,61 @@ std::string TimesTable(const ProgramFile& file, const Times& times) {
 
 int RunTime(const Call& call) {
   Params params(/*adjusts=*/true);
-  bool json = false;
+  bool json = false, fresh = false;
   CsvOption csv;
   MachineOption machineOption;
   std::vector<std::string> arguments;
   CommandLine line(call,
                    "Prints how far the tool travels in each program and how long that takes, "
-                   "as programmed and after the feed adjustment.");
+                   "as programmed and after the feed adjustment. A program that cannot be read is "
+                   "reported, and the others follow. Modal state goes from program to program, as "
+                   "in the window, so that their order matters: see --fresh.");
   params.AddTo(&line);
+  line.AddFlag("--fresh", &fresh, kFreshHelp);
   line.AddFlag("--json", &json, "print one JSON document");
   csv.AddTo(&line);
   machineOption.AddTo(&line);
-  line.AddArguments("FILE", &arguments, "NC programs, loaded one after the other");
+  line.AddArguments("FILE", &arguments,
+                    "NC programs, loaded one after the other; - for standard input");
   line.Parse();
   params.Check();
   csv.Check();
 
   Host host(call);
-  const std::vector<ProgramFile> files = FindProgramFiles(host, arguments);
   ToolView view(&host);
   params.Apply(&host, &view);
   const std::optional<MachineProfile> machine = machineOption.Read(host);
   Json document = Json::array();
   std::string rows = CsvNames(params.Adjusts(), machine.has_value());
-  for (const ProgramFile& file : files) {
+  TimeTotals totals;
+  const auto time = [&](const std::string& argument) {
+    const ProgramFile file{argument, host.ProgramPath(argument)};
+    if (fresh) ForgetModalState(&view);
     const Times times = TimeProgram(file, params.Adjusts(), machine, &view);
     rows += CsvTimes(file, times);
+    const float before = times.before.entry.totalMinutes;
+    totals.Add(before, times.after ? times.after->entry.totalMinutes : before);
     if (json) {
       document.push_back(TimesJson(file, times));
     } else {
       Print(TimesTable(file, times));
     }
+  };
+  bool failed = false;
+  for (const std::string& argument : arguments) {
+    try {
+      time(argument);
+    } catch (const Failure& failure) {
+      PrintRemark(failure.file + ": " + failure.reason);
+      failed = true;
+    }
+  }
+  if (!json && arguments.size() > 1) {
+    Print(Format("total of %zu programs\n  ", totals.programs) + totals.Line());
   }
   if (json) Print(JsonText(document));
   csv.Write(host, rows);
-  return 0;
+  return failed ? 1 : 0;
 }
 
 }  // namespace tvx

@@ -40,6 +40,7 @@ Arguments ReadArguments(const QString& settingsFile) {
                                     "language", environment);
   parser.addOption(language);
   parser.addHelpOption();
+  parser.addVersionOption();
   parser.addPositionalArgument("files", "NC programs, each of which gets a window.", "[files...]");
   parser.process(*qApp);
   const QString asked = parser.value(language);
@@ -62,6 +63,7 @@ int main(int argc, char** argv) {
   // QApplication sets the user's locale; numbers are read and printed with a point in any locale.
   std::setlocale(LC_NUMERIC, "C");
   QApplication::setApplicationName("TVX");
+  QApplication::setApplicationVersion(TVX_VERSION);
   QApplication::setDesktopFileName("tvx");  // by which a desktop finds the icon of the windows
   const std::filesystem::path home = tvx::Drives::DefaultHome();
   const QString settingsFile = tvx::ToQt((home / "desktop.ini").string());

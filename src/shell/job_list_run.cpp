@@ -125,6 +125,7 @@ bool RunEntry(const std::string& name, const std::string& line, CTVXView* view, 
   state->isPart = view->program.isPart = view->program.isPart || state->isPart;
   if (loaded != LoadResult::kLoaded) observer->OnLoadFailed(path, loaded);
 
+  observer->OnLoaded();
   if (!AdjustFitCount(context, job.AfaEnabled == 1)) return false;
 
   CutTimeEntry& result = *context.current;

@@ -32,6 +32,8 @@ class RunObserver {
   virtual void OnEntry(size_t /*index*/, size_t /*count*/, const std::string& /*name*/) {}
   // Before a program is loaded, of an entry or for its master model.
   virtual void OnLoad(const std::string& /*path*/) {}
+  // The program of an entry is in the store, with its own feeds.
+  virtual void OnLoaded() {}
   // A file of the list could not be loaded. The entry is recorded with the moves in the store;
   // there are none if the file could not be opened.
   virtual void OnLoadFailed(const std::string& /*path*/, LoadResult /*result*/) {}

@@ -3,9 +3,11 @@ import json
 import os
 import pathlib
 import pty
+import signal
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 
 TOOL = str(pathlib.Path(sys.argv.pop(1)).resolve())
@@ -75,6 +77,33 @@ class Surroundings(unittest.TestCase):
         self.assertEqual([entry["cutLength"] > 0 for entry in json.loads(run.stdout)],
                          [False] * 3 + [True])
         self.assertEqual({*os.listdir(self.folder)}, before)
+
+    def test_fresh_reads_each_program_as_the_only_one_and_dash_is_standard_input(self):
+        incremental = self.folder / "g91.nc"
+        incremental.write_bytes(b"G91\nG1 X10 F100\n")
+        relies = self.folder / "g1.nc"
+        relies.write_bytes(b"X0 F100\nX5\n")
+        def cut(*arguments, stdin=None):
+            run = subprocess.run([TOOL, "time", "--json", "--no-afa", *arguments], check=True, stdin=stdin,
+                                 env={**os.environ, "TVX_HOME": str(self.folder)}, capture_output=True)
+            return [file["before"]["cutLength"] for file in json.loads(run.stdout)]
+        self.assertEqual(cut(incremental, relies), [10, 5])
+        self.assertEqual(cut("--fresh", incremental, relies), [10, 0])
+        with open(relies, "rb") as program:
+            self.assertEqual(cut(incremental, "-", stdin=program), [10, 5])
+
+    def test_interrupt_ends_a_run_with_status_1_and_without_files(self):
+        (self.folder / "long.nc").write_bytes(b"G1 X0 F500\n" + b"X1\nX0\n" * 2_000_000)
+        report = self.folder / "week.tvx"
+        run = subprocess.Popen([TOOL, "run", "--report", report, self.write_list(*[b"long.nc"] * 9)],
+                               env={**os.environ, "TVX_HOME": str(self.folder)},
+                               stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        time.sleep(0.5)
+        run.send_signal(signal.SIGINT)
+        _, errors = run.communicate(timeout=60)
+        self.assertEqual(run.returncode, 1)
+        self.assertIn(b" of 9 files", errors)
+        self.assertEqual([*self.folder.glob("*week*")], [])
 
     def test_json_of_a_run_has_the_options_of_the_line(self):
         line = ("RT ON 3 20 -2.5 Afa ON TD 16 SD 3.5 CMIA 12 CMAR 0.27 SMIA 15 SMAR 0.2 CCC OFF "

@@ -1,0 +1,34 @@
+// The figures come from a walk of their own, so that no defined one changes.
+#include "cli/time_totals.h"
+
+#include "base/format.h"
+#include "cli/output.h"
+#include "stats/cut_time.h"
+
+namespace tvx {
+
+ProgrammedTime TakeProgrammedTime(CTVXView* view) {
+  const MotionBlock kept = view->program.store.CurrentBlock;
+  CutTimeEntry figures;
+  ComputeCutTime(&view->program.store, view->job, &figures);
+  view->program.store.CurrentBlock = kept;
+  return {figures.totalMinutes, view->program.FeedBase};
+}
+
+void NoteLongerTime(const std::string& file, const ProgrammedTime& before, float after,
+                    int32_t MaxFeed) {
+  if (IsQuiet() || !(after > before.minutes) || MaxFeed >= before.feed) return;
+  PrintRemark(file + Format(": the adjustment takes %.2f min longer: the highest feed of the "
+                            "conditions is %d, that of the program %d",
+                            after - before.minutes, MaxFeed, before.feed));
+}
+
+std::string TimeTotals::Line() const {
+  const auto text = [](const char* what, double minutes) {
+    return Format("%s %.2f min (%s)", what, minutes, ClockText(minutes).c_str());
+  };
+  return text("programmed", programmed) + ", " + text("adjusted", adjusted) + ", " +
+         text("saved", programmed - adjusted) + "\n";
+}
+
+}  // namespace tvx
