@@ -1038,6 +1038,50 @@
         <translation>The file was not inserted into the list.</translation>
     </message>
     <message>
+        <source>조정 전</source>
+        <translation>Before</translation>
+    </message>
+    <message>
+        <source>조정 후</source>
+        <translation>After</translation>
+    </message>
+    <message>
+        <source>절약</source>
+        <translation>Saved</translation>
+    </message>
+    <message>
+        <source>조정한 시간이 더 깁니다.</source>
+        <translation>The adjustment takes longer.</translation>
+    </message>
+    <message>
+        <source>창 닫기</source>
+        <translation>Close Window</translation>
+    </message>
+    <message>
+        <source>기록한 결과가 아직 출력되지 않았습니다. 창을 닫겠습니까?</source>
+        <translation>Results were recorded and are in no report. Close the window?</translation>
+    </message>
+    <message>
+        <source>다시 묻지 않음</source>
+        <translation>Don't ask again</translation>
+    </message>
+    <message>
+        <source>다시 불러오기 (Ctrl+R)</source>
+        <translation>Reload (Ctrl+R)</translation>
+    </message>
+    <message>
+        <source>다른 형식으로 읽기</source>
+        <translation>Read in the other format</translation>
+    </message>
+    <message>
+        <source>화일이 디스크에서 바뀌었습니다.</source>
+        <translation>The file has changed on disk.</translation>
+    </message>
+    <message>
+        <source>이 확장자의 화일을 항상 이 형식으로 읽겠습니까?</source>
+        <translation>Read files with this ending in this format from now on?</translation>
+    </message>
+    <message>
         <source>읽는 중</source>
         <translation>reading</translation>
     </message>

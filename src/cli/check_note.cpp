@@ -65,6 +65,10 @@ std::optional<ProgramCheck> NoteRemarks(const ProgramFile& file, const CTVXView&
   if (progress->IsStopped()) return {};  // the load is stopped too
   ThrowIfBroken(file, check);
   if (IsQuiet()) return check;
+  if (check.Of(RemarkId::kOtherFormat).count > 0) {
+    PrintRemark(file.argument + Format(": is in the other format; --set InputFileType=%d reads it",
+                                       view.job.InputFileType == 2 ? 1 : 2));
+  }
   const auto whole = [](uint64_t value) { return static_cast<unsigned long long>(value); };
   const uint64_t lost = check.Count(RemarkClass::kLost);
   const uint64_t changed = check.Count(RemarkClass::kChanged);

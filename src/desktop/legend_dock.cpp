@@ -12,6 +12,7 @@
 #include "desktop/display_options.h"
 #include "desktop/language.h"
 #include "desktop/machine_rows.h"
+#include "desktop/time_text.h"
 #include "model/walks.h"
 #include "stats/cut_time.h"
 
@@ -89,6 +90,8 @@ LegendDock::LegendDock(const DockContext& context, QWidget* parent)
   extents_ = figure("범위 (mm)");
   cutTime_ = figure("절삭시간");
   totalTime_ = figure("소요시간");
+  timeBefore_ = figure("조정 전");
+  saved_ = figure("절약");
   machine_ = new MachineRows(context, figures, body);
   check_ = figure("검사");
   column->addLayout(figures);
@@ -109,7 +112,8 @@ void LegendDock::ShowProgram(CTVXView* view) {
   ShowColours(view);
   machine_->ShowProgram(view);
   const bool empty = view == nullptr || view->program.store.blockCount == 0;
-  for (QLabel* const label : {blocks_, extents_, cutTime_, totalTime_}) label->setText("-");
+  for (QLabel* const label : {blocks_, extents_, cutTime_, totalTime_, timeBefore_, saved_})
+    label->setText("-");
   if (empty) return;
 
   BlockStore* const store = &view->program.store;
@@ -122,7 +126,11 @@ void LegendDock::ShowProgram(CTVXView* view) {
   blocks_->setText(ToQt(Format("%u", store->blockCount)));
   extents_->setText(ExtentText(low, high));
   cutTime_->setText(ToQt(Format("%.1f min", figures.cutMinutes)));
-  totalTime_->setText(ToQt(Format("%.1f min", figures.totalMinutes)));
+  totalTime_->setText(MinutesText(figures.totalMinutes));
+  if (!view->program.programmed) return;
+  const double before = view->program.programmed->minutes + figures.rapidMinutes;
+  timeBefore_->setText(MinutesText(before));
+  saved_->setText(SavedText(before, figures.totalMinutes));
 }
 
 void LegendDock::ShowCheck(const CTVXView* view) {

@@ -33,6 +33,8 @@ class LegendDock : public ViewDock {
   QLabel* extents_;
   QLabel* cutTime_;
   QLabel* totalTime_;
+  QLabel* timeBefore_;
+  QLabel* saved_;
   QLabel* check_;
   MachineRows* machine_;
 };

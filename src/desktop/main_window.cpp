@@ -19,6 +19,8 @@
 #include "desktop/help.h"
 #include "desktop/icons.h"
 #include "desktop/language.h"
+#include "desktop/leaving.h"
+#include "desktop/reload.h"
 #include "insight/program_text.h"
 #include "platform/vector_registers.h"
 #include "shell/configuration.h"
@@ -68,6 +70,8 @@ MainWindow::MainWindow(CTVXApp* app, const Drives* drives, const QString& settin
   resize(1100, 760);
   setCentralWidget(area_);
   setStatusBar(statusBar_);
+  reload_ = new Reload(this, drives, settingsFile);
+  leaving_ = new Leaving(settingsFile, this);
   auto* const display = new DisplayOptions(settingsFile, this);
   menus_ = new Menus(this, {.view = EntriesOf(docks_) + display->MenuEntries(),
                             .help = (new Help(this))->MenuEntries()});
@@ -119,6 +123,7 @@ ViewWidget* MainWindow::NewView() {
   widget->view().results.wanted.sheet = true;  // the list of results offers it at any time
   QMdiSubWindow* const child = area_->addSubWindow(widget);
   child->setAttribute(Qt::WA_DeleteOnClose);
+  child->installEventFilter(this);
   widget->setObjectName(kTitle + QString::number(++views_));
   child->setWindowTitle(widget->objectName());
   QTimer::singleShot(0, this, [this] { ShowUnread(app_); });
@@ -256,6 +261,7 @@ void MainWindow::ShowFileName() {
   if (active == nullptr) {
     setWindowTitle(kTitle);
     statusBar_->SetPath({});
+    reload_->ShowProgram(nullptr);
     return;
   }
   const QString file = ToQt(active->view().fileName);
@@ -264,6 +270,7 @@ void MainWindow::ShowFileName() {
   // In the form of the area for a window that fills it, so that the area does not add the name.
   setWindowTitle(QString("%1 - [%2]").arg(kTitle, name));
   statusBar_->SetPath(ToQt(active->view().filePath));
+  reload_->ShowProgram(active);
 }
 
 void MainWindow::ShowProgram() {
@@ -325,6 +332,7 @@ void MainWindow::CheckMore() {
   ReleaseVectorRegisters();
   if (!view.check.CheckMore(kLinesPerStep, app_->files)) checkSteps_.stop();
   for (ViewDock* const dock : docks_) dock->ShowCheck(&view);
+  if (!checkSteps_.isActive()) reload_->ShowProgram(active);
 }
 
 void MainWindow::ShowAbout() {
@@ -354,12 +362,30 @@ void MainWindow::ShowAsLeft() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
+  for (QMdiSubWindow* const child : area_->subWindowList()) {
+    if (leaving_->MayClose(qobject_cast<ViewWidget*>(child->widget())->view())) continue;
+    event->ignore();
+    return;
+  }
   if (!settingsFile_.isEmpty()) {
     QSettings settings(settingsFile_, QSettings::IniFormat);
     settings.setValue(kGeometryKey, saveGeometry());
     settings.setValue(kStateKey, saveState(kStateVersion));
   }
   QMainWindow::closeEvent(event);
+}
+
+// Of the child windows.
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Close) {
+    const auto* const child = qobject_cast<QMdiSubWindow*>(watched);
+    auto* const widget = child == nullptr ? nullptr : qobject_cast<ViewWidget*>(child->widget());
+    if (widget != nullptr && !leaving_->MayClose(widget->view())) {
+      event->ignore();
+      return true;
+    }
+  }
+  return QMainWindow::eventFilter(watched, event);
 }
 
 void MainWindow::changeEvent(QEvent* event) {

@@ -19,6 +19,9 @@
 
 namespace tvx {
 
+class Leaving;
+class Reload;
+
 class MainWindow : public QMainWindow, public InterfaceWindow {
   Q_OBJECT
 
@@ -39,6 +42,8 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
 
   // Prints the picture of the view in work. False, with a message, if the printer cannot be used.
   bool PrintTo(QPrinter* printer) { return printing_.PrintTo(printer, &ActiveView()->view()); }
+
+  CTVXApp* app() const { return app_; }
 
   // Carries out a command. Does nothing for one that is not ready.
   void RunCommand(CommandId id);
@@ -69,6 +74,7 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   void dropEvent(QDropEvent* event) override;
   void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   // A command of the frame or of the application.
@@ -101,6 +107,8 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   std::vector<ViewDock*> docks_;
   StatusBar* statusBar_;
   FileOpener* opener_;
+  Reload* reload_;
+  Leaving* leaving_;
   Printing printing_;
   QString settingsFile_;
   QTimer checkSteps_;

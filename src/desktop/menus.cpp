@@ -79,6 +79,11 @@ void Menus::BuildToolBar() {
     }
     QAction* const action = Add(toolBar_, button.id, ToQt(button.text));
     action->setData(static_cast<int>(button.id));
+    if (button.id == CommandId::kLoad) {
+      auto* const opening = qobject_cast<QToolButton*>(toolBar_->widgetForAction(action));
+      opening->setMenu(openMenu_ = new QMenu(window_));
+      opening->setPopupMode(QToolButton::MenuButtonPopup);
+    }
     if (button.id != CommandId::kPrint) continue;
     auto* const printer = qobject_cast<QToolButton*>(toolBar_->widgetForAction(action));
     printer->setMenu(BuildPrinterMenu());
@@ -125,6 +130,7 @@ void Menus::ShowRecentFiles(const QStringList& paths) {
     connect(entry, &QAction::triggered, this,
             [this, path = paths[i]] { emit RecentFileChosen(path); });
     recentMenu_->insertAction(recentPlace_, entry);
+    openMenu_->addAction(entry);
     recentEntries_.push_back(entry);
   }
 }

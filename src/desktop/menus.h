@@ -62,6 +62,7 @@ class Menus : public QObject {
   QList<QAction*> workingMenus_;  // and with a view
   std::map<CommandId, std::vector<QAction*>> actions_;
   QMenu* recentMenu_ = nullptr;
+  QMenu* openMenu_ = nullptr;       // of the tool button: the recent files again
   QAction* recentPlace_ = nullptr;  // the entry that the recent files replace
   std::vector<QAction*> recentEntries_;
 };

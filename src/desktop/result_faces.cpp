@@ -12,6 +12,7 @@
 
 #include "desktop/language.h"
 #include "desktop/row_list.h"
+#include "desktop/time_text.h"
 
 namespace tvx {
 
@@ -34,6 +35,13 @@ FileInfoFace::FileInfoFace(CFileInfoDlg* dialog, QWidget* parent) : QDialog(pare
   for (const std::string& line : dialog->Lines()) list->addItem(TranslatedLabels(line));
   list->setMinimumSize(360, 420);
   column->addWidget(list);
+  if (dialog->timeBefore) {
+    const double before = *dialog->timeBefore, after = dialog->current.totalMinutes;
+    column->addWidget(new QLabel(Translated("조정 전") + "  " + MinutesText(before) + "\n" +
+                                     Translated("조정 후") + "  " + MinutesText(after) + "\n" +
+                                     Translated("절약") + "  " + SavedText(before, after),
+                                 this));
+  }
 
   auto* const buttons = new QDialogButtonBox(this);
   QPushButton* const accepting =
@@ -93,7 +101,7 @@ QWidget* CutTimeListFace::BuildLists() {
   totalRow->addWidget(label);
   totalRow->addWidget(total_);
   totalRow->addWidget(new QLabel("min", box));
-  totalRow->addStretch(1);
+  totalRow->addWidget(remark_ = new QLabel(box), 1);
   column->addLayout(totalRow);
   return box;
 }
@@ -107,6 +115,7 @@ void CutTimeListFace::Show() {
   ShowRows(files_, dialog_->fileNames, dialog_->selected);
   ShowInformation();
   total_->setText(ToQt(dialog_->TotalTimeText()));
+  remark_->setText(Translated(dialog_->Remark()));
 }
 
 void CutTimeListFace::ShowInformation() {

@@ -6,6 +6,7 @@
 #include "reports/cut_time_list.h"
 #include "stats/file_information.h"
 
+class QLabel;
 class QLineEdit;
 class QListWidget;
 
@@ -35,6 +36,7 @@ class CutTimeListFace final : public Face {
   CCutTimeListDlg* dialog_;
   QListWidget* files_ = nullptr;
   QListWidget* information_ = nullptr;
+  QLabel* remark_ = nullptr;
   QLineEdit* total_ = nullptr;
 };
 

@@ -76,6 +76,11 @@ std::vector<std::string> CutTimeListLines(const CutTimeEntry& entry) {
   return lines;
 }
 
+std::string StoppedText(const RunEnd& end) {
+  return Format("%d개 중 %d개 화일 다음에 중지했습니다.", static_cast<int>(end.count),
+                static_cast<int>(end.done));
+}
+
 std::span<const CCutTimeListDlg::Button> CCutTimeListDlg::Buttons() {
   static constexpr Button kButtons[] = {
       {"청소", &CCutTimeListDlg::Clear},
@@ -114,6 +119,7 @@ void CCutTimeListDlg::Select(int index) {
 Closing CCutTimeListDlg::Clear() {
   for (CutTimeEntry& entry : results_->Recorded()) entry.details.reset();
   results_->entryCount = 0;
+  results_->runEnd = {};
   return Closing::kAccepted;
 }
 
@@ -136,9 +142,14 @@ Closing CCutTimeListDlg::WriteReport() {
   std::string path;
   if (!ui_->ChooseFile(ReportQuestion(), &path)) return Closing::kStaysOpen;
   const std::string name = NameOfPath(path, kBackslash);
-  ShowWritten(WriteTextReportFile(name, *results_, files_),
-              AbsoluteDrivePath(files_->CurrentDirectory(), name), ui_);
+  ShowReport(WriteTextReportFile(name, *results_, files_),
+             AbsoluteDrivePath(files_->CurrentDirectory(), name));
   return Closing::kStaysOpen;
+}
+
+void CCutTimeListDlg::ShowReport(bool written, const std::string& path) {
+  if (written) results_->isReported = true;
+  ShowWritten(written, path, ui_);
 }
 
 bool CCutTimeListDlg::ChooseList(std::string* path) {
@@ -147,7 +158,7 @@ bool CCutTimeListDlg::ChooseList(std::string* path) {
 
 Closing CCutTimeListDlg::WriteList() {
   std::string path;
-  if (ChooseList(&path)) ShowWritten(WriteJobListFile(path, *results_, files_), path, ui_);
+  if (ChooseList(&path)) ShowReport(WriteJobListFile(path, *results_, files_), path);
   return Closing::kStaysOpen;
 }
 
@@ -172,7 +183,7 @@ Closing CCutTimeListDlg::WriteListCopy() {
   if (!ChooseList(&path) || !MayCopyBeside(path)) return Closing::kStaysOpen;
   std::vector<FailedCopy> failed;
   const bool written = WriteJobListFileCopy(path, *results_, files_, &failed);
-  ShowWritten(written, path, ui_);
+  ShowReport(written, path);
   if (written && !failed.empty()) ui_->ShowStatus("복사하지 못했습니다.", failed.front().source);
   return Closing::kStaysOpen;
 }
@@ -184,7 +195,9 @@ Closing CCutTimeListDlg::Export() {
     const WorkScope work(ui_->LongWork(), Work::kFillSheet, path);
     return ExportSpreadsheet(path, results_, spreadsheets_, ui_->LongWork());
   };
-  if (!filled()) {
+  if (filled()) {
+    results_->isReported = true;
+  } else {
     ShowWritten(false, path, ui_);
     ui_->ShowMessage({.text = kNoSpreadsheetProgram});
   }
@@ -198,9 +211,13 @@ Closing CCutTimeListDlg::WriteSheet() {
   }
   const int32_t language = prepareSheet();
   const bool written = WriteJobSheetFile(path, *results_, language, files_);
-  ShowWritten(written, path, ui_);
+  ShowReport(written, path);
   if (written) ui_->OfferToOpen(path);
   return Closing::kStaysOpen;
+}
+
+std::string CCutTimeListDlg::Remark() const {
+  return results_->runEnd.WasStopped() ? StoppedText(results_->runEnd) : std::string();
 }
 
 std::string CCutTimeListDlg::TotalTimeText() const {

@@ -19,6 +19,9 @@ namespace tvx {
 // All lines that the list shows about a result.
 std::vector<std::string> CutTimeListLines(const CutTimeEntry& entry);
 
+// How far a run came that the user stopped.
+std::string StoppedText(const RunEnd& end);
+
 // The labels of these lines that a name follows: of a directory, a master model and a picture.
 inline constexpr std::string_view kNameLabels[] = {"Dir : ", "MMA ", "그림화일 "};
 
@@ -69,6 +72,9 @@ class CCutTimeListDlg final : public Dialog {
   // The job sheet. Offers to open it.
   Closing WriteSheet();
 
+  // How far the last run came if the user stopped it; else empty.
+  std::string Remark() const;
+
   // The total as shown, in minutes.
   std::string TotalTimeText() const;
 
@@ -79,6 +85,7 @@ class CCutTimeListDlg final : public Dialog {
 
  private:
   void Fill();
+  void ShowReport(bool written, const std::string& path);
   // Asks where to write a job list, and before it replaces a file of another kind.
   bool ChooseList(std::string* path);
   bool MayCopyBeside(const std::string& path);

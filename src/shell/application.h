@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -67,6 +68,8 @@ class CTVXApp {
   int32_t rememberedSpindle = 1000;
   // The machine that the user chose in the window, if any: results keep its time for the job sheet.
   std::optional<MachineProfile> machine;
+  // InputFileType by the ending of a file, as the user has chosen; empty by default.
+  std::map<std::string, int32_t> FormatOfEnding;
   // The send options of the command of a single cut time; all windows use the same object.
   CSendOptionDlg sendOptions;
 };

@@ -34,6 +34,7 @@ RecordResult RecordResultEntry(const CutTimeEntry& result, const Scene& scene, F
     if (scene.progress->IsStopped()) return RecordResult::kStopped;
   }
   ++results->entryCount;
+  results->isReported = false;
   return drawn ? RecordResult::kRecorded : RecordResult::kPictureFailed;
 }
 
@@ -76,6 +77,10 @@ void SingleCutTimeCommand(CTVXView* view) {
   AdjustFitCount(ProgramContextOf(view), /*adjusts=*/true);
   CutTimeEntry& result = view->fileInfo.current;
   SetNames(*view, &result);
+  view->fileInfo.timeBefore.reset();
+  if (const auto& programmed = view->program.programmed) {
+    view->fileInfo.timeBefore = programmed->minutes + result.rapidMinutes;
+  }
   if (!app->ui->RunModal(&view->fileInfo)) return;
   result.check = view->check.Keep();
   result.details = MakeDetails(view);

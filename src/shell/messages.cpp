@@ -84,11 +84,6 @@ void ShowCannotOpen(UserInterface* ui) {
   ui->ShowMessage({.text = "화일을 열수 없읍니다.\n"});
 }
 
-std::string StoppedText(const RunEnd& end) {
-  return Format("%d개 중 %d개 화일 다음에 중지했습니다.", static_cast<int>(end.count),
-                static_cast<int>(end.done));
-}
-
 void ShowTableFull(UserInterface* ui) {
   ui->ShowStatus("결과 목록이 가득 차서 기록하지 않았습니다.");
 }

@@ -7,7 +7,6 @@
 #include "feed/master_file.h"
 #include "model/loader.h"
 #include "platform/user_interface.h"
-#include "stats/result_table.h"
 
 namespace tvx {
 
@@ -26,9 +25,6 @@ void ShowUnread(CTVXApp* app);
 
 // A file of the program's own that could not be written.
 void ShowCannotOpen(UserInterface* ui);
-
-// How far a run came that the user stopped; a status text.
-std::string StoppedText(const RunEnd& end);
 
 // A result that the full table could not record.
 void ShowTableFull(UserInterface* ui);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "feed/master_build.h"
@@ -58,6 +59,8 @@ class CTVXView {
   JobRecord job;          // the working record: the parameters in force
   CFileInfoDlg fileInfo;  // with the current result
   LastRun lastRun;
+  // InputFileType of the settings while a program is read in the format of its ending.
+  std::optional<int32_t> settingsFormat;
   ResultTable results;
   CCutTimeListDlg cutTimeList;  // shows the table
   CMasterDlg masterDialog;

@@ -131,7 +131,24 @@ void RunViewCommand(CTVXView* view, CommandId id) {
   if (command != nullptr) command->run(view, command->argument);
 }
 
+namespace {
+
+void TakeFormatOfEnding(const std::string& path, CTVXView* view) {
+  int32_t& format = view->job.InputFileType;
+  if (view->settingsFormat) format = *view->settingsFormat;
+  view->settingsFormat.reset();
+  const std::string name = NameOfPath(path, kAnySlash);
+  const auto& formats = view->app->FormatOfEnding;
+  const auto chosen = formats.find(name.substr(name.rfind('.') + 1));
+  if (chosen == formats.end()) return;
+  view->settingsFormat = format;
+  format = chosen->second;
+}
+
+}  // namespace
+
 LoadResult LoadProgram(CTVXView* view, const std::string& path) {
+  TakeFormatOfEnding(path, view);
   const ProgramContext context = ProgramContextOf(view);
   SetSubject(path);
   const LoadResult result = LoadFile(view, path);

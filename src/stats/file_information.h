@@ -1,6 +1,7 @@
 // The dialog that shows the current result.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,9 @@ class CFileInfoDlg : public Dialog {
 
   // The current result: each cut-time run overwrites its options and figures.
   CutTimeEntry current;
+
+  // Total time before the adjustment, minutes; shown beside the lines if there is one.
+  std::optional<float> timeBefore;
 };
 
 }  // namespace tvx

@@ -33,6 +33,7 @@ struct DetailsWanted {
 struct ResultTable {
   std::vector<CutTimeEntry> entries = std::vector<CutTimeEntry>(kResultEntries);
   int32_t entryCount = 0;  // entries from index 0 that are valid
+  bool isReported = true;  // false after a recording until a report of it is written
   RunEnd runEnd;           // of the last run that appended to it
   DetailsWanted wanted;
 

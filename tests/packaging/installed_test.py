@@ -120,7 +120,7 @@ class Installed(unittest.TestCase):
 
     def test_completion_of_values_and_files(self):
         for words, expected in (
-            (["-"], ["--help", "--home"]),
+            (["-"], ["--help", "--home", "--version"]),
             (["pic"], ["picture"]),
             (["time", "--set", "Slope"], ["SlopeMaxRatio=", "SlopeMinAngle="]),
             (["getfeed", "--change", "work"], ["workMaterial="]),
