@@ -40,7 +40,7 @@ class Terminal final : public Progress {
     SetTerminationHook([](int signal) {
       if (signal != SIGINT) return false;
       const bool isFirst = !isInterrupted.exchange(true);
-      if (!isFirst || !ToolProgress()->IsUnderWay()) EndProcess({"\n"});
+      if (!isFirst || !ToolProgress()->IsUnderWay()) EndInterrupted();
       return true;
     });
   }

@@ -96,6 +96,11 @@ void SetProgramName(const char* name) {
   programName = name;
 }
 
+void EndInterrupted() {
+  RemoveTemporaryPaths();
+  ::_exit(1);
+}
+
 void EndOutOfMemory() {
   const char* const separator = subject[0] == '\0' ? "" : ": ";
   for (const char* const text :

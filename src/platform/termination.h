@@ -19,6 +19,10 @@ void PrepareProcess();
 // Removes the temporary paths of this process. May be called from a signal handler.
 void RemoveTemporaryPaths();
 
+// Removes the temporary paths and ends the process with exit status 1. May be called from a signal
+// handler.
+[[noreturn]] void EndInterrupted();
+
 // The file that the work is about, as the user named it; control characters are replaced.
 void SetSubject(std::string_view file);
 const char* Subject();  // empty before the first
