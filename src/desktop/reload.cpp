@@ -67,7 +67,10 @@ QToolButton* Reload::AddButton(const char* text, void (Reload::*press)()) {
   button->setText(Translated(text));
   button->setFocusPolicy(Qt::NoFocus);
   connect(button, &QToolButton::clicked, this, press);
-  window_->statusBar()->insertPermanentWidget(0, button);
+  window_->statusBar()->addPermanentWidget(button);
+  // The picture does not change its size when an offer comes.
+  constexpr int kMargin = 4;
+  window_->statusBar()->setMinimumHeight(button->sizeHint().height() + kMargin);
   button->hide();
   return button;
 }
