@@ -138,8 +138,8 @@ void CausesDock::ShowMinutes(CTVXView* view) {
   std::vector<BarRow> bands;
   for (size_t i = 0; i < kFeedBands; ++i) {
     const Pen pen = kScreenPalette.band[i];
-    bands.push_back(row(FeedRangeText(i, base), byBand[i],
-                        QColor::fromRgb(ScreenPens()[pen].colour)));
+    bands.push_back(
+        row(FeedRangeText(i, base), byBand[i], QColor::fromRgb(ScreenPens()[pen].colour)));
   }
   bands_->SetRows(std::move(bands));
 }
