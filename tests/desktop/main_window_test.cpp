@@ -12,6 +12,7 @@
 #include <QMimeData>
 #include <QSignalSpy>
 #include <QTextEdit>
+#include <QToolButton>
 #include <QTreeWidget>
 #include <algorithm>
 #include <set>
@@ -300,6 +301,29 @@ TEST_F(MainWindowTest, ExposureShowsPictureWithoutDrawingIt) {
   window->resize(800, 500);
   Settle();
   EXPECT_GT(drawn.count(), 1) << "another size is another picture";
+}
+
+TEST_F(MainWindowTest, ChangedFileAndOtherFormatAreOfferedAndReadOnRequestOnly) {
+  const auto button = [&](const char* text) {
+    for (QToolButton* const each : window->findChildren<QToolButton*>()) {
+      if (each->text() == QString::fromUtf8(text)) return each;
+    }
+    return static_cast<QToolButton*>(nullptr);
+  };
+  Load("part.nc", "G1 X9 F500\n");
+  home.Put(programs / "part.nc", "G1 X9 F500\nX20\n");
+  QTRY_VERIFY(button("다시 불러오기 (Ctrl+R)")->isVisible());
+  EXPECT_EQ(View().program.store.blockCount, 1U);
+  button("다시 불러오기 (Ctrl+R)")->click();
+  EXPECT_EQ(View().program.store.blockCount, 2U);
+  EXPECT_FALSE(button("다시 불러오기 (Ctrl+R)")->isVisible());
+
+  Load("plain", "1 L X+10 Y+0 FMAX\n2 L X+20 Y+5 F500\n3 L X+30 Y+9\n");
+  QTRY_VERIFY(button("다른 형식으로 읽기")->isVisible());
+  EXPECT_NE(View().job.InputFileType, 2);
+  button("다른 형식으로 읽기")->click();
+  EXPECT_EQ(View().job.InputFileType, 2);
+  EXPECT_TRUE(app.FormatOfEnding.empty());
 }
 
 }  // namespace
