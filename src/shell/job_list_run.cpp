@@ -150,6 +150,9 @@ bool RunEntry(const std::string& name, const std::string& line, CTVXView* view, 
 // What a stop leaves in the store is no program.
 void DropStoppedProgram(CTVXView* view) {
   EmptyProgram(&view->program);
+  view->program.FeedBase = 0;
+  view->check.Restart(view->program.source, {}, view->job);
+  if (view->causes != nullptr) view->causes->Clear();
   view->filePath = view->fileName = "";
   view->app->ui->Repaint();
 }
