@@ -201,7 +201,13 @@ class HostFiles : public Files {
   }
 
   bool Exists(const std::string& path) override {
-    return Host(path).has_value() && Status(path).type() != fs::file_type::not_found;
+    ClearError();
+    const auto host = Host(path);
+    if (!host) return false;
+    std::error_code error;
+    const fs::file_status status = fs::status(*host, error);
+    if (status.type() == fs::file_type::none) Fail(error.value());
+    return status.type() != fs::file_type::not_found;
   }
 
   bool IsDirectory(const std::string& path) override { return fs::is_directory(Status(path)); }

@@ -87,7 +87,8 @@ class Files {
   // Null if the file cannot be created: no such directory, no right to write, a directory of that
   // name or anything else that is no plain file, or an existing file that may not be written.
   virtual std::unique_ptr<OutputFile> Create(const std::string& path) = 0;
-  // A file or a directory of that name; also true for what cannot be looked at.
+  // A file or a directory of that name; also true for what cannot be looked at, for the reason of
+  // LastError, which is 0 otherwise.
   virtual bool Exists(const std::string& path) = 0;
   virtual bool IsDirectory(const std::string& path) = 0;
   // Size in bytes; 0 for what does not exist or is no plain file.

@@ -57,6 +57,8 @@ class Copier {
       Fail(source, destination, kRefusedName);
     } else if (!files_->Exists(destination)) {
       Copy(source, destination);
+    } else if (files_->LastError() != 0) {
+      Fail(source, destination, files_->LastError());
     }
     ReplaceAll(source, DriveForm(destination), line);
   }

@@ -63,7 +63,7 @@ COMMANDS = {
     "run builds": ("run --machine m.machine --list-copy out/r.mcf build.txt",
                    ["n.mma", "out/r.mcf", "out/n.mma", "out/part.nc", "out/arcs.nc"]),
 }
-OWN_FILES = ["home", "drives.txt", "tvx.cfg", "tvx.par", "tvx.afa", "fileext.txt", "dirlist.txt", "UserKey.txt", "CP949",
+OWN_FILES = ["home", "new:", "drives.txt", "tvx.cfg", "tvx.par", "tvx.afa", "fileext.txt", "dirlist.txt", "UserKey.txt", "CP949",
              "standard output", "out of memory"]
 OLD = b"an older file\r\n"
 

@@ -50,7 +50,10 @@ class MemoryFiles : public Files {
     return OpenForReading(path);
   }
   std::unique_ptr<OutputFile> Create(const std::string& path) override;
-  bool Exists(const std::string& path) override { return Find(path) != nullptr; }
+  bool Exists(const std::string& path) override {
+    ClearError();
+    return Find(path) != nullptr;
+  }
   bool IsDirectory(const std::string& path) override {
     const Node* node = Find(path);
     return node != nullptr && node->isDirectory;
