@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <new>
 #include <optional>
 #include <system_error>
 #include <utility>
@@ -180,6 +181,7 @@ class HostFiles : public Files {
   explicit HostFiles(const Drives* drives) : drives_(drives) {
     std::error_code error;
     const fs::path process = fs::current_path(error);
+    if (error == std::errc::not_enough_memory) throw std::bad_alloc();
     currentDirectory_ = drives_->FromHost(process).value_or("c:\\");
   }
 
