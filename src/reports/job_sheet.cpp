@@ -72,6 +72,7 @@ tr { break-inside: avoid; }
 td.number, th.number { text-align: right; white-space: nowrap; font-variant-numeric: tabular-nums; }
 td.name { overflow-wrap: anywhere; }
 th { font-weight: 600; word-break: keep-all; }
+tbody th { white-space: nowrap; }
 .rows td { white-space: nowrap; width: 1%; }
 .rows td.name { white-space: normal; width: auto; }
 a { color: var(--mark); text-decoration: none; }
@@ -99,15 +100,16 @@ a { color: var(--mark); text-decoration: none; }
 @media print {
   :root { color-scheme: light; --page: #ffffff; --text: #000000; --weak: #444444; --line: #bbbbbb;
     --band: #eeeeee; --mark: #000000; --lost: #000000; }
-  body { padding: 0; max-width: none; font-size: 9pt; line-height: 1.25;
+  body { padding: 0; max-width: none; font-size: 8.5pt; line-height: 1.2;
     print-color-adjust: exact; -webkit-print-color-adjust: exact; }
   .pair { display: flex; }
-  .pair > .drawing { flex: 0 0 42%; }
+  .pair > .drawing { flex: 0 0 38%; }
   .conditions { columns: 3; }
   th, td { padding: 1px 4px; }
   .totals { gap: 4px; }
   .total { flex-basis: 0; padding: 4px 6px; }
-  .program { margin-top: 6mm; }
+  .program { margin-top: 4mm; padding-top: 1mm; }
+  h3 { margin-top: .4em; }
 }
 )";
 
@@ -476,8 +478,8 @@ const Condition kConditionRows[] = {
      [](const Entry& e) { return Format("%.1f°", e.SlopeMinAngle); }},
     {{"경사최대감속비", "Slope lowest ratio"},
      [](const Entry& e) { return Format("%.2f", e.SlopeMaxRatio); }},
-    {{"코너가중치 0, 30, 60°", "Corner weights 0, 30, 60°"}, CornerWeightsText},
-    {{"경사가중치 0, 30, 60°", "Slope weights 0, 30, 60°"}, SlopeWeightsText},
+    {{"코너가중치 0, 30, 60°", "Corner weights"}, CornerWeightsText},
+    {{"경사가중치 0, 30, 60°", "Slope weights"}, SlopeWeightsText},
     {{"볼록코너검색", "Convex corners"}, [](const Entry& e) { return Switch(e.ConCorChk); }},
     {{"Z상하향검색", "Z up and down"}, [](const Entry& e) { return Switch(e.UpDownChk); }},
     {{"부드러운 피드 변화", "Smooth feed change"},
