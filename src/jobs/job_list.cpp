@@ -34,25 +34,18 @@ bool IsPlainName(std::string_view name) {
          });
 }
 
-// The paths of an option line, each found as those who use it do.
-struct PathCheck {
-  bool Accepts(std::string_view line) {
-    record.AfaMasterFile.clear();
-    ParseOptionLine(&record, line, nullptr);
-    std::string directory, copied;
-    LineDirectory(line, &directory);
-    LineMasterFile(line, &copied);
-    for (std::string* path : {&directory, &record.AfaMasterFile, &copied}) {
-      if (!LeadsAbove(*path)) continue;
-      refused = std::move(*path);
-      return false;
-    }
-    return true;
+// The path of an option line that leads above its root, empty if none does. Each is found as those
+// who use it do.
+std::string PathAbove(std::string_view line) {
+  std::string directory, used, copied;
+  LineDirectory(line, &directory);
+  AdjustmentMaster(line, &used);
+  LineMasterFile(line, &copied);
+  for (const std::string& path : {directory, used, copied}) {
+    if (LeadsAbove(path)) return path;
   }
-
-  JobRecord record;  // one for all lines: it is large
-  std::string refused;
-};
+  return "";
+}
 
 // The first characters of a text, up to that many bytes.
 std::string Start(const std::string& text, size_t bytes) {
@@ -124,9 +117,9 @@ ListReading ReadJobList(std::string_view text, std::optional<char> driveLetter) 
       list.lines.back() += word + " ";
     }
   }
-  PathCheck check;
   for (size_t i = 0; i < list.size(); ++i) {
-    if (!check.Accepts(list.lines[i])) return refuse(ListProblem::kPath, ends[i], check.refused);
+    const std::string path = PathAbove(list.lines[i]);
+    if (!path.empty()) return refuse(ListProblem::kPath, ends[i], path);
   }
   reading.leftOut = ends.size() - list.size();
   return reading;

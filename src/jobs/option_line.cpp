@@ -298,6 +298,11 @@ int LineDirectory(std::string_view line, std::string* directory) {
   return 1;
 }
 
+bool AdjustmentMaster(std::string_view line, std::string* path) {
+  auto scanner = ScanBehind(line, std::string(" ") + kMasterWord + " ", 1);
+  return scanner && scanner->ReadWord(path);
+}
+
 bool LineMasterFile(std::string_view line, std::string* path) {
   const size_t at = line.find(kMasterWord);
   if (at == std::string_view::npos) return false;

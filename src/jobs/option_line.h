@@ -39,6 +39,10 @@ void ParseOptionLine(JobRecord* record, std::string_view line, LineFile* file);
 // The directory of a line: its second blank-separated word, empty if there is none. Returns 1.
 int LineDirectory(std::string_view line, std::string* directory);
 
+// The master model file that a line names for the adjustment: the word after the first word "MMA".
+// Returns false and leaves *path alone if there is none.
+bool AdjustmentMaster(std::string_view line, std::string* path);
+
 // The master model file that a line names for a copy of it: the word after the one that contains
 // the first "MMA". Returns false and leaves *path alone if there is none.
 bool LineMasterFile(std::string_view line, std::string* path);

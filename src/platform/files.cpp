@@ -321,12 +321,14 @@ namespace {
 bool ReadUpTo(uint64_t most, Files* files, const std::string& path, std::string* bytes) {
   const auto file = files->OpenForReading(path);
   if (file == nullptr) return false;
+  // One byte more than the file has, so that its end shows without another piece.
+  const auto piece = static_cast<size_t>(std::min<uint64_t>(file->Stamp().size + 1, kBufferSize));
   std::string read;
-  for (size_t count = kBufferSize; count > 0;) {
+  for (size_t count = piece; count > 0;) {
     const size_t size = read.size();
     if (size > most) return files->Fail(kAboveLimit);
-    read.resize(size + kBufferSize);
-    count = file->Read(read.data() + size, kBufferSize);
+    read.resize(size + piece);
+    count = file->Read(read.data() + size, piece);
     read.resize(size + count);
   }
   if (file->Error() != 0) return files->Fail(file->Error());
