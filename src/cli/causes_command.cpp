@@ -168,7 +168,7 @@ int RunCauses(const Call& call) {
 
   Host host(call);
   const ProgramFile file{argument, host.ReadablePath(argument)};
-  CTVXView view(&host.app);
+  ToolView view(&host);
   params.Apply(&host, &view);
   const auto places = static_cast<size_t>(top.value_or(kDefaultPlaces));
   const ProgramCauses causes = CausesOf(file, places, &view);
