@@ -328,6 +328,7 @@ void MainWindow::CheckMore() {
   constexpr uint64_t kLinesPerStep = 20'000;  // a few milliseconds
   ViewWidget* const active = ActiveView();
   if (active == nullptr) return checkSteps_.stop();
+  if (app_->ui->LongWork()->IsUnderWay()) return;  // the docks would show a program in part
   CTVXView& view = active->view();
   ReleaseVectorRegisters();
   if (!view.check.CheckMore(kLinesPerStep, app_->files)) checkSteps_.stop();
