@@ -32,7 +32,9 @@ QString MinutesText(double minutes) {
 }
 
 QString TextOfRule(FeedRule rule) {
-  return InLanguage(TextOf(rule).korean, TextOf(rule).english);
+  QString text = InLanguage(TextOf(rule).korean, TextOf(rule).english);
+  text[0] = text[0].toUpper();
+  return text;
 }
 
 // The feed band of the legend that a feed is drawn in.
