@@ -18,6 +18,11 @@ constexpr PathBox kEmptyBox = {{kInfinity, kInfinity, kInfinity},
 constexpr PathBox kWholeSpace = {{-kInfinity, -kInfinity, -kInfinity},
                                  {kInfinity, kInfinity, kInfinity}};
 
+// True for the box of no move.
+bool IsEmpty(const PathBox& box) {
+  return box.low[0] > box.high[0];
+}
+
 void Widen(const PathBox& other, PathBox* box) {
   for (int k = 0; k < 3; ++k) {
     box->low[k] = std::min(box->low[k], other.low[k]);
@@ -119,6 +124,13 @@ void VisitMoves(const BlockStore& store, uint32_t first, uint32_t end, Visit vis
     start = EndPoint(move);
     hasStart = true;
   };
+  const auto isMove = [&](uint32_t index) {
+    const MotionBlock* const block = store.Peek(index);
+    return block != nullptr && IsMoveType(block->type);
+  };
+  // Without this, long runs of other blocks would be walked back over again and again.
+  while (first < end && !isMove(first)) ++first;
+  if (first == end) return;
   const uint32_t before = MoveBefore(store, first);
   const uint32_t beforeThat = before != kNoMove ? MoveBefore(store, before) : kNoMove;
   if (beforeThat != kNoMove) {
@@ -127,12 +139,11 @@ void VisitMoves(const BlockStore& store, uint32_t first, uint32_t end, Visit vis
   }
   if (before != kNoMove) next(before);
   for (uint32_t index = first; index < end; ++index) {
-    const MotionBlock* const block = store.Peek(index);
-    if (block == nullptr || !IsMoveType(block->type)) continue;
+    if (!isMove(index)) continue;
     const PathBox previous = box;
     next(index);
     visit(index, box, previous);
-    if (IsArcType(block->type)) ++index;  // its centre record
+    if (IsArcType(store.Peek(index)->type)) ++index;  // its centre record
   }
 }
 
@@ -294,6 +305,11 @@ class MoveDrawing : private DrawingDevice {
     program_->firstPoint = isFirst ? 1 : 0;
   }
 
+  bool IsRunOutOfSight(uint32_t run) const {
+    const PathBox& box = index_.runs_[run];
+    return IsEmpty(box) || IsOutOfSight(projection_.Of(box));
+  }
+
   // Draws the last move up to `last` of which something is visible. False if there is none.
   bool FindPosition(uint32_t last) {
     if (last == kNoMove) return false;
@@ -301,7 +317,7 @@ class MoveDrawing : private DrawingDevice {
     uint32_t end = last + 1;
     for (uint32_t run = last / PickIndex::kRunBlocks + 1; run-- > 0;) {
       const uint32_t first = run * PickIndex::kRunBlocks;
-      if (!IsOutOfSight(projection_.Of(index_.runs_[run]))) {
+      if (!IsRunOutOfSight(run)) {
         while (end-- > first) {
           if (!IsMoveType(store.Peek(end)->type)) continue;
           DrawAsPartOfAll(end, /*passesOn=*/false);
@@ -322,7 +338,7 @@ class MoveDrawing : private DrawingDevice {
     const BlockStore& store = program_->store;
     for (uint32_t index = 0; index < store.blockCount; ++index) {
       const bool startsRun = index % PickIndex::kRunBlocks == 0;
-      if (startsRun && IsOutOfSight(projection_.Of(index_.runs_[index / PickIndex::kRunBlocks]))) {
+      if (startsRun && IsRunOutOfSight(index / PickIndex::kRunBlocks)) {
         index += PickIndex::kRunBlocks - 1;
         continue;
       }
@@ -361,6 +377,7 @@ class NearestMove final : public MoveDrawing {
   // True if no move before `end` whose lines are in the box can be nearer, or as near and drawn
   // later.
   bool IsDecided(const PathBox& box, uint32_t end) const {
+    if (IsEmpty(box)) return true;
     const BoxProjection::Rectangle r = projection().Of(box);
     if (IsOutOfSight(r)) return true;
     const double least = LeastDistanceSquared(r, pixel_);

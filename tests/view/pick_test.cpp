@@ -118,5 +118,17 @@ TEST(Pick, FindsWhatATestOfEveryDrawnLineFinds) {
   }
 }
 
+// A walk back over them for each run of blocks would take hours.
+TEST(Pick, MillionsOfBlocksThatAreNoMovesFinishQuickly) {
+  TestScene scene;
+  OnResize(&scene.view.transform, 900, 700);
+  PrepareDevice(&scene.view.transform);
+  scene.Add(BlockRapidStart, 0, 0);
+  for (int i = 0; i < 1'000'000; ++i) scene.Add(BlockNone, 0, 0);
+  scene.Add(BlockCut, 100, 0);
+  const PickIndex index(&scene.program.store);
+  for (int i = 0; i < 10; ++i) EXPECT_EQ(index.Pick(scene.scene(), {50, 6}), 1'000'001U);
+}
+
 }  // namespace
 }  // namespace tvx
