@@ -175,7 +175,7 @@ uint32_t PathDrawing::DrawBlock(uint32_t index) {
 }
 
 // In place in the loop over all blocks.
-inline uint32_t PathDrawing::DrawStored(uint32_t index) {
+[[gnu::always_inline]] inline uint32_t PathDrawing::DrawStored(uint32_t index) {
   if (store_->ReadBlock(index) == 0 || !IsMoveType(store_->CurrentBlock.type)) return index + 1;
   const MotionBlock block = store_->CurrentBlock;
   const Vec3 end = EndPoint(block);
