@@ -166,8 +166,10 @@ void FeedCauses::Note(FeedRule rule, uint32_t block, const MotionBlock& before,
 MoveRules FeedCauses::RulesOf(uint32_t block, const MotionBlock& stored) const {
   MoveRules rules;
   if (block >= rules_.size()) return rules;
-  const bool exists[kMoveParts] = {IsCutType(stored.type) || IsArcType(stored.type),
-                                   stored.headPercent > 0, stored.tailPercent > 0};
+  // The first move of a batch may have been lowered by the batch before, and set anew since.
+  const bool isLowered = IsCutType(stored.type) && stored.feed != stored.feedProgrammed;
+  const bool exists[kMoveParts] = {isLowered || IsArcType(stored.type), stored.headPercent > 0,
+                                   stored.tailPercent > 0};
   for (size_t part = 0; part < kMoveParts; ++part) {
     const unsigned rule = rules_[block] >> ShiftOf(static_cast<MovePart>(part)) & kRuleMask;
     if (exists[part] && rule != 0) rules[part] = static_cast<FeedRule>(rule - 1);

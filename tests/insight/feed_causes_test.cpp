@@ -40,6 +40,13 @@ TEST(FeedCauses, RulesAndTheHighestFeedAddUpToTheTimeOfTheStraightCuts) {
       for (const double rule : minutes.byRule) sum += rule;
       EXPECT_NEAR(sum, all, 1e-9 * std::abs(all)) << seed;
       EXPECT_TRUE(hadZones || std::abs(minutes.unexplained) < 1e-12) << seed;
+      for (uint32_t i = 0; i < program.store.blockCount; ++i) {
+        const MotionBlock& block = *program.store.Peek(i);
+        const bool isSlowed = IsCutType(block.type) && block.feed != job.MaxFeed;
+        const bool isArc = IsArcType(block.type);
+        ASSERT_TRUE(isArc || causes.RulesOf(i, block)[0].has_value() == isSlowed)
+            << seed << " " << i;
+      }
       CutTimeEntry entry;
       ComputeCutTime(&program.store, job, &entry);
       EXPECT_NEAR(entry.cutMinutes, all, 1e-4 * std::abs(all)) << seed;
