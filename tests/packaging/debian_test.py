@@ -45,7 +45,8 @@ class Debian(unittest.TestCase):
     def test_control(self):
         self.assertEqual(self.field("Package"), "tvx")
         self.assertEqual(self.field("Version"), VERSION)
-        self.assertEqual(self.field("Recommends"), "fonts-nanum, qt6-translations-l10n, libreoffice-calc")
+        self.assertEqual(self.field("Recommends"),
+                         "libc-gconv-modules-extra, fonts-nanum, qt6-translations-l10n, libreoffice-calc")
         depends = self.field("Depends")
         for library in ["libc6", "libpng16-16"] + ["libqt6widgets6"] * self.has_desktop:
             self.assertRegex(depends, rf"(^|, ){library}\b")
