@@ -147,10 +147,11 @@ double Luminance(Colour colour, const double (&matrix)[3][3]) {
 
 TEST(PenStyles, HighContrastKeepsItsContrastForEveryEye) {
   // Machado, Oliveira and Fernandes 2009, at full severity; applied to linear channels.
-  constexpr struct {
+  struct Eye {
     const char* name;
     double matrix[3][3];
-  } kEyes[] = {
+  };
+  constexpr Eye kEyes[] = {
       {"usual", {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}},
       {"protanopia",
        {{0.152286, 1.052583, -0.204868},
@@ -165,20 +166,20 @@ TEST(PenStyles, HighContrastKeepsItsContrastForEveryEye) {
         {-0.078411, 0.930809, 0.147602},
         {0.004733, 0.691367, 0.303900}}},
   };
-  for (const auto& [name, matrix] : kEyes) {
-    const auto contrast = [&matrix](Colour a, Colour b) {
-      const double x = Luminance(a, matrix) + 0.05;
-      const double y = Luminance(b, matrix) + 0.05;
+  for (const Eye& eye : kEyes) {
+    const auto contrast = [&eye](Colour a, Colour b) {
+      const double x = Luminance(a, eye.matrix) + 0.05;
+      const double y = Luminance(b, eye.matrix) + 0.05;
       return std::max(x, y) / std::min(x, y);
     };
     Colour previous = 0;
     for (const Pen pen : kScreenPalette.band) {
       const Colour colour = kHighContrastPenStyles[pen].colour;
-      EXPECT_GE(contrast(colour, 0), 4.5) << name << " " << kPenStyles[pen].name;
-      EXPECT_GE(contrast(colour, previous), 1.5) << name << " " << kPenStyles[pen].name;
+      EXPECT_GE(contrast(colour, 0), 4.5) << eye.name << " " << kPenStyles[pen].name;
+      EXPECT_GE(contrast(colour, previous), 1.5) << eye.name << " " << kPenStyles[pen].name;
       previous = colour;
     }
-    EXPECT_GE(contrast(kHighContrastPenStyles[penRapid].colour, 0), 4.5) << name;
+    EXPECT_GE(contrast(kHighContrastPenStyles[penRapid].colour, 0), 4.5) << eye.name;
   }
 }
 
