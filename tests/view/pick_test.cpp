@@ -69,6 +69,8 @@ class LineList final : public DrawingDevice {
   Pixel position_;
 };
 
+constexpr int32_t kFar = 1'000'000;  // pixels
+
 void ChooseView(int mode, Random* random, TestScene* scene) {
   ViewTransform* const view = &scene->view.transform;
   OnResize(view, 900, 700);
@@ -76,7 +78,7 @@ void ChooseView(int mode, Random* random, TestScene* scene) {
   SetViewMode(view, mode);
   FitToPath(view, &scene->program.store);
   view->viewScale *= static_cast<float>(random->OneOf({0.3, 1.0, 1.0, 7.0, 60.0, 300.0}));
-  view->panX += random->Whole(-20, 20);
+  if (std::abs(view->panX) < kFar) view->panX += random->Whole(-20, 20);
   scene->view.RapidVisible = random->OneOf({1, 1, 0});
   scene->job.AfaEnabled = random->OneOf({1, 1, 0});
   scene->job.FeedChgSmoothCheck = random->OneOf({1, 0});
@@ -97,10 +99,10 @@ TEST(Pick, FindsWhatATestOfEveryDrawnLineFinds) {
       for (int i = 0; i < kPoints; ++i) {
         Pixel pixel{random.Whole(-450, 450), random.Whole(-350, 350)};
         if (!drawn.lines.empty() && random.Chance(50)) {
-          pixel =
+          const Pixel end =
               drawn.lines[static_cast<size_t>(random.Whole(0, 1 << 20)) % drawn.lines.size()].to;
-          pixel.x += random.Whole(-7, 7);
-          pixel.y += random.Whole(-7, 7);
+          pixel.x = std::clamp(end.x, -kFar, kFar) + random.Whole(-7, 7);
+          pixel.y = std::clamp(end.y, -kFar, kFar) + random.Whole(-7, 7);
         }
         ASSERT_EQ(index.Pick(scene.scene(), pixel), drawn.Nearest(pixel))
             << "program " << seed << " view " << mode << " at " << pixel.x << ", " << pixel.y;
