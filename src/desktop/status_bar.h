@@ -1,5 +1,5 @@
-// The status bar of the main window: a text, in which a path gives way in its middle, a button that
-// opens the file in the text, and the three keys that lock.
+// The status bar of the main window: a text, in which a long path is shortened in its middle, a
+// button that opens the file in the text, and the three keys that lock.
 #pragma once
 
 #include <QStatusBar>

@@ -50,8 +50,8 @@ void VisitStretches(const MotionBlock& block, double length, Visit visit) {
   }
 }
 
-// Calls visit(index, block, start) for each move. The first one starts at block 0, which stands for
-// a missing earlier move.
+// Calls visit(index, block, start) for each move. The first one starts at block 0, in place of an
+// earlier move that is missing.
 template <typename Visit>
 void VisitMoves(BlockStore* store, Visit visit) {
   Vec3 start;

@@ -32,7 +32,7 @@ class LineReader {
  public:
   // The parser sees this much of a line; of a longer one its line feed is out of reach.
   static constexpr ptrdiff_t kParserLineBytes = 80;
-  // What is kept of a line that stands in two reads: more than the parser ever looks at.
+  // What is kept of a line that is split between two reads: more than the parser ever looks at.
   static constexpr size_t kParserKeptBytes = 255;
 
   // The parser never looks behind the first bytes of a line; who does asks for more of them.

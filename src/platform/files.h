@@ -114,7 +114,7 @@ class Files {
   // those above; ENOENT for a file that is missing, and for no other. An opening that succeeds
   // sets it to 0.
   int LastError() const { return lastError_; }
-  // Sets it, for those who find the failure. Returns false.
+  // Sets it to `error`. Returns false, for the caller to return.
   bool Fail(int error) {
     lastError_ = error;
     return false;

@@ -155,13 +155,9 @@ class Page {
 
 constexpr char kNumberCell[] = "td class=\"number\"";
 
-// Minutes as hours, minutes and seconds; empty for times that no clock shows.
-std::string ClockText(double minutes) {
-  constexpr double kMostMinutes = 1e9;
-  if (!(std::abs(minutes) < kMostMinutes)) return "";
-  const long long seconds = std::llround(std::abs(minutes) * 60);
-  return Format("%s%lld:%02lld:%02lld", minutes < 0 && seconds > 0 ? "-" : "", seconds / 3600,
-                seconds / 60 % 60, seconds % 60);
+// The clock text below minutes; empty for an unknown time.
+std::string ClockBelow(double minutes) {
+  return std::isfinite(minutes) ? ClockText(minutes) : "";
 }
 
 std::string MinutesText(double minutes) {
@@ -253,7 +249,7 @@ void AddTotal(const char* label, const std::string& value, const std::string& be
 }
 
 void AddTimeTotal(const char* label, double minutes, Page* page) {
-  AddTotal(label, MinutesText(minutes), ClockText(minutes), page);
+  AddTotal(label, MinutesText(minutes), ClockBelow(minutes), page);
 }
 
 void AddTotals(const ResultTable& results, const Totals& totals, Page* page) {
@@ -272,7 +268,7 @@ void AddTotals(const ResultTable& results, const Totals& totals, Page* page) {
 // A number cell with the same time below it as a clock shows it.
 void AddTimeCell(double minutes, Page* page) {
   page->Mark("<td class=\"number\">" + MinutesText(minutes));
-  const std::string clock = ClockText(minutes);
+  const std::string clock = ClockBelow(minutes);
   if (!clock.empty()) page->Mark("<span class=\"clock\">" + clock + "</span>");
   page->Mark("</td>");
 }
