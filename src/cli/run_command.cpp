@@ -209,7 +209,7 @@ void PrintTable(const ResultTable& results, const std::vector<MachineTime>& mach
   }
   Print(Format("total time %.2f min\n", total));
   if (hasMachine) Print(Format("machine time %.2f min\n", machineTotal));
-  if (totals.programs > 1) Print(totals.Line());
+  if (totals.programs > 1) Print(totals.Line(/*adjusts=*/true));
 }
 
 Json ResultsJson(const ResultTable& results, const std::vector<MachineTime>& machineTimes) {

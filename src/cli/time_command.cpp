@@ -225,7 +225,8 @@ int RunTime(const Call& call) {
     }
   }
   if (!json && arguments.size() > 1) {
-    Print(Format("total of %zu programs\n  ", totals.programs) + totals.Line());
+    Print(Format("total of %zu program%s\n  ", totals.programs, totals.programs == 1 ? "" : "s") +
+          totals.Line(params.Adjusts()));
   }
   if (json) Print(JsonText(document));
   csv.Write(host, rows);

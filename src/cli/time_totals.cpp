@@ -23,12 +23,15 @@ void NoteLongerTime(const std::string& file, const ProgrammedTime& before, float
                             after - before.minutes, MaxFeed, before.feed));
 }
 
-std::string TimeTotals::Line() const {
+std::string TimeTotals::Line(bool adjusts) const {
   const auto text = [](const char* what, double minutes) {
     return Format("%s %.2f min (%s)", what, minutes, ClockText(minutes).c_str());
   };
-  return text("programmed", programmed) + ", " + text("adjusted", adjusted) + ", " +
-         text("saved", programmed - adjusted) + "\n";
+  std::string line = text("programmed", programmed);
+  if (adjusts) {
+    line += ", " + text("adjusted", adjusted) + ", " + text("saved", programmed - adjusted);
+  }
+  return line + "\n";
 }
 
 }  // namespace tvx

@@ -32,8 +32,9 @@ struct TimeTotals {
     programmed += before;
     adjusted += after;
   }
-  // "programmed 65.20 min (1:05:12), adjusted ..., saved ...", a line.
-  std::string Line() const;
+  // "programmed 65.20 min (1:05:12), adjusted ..., saved ...", a line; without an adjustment only
+  // the first of the three.
+  std::string Line(bool adjusts) const;
 };
 
 }  // namespace tvx
