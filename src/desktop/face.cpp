@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
 #include <QShowEvent>
@@ -98,6 +99,17 @@ void ShowAsBigButton(QPushButton* button) {
       "QPushButton:hover { background: palette(light); }"
       "QPushButton:focus { border-color: palette(highlight); }"
       "QPushButton:pressed { background: palette(mid); }");
+}
+
+void NameButtons(QMessageBox* box) {
+  constexpr std::pair<QMessageBox::StandardButton, const char*> kNames[] = {
+      {QMessageBox::Ok, "확인"},
+      {QMessageBox::Cancel, "취소"},
+      {QMessageBox::Yes, "예(&Y)"},
+      {QMessageBox::No, "아니오(&N)"}};
+  for (const auto& [button, name] : kNames) {
+    if (box->button(button) != nullptr) box->button(button)->setText(Translated(name));
+  }
 }
 
 void ResizeOnScreen(QWidget* window, QSize wanted) {

@@ -12,6 +12,7 @@
 class QCheckBox;
 class QDialogButtonBox;
 class QLineEdit;
+class QMessageBox;
 class QPushButton;
 
 namespace tvx {
@@ -59,6 +60,10 @@ void ShowFileCaption(QPushButton* button, const QString& text);
 // Gives a button of several lines an edge, a colour of its own and an icon: it would look like a
 // text otherwise.
 void ShowAsBigButton(QPushButton* button);
+
+// Names the buttons of a message in the language of its text, also where the toolkit has no texts
+// in that language.
+void NameButtons(QMessageBox* box);
 
 // Resizes a window, at most to the size of the screen.
 void ResizeOnScreen(QWidget* window, QSize wanted);

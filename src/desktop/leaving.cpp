@@ -4,6 +4,7 @@
 #include <QMessageBox>
 #include <QSettings>
 
+#include "desktop/face.h"
 #include "desktop/language.h"
 #include "shell/tvx_view.h"
 
@@ -29,6 +30,7 @@ bool Leaving::MayClose(const CTVXView& view) {
   auto* const never = new QCheckBox(Translated("다시 묻지 않음"), &box);
   box.setCheckBox(never);
   box.setDefaultButton(QMessageBox::No);
+  NameButtons(&box);
   const bool closes = box.exec() == QMessageBox::Yes;
   asks_ = !(closes && never->isChecked());
   if (!asks_ && !settingsFile_.isEmpty()) {

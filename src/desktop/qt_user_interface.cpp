@@ -137,18 +137,6 @@ void MakeRoomForCaption(QMessageBox* box) {
   grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
-// The buttons have the language of the text, also where the toolkit has no texts in it.
-void NameButtons(QMessageBox* box) {
-  constexpr std::pair<QMessageBox::StandardButton, const char*> kNames[] = {
-      {QMessageBox::Ok, "확인"},
-      {QMessageBox::Cancel, "취소"},
-      {QMessageBox::Yes, "예(&Y)"},
-      {QMessageBox::No, "아니오(&N)"}};
-  for (const auto& [button, name] : kNames) {
-    if (box->button(button) != nullptr) box->button(button)->setText(Translated(name));
-  }
-}
-
 }  // namespace
 
 void QtUserInterface::SetWindow(InterfaceWindow* window) {

@@ -10,6 +10,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QProgressBar>
 #include <QSignalSpy>
 #include <QTextEdit>
 #include <QToolButton>
@@ -17,6 +18,7 @@
 #include <algorithm>
 #include <set>
 
+#include "base/format.h"
 #include "desktop/display_options.h"
 #include "desktop_test.h"
 
@@ -324,6 +326,78 @@ TEST_F(MainWindowTest, ChangedFileAndOtherFormatAreOfferedAndReadOnRequestOnly) 
   button("다른 형식으로 읽기")->click();
   EXPECT_EQ(View().job.InputFileType, 2);
   EXPECT_TRUE(app.FormatOfEnding.empty());
+}
+
+// Watches the bar of long work, and presses Escape once it shows the third file.
+class BarWatcher : public QObject {
+ public:
+  explicit BarWatcher(QWidget* window) : window_(window), bar_(window->findChild<QProgressBar*>()) {
+    bar_->installEventFilter(this);
+  }
+
+  std::set<std::pair<QString, int>> shown;  // "1/3", per cent
+  bool wasUnderDialog = false;
+
+ private:
+  bool eventFilter(QObject* /*bar*/, QEvent* event) override {
+    if (event->type() != QEvent::Paint) return false;
+    const QString file = bar_->parent()->findChild<QLabel*>()->text().left(3);
+    shown.insert({file, bar_->value()});
+    wasUnderDialog = wasUnderDialog || QApplication::activeModalWidget() != nullptr;
+    const auto press = [&](const QKeyCombination& key) {
+      QCoreApplication::postEvent(
+          window_, new QKeyEvent(QEvent::KeyPress, key.key(), key.keyboardModifiers()));
+    };
+    press(Qt::CTRL | Qt::Key_N);
+    if (file == "3/3") press(Qt::Key_Escape);
+    return false;
+  }
+
+  QWidget* window_;
+  QProgressBar* bar_;
+};
+
+TEST_F(MainWindowTest, EscapeStopsRunWhoseBarMovedAndKeepsItsResults) {
+  constexpr int kLines = 2'000'000;
+  std::string program = "G1 F500\n";
+  for (int i = 0; i < kLines; ++i) program += Format("X%dY%d\n", i % 1000, i / 1000);
+  JobRecord& job = View().job;
+  job.WorkDir = "c:\\marlo\\ncdata";
+  for (size_t i = 0; i < 3; ++i) {
+    job.FileNames[i] = Format("long%zu.nc", i);
+    job.OptionLines[i] = "Dir c:\\marlo\\ncdata FS 5 RT OFF Afa ON TD 10.0 MAF 2000 ";
+    home.Put(programs / job.FileNames[i], program);
+  }
+  BarWatcher bar(window.get());
+  RunCommand(kRunJobList, "전송");
+  EXPECT_GT(bar.shown.size(), 5U);
+  EXPECT_NE(bar.shown.lower_bound({"2/3", 0}), bar.shown.lower_bound({"3/3", 0}));
+  EXPECT_FALSE(bar.wasUnderDialog);
+  EXPECT_EQ(Children().size(), 1) << "other keys start nothing";
+  EXPECT_EQ(View().results.entryCount, 2);
+  ExpectShown("TVX1", "3개 중 2개 화일 다음에 중지했습니다.");
+  EXPECT_FALSE(window->findChild<QProgressBar*>()->isVisible());
+  user.Next("화일 이름?long0.nc, long1.nc | ?3개 중 2개 화일 다음에 중지했습니다. | OK");
+  window->RunCommand(kResultList);
+}
+
+TEST_F(MainWindowTest, ClosingWithResultsInNoReportAsksUntilToldNotTo) {
+  const QString settings = ToQt((home / "desktop.ini").string());
+  const auto close = [&](bool isReported, const std::string& steps) {
+    OpenWindow(settings);
+    window->NewView();
+    Settle();
+    View().results.entryCount = 1;
+    View().results.isReported = isReported;
+    if (!steps.empty()) user.Next(steps);
+    return window->close();
+  };
+  EXPECT_TRUE(close(true, ""));
+  EXPECT_FALSE(close(false, "?기록한 결과가 아직 출력되지 않았습니다. 창을 닫겠습니까? | Esc"));
+  EXPECT_FALSE(close(false, "다시 묻지 않음 | 아니오"));
+  EXPECT_TRUE(close(false, "예"));
+  EXPECT_TRUE(close(false, "다시 묻지 않음 | 예"));
+  EXPECT_TRUE(close(false, ""));
 }
 
 }  // namespace
