@@ -50,6 +50,9 @@ class PictureScreen(Screen):
         """The number of the window with the keyboard focus."""
         return self._ask("getactivewindow")
 
+    def resize_active_window(self, width, height):
+        self._run("xdotool", "getactivewindow", "windowmove", 0, 0, "windowsize", width, height)
+
     def wait_for_window(self, title):
         """The title is given in Korean, whatever the language of the screen."""
         super().wait_for_window(self.texts.get(title, title))

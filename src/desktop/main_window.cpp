@@ -40,6 +40,17 @@ constexpr char kGeometryKey[] = "windowGeometry";
 constexpr char kStateKey[] = "windowState";
 constexpr int kStateVersion = 1;  // another set of docks and bars needs another one
 
+// Under some desktops the toolkit leaves the faint texts of a dark theme black.
+void KeepFaintTextsReadable() {
+  constexpr float kOpacity = 0.6F;
+  QColor faint = QApplication::palette().color(QPalette::Text);
+  faint.setAlphaF(kOpacity);
+  if (QApplication::palette().color(QPalette::PlaceholderText) == faint) return;
+  QPalette palette;
+  palette.setColor(QPalette::PlaceholderText, faint);
+  QApplication::setPalette(palette);
+}
+
 QList<QAction*> EntriesOf(const std::vector<ViewDock*>& docks) {
   QList<QAction*> entries;
   for (const ViewDock* const dock : docks) entries.push_back(dock->toggleViewAction());
@@ -65,6 +76,7 @@ MainWindow::MainWindow(CTVXApp* app, const Drives* drives, const QString& settin
       opener_(new FileOpener(this, app, drives, settingsFile)),
       printing_(this, app->ui),
       settingsFile_(settingsFile) {
+  KeepFaintTextsReadable();
   setWindowIcon(ProgramIcon());
   setAcceptDrops(true);
   resize(1100, 760);
@@ -390,7 +402,10 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void MainWindow::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::PaletteChange && menus_ != nullptr) menus_->ShowToolIcons();
+  if (event->type() == QEvent::PaletteChange && menus_ != nullptr) {
+    KeepFaintTextsReadable();
+    menus_->ShowToolIcons();
+  }
   QMainWindow::changeEvent(event);
 }
 
