@@ -343,6 +343,7 @@ void MainWindow::CheckMore() {
   if (app_->ui->LongWork()->IsUnderWay()) return;  // the docks would show a program in part
   CTVXView& view = active->view();
   ReleaseVectorRegisters();
+  view.marks.Prepare(&view.program);
   if (!view.check.CheckMore(kLinesPerStep, app_->files)) checkSteps_.stop();
   for (ViewDock* const dock : docks_) dock->ShowCheck(&view);
   if (!checkSteps_.isActive()) reload_->ShowProgram(active);

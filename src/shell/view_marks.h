@@ -18,8 +18,12 @@ inline constexpr int kMarks = 2;
 class ViewMarks {
  public:
   // The move at a pixel of the drawing area, origin top left; nothing if there is none within
-  // PickIndex::kReach. The first call for a program looks at all of its blocks.
+  // PickIndex::kReach. The first call for a program looks at all of its blocks, unless Prepare has
+  // done so.
   std::optional<uint32_t> MoveAt(const Scene& scene, Pixel pixel);
+
+  // Makes the first MoveAt for a program as fast as the others.
+  void Prepare(NcProgram* program) { IndexOf(program); }
 
   // The point about which a drag from a pixel turns the picture: on the move there, else in the
   // middle of the picture, as deep as the middle of the path. The register stays as it is.
