@@ -163,7 +163,7 @@ void FlattenArcs(BlockStore* store, const PathIndex& path, Batch batch) {
 }  // namespace
 
 const char* RuleName(FeedRule rule) {
-  constexpr const char* kNames[] = {"slope", "master", "xy corner", "z corner", "arc"};
+  constexpr const char* kNames[] = {"slope", "master", "XY corner", "Z corner", "arc"};
   return kNames[static_cast<size_t>(rule)];
 }
 

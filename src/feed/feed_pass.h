@@ -24,7 +24,7 @@ struct FeedPassMemory {
 enum class FeedRule { kSlope, kMaster, kXyCorner, kZCorner, kArc };
 inline constexpr size_t kFeedRules = 5;
 
-// "slope", "master", "xy corner", "z corner", "arc".
+// "slope", "master", "XY corner", "Z corner", "arc".
 const char* RuleName(FeedRule rule);
 
 // Callback for each change that a rule makes to the feed or the zones of a block. It explains why a

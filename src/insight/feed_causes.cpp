@@ -133,8 +133,8 @@ class PlaceSearch {
 
 const RuleText& TextOf(FeedRule rule) {
   static constexpr RuleText kTexts[kFeedRules] = {
-      {"slope", "경사"},      {"master", "마스터 모델"}, {"xy corner", "XY 코너"},
-      {"z corner", "Z 코너"}, {"arc", "원호"},
+      {"slope", "경사"},      {"master", "마스터 모델"}, {"XY corner", "XY 코너"},
+      {"Z corner", "Z 코너"}, {"arc", "원호"},
   };
   return kTexts[static_cast<size_t>(rule)];
 }

@@ -9,7 +9,7 @@ namespace {
 
 constexpr const char* kBetweenParts = " | ";
 
-// "slope", "xy corner, head slope, tail xy corner".
+// "slope", "XY corner, head slope, tail XY corner".
 std::string RulesText(const MoveRules& rules, const MoveWords& words) {
   const char* const names[kMoveParts] = {nullptr, words.head, words.tail};
   std::string text;

@@ -48,7 +48,7 @@ struct MoveFacts {
 MoveFacts FactsOf(const BlockStore& store, uint32_t block, const FeedCauses* causes,
                   SourceLines* lines);
 
-// "line 12: G1 X10 | to 10 0 -2 | programmed 1200, adjusted 1000 tail 30% 200 | tail xy corner".
+// "line 12: G1 X10 | to 10 0 -2 | programmed 1200, adjusted 1000 tail 30% 200 | tail XY corner".
 // A move whose feed is the programmed one has "feed 1200" instead, a rapid has "rapid". Parts that
 // are not known are left out.
 std::string MoveText(const MoveFacts& facts, const MoveWords& words);

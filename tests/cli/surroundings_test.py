@@ -122,7 +122,7 @@ class Surroundings(unittest.TestCase):
         self.assertAlmostEqual(minutes, causes["straightCuts"], 9)
         self.assertAlmostEqual(sum(b["minutes"] for b in causes["bands"]), causes["straightCuts"], 9)
         place = causes["places"][0]
-        self.assertEqual(["xy corner", 2, 4, 2, "G01 X100 F500"],
+        self.assertEqual(["XY corner", 2, 4, 2, "G01 X100 F500"],
                          [place[k] for k in ("rule", "firstLine", "lastLine", "line", "text")])
 
     def test_entries_left_out_of_a_long_list_are_reported(self):

@@ -68,7 +68,7 @@ struct Adjusted {
     FeedPass(&program, job, nullptr, &memory, causes.Follow(program.store.blockCount));
   }
 
-  // "xy corner 0.09 min lines 2-3 at 2", the costliest first.
+  // "XY corner 0.09 min lines 2-3 at 2", the costliest first.
   std::string Places() {
     std::string text;
     for (const SlowPlace& place :
@@ -97,13 +97,13 @@ std::string Along(char axis, int count) {
 TEST(FeedCauses, PlacesAreRunsOfLinesThatOneRuleSlows) {
   const std::string start = "G0 X0 Y0 Z0\nG1 F500\n";
   const Rows<std::string, const char*> rows = {
-      {start + Along('X', 50) + Along('Y', 50), "xy corner 0.090 min lines 52-53 at 52"},
+      {start + Along('X', 50) + Along('Y', 50), "XY corner 0.090 min lines 52-53 at 52"},
       {start + Along('X', 5) + Along('Y', 5) + Along('X', 5),
-       "xy corner 0.180 min lines 7-13 at 7"},
+       "XY corner 0.180 min lines 7-13 at 7"},
       {start + Along('X', 5) + Along('Y', 6) + Along('X', 5),
-       "xy corner 0.090 min lines 7-8 at 7; xy corner 0.090 min lines 13-14 at 13"},
+       "XY corner 0.090 min lines 7-8 at 7; XY corner 0.090 min lines 13-14 at 13"},
       {start + Along('X', 5) + Along('Z', 2) + Along('X', 5),
-       "slope 1.800 min lines 8-9 at 8; z corner 0.090 min lines 7-10 at 7"},
+       "slope 1.800 min lines 8-9 at 8; Z corner 0.090 min lines 7-10 at 7"},
       {start + Along('X', 9), ""},
   };
   for (const auto& [text, expected] : rows) EXPECT_EQ(Adjusted(text).Places(), expected) << text;
@@ -115,12 +115,12 @@ TEST(ProgramText, MovesInWords) {
   SourceLines lines(&adjusted.program.source, &adjusted.files);
   const Rows<uint32_t, const char*, const char*> rows = {
       {0, "line 1: G0 X0 Y0 Z1 | to 0 0 1 | rapid", "1번 줄: G0 X0 Y0 Z1 | 끝점 0 0 1 | 급속이송"},
-      {1, "line 2: G1 Z-5 F700 | to 0 0 -5 | programmed 700, adjusted 100 | z corner",
+      {1, "line 2: G1 Z-5 F700 | to 0 0 -5 | programmed 700, adjusted 100 | Z corner",
        "2번 줄: G1 Z-5 F700 | 끝점 0 0 -5 | 프로그램 피드 700, 조정된 피드 100 | Z 코너"},
       {2, "line 3: (가)", "3번 줄: (가)"},
       {3,
        "line 4: X200 | to 200 0 -5 | programmed 700, adjusted 1000 head 2% 100 tail 2% 100 | "
-       "head z corner, tail xy corner",
+       "head Z corner, tail XY corner",
        "4번 줄: X200 | 끝점 200 0 -5 | 프로그램 피드 700, 조정된 피드 1000 앞 2% 100 뒤 2% 100 | "
        "앞 Z 코너, 뒤 XY 코너"},
       {8, "line 8: X950 | to 950 50 -5 | feed 1000", "8번 줄: X950 | 끝점 950 50 -5 | 피드 1000"},
