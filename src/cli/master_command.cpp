@@ -105,7 +105,7 @@ int RunMasterBuild(const Call& call) {
   view.masterDialog.MasterAllowance = allowance.value_or(defaults.MasterAllowance);
   view.masterDialog.MasterTolerance = tolerance.value_or(defaults.MasterTolerance);
   PrepareProgram(file, params.Adjusts(), &view);
-  ShowProgress(file.argument + ": building the model");
+  ShowProgress(file.argument + ": building the master model");
   BuildModel(file.argument, &view);
   if (WriteMasterFile(outPath, view.masterGrid, host.files.get()) != MasterFileResult::kDone) {
     throw Failure{*out, WriteProblem(host.files->LastError())};

@@ -5,6 +5,7 @@
 #include <csignal>
 
 #include "base/format.h"
+#include "base/path_text.h"
 #include "cli/output.h"
 #include "platform/termination.h"
 
@@ -49,7 +50,8 @@ class Terminal final : public Progress {
   bool Show(const State& state) override {
     const std::string file =
         state.files > 0 ? Format("%zu/%zu ", state.file, state.files) : std::string();
-    ShowProgress(file + state.path + Format(": %s %d %%", WorkText(state.work), state.percent));
+    const std::string name = NameOfPath(state.path, kAnySlash);
+    ShowProgress(file + name + Format(": %s %d %%", WorkText(state.work), state.percent));
     return !isInterrupted;
   }
   void Hide() override { ShowProgress(""); }
