@@ -22,6 +22,7 @@
 #include "desktop/leaving.h"
 #include "desktop/reload.h"
 #include "insight/program_text.h"
+#include "jobs/labels.h"
 #include "platform/vector_registers.h"
 #include "shell/configuration.h"
 #include "shell/lists.h"
@@ -310,7 +311,8 @@ QString MainWindow::MoveTextOf(CTVXView* view, Mark mark) const {
   if (!block) return {};
   const MoveFacts facts = FactsOf(view->program.store, *block, view->causes.get(),
                                   view->text.LinesOf(view->program, app_->files));
-  const MoveWords& words = InLanguage("ko", "en") == "ko" ? kKoreanMoveWords : kEnglishMoveWords;
+  const MoveWords& words =
+      LanguageInUse() == kEnglishLabels ? kEnglishMoveWords : kKoreanMoveWords;
   return Printable(ToQt(MoveText(facts, words)));
 }
 

@@ -34,14 +34,14 @@ bool ScratchFile::Read(std::string* bytes) const {
   return true;
 }
 
-std::string TemporaryFolder() {
+std::string FolderForTemporaries() {
   std::error_code error;
   return fs::temp_directory_path(error).string();
 }
 
 uint64_t TemporarySpace() {
   std::error_code error;
-  const fs::space_info space = fs::space(TemporaryFolder(), error);
+  const fs::space_info space = fs::space(FolderForTemporaries(), error);
   return error ? 0 : space.available;
 }
 

@@ -24,7 +24,7 @@ class ScratchFile {
 };
 
 // The folder for temporary files; empty if there is none.
-std::string TemporaryFolder();
+std::string FolderForTemporaries();
 
 // Bytes that are free in it.
 uint64_t TemporarySpace();

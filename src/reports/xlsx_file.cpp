@@ -47,7 +47,7 @@ std::string CellText(std::string_view text) {
 struct XlsxFile::Workbook {
   ScratchFile file;
   std::string path = file.Path();
-  std::string temporaryFolder = TemporaryFolder();
+  std::string temporaryFolder = FolderForTemporaries();
   lxw_workbook* workbook = nullptr;
   lxw_worksheet* sheet = nullptr;
   std::array<lxw_format*, std::size(kStyles)> formats{};
