@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "model/arc_geometry.h"
 #include "model/vectors.h"
@@ -159,8 +160,11 @@ void FeedCauses::Note(FeedRule rule, uint32_t block, const MotionBlock& before,
     rules_[block] = static_cast<uint16_t>(others | (static_cast<unsigned>(rule) + 1) << shift);
   };
   set(MovePart::kMiddle, before.feed != after.feed);
-  set(MovePart::kHead, before.headFeed != after.headFeed);
-  set(MovePart::kTail, before.tailFeed != after.tailFeed);
+  // A zone that becomes longer lowers the feed of what it takes in.
+  const auto headOf = [](const MotionBlock& b) { return std::pair(b.headPercent, b.headFeed); };
+  const auto tailOf = [](const MotionBlock& b) { return std::pair(b.tailPercent, b.tailFeed); };
+  set(MovePart::kHead, headOf(before) != headOf(after));
+  set(MovePart::kTail, tailOf(before) != tailOf(after));
 }
 
 MoveRules FeedCauses::RulesOf(uint32_t block, const MotionBlock& stored) const {

@@ -26,8 +26,8 @@ const RuleText& TextOf(FeedRule rule);
 enum class MovePart : uint8_t { kMiddle, kHead, kTail };
 inline constexpr size_t kMoveParts = 3;
 
-// The rule that last lowered the feed of each part of a move, by MovePart; none for a part that no
-// rule lowered.
+// The rule that last lowered the feed of each part of a move, or made a zone longer, by MovePart;
+// none for a part that no rule lowered.
 using MoveRules = std::array<std::optional<FeedRule>, kMoveParts>;
 
 // Follows feed passes over one program. It takes 2 bytes for each block from the first pass that it

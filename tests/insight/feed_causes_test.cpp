@@ -109,6 +109,19 @@ TEST(FeedCauses, PlacesAreRunsOfLinesThatOneRuleSlows) {
   for (const auto& [text, expected] : rows) EXPECT_EQ(Adjusted(text).Places(), expected) << text;
 }
 
+TEST(FeedCauses, RuleThatLengthensZoneIsItsRule) {
+  FeedCauses causes;
+  const FeedTrace trace = causes.Follow(1);
+  MotionBlock shortZone;
+  shortZone.tailPercent = 6;
+  shortZone.tailFeed = 570;
+  MotionBlock longZone = shortZone;
+  longZone.tailPercent = 23;
+  trace(FeedRule::kXyCorner, 0, MotionBlock{}, shortZone);
+  trace(FeedRule::kZCorner, 0, shortZone, longZone);
+  EXPECT_EQ(causes.RulesOf(0, longZone)[static_cast<size_t>(MovePart::kTail)], FeedRule::kZCorner);
+}
+
 TEST(ProgramText, MovesInWords) {
   Adjusted adjusted(
       "G0 X0 Y0 Z1\nG1 Z-5 F700\n(\xB0\xA1)\nX200\nY50 F1000\nG2 X250 Y50 I25 J0\nG1 X900\nX950\n");
