@@ -2,10 +2,12 @@
 // the values over, and a cancel does what the logic does. The rules are tested with the logic.
 
 #include <QAbstractButton>
+#include <QDesktopServices>
 #include <QFileDialog>
 #include <QRegularExpression>
 #include <QScrollBar>
 #include <QSlider>
+#include <QTextBrowser>
 #include <QTreeWidget>
 
 #include "base/format.h"
@@ -218,6 +220,16 @@ TEST_F(DialogFaces, ResultList) {
   EXPECT_EQ(View().results.entryCount, 1);
   RunCommand(kResultList, "Clear");
   EXPECT_EQ(View().results.entryCount, 0);
+}
+
+TEST_F(DialogFaces, WrittenJobSheetIsOfferedToBrowser) {
+  View().results = TableOf({PlainEntry("a.nc")});
+  RunCommand(kResultList, "HTML > c:\\windows\\week.html | OK");
+  QTextBrowser browser;
+  QDesktopServices::setUrlHandler("file", &browser, "setSource");
+  user.Do(window.get(), "Open");
+  QDesktopServices::unsetUrlHandler("file");
+  EXPECT_EQ(FromQt(browser.source().toLocalFile()), (home / "drive_c/windows/week.html").string());
 }
 
 // The windows of the program that no dialog test opens.
