@@ -40,6 +40,7 @@ void RunReport::OnLoad(const std::string& path) {
     found->second = NoteRemarks({path, path}, view_, wantsCheck);
   } catch (const Failure& failure) {
     Fail(failure.file, failure.reason);
+    if (wantsCheck) unchecked_.insert(path);
   }
 }
 
@@ -48,6 +49,8 @@ void RunReport::OnLoaded() {
 }
 
 void RunReport::OnRecorded(const std::string& path) {
+  CutTimeEntry& entry = view_.results.entries[static_cast<size_t>(view_.results.entryCount) - 1];
+  if (unchecked_.contains(path)) entry.isPart = true;
   const float after = view_.fileInfo.current.totalMinutes;
   totals_.Add(programmed_.minutes, after);
   if (view_.job.AfaEnabled == 1) NoteLongerTime(path, programmed_, after, view_.job.MaxFeed);
@@ -55,7 +58,7 @@ void RunReport::OnRecorded(const std::string& path) {
   if (machine_) {
     machineTimes_.push_back(ComputeMachineTime(&view_.program.store, *machine_, PausesOf(check)));
   }
-  EntryDetails* const details = view_.results.Recorded().back().details.get();
+  EntryDetails* const details = entry.details.get();
   if (details == nullptr) return;
   if (machine_) details->machine = {*machine_, machineTimes_.back()};
   if (check) AddCheck(*check, details);

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -52,6 +53,7 @@ class RunReport final : public RunObserver {
   const std::optional<MachineProfile>& machine_;
   CTVXView& view_;
   std::map<std::string, std::optional<ProgramCheck>> checks_;  // by path
+  std::set<std::string> unchecked_;  // paths of a check that is wanted and failed
   std::vector<MachineTime> machineTimes_;
   bool failed_ = false;
   bool isFresh_ = false;

@@ -26,7 +26,7 @@ struct CheckOptions {
   // bytes, so a program of any size takes at most some 13 MB.
   size_t storedPerId = 10'000;
   // How many blocks the store of the load can hold.
-  uint32_t storeCapacity = BlockStore::kMaxPages * BlockStore::blocksPerPage;
+  uint32_t storeCapacity = BlockStore::kMaxBlocks;
   // Gets the bytes read. Once it is stopped, the check ends as at the end of the program.
   Progress* progress = NoProgress();
 };

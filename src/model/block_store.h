@@ -63,6 +63,7 @@ class BlockStore {
  public:
   static constexpr uint32_t blocksPerPage = 2041;
   static constexpr uint32_t kMaxPages = 4000;
+  static constexpr uint32_t kMaxBlocks = kMaxPages * blocksPerPage;
   // |x| or |z| above this makes a record bad. y is not tested.
   static constexpr float kCoordinateLimit = 32700.0F;
   // What a repaired record says beside a place at the limit: a harmless feed, mm/min.

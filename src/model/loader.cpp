@@ -186,6 +186,9 @@ LoadResult LoadNcFile(const std::string& path, NcProgram* program, ParserStates*
       return LoadResult::kStopped;
     }
     program->source.lines = lines.Finish(store.blockCount);
+    // A program that is too large for the store is figured up to its last block; one that finds no
+    // memory could be figured whole another time.
+    program->isPart = program->lostBlocks > 0 && store.blockCount < BlockStore::kMaxBlocks;
     if (!hasRoom) return LoadResult::kStoreFull;
   }
   StartFirstRun(&store);

@@ -38,7 +38,8 @@ struct NcProgram {
   float arcRadius = 0;           // last radius read; not reset by a load
   int32_t firstPoint = 1;        // the next drawing starts with a silent first point
   uint64_t lostBlocks = 0;       // of the load: those that found no place in the store
-  bool isPart = false;           // the file, or the master model for it, could not be read whole
+  // The file, or the master model for it, could not be read whole, or found no memory.
+  bool isPart = false;
   ProgramSource source = {};
   uint32_t edition = 0;  // another number for each program that fills the store
   // Before the first adjustment, if results are to have details; nothing before that.

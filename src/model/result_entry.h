@@ -54,7 +54,8 @@ struct CutTimeEntry {
   // Number of the program check (shell/view_check.h) in the window that recorded the entry; 0 for
   // none. It is no field of any file.
   uint32_t check = 0;
-  // The program or its master model could not be read whole. It is no field of any file.
+  // The program or its master model could not be read whole, or could not be checked for what was
+  // wanted. It is no field of any file.
   bool isPart = false;
   // For the job sheet; null unless the result table keeps them. In no file of its own.
   std::shared_ptr<EntryDetails> details;

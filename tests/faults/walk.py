@@ -23,6 +23,7 @@ import subprocess
 import sys
 import tempfile
 import time
+import zipfile
 
 # Kind of call, how it fails.
 FAULTS = [
@@ -60,6 +61,9 @@ COMMANDS = {
     "svg": ("picture -o p.svg arcs.nc", ["p.svg"]),
     "png": ("picture --size 80x60 -o p.png arcs.nc", ["p.png"]),
     "run": ("run --report r.tvx --list r.mcf --pictures list.txt", ["r.tvx", "r.mcf", "part.nc.emf", "arcs.nc.emf"]),
+    "run pages": ("run --sheet-html s.html --csv s.csv list.txt", ["s.html", "s.csv"]),
+    "run workbook": ("run --xlsx s.xlsx list.txt", ["s.xlsx"]),
+    "causes": ("causes --top 2 part.nc", []),
     "run builds": ("run --machine m.machine --list-copy out/r.mcf build.txt",
                    ["n.mma", "out/r.mcf", "out/n.mma", "out/part.nc", "out/arcs.nc"]),
 }
@@ -109,8 +113,15 @@ class Walk:
         return folder
 
     @staticmethod
-    def tree(folder):
-        return {str(path.relative_to(folder)): path.read_bytes() for path in folder.rglob("*") if path.is_file()}
+    def content(path):
+        """The bytes of a file; of a workbook without the time of its creation."""
+        if not zipfile.is_zipfile(path):
+            return path.read_bytes()
+        with zipfile.ZipFile(path) as parts:
+            return b"".join(parts.read(name) for name in parts.namelist() if name != "docProps/core.xml")
+
+    def tree(self, folder):
+        return {str(path.relative_to(folder)): self.content(path) for path in folder.rglob("*") if path.is_file()}
 
     def judge(self, name, run, folder, before, good):
         """What is wrong with a run, or None."""

@@ -97,6 +97,7 @@ TEST(Loader, FullStoreLosesBlocksAndEndsAtAnArcWithoutItsCentre) {
   EXPECT_EQ(load.Load(text), LoadResult::kBlocksLost);
   EXPECT_EQ(load.program.store.blockCount, 2041U);
   EXPECT_EQ(load.program.lostBlocks, 4101U - 2041U);
+  EXPECT_TRUE(load.program.isPart) << "there is no memory, but room in the store";
   EXPECT_EQ(memory.Tries(), 2);
   EXPECT_EQ(load.states.word.savedPos.x, 2050) << "the rest was parsed";
 
