@@ -164,6 +164,14 @@ std::string EncodeCp949(std::string_view utf8) {
   return result;
 }
 
+std::string MarkupText(std::string_view text) {
+  std::string markup = DocumentText(text);
+  constexpr const char* kEscapes[][2] = {
+      {"&", "&amp;"}, {"<", "&lt;"}, {">", "&gt;"}, {"\"", "&quot;"}, {"'", "&#39;"}};
+  for (const auto& [character, escape] : kEscapes) ReplaceAll(character, escape, &markup);
+  return markup;
+}
+
 bool IsUtf8(std::string_view bytes) {
   for (size_t position = 0; position < bytes.size();) {
     if (TakeUtf8(bytes, &position) == kMalformed) return false;

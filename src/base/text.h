@@ -27,6 +27,10 @@ std::string ShownText(std::string_view utf8);
 // and U+FFFF, which are no characters. The result is well-formed UTF-8.
 std::string DocumentText(std::string_view text);
 
+// The text between tags of XML or HTML, or in an attribute: as DocumentText, with "&", "<", ">" and
+// both quotes escaped.
+std::string MarkupText(std::string_view text);
+
 // True for well-formed UTF-8, plain ASCII included.
 bool IsUtf8(std::string_view bytes);
 

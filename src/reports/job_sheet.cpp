@@ -113,14 +113,6 @@ a { color: var(--mark); text-decoration: none; }
 }
 )";
 
-std::string Escaped(std::string_view name) {
-  std::string text = DocumentText(name);
-  constexpr const char* kEscapes[][2] = {
-      {"&", "&amp;"}, {"<", "&lt;"}, {">", "&gt;"}, {"\"", "&quot;"}, {"'", "&#39;"}};
-  for (const auto& [character, escape] : kEscapes) ReplaceAll(character, escape, &text);
-  return text;
-}
-
 // Collects pieces and writes them to the file.
 class Page {
  public:
@@ -132,7 +124,7 @@ class Page {
 
   // Markup as it is.
   void Mark(std::string_view markup) { buffer_.Write(markup); }
-  void Text(std::string_view text) { buffer_.Write(Escaped(text)); }
+  void Text(std::string_view text) { buffer_.Write(MarkupText(text)); }
   void Text(const Words& words) { Text(In(words)); }
 
   // An element with a text. `tag` may hold attributes.

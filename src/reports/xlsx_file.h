@@ -1,12 +1,12 @@
-// A workbook file (*.xlsx) with one sheet, written without an office program. The only part of TVX
-// that uses libxlsxwriter.
+// A workbook file (*.xlsx) with one sheet, written without an office program: the parts of the
+// format in XML (ECMA-376, SpreadsheetML and DrawingML), in a ZIP archive.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
-#include <memory>
+#include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/files.h"
 
@@ -17,13 +17,8 @@ enum class XlsxStyle { kPlain, kTitle, kLength, kMinutes, kTotal, kTotalLength, 
 // Rows and columns count from 0.
 class XlsxFile {
  public:
-  XlsxFile();
-  ~XlsxFile();
-  XlsxFile(const XlsxFile&) = delete;
-  XlsxFile& operator=(const XlsxFile&) = delete;
-
   // Stored as a text, whatever it begins with. What the format cannot hold becomes U+FFFD, and
-  // what is beyond its length is cut off.
+  // what is beyond its length is cut off. An empty text leaves the cell empty.
   void PutText(uint32_t row, uint16_t column, std::string_view text,
                XlsxStyle style = XlsxStyle::kPlain);
   // A number that is not finite leaves the cell empty.
@@ -34,19 +29,38 @@ class XlsxFile {
   // A PNG picture, `scale` times its size. The row and the column do not grow with it.
   void PutPicture(uint32_t row, uint16_t column, const std::string& png, double scale,
                   const std::string& description);
-  // Sizes in pixels.
+  // Sizes in pixels. Columns are set from left to right.
   void SetColumnWidth(uint16_t first, uint16_t last, uint32_t width);
-  void SetRowHeight(uint32_t row, uint32_t height);
+  void SetRowHeight(uint32_t row, uint32_t height) { rows_[row].height = height; }
   // The rows above stay in sight.
-  void FreezeAbove(uint32_t row);
+  void FreezeAbove(uint32_t row) { frozenRows_ = row; }
 
-  // Creates or replaces the file; the last call. Returns false if that fails; an existing file is
-  // then unchanged.
-  bool Write(const std::string& path, Files* files);
+  // Creates or replaces the file. Equal contents give equal bytes. Returns false if that fails; an
+  // existing file is then unchanged.
+  bool Write(const std::string& path, Files* files) const;
 
  private:
-  struct Workbook;
-  std::unique_ptr<Workbook> workbook_;
+  struct Row {
+    uint32_t height = 0;                    // pixels; 0 for the usual one
+    std::map<uint16_t, std::string> cells;  // as markup, by column
+  };
+  struct Picture {
+    uint32_t row;
+    uint16_t column;
+    std::string png;
+    double scale;
+    std::string description;
+  };
+
+  void PutCell(uint32_t row, uint16_t column, XlsxStyle style, const std::string& attributes,
+               const std::string& content);
+  std::string Sheet() const;
+  std::string Drawing() const;
+
+  std::map<uint32_t, Row> rows_;
+  std::string columns_;  // as markup
+  std::vector<Picture> pictures_;
+  uint32_t frozenRows_ = 0;
 };
 
 }  // namespace tvx
