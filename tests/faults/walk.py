@@ -136,14 +136,20 @@ class Walk:
             return "no line on standard error"
         return None if any(word in lines[-1] for word in names) else "no file named"
 
-    def walk(self, name, fault):
+    def without_fault(self, name):
+        """The files before a run, and its status, output and files."""
         command, outputs = COMMANDS[name]
-        kind, mode, number = fault
         folder = self.fresh(outputs)
         before = self.tree(folder)
         run = self.call(command, folder)
-        good = run.returncode, run.stdout, self.tree(folder)
         assert run.returncode == 0, (name, run.stderr)
+        good = run.returncode, run.stdout, self.tree(folder)
+        shutil.rmtree(folder)
+        return before, good
+
+    def walk(self, name, fault, before, good):
+        command, outputs = COMMANDS[name]
+        kind, mode, number = fault
         n, faults, violations = 1, 0, []
         while True:
             folder = self.fresh(outputs)
@@ -203,8 +209,9 @@ def main():
             print("\n".join(wrong for _, wrong in ends if wrong))
             print(f"{len(ends)} kills, {sum(killed for killed, _ in ends)} before the end of the run")
             sys.exit(any(wrong for _, wrong in ends))
-        walks = [pool.submit(walk.walk, name, fault)
-                 for name in COMMANDS if arguments.only in name for fault in FAULTS
+        names = [name for name in COMMANDS if arguments.only in name]
+        walks = [pool.submit(walk.walk, name, fault, *unharmed)
+                 for name, unharmed in zip(names, pool.map(walk.without_fault, names)) for fault in FAULTS
                  if not arguments.short or fault[0] == "alloc" or fault[1] != "always"]
         results = [walk.result() for walk in walks]
     violations = [violation for _, found in results for violation in found]
