@@ -15,8 +15,9 @@ void CsvOption::Check() const {
   if (hasMark_ && !path_) throw WrongCall{"--bom needs --csv"};
 }
 
-void CsvOption::Write(const Host& host, const std::string& rows) const {
+void CsvOption::Write(const Host& host, const std::string& rows, bool isPart) const {
   if (!path_) return;
+  if (isPart) throw Failure{*path_, WriteProblem(kPartSource)};
   const std::string mark(hasMark_ ? kUtf8Mark : "");
   if (!WriteWholeFile(host.files.get(), host.DrivePath(*path_), mark + rows)) {
     throw Failure{*path_, WriteProblem(host.files->LastError())};

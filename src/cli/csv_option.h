@@ -14,11 +14,10 @@ class CsvOption {
   void AddTo(CommandLine* line);
   // Call it after the parse: throws WrongCall for --bom without --csv.
   void Check() const;
-  // As the user named the file; null without --csv.
-  const std::string* path() const { return path_ ? &*path_ : nullptr; }
   // Creates or replaces the file with the rows, UTF-8; nothing without --csv. Throws Failure, with
-  // an older file unchanged, if it cannot be written.
-  void Write(const Host& host, const std::string& rows) const;
+  // an older file unchanged, if it cannot be written, or if the rows are only a part: a program
+  // could not be read.
+  void Write(const Host& host, const std::string& rows, bool isPart) const;
 
  private:
   std::optional<std::string> path_;

@@ -89,15 +89,12 @@ bool WriteOutputs(const RunOutputs& outputs, const Host& host,
   WriteOutput(host, outputs.listCopy, [&](const std::string& path) {
     return WriteListCopy(*outputs.listCopy, path, *results, files, &failed);
   });
-  if (outputs.csv.path() != nullptr && results->HasPart()) {
-    throw Failure{*outputs.csv.path(), WriteProblem(kPartSource)};
-  }
   WriteOutput(host, outputs.page, [&](const std::string& path) {
     return WriteJobSheetFile(path, *results, host.app.LabelLanguage, files);
   });
   WriteOutput(host, outputs.workbook,
               [&](const std::string& path) { return WriteResultWorkbook(path, *results, files); });
-  outputs.csv.Write(host, ResultsCsv(*results, machineTimes));
+  outputs.csv.Write(host, ResultsCsv(*results, machineTimes), results->HasPart());
   const bool copied = ReportFailedCopies(failed);
   if (outputs.sheet) {
     ShowProgress(*outputs.sheet + ": filling");

@@ -1,5 +1,6 @@
 // tvx-cli time: what a program needs as programmed, and after the feed adjustment.
 
+#include <cerrno>
 #include <optional>
 #include <string>
 #include <vector>
@@ -215,13 +216,14 @@ int RunTime(const Call& call) {
       Print(TimesTable(file, times));
     }
   };
-  bool failed = false;
+  bool failed = false, isPart = false;
   for (const std::string& argument : arguments) {
     try {
       time(argument);
     } catch (const Failure& failure) {
       PrintRemark(failure.file + ": " + failure.reason);
       failed = true;
+      isPart = isPart || host.files->LastError() != ENOENT;
     }
   }
   if (!json && arguments.size() > 1) {
@@ -229,7 +231,7 @@ int RunTime(const Call& call) {
           totals.Line(params.Adjusts()));
   }
   if (json) Print(JsonText(document));
-  csv.Write(host, rows);
+  csv.Write(host, rows, isPart);
   return failed ? 1 : 0;
 }
 

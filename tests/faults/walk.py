@@ -42,6 +42,7 @@ COMMANDS = {
     "conversational": ("blocks --set InputFileType=2 part.hnc", []),
     "check": ("check --lines 2 part.nc arcs.nc", []),
     "time": ("time --master m.mma --machine m.machine --json part.nc", []),
+    "times": ("time --csv t.csv --bom part.nc arcs.nc", ["t.csv"]),
     "info": ("info arcs.nc", []),
     "draw": ("draw arcs.nc", []),
     "project": ("project --fit part.nc 1,2,3", []),
