@@ -1,3 +1,4 @@
+// The parts of a workbook as markup. Texts are stored in their cells, not in a table of their own.
 #include "reports/xlsx_file.h"
 
 #include <cmath>

@@ -1,3 +1,4 @@
+// The archive is built in a source of libzip that grows in memory, and is read back from there.
 #include "reports/zip_archive.h"
 
 #include <zip.h>
