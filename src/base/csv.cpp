@@ -1,3 +1,4 @@
+// A cell is quoted only where RFC 4180 asks for it.
 #include "base/csv.h"
 
 #include <cmath>

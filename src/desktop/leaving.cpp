@@ -1,3 +1,4 @@
+// The question before a window with results closes, and the answer that is kept.
 #include "desktop/leaving.h"
 
 #include <QCheckBox>

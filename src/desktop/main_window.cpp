@@ -311,8 +311,7 @@ QString MainWindow::MoveTextOf(CTVXView* view, Mark mark) const {
   if (!block) return {};
   const MoveFacts facts = FactsOf(view->program.store, *block, view->causes.get(),
                                   view->text.LinesOf(view->program, app_->files));
-  const MoveWords& words =
-      LanguageInUse() == kEnglishLabels ? kEnglishMoveWords : kKoreanMoveWords;
+  const MoveWords& words = LanguageInUse() == kEnglishLabels ? kEnglishMoveWords : kKoreanMoveWords;
   return Printable(ToQt(MoveText(facts, words)));
 }
 

@@ -1,3 +1,4 @@
+// The start of the program: settings files into the state that all windows share.
 #include "shell/application.h"
 
 #include <algorithm>
