@@ -278,6 +278,10 @@ std::string CTransferDlg::ProgramPath(size_t entry) const {
 
 void CTransferDlg::SaveList() {
   const std::string path = EnvironmentFile(kListFile) + ".txt";
+  // The list runs with such a name, but is not read back with it: one message is enough.
+  for (const std::string& name : list.names) {
+    if (!AcceptWord(name, ui_)) break;
+  }
   ShowWritten(WriteWholeFile(files_, path, EncodeCp949(PrintJobList(list))), path, ui_);
 }
 

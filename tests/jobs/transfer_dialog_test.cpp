@@ -193,6 +193,12 @@ TEST_F(TransferDialog, SavesAndReadsLists) {
   dialog.list.Insert(1, "b.nc", "Dir c:\\y ");
   dialog.SaveList();
   EXPECT_EQ(files.Bytes("c:\\marlo\\FList1.txt"), saved);
+  EXPECT_TRUE(ui.messages.empty());
+  dialog.list.names[1] = "b c.nc";
+  dialog.SaveList();
+  EXPECT_EQ(ui.messages.back().path, "b c.nc");
+  dialog.list.names[1] = "b.nc";
+  dialog.SaveList();
   dialog.ClearList();
   files.RefuseWrite(1);
   dialog.SaveList();
