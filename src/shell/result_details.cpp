@@ -1,6 +1,7 @@
 // Draws the picture of a result into memory, and brings its figures together.
 #include "shell/result_details.h"
 
+#include "platform/progress.h"
 #include "shell/program_steps.h"
 #include "view/picture.h"
 
@@ -85,7 +86,11 @@ void AddCheck(const ProgramCheck& check, EntryDetails* details) {
 
 void CompleteDetails(CTVXView* view) {
   constexpr uint64_t kLinesOfAStep = 100'000;
+  Progress* const progress = view->app->ui->LongWork();
+  const WorkScope work(progress, Work::kCheck, "");
+  const size_t all = view->check.Pending();
   while (view->check.CheckMore(kLinesOfAStep, view->app->files)) {
+    progress->Step(all - view->check.Pending(), all);
   }
   for (const CutTimeEntry& entry : view->results.Recorded()) {
     const auto check = view->check.Of(entry);

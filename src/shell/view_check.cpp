@@ -67,8 +67,9 @@ ViewCheck::Entry* ViewCheck::Next() {
   return entry == entries_.end() ? nullptr : &*entry;
 }
 
-bool ViewCheck::IsUnderWay() const {
-  return std::ranges::any_of(entries_, [](const Entry& entry) { return entry.start != nullptr; });
+size_t ViewCheck::Pending() const {
+  const auto isPending = [](const Entry& entry) { return entry.start != nullptr; };
+  return static_cast<size_t>(std::ranges::count_if(entries_, isPending));
 }
 
 std::shared_ptr<const FileCheck> ViewCheck::Loaded() const {

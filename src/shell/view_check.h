@@ -46,7 +46,9 @@ class ViewCheck {
   // Checks up to so many further lines: of the program loaded last, then of the kept ones in their
   // order. Returns false once all checks have ended.
   bool CheckMore(uint64_t lines, Files* files);
-  bool IsUnderWay() const;
+  // Checks that have not ended.
+  size_t Pending() const;
+  bool IsUnderWay() const { return Pending() > 0; }
 
   // Of the program loaded last: its check, null if nothing was loaded; what that says.
   std::shared_ptr<const FileCheck> Loaded() const;
