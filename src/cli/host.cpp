@@ -101,7 +101,10 @@ std::string Host::ReadablePath(const std::string& argument) const {
 std::string Host::ProgramPath(const std::string& argument) const {
   if (argument != kStandardInput) return ReadablePath(argument);
   if (input_ == nullptr) input_ = std::make_unique<StandardInput>();
-  if (!input_->IsComplete()) throw Failure{argument, "cannot be copied to a temporary file"};
+  if (input_->error() != 0) {
+    throw Failure{argument,
+                  "cannot be copied to a temporary file: " + FileErrorText(input_->error())};
+  }
   const std::optional<std::string> path = drives_.FromHost(input_->path());
   if (!path) throw Failure{argument, "has its temporary file on no drive"};
   return *path;

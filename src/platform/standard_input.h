@@ -16,12 +16,13 @@ class StandardInput {
   StandardInput(const StandardInput&) = delete;
   StandardInput& operator=(const StandardInput&) = delete;
 
-  // False if the copy could not be written; there is then no file.
-  bool IsComplete() const { return isComplete_; }
+  // Why standard input could not be read to its end or the copy not be written: an errno value. 0
+  // if the copy is complete; otherwise there is no file.
+  int error() const { return error_; }
   const std::filesystem::path& path() const { return path_; }
 
  private:
-  bool isComplete_ = false;
+  int error_ = 0;
   std::filesystem::path path_;
   std::optional<TemporaryPath> registered_;
 };
