@@ -5,6 +5,7 @@
 #include <cerrno>
 
 #include "base/format.h"
+#include "base/text.h"
 #include "cli/command.h"
 #include "cli/output.h"
 #include "cli/tool_progress.h"
@@ -14,12 +15,14 @@ namespace tvx {
 namespace {
 
 // As an argument of a shell.
-std::string Quoted(const std::string& word) {
+std::string Quoted(std::string word) {
   constexpr auto isPlain = [](char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
            std::string_view("./_-").find(c) != std::string_view::npos;
   };
-  return std::ranges::all_of(word, isPlain) ? word : "'" + word + "'";
+  if (std::ranges::all_of(word, isPlain)) return word;
+  ReplaceAll("'", R"('\'')", &word);
+  return "'" + word + "'";
 }
 
 void ThrowIfBroken(const ProgramFile& file, const ProgramCheck& check) {

@@ -3,6 +3,7 @@ import json
 import os
 import pathlib
 import pty
+import shlex
 import signal
 import subprocess
 import sys
@@ -91,6 +92,20 @@ class Surroundings(unittest.TestCase):
         self.assertEqual(cut("--fresh", incremental, relies), [10, 0])
         with open(relies, "rb") as program:
             self.assertEqual(cut(incremental, "-", stdin=program), [10, 5])
+
+    def test_standard_input_that_cannot_be_read_is_no_empty_program(self):
+        for redirect, reason in ((". ", "Is a directory"), ("/dev/null TMPDIR=/nowhere ", "No such file or directory")):
+            run = subprocess.run(["sh", "-c", f"<{redirect} {TOOL} time -"], cwd=self.folder, capture_output=True,
+                                 env={**os.environ, "TVX_HOME": str(self.folder)})
+            self.assertEqual((run.returncode, run.stdout), (1, b""), redirect)
+            self.assertEqual(run.stderr.decode(), f"tvx-cli: -: cannot be copied to a temporary file: {reason}\n")
+
+    def test_remark_quotes_a_file_name_with_an_apostrophe_for_the_shell(self):
+        program = self.folder / "it's.nc"
+        program.write_bytes(b"G83 X1 F100\n")
+        run = self.run_tool("time", program)
+        command = run.stderr.decode().split("; ")[1].removesuffix(" lists them\n")
+        self.assertEqual(shlex.split(command), ["tvx-cli", "check", str(program)])
 
     def test_interrupt_ends_a_run_with_status_1_and_without_files(self):
         (self.folder / "long.nc").write_bytes(b"G1 X0 F500\n" + b"X1\nX0\n" * 2_000_000)
