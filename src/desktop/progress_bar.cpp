@@ -89,7 +89,7 @@ bool ProgressBar::IsOnStopButton(const QPoint& global) const {
   return stop_->isVisible() && stop_->rect().contains(stop_->mapFromGlobal(global));
 }
 
-WindowProgress::WindowProgress() : Progress(kInterval) {}
+WindowProgress::WindowProgress(Files* files) : Progress(kInterval), files_(files) {}
 
 void WindowProgress::SetBar(ProgressBar* bar) {
   bar_ = bar;
@@ -116,9 +116,11 @@ void WindowProgress::Hide() {
 }
 
 void WindowProgress::HandleEvents() {
+  const int reason = files_->LastError();
   qApp->installEventFilter(this);
   QCoreApplication::processEvents(QEventLoop::AllEvents, kMostEventTime);
   qApp->removeEventFilter(this);
+  files_->Fail(reason);
   ReleaseVectorRegisters();  // windows have been painted
 }
 

@@ -3,6 +3,7 @@
 
 #include <QWidget>
 
+#include "platform/files.h"
 #include "platform/progress.h"
 
 class QLabel;
@@ -37,7 +38,9 @@ class WindowProgress : public QObject, public Progress {
   Q_OBJECT
 
  public:
-  WindowProgress();
+  // `files` outlives the object. What the windows read between two parts of the work leaves its
+  // LastError to the work.
+  explicit WindowProgress(Files* files);
 
   // The bar to show. Without one there is only the cursor.
   void SetBar(ProgressBar* bar);
@@ -50,6 +53,7 @@ class WindowProgress : public QObject, public Progress {
  private:
   void HandleEvents();
 
+  Files* files_;
   ProgressBar* bar_ = nullptr;
   bool hasCursor_ = false;
   bool wantsStop_ = false;
