@@ -12,7 +12,7 @@
 #include "cli/output.h"
 #include "cli/params.h"
 #include "cli/program_files.h"
-#include "insight/program_text.h"
+#include "insight/move_text.h"
 
 namespace tvx {
 namespace {

@@ -15,7 +15,7 @@
 #include "cli/params.h"
 #include "cli/program_files.h"
 #include "insight/feed_causes.h"
-#include "insight/program_text.h"
+#include "insight/move_text.h"
 #include "view/path_drawing.h"
 
 namespace tvx {

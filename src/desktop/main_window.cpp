@@ -21,7 +21,7 @@
 #include "desktop/language.h"
 #include "desktop/leaving.h"
 #include "desktop/reload.h"
-#include "insight/program_text.h"
+#include "insight/move_text.h"
 #include "jobs/labels.h"
 #include "platform/vector_registers.h"
 #include "shell/configuration.h"

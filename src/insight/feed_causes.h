@@ -45,8 +45,6 @@ class FeedCauses {
   MoveRules RulesOf(uint32_t block, const MotionBlock& stored) const;
 
   void Clear();
-  // Memory in use beside the object itself.
-  size_t Bytes() const { return rules_.capacity() * sizeof(uint16_t); }
 
  private:
   void Note(FeedRule rule, uint32_t block, const MotionBlock& before, const MotionBlock& after);
@@ -61,8 +59,8 @@ class FeedCauses {
 // atHighestFeed, the minutes of all rules and `unexplained` add up to straightCuts.
 struct CauseMinutes {
   std::array<double, kFeedRules> byRule{};  // by FeedRule
-  double unexplained =
-      0;  // of zones that a pass left which was not followed, and of programmed feeds
+  // Of zones from a pass that was not followed, and of programmed feeds.
+  double unexplained = 0;
   double atHighestFeed = 0;
   double straightCuts = 0;
 

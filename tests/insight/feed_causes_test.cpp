@@ -7,7 +7,7 @@
 
 #include "base/format.h"
 #include "feed/feed_fixture.h"
-#include "insight/program_text.h"
+#include "insight/move_text.h"
 #include "stats/cut_time.h"
 #include "support/memory_files.h"
 #include "support/rows.h"

@@ -1,5 +1,5 @@
 // The texts are put together from the parts that are known.
-#include "insight/program_text.h"
+#include "insight/move_text.h"
 
 #include "base/format.h"
 
