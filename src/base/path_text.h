@@ -1,4 +1,4 @@
-// The two parts of a path as text: the directory and the name.
+// The parts of a path as text: the directory, the name and its ending.
 #pragma once
 
 #include <string>
@@ -14,6 +14,13 @@ inline constexpr std::string_view kAnySlash = "\\/";
 // The part behind the last separator; the whole path if it has none.
 inline std::string NameOfPath(std::string_view path, std::string_view separators) {
   return std::string(path.substr(path.find_last_of(separators) + 1));
+}
+
+// The part of the name behind its last dot, "nc" of "c:\\a\\b.nc"; empty if it has none.
+inline std::string EndingOfPath(std::string_view path, std::string_view separators) {
+  const std::string name = NameOfPath(path, separators);
+  const size_t dot = name.rfind('.');
+  return dot == std::string::npos ? "" : name.substr(dot + 1);
 }
 
 // The part before the last separator, "c:\a" of "c:\a\b.nc"; empty if the path has none.

@@ -21,8 +21,9 @@ int32_t TextToInt(std::string_view text);
 // An empty word as it is written to a file of words, where it would make the next key its value.
 inline constexpr std::string_view kEmptyWord = "-";
 
-// True if the two texts are equal apart from the case of the ASCII letters.
+// True if two texts are equal, or one ends with the other, apart from the case of ASCII letters.
 bool EqualNoCase(std::string_view a, std::string_view b);
+bool EndsWithNoCase(std::string_view text, std::string_view ending);
 
 // Reads a text word by word as fscanf does with "%s", "%f" and "%d". White space (blank, tab, line
 // feed, vertical tab, form feed, carriage return) separates the words; words have any length.

@@ -9,6 +9,7 @@
 #include "cli/command.h"
 #include "cli/output.h"
 #include "cli/tool_progress.h"
+#include "model/loader.h"
 #include "platform/termination.h"
 
 namespace tvx {
@@ -70,7 +71,7 @@ std::optional<ProgramCheck> NoteRemarks(const ProgramFile& file, const CTVXView&
   if (IsQuiet()) return check;
   if (check.Of(RemarkId::kOtherFormat).count > 0) {
     PrintRemark(file.argument + Format(": is in the other format; --set InputFileType=%d reads it",
-                                       view.job.InputFileType == 2 ? 1 : 2));
+                                       OtherFormat(view.job.InputFileType)));
   }
   const auto whole = [](uint64_t value) { return static_cast<unsigned long long>(value); };
   const uint64_t lost = check.Count(RemarkClass::kLost);

@@ -37,9 +37,7 @@ JobList ReadList(const Host& host, const std::string& drivePath, const std::stri
   std::string bytes;
   if (!ReadSettings(host.files.get(), drivePath, &bytes))
     throw Failure{argument, ReadProblem(host.files->LastError())};
-  constexpr size_t kEnding = 4;
-  const bool isMcf = drivePath.size() >= kEnding &&
-                     EqualNoCase(drivePath.substr(drivePath.size() - kEnding), ".mcf");
+  const bool isMcf = EndsWithNoCase(drivePath, ".mcf");
   ListReading reading =
       ReadJobList(DecodeCp949(bytes), isMcf ? std::optional(drivePath[0]) : std::nullopt);
   if (reading.problem != ListProblem::kNone) {

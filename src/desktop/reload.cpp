@@ -10,6 +10,7 @@
 #include "base/path_text.h"
 #include "desktop/language.h"
 #include "desktop/main_window.h"
+#include "model/loader.h"
 #include "shell/view_operations.h"
 
 namespace tvx {
@@ -18,10 +19,6 @@ namespace {
 
 constexpr char kReloadKey[] = "Ctrl+R";
 constexpr char kFormats[] = "formats";
-
-constexpr int32_t OtherFormat(int32_t type) {
-  return type == 2 ? 1 : 2;
-}
 
 bool HasChanged(const CTVXView& view) {
   const ProgramSource& source = view.program.source;
@@ -33,12 +30,6 @@ bool HasChanged(const CTVXView& view) {
 bool IsOfOtherFormat(const CTVXView& view) {
   const auto check = view.check.Result();
   return check != nullptr && check->Of(RemarkId::kOtherFormat).count > 0;
-}
-
-std::string EndingOf(const std::string& path) {
-  const std::string name = NameOfPath(path, kAnySlash);
-  const size_t dot = name.rfind('.');
-  return dot == std::string::npos ? "" : name.substr(dot + 1);
 }
 
 }  // namespace
@@ -94,6 +85,8 @@ void Reload::ShowProgram(ViewWidget* active) {
 }
 
 void Reload::ShowOffers() {
+  // The program may be there in part; ShowProgram follows the work.
+  if (window_->app()->ui->LongWork()->IsUnderWay()) return;
   const bool wasOffered = !reload_->isHidden();
   const bool hasChanged = active_ != nullptr && HasChanged(active_->view());
   reload_->setVisible(hasChanged);
@@ -114,7 +107,7 @@ void Reload::Run() {
 void Reload::ReadInOtherFormat() {
   if (active_ == nullptr) return;
   CTVXView& view = active_->view();
-  const std::string ending = EndingOf(view.program.source.path);
+  const std::string ending = EndingOfPath(view.program.source.path, kAnySlash);
   const int32_t type = OtherFormat(view.job.InputFileType);
   view.job.InputFileType = type;
   Run();

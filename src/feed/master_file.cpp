@@ -160,8 +160,7 @@ MasterFileResult WriteMasterFile(const std::string& path, const MasterGrid& grid
 }
 
 bool IsMasterName(std::string_view path) {
-  return path.size() > kMasterEnding.size() &&
-         EqualNoCase(path.substr(path.size() - kMasterEnding.size()), kMasterEnding);
+  return path.size() > kMasterEnding.size() && EndsWithNoCase(path, kMasterEnding);
 }
 
 bool IsMasterFile(std::string_view start) {

@@ -14,6 +14,10 @@ namespace tvx {
 
 namespace {
 
+// Values of InputFileType.
+constexpr int32_t kWordAddressType = 1;
+constexpr int32_t kConversationalType = 2;
+
 // Feed in force until the first F word, mm/min.
 constexpr int32_t kStartFeed = 100;
 
@@ -149,11 +153,13 @@ void BeginProgram(NcProgram* program) {
 }
 
 bool IsConversational(JobRecord* job) {
-  constexpr int32_t kWordAddressType = 1;
-  constexpr int32_t kConversationalType = 2;
   if (job->InputFileType == kConversationalType) return true;
   job->InputFileType = kWordAddressType;
   return false;
+}
+
+int32_t OtherFormat(int32_t InputFileType) {
+  return InputFileType == kConversationalType ? kWordAddressType : kConversationalType;
 }
 
 LoadResult LoadNcFile(const std::string& path, NcProgram* program, ParserStates* states,

@@ -18,6 +18,9 @@ void BeginProgram(NcProgram* program);
 // True for the conversational format. Any other type becomes that of the word-address format.
 bool IsConversational(JobRecord* job);
 
+// The InputFileType of the format that is not that of the given one.
+int32_t OtherFormat(int32_t InputFileType);
+
 enum class LoadResult {
   kLoaded,      // the program is read, and the register holds its last block
   kCannotOpen,  // the store is empty

@@ -137,9 +137,8 @@ void TakeFormatOfEnding(const std::string& path, CTVXView* view) {
   int32_t& format = view->job.InputFileType;
   if (view->settingsFormat) format = *view->settingsFormat;
   view->settingsFormat.reset();
-  const std::string name = NameOfPath(path, kAnySlash);
   const auto& formats = view->app->FormatOfEnding;
-  const auto chosen = formats.find(name.substr(name.rfind('.') + 1));
+  const auto chosen = formats.find(EndingOfPath(path, kAnySlash));
   if (chosen == formats.end()) return;
   view->settingsFormat = format;
   format = chosen->second;

@@ -132,10 +132,7 @@ constexpr FormatRow kFormats[] = {
 
 std::optional<PictureFormat> PictureFormatOf(std::string_view path) {
   for (const FormatRow& row : kFormats) {
-    if (path.size() >= row.ending.size() &&
-        EqualNoCase(path.substr(path.size() - row.ending.size()), row.ending)) {
-      return row.format;
-    }
+    if (EndsWithNoCase(path, row.ending)) return row.format;
   }
   return std::nullopt;
 }
