@@ -17,7 +17,6 @@ constexpr int kAround = 3;        // pixels above and below a bar
 
 void BarList::SetRows(std::vector<BarRow> rows) {
   rows_ = std::move(rows);
-  setAccessibleDescription({});
   QString description;
   for (const BarRow& row : rows_) description += row.name + ": " + row.figure + "\n";
   setAccessibleDescription(description);

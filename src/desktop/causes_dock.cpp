@@ -27,23 +27,14 @@ constexpr int kLineRole = Qt::UserRole;  // of a place: the line of its costlies
 
 enum Column { kMinutes, kRule, kLines, kColumns };
 
-QString MinutesText(double minutes) {
-  return ToQt(Format("%.2f", minutes));
+QString TwoDecimals(double value) {
+  return ToQt(Format("%.2f", value));
 }
 
 QString TextOfRule(FeedRule rule) {
   QString text = InLanguage(TextOf(rule).korean, TextOf(rule).english);
   text[0] = text[0].toUpper();
   return text;
-}
-
-// The feed band of the legend that a feed is drawn in.
-std::optional<size_t> BandOf(int32_t feed, int32_t FeedBase) {
-  const auto pen = PenForFeed(feed, FeedBase, kScreenPalette);
-  for (size_t band = 0; pen && band < kFeedBands; ++band) {
-    if (kScreenPalette.band[band] == *pen) return band;
-  }
-  return std::nullopt;
 }
 
 bool HasCauses(const CTVXView* view) {
@@ -124,7 +115,7 @@ void CausesDock::ShowMinutes(CTVXView* view) {
   const int32_t base = view->program.FeedBase;
   const CauseMinutes minutes = CountCauses(store, base, *view->causes);
   const auto row = [](const QString& name, double value, std::optional<QColor> colour = {}) {
-    return BarRow{name, value, MinutesText(value), colour};
+    return BarRow{name, value, TwoDecimals(value), colour};
   };
   std::vector<BarRow> rules;
   for (size_t i = 0; i < kFeedRules; ++i) {
@@ -136,7 +127,7 @@ void CausesDock::ShowMinutes(CTVXView* view) {
   rules_->SetRows(std::move(rules));
 
   const std::vector<double> byBand =
-      MinutesByFeed(store, kFeedBands, [base](int32_t feed) { return BandOf(feed, base); });
+      MinutesByFeed(store, kFeedBands, [base](int32_t feed) { return BandOfFeed(feed, base); });
   std::vector<BarRow> bands;
   for (size_t i = 0; i < kFeedBands; ++i) {
     const Pen pen = kScreenPalette.band[i];
@@ -156,7 +147,7 @@ void CausesDock::ShowPlaces(CTVXView* view) {
     QString range = QString::number(first);
     if (last != first) range += " - " + QString::number(last);
     auto* const row =
-        new QTreeWidgetItem({MinutesText(place.minutes), TextOfRule(place.rule), range});
+        new QTreeWidgetItem({TwoDecimals(place.minutes), TextOfRule(place.rule), range});
     row->setTextAlignment(kMinutes, Qt::AlignRight | Qt::AlignVCenter);
     row->setData(kMinutes, kLineRole, lines.LineOf(place.costliestBlock));
     rows << row;

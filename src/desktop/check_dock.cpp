@@ -16,6 +16,7 @@
 #include "base/format.h"
 #include "base/path_text.h"
 #include "desktop/language.h"
+#include "desktop/program_text.h"
 
 namespace tvx {
 
@@ -42,9 +43,9 @@ QString StateText(CheckState state) {
     case CheckState::kDone:
       return Translated("빠지거나 다르게 읽는 줄이 없습니다.");
     case CheckState::kCannotRead:
-      return Translated("화일을 읽을 수 없습니다.");
+      return ProblemText(SourceResult::kCannotRead);
     case CheckState::kChanged:
-      return Translated("불러온 뒤에 화일이 바뀌었습니다. 다시 불러오십시오.");
+      return ProblemText(SourceResult::kChanged);
     case CheckState::kNoProgram:
       break;
   }
@@ -236,9 +237,7 @@ QString CheckDock::LineHtml(uint64_t line) {
   const SourceResult result = lines_->Read(line, 1, &texts);
   const QString heading = "<b>" + LineText(line) + "</b>";
   if (result != SourceResult::kRead) {
-    return heading + "<br>" +
-           StateText(result == SourceResult::kChanged ? CheckState::kChanged
-                                                      : CheckState::kCannotRead);
+    return heading + "<br>" + ProblemText(result);
   }
   const QString text = texts.empty() ? QString() : Printable(ToQt(texts[0]));
   return heading + "<pre style=\"white-space: pre-wrap; margin: 2px 0 0 0\">" +

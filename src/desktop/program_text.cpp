@@ -18,6 +18,8 @@ namespace {
 
 constexpr int kMargin = 4;  // pixels, beside numbers and text
 
+}  // namespace
+
 QString ProblemText(SourceResult result) {
   switch (result) {
     case SourceResult::kChanged:
@@ -28,8 +30,6 @@ QString ProblemText(SourceResult result) {
       return {};
   }
 }
-
-}  // namespace
 
 ProgramText::ProgramText(std::function<SourceLines*()> lines, QWidget* parent)
     : QAbstractScrollArea(parent), programLines_(std::move(lines)) {

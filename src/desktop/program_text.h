@@ -10,6 +10,10 @@
 
 namespace tvx {
 
+// Why the lines of a program cannot be shown, in the language in use; empty for a result that has
+// no problem.
+QString ProblemText(SourceResult result);
+
 class ProgramText : public QAbstractScrollArea {
   Q_OBJECT
 
