@@ -309,7 +309,8 @@ bool IsReadFailure(int error) {
 std::string FileErrorText(int error) {
   if (error == kNoPlainFile) return "is no plain file";
   if (error == kFileChanged) return "has changed while it was read";
-  if (error == kAboveLimit) return "is larger than 4 MiB";
+  if (error == kAboveLimit)
+    return "is larger than " + std::to_string(kLargestSettings >> 20) + " MiB";
   if (error == kRefusedName) return "the name is not allowed";
   if (error == kPartSource) return "a program or master model for it could not be read";
   return std::strerror(error);

@@ -20,12 +20,11 @@ struct FileStamp {
 inline constexpr int kNoPlainFile = -1;  // a pipe, a device
 inline constexpr int kFileChanged = -2;  // shorter or written since it was opened
 inline constexpr int kPartSource = -3;   // to be written from files that could not be read whole
+inline constexpr int kRefusedName = -4;  // a name that such a file may not have
+inline constexpr int kAboveLimit = -5;   // above kLargestSettings
 
 // True for the reasons that leave open what a file holds: not for a file that is missing or none.
 bool IsReadFailure(int error);
-
-inline constexpr int kRefusedName = -4;  // a name that such a file may not have
-inline constexpr int kAboveLimit = -5;   // above kLargestSettings
 
 // The reason in words, as the system has them: "No space left on device".
 std::string FileErrorText(int error);

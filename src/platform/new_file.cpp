@@ -35,9 +35,9 @@ std::string TemporaryName(unsigned number) {
 pid_t ProcessOf(std::string_view name) {
   if (!name.starts_with(kNameStart) || !name.ends_with(kNameEnd)) return 0;
   name.remove_prefix(kNameStart.size());
-  long process = 0;
+  pid_t process = 0;
   const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), process);
-  return error == std::errc() && *end == '-' && process > 0 ? static_cast<pid_t>(process) : 0;
+  return error == std::errc() && *end == '-' && process > 0 ? process : 0;
 }
 
 // Removes a file that its process left. A live process holds a lock on its file, which also
