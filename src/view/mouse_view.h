@@ -1,6 +1,6 @@
-// What wheel and middle button change in a view: zoom at the pointer, turn and pan. They set the
-// fine parts of the transform, so that a point of the path follows the pointer; the keys go on to
-// change its whole degrees and units.
+// Zoom at the pointer by the wheel, and turn and pan by the middle button. They set the fine parts
+// of the transform, so that a point of the path follows the pointer; the keys go on to change its
+// whole degrees and units.
 #pragma once
 
 #include "model/vectors.h"

@@ -1,8 +1,7 @@
 // Makes calls of the C library fail, for walk.py. Loaded into a program by LD_PRELOAD, with
-// TVX_FAULT=KIND:N:MODE:ERRNO: the N-th call of the kind fails with that errno ("once"), so does
-// every later one
-// ("always"), or it transfers half of the bytes ("short"). The first fault creates the file
-// TVX_FAULT_MARK.
+// TVX_FAULT=KIND:N:MODE:ERRNO: the N-th call of the kind fails with that errno ("once"), every
+// later one does too ("always"), or the N-th transfers half of the bytes ("short"). The first fault
+// creates the file TVX_FAULT_MARK.
 #include <dirent.h>
 #include <dlfcn.h>
 #include <errno.h>

@@ -7,7 +7,8 @@ A run passes if
 - it ends with status 0 and the output and files of the run without a fault, or with status 1 and lines on
   standard error that name a file;
 - each file to be written is the older one or the new one, whole, and nothing else is in the folders.
-N rises until no fault happens; allocations are thinned out. With --short every kind is, and most faults happen once only.
+N rises until no fault happens; only some allocations fail. With --short only some calls of every kind do,
+and only allocations fail "always".
 With --kills so many runs are killed at random moments instead: by SIGKILL, after which the same command has to
 remove what was left, and by signals that the tool handles, which leave nothing.
 """
@@ -170,7 +171,6 @@ class Walk:
                 violations.append(f"{name}: {kind} {n} {mode} {errno.errorcode.get(number, '')}: {wrong}: "
                                   f"{run.stderr.decode(errors='replace')[:300]!r}")
             n += max(1, n // 2) if self.short else max(1, n // 40) if kind == "alloc" else 1
-
 
     def kill(self, number):
         """Kills a run of a writing command. Returns what is wrong, or None."""
