@@ -172,6 +172,45 @@ std::string TimesTable(const ProgramFile& file, const Times& times) {
   return text + MachineTable(times);
 }
 
+// What the command prints and writes, program by program.
+class TimesReport {
+ public:
+  TimesReport(bool adjusts, bool hasMachine, bool isJson)
+      : adjusts_(adjusts), isJson_(isJson), rows_(CsvNames(adjusts, hasMachine)) {}
+
+  // Prints the table of a program, unless a document is wanted.
+  void Add(const ProgramFile& file, const Times& times) {
+    rows_ += CsvTimes(file, times);
+    const float before = times.before.entry.totalMinutes;
+    totals_.Add(before, times.after ? times.after->entry.totalMinutes : before);
+    if (isJson_) {
+      document_.push_back(TimesJson(file, times));
+    } else {
+      Print(TimesTable(file, times));
+    }
+  }
+
+  // Prints the document, or the totals if there were several arguments.
+  void Finish(size_t arguments) const {
+    if (isJson_) {
+      Print(JsonText(document_));
+    } else if (arguments > 1) {
+      Print(
+          Format("total of %zu program%s\n  ", totals_.programs, totals_.programs == 1 ? "" : "s") +
+          totals_.Line(adjusts_));
+    }
+  }
+
+  const std::string& rows() const { return rows_; }  // comma-separated values
+
+ private:
+  bool adjusts_;
+  bool isJson_;
+  std::string rows_;
+  Json document_ = Json::array();
+  TimeTotals totals_;
+};
+
 }  // namespace
 
 int RunTime(const Call& call) {
@@ -200,38 +239,21 @@ int RunTime(const Call& call) {
   ToolView view(&host);
   params.Apply(&host, &view);
   const std::optional<MachineProfile> machine = machineOption.Read(host);
-  Json document = Json::array();
-  std::string rows = CsvNames(params.Adjusts(), machine.has_value());
-  TimeTotals totals;
-  const auto time = [&](const std::string& argument) {
-    const ProgramFile file{argument, host.ProgramPath(argument)};
-    if (fresh) ForgetModalState(&view);
-    const Times times = TimeProgram(file, params.Adjusts(), machine, &view);
-    rows += CsvTimes(file, times);
-    const float before = times.before.entry.totalMinutes;
-    totals.Add(before, times.after ? times.after->entry.totalMinutes : before);
-    if (json) {
-      document.push_back(TimesJson(file, times));
-    } else {
-      Print(TimesTable(file, times));
-    }
-  };
+  TimesReport report(params.Adjusts(), machine.has_value(), json);
   bool failed = false, isPart = false;
   for (const std::string& argument : arguments) {
     try {
-      time(argument);
+      const ProgramFile file{argument, host.ProgramPath(argument)};
+      if (fresh) ForgetModalState(&view);
+      report.Add(file, TimeProgram(file, params.Adjusts(), machine, &view));
     } catch (const Failure& failure) {
       PrintRemark(failure.file + ": " + failure.reason);
       failed = true;
       isPart = isPart || host.files->LastError() != ENOENT;
     }
   }
-  if (!json && arguments.size() > 1) {
-    Print(Format("total of %zu program%s\n  ", totals.programs, totals.programs == 1 ? "" : "s") +
-          totals.Line(params.Adjusts()));
-  }
-  if (json) Print(JsonText(document));
-  csv.Write(host, rows, isPart);
+  report.Finish(arguments.size());
+  csv.Write(host, report.rows(), isPart);
   return failed ? 1 : 0;
 }
 
