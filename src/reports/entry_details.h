@@ -21,7 +21,6 @@ struct MachineEstimate {
 
 // Numbers of remarks by RemarkId.
 using RemarkCounts = std::array<uint64_t, kRemarkIds>;
-RemarkCounts CountsOf(const ProgramCheck& check);
 
 // Kept with a result while ResultTable::wanted says so. Nothing in it is a field of a file.
 struct EntryDetails {

@@ -546,12 +546,6 @@ void AddPage(const ResultTable& results, Page* page) {
 
 }  // namespace
 
-RemarkCounts CountsOf(const ProgramCheck& check) {
-  RemarkCounts counts{};
-  for (size_t i = 0; i < kRemarkIds; ++i) counts[i] = check.lists[i].count;
-  return counts;
-}
-
 bool IsJobSheet(std::string_view start) {
   constexpr std::string_view kStart = "<!DOCTYPE html";
   return EqualNoCase(start.substr(0, kStart.size()), kStart);

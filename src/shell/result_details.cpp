@@ -42,6 +42,12 @@ std::string DrawnPicture(PictureFormat format, const PictureSize& size, CTVXView
   return drawn ? output.Take() : std::string();
 }
 
+RemarkCounts CountsOf(const ProgramCheck& check) {
+  RemarkCounts counts{};
+  for (size_t i = 0; i < kRemarkIds; ++i) counts[i] = check.lists[i].count;
+  return counts;
+}
+
 void DrawPictures(const DetailsWanted& wanted, CTVXView* view, EntryDetails* details) {
   const MotionBlock reg = view->program.store.CurrentBlock;
   const int32_t firstPoint = view->program.firstPoint;

@@ -122,7 +122,7 @@ TEST(FeedCauses, RuleThatLengthensZoneIsItsRule) {
   EXPECT_EQ(causes.RulesOf(0, longZone)[static_cast<size_t>(MovePart::kTail)], FeedRule::kZCorner);
 }
 
-TEST(ProgramText, MovesInWords) {
+TEST(MoveText, ShowsLineEndFeedsAndRulesOfEachMove) {
   Adjusted adjusted(
       "G0 X0 Y0 Z1\nG1 Z-5 F700\n(\xB0\xA1)\nX200\nY50 F1000\nG2 X250 Y50 I25 J0\nG1 X900\nX950\n");
   SourceLines lines(&adjusted.program.source, &adjusted.files);
