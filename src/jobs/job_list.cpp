@@ -34,8 +34,8 @@ bool IsPlainName(std::string_view name) {
          });
 }
 
-// The path of an option line that leads above its root, empty if none does. Each is found as those
-// who use it do.
+// The path of an option line that leads above its root, empty if none does. Each path is found as
+// the run, the adjustment and the copy of the list find it.
 std::string PathAbove(std::string_view line) {
   std::string directory, used, copied;
   LineDirectory(line, &directory);

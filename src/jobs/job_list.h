@@ -29,7 +29,7 @@ bool IsJobList(std::string_view start);
 // The text of a saved list, UTF-8, lines ending in CR LF.
 std::string PrintJobList(const JobList& list);
 
-// What a list must not hold, since whoever made it would choose the files that a run writes.
+// What a list must not hold: a list from elsewhere would choose the files that a run writes.
 enum class ListProblem {
   kNone,
   kName,  // no plain file name: empty, with a separator, a colon or a control character, "..", or

@@ -83,7 +83,7 @@ MasterOutcome BringMaster(const std::string& path, CTVXView* view, RunObserver* 
   if (master.files->Exists(masterPath)) {
     return {.file = ReadMasterFile(masterPath, master.grid, master.files)};
   }
-  // Whoever made the list named the file to be written.
+  // The list names the file to be written, and may come from elsewhere.
   if (!IsMasterName(masterPath)) {
     master.files->Fail(kRefusedName);
     return {.file = MasterFileResult::kCannotWrite};
