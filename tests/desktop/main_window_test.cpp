@@ -335,6 +335,11 @@ TEST_F(MainWindowTest, ChangedFileAndOtherFormatAreOfferedAndReadOnRequestOnly) 
   button("다른 형식으로 읽기")->click();
   EXPECT_EQ(View().job.InputFileType, 2);
   EXPECT_TRUE(app.FormatOfEnding.empty());
+
+  app.FormatOfEnding["nc"] = 2;
+  View().job.InputFileType = 1;
+  Load("nc", "G1 X9 F500\n");
+  EXPECT_EQ(View().job.InputFileType, 1) << "a name without an ending";
 }
 
 // Watches the bar of long work, and presses Escape once it shows the third file.
