@@ -756,6 +756,14 @@
         <translation>The master model is not in memory. Read it?</translation>
     </message>
     <message>
+        <source>메모리에 있는 다른 마스터 모델을 사용합니다.</source>
+        <translation>The other master model, which is in memory, is used.</translation>
+    </message>
+    <message>
+        <source>메모리에 다른 마스터 모델이 있습니다. 이 화일을 읽겠습니까?</source>
+        <translation>Another master model is in memory. Read this file?</translation>
+    </message>
+    <message>
         <source>저장했습니다.</source>
         <translation>Saved.</translation>
     </message>

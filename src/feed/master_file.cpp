@@ -183,6 +183,7 @@ MasterFileResult ReadMasterFile(const std::string& path, MasterGrid* grid, Files
   if (!loaded.Cells.Allocate(loaded.CellCount)) return MasterFileResult::kNoMemory;
   if (!ReadCells(file.get(), &loaded)) return WhyNotRead(*file, files);
   IndexCells(&loaded);
+  loaded.path = path;
   *grid = std::move(loaded);
   return MasterFileResult::kDone;
 }

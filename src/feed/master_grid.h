@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <string>
 
 #include "feed/cell_pyramid.h"
 
@@ -67,8 +68,9 @@ struct MasterGrid {
   int32_t CellCount = 0;               // NX x NY; 0 without a model
   int32_t NX = 0, NY = 0;              // cells along X and along Y
   int32_t ModelBuilt = 0;              // 1 for a model, 0 after a delete
-  MasterCells Cells;                   // row after row: cell (ix, iy) at iy x NX + ix
-  CellPyramid Pyramid;                 // index for MasterLookup, built by IndexCells
+  std::string path;     // of the file it was read from or saved to; empty if there is none
+  MasterCells Cells;    // row after row: cell (ix, iy) at iy x NX + ix
+  CellPyramid Pyramid;  // index for MasterLookup, built by IndexCells
 
   MasterCell& At(int32_t ix, int32_t iy) { return Cells[Index(ix, iy)]; }
   const MasterCell& At(int32_t ix, int32_t iy) const { return Cells[Index(ix, iy)]; }

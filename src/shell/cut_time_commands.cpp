@@ -2,6 +2,7 @@
 
 #include "shell/cut_time_commands.h"
 
+#include "base/scan.h"
 #include "feed/master_file.h"
 #include "platform/drives.h"
 #include "platform/user_files.h"
@@ -50,17 +51,31 @@ void SetNames(const CTVXView& view, CutTimeEntry* result) {
   result->optionLine = isOfLastRun ? view.lastRun.line : "";
 }
 
-// The adjustment leaves out a master model that is not in memory, and the times are then too short.
+bool IsSameFile(const std::string& a, const std::string& b, const std::string& directory) {
+  return EqualNoCase(NormalDrivePath(AbsoluteDrivePath(directory, a)),
+                     NormalDrivePath(AbsoluteDrivePath(directory, b)));
+}
+
+// The adjustment takes the master model that is in memory, or none: the times are then those of
+// another part, or too short. A model that was built and not saved may well be the wanted one.
 void OfferMaster(CTVXView* view) {
   const std::string& path = view->job.AfaMasterFile;
-  if (view->job.AfaByMaster != 1 || !view->masterGrid.Cells.Empty()) return;
+  if (view->job.AfaByMaster != 1) return;
   CTVXApp* const app = view->app;
-  Message message{.text = "마스터 모델이 메모리에 없어서 사용하지 않습니다.",
+  const MasterGrid& grid = view->masterGrid;
+  const bool isOther = !grid.Cells.Empty();
+  if (isOther &&
+      (grid.path.empty() || IsSameFile(grid.path, path, app->files->CurrentDirectory()))) {
+    return;
+  }
+  Message message{.text = isOther ? "메모리에 있는 다른 마스터 모델을 사용합니다."
+                                  : "마스터 모델이 메모리에 없어서 사용하지 않습니다.",
                   .path = path,
                   .caption = "마스터 모델",
                   .icon = MessageIcon::kExclamation};
   if (app->files->Exists(path)) {
-    message.text = "마스터 모델이 메모리에 없습니다. 읽겠습니까?";
+    message.text = isOther ? "메모리에 다른 마스터 모델이 있습니다. 이 화일을 읽겠습니까?"
+                           : "마스터 모델이 메모리에 없습니다. 읽겠습니까?";
     message.buttons = MessageButtons::kYesNo;
   }
   if (!app->ui->ShowMessage(message) || message.buttons == MessageButtons::kOk) return;

@@ -92,7 +92,10 @@ MasterOutcome BringMaster(const std::string& path, CTVXView* view, RunObserver* 
   outcome.load = LoadForRun(ProgramOfMaster(masterPath), view, observer);
   if (outcome.Succeeded()) outcome.build = BuildAndShowMaster(master);
   if (outcome.Succeeded()) outcome.file = WriteMasterFile(masterPath, *master.grid, master.files);
-  if (outcome.Succeeded()) observer->OnMasterBuilt(path);
+  if (outcome.Succeeded()) {
+    master.grid->path = masterPath;
+    observer->OnMasterBuilt(path);
+  }
   return outcome;
 }
 

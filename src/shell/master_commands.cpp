@@ -88,6 +88,7 @@ void SaveMasterCommand(const MasterContext& context) {
   if (result == MasterFileResult::kNoModel) {
     context.ui->ShowStatus("저장할 마스터 모델이 없습니다.");
   } else if (result == MasterFileResult::kDone) {
+    context.grid->path = path;
     ShowWritten(true, path, context.ui);
   }
   ShowFailure(result, path, context.ui);

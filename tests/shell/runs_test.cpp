@@ -123,20 +123,33 @@ TEST_F(SingleCutTime, MissingMasterIsShownAndOffered) {
     int answer;  // -1: not asked
     bool isRead;
   } cases[] = {{"c:\\none.mma", -1, false}, {"c:\\m.mma", 0, false}, {"c:\\m.mma", 1, true}};
-  for (const auto& c : cases) {
-    DropMaster(&view.masterGrid);
-    if (c.answer >= 0) ui.OnMessage(c.answer == 1);
+  const auto run = [&](const char* master, int answer) {
+    if (answer >= 0) ui.OnMessage(answer == 1);
     ui.OnDialog<CSendOptionDlg>([&](CSendOptionDlg* options) {
       options->own.AfaByMaster = 1;
-      options->own.AfaMasterFile = c.master;
+      options->own.AfaMasterFile = master;
       return options->Accept() == Closing::kAccepted;
     });
     ui.OnDialog([](Dialog*) { return false; });
     SingleCutTimeCommand(&view);
+  };
+  for (const auto& c : cases) {
+    DropMaster(&view.masterGrid);
+    run(c.master, c.answer);
     EXPECT_EQ(ui.messages.back().path, c.master);
     EXPECT_EQ(!view.masterGrid.Cells.Empty(), c.isRead);
   }
   EXPECT_EQ(ui.messages.size(), 3U);
+
+  // A model of another file is in memory; the letter case of its name makes no difference.
+  WriteMasterFile("c:\\other.mma", view.masterGrid, &files);
+  run("C:\\M.mma", -1);
+  EXPECT_EQ(ui.messages.size(), 3U);
+  run("c:\\other.mma", 1);
+  EXPECT_EQ(view.masterGrid.path, "c:\\other.mma");
+  run("c:\\none.mma", -1);
+  EXPECT_EQ(ui.messages.back().text, "메모리에 있는 다른 마스터 모델을 사용합니다.");
+  EXPECT_FALSE(view.masterGrid.Cells.Empty());
 }
 
 TEST_F(SingleCutTime, StopsAtTheDialogThatIsRefused) {
