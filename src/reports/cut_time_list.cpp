@@ -7,6 +7,7 @@
 #include "base/path_text.h"
 #include "jobs/job_list.h"
 #include "platform/drives.h"
+#include "platform/number_field.h"
 #include "platform/user_files.h"
 #include "reports/job_list_file.h"
 #include "reports/job_sheet.h"
@@ -152,13 +153,22 @@ void CCutTimeListDlg::ShowReport(bool written, const std::string& path) {
   ShowWritten(written, path, ui_);
 }
 
+// A list with a name that has a blank is not read back with it: one message is enough.
+void CCutTimeListDlg::ShowList(bool written, const std::string& path) {
+  ShowReport(written, path);
+  if (!written) return;
+  for (const CutTimeEntry& entry : results_->Recorded()) {
+    if (!AcceptWord(entry.fileName, ui_)) return;
+  }
+}
+
 bool CCutTimeListDlg::ChooseList(std::string* path) {
   return ui_->ChooseFile(ListQuestion(), path) && MayReplace(*path, IsJobList, files_, ui_);
 }
 
 Closing CCutTimeListDlg::WriteList() {
   std::string path;
-  if (ChooseList(&path)) ShowReport(WriteJobListFile(path, *results_, files_), path);
+  if (ChooseList(&path)) ShowList(WriteJobListFile(path, *results_, files_), path);
   return Closing::kStaysOpen;
 }
 
@@ -183,7 +193,7 @@ Closing CCutTimeListDlg::WriteListCopy() {
   if (!ChooseList(&path) || !MayCopyBeside(path)) return Closing::kStaysOpen;
   std::vector<FailedCopy> failed;
   const bool written = WriteJobListFileCopy(path, *results_, files_, &failed);
-  ShowReport(written, path);
+  ShowList(written, path);
   if (written && !failed.empty()) ui_->ShowStatus("복사하지 못했습니다.", failed.front().source);
   return Closing::kStaysOpen;
 }

@@ -86,6 +86,7 @@ class CCutTimeListDlg final : public Dialog {
  private:
   void Fill();
   void ShowReport(bool written, const std::string& path);
+  void ShowList(bool written, const std::string& path);
   // Asks where to write a job list, and before it replaces a file of another kind.
   bool ChooseList(std::string* path);
   bool MayCopyBeside(const std::string& path);

@@ -118,6 +118,15 @@ TEST_F(CutTimeList, ReportsCoverTheWholeTableWhateverIsSelected) {
   EXPECT_EQ(spreadsheets.cells["B3"], CellValue("b.nc"));
   dialog.Select(0);  // shows the figures that the export truncated
   EXPECT_EQ(dialog.information[3], "절삭길이  12.345 M");
+
+  table.entries[0].fileName = "a b.nc";  // the lists cut it at the blank
+  for (const char* const button : {"AFA 출력", "AFA 출력, Copy"}) {
+    ui.messages.clear();
+    ui.OnFile("c:\\out\\d.mcf");
+    Press(button);
+    ASSERT_EQ(ui.messages.size(), 1U) << button;
+    EXPECT_EQ(ui.messages[0].path, "a b.nc");
+  }
 }
 
 TEST_F(CutTimeList, CopyAsksOnceBeforeItReplacesProgramsThatDiffer) {
