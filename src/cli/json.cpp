@@ -3,6 +3,7 @@
 
 #include <cfloat>
 #include <cmath>
+#include <cstdlib>
 
 #include "base/format.h"
 
@@ -15,8 +16,7 @@ std::string ScalarText(const Json& value) {
     // What is no number reads as 0 in every language, and "null" in none that expects a number.
     if (std::isnan(number)) return "0";
     if (std::isinf(number)) return ShortestFloat(std::copysign(FLT_MAX, number > 0 ? 1.F : -1.F));
-    const float single = value.get<float>();
-    return single == number ? ShortestFloat(single) : ShortestDouble(number);
+    return ShortestDouble(number);
   }
   // A file name of the host may hold any bytes.
   return value.dump(-1, ' ', false, Json::error_handler_t::replace);
@@ -40,6 +40,10 @@ void Append(const Json& value, const std::string& indent, std::string* text) {
 }
 
 }  // namespace
+
+Json SingleJson(float value) {
+  return std::isfinite(value) ? std::strtod(ShortestFloat(value).c_str(), nullptr) : double{value};
+}
 
 Json ListJson(const std::vector<std::string>& list) {
   Json words = Json::array();

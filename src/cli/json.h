@@ -13,9 +13,13 @@ namespace tvx {
 using Json = nlohmann::ordered_json;
 
 // The text of a document, one value a line, ended by a line feed. Real numbers are printed in the
-// shortest plain form that reads back to the same value, of 32 bits where that is exact; what is
-// infinite is the largest of 32 bits, and what is no number is 0.
+// shortest plain form that reads back to the same value of 64 bits; what is infinite is the largest
+// of 32 bits, and what is no number is 0.
 std::string JsonText(const Json& document);
+
+// A value of 32 bits, which is printed in the shortest form that reads back to the same 32 bits:
+// 0.1 and not 0.10000000149.
+Json SingleJson(float value);
 
 // The slots of a list up to the first empty one.
 Json ListJson(const std::vector<std::string>& list);
@@ -30,6 +34,8 @@ Json FieldsJson(const Record& record, const Fields& fields) {
           const auto& value = record.*member;
           if constexpr (std::is_same_v<decltype(value), const std::vector<std::string>&>) {
             object[field.name] = ListJson(value);
+          } else if constexpr (std::is_same_v<decltype(value), const float&>) {
+            object[field.name] = SingleJson(value);
           } else {
             object[field.name] = value;
           }

@@ -68,7 +68,7 @@ constexpr Figure kFigures[] = {
 Json FiguresJson(const Figures& figures) {
   const CutTimeEntry& entry = figures.entry;
   Json object = Json::object();
-  for (const Figure& figure : kFigures) object[figure.name] = entry.*figure.value;
+  for (const Figure& figure : kFigures) object[figure.name] = SingleJson(entry.*figure.value);
   object["averageFeed"] = entry.averageFeed;
   if (figures.machine) object["machine"] = MachineJson(*figures.machine);
   return object;
