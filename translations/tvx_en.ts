@@ -970,8 +970,8 @@
         <translation>Open</translation>
     </message>
     <message>
-        <source>여는 프로그램이 없습니다.</source>
-        <translation>There is no program to open it.</translation>
+        <source>이 화일을 열 프로그램이 없습니다.</source>
+        <translation>There is no program to open this file.</translation>
     </message>
     <message>
         <source>기계 화일 선택</source>
@@ -1058,8 +1058,8 @@
         <translation>Saved</translation>
     </message>
     <message>
-        <source>조정한 시간이 더 깁니다.</source>
-        <translation>The adjustment takes longer.</translation>
+        <source>조정 후의 시간이 더 깁니다.</source>
+        <translation>The adjusted time is longer.</translation>
     </message>
     <message>
         <source>창 닫기</source>
@@ -1126,7 +1126,7 @@
         <translation>Stopped. No program is loaded.</translation>
     </message>
     <message>
-        <source>%1개 중 %2개 화일 다음에 중지했습니다.</source>
+        <source>화일 %1개 중 %2개를 끝내고 중지했습니다.</source>
         <translation>Stopped after %2 of %1 files.</translation>
     </message>
 </context>

@@ -98,7 +98,8 @@ LegendDock::LegendDock(const DockContext& context, QWidget* parent)
   column->addStretch(1);
   // With room for the warning, so that an adjustment does not change the size of the picture.
   saved_->setMinimumHeight(2 * fontMetrics().lineSpacing());
-  saved_->setMinimumWidth(fontMetrics().horizontalAdvance(Translated("조정한 시간이 더 깁니다.")));
+  saved_->setMinimumWidth(
+      fontMetrics().horizontalAdvance(Translated("조정 후의 시간이 더 깁니다.")));
   // Wide enough for any figures, so that a load does not change the width of the picture.
   body->setMinimumWidth(
       fontMetrics().horizontalAdvance(Translated("범위 (mm)") + "  X -10000.00 ~ 10000.00  ") + 24);

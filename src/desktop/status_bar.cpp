@@ -69,7 +69,7 @@ void StatusBar::OfferToOpen(const QString& file) {
 void StatusBar::OpenFile() {
   const QString file = file_;
   if (!QDesktopServices::openUrl(QUrl::fromLocalFile(file))) {
-    ShowText(file + ": " + Translated("여는 프로그램이 없습니다."));
+    ShowText(file + ": " + Translated("이 화일을 열 프로그램이 없습니다."));
   }
 }
 

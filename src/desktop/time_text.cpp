@@ -11,7 +11,7 @@ QString MinutesText(double minutes) {
 
 QString SavedText(double before, double after) {
   const QString text = MinutesText(before - after);
-  return after > before ? text + "\n" + Translated("조정한 시간이 더 깁니다.") : text;
+  return after > before ? text + "\n" + Translated("조정 후의 시간이 더 깁니다.") : text;
 }
 
 }  // namespace tvx

@@ -78,7 +78,7 @@ std::vector<std::string> CutTimeListLines(const CutTimeEntry& entry) {
 }
 
 std::string StoppedText(const RunEnd& end) {
-  return Format("%d개 중 %d개 화일 다음에 중지했습니다.", static_cast<int>(end.count),
+  return Format("화일 %d개 중 %d개를 끝내고 중지했습니다.", static_cast<int>(end.count),
                 static_cast<int>(end.done));
 }
 

@@ -389,9 +389,9 @@ TEST_F(MainWindowTest, EscapeStopsRunWhoseBarMovedAndKeepsItsResults) {
   EXPECT_FALSE(bar.wasUnderDialog);
   EXPECT_EQ(Children().size(), 1) << "other keys start nothing";
   EXPECT_EQ(View().results.entryCount, 2);
-  ExpectShown("TVX1", "3개 중 2개 화일 다음에 중지했습니다.");
+  ExpectShown("TVX1", "화일 3개 중 2개를 끝내고 중지했습니다.");
   EXPECT_FALSE(window->findChild<QProgressBar*>()->isVisible());
-  user.Next("화일 이름?long0.nc, long1.nc | ?3개 중 2개 화일 다음에 중지했습니다. | OK");
+  user.Next("화일 이름?long0.nc, long1.nc | ?화일 3개 중 2개를 끝내고 중지했습니다. | OK");
   window->RunCommand(kResultList);
 }
 
