@@ -16,8 +16,6 @@ set(CMAKE_CXX_FLAGS_RELEASE "-O2")
 
 if(TVX_SANITIZE)
   target_compile_options(tvx_flags INTERFACE
-    -fsanitize=${TVX_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer
-    # g++ takes the checks that it has put in for uses of variables without a value.
-    $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
+    -fsanitize=${TVX_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(tvx_flags INTERFACE -fsanitize=${TVX_SANITIZE})
 endif()
