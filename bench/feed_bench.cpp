@@ -9,6 +9,7 @@
 #include "feed/zones.h"
 #include "insight/feed_causes.h"
 #include "measuring.h"
+#include "view/path_drawing.h"
 #include "workspace.h"
 
 namespace tvx::bench {
@@ -21,6 +22,7 @@ struct MeasuredPath {
   std::vector<double> seconds = {};
   std::vector<double> ratios = {};
   std::vector<double> causeRatios = {};  // pass that is followed / pass
+  std::vector<double> counts = {};       // seconds per block
 };
 
 double ToThreeDecimals(double value) {
@@ -87,6 +89,16 @@ void DropAllZones(BlockStore* store) {
   }
 }
 
+// Counts what the window shows of the causes.
+void CountAll(NcProgram* program, const FeedCauses& causes) {
+  constexpr size_t kPlaces = 100;
+  const int32_t base = program->FeedBase;
+  Keep(CountCauses(&program->store, base, causes));
+  Keep(MinutesByFeed(&program->store, kFeedBands,
+                     [base](int32_t feed) { return BandOfFeed(feed, base); }));
+  Keep(CostliestPlaces(&program->store, base, causes, kPlaces));
+}
+
 void MeasurePass(MeasuredPath* path) {
   FeedPassMemory memory;
   NcProgram* const program = &path->loaded->program;
@@ -99,6 +111,8 @@ void MeasurePass(MeasuredPath* path) {
       [&] { FeedPass(program, job, nullptr, &memory, causes.Follow(program->store.blockCount)); });
   path->seconds.push_back(seconds / program->store.blockCount);
   path->causeRatios.push_back(followed / seconds);
+  const double count = Seconds([&] { CountAll(program, causes); });
+  path->counts.push_back(count / program->store.blockCount);
 }
 
 void MeasureSize(uint64_t blocks, int repetitions, const Table& table, const Workspace& workspace) {
@@ -112,7 +126,7 @@ void MeasureSize(uint64_t blocks, int repetitions, const Table& table, const Wor
   for (const MeasuredPath& path : paths) {
     table.Row({path.name, Grouped(path.loaded->program.store.blockCount),
                Fixed(Median(path.seconds) * 1e9, 0), Fixed(Median(path.ratios), 2),
-               Fixed(Median(path.causeRatios), 2)});
+               Fixed(Median(path.causeRatios), 2), Fixed(Median(path.counts) * 1e9, 0)});
   }
 }
 
@@ -125,8 +139,10 @@ int main(int argc, char** argv) {
   const BenchOptions options = ReadBenchOptions(argc, argv);
   std::printf(
       "Feed pass with the default parameters, times in ns. Ratio = path / raster 0.1 mm;\n"
-      "causes = pass whose causes are followed / pass.\n");
-  const Table table({"path                   ", "blocks", "pass/block", "ratio", "causes"});
+      "causes = pass whose causes are followed / pass; count = of the causes, as the window shows "
+      "them.\n");
+  const Table table(
+      {"path                   ", "blocks", "pass/block", "ratio", "causes", "count/block"});
   const Workspace workspace;
   for (const uint64_t blocks : options.sizes) {
     MeasureSize(blocks, options.repetitions, table, workspace);

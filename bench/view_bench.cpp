@@ -154,25 +154,34 @@ void MeasureFirstPicture(const BenchOptions& options, const Workspace& workspace
   }
 }
 
-// Measures the frames of a picture with smooth changes of feed while the middle button turns it.
-void MeasureTurn(const BenchOptions& options, const Workspace& workspace) {
+// Measures the frames of a picture with smooth changes of feed while the middle button turns it,
+// and while the wheel zooms in at a pointer beside the middle, then out again.
+void MeasureFrames(const BenchOptions& options, const Workspace& workspace) {
   constexpr int kFrames = 31;
+  constexpr int kStepsIn = 20;
   std::puts("");
-  const Table table({"lines", "turned by the mouse, ms a frame", "longest"});
+  const Table table({"lines", "turned, ms a frame", "longest", "zoomed, ms a frame", "longest"});
   for (const uint64_t lines : options.sizes) {
     BenchScene bench;
     bench.Load(lines, options, workspace);
     bench.SetFeeds(4);
     bench.loaded.job.AfaEnabled = bench.loaded.job.FeedChgSmoothCheck = 1;
     std::vector<uint32_t> pixels(size_t{kWidth} * kHeight);
+    ViewTransform* const view = &bench.view.transform;
     MouseDrag drag;
     drag.BeginTurn({kWidth / 2, kHeight / 2}, {});
-    std::vector<double> frames;
+    std::vector<double> turned, zoomed;
     for (int x = 1; x <= kFrames; ++x) {
-      drag.MoveTo({kWidth / 2 + 3 * x, kHeight / 2 + x}, &bench.view.transform);
-      frames.push_back(RepaintSeconds(&bench, &pixels) * 1e3);
+      drag.MoveTo({kWidth / 2 + 3 * x, kHeight / 2 + x}, view);
+      turned.push_back(RepaintSeconds(&bench, &pixels) * 1e3);
     }
-    table.Row({Grouped(lines), Fixed(Median(frames), 1), Fixed(std::ranges::max(frames), 1)});
+    FitToPath(view, &bench.loaded.program.store);
+    for (int step = 0; step < 2 * kStepsIn; ++step) {
+      ZoomAt(view, {kWidth * 5 / 8, kHeight / 2}, step < kStepsIn ? 1 : -1);
+      zoomed.push_back(RepaintSeconds(&bench, &pixels) * 1e3);
+    }
+    table.Row({Grouped(lines), Fixed(Median(turned), 1), Fixed(std::ranges::max(turned), 1),
+               Fixed(Median(zoomed), 1), Fixed(std::ranges::max(zoomed), 1)});
   }
 }
 
@@ -369,7 +378,7 @@ int main(int argc, char** argv) {
   const Workspace workspace;
   for (const uint64_t lines : options.sizes) Measure(lines, options, workspace);
   MeasureFirstPicture(options, workspace);
-  MeasureTurn(options, workspace);
+  MeasureFrames(options, workspace);
   std::puts("");
   MeasurePick(ProgramKind::kRaster, options, workspace);
   MeasurePick(ProgramKind::kArcs, options, workspace);
