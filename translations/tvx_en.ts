@@ -898,10 +898,6 @@
         <translation>Other</translation>
     </message>
     <message>
-        <source>최고 피드</source>
-        <translation>Highest feed</translation>
-    </message>
-    <message>
         <source>프로그램 검사</source>
         <translation>Program check</translation>
     </message>

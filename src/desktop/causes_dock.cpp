@@ -27,8 +27,9 @@ constexpr int kLineRole = Qt::UserRole;  // of a place: the line of its costlies
 
 enum Column { kMinutes, kRule, kLines, kColumns };
 
-QString TwoDecimals(double value) {
-  return ToQt(Format("%.2f", value));
+// As the command-line tool prints them: in short programs a place costs less than 0.01 min.
+QString MinutesText(double minutes) {
+  return ToQt(Format("%.3f", minutes));
 }
 
 QString TextOfRule(FeedRule rule) {
@@ -115,7 +116,7 @@ void CausesDock::ShowMinutes(CTVXView* view) {
   const int32_t base = view->program.FeedBase;
   const CauseMinutes minutes = CountCauses(store, base, *view->causes);
   const auto row = [](const QString& name, double value, std::optional<QColor> colour = {}) {
-    return BarRow{name, value, TwoDecimals(value), colour};
+    return BarRow{name, value, MinutesText(value), colour};
   };
   std::vector<BarRow> rules;
   for (size_t i = 0; i < kFeedRules; ++i) {
@@ -123,7 +124,7 @@ void CausesDock::ShowMinutes(CTVXView* view) {
     if (rule != FeedRule::kArc) rules.push_back(row(TextOfRule(rule), minutes.Of(rule)));
   }
   rules.push_back(row(Translated("그 밖"), minutes.unexplained));
-  rules.push_back(row(Translated("최고 피드"), minutes.atHighestFeed));
+  rules.push_back(row(Translated("최대 피드"), minutes.atHighestFeed));
   rules_->SetRows(std::move(rules));
 
   const std::vector<double> byBand =
@@ -147,7 +148,7 @@ void CausesDock::ShowPlaces(CTVXView* view) {
     QString range = QString::number(first);
     if (last != first) range += " - " + QString::number(last);
     auto* const row =
-        new QTreeWidgetItem({TwoDecimals(place.minutes), TextOfRule(place.rule), range});
+        new QTreeWidgetItem({MinutesText(place.minutes), TextOfRule(place.rule), range});
     row->setTextAlignment(kMinutes, Qt::AlignRight | Qt::AlignVCenter);
     row->setData(kMinutes, kLineRole, lines.LineOf(place.costliestBlock));
     rows << row;

@@ -87,6 +87,7 @@ void ProgramDock::AskForLine() {
 void ProgramDock::GoToTypedLine() {
   const uint64_t line = number_->text().toULongLong();
   if (line == 0 || text_->lines() == 0) return;
+  number_->clear();  // the row shows it; a number from before would contradict the next one
   text_->ShowLine(line);
   text_->setFocus();
   context_.goToLine(text_->line(), Centring::kIfOutside);
