@@ -53,7 +53,7 @@ int PackZip(const std::vector<ZipMember>& members, std::string* archive) {
   zip_error_init(&error);
   const Source buffer(zip_source_buffer_create(nullptr, 0, 0, &error), zip_source_free);
   if (buffer == nullptr) return ErrorNumber(&error);
-  zip_source_keep(buffer.get());  // the archive gives its own share up
+  zip_source_keep(buffer.get());  // the archive releases its reference when it is closed
   zip_t* const zip = zip_open_from_source(buffer.get(), ZIP_CREATE | ZIP_TRUNCATE, &error);
   if (zip == nullptr) {
     zip_source_free(buffer.get());
