@@ -37,7 +37,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   SetViewMode(&view.transform, choice(1) % (kViewModes + 1));
   FitToPath(&view.transform, &program.store);
   if (choice(2) % 2 == 1) view.transform.viewScale = kScales[choice(2) / 2 % std::size(kScales)];
-  view.transform.panX += choice(3) - 128;
+  // A fit of points far away leaves the pan at the end of its range.
+  constexpr int32_t kFar = 1'000'000'000;
+  int32_t& pan = view.transform.panX;
+  if (-kFar < pan && pan < kFar) pan += choice(3) - 128;
   view.RapidVisible = choice(4) % 2;
   job.AfaEnabled = choice(5) % 2;
   job.FeedChgSmoothCheck = choice(5) / 2 % 2;

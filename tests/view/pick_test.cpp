@@ -78,7 +78,7 @@ void ChooseView(int mode, Random* random, TestScene* scene) {
   SetViewMode(view, mode);
   FitToPath(view, &scene->program.store);
   view->viewScale *= static_cast<float>(random->OneOf({0.3, 1.0, 1.0, 7.0, 60.0, 300.0}));
-  if (std::abs(view->panX) < kFar) view->panX += random->Whole(-20, 20);
+  if (-kFar < view->panX && view->panX < kFar) view->panX += random->Whole(-20, 20);
   scene->view.RapidVisible = random->OneOf({1, 1, 0});
   scene->job.AfaEnabled = random->OneOf({1, 1, 0});
   scene->job.FeedChgSmoothCheck = random->OneOf({1, 0});
