@@ -11,7 +11,7 @@ namespace tvx::bench {
 
 namespace fs = std::filesystem;
 
-bool NoUser::ShowMessage(const Message& message) {
+bool NoUser::ShowMessage(const MessageBox& message) {
   Require(false, message.text);
   return false;
 }

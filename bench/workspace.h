@@ -17,7 +17,7 @@ namespace tvx::bench {
 // Measured code must not talk to the user: a message ends the benchmark.
 class NoUser final : public UserInterface {
  public:
-  bool ShowMessage(const Message& message) override;
+  bool ShowMessage(const MessageBox& message) override;
   bool RunModal(Dialog*) override { return false; }
   bool ChooseFile(const FileQuestion&, std::string*) override { return false; }
   void Repaint() override {}

@@ -85,7 +85,7 @@ class FuzzFiles : public Files {
 
 class FuzzUi : public UserInterface {
  public:
-  bool ShowMessage(const Message&) override { return false; }
+  bool ShowMessage(const MessageBox&) override { return false; }
   bool RunModal(Dialog*) override { return false; }
   bool ChooseFile(const FileQuestion&, std::string*) override { return false; }
   void Repaint() override {}

@@ -19,7 +19,7 @@ namespace {
 // A refused field is reported by its name, not by the calculator's message.
 class SilentUser final : public CliUserInterface {
  public:
-  bool ShowMessage(const Message&) override { return false; }
+  bool ShowMessage(const MessageBox&) override { return false; }
 };
 
 std::vector<std::string> FieldNames() {

@@ -55,7 +55,7 @@ const Call& CheckConverter(const Call& call) {
 
 }  // namespace
 
-bool CliUserInterface::ShowMessage(const Message& message) {
+bool CliUserInterface::ShowMessage(const MessageBox& message) {
   PrintRemark(message.text.substr(0, message.text.find_last_not_of("\n ") + 1));
   return message.buttons == MessageButtons::kOk;
 }

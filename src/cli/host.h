@@ -22,7 +22,7 @@ inline constexpr char kStandardInput[] = "-";
 // A user who cannot be asked: messages are printed on standard error, questions are refused.
 class CliUserInterface : public UserInterface {
  public:
-  bool ShowMessage(const Message& message) override;
+  bool ShowMessage(const MessageBox& message) override;
   bool RunModal(Dialog*) override { return false; }
   bool ChooseFile(const FileQuestion&, std::string*) override { return false; }
   void Repaint() override {}

@@ -144,7 +144,7 @@ void QtUserInterface::SetWindow(InterfaceWindow* window) {
   progress_.SetBar(window == nullptr ? nullptr : window->WorkBar());
 }
 
-bool QtUserInterface::ShowMessage(const Message& message) {
+bool QtUserInterface::ShowMessage(const MessageBox& message) {
   const QString about = message.path.empty() ? QString() : ToQt(message.path) + "\n\n";
   QMessageBox box(IconOf(message.icon), Translated(message.caption),
                   about + Translated(message.text), ButtonsOf(message.buttons), Parent());

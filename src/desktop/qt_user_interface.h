@@ -34,7 +34,7 @@ class QtUserInterface final : public UserInterface {
   // Until a window is set, messages have no parent and repaints do nothing.
   void SetWindow(InterfaceWindow* window);
 
-  bool ShowMessage(const Message& message) override;
+  bool ShowMessage(const MessageBox& message) override;
   bool RunModal(Dialog* dialog) override;
   // Leaves the current directory of the program at the directory of the chosen file.
   bool ChooseFile(const FileQuestion& question, std::string* path) override;

@@ -56,7 +56,7 @@ std::string BareName(const std::string& name) {
 
 }  // namespace
 
-Message MessageOf(JobMessage message) {
+MessageBox MessageOf(JobMessage message) {
   for (const auto& row : kMessageTable) {
     if (row.message == message) return {.text = row.text, .caption = row.caption};
   }
@@ -319,7 +319,7 @@ void CTransferDlg::ReadListFile(const std::string& path, std::optional<char> dri
 // A file that is missing is an empty one; any other that was not read is not.
 void CTransferDlg::ShowUnreadable(const std::string& path) {
   if (files_->LastError() == ENOENT) return;
-  Message message = MessageOf(JobMessage::kCannotOpen);
+  MessageBox message = MessageOf(JobMessage::kCannotOpen);
   message.path = path + ": " + FileErrorText(files_->LastError());
   ui_->ShowMessage(message);
 }

@@ -29,7 +29,7 @@ enum class JobMessage {
 };
 
 // A message of the table, with its caption.
-Message MessageOf(JobMessage message);
+MessageBox MessageOf(JobMessage message);
 
 // The slot of CTVXApp::JobSlots that job lists use. Its number is a part of the names of the files
 // that the dialog keeps in the environment directory.

@@ -21,7 +21,7 @@ enum class Closing { kStaysOpen, kAccepted, kCancelled };
 enum class MessageIcon { kNone, kInformation, kQuestion, kExclamation, kStop };
 enum class MessageButtons { kOk, kOkCancel, kYesNo };
 
-struct Message {
+struct MessageBox {
   std::string text = {};
   std::string path = {};  // the file it is about, shown above the text; empty for none
   std::string caption = "Error message";
@@ -49,7 +49,7 @@ class UserInterface {
   virtual ~UserInterface() = default;
 
   // Shows a message and waits. True for OK and Yes.
-  virtual bool ShowMessage(const Message& message) = 0;
+  virtual bool ShowMessage(const MessageBox& message) = 0;
 
   // Shows the face of a dialog until the user closes it. True if it was accepted. The dialog's
   // fields and operations are used meanwhile; what they changed stays in either case.

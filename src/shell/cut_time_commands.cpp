@@ -68,11 +68,11 @@ void OfferMaster(CTVXView* view) {
       (grid.path.empty() || IsSameFile(grid.path, path, app->files->CurrentDirectory()))) {
     return;
   }
-  Message message{.text = isOther ? "메모리에 있는 다른 마스터 모델을 사용합니다."
-                                  : "마스터 모델이 메모리에 없어서 사용하지 않습니다.",
-                  .path = path,
-                  .caption = "마스터 모델",
-                  .icon = MessageIcon::kExclamation};
+  MessageBox message{.text = isOther ? "메모리에 있는 다른 마스터 모델을 사용합니다."
+                                     : "마스터 모델이 메모리에 없어서 사용하지 않습니다.",
+                     .path = path,
+                     .caption = "마스터 모델",
+                     .icon = MessageIcon::kExclamation};
   if (app->files->Exists(path)) {
     message.text = isOther ? "메모리에 다른 마스터 모델이 있습니다. 이 화일을 읽겠습니까?"
                            : "마스터 모델이 메모리에 없습니다. 읽겠습니까?";

@@ -25,7 +25,7 @@ ScriptedUi::~ScriptedUi() {
   EXPECT_EQ(files_.size(), 0u) << "files of the script that nobody asked for";
 }
 
-bool ScriptedUi::ShowMessage(const Message& message) {
+bool ScriptedUi::ShowMessage(const MessageBox& message) {
   messages.push_back(message);
   log.push_back("message " + message.text);
   return message.buttons == MessageButtons::kOk || TakeNext(&answers_, log.back()).value_or(false);

@@ -41,7 +41,7 @@ class ScriptedUi : public UserInterface {
   void OnFileCancel() { files_.emplace_back(std::nullopt); }
 
   // What was shown and asked, each kind in its order.
-  std::vector<Message> messages;
+  std::vector<MessageBox> messages;
   std::vector<FileQuestion> fileQuestions;
   int repaints = 0;
 
@@ -49,7 +49,7 @@ class ScriptedUi : public UserInterface {
   // "status TEXT", "offer PATH".
   std::vector<std::string> log;
 
-  bool ShowMessage(const Message& message) override;
+  bool ShowMessage(const MessageBox& message) override;
   bool RunModal(Dialog* dialog) override;
   bool ChooseFile(const FileQuestion& question, std::string* path) override;
   void Repaint() override;
