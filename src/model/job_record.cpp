@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "base/scan.h"
-#include "base/text.h"
 
 namespace tvx {
 
@@ -121,12 +120,6 @@ int CopyJobRecord(int /*index*/, JobRecord* destination, const JobRecord& source
     std::visit([&](auto member) { destination->*member = source.*member; }, field.member);
   }
   return 1;
-}
-
-bool NamesMasterFile(std::string_view path) {
-  // A path of four bytes is no more than a drive and the start of a name.
-  constexpr size_t kTooShort = 4;
-  return EncodeCp949(path).size() > kTooShort;
 }
 
 }  // namespace tvx

@@ -14,43 +14,18 @@ namespace tvx {
 struct EntryDetails;  // reports/entry_details.h
 
 // The record of one finished cut-time run: the file, the options it ran with, and the figures.
-struct CutTimeEntry {
-  int32_t AfaEnabled = 0;
-  int32_t ConCorChk = 0;
-  int32_t UpDownChk = 0;
-  int32_t RapidFeed = 0;
+struct CutTimeEntry : FeedOptions, RestartOptions {
+  int32_t RapidFeed = 0;    // mm/min
   int32_t averageFeed = 0;  // mm/min
-  int32_t MaxFeed = 0;
-  int32_t PlungeFeed = 0;
-  float ToolDiameter = 0;
-  float SafetyDistance = 0;
-  float CornerMinAngle = 0;
-  float CornerMaxRatio = 0;
-  float SlopeMinAngle = 0;
-  float SlopeMaxRatio = 0;
-  float cutLength = 0;    // mm, straight cuts
-  float rapidLength = 0;  // mm
+  float cutLength = 0;      // mm, straight cuts
+  float rapidLength = 0;    // mm
   float cutMinutes = 0;
   float rapidMinutes = 0;
   float totalMinutes = 0;
   std::string fileName;     // without directory
   std::string dirName;      // set by the multi-file run only
   std::string pictureName;  // empty when no picture was made
-  std::string AfaMasterFile;
-  std::string optionLine;  // set by the multi-file run only
-  int32_t FeedChgSmoothCheck = 0;
-  int32_t XyChgReduceCheck = 0;
-  int32_t FeedChgAng = 0;
-  float CorWeight0 = 0, CorWeight30 = 0, CorWeight60 = 0;
-  float SideWeight0 = 0, SideWeight30 = 0, SideWeight60 = 0;
-  float ZupZdown = 0;
-  int32_t AfaByMaster = 0;
-  int32_t RestartOn = 0;
-  int32_t RestartKind = 0;
-  int32_t RestartNumber = 0;
-  float RestartZMax = 0, RestartZMin = 0;
-  float RestartX = 0, RestartY = 0, RestartZ = 0;
-  float RestartTolerance = 0;
+  std::string optionLine;   // set by the multi-file run only
   // Number of the program check (shell/view_check.h) in the window that recorded the entry; 0 for
   // none. It is no field of any file.
   uint32_t check = 0;
@@ -67,7 +42,6 @@ using EntryMember =
 struct EntryField {
   const char* name;
   EntryMember member;
-  bool copied;  // taken from the job record's field of the same name
 };
 
 // All fields in their order.
