@@ -11,6 +11,7 @@ constexpr ToolCommand kCommands[] = {
     {"causes", "which rules slow a program, how much and where", RunCauses},
     {"info", "the lines of the file information dialog", RunInfo},
     {"blocks", "the stored moves, one a line", RunBlocks},
+    {"moves", "the moves as a machine control runs them, one a line", RunMoves},
     {"run", "the multi-file run over a job list", RunJobs},
     {"machine show", "the values of a machine file", RunMachineShow},
     {"machine fit", "fit a machine file to measured times", RunMachineFit},

@@ -26,6 +26,7 @@ int RunMasterBuild(const Call& call);
 int RunMasterDump(const Call& call);
 int RunMasterLookup(const Call& call);
 int RunMasterShow(const Call& call);
+int RunMoves(const Call& call);
 int RunOptionLineBuild(const Call& call);
 int RunOptionLineParse(const Call& call);
 int RunPicture(const Call& call);

@@ -1,0 +1,33 @@
+// The control reading: a program as a machine control runs it, with its cycles, subprograms,
+// variables, planes and units. The plain reading of the loader is the other one.
+#pragma once
+
+#include <string>
+
+#include "control/moves.h"
+#include "control/reading_remarks.h"
+#include "platform/files.h"
+#include "platform/progress.h"
+
+namespace tvx {
+
+struct ReadingOptions {
+  bool isConversational = false;
+  bool isIntegerData = false;  // word-address lengths without a decimal point are thousandths
+  Progress* progress = NoProgress();  // gets the bytes read
+};
+
+enum class ReadingResult {
+  kRead,        // to its end, or to the limit of a program that does not end (kEndless)
+  kNoReader,    // the format has no control reading
+  kCannotOpen,  // Files::LastError
+  kReadFailed,  // as kRead, but a read failed (Files::LastError) and ended the program
+  kStopped,     // the user stopped it
+};
+
+// Runs a program, a drive path. The receiver gets moves and events while the program runs, the
+// remarks are added to those that are there.
+ReadingResult ReadAsControl(const std::string& path, const ReadingOptions& options, Files* files,
+                            MoveReceiver* receiver, ReadingRemarks* remarks);
+
+}  // namespace tvx
