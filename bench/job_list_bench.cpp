@@ -63,11 +63,10 @@ class JobBench {
   }
 
   double Run() {
-    view_->results.entryCount = 0;
+    view_->results.recorded.clear();
     FailedLoads observer;
     const double seconds = Seconds([&] { RunAcceptedList(view_.get(), &observer); });
-    Require(view_->results.entryCount == static_cast<int32_t>(kJobListSlots),
-            "entries are missing");
+    Require(view_->results.recorded.size() == kJobListSlots, "entries are missing");
     return seconds;
   }
 
@@ -75,6 +74,7 @@ class JobBench {
   double Steps() {
     CTVXApp* const app = view_->app;
     BlockStore* const store = &view_->program.store;
+    CutTimeEntry entry;
     return Seconds([&] {
       for (const std::string& name : view_->job.FileNames) {
         LoadNcFile(directory_ + "\\" + name, &view_->program, &app->parserStates, &view_->job,
@@ -83,7 +83,7 @@ class JobBench {
           FeedPass(&view_->program, view_->job, &view_->masterGrid, &app->feedPassMemory);
         }
         FitToPath(&view_->view.transform, store);
-        ComputeCutTime(store, view_->job, &view_->fileInfo.current);
+        ComputeCutTime(store, view_->job, &entry);
         if (view_->job.MetafileCreateChk == 1) {
           WritePicture(name + ".emf", {&view_->program, &view_->job, &view_->view}, app->files);
         }

@@ -30,6 +30,21 @@ void ThrowIfBroken(const ProgramFile& file, const ProgramCheck& check) {
   if (check.readError != 0) throw Failure{file.argument, ReadProblem(check.readError)};
 }
 
+// Prints what the times leave out.
+void PrintNote(const ProgramFile& file, const ProgramCheck& check, int32_t InputFileType) {
+  if (check.Of(RemarkId::kOtherFormat).count > 0) {
+    PrintRemark(file.argument + Format(": is in the other format; --set InputFileType=%d reads it",
+                                       OtherFormat(InputFileType)));
+  }
+  const auto whole = [](uint64_t value) { return static_cast<unsigned long long>(value); };
+  const uint64_t lost = check.Count(RemarkClass::kLost);
+  const uint64_t changed = check.Count(RemarkClass::kChanged);
+  if (lost + changed == 0) return;
+  PrintRemark(file.argument + Format(": the times leave out or change lines of the program (%llu "
+                                     "lost, %llu changed); tvx-cli check %s lists them",
+                                     whole(lost), whole(changed), Quoted(file.argument).c_str()));
+}
+
 }  // namespace
 
 ProgramCheck CheckProgramFile(const ProgramFile& file, const CheckOptions& options,
@@ -51,9 +66,9 @@ ProgramCheck CheckProgramFile(const ProgramFile& file, const CheckOptions& optio
   return checker.Result();
 }
 
-std::optional<ProgramCheck> NoteRemarks(const ProgramFile& file, const CTVXView& view,
-                                        bool wantsCheck) {
-  if (IsQuiet() && !wantsCheck) return {};
+std::shared_ptr<const FileCheck> NoteRemarks(const ProgramFile& file, const CTVXView& view,
+                                             bool wantsCheck) {
+  if (IsQuiet() && !wantsCheck) return nullptr;
   SetSubject(file.argument);
   ShowProgress(file.argument + ": checking");
   Progress* const progress = ToolProgress();
@@ -63,29 +78,18 @@ std::optional<ProgramCheck> NoteRemarks(const ProgramFile& file, const CTVXView&
   Files* const files = view.app->files;
   if (!CheckProgram(file.path, start, view.job, files, &check,
                     {.storedPerId = 0, .progress = progress})) {
-    if (files->LastError() == ENOENT) return {};  // the load reports it
+    if (files->LastError() == ENOENT) return nullptr;  // the load reports it
     throw Failure{file.argument, ReadProblem(files->LastError())};
   }
-  if (progress->IsStopped()) return {};  // the load is stopped too
+  if (progress->IsStopped()) return nullptr;  // the load is stopped too
   ThrowIfBroken(file, check);
-  if (IsQuiet()) return check;
-  if (check.Of(RemarkId::kOtherFormat).count > 0) {
-    PrintRemark(file.argument + Format(": is in the other format; --set InputFileType=%d reads it",
-                                       OtherFormat(view.job.InputFileType)));
-  }
-  const auto whole = [](uint64_t value) { return static_cast<unsigned long long>(value); };
-  const uint64_t lost = check.Count(RemarkClass::kLost);
-  const uint64_t changed = check.Count(RemarkClass::kChanged);
-  if (lost + changed == 0) return check;
-  PrintRemark(file.argument + Format(": the times leave out or change lines of the program (%llu "
-                                     "lost, %llu changed); tvx-cli check %s lists them",
-                                     whole(lost), whole(changed), Quoted(file.argument).c_str()));
-  return check;
-}
-
-ProgramPauses PausesOf(const std::optional<ProgramCheck>& check) {
-  if (!check) return {};
-  return {.dwellSeconds = check->dwellSeconds, .toolChanges = check->toolChanges};
+  if (!IsQuiet()) PrintNote(file, check, view.job.InputFileType);
+  auto result = std::make_shared<FileCheck>();
+  result->path = file.path;
+  result->stamp = check.stamp;
+  result->state = CheckState::kDone;
+  result->result = std::make_shared<const ProgramCheck>(std::move(check));
+  return result;
 }
 
 }  // namespace tvx

@@ -1,11 +1,11 @@
 // The program check in the tool.
 #pragma once
 
-#include <optional>
+#include <memory>
 #include <string>
 
 #include "cli/program_files.h"
-#include "insight/machine_time.h"
+#include "evaluate/program_checks.h"
 #include "insight/program_check.h"
 #include "shell/tvx_view.h"
 
@@ -17,13 +17,10 @@ ProgramCheck CheckProgramFile(const ProgramFile& file, const CheckOptions& optio
                               const CTVXView& view, LoadStart* start);
 
 // Call it before the load of a program: prints in one line on standard error how many of its lines
-// the times leave out or change; nothing if there is none or with --quiet. Returns what the check
-// counted; nothing for a missing file, and where the check is neither wanted nor noted. Throws
-// Failure if the program cannot be read.
-std::optional<ProgramCheck> NoteRemarks(const ProgramFile& file, const CTVXView& view,
-                                        bool wantsCheck);
-
-// The pauses of a program; none for one that was not checked.
-ProgramPauses PausesOf(const std::optional<ProgramCheck>& check);
+// the times leave out or change; nothing if there is none or with --quiet. Returns the check, whose
+// remarks are only counted; null for a missing file, and where the check is neither wanted nor
+// noted. Throws Failure if the program cannot be read.
+std::shared_ptr<const FileCheck> NoteRemarks(const ProgramFile& file, const CTVXView& view,
+                                             bool wantsCheck);
 
 }  // namespace tvx

@@ -11,6 +11,7 @@
 #include "cli/params.h"
 #include "cli/program_files.h"
 #include "stats/entry_lines.h"
+#include "stats/file_information.h"
 
 namespace tvx {
 
@@ -29,10 +30,10 @@ int RunInfo(const Call& call) {
   const ProgramFile file{argument, host.ProgramPath(argument)};
   ToolView view(&host);
   params.Apply(&host, &view);
-  PrepareProgram(file, params.Adjusts(), &view);
-  CountProgram(file, &view);
+  LoadWholeProgram(file, &view);
+  const ProgramResult result = EvaluateProgram(file, params.Adjusts(), nullptr, &view);
 
-  std::vector<std::string> lines = view.fileInfo.Lines();
+  std::vector<std::string> lines = FileInformationLines(result.entry);
   if (host.app.LabelLanguage == kEnglishLabels) {
     for (std::string& text : lines) text = EnglishFigure(ReplaceLabels(text, kEnglishLabels));
   }

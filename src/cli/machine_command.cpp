@@ -93,7 +93,7 @@ LoadedProgram Load(const ProgramFile& file, double minutes, const Params& params
   LoadedProgram loaded{std::make_unique<CTVXView>(&host->app), {}};
   CTVXView* const view = loaded.view.get();
   params.Apply(host, view);
-  const ProgramPauses pauses = PausesOf(NoteRemarks(file, *view, /*wantsCheck=*/true));
+  const ProgramPauses pauses = PausesOf(NoteRemarks(file, *view, /*wantsCheck=*/true).get());
   PrepareProgram(file, params.Adjusts(), view);
   loaded.measured = {&view->program.store, pauses, minutes};
   return loaded;

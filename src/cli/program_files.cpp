@@ -52,7 +52,7 @@ void LoadWholeProgram(const ProgramFile& file, CTVXView* view) {
 void AdjustProgram(const ProgramFile& file, CTVXView* view, const FeedTrace& trace) {
   ShowProgress(file.argument + ": adjusting the feeds");
   const WorkScope work(ToolProgress(), Work::kAdjust, file.argument, Stopping::kAllowed);
-  AdjustFeeds(ProgramContextOf(view), trace);
+  AdjustFeeds(ProgramWorkOf(view), trace);
   EndIfInterrupted();
 }
 
@@ -61,11 +61,17 @@ void PrepareProgram(const ProgramFile& file, bool adjusts, CTVXView* view) {
   if (adjusts) AdjustProgram(file, view);
 }
 
-const CutTimeEntry& CountProgram(const ProgramFile& file, CTVXView* view) {
-  ShowProgress(file.argument + ": working out the times");
-  CountTimes(ProgramContextOf(view));
-  view->fileInfo.current.fileName = view->fileName;
-  return view->fileInfo.current;
+ProgramResult EvaluateProgram(const ProgramFile& file, bool adjusts,
+                              std::shared_ptr<const FileCheck> check, CTVXView* view) {
+  if (adjusts) ShowProgress(file.argument + ": adjusting the feeds");
+  const WorkScope work(ToolProgress(), Work::kAdjust, file.argument, Stopping::kAllowed);
+  const auto count = [&] { ShowProgress(file.argument + ": working out the times"); };
+  auto result = Evaluate(
+      ProgramWorkOf(view),
+      {.adjusts = adjusts, .wanted = view->wanted, .check = std::move(check), .onAdjusted = count});
+  EndIfInterrupted();
+  result->entry.fileName = view->fileName;
+  return std::move(*result);
 }
 
 }  // namespace tvx

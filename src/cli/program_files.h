@@ -43,7 +43,9 @@ void AdjustProgram(const ProgramFile& file, CTVXView* view, const FeedTrace& tra
 // Loads a whole program and adjusts its feeds if `adjusts`.
 void PrepareProgram(const ProgramFile& file, bool adjusts, CTVXView* view);
 
-// Computes the figures of the program into the view's current result and returns them.
-const CutTimeEntry& CountProgram(const ProgramFile& file, CTVXView* view);
+// Makes the result of the program in the view, with what the view wants, after an adjustment of its
+// feeds if `adjusts`.
+ProgramResult EvaluateProgram(const ProgramFile& file, bool adjusts,
+                              std::shared_ptr<const FileCheck> check, CTVXView* view);
 
 }  // namespace tvx

@@ -1,6 +1,7 @@
 // tvx-cli run: the multi-file run over a job list.
 
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -19,7 +20,6 @@
 #include "cli/run_outputs.h"
 #include "cli/run_report.h"
 #include "cli/time_totals.h"
-#include "insight/machine_time.h"
 #include "jobs/job_list.h"
 #include "reports/cut_time_list.h"
 #include "shell/job_list_run.h"
@@ -68,20 +68,18 @@ void AcceptList(const JobList& list, bool pictures, CTVXView* view) {
   PrepareDevice(&view->view.transform);
 }
 
-// `machineTimes` of the entries in their order; empty if no machine is given.
-void PrintTable(const ResultTable& results, const std::vector<MachineTime>& machineTimes,
-                const TimeTotals& totals) {
-  const bool hasMachine = !machineTimes.empty();
+void PrintTable(std::span<const ProgramResult> results, const TimeTotals& totals) {
+  const bool hasMachine = !results.empty() && results.front().machine.has_value();
   float total = 0;
   double machineTotal = 0;
   Print(std::string("  cut mm  rapid mm   cut min  rapid min  total min  feed  ") +
         (hasMachine ? "machine min  " : "") + "file\n");
-  for (size_t i = 0; i < results.Recorded().size(); ++i) {
-    const CutTimeEntry& entry = results.Recorded()[i];
+  for (const ProgramResult& result : results) {
+    const CutTimeEntry& entry = result.entry;
     std::string machine;
-    if (hasMachine) {
-      machine = Format("%11.2f  ", machineTimes[i].totalMinutes);
-      machineTotal += machineTimes[i].totalMinutes;
+    if (const auto time = MachineTimeOf(result)) {
+      machine = Format("%11.2f  ", time->totalMinutes);
+      machineTotal += time->totalMinutes;
     }
     Print(Format("%8.1f  %8.1f  %8.2f  %9.2f  %9.2f  %4d  %s%s\n", entry.cutLength,
                  entry.rapidLength, entry.cutMinutes, entry.rapidMinutes, entry.totalMinutes,
@@ -93,21 +91,21 @@ void PrintTable(const ResultTable& results, const std::vector<MachineTime>& mach
   if (totals.programs > 1) Print(totals.Line(/*adjusts=*/true));
 }
 
-Json ResultsJson(const ResultTable& results, const std::vector<MachineTime>& machineTimes) {
+Json ResultsJson(std::span<const ProgramResult> results) {
   Json array = Json::array();
-  for (size_t i = 0; i < results.Recorded().size(); ++i) {
-    Json object = FieldsJson(results.Recorded()[i], EntryFields());
-    if (!machineTimes.empty()) object["machine"] = MachineJson(machineTimes[i]);
+  for (const ProgramResult& result : results) {
+    Json object = FieldsJson(result.entry, EntryFields());
+    if (const auto time = MachineTimeOf(result)) object["machine"] = MachineJson(*time);
     array.push_back(object);
   }
   return array;
 }
 
-void PrintInformation(const ResultTable& results) {
+void PrintInformation(std::span<const ProgramResult> results) {
   const char* between = "";
-  for (const CutTimeEntry& entry : results.Recorded()) {
+  for (const ProgramResult& result : results) {
     Print(between);
-    for (const std::string& text : CutTimeListLines(entry)) Print(text + "\n");
+    for (const std::string& text : CutTimeListLines(result.entry)) Print(text + "\n");
     between = "\n";
   }
 }
@@ -137,27 +135,33 @@ int RunJobs(const Call& call) {
 
   Host host(call);
   ToolView view(&host);
-  const std::optional<MachineProfile> machine = machineOption.Read(host);
-  RunReport report(machine, &view);
+  host.app.machine = machineOption.Read(host);
+  RunReport report(&view);
   const JobList list = ReadList(host, host.ReadablePath(argument), argument, &report);
   params.Apply(&host, &view);
   AcceptList(list, pictures && !noPictures, &view);
-  view.results.wanted = {.sheet = outputs.page.has_value(),
-                         .workbook = outputs.workbook.has_value()};
+  const bool hasPage = outputs.page.has_value();
+  view.wanted = {.programmed = true,
+                 .causes = hasPage,
+                 .machine = true,
+                 .sheetPicture = hasPage,
+                 .workbookPicture = outputs.workbook.has_value(),
+                 .check = hasPage || host.app.machine.has_value()};
   if (outputs.page) view.causes = std::make_unique<FeedCauses>();
   if (fresh) report.ReadFresh();
   RunAcceptedList(&view, &report);
   ShowProgress("");
   report.NoteMissingFiles(host);
+  const std::span<const ProgramResult> results = view.results.recorded;
   if (json) {
-    Print(JsonText(ResultsJson(view.results, report.machineTimes())));
+    Print(JsonText(ResultsJson(results)));
   } else if (information) {
-    PrintInformation(view.results);
+    PrintInformation(results);
   } else {
-    PrintTable(view.results, report.machineTimes(), report.totals());
+    PrintTable(results, report.totals());
   }
   EndIfInterrupted();  // the files are written from a whole run only
-  const bool complete = WriteOutputs(outputs, host, report.machineTimes(), &view.results);
+  const bool complete = WriteOutputs(outputs, host, results);
   return report.failed() || !complete ? 1 : 0;
 }
 

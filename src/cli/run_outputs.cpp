@@ -40,8 +40,9 @@ bool ReportFailedCopies(const std::vector<FailedCopy>& failed) {
   return failed.empty();
 }
 
-bool WriteListCopy(const std::string& argument, const std::string& path, const ResultTable& results,
-                   Files* files, std::vector<FailedCopy>* failed) {
+bool WriteListCopy(const std::string& argument, const std::string& path,
+                   std::span<const ProgramResult> results, Files* files,
+                   std::vector<FailedCopy>* failed) {
   if (const auto same = FindSameName(path, results)) {
     throw Failure{argument, same->first + " and " + same->second + " have the same name"};
   }
@@ -54,8 +55,9 @@ bool WriteListCopy(const std::string& argument, const std::string& path, const R
   return true;
 }
 
-void WriteSheet(const std::string& argument, const Host& host, ResultTable* results) {
-  if (results->HasPart()) throw Failure{argument, WriteProblem(kPartSource)};
+void WriteSheet(const std::string& argument, const Host& host,
+                std::span<const ProgramResult> results) {
+  if (HasIncomplete(results)) throw Failure{argument, WriteProblem(kPartSource)};
   const auto program = host.app.spreadsheets->Start(SpreadsheetForm::kFile);
   if (program == nullptr) throw Failure{argument, kNoSpreadsheetProgram};
   if (!WriteSpreadsheetFile(OutputPath(host, argument), results, program.get())) {
@@ -79,22 +81,22 @@ void RunOutputs::AddTo(CommandLine* line) {
 }
 
 bool WriteOutputs(const RunOutputs& outputs, const Host& host,
-                  const std::vector<MachineTime>& machineTimes, ResultTable* results) {
+                  std::span<const ProgramResult> results) {
   Files* const files = host.files.get();
   std::vector<FailedCopy> failed;
   WriteOutput(host, outputs.report,
-              [&](const std::string& path) { return WriteTextReportFile(path, *results, files); });
+              [&](const std::string& path) { return WriteTextReportFile(path, results, files); });
   WriteOutput(host, outputs.list,
-              [&](const std::string& path) { return WriteJobListFile(path, *results, files); });
+              [&](const std::string& path) { return WriteJobListFile(path, results, files); });
   WriteOutput(host, outputs.listCopy, [&](const std::string& path) {
-    return WriteListCopy(*outputs.listCopy, path, *results, files, &failed);
+    return WriteListCopy(*outputs.listCopy, path, results, files, &failed);
   });
   WriteOutput(host, outputs.page, [&](const std::string& path) {
-    return WriteJobSheetFile(path, *results, host.app.LabelLanguage, files);
+    return WriteJobSheetFile(path, results, host.app.LabelLanguage, files);
   });
   WriteOutput(host, outputs.workbook,
-              [&](const std::string& path) { return WriteResultWorkbook(path, *results, files); });
-  outputs.csv.Write(host, ResultsCsv(*results, machineTimes), results->HasPart());
+              [&](const std::string& path) { return WriteResultWorkbook(path, results, files); });
+  outputs.csv.Write(host, ResultsCsv(results), HasIncomplete(results));
   const bool copied = ReportFailedCopies(failed);
   if (outputs.sheet) {
     ShowProgress(*outputs.sheet + ": filling");

@@ -2,14 +2,13 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
-#include <vector>
 
 #include "cli/command_line.h"
 #include "cli/csv_option.h"
 #include "cli/host.h"
-#include "insight/machine_time.h"
-#include "stats/result_table.h"
+#include "evaluate/program_result.h"
 
 namespace tvx {
 
@@ -22,10 +21,9 @@ struct RunOutputs {
 };
 
 // Writes each file that is named, whole or not at all, the spreadsheet last because it rounds the
-// figures of the results. `machineTimes` of the entries in their order; empty without a machine.
-// Throws Failure at the first file that cannot be written. Returns false if files of the list could
-// not be copied; everything else was done.
+// figures of the results. Throws Failure at the first file that cannot be written. Returns false if
+// files of the list could not be copied; everything else was done.
 bool WriteOutputs(const RunOutputs& outputs, const Host& host,
-                  const std::vector<MachineTime>& machineTimes, ResultTable* results);
+                  std::span<const ProgramResult> results);
 
 }  // namespace tvx

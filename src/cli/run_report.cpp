@@ -9,7 +9,6 @@
 #include "cli/command.h"
 #include "cli/output.h"
 #include "cli/program_files.h"
-#include "shell/result_details.h"
 
 namespace tvx {
 
@@ -32,36 +31,25 @@ void RunReport::OnEntry(size_t index, size_t count, const std::string& name) {
   if (isFresh_) ForgetModalState(&view_);
 }
 
-void RunReport::OnLoad(const std::string& path) {
+std::shared_ptr<const FileCheck> RunReport::OnLoad(const std::string& path) {
   const auto [found, isNew] = checks_.try_emplace(path);
-  if (!isNew) return;
-  const bool wantsCheck = machine_.has_value() || view_.results.wanted.sheet;
+  if (!isNew) return found->second;
   try {
-    found->second = NoteRemarks({path, path}, view_, wantsCheck);
+    found->second = NoteRemarks({path, path}, view_, view_.wanted.check);
   } catch (const Failure& failure) {
     Fail(failure.file, failure.reason);
-    if (wantsCheck) unchecked_.insert(path);
+    found->second = std::make_shared<const FileCheck>(
+        FileCheck{.path = path, .stamp = {}, .state = CheckState::kCannotRead, .result = nullptr});
   }
+  return found->second;
 }
 
-void RunReport::OnLoaded() {
-  programmed_ = TakeProgrammedTime(&view_);
-}
-
-void RunReport::OnRecorded(const std::string& path) {
-  CutTimeEntry& entry = view_.results.entries[static_cast<size_t>(view_.results.entryCount) - 1];
-  if (unchecked_.contains(path)) entry.isPart = true;
-  const float after = view_.fileInfo.current.totalMinutes;
-  totals_.Add(programmed_.minutes, after);
-  if (view_.job.AfaEnabled == 1) NoteLongerTime(path, programmed_, after, view_.job.MaxFeed);
-  const std::optional<ProgramCheck>& check = checks_[path];
-  if (machine_) {
-    machineTimes_.push_back(ComputeMachineTime(&view_.program.store, *machine_, PausesOf(check)));
-  }
-  EntryDetails* const details = entry.details.get();
-  if (details == nullptr) return;
-  if (machine_) details->machine = {*machine_, machineTimes_.back()};
-  if (check) AddCheck(*check, details);
+void RunReport::OnRecorded(const std::string& path, const ProgramResult& result) {
+  const float after = result.entry.totalMinutes;
+  const float before = MinutesBefore(result).value_or(after);
+  totals_.Add(before, after);
+  if (!result.programmed) return;
+  NoteLongerTime(path, {before, result.programmed->highestFeed}, after, result.entry.MaxFeed);
 }
 
 void RunReport::OnStopped(const RunEnd& end) {

@@ -18,37 +18,24 @@
 #include "cli/params.h"
 #include "cli/program_files.h"
 #include "cli/time_totals.h"
-#include "insight/machine_time.h"
+#include "evaluate/program_result.h"
 #include "reports/result_csv.h"
 
 namespace tvx {
 namespace {
 
-// The figures of one program; those of a machine only if one is given.
-struct Figures {
-  CutTimeEntry entry;
-  std::optional<MachineTime> machine;
-};
-
 struct Times {
-  Figures before;
-  std::optional<Figures> after;
+  ProgramResult before;
+  std::optional<ProgramResult> after;
 };
 
-Times TimeProgram(const ProgramFile& file, bool adjusts,
-                  const std::optional<MachineProfile>& machine, CTVXView* view) {
-  const ProgramPauses pauses = PausesOf(NoteRemarks(file, *view, machine.has_value()));
+Times TimeProgram(const ProgramFile& file, bool adjusts, CTVXView* view) {
+  const auto check = NoteRemarks(file, *view, view->app->machine.has_value());
   LoadWholeProgram(file, view);
-  const auto figures = [&] {
-    Figures result{CountProgram(file, view), std::nullopt};
-    if (machine) result.machine = ComputeMachineTime(&view->program.store, *machine, pauses);
-    return result;
-  };
-  Times times{figures(), std::nullopt};
+  Times times{EvaluateProgram(file, /*adjusts=*/false, check, view), std::nullopt};
   if (adjusts) {
     const ProgrammedTime before = {times.before.entry.totalMinutes, view->program.FeedBase};
-    AdjustProgram(file, view);
-    times.after = figures();
+    times.after = EvaluateProgram(file, /*adjusts=*/true, check, view);
     NoteLongerTime(file.argument, before, times.after->entry.totalMinutes, view->job.MaxFeed);
   }
   return times;
@@ -65,12 +52,12 @@ constexpr Figure kFigures[] = {
     {"totalMinutes", &CutTimeEntry::totalMinutes},
 };
 
-Json FiguresJson(const Figures& figures) {
-  const CutTimeEntry& entry = figures.entry;
+Json FiguresJson(const ProgramResult& result) {
+  const CutTimeEntry& entry = result.entry;
   Json object = Json::object();
   for (const Figure& figure : kFigures) object[figure.name] = SingleJson(entry.*figure.value);
   object["averageFeed"] = entry.averageFeed;
-  if (figures.machine) object["machine"] = MachineJson(*figures.machine);
+  if (const auto time = MachineTimeOf(result)) object["machine"] = MachineJson(*time);
   return object;
 }
 
@@ -94,11 +81,11 @@ std::string CsvNames(bool adjusts, bool hasMachine) {
 
 std::string CsvTimes(const ProgramFile& file, const Times& times) {
   std::vector<std::string> row = {CsvText(file.argument)};
-  for (const Figures* figures : {&times.before, times.after ? &*times.after : nullptr}) {
-    if (figures == nullptr) continue;
-    for (const Figure& figure : kFigures) row.push_back(CsvNumber(figures->entry.*figure.value));
-    row.push_back(std::to_string(figures->entry.averageFeed));
-    if (figures->machine) AddMachineValues(*figures->machine, &row);
+  for (const ProgramResult* result : {&times.before, times.after ? &*times.after : nullptr}) {
+    if (result == nullptr) continue;
+    for (const Figure& figure : kFigures) row.push_back(CsvNumber(result->entry.*figure.value));
+    row.push_back(std::to_string(result->entry.averageFeed));
+    if (const auto time = MachineTimeOf(*result)) AddMachineValues(*time, &row);
   }
   return CsvRow(row);
 }
@@ -139,15 +126,17 @@ std::string TableLine(const std::string& label, const std::string& unit, const s
 }
 
 std::string MachineTable(const Times& times) {
-  if (!times.before.machine) return "";
+  const auto timeBefore = MachineTimeOf(times.before);
+  if (!timeBefore) return "";
+  const auto timeAfter = times.after ? MachineTimeOf(*times.after) : std::nullopt;
   const auto minutes = [](double value) { return ShortestFloat(static_cast<float>(value)); };
   std::string text;
   for (const MachineRow& row : kMachineRows) {
-    const double before = *times.before.machine.*row.figure;
+    const double before = *timeBefore.*row.figure;
     std::string after, saved;
-    if (times.after) {
-      after = minutes(*times.after->machine.*row.figure);
-      saved = minutes(before - *times.after->machine.*row.figure);
+    if (timeAfter) {
+      after = minutes(*timeAfter.*row.figure);
+      saved = minutes(before - *timeAfter.*row.figure);
     }
     text += TableLine(row.label, "min", minutes(before), after, saved);
   }
@@ -238,14 +227,15 @@ int RunTime(const Call& call) {
   Host host(call);
   ToolView view(&host);
   params.Apply(&host, &view);
-  const std::optional<MachineProfile> machine = machineOption.Read(host);
-  TimesReport report(params.Adjusts(), machine.has_value(), json);
+  host.app.machine = machineOption.Read(host);
+  view.wanted.machine = true;
+  TimesReport report(params.Adjusts(), host.app.machine.has_value(), json);
   bool failed = false, isPart = false;
   for (const std::string& argument : arguments) {
     try {
       const ProgramFile file{argument, host.ProgramPath(argument)};
       if (fresh) ForgetModalState(&view);
-      report.Add(file, TimeProgram(file, params.Adjusts(), machine, &view));
+      report.Add(file, TimeProgram(file, params.Adjusts(), &view));
     } catch (const Failure& failure) {
       PrintRemark(failure.file + ": " + failure.reason);
       failed = true;

@@ -1,19 +1,9 @@
-// The figures come from a walk of their own, so that no defined one changes.
 #include "cli/time_totals.h"
 
 #include "base/format.h"
 #include "cli/output.h"
-#include "stats/cut_time.h"
 
 namespace tvx {
-
-ProgrammedTime TakeProgrammedTime(CTVXView* view) {
-  const MotionBlock kept = view->program.store.CurrentBlock;
-  CutTimeEntry figures;
-  ComputeCutTime(&view->program.store, view->job, &figures);
-  view->program.store.CurrentBlock = kept;
-  return {figures.totalMinutes, view->program.FeedBase};
-}
 
 void NoteLongerTime(const std::string& file, const ProgrammedTime& before, float after,
                     int32_t MaxFeed) {

@@ -5,8 +5,6 @@
 #include <cstdint>
 #include <string>
 
-#include "shell/tvx_view.h"
-
 namespace tvx {
 
 // The time of a program before its feeds are adjusted, and its highest feed.
@@ -14,9 +12,6 @@ struct ProgrammedTime {
   float minutes = 0;
   int32_t feed = 0;  // mm/min
 };
-
-// Of the program in the store of the view, whose current result stays.
-ProgrammedTime TakeProgrammedTime(CTVXView* view);
 
 // Remarks on standard error that a program takes longer after the adjustment, if the conditions
 // hold its feeds below its own; not with --quiet.

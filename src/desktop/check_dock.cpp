@@ -125,8 +125,8 @@ void CheckDock::ShowCheck(const CTVXView* view) {
   std::vector<std::shared_ptr<const FileCheck>> files;
   std::shared_ptr<const FileCheck> loaded;
   if (view != nullptr) {
-    files = view->check.ChecksOf(view->results);
     loaded = view->check.Loaded();
+    files = ChecksOf(view->results.recorded, loaded);
   }
   const QSignalBlocker quiet(choice_);
   const bool isSameProgram = loaded == loaded_;

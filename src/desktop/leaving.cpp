@@ -24,7 +24,7 @@ Leaving::Leaving(const QString& settingsFile, QWidget* window)
 }
 
 bool Leaving::MayClose(const CTVXView& view) {
-  if (!asks_ || view.results.entryCount == 0 || view.results.isReported) return true;
+  if (!asks_ || view.results.recorded.empty() || view.results.isReported) return true;
   QMessageBox box(QMessageBox::Question, Translated("창 닫기"),
                   Translated("기록한 결과가 아직 출력되지 않았습니다. 창을 닫겠습니까?"),
                   QMessageBox::Yes | QMessageBox::No, window_);

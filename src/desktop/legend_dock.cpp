@@ -132,7 +132,7 @@ void LegendDock::ShowProgram(CTVXView* view) {
   cutTime_->setText(ToQt(Format("%.1f min", figures.cutMinutes)));
   totalTime_->setText(MinutesText(figures.totalMinutes));
   if (!view->program.programmed) return;
-  const double before = view->program.programmed->minutes + figures.rapidMinutes;
+  const double before = view->program.programmed->cutMinutes + figures.rapidMinutes;
   timeBefore_->setText(MinutesText(before));
   saved_->setText(SavedText(before, figures.totalMinutes));
 }

@@ -31,13 +31,6 @@ bool IsUnderCheck(const CTVXView* view) {
   return view != nullptr && view->check.State() == CheckState::kUnderWay;
 }
 
-// None for a program that could not be checked.
-ProgramPauses PausesOf(const CTVXView& view) {
-  const auto check = view.check.Result();
-  if (check == nullptr) return {};
-  return {.dwellSeconds = check->dwellSeconds, .toolChanges = check->toolChanges};
-}
-
 QString PartsText(const MachineTime& time, bool isChecked) {
   QString text =
       Translated(Format("절삭 %.1f, 급속이송 %.1f, 드웰 %.1f, 공구교환 %.1f min", time.cutMinutes,
@@ -165,8 +158,8 @@ void MachineRows::ShowTime() {
   SetPlainToolTip(time_, {});
   if (!context_.app->machine || view == nullptr || view->program.store.blockCount == 0) return;
   ReleaseVectorRegisters();  // the window has been painted
-  const MachineTime time =
-      ComputeMachineTime(&view->program.store, *context_.app->machine, PausesOf(*view));
+  const MachineTime time = ComputeMachineTime(&view->program.store, *context_.app->machine,
+                                              PausesOf(view->check.Loaded().get()));
   time_->setText(ToQt(Format("%.1f min", time.totalMinutes)));
   SetPlainToolTip(time_, PartsText(time, view->check.Result() != nullptr));
 }

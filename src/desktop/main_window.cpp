@@ -133,7 +133,9 @@ void MainWindow::BindChildWindowKeys() {
 
 ViewWidget* MainWindow::NewView() {
   auto* const widget = new ViewWidget(app_);
-  widget->view().results.wanted.sheet = true;  // the list of results offers it at any time
+  // The list of results offers the job sheet at any time.
+  widget->view().wanted = {
+      .programmed = true, .causes = true, .machine = true, .sheetPicture = true};
   QMdiSubWindow* const child = area_->addSubWindow(widget);
   child->setAttribute(Qt::WA_DeleteOnClose);
   child->installEventFilter(this);

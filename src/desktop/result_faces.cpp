@@ -36,7 +36,7 @@ FileInfoFace::FileInfoFace(CFileInfoDlg* dialog, QWidget* parent) : QDialog(pare
   list->setMinimumSize(360, 420);
   column->addWidget(list);
   if (dialog->timeBefore) {
-    const double before = *dialog->timeBefore, after = dialog->current.totalMinutes;
+    const double before = *dialog->timeBefore, after = dialog->entry.totalMinutes;
     column->addWidget(new QLabel(Translated("조정 전") + "  " + MinutesText(before) + "\n" +
                                      Translated("조정 후") + "  " + MinutesText(after) + "\n" +
                                      Translated("절약") + "  " + SavedText(before, after),

@@ -169,7 +169,7 @@ LoadResult LoadNcFile(const std::string& path, NcProgram* program, ParserStates*
 
   const std::unique_ptr<InputFile> file = files->OpenForReading(path);
   if (file == nullptr) {
-    program->isPart = IsReadFailure(files->LastError());
+    program->isIncomplete = IsReadFailure(files->LastError());
     return LoadResult::kCannotOpen;
   }
   BeginProgram(program);
@@ -194,7 +194,7 @@ LoadResult LoadNcFile(const std::string& path, NcProgram* program, ParserStates*
     program->source.lines = lines.Finish(store.blockCount);
     // A program that is too large for the store is figured up to its last block; one that finds no
     // memory could be figured whole another time.
-    program->isPart = program->lostBlocks > 0 && store.blockCount < BlockStore::kMaxBlocks;
+    program->isIncomplete = program->lostBlocks > 0 && store.blockCount < BlockStore::kMaxBlocks;
     if (!hasRoom) return LoadResult::kStoreFull;
   }
   StartFirstRun(&store);
@@ -203,7 +203,7 @@ LoadResult LoadNcFile(const std::string& path, NcProgram* program, ParserStates*
   store.ReadBlock(store.blockCount - 1);
   if (file->Error() != 0) {
     files->Fail(file->Error());
-    program->isPart = true;
+    program->isIncomplete = true;
     return LoadResult::kReadFailed;
   }
   return program->lostBlocks > 0 ? LoadResult::kBlocksLost : LoadResult::kLoaded;

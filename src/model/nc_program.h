@@ -24,10 +24,11 @@ struct ProgramSource {
   std::vector<int32_t> feeds = {};
 };
 
-// Figures of the straight cuts.
-struct CutFigures {
-  float minutes = 0;
+// Figures of the feeds that the program itself has. Lengths and rapids do not depend on them.
+struct ProgrammedFigures {
+  float cutMinutes = 0;
   int32_t averageFeed = 0;  // mm/min
+  int32_t highestFeed = 0;  // mm/min
 };
 
 // The stored moves and what reading them leaves behind.
@@ -39,11 +40,11 @@ struct NcProgram {
   int32_t firstPoint = 1;        // the next drawing starts with a silent first point
   uint64_t lostBlocks = 0;       // of the load: those that found no place in the store
   // The file, or the master model for it, could not be read whole, or found no memory.
-  bool isPart = false;
+  bool isIncomplete = false;
   ProgramSource source = {};
   uint32_t edition = 0;  // another number for each program that fills the store
-  // Before the first adjustment, if results are to have details; nothing before that.
-  std::optional<CutFigures> programmed = {};
+  // Before the first adjustment, if results are to have them; nothing before that.
+  std::optional<ProgrammedFigures> programmed = {};
 };
 
 // Leaves a program as a load begins: without blocks, in absolute mode, with a silent first point.
@@ -52,7 +53,7 @@ inline void EmptyProgram(NcProgram* program) {
   program->store.CurrentBlock.type = BlockNone;
   program->firstPoint = 1;
   program->lostBlocks = 0;
-  program->isPart = false;
+  program->isIncomplete = false;
   program->incrementalMode = 0;
   program->source = {};
   ++program->edition;

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <span>
 #include <string>
 #include <variant>
@@ -10,8 +9,6 @@
 #include "model/job_record.h"
 
 namespace tvx {
-
-struct EntryDetails;  // reports/entry_details.h
 
 // The record of one finished cut-time run: the file, the options it ran with, and the figures.
 struct CutTimeEntry : FeedOptions, RestartOptions {
@@ -26,14 +23,6 @@ struct CutTimeEntry : FeedOptions, RestartOptions {
   std::string dirName;      // set by the multi-file run only
   std::string pictureName;  // empty when no picture was made
   std::string optionLine;   // set by the multi-file run only
-  // Number of the program check (shell/view_check.h) in the window that recorded the entry; 0 for
-  // none. It is no field of any file.
-  uint32_t check = 0;
-  // The program or its master model could not be read whole, or could not be checked for what was
-  // wanted. It is no field of any file.
-  bool isPart = false;
-  // For the job sheet; null unless the result table keeps them. In no file of its own.
-  std::shared_ptr<EntryDetails> details;
 };
 
 using EntryMember =

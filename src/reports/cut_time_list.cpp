@@ -104,22 +104,21 @@ void CCutTimeListDlg::Fill() {
   fileNames.clear();
   selected = kNoFile;
   totalTime = 0;
-  for (const CutTimeEntry& entry : results_->Recorded()) {
-    fileNames.push_back(entry.fileName);
-    totalTime += entry.totalMinutes;
+  for (const ProgramResult& result : results_->recorded) {
+    fileNames.push_back(result.entry.fileName);
+    totalTime += result.entry.totalMinutes;
   }
 }
 
 void CCutTimeListDlg::Select(int index) {
-  const auto recorded = results_->Recorded();
+  const auto& recorded = results_->recorded;
   const bool isEntry = index >= 0 && static_cast<size_t>(index) < recorded.size();
   selected = isEntry ? index : kNoFile;
-  if (isEntry) information = CutTimeListLines(recorded[static_cast<size_t>(index)]);
+  if (isEntry) information = CutTimeListLines(recorded[static_cast<size_t>(index)].entry);
 }
 
 Closing CCutTimeListDlg::Clear() {
-  for (CutTimeEntry& entry : results_->Recorded()) entry.details.reset();
-  results_->entryCount = 0;
+  results_->recorded.clear();
   results_->runEnd = {};
   return Closing::kAccepted;
 }
@@ -129,11 +128,7 @@ Closing CCutTimeListDlg::DeleteSelected() {
     ui_->ShowMessage({.text = "화일이 선택되지 않아습니다!!!\n", .caption = "DNC message"});
     return Closing::kStaysOpen;
   }
-  const auto recorded = results_->Recorded();
-  std::copy(recorded.begin() + selected + 1, recorded.end(), recorded.begin() + selected);
-  recorded.back().fileName.clear();
-  recorded.back().details.reset();
-  --results_->entryCount;
+  results_->recorded.erase(results_->recorded.begin() + selected);
   Fill();
   return Closing::kStaysOpen;
 }
@@ -143,7 +138,7 @@ Closing CCutTimeListDlg::WriteReport() {
   std::string path;
   if (!ui_->ChooseFile(ReportQuestion(), &path)) return Closing::kStaysOpen;
   const std::string name = NameOfPath(path, kBackslash);
-  ShowReport(WriteTextReportFile(name, *results_, files_),
+  ShowReport(WriteTextReportFile(name, results_->recorded, files_),
              AbsoluteDrivePath(files_->CurrentDirectory(), name));
   return Closing::kStaysOpen;
 }
@@ -157,8 +152,8 @@ void CCutTimeListDlg::ShowReport(bool written, const std::string& path) {
 void CCutTimeListDlg::ShowList(bool written, const std::string& path) {
   ShowReport(written, path);
   if (!written) return;
-  for (const CutTimeEntry& entry : results_->Recorded()) {
-    if (!AcceptWord(entry.fileName, ui_)) return;
+  for (const ProgramResult& result : results_->recorded) {
+    if (!AcceptWord(result.entry.fileName, ui_)) return;
   }
 }
 
@@ -168,18 +163,18 @@ bool CCutTimeListDlg::ChooseList(std::string* path) {
 
 Closing CCutTimeListDlg::WriteList() {
   std::string path;
-  if (ChooseList(&path)) ShowList(WriteJobListFile(path, *results_, files_), path);
+  if (ChooseList(&path)) ShowList(WriteJobListFile(path, results_->recorded, files_), path);
   return Closing::kStaysOpen;
 }
 
 bool CCutTimeListDlg::MayCopyBeside(const std::string& path) {
-  if (const auto same = FindSameName(path, *results_)) {
+  if (const auto same = FindSameName(path, results_->recorded)) {
     ui_->ShowMessage({.text = "이름이 같은 화일이 두 폴더에 있어서 복사하지 않았습니다.",
                       .path = same->first + "\n" + same->second,
                       .icon = MessageIcon::kExclamation});
     return false;
   }
-  const std::vector<std::string> replaced = ProgramsToReplace(path, *results_, files_);
+  const std::vector<std::string> replaced = ProgramsToReplace(path, results_->recorded, files_);
   if (replaced.empty()) return true;
   return ui_->ShowMessage({.text = "내용이 다른 프로그램이 있습니다. 바꾸겠습니까?",
                            .path = JoinLines(replaced, kShownPrograms),
@@ -192,7 +187,7 @@ Closing CCutTimeListDlg::WriteListCopy() {
   std::string path;
   if (!ChooseList(&path) || !MayCopyBeside(path)) return Closing::kStaysOpen;
   std::vector<FailedCopy> failed;
-  const bool written = WriteJobListFileCopy(path, *results_, files_, &failed);
+  const bool written = WriteJobListFileCopy(path, results_->recorded, files_, &failed);
   ShowList(written, path);
   if (written && !failed.empty()) ui_->ShowStatus("복사하지 못했습니다.", failed.front().source);
   return Closing::kStaysOpen;
@@ -201,11 +196,16 @@ Closing CCutTimeListDlg::WriteListCopy() {
 Closing CCutTimeListDlg::Export() {
   std::string path;
   if (!ui_->ChooseFile(WorkbookQuestion(), &path)) return Closing::kStaysOpen;
-  const auto filled = [&] {
+  size_t rows = 0;
+  const auto fill = [&] {
     const WorkScope work(ui_->LongWork(), Work::kFillSheet, path);
-    return ExportSpreadsheet(path, results_, spreadsheets_, ui_->LongWork());
+    return ExportSpreadsheet(path, results_->recorded, spreadsheets_, &rows, ui_->LongWork());
   };
-  if (filled()) {
+  const bool filled = fill();
+  for (ProgramResult& result : std::span(results_->recorded).first(rows)) {
+    CutDownFigures(&result.entry);
+  }
+  if (filled) {
     results_->isReported = true;
   } else {
     ShowWritten(false, path, ui_);
@@ -219,8 +219,8 @@ Closing CCutTimeListDlg::WriteSheet() {
   if (!ui_->ChooseFile(SheetQuestion(), &path) || !MayReplace(path, IsJobSheet, files_, ui_)) {
     return Closing::kStaysOpen;
   }
-  const int32_t language = prepareSheet();
-  const bool written = WriteJobSheetFile(path, *results_, language, files_);
+  finishChecks();
+  const bool written = WriteJobSheetFile(path, results_->recorded, language(), files_);
   ShowReport(written, path);
   if (written) ui_->OfferToOpen(path);
   return Closing::kStaysOpen;

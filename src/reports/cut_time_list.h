@@ -9,10 +9,10 @@
 #include <string_view>
 #include <vector>
 
+#include "evaluate/result_table.h"
 #include "platform/files.h"
 #include "platform/user_interface.h"
 #include "reports/spreadsheet.h"
-#include "stats/result_table.h"
 
 namespace tvx {
 
@@ -38,9 +38,10 @@ class CCutTimeListDlg final : public Dialog {
   CCutTimeListDlg(ResultTable* results, Files* files, UserInterface* ui, Spreadsheets* spreadsheets)
       : results_(results), files_(files), ui_(ui), spreadsheets_(spreadsheets) {}
 
-  // Called before the job sheet is written: completes the details of the results and returns the
-  // language of the page, one of jobs/labels.h. Has to be set.
-  std::function<int32_t()> prepareSheet;
+  // Both have to be set. The language of the job sheet, one of jobs/labels.h; and what brings the
+  // checks of the results to their ends before a report that shows them.
+  std::function<int32_t()> language;
+  std::function<void()> finishChecks;
 
   // Call it before the face is shown. Fills the list; no file is selected and no lines are shown.
   void Open();

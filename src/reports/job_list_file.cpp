@@ -108,11 +108,13 @@ bool HaveSameBytes(const std::string& a, const std::string& b, Files* files) {
 
 }  // namespace
 
-std::optional<SameName> FindSameName(const std::string& path, const ResultTable& results) {
+std::optional<SameName> FindSameName(const std::string& path,
+                                     std::span<const ProgramResult> results) {
   const std::string listName = NameOfPath(path, kBackslash);
   // By the name in lower case. The list takes its own name, wherever a file of that name is.
   std::map<std::string, std::string> sources = {{LowerCase(listName), path}};
-  for (const CutTimeEntry& entry : results.Recorded()) {
+  for (const ProgramResult& result : results) {
+    const CutTimeEntry& entry = result.entry;
     for (const std::string& source : SourcesOf(entry)) {
       const std::string name = LowerCase(NameOfPath(source, kBackslash));
       const auto [other, isNew] = sources.try_emplace(name, source);
@@ -125,11 +127,12 @@ std::optional<SameName> FindSameName(const std::string& path, const ResultTable&
   return std::nullopt;
 }
 
-std::vector<std::string> ProgramsToReplace(const std::string& path, const ResultTable& results,
-                                           Files* files) {
+std::vector<std::string> ProgramsToReplace(const std::string& path,
+                                           std::span<const ProgramResult> results, Files* files) {
   std::vector<std::string> replaced;
   std::set<std::string> seen;
-  for (const CutTimeEntry& entry : results.Recorded()) {
+  for (const ProgramResult& result : results) {
+    const CutTimeEntry& entry = result.entry;
     std::string directory;
     LineDirectory(entry.optionLine, &directory);
     const std::string source = directory + "\\" + entry.fileName;
@@ -152,11 +155,13 @@ std::string DriveForm(std::string directory) {
   return directory;
 }
 
-bool WriteJobListFile(const std::string& path, const ResultTable& results, Files* files) {
-  if (results.HasPart()) return files->Fail(kPartSource);
+bool WriteJobListFile(const std::string& path, std::span<const ProgramResult> results,
+                      Files* files) {
+  if (HasIncomplete(results)) return files->Fail(kPartSource);
   const auto file = files->Create(path);
   if (file == nullptr) return false;
-  for (const CutTimeEntry& entry : results.Recorded()) {
+  for (const ProgramResult& result : results) {
+    const CutTimeEntry& entry = result.entry;
     std::string line = entry.optionLine;
     ReplaceDirectory(DirectoryOfPath(path, kBackslash), &line);
     file->Write(EntryText(entry, line));
@@ -164,14 +169,15 @@ bool WriteJobListFile(const std::string& path, const ResultTable& results, Files
   return file->Commit();
 }
 
-bool WriteJobListFileCopy(const std::string& path, const ResultTable& results, Files* files,
-                          std::vector<FailedCopy>* failed) {
-  if (results.HasPart()) return files->Fail(kPartSource);
+bool WriteJobListFileCopy(const std::string& path, std::span<const ProgramResult> results,
+                          Files* files, std::vector<FailedCopy>* failed) {
+  if (HasIncomplete(results)) return files->Fail(kPartSource);
   if (FindSameName(path, results)) return false;
   const auto file = files->Create(path);
   if (file == nullptr) return false;
   Copier copier(DirectoryOfPath(path, kBackslash), files, failed);
-  for (const CutTimeEntry& entry : results.Recorded()) {
+  for (const ProgramResult& result : results) {
+    const CutTimeEntry& entry = result.entry;
     std::string line = entry.optionLine;
     copier.CopyMaster(&line);
     const std::string directory = ReplaceDirectory(DirectoryOfPath(path, kBackslash), &line);

@@ -4,12 +4,13 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "evaluate/program_result.h"
 #include "platform/files.h"
-#include "stats/result_table.h"
 
 namespace tvx {
 
@@ -26,7 +27,8 @@ struct FailedCopy {
 
 // Creates or replaces the list file at a full drive path. Each entry gets the directory of the list
 // file, wherever its own file is. Returns false if that fails; an existing file is then unchanged.
-bool WriteJobListFile(const std::string& path, const ResultTable& results, Files* files);
+bool WriteJobListFile(const std::string& path, std::span<const ProgramResult> results,
+                      Files* files);
 
 // Two files that would be copied under one name: the copied list would run one of them twice.
 struct SameName {
@@ -35,18 +37,19 @@ struct SameName {
 
 // The first two entries, or an entry and the list itself, whose files have one name, regardless of
 // case, and two directories. Nothing if all files have places of their own beside the list.
-std::optional<SameName> FindSameName(const std::string& path, const ResultTable& results);
+std::optional<SameName> FindSameName(const std::string& path,
+                                     std::span<const ProgramResult> results);
 
 // The programs beside a list that a copy of the entries' files would replace by other bytes.
-std::vector<std::string> ProgramsToReplace(const std::string& path, const ResultTable& results,
-                                           Files* files);
+std::vector<std::string> ProgramsToReplace(const std::string& path,
+                                           std::span<const ProgramResult> results, Files* files);
 
 // Does the same, and copies the NC file and the master model of each entry beside the list. An
 // existing master model is kept, an existing NC file is replaced; after a failed copy it is
 // unchanged. A master model is copied only under a name that ends in kMasterEnding. Failed copies
 // are appended to *failed, if it is not null, and do not change the list. If the list file cannot
 // be created, or FindSameName finds two files, nothing is written and the result is false.
-bool WriteJobListFileCopy(const std::string& path, const ResultTable& results, Files* files,
-                          std::vector<FailedCopy>* failed);
+bool WriteJobListFileCopy(const std::string& path, std::span<const ProgramResult> results,
+                          Files* files, std::vector<FailedCopy>* failed);
 
 }  // namespace tvx

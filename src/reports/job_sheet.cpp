@@ -12,7 +12,6 @@
 #include "base/scan.h"
 #include "base/text.h"
 #include "jobs/labels.h"
-#include "reports/entry_details.h"
 #include "stats/entry_lines.h"
 #include "view/output_buffer.h"
 
@@ -165,23 +164,15 @@ struct Times {
   double Saved() const { return programmed - adjusted; }
 };
 
-// The figures of an entry before the adjustment, which changes no rapid; nothing if unknown.
-std::optional<CutTimeEntry> ProgrammedOf(const CutTimeEntry& entry) {
-  if (entry.AfaEnabled != 1) return entry;
-  if (entry.details == nullptr || !entry.details->programmed) return std::nullopt;
-  CutTimeEntry programmed = entry;
-  programmed.cutMinutes = entry.details->programmed->minutes;
-  programmed.averageFeed = entry.details->programmed->averageFeed;
-  programmed.totalMinutes = programmed.cutMinutes + entry.rapidMinutes;
+// The figures of a result before the adjustment, which changes no rapid; nothing if unknown.
+std::optional<CutTimeEntry> ProgrammedOf(const ProgramResult& result) {
+  if (result.entry.AfaEnabled != 1) return result.entry;
+  if (!result.programmed) return std::nullopt;
+  CutTimeEntry programmed = result.entry;
+  programmed.cutMinutes = result.programmed->cutMinutes;
+  programmed.averageFeed = result.programmed->averageFeed;
+  programmed.totalMinutes = *MinutesBefore(result);
   return programmed;
-}
-
-const MachineEstimate* MachineOf(const CutTimeEntry& entry) {
-  return entry.details != nullptr && entry.details->machine ? &*entry.details->machine : nullptr;
-}
-
-const RemarkCounts* RemarksOf(const CutTimeEntry& entry) {
-  return entry.details != nullptr && entry.details->remarks ? &*entry.details->remarks : nullptr;
 }
 
 uint64_t CountOfClass(const RemarkCounts& counts, RemarkClass remarkClass) {
@@ -211,18 +202,18 @@ struct Totals {
   std::optional<RemarkCounts> remarks;  // of the programs that were checked
 };
 
-Totals TotalsOf(const ResultTable& results) {
+Totals TotalsOf(std::span<const ProgramResult> results) {
   Totals totals;
   float programmed = 0, adjusted = 0;
   double machine = 0;
-  for (const CutTimeEntry& entry : results.Recorded()) {
-    const auto before = ProgrammedOf(entry);
+  for (const ProgramResult& result : results) {
+    const auto before = ProgrammedOf(result);
     programmed += before ? before->totalMinutes : NAN;
-    adjusted += entry.totalMinutes;
-    const MachineEstimate* const estimate = MachineOf(entry);
-    machine += estimate != nullptr ? estimate->time.totalMinutes : NAN;
-    totals.hasMachine = totals.hasMachine || estimate != nullptr;
-    if (const RemarkCounts* const counts = RemarksOf(entry)) {
+    adjusted += result.entry.totalMinutes;
+    const auto estimate = MachineTimeOf(result);
+    machine += estimate ? estimate->totalMinutes : NAN;
+    totals.hasMachine = totals.hasMachine || estimate;
+    if (const auto counts = RemarksOf(result)) {
       if (!totals.remarks) totals.remarks.emplace();
       for (size_t i = 0; i < kRemarkIds; ++i) (*totals.remarks)[i] += (*counts)[i];
     }
@@ -244,9 +235,9 @@ void AddTimeTotal(const char* label, double minutes, Page* page) {
   AddTotal(label, MinutesText(minutes), ClockBelow(minutes), page);
 }
 
-void AddTotals(const ResultTable& results, const Totals& totals, Page* page) {
+void AddTotals(std::span<const ProgramResult> results, const Totals& totals, Page* page) {
   page->Mark("<div class=\"totals\">\n");
-  AddTotal(page->In(kPrograms), Format("%d", results.entryCount), "", page);
+  AddTotal(page->In(kPrograms), Format("%zu", results.size()), "", page);
   AddTimeTotal(page->In(kProgrammed), totals.time.programmed, page);
   AddTimeTotal(page->In(kAdjusted), totals.time.adjusted, page);
   AddTimeTotal(page->In(kSaved), totals.time.Saved(), page);
@@ -265,33 +256,33 @@ void AddTimeCell(double minutes, Page* page) {
   page->Mark("</td>");
 }
 
-void AddListRow(const CutTimeEntry& entry, size_t number, const Totals& totals, Page* page) {
-  const auto programmed = ProgrammedOf(entry);
-  const Times times = {programmed ? programmed->totalMinutes : NAN, entry.totalMinutes};
+void AddListRow(const ProgramResult& result, size_t number, const Totals& totals, Page* page) {
+  const auto programmed = ProgrammedOf(result);
+  const Times times = {programmed ? programmed->totalMinutes : NAN, result.entry.totalMinutes};
   page->Mark("<tr>");
   page->Element(kNumberCell, Format("%zu", number));
   page->Mark(Format("<td class=\"name\"><a href=\"#program%zu\">", number));
-  page->Text(entry.fileName);
+  page->Text(result.entry.fileName);
   page->Mark("</a></td>");
   AddTimeCell(times.programmed, page);
   AddTimeCell(times.adjusted, page);
   AddTimeCell(times.Saved(), page);
   if (totals.hasMachine) {
-    const MachineEstimate* const machine = MachineOf(entry);
-    AddTimeCell(machine != nullptr ? machine->time.totalMinutes : NAN, page);
+    const auto machine = MachineTimeOf(result);
+    AddTimeCell(machine ? machine->totalMinutes : NAN, page);
   }
   if (totals.remarks) {
-    const RemarkCounts* const counts = RemarksOf(entry);
-    const bool isHurt = counts != nullptr && CountOfClass(*counts, RemarkClass::kLost) > 0;
+    const auto counts = RemarksOf(result);
+    const bool isHurt = counts && CountOfClass(*counts, RemarkClass::kLost) > 0;
     page->Element(isHurt ? "td class=\"lost\"" : "td",
-                  counts != nullptr ? ClassCounts(*page, *counts) : kUnknown);
+                  counts ? ClassCounts(*page, *counts) : kUnknown);
   }
   page->Mark("</tr>\n");
 }
 
 // One row for each program. A page of one program has no such table.
-void AddList(const ResultTable& results, const Totals& totals, Page* page) {
-  if (results.entryCount < 2) return;
+void AddList(std::span<const ProgramResult> results, const Totals& totals, Page* page) {
+  if (results.size() < 2) return;
   page->Mark("<table>\n<thead><tr><th class=\"number\">#</th>");
   page->Element("th", kProgram);
   for (const Words& title : {kProgrammed, kAdjusted, kSaved}) {
@@ -301,19 +292,18 @@ void AddList(const ResultTable& results, const Totals& totals, Page* page) {
   if (totals.remarks) page->Element("th", kRemarks);
   page->Mark("</tr></thead>\n<tbody>\n");
   size_t number = 0;
-  for (const CutTimeEntry& entry : results.Recorded()) AddListRow(entry, ++number, totals, page);
+  for (const ProgramResult& result : results) AddListRow(result, ++number, totals, page);
   page->Mark("</tbody>\n</table>\n");
 }
 
-void AddPicture(const CutTimeEntry& entry, Page* page) {
-  if (entry.details == nullptr) return;
-  const bool isSvg = !entry.details->svg.empty();
-  const std::string& bytes = isSvg ? entry.details->svg : entry.details->png;
+void AddPicture(const ProgramResult& result, Page* page) {
+  const bool isSvg = !result.pictures.svg.empty();
+  const std::string& bytes = isSvg ? result.pictures.svg : result.pictures.png;
   if (bytes.empty()) return;
   page->Mark(
       Format("<div class=\"drawing\"><img class=\"picture\" width=\"%d\" height=\"%d\" alt=\"",
              kSheetPicture.width, kSheetPicture.height));
-  page->Text(entry.fileName);
+  page->Text(result.entry.fileName);
   page->Mark(isSvg ? "\" src=\"data:image/svg+xml;base64," : "\" src=\"data:image/png;base64,");
   page->Mark(Base64(bytes));
   page->Mark("\"></div>\n");
@@ -330,8 +320,9 @@ constexpr TimeRow kTimeRows[] = {
     {kTotalTime, &CutTimeEntry::totalMinutes},
 };
 
-void AddTimeRow(const TimeRow& row, const CutTimeEntry& entry, Page* page) {
-  const auto programmed = ProgrammedOf(entry);
+void AddTimeRow(const TimeRow& row, const ProgramResult& result, Page* page) {
+  const CutTimeEntry& entry = result.entry;
+  const auto programmed = ProgrammedOf(result);
   const bool isAdjusted = entry.AfaEnabled == 1;
   const Times times = {programmed ? (*programmed).*row.minutes : NAN,
                        isAdjusted ? entry.*row.minutes : NAN};
@@ -351,13 +342,12 @@ void AddWideRow(const Words& label, const std::string& value, Page* page) {
   page->Mark("</tr>\n");
 }
 
-void AddMachineRow(const MachineEstimate& machine, Page* page) {
+void AddMachineRow(const MachineTime& time, const std::string& machine, Page* page) {
   page->Mark("<tr>");
   page->Element("th", kMachineTime);
   page->Mark("<td colspan=\"3\">");
-  const MachineTime& time = machine.time;
   page->Text(MinutesText(time.totalMinutes) + " (" + ClockText(time.totalMinutes) + "), ");
-  page->Text(machine.profile.Name);
+  page->Text(machine);
   const auto parts =
       page->isEnglish()
           ? Format("cuts %.1f, rapids %.1f, dwells %.1f, tool changes %.1f min", time.cutMinutes,
@@ -368,14 +358,15 @@ void AddMachineRow(const MachineEstimate& machine, Page* page) {
   page->Mark("</td></tr>\n");
 }
 
-void AddFigures(const CutTimeEntry& entry, Page* page) {
+void AddFigures(const ProgramResult& result, Page* page) {
+  const CutTimeEntry& entry = result.entry;
   page->Mark("<div><table>\n<thead><tr><th></th>");
   for (const Words& title : {kProgrammed, kAdjusted, kSaved}) {
     page->Element("th class=\"number\"", title);
   }
   page->Mark("</tr></thead>\n<tbody>\n");
-  for (const TimeRow& row : kTimeRows) AddTimeRow(row, entry, page);
-  const auto programmed = ProgrammedOf(entry);
+  for (const TimeRow& row : kTimeRows) AddTimeRow(row, result, page);
+  const auto programmed = ProgrammedOf(result);
   page->Mark("<tr>");
   page->Element("th", Words{"평균절삭속도", "Average feed"});
   page->Element(kNumberCell, programmed ? Format("%d mm/min", programmed->averageFeed) : kUnknown);
@@ -384,19 +375,21 @@ void AddFigures(const CutTimeEntry& entry, Page* page) {
   page->Mark("<td></td></tr>\n");
   AddWideRow({"절삭길이", "Cut length"}, Format("%.3f m", Metres(entry.cutLength)), page);
   AddWideRow({"급속이송길이", "Rapid length"}, Format("%.3f m", Metres(entry.rapidLength)), page);
-  if (const MachineEstimate* const machine = MachineOf(entry)) AddMachineRow(*machine, page);
+  if (const auto time = MachineTimeOf(result)) {
+    AddMachineRow(*time, result.machine->profile.Name, page);
+  }
   page->Mark("</tbody>\n</table></div>\n");
 }
 
-void AddRemarks(const CutTimeEntry& entry, Page* page) {
-  const RemarkCounts* const counts = RemarksOf(entry);
+void AddRemarks(const ProgramResult& result, Page* page) {
+  const auto counts = RemarksOf(result);
   page->Mark("<div>");
   page->Element("h3", kRemarks);
-  const bool isClean = counts != nullptr && CountOfClass(*counts, RemarkClass::kLost) == 0 &&
+  const bool isClean = counts && CountOfClass(*counts, RemarkClass::kLost) == 0 &&
                        CountOfClass(*counts, RemarkClass::kChanged) == 0;
-  if (counts == nullptr) page->Element("div class=\"weak\"", kNotChecked);
+  if (!counts) page->Element("div class=\"weak\"", kNotChecked);
   if (isClean) page->Element("div class=\"weak\"", kNoRemarks);
-  if (counts != nullptr && *counts != RemarkCounts{}) {
+  if (counts && *counts != RemarkCounts{}) {
     page->Mark("<table class=\"rows\"><tbody>\n");
     for (const RemarkKind& kind : RemarkKinds()) {
       const uint64_t count = (*counts)[static_cast<size_t>(kind.id)];
@@ -422,9 +415,9 @@ void AddCause(const Words& label, double minutes, double all, Page* page) {
   page->Mark("</tr>\n");
 }
 
-void AddCauses(const CutTimeEntry& entry, Page* page) {
-  if (entry.details == nullptr || !entry.details->causes) return;
-  const CauseMinutes& causes = *entry.details->causes;
+void AddCauses(const ProgramResult& result, Page* page) {
+  if (!result.causes) return;
+  const CauseMinutes& causes = *result.causes;
   page->Mark("<div>");
   page->Element("h3", kCauses);
   page->Mark("<table class=\"rows\"><tbody>\n");
@@ -506,7 +499,8 @@ void AddConditions(const CutTimeEntry& entry, Page* page) {
   page->Mark("</div>\n");
 }
 
-void AddProgram(const CutTimeEntry& entry, size_t number, Page* page) {
+void AddProgram(const ProgramResult& result, size_t number, Page* page) {
+  const CutTimeEntry& entry = result.entry;
   page->Mark(
       Format("<div class=\"program\" id=\"program%zu\">\n<h2><span class=\"weak\">%zu</span> ",
              number, number));
@@ -514,17 +508,17 @@ void AddProgram(const CutTimeEntry& entry, size_t number, Page* page) {
   page->Mark("</h2>\n");
   if (!entry.dirName.empty()) page->Element("p class=\"directory\"", entry.dirName);
   page->Mark("<div class=\"pair\">\n");
-  AddPicture(entry, page);
-  AddFigures(entry, page);
+  AddPicture(result, page);
+  AddFigures(result, page);
   page->Mark("</div>\n<div class=\"pair\">\n");
-  AddCauses(entry, page);
-  AddRemarks(entry, page);
+  AddCauses(result, page);
+  AddRemarks(result, page);
   page->Mark("</div>\n");
   AddConditions(entry, page);
   page->Mark("</div>\n");
 }
 
-void AddPage(const ResultTable& results, Page* page) {
+void AddPage(std::span<const ProgramResult> results, Page* page) {
   page->Mark("<!DOCTYPE html>\n<html lang=\"");
   page->Mark(page->isEnglish() ? "en" : "ko");
   page->Mark("\">\n<head>\n<meta charset=\"utf-8\">\n");
@@ -537,10 +531,10 @@ void AddPage(const ResultTable& results, Page* page) {
   page->Mark("\n");
   const Totals totals = TotalsOf(results);
   AddTotals(results, totals, page);
-  if (results.entryCount == 0) page->Element("p", kNoPrograms);
+  if (results.empty()) page->Element("p", kNoPrograms);
   AddList(results, totals, page);
   size_t number = 0;
-  for (const CutTimeEntry& entry : results.Recorded()) AddProgram(entry, ++number, page);
+  for (const ProgramResult& result : results) AddProgram(result, ++number, page);
   page->Mark("</body>\n</html>\n");
 }
 
@@ -551,9 +545,9 @@ bool IsJobSheet(std::string_view start) {
   return EqualNoCase(start.substr(0, kStart.size()), kStart);
 }
 
-bool WriteJobSheetFile(const std::string& path, const ResultTable& results, int32_t language,
-                       Files* files) {
-  if (results.HasPart()) return files->Fail(kPartSource);
+bool WriteJobSheetFile(const std::string& path, std::span<const ProgramResult> results,
+                       int32_t language, Files* files) {
+  if (HasIncomplete(results)) return files->Fail(kPartSource);
   const std::unique_ptr<OutputFile> file = files->Create(path);
   if (file == nullptr) return false;
   const auto page = std::make_unique<Page>(file.get(), language);

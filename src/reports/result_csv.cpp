@@ -1,6 +1,7 @@
 // Columns from the tables of the fields.
 #include "reports/result_csv.h"
 
+#include <algorithm>
 #include <variant>
 
 #include "base/csv.h"
@@ -33,18 +34,21 @@ void AddMachineValues(const MachineTime& time, std::vector<std::string>* row) {
   row->push_back(std::to_string(time.movesWithoutFeed));
 }
 
-std::string ResultsCsv(const ResultTable& results, std::span<const MachineTime> machineTimes) {
+std::string ResultsCsv(std::span<const ProgramResult> results) {
+  const bool hasMachine = std::ranges::any_of(
+      results, [](const ProgramResult& result) { return result.machine.has_value(); });
   std::vector<std::string> row;
   for (const EntryField& field : EntryFields()) row.emplace_back(field.name);
-  if (!machineTimes.empty()) AddMachineNames("machine.", &row);
+  if (hasMachine) AddMachineNames("machine.", &row);
+  const size_t columns = row.size();
   std::string text = CsvRow(row);
-  for (size_t i = 0; i < results.Recorded().size(); ++i) {
+  for (const ProgramResult& result : results) {
     row.clear();
     for (const EntryField& field : EntryFields()) {
-      std::visit([&](auto member) { row.push_back(CellOf(results.Recorded()[i].*member)); },
-                 field.member);
+      std::visit([&](auto member) { row.push_back(CellOf(result.entry.*member)); }, field.member);
     }
-    if (!machineTimes.empty()) AddMachineValues(machineTimes[i], &row);
+    if (const auto time = MachineTimeOf(result)) AddMachineValues(*time, &row);
+    row.resize(columns);
     text += CsvRow(row);
   }
   return text;

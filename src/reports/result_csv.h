@@ -5,14 +5,14 @@
 #include <string>
 #include <vector>
 
+#include "evaluate/program_result.h"
 #include "insight/machine_time.h"
-#include "stats/result_table.h"
 
 namespace tvx {
 
-// A row of field names, then one for each result. `machineTimes` of the results in their order add
-// columns named "machine." and the field; empty for none.
-std::string ResultsCsv(const ResultTable& results, std::span<const MachineTime> machineTimes);
+// A row of field names, then one for each result. If a result has a machine time, columns named
+// "machine." and the field follow, empty for a result without one.
+std::string ResultsCsv(std::span<const ProgramResult> results);
 
 // The names of the machine columns, each behind `prefix`, and the values of one time, appended.
 void AddMachineNames(const std::string& prefix, std::vector<std::string>* row);

@@ -5,7 +5,6 @@
 #include <iterator>
 
 #include "base/format.h"
-#include "reports/entry_details.h"
 #include "reports/spreadsheet_export.h"
 #include "reports/xlsx_file.h"
 #include "stats/entry_lines.h"
@@ -51,7 +50,8 @@ double ShownNumber(float value) {
   return std::strtod(ShortestFloat(value).c_str(), nullptr);
 }
 
-void AddEntry(const CutTimeEntry& entry, uint32_t row, XlsxFile* file) {
+void AddResult(const ProgramResult& result, uint32_t row, XlsxFile* file) {
+  const CutTimeEntry& entry = result.entry;
   uint16_t column = 0;
   for (const auto& value : SpreadsheetCells(entry, row)) {
     if (value && std::holds_alternative<float>(*value)) {
@@ -61,17 +61,18 @@ void AddEntry(const CutTimeEntry& entry, uint32_t row, XlsxFile* file) {
     }
     ++column;
   }
-  if (entry.details == nullptr || entry.details->workbookPng.empty()) return;
+  const std::string& picture = result.pictures.workbookPng;
+  if (picture.empty()) return;
   file->SetRowHeight(row, kPictureRowHeight);
-  file->PutPicture(row, column, entry.details->workbookPng, kPictureScale, entry.fileName);
+  file->PutPicture(row, column, picture, kPictureScale, entry.fileName);
 }
 
-void AddTotals(const ResultTable& results, uint32_t row, XlsxFile* file) {
+void AddTotals(std::span<const ProgramResult> results, uint32_t row, XlsxFile* file) {
   file->PutText(row, 1, kTotalTitle, XlsxStyle::kTotal);
   for (const SumColumn& sum : kSums) {
     double total = 0;
-    for (const CutTimeEntry& entry : results.Recorded()) {
-      const float figure = entry.*sum.figure;
+    for (const ProgramResult& result : results) {
+      const float figure = result.entry.*sum.figure;
       total += sum.isLength ? ShownNumber(SpreadsheetMetres(figure)) : ShownNumber(figure);
     }
     file->PutSum(row, sum.column, 1, row - 1, total,
@@ -81,8 +82,9 @@ void AddTotals(const ResultTable& results, uint32_t row, XlsxFile* file) {
 
 }  // namespace
 
-bool WriteResultWorkbook(const std::string& path, const ResultTable& results, Files* files) {
-  if (results.HasPart()) return files->Fail(kPartSource);
+bool WriteResultWorkbook(const std::string& path, std::span<const ProgramResult> results,
+                         Files* files) {
+  if (HasIncomplete(results)) return files->Fail(kPartSource);
   XlsxFile file;
   uint16_t column = 0;
   for (const char* const title : SpreadsheetTitles()) {
@@ -93,8 +95,8 @@ bool WriteResultWorkbook(const std::string& path, const ResultTable& results, Fi
   file.SetColumnWidth(column, column, kPictureColumnWidth);
   file.FreezeAbove(1);
   uint32_t row = 1;
-  for (const CutTimeEntry& entry : results.Recorded()) AddEntry(entry, row++, &file);
-  if (results.entryCount > 0) AddTotals(results, row, &file);
+  for (const ProgramResult& result : results) AddResult(result, row++, &file);
+  if (!results.empty()) AddTotals(results, row, &file);
   return file.Write(path, files);
 }
 

@@ -98,24 +98,15 @@ float ToThousandths(float minutes) {
   return static_cast<float>(std::trunc(minutes * 1000.0) * 0.001);
 }
 
-// Changes the table itself, so that lists and reports written later agree with the sheet.
-void CutFigures(Entry* entry) {
-  entry->cutLength = std::trunc(entry->cutLength);
-  entry->rapidLength = std::trunc(entry->rapidLength);
-  entry->cutMinutes = ToThousandths(entry->cutMinutes);
-  entry->rapidMinutes = ToThousandths(entry->rapidMinutes);
-  entry->totalMinutes = ToThousandths(entry->totalMinutes);
-}
-
-bool FillWorkbook(const std::string& path, ResultTable* results, SpreadsheetApplication* program,
-                  Progress* progress) {
+bool FillWorkbook(const std::string& path, std::span<const ProgramResult> results,
+                  SpreadsheetApplication* program, size_t* rows, Progress* progress) {
   if (!program->OpenWorkbook(path) || !program->SelectSheet(1) || !PutTitles(program)) return false;
-  size_t index = 0;
-  for (Entry& entry : results->Recorded()) {
-    if (!progress->Step(index, results->Recorded().size())) return false;
-    CutFigures(&entry);
-    if (!PutEntry(entry, index, program)) return false;
-    ++index;
+  for (size_t i = 0; i < results.size(); ++i) {
+    if (!progress->Step(i, results.size())) return false;
+    *rows = i + 1;
+    Entry entry = results[i].entry;
+    CutDownFigures(&entry);
+    if (!PutEntry(entry, i, program)) return false;
   }
   return true;
 }
@@ -142,16 +133,26 @@ float SpreadsheetMetres(float millimetres) {
   return static_cast<float>(millimetres * 0.001);
 }
 
-bool ExportSpreadsheet(const std::string& path, ResultTable* results, Spreadsheets* spreadsheets,
-                       Progress* progress) {
+void CutDownFigures(Entry* entry) {
+  entry->cutLength = std::trunc(entry->cutLength);
+  entry->rapidLength = std::trunc(entry->rapidLength);
+  entry->cutMinutes = ToThousandths(entry->cutMinutes);
+  entry->rapidMinutes = ToThousandths(entry->rapidMinutes);
+  entry->totalMinutes = ToThousandths(entry->totalMinutes);
+}
+
+bool ExportSpreadsheet(const std::string& path, std::span<const ProgramResult> results,
+                       Spreadsheets* spreadsheets, size_t* rows, Progress* progress) {
+  *rows = 0;
   const auto program = spreadsheets->Start(SpreadsheetForm::kInteractive);
-  return program != nullptr && FillWorkbook(path, results, program.get(), progress) &&
+  return program != nullptr && FillWorkbook(path, results, program.get(), rows, progress) &&
          program->SetVisible(true) && program->SetUserControl(true);
 }
 
-bool WriteSpreadsheetFile(const std::string& path, ResultTable* results,
+bool WriteSpreadsheetFile(const std::string& path, std::span<const ProgramResult> results,
                           SpreadsheetApplication* program, Progress* progress) {
-  return FillWorkbook(path, results, program, progress) && program->Save();
+  size_t rows = 0;
+  return FillWorkbook(path, results, program, &rows, progress) && program->Save();
 }
 
 }  // namespace tvx

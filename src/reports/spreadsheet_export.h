@@ -1,31 +1,36 @@
 // Writes the results into the first sheet of a workbook: a row of titles, then a row for each file.
 #pragma once
 
+#include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
+#include "evaluate/program_result.h"
 #include "platform/progress.h"
 #include "reports/spreadsheet.h"
-#include "stats/result_table.h"
 
 namespace tvx {
 
 // Starts a spreadsheet program, fills the workbook at a full drive path and leaves it open and
-// unsaved to the user. Returns false if the program does not start or a step fails.
+// unsaved to the user. Returns false if the program does not start or a step fails. *rows becomes
+// the number of results whose row was begun.
 //
-// The figures of each entry are cut down in the table itself before its row is written, and stay
-// so: lengths to whole millimetres, times to thousandths of a minute. After a failure the entries
-// up to the failed row are cut. For an entry without the feed adjustment the cells of its
-// conditions keep their content.
-bool ExportSpreadsheet(const std::string& path, ResultTable* results, Spreadsheets* spreadsheets,
-                       Progress* progress = NoProgress());
+// The figures in the cells are those that CutDownFigures makes. For a result without the feed
+// adjustment the cells of its conditions keep their content.
+bool ExportSpreadsheet(const std::string& path, std::span<const ProgramResult> results,
+                       Spreadsheets* spreadsheets, size_t* rows, Progress* progress = NoProgress());
 
 // Fills and saves a workbook in a program that was started in the file form; creates the workbook
-// if it does not exist. Cuts the figures down as above. Returns false if that fails or is stopped;
-// an existing file is then unchanged.
-bool WriteSpreadsheetFile(const std::string& path, ResultTable* results,
+// if it does not exist. Returns false if that fails or is stopped; an existing file is then
+// unchanged.
+bool WriteSpreadsheetFile(const std::string& path, std::span<const ProgramResult> results,
                           SpreadsheetApplication* program, Progress* progress = NoProgress());
+
+// Truncates the figures as the cells have them: lengths to whole millimetres, times to thousandths
+// of a minute. Lists and reports written later then agree with the workbook.
+void CutDownFigures(CutTimeEntry* entry);
 
 // The titles of the columns, starting with A.
 std::vector<const char*> SpreadsheetTitles();

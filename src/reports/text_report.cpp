@@ -57,14 +57,15 @@ void AddEntry(const CutTimeEntry& entry, std::string* report) {
 
 }  // namespace
 
-std::string TextReport(const ResultTable& results) {
+std::string TextReport(std::span<const ProgramResult> results) {
   std::string report;
-  for (const CutTimeEntry& entry : results.Recorded()) AddEntry(entry, &report);
+  for (const ProgramResult& result : results) AddEntry(result.entry, &report);
   return report;
 }
 
-bool WriteTextReportFile(const std::string& path, const ResultTable& results, Files* files) {
-  if (results.HasPart()) return files->Fail(kPartSource);
+bool WriteTextReportFile(const std::string& path, std::span<const ProgramResult> results,
+                         Files* files) {
+  if (HasIncomplete(results)) return files->Fail(kPartSource);
   return WriteWholeFile(files, path, EncodeCp949(TextReport(results)));
 }
 

@@ -1,18 +1,20 @@
 // The text report (*.tvx): a block of labelled lines for each result.
 #pragma once
 
+#include <span>
 #include <string>
 
+#include "evaluate/program_result.h"
 #include "platform/files.h"
-#include "stats/result_table.h"
 
 namespace tvx {
 
 // The text of the report, UTF-8, lines ended by CR LF; empty for an empty table.
-std::string TextReport(const ResultTable& results);
+std::string TextReport(std::span<const ProgramResult> results);
 
 // Creates or replaces the report file. Returns false if that fails; an existing file is then
 // unchanged.
-bool WriteTextReportFile(const std::string& path, const ResultTable& results, Files* files);
+bool WriteTextReportFile(const std::string& path, std::span<const ProgramResult> results,
+                         Files* files);
 
 }  // namespace tvx

@@ -8,7 +8,7 @@
 #include "platform/user_files.h"
 #include "shell/messages.h"
 #include "shell/program_steps.h"
-#include "shell/result_details.h"
+#include "stats/file_information.h"
 #include "view/picture.h"
 
 namespace tvx {
@@ -17,24 +17,20 @@ std::string PictureName(const CutTimeEntry& result) {
   return result.fileName + ".emf";
 }
 
-RecordResult RecordResultEntry(const CutTimeEntry& result, const Scene& scene, Files* files,
-                               ResultTable* results) {
-  const auto index = static_cast<size_t>(results->entryCount);
-  if (index >= results->entries.size()) return RecordResult::kTableFull;
-  CutTimeEntry& entry = results->entries[index];
-  entry = result;
-  entry.isPart = scene.program->isPart;
+RecordResult RecordProgramResult(ProgramResult result, const Scene& scene, Files* files,
+                                 ResultTable* results) {
+  if (results->IsFull()) return RecordResult::kTableFull;
+  CutTimeEntry& entry = result.entry;
   entry.pictureName.clear();
   bool drawn = true;
   if (scene.job->MetafileCreateChk == 1 && !entry.fileName.empty()) {
     entry.pictureName = PictureName(entry);
     const WorkScope work(scene.progress, Work::kWritePicture, entry.pictureName);
-    drawn =
-        !entry.isPart && WritePictureFile(PictureFormat::kMetafile, entry.pictureName, scene, files,
-                                          /*isSynced=*/false);
+    drawn = !result.isIncomplete && WritePictureFile(PictureFormat::kMetafile, entry.pictureName,
+                                                     scene, files, /*isSynced=*/false);
     if (scene.progress->IsStopped()) return RecordResult::kStopped;
   }
-  ++results->entryCount;
+  results->recorded.push_back(std::move(result));
   results->isReported = false;
   return drawn ? RecordResult::kRecorded : RecordResult::kPictureFailed;
 }
@@ -89,27 +85,28 @@ void SingleCutTimeCommand(CTVXView* view) {
   app->sendOptions.Open(&view->job);
   if (!app->ui->RunModal(&app->sendOptions)) return;
   OfferMaster(view);
-  AdjustFitCount(ProgramContextOf(view), /*adjusts=*/true);
-  CutTimeEntry& result = view->fileInfo.current;
-  SetNames(*view, &result);
-  view->fileInfo.timeBefore.reset();
-  if (const auto& programmed = view->program.programmed) {
-    view->fileInfo.timeBefore = programmed->minutes + result.rapidMinutes;
-  }
-  if (!app->ui->RunModal(&view->fileInfo)) return;
-  result.check = view->check.Keep();
-  result.details = MakeDetails(view);
+  auto result =
+      EvaluateAndShow(view, {.adjusts = true, .wanted = {.programmed = view->wanted.programmed}});
+  if (!result) return;
+  SetNames(*view, &result->entry);
+  CFileInfoDlg information;
+  information.entry = result->entry;
+  information.timeBefore = MinutesBefore(*result);
+  if (!app->ui->RunModal(&information)) return;
+  result->check = view->check.Keep();
+  AddWanted(ProgramWorkOf(view), view->wanted, &*result);
+  const CutTimeEntry entry = result->entry;
   const RecordResult recorded =
-      RecordResultEntry(result, SceneOf(view), app->files, &view->results);
+      RecordProgramResult(std::move(*result), SceneOf(view), app->files, &view->results);
   if (recorded == RecordResult::kTableFull) {
     ShowTableFull(app->ui);
   } else if (view->job.MetafileCreateChk != 1) {
     return;
-  } else if (result.fileName.empty()) {
+  } else if (entry.fileName.empty()) {
     app->ui->ShowStatus("프로그램이 없어서 그림화일을 만들지 않았습니다.");
   } else {
     ShowWritten(recorded == RecordResult::kRecorded,
-                AbsoluteDrivePath(app->files->CurrentDirectory(), PictureName(result)), app->ui);
+                AbsoluteDrivePath(app->files->CurrentDirectory(), PictureName(entry)), app->ui);
   }
 }
 

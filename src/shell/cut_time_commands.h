@@ -1,10 +1,10 @@
 // The command of a single cut time, and the recording of a result.
 #pragma once
 
+#include "evaluate/result_table.h"
 #include "model/result_entry.h"
 #include "platform/files.h"
 #include "shell/tvx_view.h"
-#include "stats/result_table.h"
 #include "view/path_drawing.h"
 
 namespace tvx {
@@ -19,8 +19,8 @@ enum class RecordResult { kRecorded, kPictureFailed, kTableFull, kStopped };
 // the picture's name even if the picture cannot be written, which gives kPictureFailed. A full
 // table neither records nor draws, and a drawing that the user stops is neither recorded nor
 // written.
-RecordResult RecordResultEntry(const CutTimeEntry& result, const Scene& scene, Files* files,
-                               ResultTable* results);
+RecordResult RecordProgramResult(ProgramResult result, const Scene& scene, Files* files,
+                                 ResultTable* results);
 
 // The command "Single Afa Cut Time": takes the loaded program through the send options, the feed
 // adjustment, the figures and the recording. The user can stop it before the adjustment and before

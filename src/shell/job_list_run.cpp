@@ -10,7 +10,6 @@
 #include "shell/master_commands.h"
 #include "shell/messages.h"
 #include "shell/program_steps.h"
-#include "shell/result_details.h"
 
 namespace tvx {
 
@@ -56,17 +55,12 @@ size_t EntryCount(const JobRecord& job) {
   return count;
 }
 
-LoadResult LoadForRun(const std::string& path, CTVXView* view, RunObserver* observer) {
-  observer->OnLoad(path);
-  return LoadFile(view, path);
-}
-
 // What an entry leaves for those after it.
 struct RunState {
   std::string lastMaster;  // that an entry named
   // A program or a master model could not be read whole. It affects the entries after it too: a
   // model is kept, and a program starts with the modal state that the one before it left.
-  bool isPart = false;
+  bool isIncomplete = false;
 };
 
 // An entry without a model leaves the last one in memory, for the entry after it.
@@ -75,7 +69,7 @@ bool NeedsMaster(const JobRecord& job, const std::string& lastMaster) {
          job.AfaMasterFile != lastMaster;
 }
 
-MasterOutcome BringMaster(const std::string& path, CTVXView* view, RunObserver* observer) {
+MasterOutcome LoadOrBuildMaster(const std::string& path, CTVXView* view, RunObserver* observer) {
   const MasterContext master = MasterContextOf(view);
   DropMaster(master.grid);
   const std::string masterPath =
@@ -89,7 +83,9 @@ MasterOutcome BringMaster(const std::string& path, CTVXView* view, RunObserver* 
     return {.file = MasterFileResult::kCannotWrite};
   }
   MasterOutcome outcome;
-  outcome.load = LoadForRun(ProgramOfMaster(masterPath), view, observer);
+  const std::string program = ProgramOfMaster(masterPath);
+  observer->OnLoad(program);
+  outcome.load = LoadFile(view, program);
   if (outcome.Succeeded()) outcome.build = BuildAndShowMaster(master);
   if (outcome.Succeeded()) outcome.file = WriteMasterFile(masterPath, *master.grid, master.files);
   if (outcome.Succeeded()) {
@@ -103,7 +99,6 @@ MasterOutcome BringMaster(const std::string& path, CTVXView* view, RunObserver* 
 // stopped it: nothing is recorded then.
 bool RunEntry(const std::string& name, const std::string& line, CTVXView* view, RunState* state,
               RunObserver* observer) {
-  const ProgramContext context = ProgramContextOf(view);
   const Progress& progress = *view->app->ui->LongWork();
   JobRecord& job = view->job;
 
@@ -114,39 +109,40 @@ bool RunEntry(const std::string& name, const std::string& line, CTVXView* view, 
 
   if (NeedsMaster(job, state->lastMaster)) {
     state->lastMaster = job.AfaMasterFile;
-    const MasterOutcome outcome = BringMaster(state->lastMaster, view, observer);
+    const MasterOutcome outcome = LoadOrBuildMaster(state->lastMaster, view, observer);
     if (progress.IsStopped()) return false;
     const bool isUnread = outcome.file == MasterFileResult::kCannotOpen &&
                           IsReadFailure(view->app->files->LastError());
-    const bool isPart = outcome.load != LoadResult::kLoaded && view->program.isPart;
-    state->isPart = state->isPart || isUnread || isPart;
+    const bool isPart = outcome.load != LoadResult::kLoaded && view->program.isIncomplete;
+    state->isIncomplete = state->isIncomplete || isUnread || isPart;
     if (!outcome.Succeeded()) observer->OnMasterFailed(state->lastMaster, outcome);
   }
 
-  const LoadResult loaded = LoadForRun(path, view, observer);
+  auto check = observer->OnLoad(path);
+  const LoadResult loaded = LoadFile(view, path);
   if (progress.IsStopped()) return false;
-  state->isPart = view->program.isPart = view->program.isPart || state->isPart;
+  state->isIncomplete = view->program.isIncomplete =
+      view->program.isIncomplete || state->isIncomplete;
   if (loaded != LoadResult::kLoaded) observer->OnLoadFailed(path, loaded);
 
-  observer->OnLoaded();
-  if (!AdjustFitCount(context, job.AfaEnabled == 1)) return false;
-
-  CutTimeEntry& result = *context.current;
-  result.fileName = name;
-  result.optionLine = line;
-  result.dirName = directory;
-  result.check = view->check.Keep();
-  result.details = MakeDetails(view);
+  if (check == nullptr) check = view->check.Keep();
+  auto result = EvaluateAndShow(
+      view, {.adjusts = job.AfaEnabled == 1, .wanted = view->wanted, .check = check});
+  if (!result) return false;
+  result->entry.fileName = name;
+  result->entry.optionLine = line;
+  result->entry.dirName = directory;
   const RecordResult recorded =
-      RecordResultEntry(result, SceneOf(view), view->app->files, &view->results);
+      RecordProgramResult(std::move(*result), SceneOf(view), view->app->files, &view->results);
   if (recorded == RecordResult::kStopped) return false;
   view->lastRun = {view->program.source.path, directory, line};
   if (recorded == RecordResult::kTableFull) {
     observer->OnTableFull();
     return true;
   }
-  if (recorded == RecordResult::kPictureFailed) observer->OnPictureFailed(PictureName(result));
-  observer->OnRecorded(path);
+  const ProgramResult& last = view->results.recorded.back();
+  if (recorded == RecordResult::kPictureFailed) observer->OnPictureFailed(last.entry.pictureName);
+  observer->OnRecorded(path, last);
   return true;
 }
 

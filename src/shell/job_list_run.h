@@ -2,8 +2,10 @@
 // too.
 #pragma once
 
+#include <memory>
 #include <string>
 
+#include "evaluate/program_result.h"
 #include "feed/master_build.h"
 #include "feed/master_file.h"
 #include "model/loader.h"
@@ -30,10 +32,9 @@ class RunObserver {
   virtual ~RunObserver() = default;
   // Before an entry of `count` is processed.
   virtual void OnEntry(size_t /*index*/, size_t /*count*/, const std::string& /*name*/) {}
-  // Before a program is loaded, of an entry or for its master model.
-  virtual void OnLoad(const std::string& /*path*/) {}
-  // The program of an entry is in the store, with its own feeds.
-  virtual void OnLoaded() {}
+  // Before a program is loaded, of an entry or for its master model. Returns its check, or null to
+  // leave that to the window.
+  virtual std::shared_ptr<const FileCheck> OnLoad(const std::string& /*path*/) { return nullptr; }
   // A file of the list could not be loaded. The entry is recorded with the moves in the store;
   // there are none if the file could not be opened.
   virtual void OnLoadFailed(const std::string& /*path*/, LoadResult /*result*/) {}
@@ -41,8 +42,8 @@ class RunObserver {
   virtual void OnMasterFailed(const std::string& /*path*/, const MasterOutcome& /*outcome*/) {}
   // A master model was missing, and was built and written.
   virtual void OnMasterBuilt(const std::string& /*path*/) {}
-  // An entry was recorded; the store holds its moves with the feeds in force.
-  virtual void OnRecorded(const std::string& /*path*/) {}
+  // An entry was recorded.
+  virtual void OnRecorded(const std::string& /*path*/, const ProgramResult& /*result*/) {}
   // The picture of an entry that was recorded could not be written into the current directory.
   virtual void OnPictureFailed(const std::string& /*name*/) {}
   // The user stopped the run after so many of its entries, which are recorded.

@@ -5,7 +5,6 @@
 #include "feed/condition_file.h"
 #include "shell/lists.h"
 #include "shell/parameter_file.h"
-#include "shell/result_details.h"
 
 namespace tvx {
 
@@ -14,10 +13,8 @@ CTVXView::CTVXView(CTVXApp* theApp)
       optionDialog(theApp->files, theApp->ui),
       transferDialog(&theApp->UserKeys, theApp->files, theApp->ui),
       cutTimeList(&results, theApp->files, theApp->ui, theApp->spreadsheets) {
-  cutTimeList.prepareSheet = [this] {
-    CompleteDetails(this);
-    return app->LabelLanguage;
-  };
+  cutTimeList.language = [this] { return app->LabelLanguage; };
+  cutTimeList.finishChecks = [this] { check.Finish(app->files, app->ui->LongWork()); };
   SetDefaults();
   ReadFiles();
 }

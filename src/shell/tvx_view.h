@@ -5,6 +5,8 @@
 #include <optional>
 #include <string>
 
+#include "evaluate/program_checks.h"
+#include "evaluate/result_table.h"
 #include "feed/master_build.h"
 #include "feed/master_grid.h"
 #include "insight/feed_causes.h"
@@ -14,11 +16,8 @@
 #include "reports/cut_time_list.h"
 #include "shell/application.h"
 #include "shell/option_dialog.h"
-#include "shell/view_check.h"
 #include "shell/view_marks.h"
 #include "shell/view_text.h"
-#include "stats/file_information.h"
-#include "stats/result_table.h"
 #include "view/command_pad.h"
 #include "view/path_drawing.h"
 
@@ -31,7 +30,7 @@ struct LastRun {
   std::string line;  // its option line
 };
 
-// The program, parameters, current result and result table of one window. An empty store is a legal
+// The program, parameters and result table of one window. An empty store is a legal
 // state for every command. Each command works with the record that the one before it left, and
 // nothing is saved when the window closes.
 class CTVXView {
@@ -52,16 +51,16 @@ class CTVXView {
   std::string fileName;  // of the program in the store, without directory; empty if there is none
   std::string filePath;  // as it was passed to the load
   uint32_t loads = 0;    // number of programs read; a failed load does not count
-  ViewCheck check;       // of its programs; nothing is checked until CheckMore
+  ProgramChecks check;   // of its programs; nothing is checked until CheckMore
   CCommandPadDlg commandPad;
   COptionDlg optionDialog;
   CTransferDlg transferDialog;
-  JobRecord job;          // the working record: the parameters in force
-  CFileInfoDlg fileInfo;  // with the current result
+  JobRecord job;  // the working record: the parameters in force
   LastRun lastRun;
   // InputFileType of the settings while a program is read in the format of its ending.
   std::optional<int32_t> settingsFormat;
   ResultTable results;
+  Wanted wanted;                // of the results to come
   CCutTimeListDlg cutTimeList;  // shows the table
   CMasterDlg masterDialog;
   MasterGrid masterGrid;  // the master model

@@ -148,13 +148,12 @@ void TakeFormatOfEnding(const std::string& path, CTVXView* view) {
 
 LoadResult LoadProgram(CTVXView* view, const std::string& path) {
   TakeFormatOfEnding(path, view);
-  const ProgramContext context = ProgramContextOf(view);
   SetSubject(path);
   const LoadResult result = LoadFile(view, path);
-  ShowFailure(result, *context.program, path, context.ui);
+  ShowFailure(result, view->program, path, view->app->ui);
   if (IsLoaded(result)) ++view->loads;
-  FitToPath(context.transform, &context.program->store);
-  context.ui->Repaint();
+  FitToPath(&view->view.transform, &view->program.store);
+  view->app->ui->Repaint();
   return result;
 }
 

@@ -14,8 +14,8 @@ namespace tvx {
 // conditions of the feed adjustment if it is on, and the seven figures.
 std::vector<std::string> FileInformationLines(const CutTimeEntry& entry);
 
-// The file information dialog: shows the current result, which it owns, and asks whether the result
-// goes into the table. Nothing is editable.
+// The file information dialog: shows a result and asks whether it goes into the table. Nothing is
+// editable.
 class CFileInfoDlg : public Dialog {
  public:
   static constexpr char kTitle[] = "화일정보";
@@ -23,10 +23,9 @@ class CFileInfoDlg : public Dialog {
   static constexpr char kCancel[] = "Cancel";
 
   // The list box as filled when the dialog opens.
-  std::vector<std::string> Lines() const { return FileInformationLines(current); }
+  std::vector<std::string> Lines() const { return FileInformationLines(entry); }
 
-  // The current result: each cut-time run overwrites its options and figures.
-  CutTimeEntry current;
+  CutTimeEntry entry;
 
   // Total time before the adjustment, minutes; shown beside the lines if there is one.
   std::optional<float> timeBefore;

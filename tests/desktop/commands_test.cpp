@@ -64,7 +64,8 @@ class CommandsTest : public DesktopTest {
     state += Format("|file %s|%s|%s|rapids %d%d|results %d|turned %d %d %d", view.fileName.c_str(),
                     turn.viewScale == 1.25F ? "zoomed" : "fitted",
                     view.masterGrid.Cells.Empty() ? "no master" : "master", view.view.RapidVisible,
-                    view.job.RapidShown, view.results.entryCount, turn.rotX, turn.rotY, turn.rotZ);
+                    view.job.RapidShown, static_cast<int>(view.results.recorded.size()), turn.rotX,
+                    turn.rotY, turn.rotZ);
     return ToQt(state).split('|');
   }
 
@@ -77,7 +78,8 @@ class CommandsTest : public DesktopTest {
       View().view.RapidVisible = View().job.RapidShown = 1;
       View().view.transform.viewScale = 1.25F;
       View().view.transform.rotX = 17;
-      View().results.entryCount = View().job.MetafileCreateChk = 0;
+      View().results.recorded.clear();
+      View().job.MetafileCreateChk = 0;
       View().fileName = "a name";
       DropMaster(&View().masterGrid);
     }
@@ -144,7 +146,7 @@ CommandsTest::CommandsTest() {
   makeMaster();
   RunCommand(kMasterSave, "c:\\marlo\\kept.mma");
   const auto countDrawing = [this] {
-    const auto count = [this] { ++View().results.entryCount; };
+    const auto count = [this] { View().results.recorded.emplace_back(); };
     QObject::connect(window->ActiveView(), &ViewWidget::Drawn, window.get(), count,
                      Qt::SingleShotConnection);
   };

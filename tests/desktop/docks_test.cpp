@@ -28,7 +28,7 @@ class DocksTest : public DesktopTest {
 
   void LoadAndAdjust() {
     Load("part.nc", kCorners);
-    AdjustFitCount(ProgramContextOf(&View()), /*adjusts=*/true);
+    EvaluateAndShow(&View(), {.adjusts = true, .wanted = View().wanted});
     window->ShowProgram();
     Settle();
   }

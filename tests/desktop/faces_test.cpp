@@ -20,6 +20,7 @@
 #include "reports/example_entry.h"
 #include "shell/lists.h"
 #include "shell/view_operations.h"
+#include "stats/file_information.h"
 #include "support/record_changes.h"
 
 namespace tvx {
@@ -210,20 +211,20 @@ TEST_F(DialogFaces, Messages) {
 }
 
 TEST_F(DialogFaces, ResultList) {
-  View().results = TableOf({PlainEntry("a.nc"), AdjustedEntry("b.nc")});
+  View().results.recorded = ResultsOf({PlainEntry("a.nc"), AdjustedEntry("b.nc")});
   RunCommand(
       kResultList,
       "File name?a.nc, b.nc | Total?29.65 (fixed) | Remove > OK | File name#b.nc | "
       "?Picture file b.nc.emf | File name<Up | Remove | File name?b.nc | Total?14.83 (fixed) | "
       "?Total time 14.8 min | Write report > c:\\windows\\r.tvx | OK");
   EXPECT_TRUE(files->Exists("c:\\windows\\r.tvx"));
-  EXPECT_EQ(View().results.entryCount, 1);
+  EXPECT_EQ(View().results.recorded.size(), 1U);
   RunCommand(kResultList, "Clear");
-  EXPECT_EQ(View().results.entryCount, 0);
+  EXPECT_TRUE(View().results.recorded.empty());
 }
 
 TEST_F(DialogFaces, WrittenJobSheetIsOfferedToBrowser) {
-  View().results = TableOf({PlainEntry("a.nc")});
+  View().results.recorded = ResultsOf({PlainEntry("a.nc")});
   RunCommand(kResultList, "HTML > c:\\windows\\week.html | OK");
   QTextBrowser browser;
   QDesktopServices::setUrlHandler("file", &browser, "setSource");
@@ -246,9 +247,9 @@ TEST_F(DialogFaces, OtherWindowsHaveNoKoreanText) {
   window->LoadHostFile(ToQt((programs / "none.nc").string()));
   EXPECT_FALSE(std::filesystem::exists(programs / "none.nc"));
   CFileInfoDlg info;
-  info.current.RestartOn = info.current.AfaEnabled = info.current.FeedChgSmoothCheck = 1;
+  info.entry.RestartOn = info.entry.AfaEnabled = info.entry.FeedChgSmoothCheck = 1;
   for (const int32_t kind : {1, 2, 3, 4}) {
-    info.current.RestartKind = kind;
+    info.entry.RestartKind = kind;
     user.Next("Cancel");
     ui.RunModal(&info);
   }
@@ -259,9 +260,9 @@ TEST_F(DialogFaces, UserTextIsNotTranslated) {
   View().job.AfaMasterFile = "c:\\설정.mma";
   user.koreanTexts = 2;
   RunCommand(kSingleCutTime, "MMA?MMA : c:\\설정.mma | Esc");
-  View().results = TableOf({AdjustedEntry("b.nc")});
-  View().results.entries[0].dirName = "c:\\번호";
-  View().results.entries[0].pictureName = "번호.emf";
+  View().results.recorded = ResultsOf({AdjustedEntry("b.nc")});
+  View().results.recorded[0].entry.dirName = "c:\\번호";
+  View().results.recorded[0].entry.pictureName = "번호.emf";
   user.koreanTexts = 3;
   RunCommand(kResultList,
              "File name#b.nc | ?Dir : c:\\번호 | ?MMA c:\\die\\코아.mma | "

@@ -120,8 +120,7 @@ TEST_F(MainWindowTest, CheckOfLoadedProgramListsLinesLeftOut) {
   auto* const choice = window->findChild<QDockWidget*>("programCheck")->findChild<QComboBox*>();
   EXPECT_FALSE(choice->isVisible());
   Load("inch.nc", "G20\nG1 X1 F100\n");
-  View().results.entries[0].check = View().check.Keep();
-  View().results.entryCount = 1;
+  View().results.recorded.push_back({.check = View().check.Keep()});
   LoadProgram(&View(), "c:\\marlo\\ncdata\\clean.nc");
   window->ShowProgram();
   QTRY_COMPARE(choice->currentText(), ToQt("clean.nc · 빠짐 0, 다름 0"));
@@ -388,7 +387,7 @@ TEST_F(MainWindowTest, EscapeStopsRunWhoseBarMovedAndKeepsItsResults) {
   EXPECT_NE(bar.shown.lower_bound({"2/3", 0}), bar.shown.lower_bound({"3/3", 0}));
   EXPECT_FALSE(bar.wasUnderDialog);
   EXPECT_EQ(Children().size(), 1) << "other keys start nothing";
-  EXPECT_EQ(View().results.entryCount, 2);
+  EXPECT_EQ(View().results.recorded.size(), 2U);
   ExpectShown("TVX1", "화일 3개 중 2개를 끝내고 중지했습니다.");
   EXPECT_FALSE(window->findChild<QProgressBar*>()->isVisible());
   user.Next("화일 이름?long0.nc, long1.nc | ?화일 3개 중 2개를 끝내고 중지했습니다. | OK");
@@ -401,7 +400,7 @@ TEST_F(MainWindowTest, ClosingWithResultsInNoReportAsksUntilToldNotTo) {
     OpenWindow(settings);
     window->NewView();
     Settle();
-    View().results.entryCount = 1;
+    View().results.recorded.resize(1);
     View().results.isReported = isReported;
     if (!steps.empty()) user.Next(steps);
     return window->close();

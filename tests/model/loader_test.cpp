@@ -67,7 +67,7 @@ TEST(Loader, FailedReadKeepsWhatCameBeforeAndIsNoEnd) {
     TestLoad load;
     EXPECT_EQ(load.Load("G01 X1\nG01 X2\nG01 X3\nG01 X4\n", &files), result) << failing;
     EXPECT_EQ(load.program.store.blockCount, blocks);
-    EXPECT_EQ(load.program.isPart, failing != 0);
+    EXPECT_EQ(load.program.isIncomplete, failing != 0);
   }
 }
 
@@ -97,7 +97,7 @@ TEST(Loader, FullStoreLosesBlocksAndEndsAtAnArcWithoutItsCentre) {
   EXPECT_EQ(load.Load(text), LoadResult::kBlocksLost);
   EXPECT_EQ(load.program.store.blockCount, 2041U);
   EXPECT_EQ(load.program.lostBlocks, 4101U - 2041U);
-  EXPECT_TRUE(load.program.isPart) << "there is no memory, but room in the store";
+  EXPECT_TRUE(load.program.isIncomplete) << "there is no memory, but room in the store";
   EXPECT_EQ(memory.Tries(), 2);
   EXPECT_EQ(load.states.word.savedPos.x, 2050) << "the rest was parsed";
 

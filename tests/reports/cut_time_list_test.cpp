@@ -20,13 +20,14 @@ class CutTimeList : public testing::Test {
  protected:
   CutTimeList() {
     files.SetCurrentDirectory("c:\\marlo");
-    dialog.prepareSheet = [] { return kEnglishLabels; };
+    dialog.language = [] { return kEnglishLabels; };
+    dialog.finishChecks = [] {};
   }
 
   void Record(const std::vector<std::pair<const char*, float>>& entries) {
     for (const auto& [name, minutes] : entries) {
-      CutTimeEntry& entry = table.entries[static_cast<size_t>(table.entryCount++)];
-      (entry = PlainEntry(name)).totalMinutes = minutes;
+      table.recorded.push_back({.entry = PlainEntry(name)});
+      table.recorded.back().entry.totalMinutes = minutes;
     }
     dialog.Open();
   }
@@ -56,14 +57,14 @@ TEST_F(CutTimeList, OpensWithTheTotalAndNoSelection) {
 
 TEST_F(CutTimeList, DeleteRemovesTheSelectedEntryFromTheTable) {
   Record({{"a.nc", 1}, {"b.nc", 2}, {"c.nc", 4}, {"d.nc", 8}});
-  table.entries[2].MaxFeed = 77;
+  table.recorded[2].entry.MaxFeed = 77;
   dialog.Select(1);
   const Lines shown = dialog.information;
   Press("화일삭제");
   EXPECT_EQ(dialog.fileNames, (Lines{"a.nc", "c.nc", "d.nc"}));
   EXPECT_EQ(dialog.TotalTimeText(), "13.00");
   EXPECT_EQ(dialog.information, shown) << "kept until the next selection";
-  EXPECT_EQ(table.entries[1].MaxFeed, 77);
+  EXPECT_EQ(table.recorded[1].entry.MaxFeed, 77);
 }
 
 TEST_F(CutTimeList, DeleteWithoutASelectionShowsAMessage) {
@@ -80,15 +81,14 @@ TEST_F(CutTimeList, DeleteWithoutASelectionShowsAMessage) {
 }
 
 TEST_F(CutTimeList, FullTableCanBeDeletedFromAndCleared) {
-  table.entryCount = static_cast<int32_t>(kResultEntries);
-  table.entries.back() = PlainEntry("last.nc");
+  table.recorded.resize(kResultEntries);
+  EXPECT_TRUE(table.IsFull());
   dialog.Open();
   dialog.Select(299);
   Press("화일삭제");
-  EXPECT_EQ(table.entryCount, 299);
-  EXPECT_EQ(table.entries.back().fileName, "");
+  EXPECT_FALSE(table.IsFull());
   Press("청소", Closing::kAccepted);
-  EXPECT_EQ(table.entryCount, 0);
+  EXPECT_TRUE(table.recorded.empty());
 }
 
 // The text report is written by its name into the current directory.
@@ -119,7 +119,7 @@ TEST_F(CutTimeList, ReportsCoverTheWholeTableWhateverIsSelected) {
   dialog.Select(0);  // shows the figures that the export truncated
   EXPECT_EQ(dialog.information[3], "절삭길이  12.345 M");
 
-  table.entries[0].fileName = "a b.nc";  // the lists cut it at the blank
+  table.recorded[0].entry.fileName = "a b.nc";  // the lists cut it at the blank
   for (const char* const button : {"AFA 출력", "AFA 출력, Copy"}) {
     ui.messages.clear();
     ui.OnFile("c:\\out\\d.mcf");

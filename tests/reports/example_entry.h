@@ -1,11 +1,10 @@
 // Results for the tests of the reports.
 #pragma once
 
-#include <algorithm>
 #include <string>
 #include <vector>
 
-#include "stats/result_table.h"
+#include "evaluate/program_result.h"
 
 namespace tvx {
 
@@ -50,11 +49,10 @@ inline CutTimeEntry AdjustedEntry(const std::string& name) {
   return entry;
 }
 
-inline ResultTable TableOf(const std::vector<CutTimeEntry>& entries) {
-  ResultTable table;
-  table.entryCount = static_cast<int32_t>(entries.size());
-  std::ranges::copy(entries, table.entries.begin());
-  return table;
+inline std::vector<ProgramResult> ResultsOf(const std::vector<CutTimeEntry>& entries) {
+  std::vector<ProgramResult> results;
+  for (const CutTimeEntry& entry : entries) results.push_back({.entry = entry});
+  return results;
 }
 
 }  // namespace tvx

@@ -35,7 +35,8 @@ TEST(JobListFile, LineGetsTheDirectoryOfTheList) {
     MemoryFiles files;
     files.MakeDirectory("c:\\jobs");
     files.MakeDirectory("c:\\a\\b");
-    ASSERT_TRUE(WriteJobListFile(list, TableOf({PlainEntry("a.nc", optionLine)}), &files)) << list;
+    ASSERT_TRUE(WriteJobListFile(list, ResultsOf({PlainEntry("a.nc", optionLine)}), &files))
+        << list;
     EXPECT_EQ(files.Bytes(list), "File a.nc " + std::string(written) + "\r\n");
   }
 }
@@ -94,8 +95,8 @@ TEST(JobListFileCopy, ProgramIsReplacedAndMasterIsKept) {
     files.MakeDirectory("c:\\out");
     PutAll(c.before, &files);
     std::vector<FailedCopy> failed;
-    EXPECT_TRUE(
-        WriteJobListFileCopy(kList, TableOf({PlainEntry("a.nc", c.optionLine)}), &files, &failed));
+    EXPECT_TRUE(WriteJobListFileCopy(kList, ResultsOf({PlainEntry("a.nc", c.optionLine)}), &files,
+                                     &failed));
     EXPECT_EQ(files.Bytes(kList), "File a.nc " + std::string(c.written) + " \r\n");
     EXPECT_EQ(Beside(files), c.after);
     EXPECT_EQ(failed.size(), c.failed);
@@ -119,8 +120,8 @@ TEST(JobListFileCopy, TwoFilesOfOneNameAreRefusedBeforeAnythingIsWritten) {
     MemoryFiles files;
     PutAll("c:\\nc\\a.nc=a c:\\nc\\b.nc=b c:\\die\\a.nc=other c:\\out\\l.mcf=list", &files);
     const size_t before = files.FilePaths().size();
-    const ResultTable table =
-        TableOf({PlainEntry("a.nc", c.firstLine), PlainEntry(c.secondName, c.secondLine)});
+    const std::vector<ProgramResult> table =
+        ResultsOf({PlainEntry("a.nc", c.firstLine), PlainEntry(c.secondName, c.secondLine)});
     EXPECT_NE(WriteJobListFileCopy(kList, table, &files, nullptr), c.refused) << c.secondLine;
     EXPECT_EQ(files.FilePaths().size() == before, c.refused) << c.secondLine;
     EXPECT_EQ(files.Bytes(kList) == "list", c.refused);
@@ -128,7 +129,8 @@ TEST(JobListFileCopy, TwoFilesOfOneNameAreRefusedBeforeAnythingIsWritten) {
 }
 
 TEST(JobListFileCopy, FailedWriteKeepsTheOlderFiles) {
-  const ResultTable table = TableOf({PlainEntry("a.nc", "Dir c:\\nc FS 1 MMA c:\\die\\m.mma ")});
+  const std::vector<ProgramResult> table =
+      ResultsOf({PlainEntry("a.nc", "Dir c:\\nc FS 1 MMA c:\\die\\m.mma ")});
   // The files beside the list after each failed write: the copy of the master, the line, the copy
   // of the program.
   const char* const after[] = {"a.nc=new ", "a.nc=new m.mma=model ", "a.nc=older m.mma=model "};
@@ -164,7 +166,7 @@ TEST(JobListFileCopy, SourceThatIsItsDestinationIsKept) {
        {PlainEntry("a.nc", "Dir c:\\link FS 1 MMA c:\\link\\..\\out\\.\\m.mma "),
         PlainEntry("a.nc", "Dir c:\\out\\..\\out FS 1 "), PlainEntry("b.nc", "Dir c:\\nc FS 1 ")}) {
     std::vector<FailedCopy> failed;
-    EXPECT_TRUE(WriteJobListFileCopy(kList, TableOf({entry}), files.get(), &failed));
+    EXPECT_TRUE(WriteJobListFileCopy(kList, ResultsOf({entry}), files.get(), &failed));
     EXPECT_TRUE(failed.empty());
   }
   EXPECT_EQ(HostBytes(home / "drive_c/out/a.nc") + HostBytes(home / "drive_c/out/m.mma") +

@@ -16,8 +16,8 @@ using Lines = std::vector<std::string>;
 
 class SpreadsheetExport : public testing::Test {
  protected:
-  bool Export(ResultTable* table) {
-    return ExportSpreadsheet("c:\\work\\times.xls", table, &spreadsheets);
+  bool Export(const std::vector<ProgramResult>& results) {
+    return ExportSpreadsheet("c:\\work\\times.xls", results, &spreadsheets, &rows);
   }
   // The cells of a row from column A to Z: texts in quotes, and nothing for a cell that was not
   // written.
@@ -34,11 +34,11 @@ class SpreadsheetExport : public testing::Test {
   }
 
   ScriptedSpreadsheets spreadsheets;
+  size_t rows = 0;  // of the last export
 };
 
 TEST_F(SpreadsheetExport, EmptyTableWritesTheTitles) {
-  ResultTable table;
-  EXPECT_TRUE(Export(&table));
+  EXPECT_TRUE(Export({}));
   EXPECT_EQ(
       Row(1),
       "'NO'|'Ncdata Name'|'절삭길이'|'절삭시간'|'평균절삭속도'|'급속이송속도'|'급속이송길이'|"
@@ -56,10 +56,10 @@ TEST_F(SpreadsheetExport, EmptyTableWritesTheTitles) {
 TEST_F(SpreadsheetExport, CellsOfARow) {
   CutTimeEntry adjusted = AdjustedEntry("a.nc");
   adjusted.UpDownChk = adjusted.XyChgReduceCheck = adjusted.AfaByMaster = 0;
-  ResultTable table = TableOf({PlainEntry("=1+1"), adjusted});
-  table.entries[0].AfaEnabled = 2;  // neither on nor off
+  std::vector<ProgramResult> results = ResultsOf({PlainEntry("=1+1"), adjusted});
+  results[0].entry.AfaEnabled = 2;  // neither on nor off
   spreadsheets.cells["L2"] = "old";
-  Export(&table);
+  Export(results);
   const std::string figures = "|12.345|14.567|850|15000|0.987|0.259|14.826|'c:\\marlo\\ncdata\\";
   EXPECT_EQ(Row(2), "1|'=1+1'" + figures + "'|'OFF'|'old'|||||||||||||||");
   EXPECT_EQ(Row(3), "2|'a.nc'" + figures +
@@ -67,18 +67,18 @@ TEST_F(SpreadsheetExport, CellsOfARow) {
                         "'1.00 0.65 0.30 '|'0.90 0.70 12.35 '|'ON '|'OFF '|'c:\\die\\코아.mma'|");
 }
 
-TEST_F(SpreadsheetExport, FiguresAreTruncatedInTheTable) {
+TEST_F(SpreadsheetExport, FiguresAreTruncated) {
   // Length in mm, truncated; time in minutes, truncated. The last ones need more than 32 bits.
   const std::array<float, 4> cases[] = {{1234.9F, 1234, 0.0019F, 0.001F},
                                         {0.99F, 0, 0.0009F, 0},
                                         {-1.9F, -1, -0.0019F, -0.001F},
                                         {5e9F, 5e9F, 4e6F, 4e6F}};
   for (const auto& [length, wholeLength, minutes, wholeMinutes] : cases) {
-    ResultTable table = TableOf({PlainEntry("a.nc")});
-    CutTimeEntry& entry = table.entries[0];
+    CutTimeEntry entry = PlainEntry("a.nc");
     entry.cutLength = entry.rapidLength = length;
     entry.cutMinutes = entry.rapidMinutes = entry.totalMinutes = minutes;
-    Export(&table);
+    Export(ResultsOf({entry}));
+    CutDownFigures(&entry);
     EXPECT_EQ(std::set({entry.cutLength, entry.rapidLength}), std::set({wholeLength}));
     EXPECT_EQ(std::set({entry.cutMinutes, entry.rapidMinutes, entry.totalMinutes}),
               std::set({wholeMinutes}));
@@ -91,16 +91,14 @@ TEST_F(SpreadsheetExport, ProgramThatDoesNotStartOrDiesIsAFailure) {
   for (const int refused : {0, 1, 2, 3, 54, 55, 76, 77, 78, 79}) {
     spreadsheets.refusesStart = refused == 0;
     spreadsheets.refusedStep = refused;
-    ResultTable table = TableOf({PlainEntry("a.nc")});
-    EXPECT_EQ(Export(&table), refused == 79) << refused;
-    EXPECT_EQ(table.entries[0].cutLength, refused < 55 ? 12345.6F : 12345.0F) << refused;
+    EXPECT_EQ(Export(ResultsOf({PlainEntry("a.nc")})), refused == 79) << refused;
+    EXPECT_EQ(rows, refused < 55 ? 0U : 1U) << refused;
   }
 }
 
 TEST_F(SpreadsheetExport, FileFormSavesInsteadOfShowing) {
-  ResultTable table = TableOf({PlainEntry("a.nc")});
   const auto program = spreadsheets.Start(SpreadsheetForm::kFile);
-  EXPECT_TRUE(WriteSpreadsheetFile("c:\\t.ods", &table, program.get()));
+  EXPECT_TRUE(WriteSpreadsheetFile("c:\\t.ods", ResultsOf({PlainEntry("a.nc")}), program.get()));
   EXPECT_EQ(spreadsheets.log.back(), "save");
   EXPECT_EQ(spreadsheets.cells["B2"], CellValue("a.nc"));
 }

@@ -9,6 +9,7 @@
 #include "shell/program_steps.h"
 #include "shell/view_operations.h"
 #include "shell_test.h"
+#include "stats/file_information.h"
 #include "support/block_list.h"
 
 namespace tvx {
@@ -55,7 +56,7 @@ TEST_F(SingleCutTime, FromTheOptionsToTheEntryAndItsPicture) {
   OnOptions("2000");
   ui.OnDialog<CFileInfoDlg>([&](CFileInfoDlg* info) {
     EXPECT_EQ(std::ranges::count(info->Lines(), "최대피드  2000"), 1);
-    EXPECT_EQ(view.results.entryCount, 0);
+    EXPECT_EQ(view.results.recorded.size(), 0U);
     return true;
   });
   SingleCutTimeCommand(&view);
@@ -65,8 +66,8 @@ TEST_F(SingleCutTime, FromTheOptionsToTheEntryAndItsPicture) {
                                       "status c:\\marlo\\ncdata\\a.nc.emf: 저장했습니다."}));
   EXPECT_EQ(view.job.MaxFeed, 2000);
   EXPECT_EQ(view.program.FeedBase, 2000);
-  ASSERT_EQ(view.results.entryCount, 1);
-  const CutTimeEntry& entry = view.results.entries[0];
+  ASSERT_EQ(view.results.recorded.size(), 1U);
+  const CutTimeEntry& entry = view.results.recorded[0].entry;
   EXPECT_EQ(entry.fileName + "|" + entry.pictureName + "|" + entry.dirName + "|" + entry.optionLine,
             "a.nc|a.nc.emf|c:\\run|the last run's line");
   EXPECT_EQ(entry.AfaEnabled, 1);
@@ -82,9 +83,9 @@ TEST_F(Runs, ReportOfAPartlyReadProgramIsNotWritten) {
   RunJobList(&view);
   ASSERT_EQ(ui.messages.size(), 1U);
   EXPECT_EQ(ui.messages[0].path, "c:\\marlo\\ncdata\\a.nc");
-  EXPECT_EQ(view.results.entryCount, 1);
-  EXPECT_FALSE(WriteTextReportFile("c:\\old.tvx", view.results, &files));
-  EXPECT_FALSE(WriteJobListFile("c:\\old.tvx", view.results, &files));
+  EXPECT_EQ(view.results.recorded.size(), 1U);
+  EXPECT_FALSE(WriteTextReportFile("c:\\old.tvx", view.results.recorded, &files));
+  EXPECT_FALSE(WriteJobListFile("c:\\old.tvx", view.results.recorded, &files));
   EXPECT_EQ(files.Bytes("c:\\old.tvx"), "old");
 }
 
@@ -104,7 +105,7 @@ TEST_F(SingleCutTime, RecordsNamesOfTheProgramInTheStore) {
     OnOptions("2000");
     ui.OnDialog([](Dialog*) { return true; });
     SingleCutTimeCommand(&view);
-    const CutTimeEntry& entry = view.results.Recorded().back();
+    const CutTimeEntry& entry = view.results.recorded.back().entry;
     EXPECT_EQ(
         entry.fileName + "|" + entry.pictureName + "|" + entry.dirName + "|" + entry.optionLine,
         c.names);
@@ -161,37 +162,36 @@ TEST_F(SingleCutTime, StopsAtTheDialogThatIsRefused) {
   SingleCutTimeCommand(&view);
   EXPECT_EQ(BlockList(view.program.store), before);
   EXPECT_EQ(view.job.MaxFeed, 1000);
-  EXPECT_EQ(view.fileInfo.current.fileName, "");
 
   OnOptions("2000");
   ui.OnDialog([](Dialog*) { return false; });
   SingleCutTimeCommand(&view);
   EXPECT_NE(BlockList(view.program.store), before);
-  EXPECT_EQ(view.results.entryCount, 0);
-  EXPECT_EQ(view.fileInfo.current.cutLength, 210.0F);
+  EXPECT_EQ(view.results.recorded.size(), 0U);
   EXPECT_FALSE(files.Exists("c:\\marlo\\ncdata\\a.nc.emf"));
 }
 
 TEST_F(SingleCutTime, PicturesUntilTheTableIsFull) {
-  view.fileInfo.current.fileName = "a.nc";
-  view.fileInfo.current.pictureName = "older.emf";
+  ProgramResult result;
+  result.entry.fileName = "a.nc";
+  result.entry.pictureName = "older.emf";
   files.RefuseCreation("c:\\marlo\\ncdata\\a.nc.emf");
   const auto record = [&] {
-    return RecordResultEntry(view.fileInfo.current, SceneOf(&view), &files, &view.results);
+    return RecordProgramResult(result, SceneOf(&view), &files, &view.results);
   };
   EXPECT_EQ(record(), RecordResult::kPictureFailed);
-  EXPECT_EQ(view.results.entries[0].pictureName, "a.nc.emf");
+  EXPECT_EQ(view.results.recorded[0].entry.pictureName, "a.nc.emf");
 
   view.job.MetafileCreateChk = 0;
   for (int32_t i = 2; i <= 300; ++i) EXPECT_EQ(record(), RecordResult::kRecorded);
-  EXPECT_EQ(view.results.entryCount, 300);
-  EXPECT_EQ(view.results.entries[299].pictureName, "");
+  EXPECT_EQ(view.results.recorded.size(), 300U);
+  EXPECT_EQ(view.results.recorded[299].entry.pictureName, "");
   EXPECT_TRUE(ui.log.empty());
 
   view.job.MetafileCreateChk = 1;
-  view.fileInfo.current.fileName = "b.nc";
+  result.entry.fileName = "b.nc";
   EXPECT_EQ(record(), RecordResult::kTableFull);
-  EXPECT_EQ(view.results.entryCount, 300);
+  EXPECT_EQ(view.results.recorded.size(), 300U);
   EXPECT_FALSE(files.Exists("c:\\marlo\\ncdata\\b.nc.emf"));
 }
 
@@ -229,8 +229,8 @@ TEST_F(Runs, WritersAskBeforeTheyReplaceFileOfAnotherKind) {
   files.Put("c:\\surface.nc", Surface());
   LoadFile(&view, "c:\\surface.nc");
   BuildAndShowMaster(MasterContextOf(&view));
-  view.results.entryCount = 1;
-  view.results.entries[0].fileName = "a.nc";
+  view.results.recorded.resize(1);
+  view.results.recorded[0].entry.fileName = "a.nc";
   CAutoFeedDlg condition(&files, &ui);
   condition.Open(&view.job);
   const std::function<void()> writers[] = {
@@ -268,9 +268,10 @@ TEST_F(JobListRun, RecordsEveryEntryWithItsOwnOptions) {
              {"b.nc", kPlainLine},
              {"a.nc", kPlainLine}});
   RunJobList(&view);
-  ASSERT_EQ(view.results.entryCount, 5);
+  ASSERT_EQ(view.results.recorded.size(), 5U);
   std::string recorded;
-  for (const CutTimeEntry& entry : view.results.Recorded()) {
+  for (const ProgramResult& result : view.results.recorded) {
+    const CutTimeEntry& entry = result.entry;
     recorded +=
         Format("%s AFA %d MAF %d ", entry.fileName.c_str(), entry.AfaEnabled, entry.MaxFeed) +
         (entry.cutLength == 0      ? "empty\n"
@@ -280,8 +281,8 @@ TEST_F(JobListRun, RecordsEveryEntryWithItsOwnOptions) {
   EXPECT_EQ(recorded,
             "gone.nc AFA 0 MAF 1000 empty\nb.nc AFA 1 MAF 2000 faster\na.nc AFA 0 MAF 2000 \n"
             "b.nc AFA 0 MAF 2000 \na.nc AFA 0 MAF 2000 \n");
-  EXPECT_EQ(view.results.entries[2].dirName, "c:\\marlo\\ncdata");
-  EXPECT_EQ(view.results.entries[2].optionLine, kPlainLine);
+  EXPECT_EQ(view.results.recorded[2].entry.dirName, "c:\\marlo\\ncdata");
+  EXPECT_EQ(view.results.recorded[2].entry.optionLine, kPlainLine);
   EXPECT_EQ(view.program.store.blockCount, 5U) << "the window shows the last file";
   EXPECT_EQ(view.filePath, "c:\\marlo\\ncdata\\a.nc");
   EXPECT_FALSE(files.Exists("c:\\marlo\\ncdata\\gone.nc"));
@@ -314,10 +315,10 @@ TEST_F(JobListRun, ItsFilesAreCheckedBehindItAsFarAsTheyAreThoseThatWereLoaded) 
   LoadFile(&view, "b.nc");  // the program behind the run
   const auto states = [this] {
     std::string text;
-    for (const CutTimeEntry& entry : view.results.Recorded()) {
-      const auto check = view.check.Of(entry);
+    for (const ProgramResult& result : view.results.recorded) {
+      const auto& check = result.check;
       constexpr const char* kStates[] = {"", " under way", " done", " unreadable", " changed"};
-      text += entry.fileName;
+      text += result.entry.fileName;
       if (check != nullptr) text += kStates[static_cast<size_t>(check->state)];
       if (check != nullptr && check->result != nullptr) {
         text += Format(" %d+%d", static_cast<int>(check->result->Count(RemarkClass::kLost)),
@@ -330,7 +331,8 @@ TEST_F(JobListRun, ItsFilesAreCheckedBehindItAsFarAsTheyAreThoseThatWereLoaded) 
   EXPECT_EQ(states(), "gone.nc under way; changed.nc under way; none.nc; same.nc under way; ");
   EXPECT_TRUE(view.check.CheckMore(100, &files));
   EXPECT_EQ(view.check.State(), CheckState::kDone) << "the picture's program comes first";
-  EXPECT_EQ(view.check.ChecksOf(view.results).back()->path, "c:\\marlo\\ncdata\\b.nc");
+  EXPECT_EQ(ChecksOf(view.results.recorded, view.check.Loaded()).back()->path,
+            "c:\\marlo\\ncdata\\b.nc");
   while (view.check.CheckMore(2, &files)) {
   }
   EXPECT_EQ(states(), "gone.nc unreadable; changed.nc changed; none.nc; same.nc done 1+1; ");
@@ -350,7 +352,7 @@ TEST_F(JobListRun, EndsAtTheDialogOrTheTransferProgram) {
   EXPECT_EQ(files.CurrentDirectory(), "c:\\windows");
   OnEntries({});
   RunJobList(&view);
-  EXPECT_EQ(view.results.entryCount, 0);
+  EXPECT_EQ(view.results.recorded.size(), 0U);
 
   TransferProgram programs;
   CTVXApp other(&files, &ui, &programs);
@@ -386,7 +388,7 @@ TEST_F(Runs, StopKeepsWhatIsRecordedAndLeavesNoPartOfAProgram) {
   const struct {
     size_t file;
     Work work;
-    int32_t recorded;
+    size_t recorded;
   } cases[] = {{1, Work::kRead, 0},
                {2, Work::kRead, 1},
                {2, Work::kAdjust, 1},
@@ -394,7 +396,7 @@ TEST_F(Runs, StopKeepsWhatIsRecordedAndLeavesNoPartOfAProgram) {
                {9, Work::kRead, 3}};  // never
   for (const auto& c : cases) {
     SCOPED_TRACE(c.recorded);
-    view.results.entryCount = 0;
+    view.results.recorded.clear();
     files.Remove("c:\\marlo\\ncdata\\b.nc.emf");
     ui.onWork = [&](const Progress::State& state) {
       EXPECT_EQ(state.files, 3U);
@@ -406,9 +408,9 @@ TEST_F(Runs, StopKeepsWhatIsRecordedAndLeavesNoPartOfAProgram) {
     view.job.MetafileCreateChk = 1;
     RunObserver nobody;
     RunAcceptedList(&view, &nobody);
-    EXPECT_EQ(view.results.entryCount, c.recorded);
+    EXPECT_EQ(view.results.recorded.size(), c.recorded);
     EXPECT_EQ(view.results.runEnd.WasStopped(), c.recorded < 3);
-    EXPECT_EQ(view.results.runEnd.done, static_cast<size_t>(c.recorded));
+    EXPECT_EQ(view.results.runEnd.done, c.recorded);
     EXPECT_EQ(view.program.store.blockCount == 0, c.recorded < 3);
     EXPECT_EQ(view.fileName, c.recorded < 3 ? "" : "b.nc");
     EXPECT_EQ(files.Exists("c:\\marlo\\ncdata\\b.nc.emf"), c.recorded == 3);

@@ -2,6 +2,7 @@
 #include "shell/configuration.h"
 #include "shell/view_operations.h"
 #include "shell_test.h"
+#include "stats/file_information.h"
 #include "support/block_list.h"
 
 namespace tvx {
@@ -25,9 +26,9 @@ std::vector<std::string> Parts(const CTVXView& view) {
       "RapidShown of the record " + Text(view.job.RapidShown),
       "the job list " + view.job.FileNames[0],
       "the options " + Text(view.job.RapidFeed),
-      "the current result " + view.fileInfo.current.fileName,
-      "the result table " + Text(view.results.entryCount),
-      "the first result " + view.results.entries[0].fileName,
+      "the result table " + Text(static_cast<double>(view.results.recorded.size())),
+      "the first result " +
+          (view.results.recorded.empty() ? "" : view.results.recorded[0].entry.fileName),
       "the master dialog " + Text(view.masterDialog.MasterTolerance),
       "the master model " + Text(view.masterGrid.ModelBuilt),
       "the command pad " + Text(view.commandPad.settings),

@@ -1,5 +1,5 @@
-// The program checks of a window, done in steps: of the program loaded last and of the programs of
-// the recorded results.
+// Program checks that are done after the load, in steps: of the program loaded last and of the
+// programs of the results.
 #pragma once
 
 #include <cstdint>
@@ -7,12 +7,12 @@
 #include <string>
 #include <vector>
 
+#include "insight/machine_time.h"
 #include "insight/program_check.h"
 #include "model/job_record.h"
 #include "model/nc_program.h"
 #include "model/parser_state.h"
 #include "platform/files.h"
-#include "stats/result_table.h"
 
 namespace tvx {
 
@@ -24,7 +24,7 @@ enum class CheckState {
   kChanged,     // the file is not the one that was loaded
 };
 
-// The check of one program.
+// The check of one program. Results share it, so that a check which ends later reaches them.
 struct FileCheck {
   std::string path;  // absolute drive path
   FileStamp stamp;   // of the file at the load
@@ -32,20 +32,25 @@ struct FileCheck {
   std::shared_ptr<const ProgramCheck> result;  // null unless the state is kDone
 };
 
-class ViewCheck {
+// The dwells and tool changes of a checked program; none without a check, and as long as it is
+// under way.
+ProgramPauses PausesOf(const FileCheck* check);
+
+class ProgramChecks {
  public:
   // Called after each load, with what the load started from; the source has no path if nothing was
   // loaded. Drops the check of the program before, unless it was kept.
   void Restart(const ProgramSource& source, const LoadStart& start, const JobRecord& job);
 
-  // Keeps the check of the program loaded last, done or not, for a result that is recorded. Returns
-  // the number for CutTimeEntry::check; 0 if no program is loaded. The last kResultEntries kept
-  // checks are stored.
-  uint32_t Keep();
+  // The check of the program loaded last, done or not, for a result, which may outlive the program:
+  // it is then done as long as the result exists. Null if no program is loaded.
+  std::shared_ptr<const FileCheck> Keep();
 
   // Checks up to so many further lines: of the program loaded last, then of the kept ones in their
   // order. Returns false once all checks have ended.
   bool CheckMore(uint64_t lines, Files* files);
+  // Brings all checks to their ends, which the progress shows.
+  void Finish(Files* files, Progress* progress);
   // Checks that have not ended.
   size_t Pending() const;
   bool IsUnderWay() const { return Pending() > 0; }
@@ -54,14 +59,6 @@ class ViewCheck {
   std::shared_ptr<const FileCheck> Loaded() const;
   CheckState State() const;
   std::shared_ptr<const ProgramCheck> Result() const;
-
-  // The check for a recorded result; null if the program of the result came from no file. To have
-  // it done, call CheckMore until it returns false.
-  std::shared_ptr<const FileCheck> Of(const CutTimeEntry& entry) const;
-
-  // The checks of all recorded results, each once, and behind them that of the program loaded last
-  // unless it is one of these.
-  std::vector<std::shared_ptr<const FileCheck>> ChecksOf(const ResultTable& results) const;
 
  private:
   // What a check that is not done yet starts from.

@@ -1,5 +1,5 @@
 // Keeps the start of each load until the check reads the program from there.
-#include "shell/view_check.h"
+#include "evaluate/program_checks.h"
 
 #include <algorithm>
 
@@ -13,9 +13,19 @@ constexpr size_t kStoredPerId = 1000;
 
 }  // namespace
 
-void ViewCheck::Restart(const ProgramSource& source, const LoadStart& start, const JobRecord& job) {
+ProgramPauses PausesOf(const FileCheck* check) {
+  if (check == nullptr || check->result == nullptr) return {};
+  return {.dwellSeconds = check->result->dwellSeconds, .toolChanges = check->result->toolChanges};
+}
+
+void ProgramChecks::Restart(const ProgramSource& source, const LoadStart& start,
+                            const JobRecord& job) {
   checker_.reset();
-  std::erase_if(entries_, [](const Entry& entry) { return !entry.isKept; });
+  std::erase_if(entries_, [](const Entry& entry) {
+    const bool hasEnded = entry.start == nullptr;
+    const bool isOfResult = entry.isKept && entry.check.use_count() > 1;
+    return hasEnded || !isOfResult;
+  });
   isLoaded_ = !source.path.empty();
   if (!isLoaded_) return;
   auto check = std::make_shared<FileCheck>();
@@ -27,14 +37,13 @@ void ViewCheck::Restart(const ProgramSource& source, const LoadStart& start, con
   entries_.push_back({++loads_, false, std::move(check), std::move(from)});
 }
 
-uint32_t ViewCheck::Keep() {
-  if (!isLoaded_) return 0;
+std::shared_ptr<const FileCheck> ProgramChecks::Keep() {
+  if (!isLoaded_) return nullptr;
   entries_.back().isKept = true;
-  if (entries_.size() > kResultEntries) entries_.erase(entries_.begin());
-  return entries_.back().number;
+  return entries_.back().check;
 }
 
-bool ViewCheck::CheckMore(uint64_t lines, Files* files) {
+bool ProgramChecks::CheckMore(uint64_t lines, Files* files) {
   Entry* const entry = Next();
   if (entry == nullptr) return false;
   if (checker_ == nullptr || entry->number != underCheck_) {
@@ -54,52 +63,41 @@ bool ViewCheck::CheckMore(uint64_t lines, Files* files) {
   return IsUnderWay();
 }
 
-void ViewCheck::End(Entry* entry, CheckState state) {
+void ProgramChecks::Finish(Files* files, Progress* progress) {
+  constexpr uint64_t kLinesOfAStep = 100'000;
+  const WorkScope work(progress, Work::kCheck, "");
+  const size_t all = Pending();
+  while (CheckMore(kLinesOfAStep, files)) progress->Step(all - Pending(), all);
+}
+
+void ProgramChecks::End(Entry* entry, CheckState state) {
   entry->check->state = state;
   entry->start.reset();
   checker_.reset();  // closes the file
 }
 
-ViewCheck::Entry* ViewCheck::Next() {
+ProgramChecks::Entry* ProgramChecks::Next() {
   if (State() == CheckState::kUnderWay) return &entries_.back();
   const auto entry =
       std::ranges::find_if(entries_, [](const Entry& e) { return e.start != nullptr; });
   return entry == entries_.end() ? nullptr : &*entry;
 }
 
-size_t ViewCheck::Pending() const {
+size_t ProgramChecks::Pending() const {
   const auto isPending = [](const Entry& entry) { return entry.start != nullptr; };
   return static_cast<size_t>(std::ranges::count_if(entries_, isPending));
 }
 
-std::shared_ptr<const FileCheck> ViewCheck::Loaded() const {
+std::shared_ptr<const FileCheck> ProgramChecks::Loaded() const {
   return isLoaded_ ? entries_.back().check : nullptr;
 }
 
-CheckState ViewCheck::State() const {
+CheckState ProgramChecks::State() const {
   return isLoaded_ ? Loaded()->state : CheckState::kNoProgram;
 }
 
-std::shared_ptr<const ProgramCheck> ViewCheck::Result() const {
+std::shared_ptr<const ProgramCheck> ProgramChecks::Result() const {
   return isLoaded_ ? Loaded()->result : nullptr;
-}
-
-std::shared_ptr<const FileCheck> ViewCheck::Of(const CutTimeEntry& result) const {
-  const auto entry = std::ranges::find(entries_, result.check, &Entry::number);
-  return entry == entries_.end() ? nullptr : entry->check;
-}
-
-std::vector<std::shared_ptr<const FileCheck>> ViewCheck::ChecksOf(
-    const ResultTable& results) const {
-  std::vector<std::shared_ptr<const FileCheck>> checks;
-  const auto add = [&checks](const std::shared_ptr<const FileCheck>& check) {
-    if (check != nullptr && std::ranges::find(checks, check) == checks.end()) {
-      checks.push_back(check);
-    }
-  };
-  for (const CutTimeEntry& result : results.Recorded()) add(Of(result));
-  add(Loaded());
-  return checks;
 }
 
 }  // namespace tvx
