@@ -15,7 +15,6 @@
 #include "desktop/language.h"
 #include "desktop/legend_dock.h"
 #include "insight/feed_causes.h"
-#include "platform/vector_registers.h"
 #include "view/path_drawing.h"
 
 namespace tvx {
@@ -106,7 +105,6 @@ void CausesDock::Count() {
   const QSignalBlocker noClicks(places_);
   places_->clear();
   if (!HasCauses(view)) return;
-  ReleaseVectorRegisters();  // the window has been painted
   ShowMinutes(view);
   ShowPlaces(view);
 }

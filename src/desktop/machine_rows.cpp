@@ -13,7 +13,6 @@
 #include "desktop/elided_label.h"
 #include "desktop/language.h"
 #include "insight/machine_time.h"
-#include "platform/vector_registers.h"
 
 namespace tvx {
 
@@ -157,7 +156,6 @@ void MachineRows::ShowTime() {
   time_->setText(kNone);
   SetPlainToolTip(time_, {});
   if (!context_.app->machine || view == nullptr || view->program.store.blockCount == 0) return;
-  ReleaseVectorRegisters();  // the window has been painted
   const MachineTime time = ComputeMachineTime(&view->program.store, *context_.app->machine,
                                               PausesOf(view->check.Loaded().get()));
   time_->setText(ToQt(Format("%.1f min", time.totalMinutes)));

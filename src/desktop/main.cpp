@@ -19,10 +19,23 @@
 #include "platform/files.h"
 #include "platform/host_programs.h"
 #include "platform/termination.h"
+#include "platform/vector_registers.h"
 #include "reports/calc_client.h"
 #include "shell/application.h"
 
 namespace {
+
+// The handler of any event may have painted, and left the vector registers in use.
+class WindowApplication : public QApplication {
+ public:
+  using QApplication::QApplication;
+
+  bool notify(QObject* receiver, QEvent* event) override {
+    const bool isAccepted = QApplication::notify(receiver, event);
+    tvx::ReleaseVectorRegisters();
+    return isAccepted;
+  }
+};
 
 struct Arguments {
   int32_t language = tvx::kKoreanLabels;
@@ -59,7 +72,7 @@ int main(int argc, char** argv) {
   // allocation.
   tvx::SetProgramName("tvx");
   std::set_terminate(tvx::EndOutOfMemory);
-  QApplication qt(argc, argv);
+  const WindowApplication qt(argc, argv);
   // QApplication sets the user's locale; numbers are read and printed with a point in any locale.
   std::setlocale(LC_NUMERIC, "C");
   QApplication::setApplicationName("TVX");

@@ -23,7 +23,6 @@
 #include "desktop/reload.h"
 #include "insight/move_text.h"
 #include "jobs/labels.h"
-#include "platform/vector_registers.h"
 #include "shell/configuration.h"
 #include "shell/lists.h"
 #include "shell/messages.h"
@@ -259,7 +258,6 @@ void MainWindow::RunCommand(CommandId id) {
   CTVXView* const view = &ActiveView()->view();
   const bool changesProgram = FindViewCommand(id)->changesProgram;
   if (changesProgram) ShowPathInStatusBar();
-  ReleaseVectorRegisters();  // the menus have been painted
   const uint32_t loads = view->loads;
   RunViewCommand(view, id);
   if (id == CommandId::kLoad && view->loads != loads) opener_->recent.Add(ToQt(view->filePath));
@@ -345,7 +343,6 @@ void MainWindow::CheckMore() {
   if (active == nullptr) return checkSteps_.stop();
   if (app_->ui->LongWork()->IsUnderWay()) return;  // the docks would show a program in part
   CTVXView& view = active->view();
-  ReleaseVectorRegisters();
   view.marks.Prepare(&view.program);
   if (!view.check.CheckMore(kLinesPerStep, app_->files)) checkSteps_.stop();
   for (ViewDock* const dock : docks_) dock->ShowCheck(&view);

@@ -12,7 +12,6 @@
 #include "base/numbers.h"
 #include "desktop/language.h"
 #include "platform/user_files.h"
-#include "platform/vector_registers.h"
 #include "view/drawing_device.h"
 #include "view/raster_device.h"
 #include "view/view_transform.h"
@@ -78,7 +77,6 @@ void PaintOnPage(const Scene& scene, const QRectF& page, QPainter* painter) {
                       {static_cast<int32_t>(std::floor(preparation.origin.x * factor)),
                        static_cast<int32_t>(std::floor(preparation.origin.y * factor))});
   ScaledDevice device(factor, &raster);
-  ReleaseVectorRegisters();
   Paint(scene, &device);
 
   QRectF target(QPointF(0, 0), QSizeF(width, height) * fit);

@@ -12,7 +12,6 @@
 #include "base/path_text.h"
 #include "desktop/elided_label.h"
 #include "desktop/language.h"
-#include "platform/vector_registers.h"
 
 namespace tvx {
 
@@ -121,7 +120,6 @@ void WindowProgress::HandleEvents() {
   QCoreApplication::processEvents(QEventLoop::AllEvents, kMostEventTime);
   qApp->removeEventFilter(this);
   files_->Fail(reason);
-  ReleaseVectorRegisters();  // windows have been painted
 }
 
 bool WindowProgress::eventFilter(QObject* watched, QEvent* event) {

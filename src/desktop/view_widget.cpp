@@ -13,7 +13,6 @@
 #include "desktop/display_options.h"
 #include "desktop/empty_page.h"
 #include "desktop/language.h"
-#include "platform/vector_registers.h"
 #include "shell/program_steps.h"
 
 namespace tvx {
@@ -53,7 +52,6 @@ ViewWidget::ViewWidget(CTVXApp* app, QWidget* parent)
   rest_.setSingleShot(true);
   rest_.setInterval(kRestMilliseconds);
   connect(&rest_, &QTimer::timeout, this, [this] {
-    ReleaseVectorRegisters();
     Hover(view_.marks.MoveAt(SceneOf(&view_), restsAt_));
   });
 }
@@ -92,7 +90,6 @@ void ViewWidget::DrawPicture(Progress* progress) {
   RasterDevice device({reinterpret_cast<uint32_t*>(image_.bits()), image_.width(), image_.height(),
                        image_.bytesPerLine() / 4},
                       origin_, ScreenPens());
-  ReleaseVectorRegisters();
   isEmpty_ = view_.fileName.empty() && view_.program.store.blockCount == 0;
   isStale_ = false;  // a resize during the drawing makes it stale again
   shownOptions_ = Options();
