@@ -10,7 +10,6 @@
 #include "cli/output.h"
 #include "cli/tool_progress.h"
 #include "model/loader.h"
-#include "platform/termination.h"
 
 namespace tvx {
 namespace {
@@ -49,9 +48,7 @@ void PrintNote(const ProgramFile& file, const ProgramCheck& check, int32_t Input
 
 ProgramCheck CheckProgramFile(const ProgramFile& file, const CheckOptions& options,
                               const CTVXView& view, LoadStart* start) {
-  SetSubject(file.argument);
-  ShowProgress(file.argument + ": checking");
-  const WorkScope work(ToolProgress(), Work::kCheck, file.argument, Stopping::kAllowed);
+  const ToolWork work(Work::kCheck, file.argument);
   CheckOptions stoppable = options;
   stoppable.progress = ToolProgress();
   ProgramChecker checker(file.path, *start, view.job, view.app->files, stoppable);
@@ -69,10 +66,8 @@ ProgramCheck CheckProgramFile(const ProgramFile& file, const CheckOptions& optio
 std::shared_ptr<const FileCheck> NoteRemarks(const ProgramFile& file, const CTVXView& view,
                                              bool wantsCheck) {
   if (IsQuiet() && !wantsCheck) return nullptr;
-  SetSubject(file.argument);
-  ShowProgress(file.argument + ": checking");
+  const ToolWork work(Work::kCheck, file.argument);
   Progress* const progress = ToolProgress();
-  const WorkScope work(progress, Work::kCheck, file.argument, Stopping::kAllowed);
   ProgramCheck check;
   const LoadStart start = TakeLoadStart(view.program, view.app->parserStates);
   Files* const files = view.app->files;

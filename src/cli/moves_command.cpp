@@ -132,8 +132,7 @@ void RunFile(const ProgramFile& file, const JobRecord& job, Files* files, MoveRe
   options.isConversational = IsConversational(&record);
   options.isIntegerData = record.IntNcdataFlg != 0;
   options.progress = ToolProgress();
-  ShowProgress(file.argument + ": reading");
-  const WorkScope work(ToolProgress(), Work::kRead, file.argument, Stopping::kAllowed);
+  const ToolWork work(Work::kRead, file.argument);
   switch (ReadAsControl(file.path, options, files, receiver, remarks)) {
     case ReadingResult::kRead:
       return;

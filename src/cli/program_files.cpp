@@ -5,7 +5,6 @@
 #include "base/path_text.h"
 #include "cli/command.h"
 #include "cli/output.h"
-#include "platform/termination.h"
 #include "shell/program_steps.h"
 
 namespace tvx {
@@ -28,8 +27,7 @@ void ForgetModalState(CTVXView* view) {
 }
 
 LoadResult LoadProgramFile(const ProgramFile& file, CTVXView* view) {
-  SetSubject(file.argument);
-  ShowProgress(file.argument + ": reading");
+  const ToolWork work(Work::kRead, file.argument);
   const LoadResult result = LoadFile(view, file.path);
   EndIfInterrupted();
   view->fileName = file.argument == kStandardInput ? file.argument : NameOfPath(file.path, "\\/:");
@@ -50,8 +48,7 @@ void LoadWholeProgram(const ProgramFile& file, CTVXView* view) {
 }
 
 void AdjustProgram(const ProgramFile& file, CTVXView* view, const FeedTrace& trace) {
-  ShowProgress(file.argument + ": adjusting the feeds");
-  const WorkScope work(ToolProgress(), Work::kAdjust, file.argument, Stopping::kAllowed);
+  const ToolWork work(Work::kAdjust, file.argument);
   AdjustFeeds(ProgramWorkOf(view), trace);
   EndIfInterrupted();
 }

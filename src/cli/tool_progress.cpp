@@ -64,6 +64,11 @@ Progress* ToolProgress() {
   return &terminal;
 }
 
+ToolWork::ToolWork(Work work, const std::string& argument)
+    : scope_(ToolProgress(), work, argument, Stopping::kAllowed) {
+  ShowProgress(argument + ": " + WorkText(work));
+}
+
 void EndIfInterrupted() {
   if (isInterrupted) throw Interrupted{};
 }

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/termination.h"
+
 namespace tvx {
 
 bool Progress::Step(uint64_t done, uint64_t total) {
@@ -28,8 +30,14 @@ void Progress::SetFile(size_t file, size_t files) {
 }
 
 WorkScope::WorkScope(Progress* progress, Work work, const std::string& path, Stopping stopping)
-    : progress_(progress), before_(progress->state_) {
+    : progress_(progress),
+      before_(progress->state_),
+      isSubject_(!path.empty() && !progress->hasSubject_) {
   Progress& p = *progress_;
+  if (isSubject_) {
+    SetSubject(path);
+    p.hasSubject_ = true;
+  }
   if (p.depth_++ == 0) {
     p.state_ = {};
     p.isStopped_ = false;
@@ -45,6 +53,7 @@ WorkScope::WorkScope(Progress* progress, Work work, const std::string& path, Sto
 WorkScope::~WorkScope() {
   Progress& p = *progress_;
   p.state_ = before_;
+  if (isSubject_) p.hasSubject_ = false;
   if (--p.depth_ > 0) return;
   p.state_ = {};
   if (std::exchange(p.isShown_, false)) p.Hide();

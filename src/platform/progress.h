@@ -57,13 +57,17 @@ class Progress {
   int depth_ = 0;
   bool isStopped_ = false;
   bool isShown_ = false;
+  bool hasSubject_ = false;  // of the work under way
   Clock::time_point begin_, next_;
 };
 
-// Work is under way while the object exists. Work inside other work is shown in place of it and can
-// be stopped if one of them can.
+// Says what is being worked on while the object exists: to the progress, and to the message of a
+// process that ends for want of memory (SetSubject). Work inside other work is shown in place of it
+// and can be stopped if one of them can; the subject is the file of the outermost work that has
+// one, and is kept after its end.
 class WorkScope {
  public:
+  // `path` as the user named the file; empty for none.
   WorkScope(Progress* progress, Work work, const std::string& path,
             Stopping stopping = Stopping::kRefused);
   ~WorkScope();
@@ -73,6 +77,7 @@ class WorkScope {
  private:
   Progress* progress_;
   Progress::State before_;
+  bool isSubject_;
 };
 
 // Shows nothing and never stops.

@@ -4,7 +4,6 @@
 
 #include "base/path_text.h"
 #include "platform/drives.h"
-#include "platform/termination.h"
 #include "platform/user_files.h"
 #include "shell/cut_time_commands.h"
 #include "shell/job_list_run.h"
@@ -148,7 +147,6 @@ void TakeFormatOfEnding(const std::string& path, CTVXView* view) {
 
 LoadResult LoadProgram(CTVXView* view, const std::string& path) {
   TakeFormatOfEnding(path, view);
-  SetSubject(path);
   const LoadResult result = LoadFile(view, path);
   ShowFailure(result, view->program, path, view->app->ui);
   if (IsLoaded(result)) ++view->loads;
