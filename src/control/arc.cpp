@@ -13,20 +13,19 @@ constexpr double kTurn = 2 * std::numbers::pi;
 constexpr double kRadiusTolerance = 0.01;  // mm
 constexpr double kRadiusRatio = 0.001;
 
-double AngleFrom(const PlanePoint& centre, const PlanePoint& point) {
-  return std::atan2(point[1] - centre[1], point[0] - centre[0]);
-}
-
 }  // namespace
 
 double Distance(const PlanePoint& a, const PlanePoint& b) {
-  return std::hypot(b[0] - a[0], b[1] - a[1]);
+  const double dx = b[0] - a[0], dy = b[1] - a[1];
+  return std::sqrt(dx * dx + dy * dy);
 }
 
 Arc ArcAbout(const PlanePoint& centre, const PlanePoint& start, const PlanePoint& end,
              bool isClockwise) {
-  double turn = AngleFrom(centre, end) - AngleFrom(centre, start);
-  if (isClockwise) turn = -turn;
+  const double ax = start[0] - centre[0], ay = start[1] - centre[1];
+  const double bx = end[0] - centre[0], by = end[1] - centre[1];
+  const double cross = ax * by - ay * bx;
+  double turn = std::atan2(isClockwise ? -cross : cross, ax * bx + ay * by);
   if (turn < 0) turn += kTurn;
   if (turn <= kNoLength || turn >= kTurn - kNoLength) turn = kTurn;
   return {centre, isClockwise ? -turn : turn};
@@ -55,7 +54,8 @@ bool EndsElsewhere(double startRadius, double endRadius) {
 }
 
 double ArcLength(double startRadius, double endRadius, double sweep, double rise) {
-  return std::hypot((startRadius + endRadius) / 2 * std::abs(sweep), rise);
+  const double inPlane = (startRadius + endRadius) / 2 * sweep;
+  return std::sqrt(inPlane * inPlane + rise * rise);
 }
 
 }  // namespace tvx

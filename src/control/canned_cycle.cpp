@@ -27,6 +27,7 @@ double CutCount(const CannedCycle& cycle) {
 }  // namespace
 
 const CycleKind* FindCycle(uint16_t tenths) {
+  if (tenths < kCycles[0].tenths) return nullptr;
   const CycleKind* const found =
       std::find_if(std::begin(kCycles), std::end(kCycles),
                    [&](const CycleKind& kind) { return kind.tenths == tenths; });

@@ -10,16 +10,17 @@ namespace tvx {
 
 // What a character is outside comments.
 enum class Glyph : uint8_t {
-  kOther,
+  kLetter,
+  kLineFeed,
   kBlank,    // also tabs and control characters: does not count
   kComment,  // begins one
-  kLineFeed,
-  kLetter,
   kDigit,
+  kOther,
 };
 
 inline constexpr std::array<Glyph, 256> kGlyphs = [] {
   std::array<Glyph, 256> glyphs{};
+  glyphs.fill(Glyph::kOther);
   for (size_t c = 0; c <= ' '; ++c) glyphs[c] = Glyph::kBlank;
   glyphs[0x7F] = Glyph::kBlank;
   glyphs['\n'] = Glyph::kLineFeed;

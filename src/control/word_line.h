@@ -37,12 +37,10 @@ struct WordLine {
   double Or(char letter, double other) const { return Has(letter) ? (*this)[letter] : other; }
 
   void Add(char letter, double value, bool point) {
-    if (letter == 'G') {
-      gWords.push_back(value);
-    } else if (letter == 'M') {
-      mWords.push_back(value);
-    }
     const uint32_t bit = Bit(letter);
+    if ((bit & (Bit('G') | Bit('M'))) != 0) {
+      (letter == 'G' ? gWords : mWords).push_back(value);
+    }
     values[Index(letter)] = value;
     given |= bit;
     hasPoint = point ? hasPoint | bit : hasPoint & ~bit;

@@ -3,6 +3,7 @@
 #include "control/word_scanner.h"
 
 #include <bit>
+#include <cstddef>
 
 #include "control/nc_text.h"
 
@@ -65,7 +66,9 @@ class Scan {
       const char c = *next_;
       const Glyph glyph = GlyphOf(c);
       if (glyph == Glyph::kLetter) [[likely]] {
-        if (!Word(UpperLetter(c))) return form_;
+        const char letter = static_cast<char>(c & 0xDF);
+        if (!ShortWord(letter) && !Word(letter)) [[unlikely]]
+          return form_;
       } else if (glyph == Glyph::kLineFeed) {
         return LineForm::kWords;
       } else if (glyph == Glyph::kBlank || glyph == Glyph::kComment) {
@@ -77,6 +80,34 @@ class Scan {
   }
 
  private:
+  // A word as nearly all are written: a letter and a number of few digits, with the next word, a
+  // blank or the end of the line behind it. False, and nothing changed, for any other.
+  bool ShortWord(char letter) {
+    constexpr ptrdiff_t kMostWhole = 9;  // digits, below the largest value
+    constexpr ptrdiff_t kMost = 15;      // exact in a double
+    const char* next = next_ + 1;
+    const bool isNegative = *next == '-';
+    if (isNegative) ++next;
+    int64_t digits = 0;
+    const auto takeDigits = [&] {
+      const char* const begin = next;
+      for (unsigned digit; (digit = static_cast<unsigned char>(*next) - unsigned{'0'}) <= 9; ++next)
+        digits = digits * 10 + static_cast<int64_t>(digit);
+      return next - begin;
+    };
+    const ptrdiff_t whole = takeDigits();
+    const bool hasPoint = *next == '.';
+    if (hasPoint) ++next;
+    const ptrdiff_t places = hasPoint ? takeDigits() : 0;
+    if (whole > kMostWhole || whole + places > kMost || whole + places == 0) return false;
+    if (GlyphOf(*next) == Glyph::kBlank) next = SkipBlanks(next);
+    if (GlyphOf(*next) > Glyph::kLineFeed || letter == 'O') return false;
+    const double value = static_cast<double>(digits) / kPowersOfTen[places];
+    words_.Add(letter, isNegative ? -value : value, hasPoint);
+    next_ = next;
+    return true;
+  }
+
   // A letter with what follows it. False if that makes the line another one than a line of words.
   bool Word(char letter) {
     const char* const begin = next_++;
