@@ -13,13 +13,14 @@ ReadingResult ReadAsControl(const std::string& path, const ReadingOptions& optio
   const std::unique_ptr<InputFile> file = files->OpenForReading(path);
   if (file == nullptr) return ReadingResult::kCannotOpen;
 
-  ProgramRun run(file.get(), options.progress, receiver, remarks);
+  ProgramRun run(file.get(), options, receiver, remarks);
   RunWordProgram(&run, options.isIntegerData);
   if (run.limit.IsExceeded()) run.path.Remark(ReadingRemarkId::kEndless, "");
 
   if (options.progress->IsStopped()) return ReadingResult::kStopped;
-  if (file->Error() == 0) return ReadingResult::kRead;
-  files->Fail(file->Error());
+  const int error = file->Error() == 0 && run.text.IsShort() ? kFileChanged : file->Error();
+  if (error == 0) return ReadingResult::kRead;
+  files->Fail(error);
   return ReadingResult::kReadFailed;
 }
 

@@ -2,6 +2,7 @@
 // variables, planes and units. The plain reading of the loader is the other one.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "control/moves.h"
@@ -14,6 +15,8 @@ namespace tvx {
 struct ReadingOptions {
   bool isConversational = false;
   bool isIntegerData = false;  // word-address lengths without a decimal point are thousandths
+  // A run that takes so many lines more than the program has does not end by itself.
+  uint64_t stepsBeyondLines = 10'000'000;
   Progress* progress = NoProgress();  // gets the bytes read
 };
 

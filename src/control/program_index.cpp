@@ -140,14 +140,11 @@ class ProgramIndex::Builder {
   std::vector<uint64_t> headEnds_;  // offsets of the lines that end a head
 };
 
-ProgramIndex::ProgramIndex(ProgramText* text) {
-  const TextPlace place = text->Ahead();
-  text->Seek({});
+ProgramIndex::ProgramIndex(ProgramText text) {
   Builder builder(this);
   std::string_view line;
-  while (text->Next(&line)) builder.Line(text->Here(), line);
+  while (text.Next(&line)) builder.Line(text.Here(), line);
   builder.Finish();
-  text->Seek(place);
 }
 
 const IndexedProgram* ProgramIndex::Find(double number) const {

@@ -27,8 +27,8 @@ bool EndsHead(const WordLine& words);
 // Built at the first jump of a run. Takes 16 bytes for each N word.
 class ProgramIndex {
  public:
-  // Reads the whole text, and leaves it at the place where it was.
-  explicit ProgramIndex(ProgramText* text);
+  // Reads the whole text, which is at its beginning.
+  explicit ProgramIndex(ProgramText text);
 
   // The program that begins with the file.
   const IndexedProgram& Main() const { return programs_.front(); }

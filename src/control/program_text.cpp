@@ -72,7 +72,10 @@ size_t ProgramText::ReadAll(uint64_t offset, char* buffer, size_t size) {
   size_t filled = 0;
   while (filled < size) {
     const size_t count = file_->ReadAt(offset + filled, buffer + filled, size - filled);
-    if (count == 0) break;
+    if (count == 0) {
+      isShort_ = isShort_ || offset + filled < fileBytes_;
+      break;
+    }
     filled += count;
   }
   return filled;

@@ -58,6 +58,12 @@ class ProgramText {
   // True if the line that Next returned last is longer than what is read of a line.
   bool IsCut() const { return isCut_; }
 
+  // Another reader of the same text, at its beginning.
+  ProgramText Another() const { return ProgramText(file_, progress_); }
+
+  // True if the file ended before the place where it ended when it was opened.
+  bool IsShort() const { return isShort_; }
+
   // Tells the progress how far the file was read. False once the user has stopped the work. For
   // runs that stay within what is in memory.
   bool StepProgress() { return StepProgress(farthest_); }
@@ -83,7 +89,8 @@ class ProgramText {
 
   InputFile* file_;
   Progress* progress_;
-  uint64_t fileBytes_;
+  uint64_t fileBytes_;  // when it was opened
+  bool isShort_ = false;
   uint64_t farthest_ = 0;  // that was read
   std::array<Window, 8> windows_;
   uint64_t uses_ = 0;

@@ -8,14 +8,12 @@
 
 namespace tvx {
 
-// Counts the lines that are run, the cuts of cycles and the times of repeats. A run may take
-// kStepsBeyondLines more than the program has lines.
+// Counts the lines that are run, the cuts of cycles and the times of repeats.
 class RunLimit {
  public:
-  static constexpr uint64_t kStepsBeyondLines = 10'000'000;
-
-  // `text` has to outlive the object.
-  explicit RunLimit(ProgramText* text) : text_(text) {}
+  // A run may take so many more than the program has lines. `text` has to outlive the object.
+  RunLimit(ProgramText* text, uint64_t stepsBeyondLines)
+      : text_(text), stepsBeyondLines_(stepsBeyondLines) {}
 
   // Counts one. False if that is above the limit, or if the user has stopped the work.
   bool Take() {
@@ -36,7 +34,7 @@ class RunLimit {
   // The lines of the file are counted only if their number matters.
   bool TakeFurther() {
     if (isExceeded_ || !text_->StepProgress()) return false;
-    uint64_t limit = kStepsBeyondLines;
+    uint64_t limit = stepsBeyondLines_;
     if (taken_ > limit) limit += text_->CountLines();
     isExceeded_ = taken_ > limit;
     sure_ = std::min(limit, taken_ + kStepsBetweenProgress);
@@ -44,6 +42,7 @@ class RunLimit {
   }
 
   ProgramText* text_;
+  uint64_t stepsBeyondLines_;
   uint64_t taken_ = 0;
   uint64_t sure_ = 0;  // up to this number nothing has to be looked at
   bool isExceeded_ = false;

@@ -110,7 +110,7 @@ class WordReader {
 
   const ProgramIndex& Index() {
     if (!index_) {
-      index_.emplace(&text_);
+      index_.emplace(text_.Another());
       calls_.SetMainHeading(index_->Main().heading);
       headIsProgram_ = index_->Main().heading == kNoHeading;
     }
@@ -145,7 +145,7 @@ class WordReader {
     if (statement.hasFault) Remark(kMacro, "");
     switch (statement.kind) {
       case MacroStatement::Kind::kWords:
-        return Words();
+        return words_.Has('O') && !EntersProgram() ? calls_.Return() : Words();
       case MacroStatement::Kind::kGoto:
         if (statement.isTrue) GoTo(Index().FindNumber(statement.number, text_.Here().offset));
         return true;

@@ -27,14 +27,14 @@ class Input : public InputFile {
         readsLeft_(readsLeft) {}
 
   size_t Read(char* buffer, size_t size) override {
-    if ((*readsLeft_)-- == 1) error_ = EIO;
-    if (error_ != 0) return 0;
-    const size_t count = bytes_.copy(buffer, std::min(size, mostAtOnce_), position_);
+    const size_t count = ReadAt(position_, buffer, size);
     position_ += count;
     return count;
   }
   size_t ReadAt(uint64_t offset, char* buffer, size_t size) override {
-    return offset < bytes_.size() ? bytes_.copy(buffer, size, offset) : 0;
+    if ((*readsLeft_)-- == 1) error_ = EIO;
+    if (error_ != 0 || offset >= bytes_.size()) return 0;
+    return bytes_.copy(buffer, std::min(size, mostAtOnce_), offset);
   }
   FileStamp Stamp() override { return {bytes_.size(), modified_}; }
   int Error() const override { return error_; }
