@@ -6,7 +6,7 @@
 #include "feed/feed_pass.h"
 #include "jobs/option_line.h"
 #include "measuring.h"
-#include "shell/job_list_run.h"
+#include "session/job_list_run.h"
 #include "stats/cut_time.h"
 #include "view/picture.h"
 #include "view/view_transform.h"

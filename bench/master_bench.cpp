@@ -5,9 +5,9 @@
 #include <cstdio>
 #include <random>
 
-#include "feed/master_build.h"
 #include "feed/master_pass.h"
-#include "feed/master_picture.h"
+#include "master/master_build.h"
+#include "master/master_picture.h"
 #include "measuring.h"
 #include "model/walks.h"
 

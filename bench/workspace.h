@@ -7,8 +7,8 @@
 #include <string>
 
 #include "model/loader.h"
-#include "platform/drives.h"
-#include "platform/files.h"
+#include "platform/files/drives.h"
+#include "platform/files/files.h"
 #include "platform/user_interface.h"
 #include "programs.h"
 

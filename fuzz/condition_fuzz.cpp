@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "feed/condition_file.h"
+#include "conditions/condition_file.h"
 #include "fuzz_world.h"
 
 namespace {

@@ -4,8 +4,8 @@
 
 #include "base/text.h"
 #include "fuzz_world.h"
-#include "shell/configuration.h"
-#include "shell/short_text.h"
+#include "settings/configuration.h"
+#include "settings/short_text.h"
 
 using namespace tvx;
 

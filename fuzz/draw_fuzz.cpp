@@ -6,8 +6,8 @@
 
 #include "fuzz_world.h"
 #include "model/loader.h"
+#include "session/view_commands.h"
 #include "view/picture.h"
-#include "view/view_commands.h"
 
 namespace {
 

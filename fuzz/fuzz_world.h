@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/files.h"
+#include "platform/files/files.h"
 #include "platform/user_interface.h"
 
 namespace tvx {

@@ -10,7 +10,7 @@
 #include "base/text.h"
 #include "fuzz_world.h"
 #include "jobs/transfer_dialog.h"
-#include "platform/programs.h"
+#include "platform/processes/programs.h"
 
 namespace {
 

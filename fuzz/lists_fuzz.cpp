@@ -5,9 +5,9 @@
 
 #include "base/text.h"
 #include "fuzz_world.h"
-#include "shell/lists.h"
-#include "shell/short_text.h"
-#include "shell/user_keys.h"
+#include "settings/lists.h"
+#include "settings/short_text.h"
+#include "settings/user_keys.h"
 
 namespace {
 

@@ -6,9 +6,9 @@
 #include <cmath>
 #include <string_view>
 
-#include "feed/master_build.h"
-#include "feed/master_file.h"
 #include "fuzz_world.h"
+#include "master/master_build.h"
+#include "master/master_file.h"
 #include "model/loader.h"
 
 namespace {

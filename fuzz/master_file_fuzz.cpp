@@ -1,11 +1,11 @@
 // Fuzzes the reader of master model files. A model that was read is written, looked up, shown, and
 // used by the feed pass. The input is a master model file.
 
-#include "feed/master_file.h"
-#include "feed/master_lookup.h"
 #include "feed/master_pass.h"
-#include "feed/master_picture.h"
 #include "fuzz_world.h"
+#include "master/master_file.h"
+#include "master/master_lookup.h"
+#include "master/master_picture.h"
 #include "model/nc_program.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "fuzz_world.h"
-#include "shell/parameter_file.h"
+#include "settings/parameter_file.h"
 
 namespace {
 

@@ -12,7 +12,7 @@
 #include "calc/office.h"
 #include "calc/uno_text.h"
 #include "calc/workbook.h"
-#include "platform/child_process.h"
+#include "platform/processes/child_process.h"
 #include "platform/termination.h"
 #include "reports/calc_lines.h"
 

@@ -12,8 +12,8 @@
 
 #include "base/format.h"
 #include "calc/uno_text.h"
-#include "platform/host_programs.h"
-#include "platform/temporary_folder.h"
+#include "platform/files/temporary_folder.h"
+#include "platform/processes/host_programs.h"
 
 namespace tvx {
 

@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/child_process.h"
+#include "platform/processes/child_process.h"
 
 namespace tvx {
 

@@ -18,8 +18,8 @@
 
 #include "base/scan.h"
 #include "calc/uno_text.h"
-#include "platform/files.h"
-#include "platform/new_file.h"
+#include "platform/files/files.h"
+#include "platform/files/new_file.h"
 
 namespace tvx {
 

@@ -7,7 +7,7 @@
 #include "cli/program_files.h"
 #include "evaluate/program_checks.h"
 #include "insight/program_check.h"
-#include "shell/tvx_view.h"
+#include "session/tvx_view.h"
 
 namespace tvx {
 

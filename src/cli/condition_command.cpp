@@ -10,7 +10,7 @@
 #include "cli/json.h"
 #include "cli/output.h"
 #include "cli/params.h"
-#include "feed/condition_file.h"
+#include "conditions/condition_file.h"
 
 namespace tvx {
 namespace {

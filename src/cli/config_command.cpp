@@ -8,7 +8,7 @@
 #include "cli/host.h"
 #include "cli/json.h"
 #include "cli/output.h"
-#include "shell/user_keys.h"
+#include "settings/user_keys.h"
 
 namespace tvx {
 

@@ -6,13 +6,13 @@
 
 #include "cli/command.h"
 #include "cli/tool_progress.h"
-#include "platform/drives.h"
-#include "platform/files.h"
-#include "platform/standard_input.h"
+#include "platform/files/drives.h"
+#include "platform/files/files.h"
+#include "platform/files/standard_input.h"
 #include "platform/user_interface.h"
 #include "reports/calc_client.h"
-#include "shell/application.h"
-#include "shell/tvx_view.h"
+#include "session/application.h"
+#include "session/tvx_view.h"
 
 namespace tvx {
 

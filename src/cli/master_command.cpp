@@ -13,10 +13,10 @@
 #include "cli/output.h"
 #include "cli/params.h"
 #include "cli/program_files.h"
-#include "feed/master_build.h"
-#include "feed/master_file.h"
-#include "feed/master_lookup.h"
-#include "feed/master_picture.h"
+#include "master/master_build.h"
+#include "master/master_file.h"
+#include "master/master_lookup.h"
+#include "master/master_picture.h"
 
 namespace tvx {
 namespace {

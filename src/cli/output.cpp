@@ -8,7 +8,7 @@
 
 #include "base/text.h"
 #include "cli/command.h"
-#include "platform/terminal.h"
+#include "platform/processes/terminal.h"
 
 namespace tvx {
 namespace {

@@ -6,8 +6,8 @@
 
 #include "cli/command.h"
 #include "cli/nearest_name.h"
-#include "feed/condition_file.h"
-#include "feed/master_file.h"
+#include "conditions/condition_file.h"
+#include "master/master_file.h"
 #include "model/job_record.h"
 
 namespace tvx {

@@ -1,11 +1,11 @@
-// Each step shows its progress and leaves the work to shell/program_steps.
+// Each step shows its progress and leaves the work to session/program_steps.
 
 #include "cli/program_files.h"
 
 #include "base/path_text.h"
 #include "cli/command.h"
 #include "cli/output.h"
-#include "shell/program_steps.h"
+#include "session/program_steps.h"
 
 namespace tvx {
 

@@ -7,7 +7,7 @@
 #include "cli/host.h"
 #include "feed/feed_pass.h"
 #include "model/loader.h"
-#include "shell/tvx_view.h"
+#include "session/tvx_view.h"
 
 namespace tvx {
 

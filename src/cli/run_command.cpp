@@ -22,7 +22,7 @@
 #include "cli/time_totals.h"
 #include "jobs/job_list.h"
 #include "reports/cut_time_list.h"
-#include "shell/job_list_run.h"
+#include "session/job_list_run.h"
 
 namespace tvx {
 namespace {

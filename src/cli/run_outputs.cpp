@@ -6,7 +6,7 @@
 #include "base/format.h"
 #include "cli/command.h"
 #include "cli/output.h"
-#include "platform/drives.h"
+#include "platform/files/drives.h"
 #include "reports/cut_time_list.h"
 #include "reports/job_list_file.h"
 #include "reports/job_sheet.h"

@@ -9,7 +9,7 @@
 #include "cli/host.h"
 #include "cli/time_totals.h"
 #include "evaluate/program_result.h"
-#include "shell/job_list_run.h"
+#include "session/job_list_run.h"
 
 namespace tvx {
 

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "cli/command_line.h"
-#include "shell/tvx_view.h"
+#include "session/tvx_view.h"
 
 namespace tvx {
 

@@ -7,7 +7,7 @@
 
 #include "control/moves.h"
 #include "control/reading_remarks.h"
-#include "platform/files.h"
+#include "platform/files/files.h"
 #include "platform/progress.h"
 
 namespace tvx {

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/files.h"
+#include "platform/files/files.h"
 #include "platform/progress.h"
 
 namespace tvx {

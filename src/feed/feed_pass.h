@@ -7,7 +7,7 @@
 #include <functional>
 
 #include "feed/corner_search.h"
-#include "feed/master_grid.h"
+#include "master/master_grid.h"
 #include "model/job_record.h"
 #include "model/nc_program.h"
 #include "platform/progress.h"

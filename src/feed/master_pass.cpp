@@ -6,8 +6,8 @@
 
 #include "base/numbers.h"
 #include "feed/angle_feed.h"
-#include "feed/master_lookup.h"
 #include "feed/zones.h"
+#include "master/master_lookup.h"
 #include "model/walks.h"
 
 namespace tvx {

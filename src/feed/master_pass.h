@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "feed/master_grid.h"
+#include "master/master_grid.h"
 #include "model/block_store.h"
 #include "model/job_record.h"
 

@@ -9,7 +9,7 @@
 
 #include "insight/remarks.h"
 #include "model/loader.h"
-#include "platform/files.h"
+#include "platform/files/files.h"
 
 namespace tvx {
 

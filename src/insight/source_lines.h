@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "model/loader.h"
-#include "platform/files.h"
+#include "platform/files/files.h"
 
 namespace tvx {
 

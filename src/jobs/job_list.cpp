@@ -8,7 +8,7 @@
 #include "base/text.h"
 #include "jobs/option_line.h"
 #include "model/job_record.h"
-#include "platform/drives.h"
+#include "platform/files/drives.h"
 
 namespace tvx {
 

@@ -4,11 +4,11 @@
 #include <string>
 #include <string_view>
 
-#include "feed/afa_setup_dialog.h"
-#include "feed/auto_feed_dialog.h"
+#include "conditions/afa_setup_dialog.h"
+#include "conditions/auto_feed_dialog.h"
 #include "jobs/labels.h"
 #include "model/job_record.h"
-#include "platform/files.h"
+#include "platform/files/files.h"
 #include "platform/user_interface.h"
 
 namespace tvx {

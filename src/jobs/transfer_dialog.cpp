@@ -11,8 +11,8 @@
 #include "jobs/entry_rows.h"
 #include "jobs/key_code_lines.h"
 #include "jobs/preview.h"
+#include "platform/files/user_files.h"
 #include "platform/number_field.h"
-#include "platform/user_files.h"
 
 namespace tvx {
 

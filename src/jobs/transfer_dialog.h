@@ -14,8 +14,8 @@
 #include "jobs/restart.h"
 #include "jobs/send_options.h"
 #include "model/job_record.h"
-#include "platform/files.h"
-#include "platform/programs.h"
+#include "platform/files/files.h"
+#include "platform/processes/programs.h"
 #include "platform/user_interface.h"
 
 namespace tvx {

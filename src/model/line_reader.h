@@ -11,7 +11,7 @@
 #include <emmintrin.h>
 #endif
 
-#include "platform/files.h"
+#include "platform/files/files.h"
 #include "platform/progress.h"
 
 namespace tvx {

@@ -8,7 +8,7 @@
 #include "model/line_reader.h"
 #include "model/walks.h"
 #include "model/word_parser.h"
-#include "platform/drives.h"
+#include "platform/files/drives.h"
 
 namespace tvx {
 

@@ -6,7 +6,7 @@
 #include "model/job_record.h"
 #include "model/nc_program.h"
 #include "model/parser_state.h"
-#include "platform/files.h"
+#include "platform/files/files.h"
 #include "platform/progress.h"
 
 namespace tvx {

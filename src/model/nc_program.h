@@ -8,7 +8,7 @@
 
 #include "model/block_store.h"
 #include "model/line_map.h"
-#include "platform/files.h"
+#include "platform/files/files.h"
 
 namespace tvx {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "base/format.h"
-#include "platform/host_programs.h"
+#include "platform/processes/host_programs.h"
 #include "reports/calc_lines.h"
 
 namespace tvx {

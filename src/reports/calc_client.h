@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <memory>
 
-#include "platform/child_process.h"
-#include "platform/drives.h"
+#include "platform/files/drives.h"
+#include "platform/processes/child_process.h"
 #include "reports/spreadsheet.h"
 
 namespace tvx {

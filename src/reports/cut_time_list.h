@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "evaluate/result_table.h"
-#include "platform/files.h"
+#include "platform/files/files.h"
 #include "platform/user_interface.h"
 #include "reports/spreadsheet.h"
 

@@ -7,10 +7,10 @@
 #include "base/path_text.h"
 #include "base/scan.h"
 #include "base/text.h"
-#include "feed/master_file.h"
 #include "jobs/directory_browser.h"
 #include "jobs/option_line.h"
-#include "platform/drives.h"
+#include "master/master_file.h"
+#include "platform/files/drives.h"
 
 namespace tvx {
 

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "evaluate/program_result.h"
-#include "platform/files.h"
+#include "platform/files/files.h"
 
 namespace tvx {
 

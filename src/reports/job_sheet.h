@@ -7,7 +7,7 @@
 #include <string>
 
 #include "evaluate/program_result.h"
-#include "platform/files.h"
+#include "platform/files/files.h"
 
 namespace tvx {
 

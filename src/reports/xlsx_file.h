@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/files.h"
+#include "platform/files/files.h"
 
 namespace tvx {
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/files.h"
+#include "platform/files/files.h"
 #include "view/path_drawing.h"
 
 namespace tvx {

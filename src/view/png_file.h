@@ -1,7 +1,7 @@
 // PNG output by libpng.
 #pragma once
 
-#include "platform/files.h"
+#include "platform/files/files.h"
 #include "view/raster_device.h"
 
 namespace tvx {

@@ -5,7 +5,7 @@
 #include <span>
 #include <string_view>
 
-#include "platform/files.h"
+#include "platform/files/files.h"
 #include "view/output_buffer.h"
 #include "view/polyline_device.h"
 #include "view/view_transform.h"

@@ -1,5 +1,5 @@
 // Follows the steps of a user in the widgets of a window.
-#include "desktop_test.h"
+#include "desktop/desktop_test.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>

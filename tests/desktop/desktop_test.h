@@ -13,9 +13,9 @@
 #include <vector>
 
 #include "desktop/language.h"
-#include "desktop/main_window.h"
-#include "platform/files.h"
-#include "shell/application.h"
+#include "desktop/window/main_window.h"
+#include "platform/files/files.h"
+#include "session/application.h"
 #include "support/temp_dir.h"
 
 namespace tvx {

@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "base/format.h"
-#include "feed_fixture.h"
+#include "support/random_program.h"
 #include "support/record_changes.h"
 
 namespace tvx {

@@ -7,7 +7,7 @@
 #include <map>
 
 #include "base/format.h"
-#include "feed_fixture.h"
+#include "support/random_program.h"
 #include "support/record_changes.h"
 #include "support/rows.h"
 

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "base/format.h"
-#include "feed_fixture.h"
+#include "support/random_program.h"
 #include "support/rows.h"
 
 namespace tvx {

@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-#include "feed_fixture.h"
+#include "support/random_program.h"
 
 namespace tvx {
 namespace {

@@ -6,10 +6,10 @@
 #include <cmath>
 
 #include "base/format.h"
-#include "feed/feed_fixture.h"
 #include "insight/move_text.h"
 #include "stats/cut_time.h"
 #include "support/memory_files.h"
+#include "support/random_program.h"
 #include "support/rows.h"
 
 namespace tvx {

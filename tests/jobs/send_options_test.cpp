@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "base/format.h"
-#include "feed/condition_file.h"
+#include "conditions/condition_file.h"
 #include "getfeed/calculator_dialog.h"
 #include "support/memory_files.h"
 #include "support/record_changes.h"

@@ -8,7 +8,7 @@
 #include <fstream>
 #include <thread>
 
-#include "platform/drives.h"
+#include "platform/files/drives.h"
 #include "reports/calc_lines.h"
 #include "support/temp_dir.h"
 

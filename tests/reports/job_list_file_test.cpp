@@ -6,7 +6,7 @@
 #include <filesystem>
 
 #include "base/scan.h"
-#include "platform/drives.h"
+#include "platform/files/drives.h"
 #include "reports/example_entry.h"
 #include "support/memory_files.h"
 #include "support/temp_dir.h"

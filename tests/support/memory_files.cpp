@@ -7,7 +7,7 @@
 #include <cerrno>
 #include <utility>
 
-#include "platform/drives.h"
+#include "platform/files/drives.h"
 
 namespace tvx {
 

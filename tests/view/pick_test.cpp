@@ -5,8 +5,8 @@
 
 #include <algorithm>
 
-#include "feed/feed_fixture.h"
 #include "feed/feed_pass.h"
+#include "support/random_program.h"
 #include "test_scene.h"
 #include "view/view_transform.h"
 

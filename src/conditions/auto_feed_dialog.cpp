@@ -1,0 +1,117 @@
+// Each field is text that is stored at once; a condition file is read and written by two buttons.
+#include "conditions/auto_feed_dialog.h"
+
+#include "base/format.h"
+#include "base/path_text.h"
+#include "base/scan.h"
+#include "conditions/condition_file.h"
+#include "platform/files/user_files.h"
+
+namespace tvx {
+
+namespace {
+
+const AutoFeedField kFields[] = {
+    {"공구경로 공구 직경", &JobRecord::ToolDiameter},
+    {"안전거리", &JobRecord::SafetyDistance},
+    {"코너검색 최소각도", &JobRecord::CornerMinAngle},
+    {"코너 최대 감속비", &JobRecord::CornerMaxRatio},
+    {"경사검색 최소각도", &JobRecord::SlopeMinAngle},
+    {"경사 최대감속비", &JobRecord::SlopeMaxRatio},
+    {"공구 접근피드", &JobRecord::PlungeFeed},
+    {"최대피드", &JobRecord::MaxFeed},
+    {"가공소재", &JobRecord::Material},
+};
+static_assert(std::size(kFields) == kAutoFeedFields);
+
+std::string ShownText(int32_t value) {
+  return Format("%d", value);
+}
+std::string ShownText(float value) {
+  return Format("%6.3f", value);
+}
+std::string ShownText(const std::string& value) {
+  return value;
+}
+
+void Store(std::string_view text, int32_t* value) {
+  *value = TextToInt(text);
+}
+void Store(std::string_view text, float* value) {
+  *value = TextToFloat(text);
+}
+void Store(std::string_view text, std::string* value) {
+  *value = text;
+}
+
+FileQuestion ConditionFileQuestion(const JobRecord& job) {
+  FileQuestion question;
+  question.fileName = job.ConditionDir + "\\*.afa";
+  return question;
+}
+
+}  // namespace
+
+bool ChooseConditionFile(JobRecord* job, int32_t* spindleSpeed, Files* files, UserInterface* ui,
+                         std::string* fileName) {
+  std::string path;
+  if (!ui->ChooseFile(ConditionFileQuestion(*job), &path)) return false;
+  if (ReadConditionFile(path, job, spindleSpeed, files) != SettingsResult::kDone) return false;
+  *fileName = NameOfPath(path, kAnySlash);
+  return true;
+}
+
+std::span<const AutoFeedField, kAutoFeedFields> AutoFeedFields() {
+  return kFields;
+}
+
+void CAutoFeedDlg::Open(JobRecord* target) {
+  target_ = target;
+  CopyJobRecord(0, &own, *target);
+  own.ConditionDir = target->ConditionDir;
+  fileCaption = kFileButton;
+  ShowFields();
+}
+
+// Text that is shown is stored like an edit by the user.
+void CAutoFeedDlg::ShowFields() {
+  for (size_t i = 0; i < kAutoFeedFields; ++i) {
+    const std::string text =
+        std::visit([&](auto member) { return ShownText(own.*member); }, kFields[i].member);
+    Edit(i, text);
+  }
+}
+
+void CAutoFeedDlg::Edit(size_t index, std::string_view text) {
+  texts.at(index) = text;
+  std::visit([&](auto member) { Store(text, &(own.*member)); }, kFields[index].member);
+}
+
+void CAutoFeedDlg::ReadFile() {
+  std::string fileName;
+  if (ChooseConditionFile(&own, &SpindleSpeed, files_, ui_, &fileName)) {
+    ShowFields();
+    fileCaption = std::string(kFileButton) + " " + fileName;
+  } else {
+    fileCaption = kFileButton;
+  }
+}
+
+void CAutoFeedDlg::SaveFile() {
+  FileQuestion question = ConditionFileQuestion(own);
+  question.save = true;
+  question.defaultExtension = "afa";
+  std::string path;
+  ui_->ChooseFile(question, &path);
+  if (!MayReplace(path, IsConditionFile, files_, ui_)) return;
+  const bool written = WriteConditionFile(path, own, SpindleSpeed, files_) == SettingsResult::kDone;
+  if (!path.empty()) ShowWritten(written, path, ui_);
+  if (!written) ui_->ShowMessage({.text = "화일을 열수 없읍니다. "});
+}
+
+Closing CAutoFeedDlg::Accept() {
+  CopyJobRecord(0, target_, own);
+  return Closing::kAccepted;
+}
+
+}  // namespace tvx

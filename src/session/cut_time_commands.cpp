@@ -1,0 +1,113 @@
+// Adjusts, counts and records the program in the store, with a dialog before each decision.
+
+#include "session/cut_time_commands.h"
+
+#include "base/scan.h"
+#include "master/master_file.h"
+#include "platform/files/drives.h"
+#include "platform/files/user_files.h"
+#include "session/messages.h"
+#include "session/program_steps.h"
+#include "stats/file_information.h"
+#include "view/picture.h"
+
+namespace tvx {
+
+std::string PictureName(const CutTimeEntry& result) {
+  return result.fileName + ".emf";
+}
+
+RecordResult RecordProgramResult(ProgramResult result, const Scene& scene, Files* files,
+                                 ResultTable* results) {
+  if (results->IsFull()) return RecordResult::kTableFull;
+  CutTimeEntry& entry = result.entry;
+  entry.pictureName.clear();
+  bool drawn = true;
+  if (scene.job->MetafileCreateChk == 1 && !entry.fileName.empty()) {
+    entry.pictureName = PictureName(entry);
+    const WorkScope work(scene.progress, Work::kWritePicture, entry.pictureName);
+    drawn = !result.isIncomplete && WritePictureFile(PictureFormat::kMetafile, entry.pictureName,
+                                                     scene, files, /*isSynced=*/false);
+    if (scene.progress->IsStopped()) return RecordResult::kStopped;
+  }
+  results->recorded.push_back(std::move(result));
+  results->isReported = false;
+  return drawn ? RecordResult::kRecorded : RecordResult::kPictureFailed;
+}
+
+namespace {
+
+// The result of a single cut time has the directory and the option line of the last run only if
+// that ended with the same file: those of another would be recorded as its own.
+void SetNames(const CTVXView& view, CutTimeEntry* result) {
+  const std::string& path = view.program.source.path;
+  const bool isOfLastRun = !path.empty() && path == view.lastRun.path;
+  result->fileName = view.fileName;
+  result->dirName = isOfLastRun ? view.lastRun.directory : "";
+  result->optionLine = isOfLastRun ? view.lastRun.line : "";
+}
+
+bool IsSameFile(const std::string& a, const std::string& b, const std::string& directory) {
+  return EqualNoCase(NormalDrivePath(AbsoluteDrivePath(directory, a)),
+                     NormalDrivePath(AbsoluteDrivePath(directory, b)));
+}
+
+// The adjustment takes the master model that is in memory, or none: the times are then those of
+// another part, or too short. A model that was built and not saved may well be the wanted one.
+void OfferMaster(CTVXView* view) {
+  const std::string& path = view->job.AfaMasterFile;
+  if (view->job.AfaByMaster != 1) return;
+  CTVXApp* const app = view->app;
+  const MasterGrid& grid = view->masterGrid;
+  const bool isOther = !grid.Cells.Empty();
+  if (isOther &&
+      (grid.path.empty() || IsSameFile(grid.path, path, app->files->CurrentDirectory()))) {
+    return;
+  }
+  MessageBox message{.text = isOther ? "메모리에 있는 다른 마스터 모델을 사용합니다."
+                                     : "마스터 모델이 메모리에 없어서 사용하지 않습니다.",
+                     .path = path,
+                     .caption = "마스터 모델",
+                     .icon = MessageIcon::kExclamation};
+  if (app->files->Exists(path)) {
+    message.text = isOther ? "메모리에 다른 마스터 모델이 있습니다. 이 화일을 읽겠습니까?"
+                           : "마스터 모델이 메모리에 없습니다. 읽겠습니까?";
+    message.buttons = MessageButtons::kYesNo;
+  }
+  if (!app->ui->ShowMessage(message) || message.buttons == MessageButtons::kOk) return;
+  ShowFailure(ReadMasterFile(path, &view->masterGrid, app->files), path, app->ui);
+}
+
+}  // namespace
+
+void SingleCutTimeCommand(CTVXView* view) {
+  CTVXApp* const app = view->app;
+  app->sendOptions.Open(&view->job);
+  if (!app->ui->RunModal(&app->sendOptions)) return;
+  OfferMaster(view);
+  auto result =
+      EvaluateAndShow(view, {.adjusts = true, .wanted = {.programmed = view->wanted.programmed}});
+  if (!result) return;
+  SetNames(*view, &result->entry);
+  CFileInfoDlg information;
+  information.entry = result->entry;
+  information.timeBefore = MinutesBefore(*result);
+  if (!app->ui->RunModal(&information)) return;
+  result->check = view->check.Keep();
+  AddWanted(ProgramWorkOf(view), view->wanted, &*result);
+  const CutTimeEntry entry = result->entry;
+  const RecordResult recorded =
+      RecordProgramResult(std::move(*result), SceneOf(view), app->files, &view->results);
+  if (recorded == RecordResult::kTableFull) {
+    ShowTableFull(app->ui);
+  } else if (view->job.MetafileCreateChk != 1) {
+    return;
+  } else if (entry.fileName.empty()) {
+    app->ui->ShowStatus("프로그램이 없어서 그림화일을 만들지 않았습니다.");
+  } else {
+    ShowWritten(recorded == RecordResult::kRecorded,
+                AbsoluteDrivePath(app->files->CurrentDirectory(), PictureName(entry)), app->ui);
+  }
+}
+
+}  // namespace tvx

@@ -1,0 +1,216 @@
+// A run reads an entry's options from its line, and then works like the command of a single cut
+// time without its dialogs.
+
+#include "session/job_list_run.h"
+
+#include "jobs/option_line.h"
+#include "platform/files/drives.h"
+#include "platform/files/user_files.h"
+#include "session/cut_time_commands.h"
+#include "session/master_commands.h"
+#include "session/messages.h"
+#include "session/program_steps.h"
+
+namespace tvx {
+
+namespace {
+
+// Window class of the transfer program.
+constexpr char kTransferWindow[] = "TRNW";
+constexpr int32_t kDefaultSpindle = 1000;  // 1/min
+
+// The NC file that a missing model is built from: the model's path up to its first ending.
+std::string ProgramOfMaster(const std::string& masterPath) {
+  return masterPath.substr(0, masterPath.find(kMasterEnding));
+}
+
+// The messages of a run in a window.
+class RunMessages final : public RunObserver {
+ public:
+  RunMessages(const NcProgram* program, UserInterface* ui) : program_(*program), ui_(ui) {}
+
+  void OnLoadFailed(const std::string& path, LoadResult result) override {
+    ShowFailure(result, program_, path, ui_);
+  }
+  void OnMasterFailed(const std::string& path, const MasterOutcome& outcome) override {
+    ShowFailure(outcome.load, program_, ProgramOfMaster(path), ui_);
+    ShowFailure(outcome.build, ui_);
+    ShowFailure(outcome.file, path, ui_);
+  }
+  void OnMasterBuilt(const std::string& path) override {
+    ui_->ShowStatus("마스터 모델을 만들었습니다.", path);
+  }
+  void OnPictureFailed(const std::string& path) override { ShowWritten(false, path, ui_); }
+  void OnTableFull() override { ShowTableFull(ui_); }
+  void OnStopped(const RunEnd& end) override { ui_->ShowStatus(StoppedText(end)); }
+
+ private:
+  const NcProgram& program_;
+  UserInterface* ui_;
+};
+
+size_t EntryCount(const JobRecord& job) {
+  size_t count = 0;
+  while (count < job.FileNames.size() && !job.FileNames[count].empty()) ++count;
+  return count;
+}
+
+// What an entry leaves for those after it.
+struct RunState {
+  std::string lastMaster;  // that an entry named
+  // A program or a master model could not be read whole. It affects the entries after it too: a
+  // model is kept, and a program starts with the modal state that the one before it left.
+  bool isIncomplete = false;
+};
+
+// An entry without a model leaves the last one in memory, for the entry after it.
+bool NeedsMaster(const JobRecord& job, const std::string& lastMaster) {
+  return job.AfaByMaster == 1 && NamesMasterFile(job.AfaMasterFile) &&
+         job.AfaMasterFile != lastMaster;
+}
+
+MasterOutcome LoadOrBuildMaster(const std::string& path, CTVXView* view, RunObserver* observer) {
+  const MasterContext master = MasterContextOf(view);
+  DropMaster(master.grid);
+  const std::string masterPath =
+      NormalDrivePath(AbsoluteDrivePath(master.files->CurrentDirectory(), path));
+  if (master.files->Exists(masterPath)) {
+    return {.file = ReadMasterFile(masterPath, master.grid, master.files)};
+  }
+  // The list names the file to be written, and may come from elsewhere.
+  if (!IsMasterName(masterPath)) {
+    master.files->Fail(kRefusedName);
+    return {.file = MasterFileResult::kCannotWrite};
+  }
+  MasterOutcome outcome;
+  const std::string program = ProgramOfMaster(masterPath);
+  observer->OnLoad(program);
+  outcome.load = LoadFile(view, program);
+  if (outcome.Succeeded()) outcome.build = BuildAndShowMaster(master);
+  if (outcome.Succeeded()) outcome.file = WriteMasterFile(masterPath, *master.grid, master.files);
+  if (outcome.Succeeded()) {
+    master.grid->path = masterPath;
+    observer->OnMasterBuilt(path);
+  }
+  return outcome;
+}
+
+// Everything that happens to one entry, from its line to its result. Returns false if the user
+// stopped it: nothing is recorded then.
+bool RunEntry(const std::string& name, const std::string& line, CTVXView* view, RunState* state,
+              RunObserver* observer) {
+  const Progress& progress = *view->app->ui->LongWork();
+  JobRecord& job = view->job;
+
+  ParseOptionLine(&job, line, view->transferDialog.LastLineFile());
+  std::string directory;
+  LineDirectory(line, &directory);
+  const std::string path = directory + "\\" + name;
+
+  if (NeedsMaster(job, state->lastMaster)) {
+    state->lastMaster = job.AfaMasterFile;
+    const MasterOutcome outcome = LoadOrBuildMaster(state->lastMaster, view, observer);
+    if (progress.IsStopped()) return false;
+    const bool isUnread = outcome.file == MasterFileResult::kCannotOpen &&
+                          IsReadFailure(view->app->files->LastError());
+    const bool isPart = outcome.load != LoadResult::kLoaded && view->program.isIncomplete;
+    state->isIncomplete = state->isIncomplete || isUnread || isPart;
+    if (!outcome.Succeeded()) observer->OnMasterFailed(state->lastMaster, outcome);
+  }
+
+  auto check = observer->OnLoad(path);
+  const LoadResult loaded = LoadFile(view, path);
+  if (progress.IsStopped()) return false;
+  state->isIncomplete = view->program.isIncomplete =
+      view->program.isIncomplete || state->isIncomplete;
+  if (loaded != LoadResult::kLoaded) observer->OnLoadFailed(path, loaded);
+
+  if (check == nullptr) check = view->check.Keep();
+  auto result = EvaluateAndShow(
+      view, {.adjusts = job.AfaEnabled == 1, .wanted = view->wanted, .check = check});
+  if (!result) return false;
+  result->entry.fileName = name;
+  result->entry.optionLine = line;
+  result->entry.dirName = directory;
+  const RecordResult recorded =
+      RecordProgramResult(std::move(*result), SceneOf(view), view->app->files, &view->results);
+  if (recorded == RecordResult::kStopped) return false;
+  view->lastRun = {view->program.source.path, directory, line};
+  if (recorded == RecordResult::kTableFull) {
+    observer->OnTableFull();
+    return true;
+  }
+  const ProgramResult& last = view->results.recorded.back();
+  if (recorded == RecordResult::kPictureFailed) observer->OnPictureFailed(last.entry.pictureName);
+  observer->OnRecorded(path, last);
+  return true;
+}
+
+// What a stop leaves in the store is no program.
+void DropStoppedProgram(CTVXView* view) {
+  EmptyProgram(&view->program);
+  view->program.FeedBase = 0;
+  view->check.Restart(view->program.source, {}, view->job);
+  if (view->causes != nullptr) view->causes->Clear();
+  view->filePath = view->fileName = "";
+  view->app->ui->Repaint();
+}
+
+// A negative speed comes from a condition file.
+int32_t SpindleSpeedOf(const CTVXApp& app) {
+  return app.rememberedSpindle < 0 ? kDefaultSpindle : app.rememberedSpindle;
+}
+
+}  // namespace
+
+void RunJobList(CTVXView* view) {
+  CTVXApp* const app = view->app;
+  JobRecord* const slot = &app->JobSlots[kJobSlot];
+  CTransferDlg& dialog = view->transferDialog;
+  view->job.KeyCodeOn = view->job.KeyCodeCount = view->job.FirstEditable = 0;
+  CopyJobRecord(kJobSlot, slot, view->job);
+  if (app->programs->HasWindowOfClass(kTransferWindow)) {
+    app->programs->Quit();
+    return;
+  }
+  // The browser of the dialog moves it. Pictures and reports of later commands are written into it.
+  const std::string directory = app->files->CurrentDirectory();
+  dialog.Open({.slot = slot,
+               .working = &view->job,
+               .environmentDir = app->configuration.EnvDir,
+               .editor = app->configuration.Editor,
+               .extensions = &app->ExtensionList,
+               .programs = app->programs,
+               .spindleSpeed = SpindleSpeedOf(*app),
+               .labelLanguage = app->LabelLanguage});
+  if (!app->ui->RunModal(&dialog)) {
+    app->files->SetCurrentDirectory(directory);
+    return;
+  }
+
+  app->rememberedSpindle = dialog.SpindleSpeed();
+  CopyJobRecord(kJobSlot, &view->job, *slot);
+  RunMessages messages(&view->program, app->ui);
+  RunAcceptedList(view, &messages);
+}
+
+void RunAcceptedList(CTVXView* view, RunObserver* observer) {
+  const JobRecord& job = view->job;
+  const size_t count = EntryCount(job);
+  RunEnd& end = view->results.runEnd;
+  end = {0, count};
+  RunState state;
+  Progress* const progress = view->app->ui->LongWork();
+  const WorkScope work(progress, Work::kRead, "", Stopping::kAllowed);
+  for (; end.done < count; ++end.done) {
+    const std::string& name = job.FileNames[end.done];
+    progress->SetFile(end.done + 1, count);
+    observer->OnEntry(end.done, count, name);
+    if (!RunEntry(name, job.OptionLines[end.done], view, &state, observer)) break;
+  }
+  if (!end.WasStopped()) return;
+  DropStoppedProgram(view);
+  observer->OnStopped(end);
+}
+
+}  // namespace tvx

@@ -1,0 +1,108 @@
+// The commands ask, call the feed layer and show its results.
+#include "session/master_commands.h"
+
+#include "master/master_file.h"
+#include "master/master_picture.h"
+#include "platform/files/user_files.h"
+#include "session/messages.h"
+#include "session/tvx_view.h"
+
+namespace tvx {
+
+namespace {
+
+bool ChooseMasterFile(const MasterContext& context, bool save, std::string* path) {
+  FileQuestion question;
+  question.save = save;
+  question.filter = " AFA MASTER FILE (*.mma)|*.mma||";
+  question.defaultExtension = "mma";  // the choosers list no other files
+  return context.ui->ChooseFile(question, path);
+}
+
+// Why a program gives no model; null for a result that is no refusal.
+const char* RefusalText(BuildResult result) {
+  switch (result) {
+    case BuildResult::kFewBlocks:
+      return "마스터 모델을 만들 수 없습니다: 프로그램이 너무 짧습니다.";
+    case BuildResult::kNoCut:
+      return "마스터 모델을 만들 수 없습니다: 직선 절삭이 없습니다.";
+    case BuildResult::kTooWide:
+      return "마스터 모델을 만들 수 없습니다: 가공 범위가 너무 넓습니다.";
+    case BuildResult::kSizes:
+      return "마스터 모델을 만들 수 없습니다: 공차가 맞지 않습니다.";
+    case BuildResult::kBuilt:
+    case BuildResult::kNoMemory:
+    case BuildResult::kStopped:
+      break;
+  }
+  return nullptr;
+}
+
+// The picture of the model is in the store.
+void ShowWithoutRapids(const MasterContext& context) {
+  *context.RapidVisible = 0;
+  context.ui->Repaint();
+}
+
+}  // namespace
+
+MasterContext MasterContextOf(CTVXView* view) {
+  return {&view->program,           &view->masterGrid, &view->masterDialog,
+          &view->view.RapidVisible, view->app->files,  view->app->ui};
+}
+
+BuildResult BuildAndShowMaster(const MasterContext& context) {
+  Progress* const progress = context.ui->LongWork();
+  const WorkScope work(progress, Work::kBuildMaster, context.program->source.path);
+  const BuildResult result = BuildMaster(*context.dialog, context.program, context.grid, progress);
+  if (result == BuildResult::kBuilt) ShowWithoutRapids(context);
+  return result;
+}
+
+void MakeMasterCommand(const MasterContext& context) {
+  CMasterDlg edited = *context.dialog;
+  if (!context.ui->RunModal(&edited)) return;
+  *context.dialog = edited;
+  const BuildResult result = BuildAndShowMaster(context);
+  ShowFailure(result, context.ui);
+  const char* const refusal = RefusalText(result);
+  if (refusal != nullptr) context.ui->ShowStatus(refusal);
+}
+
+void DeleteMaster(MasterGrid* grid, UserInterface* ui) {
+  if (!ui->ShowMessage({.text = "마스터 모텔을 삭제 하겠읍니까?",
+                        .caption = " Optimizer message ",
+                        .buttons = MessageButtons::kOkCancel})) {
+    return;
+  }
+  DropMaster(grid);
+  // Its picture stays until the next program is loaded.
+  ui->ShowStatus("마스터 모델을 메모리에서 지웠습니다.");
+}
+
+void SaveMasterCommand(const MasterContext& context) {
+  std::string path;
+  if (!ChooseMasterFile(context, true, &path)) return;
+  if (!MayReplace(path, IsMasterFile, context.files, context.ui)) return;
+  const MasterFileResult result = WriteMasterFile(path, *context.grid, context.files);
+  if (result == MasterFileResult::kNoModel) {
+    context.ui->ShowStatus("저장할 마스터 모델이 없습니다.");
+  } else if (result == MasterFileResult::kDone) {
+    context.grid->path = path;
+    ShowWritten(true, path, context.ui);
+  }
+  ShowFailure(result, path, context.ui);
+}
+
+void LoadMasterCommand(const MasterContext& context) {
+  std::string path;
+  if (!ChooseMasterFile(context, false, &path)) return;
+  DropMaster(context.grid);
+  const MasterFileResult result = ReadMasterFile(path, context.grid, context.files);
+  ShowFailure(result, path, context.ui);
+  if (result != MasterFileResult::kDone) return;
+  ShowMaster(*context.grid, context.program);
+  ShowWithoutRapids(context);
+}
+
+}  // namespace tvx

@@ -1,0 +1,43 @@
+// Builds the working state of a new window from the defaults and the files of the start.
+
+#include "session/tvx_view.h"
+
+#include "conditions/condition_file.h"
+#include "settings/lists.h"
+#include "settings/parameter_file.h"
+
+namespace tvx {
+
+CTVXView::CTVXView(CTVXApp* theApp)
+    : app(theApp),
+      optionDialog(theApp->files, theApp->ui),
+      transferDialog(&theApp->UserKeys, theApp->files, theApp->ui),
+      cutTimeList(&results, theApp->files, theApp->ui, theApp->spreadsheets) {
+  cutTimeList.language = [this] { return app->LabelLanguage; };
+  cutTimeList.finishChecks = [this] { check.Finish(app->files, app->ui->LongWork()); };
+  SetDefaults();
+  ReadFiles();
+}
+
+// All other defaults are those of JobRecord.
+void CTVXView::SetDefaults() {
+  job.WorkDir = app->configuration.WorkDir;
+  job.ConditionDir = app->configuration.AFADir;
+}
+
+void CTVXView::ReadFiles() {
+  const std::string& environmentDir = app->configuration.EnvDir;
+  const std::string condition = DefaultConditionPath(environmentDir);
+  if (ReadParameterFile(environmentDir, &job, app->files) != SettingsResult::kDone) {
+    app->NoteUnread(ParameterPath(environmentDir));
+  }
+  if (!ReadExtensionList(environmentDir, &app->ExtensionList, app->files)) {
+    app->NoteUnread(ExtensionListPath(environmentDir));
+  }
+  if (ReadConditionFile(condition, &job, &app->rememberedSpindle, app->files) !=
+      SettingsResult::kDone) {
+    app->NoteUnread(condition);
+  }
+}
+
+}  // namespace tvx
