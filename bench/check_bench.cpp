@@ -21,7 +21,9 @@ void MeasureKind(ProgramKind kind, const BenchOptions& options, const Table& tab
       const auto load = [&] { loaded.Load(path, kind, files); };
       ProgramCheck check;
       const auto run = [&] {
-        Require(CheckProgram(path, {}, loaded.job, files, &check), "the program cannot be checked");
+        Result<ProgramCheck> checked = CheckProgram(path, {}, loaded.job, files);
+        Require(checked.ok(), "the program cannot be checked");
+        check = std::move(checked.value);
       };
       const double firstLoad = Seconds(load);
       const double firstCheck = Seconds(run);

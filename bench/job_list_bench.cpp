@@ -31,7 +31,7 @@ constexpr Case kCases[] = {{"adjusted, pictures", true, true},
 
 class FailedLoads final : public RunObserver {
  public:
-  void OnLoadFailed(const std::string& path, LoadResult /*result*/) override {
+  void OnLoadFailed(const std::string& path, const Status& /*load*/) override {
     Require(false, path);
   }
 };
@@ -43,12 +43,12 @@ class JobBench {
     const std::string program = workspace_.Put({.lines = linesPerFile, .spacing = options.spacing});
     directory_ = program.substr(0, program.find_last_of('\\'));
     Files* const files = workspace_.HostFiles();
-    Require(files->SetCurrentDirectory(directory_), "the folder cannot be entered");
+    Require(files->SetCurrentDirectory(directory_).ok(), "the folder cannot be entered");
     OnResize(&view_->view.transform, kWidth, kHeight);
     PrepareDevice(&view_->view.transform);
     for (size_t i = 0; i < kJobListSlots; ++i) {
       const std::string name = "job" + std::to_string(i) + ".nc";
-      Require(files->Copy(program, directory_ + "\\" + name), "the program cannot be copied");
+      Require(files->Copy(program, directory_ + "\\" + name).ok(), "the program cannot be copied");
       view_->job.FileNames[i] = name;
     }
   }
@@ -77,8 +77,9 @@ class JobBench {
     CutTimeEntry entry;
     return Seconds([&] {
       for (const std::string& name : view_->job.FileNames) {
-        LoadNcFile(directory_ + "\\" + name, &view_->program, &app->parserStates, &view_->job,
-                   app->files);
+        const Status loaded = LoadNcFile(directory_ + "\\" + name, &view_->program,
+                                         &app->parserStates, &view_->job, app->files);
+        Require(loaded.ok(), name);
         if (view_->job.AfaEnabled == 1) {
           FeedPass(&view_->program, view_->job, &view_->masterGrid, &app->feedPassMemory);
         }

@@ -42,8 +42,8 @@ void ScanLines(const char* next, const char* end, ScanResult* result) {
 
 // The minimal scan: large reads, and numbers converted in the read buffer.
 ScanResult ScanFile(const std::string& path, Files* files) {
-  const auto file = files->OpenForReading(path);
-  Require(file != nullptr, "the program cannot be read");
+  const auto [file, opened] = files->OpenForReading(path);
+  Require(opened.ok(), "the program cannot be read");
   ScanResult result;
   std::vector<char> buffer(kReadBytes);
   size_t kept = 0;  // bytes of the incomplete line at the end of the last read

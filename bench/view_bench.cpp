@@ -38,12 +38,12 @@ constexpr int32_t kWidth = 1600, kHeight = 1000;
 // Discards a file and counts its bytes.
 class Sink final : public OutputFile {
  public:
-  bool Write(std::string_view part) override {
+  Status Write(std::string_view part) override {
     bytes += part.size();
-    return true;
+    return {};
   }
-  bool Patch(uint64_t, std::string_view) override { return true; }
-  bool Commit() override { return true; }
+  Status Patch(uint64_t, std::string_view) override { return {}; }
+  Status Commit() override { return {}; }
 
   uint64_t bytes = 0;
 };
@@ -204,7 +204,7 @@ template <typename Device>
 double PictureSeconds(BenchScene* bench, Device* device) {
   return Seconds([&] {
     DrawPicture(bench->scene(), device);
-    device->Finish();
+    Require(device->Finish().ok(), "the picture cannot be written");
   });
 }
 
@@ -236,7 +236,7 @@ void MeasureMemory(uint64_t lines, const BenchOptions& options, const Workspace&
       bench.SetFeeds(4);
       const std::string path = workspace.Put({.lines = 20}) + name;
       const long kilobytes = MemoryGrowth([&] {
-        Require(WritePictureFile(format, path, bench.scene(), workspace.HostFiles()),
+        Require(WritePictureFile(format, path, bench.scene(), workspace.HostFiles()).ok(),
                 "the picture cannot be written");
       });
       return std::vector<double>{static_cast<double>(kilobytes)};

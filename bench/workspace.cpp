@@ -38,8 +38,7 @@ std::string Workspace::Put(const ProgramOptions& options) const {
 void LoadedProgram::Load(const std::string& path, ProgramKind kind, Files* files) {
   constexpr int kConversationalType = 2;
   job.InputFileType = kind == ProgramKind::kConversational ? kConversationalType : 1;
-  Require(LoadNcFile(path, &program, &states, &job, files) == LoadResult::kLoaded,
-          "the load failed");
+  Require(LoadNcFile(path, &program, &states, &job, files).ok(), "the load failed");
 }
 
 }  // namespace tvx::bench

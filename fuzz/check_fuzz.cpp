@@ -64,14 +64,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   // Twice: the second load and the second check start from the state behind the first.
   for (int load = 0; load < 2; ++load) {
     ProgramChecker checker("c:\\fuzz.nc", next, job, &files, {.storedPerId = kStoredPerId});
-    Require(LoadNcFile("c:\\fuzz.nc", &program, &states, &job, &files) == LoadResult::kLoaded);
+    Require(LoadNcFile("c:\\fuzz.nc", &program, &states, &job, &files).ok());
     while (checker.CheckMore(3)) {
     }
     const ProgramCheck& check = checker.Result();
     next = checker.NextStart();
-    uint64_t lines = 0;
-    Require(SourceLines(&program.source, &files).Count(&lines) == SourceResult::kRead);
-    Require(check.lines == lines);
+    const Result<uint64_t> lines = SourceLines(&program.source, &files).Count();
+    Require(lines.ok() && check.lines == lines.value);
     Require((check.Of(RemarkId::kNoMoves).count == 0) == HasMove(program.store));
     Require(next.states.word.modalType == states.word.modalType &&
             next.states.conversational.modalType == states.conversational.modalType);

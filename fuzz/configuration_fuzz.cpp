@@ -12,7 +12,7 @@ using namespace tvx;
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   FuzzFiles files(AsText(data, size));
   Configuration read;
-  ReadConfiguration(&read, &files);
+  Require(ReadConfiguration(&read, &files).ok());
   bool complete = true;
   for (const ConfigurationField& field : ConfigurationFields()) {
     Require(EncodeCp949(read.*field.value).size() <= kWordBytes);
@@ -22,7 +22,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
 
   FuzzFiles savedFiles(files.written);
   Configuration again;
-  ReadConfiguration(&again, &savedFiles);
+  Require(ReadConfiguration(&again, &savedFiles).ok());
   for (const ConfigurationField& field : ConfigurationFields()) {
     // After an empty value the reader takes the next key as the value.
     Require(!complete || again.*field.value == read.*field.value);

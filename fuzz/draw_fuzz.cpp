@@ -29,7 +29,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   ParserStates states;
   NcProgram program;
   JobRecord job;
-  if (LoadNcFile("c:\\fuzz.nc", &program, &states, &job, &files) != LoadResult::kLoaded) return 0;
+  if (!LoadNcFile("c:\\fuzz.nc", &program, &states, &job, &files).ok()) return 0;
 
   ViewState view;
   OnResize(&view.transform, kSide, kSide);
@@ -49,7 +49,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   constexpr PictureFormat kFormats[] = {PictureFormat::kMetafile, PictureFormat::kSvg,
                                         PictureFormat::kPng};
   const PictureFormat format = kFormats[choice(0) % std::size(kFormats)];
-  Require(WritePictureFile(format, "c:\\fuzz", scene, &files));
+  Require(WritePictureFile(format, "c:\\fuzz", scene, &files).ok());
   Require(files.written.size() > kSide);
   if (format == PictureFormat::kMetafile) Require(IsMetafile(files.written));
   return 0;

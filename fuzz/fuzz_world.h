@@ -20,23 +20,25 @@ class FuzzFiles : public Files {
   // The bytes are not copied and must outlive the object.
   explicit FuzzFiles(std::string_view bytes) : bytes_(bytes) {}
 
-  std::unique_ptr<InputFile> OpenForReading(const std::string&) override {
+  Result<std::unique_ptr<InputFile>> OpenForReading(const std::string&) override {
     return std::make_unique<Input>(bytes_);
   }
-  std::unique_ptr<InputFile> OpenOrCreateForReading(const std::string& path) override {
+  Result<std::unique_ptr<InputFile>> OpenOrCreateForReading(const std::string& path) override {
     return OpenForReading(path);
   }
-  std::unique_ptr<OutputFile> Create(const std::string&) override {
+  Result<std::unique_ptr<OutputFile>> Create(const std::string&) override {
     return std::make_unique<Output>(&written);
   }
-  bool Exists(const std::string&) override { return true; }
+  Status LookAt(const std::string&) override { return {}; }
   bool IsDirectory(const std::string&) override { return false; }
   uint64_t Size(const std::string&) override { return bytes_.size(); }
-  bool List(const std::string&, std::vector<DirectoryEntry>*) override { return false; }
-  bool Copy(const std::string&, const std::string&) override { return false; }
+  Result<std::vector<DirectoryEntry>> List(const std::string&) override {
+    return Status(StatusKind::kMissing);
+  }
+  Status Copy(const std::string&, const std::string&) override { return StatusKind::kMissing; }
   std::vector<char> DriveLetters() override { return {'c'}; }
   std::string CurrentDirectory() override { return "c:\\"; }
-  bool SetCurrentDirectory(const std::string&) override { return false; }
+  Status SetCurrentDirectory(const std::string&) override { return StatusKind::kMissing; }
 
   std::string written;  // content of the file that was written last
 
@@ -65,14 +67,14 @@ class FuzzFiles : public Files {
   class Output : public OutputFile {
    public:
     explicit Output(std::string* target) : target_(target) {}
-    bool Write(std::string_view bytes) override {
+    Status Write(std::string_view bytes) override {
       bytes_ += bytes;
-      return true;
+      return {};
     }
-    bool Patch(uint64_t, std::string_view) override { return true; }
-    bool Commit() override {
+    Status Patch(uint64_t, std::string_view) override { return {}; }
+    Status Commit() override {
       *target_ = bytes_;
-      return true;
+      return {};
     }
 
    private:

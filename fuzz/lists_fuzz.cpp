@@ -25,13 +25,13 @@ void CheckList(const std::vector<std::string>& list, size_t elements) {
 
 void CheckUserKeys(Files* files, std::string* written) {
   std::vector<std::string> keys;
-  ReadUserKeys("c:", &keys, files);
+  Require(ReadUserKeys("c:", &keys, files).ok());
   for (const std::string& key : keys) Require(EncodeCp949(key).size() <= kUserKeyBytes);
   WriteUserKeys("c:", keys, files);
 
   FuzzFiles savedFiles(*written);
   std::vector<std::string> again;
-  ReadUserKeys("c:", &again, &savedFiles);
+  Require(ReadUserKeys("c:", &again, &savedFiles).ok());
   Require(again == keys);
 }
 
@@ -40,10 +40,10 @@ void CheckUserKeys(Files* files, std::string* written) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   FuzzFiles files(AsText(data, size));
   std::vector<std::string> extensions;
-  ReadExtensionList("c:", &extensions, &files);
+  Require(ReadExtensionList("c:", &extensions, &files).ok());
   CheckList(extensions, kExtensions);
   std::vector<std::string> directories;
-  ReadDirectoryList("c:", &directories, &files);
+  Require(ReadDirectoryList("c:", &directories, &files).ok());
   CheckList(directories, kDirectories);
   CheckUserKeys(&files, &files.written);
   return 0;

@@ -38,22 +38,22 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   ParserStates states;
   NcProgram program;
   JobRecord job;
-  if (LoadNcFile("c:\\fuzz.nc", &program, &states, &job, &files) != LoadResult::kLoaded) return 0;
+  if (!LoadNcFile("c:\\fuzz.nc", &program, &states, &job, &files).ok()) return 0;
   if (!IsSmallOrRefused(&program.store)) return 0;
 
   CMasterDlg input;
   input.MasterTolerance = kTolerances[data[0] % std::size(kTolerances)];
   input.MasterToolDiameter = kTools[data[1] % std::size(kTools)];
   MasterGrid grid;
-  if (BuildMaster(input, &program, &grid) != BuildResult::kBuilt) {
+  if (!BuildMaster(input, &program, &grid).ok()) {
     Require(grid.Cells.Empty());
     return 0;
   }
   Require(grid.CellCount > 0 && grid.CellCount == grid.NX * grid.NY);
-  Require(WriteMasterFile("c:\\fuzz.mma", grid, &files) == MasterFileResult::kDone);
+  Require(WriteMasterFile("c:\\fuzz.mma", grid, &files).ok());
   FuzzFiles saved(files.written);
   MasterGrid again;
-  Require(ReadMasterFile("c:\\fuzz.mma", &again, &saved) == MasterFileResult::kDone);
+  Require(ReadMasterFile("c:\\fuzz.mma", &again, &saved).ok());
   Require(again.NX == grid.NX && again.NY == grid.NY && again.CellSize == grid.CellSize);
   return 0;
 }

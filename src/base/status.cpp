@@ -65,8 +65,8 @@ const char* WordsOf(StatusKind kind) {
 
 Status Status::CannotOpen(std::string path, int reason) {
   StatusKind kind = StatusKind::kCannotOpen;
-  if (reason == ENOENT) kind = StatusKind::kMissing;
-  if (reason == ENOTDIR || reason == EISDIR || reason == ENAMETOOLONG) kind = StatusKind::kNoFile;
+  if (reason == ENOENT || reason == ENOTDIR) kind = StatusKind::kMissing;
+  if (reason == EISDIR || reason == ENAMETOOLONG) kind = StatusKind::kNoFile;
   return {kind, std::move(path), reason};
 }
 

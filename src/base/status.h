@@ -1,6 +1,7 @@
 // How an operation ended: it is done, or this is what failed, on which file and why.
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <string>
 #include <utility>
@@ -11,7 +12,7 @@ enum class StatusKind : uint8_t {
   kOk,
 
   // Files that are opened, read or written. All but the last three can have a reason of the system.
-  kMissing,      // no file or folder has that name (ENOENT, and no other reason)
+  kMissing,      // no file or folder has that name
   kNoFile,       // a folder, a pipe or a device has that name, or nothing can have it
   kCannotOpen,   // the file cannot be opened, created or looked at
   kReadFailed,   // it was opened, and a read failed
@@ -55,6 +56,11 @@ class [[nodiscard]] Status {
   // A file that could not be opened, created or looked at: of the kind that the reason says.
   static Status CannotOpen(std::string path, int reason);
 
+  // The same failure, of a file that the caller knows by this path.
+  Status For(std::string path) const {
+    return ok() ? Status() : Status(kind_, std::move(path), reason_);
+  }
+
   bool ok() const { return kind_ == StatusKind::kOk; }
   StatusKind kind() const { return kind_; }
   const std::string& path() const { return path_; }
@@ -78,12 +84,13 @@ class [[nodiscard]] Status {
 // The value of an operation, or why there is none: `value` is then as it is made without arguments.
 template <typename T>
 struct [[nodiscard]] Result {
-  Result(T theValue) : value(std::move(theValue)) {}
+  template <typename U>
+  requires std::convertible_to<U, T> Result(U&& theValue) : value(std::forward<U>(theValue)) {}
   Result(Status theStatus) : status(std::move(theStatus)) {}
 
   bool ok() const { return status.ok(); }
 
-  T value{};
+  T value = T();
   Status status;
 };
 

@@ -234,12 +234,13 @@ void Workbook::Save() {
   }
   // In the folder of the workbook, so that links relative to it remain valid.
   NewFile fresh(path_);
-  if (!fresh.IsOpen()) throw Problem{"cannot be written: " + FileErrorText(fresh.error())};
+  if (!fresh.status().ok()) throw Problem{"cannot be written: " + fresh.status().Text()};
   const rtl::OUString filter = rtl::OUString::createFromAscii(format->filter);
   storable->storeToURL(FromUtf8(FileUrl(fresh.path())),
                        Properties({Property("FilterName", uno::Any(filter))}));
   if (StateOf(path_) != found_) throw Problem{"was changed by another program meanwhile"};
-  if (!fresh.PutInPlace()) throw Problem{"cannot be written: " + FileErrorText(fresh.error())};
+  const Status placed = fresh.PutInPlace();
+  if (!placed.ok()) throw Problem{"cannot be written: " + placed.Text()};
   Close();
 }
 

@@ -63,7 +63,7 @@ class Explanation {
   std::string TextOfLine(uint32_t line) {
     if (line < firstRead_ || line - firstRead_ >= kLinesRead) {
       firstRead_ = line > kLinesBefore ? line - kLinesBefore : 1;
-      lines_.Read(firstRead_, kLinesRead, &texts_);
+      texts_ = lines_.Read(firstRead_, kLinesRead).value;
     }
     const size_t at = line - firstRead_;
     return at < texts_.size() ? Printable(texts_[at]) : "";
@@ -77,10 +77,9 @@ class Explanation {
 
 }  // namespace
 
-void PrintStore(const std::string& name, const NcProgram& program, LoadResult result) {
+void PrintStore(const std::string& name, const NcProgram& program, const Status& load) {
   Print("# " + name + " blockCount " + std::to_string(program.store.blockCount) + " FeedBase " +
-        std::to_string(program.FeedBase) + " result " +
-        std::to_string(result == LoadResult::kLoaded ? 1 : 0) + "\n");
+        std::to_string(program.FeedBase) + " result " + std::to_string(load.ok() ? 1 : 0) + "\n");
   PrintBlocks(program.store);
 }
 
@@ -104,16 +103,15 @@ int RunBlocks(const Call& call) {
   ToolView view(&host);
   params.Apply(&host, &view);
   for (const ProgramFile& file : files) {
-    const LoadResult result = LoadProgramFile(file, &view);
-    const std::string problem = LoadProblem(result, view);
+    const Status loaded = LoadProgramFile(file, &view);
     if (params.Adjusts()) {
       Explanation explanation(file, &view);
       AdjustProgram(file, &view,
                     explains ? std::bind_front(&Explanation::Print, &explanation) : FeedTrace());
     }
-    PrintStore(file.argument, view.program, result);
-    if (result != LoadResult::kLoaded) {
-      throw Failure{file.argument, problem};
+    PrintStore(file.argument, view.program, loaded);
+    if (!loaded.ok()) {
+      throw Failure{file.argument, LoadProblem(loaded, view.program), loaded};
     }
   }
   return 0;

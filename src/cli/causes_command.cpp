@@ -51,10 +51,9 @@ std::vector<PlaceLines> FindPlaces(const ProgramFile& file, size_t count, const 
        CostliestPlaces(&program->store, program->FeedBase, causes, count)) {
     PlaceLines found{place, lines.LineOf(place.firstBlock), lines.LineOf(place.lastBlock),
                      lines.LineOf(place.costliestBlock), ""};
-    std::vector<std::string> texts;
-    const SourceResult result = lines.Read(found.costliest, 1, &texts);
-    if (result != SourceResult::kRead) throw Failure{file.argument, SourceProblem(result)};
-    if (!texts.empty()) found.text = Printable(std::move(texts[0]));
+    const Result<std::vector<std::string>> texts = lines.Read(found.costliest, 1);
+    if (!texts.ok()) throw Failure{file.argument, SourceProblem(texts.status)};
+    if (!texts.value.empty()) found.text = Printable(texts.value[0]);
     places.push_back(std::move(found));
   }
   return places;

@@ -37,10 +37,9 @@ void ReadTexts(const ProgramFile& file, size_t count, Files* files, CheckedFile*
   for (size_t id = 0; id < kRemarkIds; ++id) {
     const std::vector<Remark>& stored = checked->check.lists[id].stored;
     for (size_t i = 0; i < std::min(count, stored.size()); ++i) {
-      std::vector<std::string> texts;
-      const SourceResult result = lines.Read(stored[i].line, 1, &texts);
-      if (result != SourceResult::kRead) throw Failure{file.argument, SourceProblem(result)};
-      checked->texts[id].push_back(texts.empty() ? "" : Printable(texts[0]));
+      const Result<std::vector<std::string>> texts = lines.Read(stored[i].line, 1);
+      if (!texts.ok()) throw Failure{file.argument, SourceProblem(texts.status)};
+      checked->texts[id].push_back(texts.value.empty() ? "" : Printable(texts.value[0]));
     }
   }
 }

@@ -2,7 +2,6 @@
 #include "cli/check_note.h"
 
 #include <algorithm>
-#include <cerrno>
 
 #include "base/format.h"
 #include "base/text.h"
@@ -26,7 +25,7 @@ std::string Quoted(std::string word) {
 }
 
 void ThrowIfBroken(const ProgramFile& file, const ProgramCheck& check) {
-  if (check.readError != 0) throw Failure{file.argument, ReadProblem(check.readError)};
+  ThrowIfUnread(file.argument, check.read);
 }
 
 // Prints what the times leave out.
@@ -52,9 +51,7 @@ ProgramCheck CheckProgramFile(const ProgramFile& file, const CheckOptions& optio
   CheckOptions stoppable = options;
   stoppable.progress = ToolProgress();
   ProgramChecker checker(file.path, *start, view.job, view.app->files, stoppable);
-  if (!checker.IsOpen()) {
-    throw Failure{file.argument, ReadProblem(view.app->files->LastError())};
-  }
+  ThrowIfUnread(file.argument, checker.status());
   constexpr uint64_t kAllLines = UINT64_MAX;
   checker.CheckMore(kAllLines);
   EndIfInterrupted();
@@ -68,14 +65,11 @@ std::shared_ptr<const FileCheck> NoteRemarks(const ProgramFile& file, const CTVX
   if (IsQuiet() && !wantsCheck) return nullptr;
   const ToolWork work(Work::kCheck, file.argument);
   Progress* const progress = ToolProgress();
-  ProgramCheck check;
   const LoadStart start = TakeLoadStart(view.program, view.app->parserStates);
-  Files* const files = view.app->files;
-  if (!CheckProgram(file.path, start, view.job, files, &check,
-                    {.storedPerId = 0, .progress = progress})) {
-    if (files->LastError() == ENOENT) return nullptr;  // the load reports it
-    throw Failure{file.argument, ReadProblem(files->LastError())};
-  }
+  const auto [check, opened] = CheckProgram(file.path, start, view.job, view.app->files,
+                                            {.storedPerId = 0, .progress = progress});
+  if (opened.kind() == StatusKind::kMissing) return nullptr;  // the load reports it
+  ThrowIfUnread(file.argument, opened);
   if (progress->IsStopped()) return nullptr;  // the load is stopped too
   ThrowIfBroken(file, check);
   if (!IsQuiet()) PrintNote(file, check, view.job.InputFileType);
@@ -83,7 +77,7 @@ std::shared_ptr<const FileCheck> NoteRemarks(const ProgramFile& file, const CTVX
   result->path = file.path;
   result->stamp = check.stamp;
   result->state = CheckState::kDone;
-  result->result = std::make_shared<const ProgramCheck>(std::move(check));
+  result->result = std::make_shared<const ProgramCheck>(check);
   return result;
 }
 

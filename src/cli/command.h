@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "base/status.h"
+
 namespace tvx {
 
 // One call of the tool, after its global options.
@@ -34,6 +36,7 @@ struct WrongCall {
 struct Failure {
   std::string file;
   std::string reason;
+  Status status = {};  // of the file, if that could not be read or written
 };
 
 }  // namespace tvx

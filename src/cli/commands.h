@@ -35,6 +35,6 @@ int RunTime(const Call& call);
 
 // A program in the form of the command blocks: a line with its name, its counts and what its load
 // returned, then its records, one a line.
-void PrintStore(const std::string& name, const NcProgram& program, LoadResult result);
+void PrintStore(const std::string& name, const NcProgram& program, const Status& load);
 
 }  // namespace tvx

@@ -29,9 +29,8 @@ int RunConditionShow(const Call& call) {
   const std::string path = host.ReadablePath(argument);
   JobRecord record = DefaultRecord(host.app);
   int32_t spindle = kDefaultSpindle;
-  if (ReadConditionFile(path, &record, &spindle, host.files.get()) != SettingsResult::kDone) {
-    throw Failure{argument, ReadProblem(host.files->LastError())};
-  }
+  const Status read = ReadConditionFile(path, &record, &spindle, host.files.get());
+  ThrowIfUnread(argument, read);
   Json object = FieldsJson(record, JobFields());
   object["Spindle"] = spindle;
   Print(JsonText(object));
@@ -53,10 +52,9 @@ int RunConditionWrite(const Call& call) {
   const std::string path = host.DrivePath(argument);
   JobRecord record = DefaultRecord(host.app);
   settings.Apply(&record);
-  if (WriteConditionFile(path, record, spindle.value_or(kDefaultSpindle), host.files.get()) !=
-      SettingsResult::kDone) {
-    throw Failure{argument, WriteProblem(host.files->LastError())};
-  }
+  const Status written =
+      WriteConditionFile(path, record, spindle.value_or(kDefaultSpindle), host.files.get());
+  ThrowIfUnwritten(argument, written);
   return 0;
 }
 

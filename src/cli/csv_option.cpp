@@ -17,11 +17,10 @@ void CsvOption::Check() const {
 
 void CsvOption::Write(const Host& host, const std::string& rows, bool isPart) const {
   if (!path_) return;
-  if (isPart) throw Failure{*path_, WriteProblem(kPartSource)};
+  if (isPart) ThrowIfUnwritten(*path_, StatusKind::kPartSource);
   const std::string mark(hasMark_ ? kUtf8Mark : "");
-  if (!WriteWholeFile(host.files.get(), host.DrivePath(*path_), mark + rows)) {
-    throw Failure{*path_, WriteProblem(host.files->LastError())};
-  }
+  const Status written = WriteWholeFile(host.files.get(), host.DrivePath(*path_), mark + rows);
+  ThrowIfUnwritten(*path_, written);
 }
 
 }  // namespace tvx

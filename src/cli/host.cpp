@@ -34,13 +34,22 @@ int32_t LanguageOfEnvironment() {
   return language != nullptr && std::string_view(language) == "en" ? kEnglishLabels : kKoreanLabels;
 }
 
-std::string Problem(const char* what, int error) {
-  if (error == 0) return what;
-  if (error == EISDIR) return "is a directory";
-  if (error == kNoPlainFile || error == kFileChanged || error == kAboveLimit) {
-    return FileErrorText(error);
+std::string Problem(const char* what, const Status& failure) {
+  if (failure.reason() == EISDIR) return "is a directory";
+  if (failure.reason() == 0) {
+    switch (failure.kind()) {
+      case StatusKind::kReadFailed:
+      case StatusKind::kWriteFailed:
+        return what;
+      case StatusKind::kNoFile:
+      case StatusKind::kChanged:
+      case StatusKind::kTooLarge:
+        return failure.Text();
+      default:
+        break;
+    }
   }
-  return what + (": " + FileErrorText(error));
+  return what + (": " + failure.Text());
 }
 
 // First of all: what is read or written without the converter is not what the files hold.
@@ -69,16 +78,13 @@ Host::Host(const Call& call)
       files(MakeHostFiles(&drives_)),
       spreadsheets(&drives_),
       app(files.get(), &ui, NoPrograms(), &spreadsheets) {
-  if (drives_.TableError() != 0) {
-    throw Failure{(HomeOf(call) / "drives.txt").string(), ReadProblem(drives_.TableError())};
-  }
+  ThrowIfUnread((HomeOf(call) / "drives.txt").string(), drives_.tableStatus());
   app.InitApplication(LanguageOfEnvironment());
   CheckSettings();
 }
 
 void Host::CheckSettings() const {
-  if (app.unread.empty()) return;
-  throw Failure{app.unread.front().path, ReadProblem(app.unread.front().error)};
+  for (const Status& file : app.unread) ThrowIfUnread(file.path(), file);
 }
 
 std::string Host::DrivePath(const std::string& argument) const {
@@ -92,18 +98,15 @@ std::string Host::DrivePath(const std::string& argument) const {
 
 std::string Host::ReadablePath(const std::string& argument) const {
   std::string path = DrivePath(argument);
-  if (files->OpenForReading(path) == nullptr) {
-    throw Failure{argument, ReadProblem(files->LastError())};
-  }
+  ThrowIfUnread(argument, files->OpenForReading(path).status);
   return path;
 }
 
 std::string Host::ProgramPath(const std::string& argument) const {
   if (argument != kStandardInput) return ReadablePath(argument);
   if (input_ == nullptr) input_ = std::make_unique<StandardInput>();
-  if (input_->error() != 0) {
-    throw Failure{argument,
-                  "cannot be copied to a temporary file: " + FileErrorText(input_->error())};
+  if (const Status& copied = input_->status(); !copied.ok()) {
+    throw Failure{argument, "cannot be copied to a temporary file: " + copied.Text(), copied};
   }
   const std::optional<std::string> path = drives_.FromHost(input_->path());
   if (!path) throw Failure{argument, "has its temporary file on no drive"};
@@ -115,13 +118,21 @@ std::string Host::MachinePath(const std::string& drivePath) const {
   return path ? path->string() : std::string();
 }
 
-std::string ReadProblem(int error) {
-  if (error == ENOENT || error == ENOTDIR) return "no such file";
-  return Problem("cannot be read", error);
+std::string ReadProblem(const Status& failure) {
+  if (failure.kind() == StatusKind::kMissing) return "no such file";
+  return Problem("cannot be read", failure);
 }
 
-std::string WriteProblem(int error) {
-  return Problem("cannot be written", error);
+std::string WriteProblem(const Status& failure) {
+  return Problem("cannot be written", failure);
+}
+
+void ThrowIfUnread(const std::string& argument, const Status& read) {
+  if (!read.ok()) throw Failure{argument, ReadProblem(read), read};
+}
+
+void ThrowIfUnwritten(const std::string& argument, const Status& written) {
+  if (!written.ok()) throw Failure{argument, WriteProblem(written), written};
 }
 
 }  // namespace tvx

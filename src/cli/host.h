@@ -68,9 +68,13 @@ class ToolView : public CTVXView {
   explicit ToolView(Host* host) : CTVXView(&host->app) { host->CheckSettings(); }
 };
 
-// The reason why the last operation on a file failed, for an error line: "no such file",
-// "cannot be read: Input/output error". `error` as of Files::LastError.
-std::string ReadProblem(int error);
-std::string WriteProblem(int error);
+// Why a file could not be read or written, for an error line: "no such file", "cannot be read:
+// Input/output error".
+std::string ReadProblem(const Status& failure);
+std::string WriteProblem(const Status& failure);
+
+// Throw Failure with these words, of a file as the user named it, unless it was read or written.
+void ThrowIfUnread(const std::string& argument, const Status& read);
+void ThrowIfUnwritten(const std::string& argument, const Status& written);
 
 }  // namespace tvx

@@ -73,11 +73,11 @@ std::vector<Measurement> ParseMeasurements(const std::string& text, const std::s
 // Programs of a list are looked for as any argument, else beside the list.
 ProgramFile FindProgram(const Host& host, const std::string& name, const std::string& listPath) {
   const std::string path = host.DrivePath(name);
-  if (host.files->OpenForReading(path) != nullptr) return {name, path};
-  const int error = host.files->LastError();
+  const Status opened = host.files->OpenForReading(path).status;
+  if (opened.ok()) return {name, path};
   const std::string beside = listPath.substr(0, listPath.find_last_of("\\/:") + 1) + name;
-  if (host.files->OpenForReading(beside) != nullptr) return {name, beside};
-  throw Failure{name, ReadProblem(error)};
+  if (host.files->OpenForReading(beside).ok()) return {name, beside};
+  throw Failure{name, ReadProblem(opened), opened};
 }
 
 // A program in memory for as long as the fit takes.
@@ -144,11 +144,9 @@ int RunMachineFit(const Call& call) {
   Host host(call);
   const MachineProfile profile = ReadMachine(host, argument);
   const std::string listPath = host.ReadablePath(*list);
-  std::string text;
-  if (!ReadSettings(host.files.get(), listPath, &text)) {
-    throw Failure{*list, ReadProblem(host.files->LastError())};
-  }
-  const std::vector<Measurement> measurements = ParseMeasurements(text, *list);
+  const Result<std::string> text = ReadSettings(host.files.get(), listPath);
+  ThrowIfUnread(*list, text.status);
+  const std::vector<Measurement> measurements = ParseMeasurements(text.value, *list);
   std::vector<LoadedProgram> loaded;
   std::vector<MeasuredProgram> programs;
   for (const Measurement& measurement : measurements) {
@@ -161,9 +159,8 @@ int RunMachineFit(const Call& call) {
   Print(FitTable(measurements, programs, fit));
   if (out) {
     const std::string path = host.DrivePath(*out);
-    if (!WriteMachineProfile(path, fit.profile, host.files.get())) {
-      throw Failure{*out, WriteProblem(host.files->LastError())};
-    }
+    const Status written = WriteMachineProfile(path, fit.profile, host.files.get());
+    ThrowIfUnwritten(*out, written);
   }
   return 0;
 }

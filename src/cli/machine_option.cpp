@@ -21,7 +21,7 @@ MachineProfile ReadMachine(const Host& host, const std::string& argument) {
   const auto fault = ReadMachineProfile(host.ReadablePath(argument), host.files.get(), &profile);
   if (fault) {
     const bool isUnread = fault->error == MachineFileError::kCannotBeRead;
-    throw Failure{argument, isUnread ? ReadProblem(host.files->LastError()) : FaultText(*fault)};
+    throw Failure{argument, isUnread ? ReadProblem(fault->read) : FaultText(*fault)};
   }
   return profile;
 }

@@ -21,29 +21,12 @@
 namespace tvx {
 namespace {
 
-const char* Reason(BuildResult result) {
-  switch (result) {
-    case BuildResult::kFewBlocks:
-      return "is too short for a master model: it takes 5 lines";
-    case BuildResult::kNoCut:
-      return "gives no master model: it has no straight cut";
-    case BuildResult::kStopped:
-      return "was stopped";
-    case BuildResult::kTooWide:
-      return "gives no master model: the part is wider than 32700 mm";
-    case BuildResult::kSizes:
-      return "gives no master model with these sizes: the tolerance has to be above 0, and coarse "
-             "enough for the size of the part";
-    case BuildResult::kBuilt:
-    case BuildResult::kNoMemory:
-      break;
-  }
-  return "gives no master model: there is not enough memory";
-}
-
 void BuildModel(const std::string& argument, CTVXView* view) {
-  const BuildResult result = BuildMaster(view->masterDialog, &view->program, &view->masterGrid);
-  if (result != BuildResult::kBuilt) throw Failure{argument, Reason(result)};
+  const Status built = BuildMaster(view->masterDialog, &view->program, &view->masterGrid);
+  if (built.ok()) return;
+  const bool hasMemory = built.kind() != StatusKind::kNoMemory;
+  throw Failure{argument,
+                hasMemory ? built.Text() : "gives no master model: there is not enough memory"};
 }
 
 std::string HeaderLine(const MasterGrid& grid) {
@@ -107,9 +90,8 @@ int RunMasterBuild(const Call& call) {
   PrepareProgram(file, params.Adjusts(), &view);
   ShowProgress(file.argument + ": building the master model");
   BuildModel(file.argument, &view);
-  if (WriteMasterFile(outPath, view.masterGrid, host.files.get()) != MasterFileResult::kDone) {
-    throw Failure{*out, WriteProblem(host.files->LastError())};
-  }
+  const Status written = WriteMasterFile(outPath, view.masterGrid, host.files.get());
+  ThrowIfUnwritten(*out, written);
   return 0;
 }
 
@@ -156,7 +138,7 @@ int RunMasterShow(const Call& call) {
   ToolView view(&host);
   view.masterGrid = ReadModel(argument, host);
   ShowMaster(view.masterGrid, &view.program);
-  PrintStore(argument, view.program, LoadResult::kLoaded);
+  PrintStore(argument, view.program, Status());
   return 0;
 }
 

@@ -133,16 +133,15 @@ void RunFile(const ProgramFile& file, const JobRecord& job, Files* files, MoveRe
   options.isIntegerData = record.IntNcdataFlg != 0;
   options.progress = ToolProgress();
   const ToolWork work(Work::kRead, file.argument);
-  switch (ReadAsControl(file.path, options, files, receiver, remarks)) {
-    case ReadingResult::kRead:
-      return;
-    case ReadingResult::kNoReader:
+  const Status read = ReadAsControl(file.path, options, files, receiver, remarks);
+  switch (read.kind()) {
+    case StatusKind::kWrongFormat:
       throw Failure{file.argument, "the control reading does not know the conversational format"};
-    case ReadingResult::kStopped:
+    case StatusKind::kStopped:
       EndIfInterrupted();
       return;
     default:
-      throw Failure{file.argument, ReadProblem(files->LastError())};
+      ThrowIfUnread(file.argument, read);
   }
 }
 

@@ -21,7 +21,7 @@ std::string DirectoryOf(const std::string& path, Files* files) {
   std::string directory = PathBeforeName(path, kAnySlash);
   // A drive and a name alone: the file is in the root.
   if (directory.empty()) directory = path.substr(0, kDriveLength) + "\\";
-  if (!files->SetCurrentDirectory(directory)) throw Failure{path, "its folder cannot be read"};
+  if (!files->SetCurrentDirectory(directory).ok()) throw Failure{path, "its folder cannot be read"};
   return files->CurrentDirectory();
 }
 
@@ -67,8 +67,8 @@ int RunOptionLineBuild(const Call& call) {
   record.WorkDir = DirectoryOf(path, host.files.get());
   settings.Apply(&record);
   const auto file = host.files->OpenForReading(path);
-  if (file == nullptr) throw Failure{argument, ReadProblem(host.files->LastError())};
-  Print(BuildOptionLine(record, record, file->Stamp().size, spindle) + "\n");
+  ThrowIfUnread(argument, file.status);
+  Print(BuildOptionLine(record, record, file.value->Stamp().size, spindle) + "\n");
   return 0;
 }
 

@@ -84,10 +84,9 @@ void Params::Check() {
 void Params::Apply(Host* host, CTVXView* view) const {
   if (condition_) {
     const std::string path = host->ReadablePath(*condition_);
-    if (ReadConditionFile(path, &view->job, &host->app.rememberedSpindle, host->files.get()) !=
-        SettingsResult::kDone) {
-      throw Failure{*condition_, ReadProblem(host->files->LastError())};
-    }
+    const Status read =
+        ReadConditionFile(path, &view->job, &host->app.rememberedSpindle, host->files.get());
+    ThrowIfUnread(*condition_, read);
   }
   settings_.Apply(&view->job);
   if (adjusts_) view->job.AfaEnabled = 1;
@@ -99,14 +98,17 @@ void Params::Apply(Host* host, CTVXView* view) const {
 
 MasterGrid ReadModel(const std::string& argument, const Host& host) {
   MasterGrid grid;
-  const MasterFileResult result =
-      ReadMasterFile(host.ReadablePath(argument), &grid, host.files.get());
-  if (result == MasterFileResult::kCannotOpen) {
-    throw Failure{argument, ReadProblem(host.files->LastError())};
+  const Status read = ReadMasterFile(host.ReadablePath(argument), &grid, host.files.get());
+  switch (read.kind()) {
+    case StatusKind::kOk:
+      return grid;
+    case StatusKind::kNoMemory:
+      throw Failure{argument, read.Text()};
+    case StatusKind::kWrongFormat:
+      throw Failure{argument, "is no master model file"};
+    default:
+      throw Failure{argument, ReadProblem(read), read};
   }
-  if (result == MasterFileResult::kNoMemory) throw Failure{argument, "out of memory"};
-  if (result != MasterFileResult::kDone) throw Failure{argument, "is no master model file"};
-  return grid;
 }
 
 JobRecord DefaultRecord(const CTVXApp& app) {

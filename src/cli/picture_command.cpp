@@ -41,9 +41,8 @@ int RunPicture(const Call& call) {
   viewOptions.Apply(&view, /*fits=*/true);
   ShowProgress(file.argument + ": drawing");
   const Scene scene{&view.program, &view.job, &view.view};
-  if (!WritePictureFile(*format, outPath, scene, host.files.get())) {
-    throw Failure{*out, WriteProblem(host.files->LastError())};
-  }
+  const Status written = WritePictureFile(*format, outPath, scene, host.files.get());
+  ThrowIfUnwritten(*out, written);
   return 0;
 }
 

@@ -26,25 +26,30 @@ void ForgetModalState(CTVXView* view) {
   view->program.store.CurrentBlock = {};
 }
 
-LoadResult LoadProgramFile(const ProgramFile& file, CTVXView* view) {
+Status LoadProgramFile(const ProgramFile& file, CTVXView* view) {
   const ToolWork work(Work::kRead, file.argument);
-  const LoadResult result = LoadFile(view, file.path);
+  const Status loaded = LoadFile(view, file.path);
   EndIfInterrupted();
   view->fileName = file.argument == kStandardInput ? file.argument : NameOfPath(file.path, "\\/:");
-  return result;
+  return loaded;
 }
 
-std::string LoadProblem(LoadResult result, const CTVXView& view) {
-  if (result == LoadResult::kStoreFull) return "does not fit into the store";
-  if (result == LoadResult::kBlocksLost) {
-    return std::to_string(view.program.lostBlocks) + " blocks found no place in the store";
+std::string LoadProblem(const Status& load, const NcProgram& program) {
+  switch (load.kind()) {
+    case StatusKind::kStoreFull:
+      return load.Text();
+    case StatusKind::kBlocksLost:
+      return std::to_string(program.lostBlocks) + " " + load.Text();
+    default:
+      return ReadProblem(load);
   }
-  return ReadProblem(view.app->files->LastError());
 }
 
 void LoadWholeProgram(const ProgramFile& file, CTVXView* view) {
-  const LoadResult result = LoadProgramFile(file, view);
-  if (result != LoadResult::kLoaded) throw Failure{file.argument, LoadProblem(result, *view)};
+  const Status loaded = LoadProgramFile(file, view);
+  if (!loaded.ok()) {
+    throw Failure{file.argument, LoadProblem(loaded, view->program), loaded};
+  }
 }
 
 void AdjustProgram(const ProgramFile& file, CTVXView* view, const FeedTrace& trace) {

@@ -29,10 +29,10 @@ std::vector<ProgramFile> FindProgramFiles(const Host& host,
 void ForgetModalState(CTVXView* view);
 
 // Loads a program into the view.
-LoadResult LoadProgramFile(const ProgramFile& file, CTVXView* view);
+Status LoadProgramFile(const ProgramFile& file, CTVXView* view);
 
-// Why a load failed, for an error line. Call it directly after the load.
-std::string LoadProblem(LoadResult result, const CTVXView& view);
+// Why a load failed, for an error line. `program` is what the load left.
+std::string LoadProblem(const Status& load, const NcProgram& program);
 
 // Loads a program of which a part is of no use. Throws Failure if it is not read as a whole.
 void LoadWholeProgram(const ProgramFile& file, CTVXView* view);

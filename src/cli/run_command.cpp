@@ -34,12 +34,11 @@ constexpr int32_t kPictureHeight = 600;
 // The lines of a .mcf list get the drive of the list file; those of any other list do not change.
 JobList ReadList(const Host& host, const std::string& drivePath, const std::string& argument,
                  RunReport* report) {
-  std::string bytes;
-  if (!ReadSettings(host.files.get(), drivePath, &bytes))
-    throw Failure{argument, ReadProblem(host.files->LastError())};
+  const Result<std::string> bytes = ReadSettings(host.files.get(), drivePath);
+  ThrowIfUnread(argument, bytes.status);
   const bool isMcf = EndsWithNoCase(drivePath, ".mcf");
   ListReading reading =
-      ReadJobList(DecodeCp949(bytes), isMcf ? std::optional(drivePath[0]) : std::nullopt);
+      ReadJobList(DecodeCp949(bytes.value), isMcf ? std::optional(drivePath[0]) : std::nullopt);
   if (reading.problem != ListProblem::kNone) {
     throw Failure{argument, Format("line %zu: '%s' %s", reading.line, reading.word.c_str(),
                                    reading.problem == ListProblem::kName

@@ -25,39 +25,39 @@ std::string OutputPath(const Host& host, const std::string& argument) {
 }
 
 void WriteOutput(const Host& host, const std::optional<std::string>& argument,
-                 const std::function<bool(const std::string& path)>& write) {
+                 const std::function<Status(const std::string& path)>& write) {
   if (!argument) return;
-  const std::string path = OutputPath(host, *argument);
-  if (!write(path)) throw Failure{*argument, WriteProblem(host.files->LastError())};
+  const Status written = write(OutputPath(host, *argument));
+  ThrowIfUnwritten(*argument, written);
 }
 
 // Returns false if a file could not be copied.
 bool ReportFailedCopies(const std::vector<FailedCopy>& failed) {
   for (const FailedCopy& copy : failed) {
     PrintRemark(copy.source + ": cannot be copied to " + copy.destination + ": " +
-                FileErrorText(copy.error));
+                copy.status.Text());
   }
   return failed.empty();
 }
 
-bool WriteListCopy(const std::string& argument, const std::string& path,
-                   std::span<const ProgramResult> results, Files* files,
-                   std::vector<FailedCopy>* failed) {
+Status WriteListCopy(const std::string& argument, const std::string& path,
+                     std::span<const ProgramResult> results, Files* files,
+                     std::vector<FailedCopy>* failed) {
   if (const auto same = FindSameName(path, results)) {
     throw Failure{argument, same->first + " and " + same->second + " have the same name"};
   }
   const size_t replaced = ProgramsToReplace(path, results, files).size();
-  if (!WriteJobListFileCopy(path, results, files, failed)) return false;
-  if (replaced > 0) {
+  const Status written = WriteJobListFileCopy(path, results, files, failed);
+  if (written.ok() && replaced > 0) {
     PrintRemark(argument + Format(": replaced %zu program%s that differed beside it", replaced,
                                   replaced == 1 ? "" : "s"));
   }
-  return true;
+  return written;
 }
 
 void WriteSheet(const std::string& argument, const Host& host,
                 std::span<const ProgramResult> results) {
-  if (HasIncomplete(results)) throw Failure{argument, WriteProblem(kPartSource)};
+  if (HasIncomplete(results)) ThrowIfUnwritten(argument, StatusKind::kPartSource);
   const auto program = host.app.spreadsheets->Start(SpreadsheetForm::kFile);
   if (program == nullptr) throw Failure{argument, kNoSpreadsheetProgram};
   if (!WriteSpreadsheetFile(OutputPath(host, argument), results, program.get())) {

@@ -1,8 +1,6 @@
 // The check of a file and its load find the same failure; it is printed once.
 #include "cli/run_report.h"
 
-#include <cerrno>
-
 #include "base/format.h"
 #include "base/path_text.h"
 #include "cli/check_note.h"
@@ -14,14 +12,14 @@ namespace tvx {
 
 namespace {
 
-// The tail of an error line: the reason of the step that failed, if it worked on a file.
-std::string MasterReason(const MasterOutcome& outcome, const CTVXView& view) {
-  if (outcome.load != LoadResult::kLoaded) return ": " + LoadProblem(outcome.load, view);
-  const int error = view.app->files->LastError();
-  const bool isFileAtFault = outcome.file == MasterFileResult::kCannotOpen ||
-                             outcome.file == MasterFileResult::kCannotWrite ||
-                             outcome.file == MasterFileResult::kDiskFull;
-  return isFileAtFault && error != 0 ? ": " + FileErrorText(error) : "";
+// The tail of an error line: why a file could not be read or written. Its content and the memory
+// have none.
+std::string MasterReason(const MasterOutcome& outcome, const NcProgram& program) {
+  const StatusKind kind = outcome.status.kind();
+  if (outcome.step == MasterStep::kLoad) return ": " + LoadProblem(outcome.status, program);
+  const bool isOfFile = outcome.step != MasterStep::kBuild && kind != StatusKind::kWrongFormat &&
+                        kind != StatusKind::kNoMemory;
+  return isOfFile ? ": " + outcome.status.Text() : "";
 }
 
 }  // namespace
@@ -57,23 +55,24 @@ void RunReport::OnStopped(const RunEnd& end) {
   failed_ = true;
 }
 
-void RunReport::OnLoadFailed(const std::string& path, LoadResult result) {
-  if (view_.app->files->LastError() == ENOENT) {
+void RunReport::OnLoadFailed(const std::string& path, const Status& load) {
+  if (load.kind() == StatusKind::kMissing) {
     if (missing_++ == 0) missingFolder_ = PathBeforeName(path, kBackslash);
   }
-  Fail(path, LoadProblem(result, view_));
+  Fail(path, LoadProblem(load, view_.program));
 }
 
 void RunReport::OnMasterFailed(const std::string& path, const MasterOutcome& outcome) {
-  Fail(path, "the master model cannot be read, built or written" + MasterReason(outcome, view_));
+  Fail(path,
+       "the master model cannot be read, built or written" + MasterReason(outcome, view_.program));
 }
 
 void RunReport::OnMasterBuilt(const std::string& path) {
   if (!IsQuiet()) PrintRemark(path + ": the master model was built");
 }
 
-void RunReport::OnPictureFailed(const std::string& name) {
-  Fail(name, WriteProblem(view_.app->files->LastError()));
+void RunReport::OnPictureFailed(const std::string& name, const Status& written) {
+  Fail(name, WriteProblem(written));
 }
 
 void RunReport::Fail(const std::string& path, const std::string& reason) {

@@ -26,10 +26,10 @@ class RunReport final : public RunObserver {
   std::shared_ptr<const FileCheck> OnLoad(const std::string& path) override;
   void OnRecorded(const std::string& path, const ProgramResult& result) override;
   void OnStopped(const RunEnd& end) override;
-  void OnLoadFailed(const std::string& path, LoadResult result) override;
+  void OnLoadFailed(const std::string& path, const Status& load) override;
   void OnMasterFailed(const std::string& path, const MasterOutcome& outcome) override;
   void OnMasterBuilt(const std::string& path) override;
-  void OnPictureFailed(const std::string& name) override;
+  void OnPictureFailed(const std::string& name, const Status& written) override;
 
   // Prints a failure on standard error, unless it is the last one again.
   void Fail(const std::string& path, const std::string& reason);

@@ -1,6 +1,5 @@
 // tvx-cli time: what a program needs as programmed, and after the feed adjustment.
 
-#include <cerrno>
 #include <optional>
 #include <string>
 #include <vector>
@@ -161,6 +160,13 @@ std::string TimesTable(const ProgramFile& file, const Times& times) {
   return text + MachineTable(times);
 }
 
+// A name that no program has is left out of the values. Of a program that is there and could not be
+// read as a whole, nothing is known: values without it would pass for those of all programs.
+bool IsOfAProgram(const Status& failure) {
+  return !failure.ok() && failure.kind() != StatusKind::kMissing &&
+         failure.kind() != StatusKind::kNoFile;
+}
+
 // What the command prints and writes, program by program.
 class TimesReport {
  public:
@@ -239,7 +245,7 @@ int RunTime(const Call& call) {
     } catch (const Failure& failure) {
       PrintRemark(failure.file + ": " + failure.reason);
       failed = true;
-      isPart = isPart || host.files->LastError() != ENOENT;
+      isPart = isPart || IsOfAProgram(failure.status);
     }
   }
   report.Finish(arguments.size());

@@ -56,7 +56,7 @@ bool ChooseConditionFile(JobRecord* job, int32_t* spindleSpeed, Files* files, Us
                          std::string* fileName) {
   std::string path;
   if (!ui->ChooseFile(ConditionFileQuestion(*job), &path)) return false;
-  if (ReadConditionFile(path, job, spindleSpeed, files) != SettingsResult::kDone) return false;
+  if (!ReadConditionFile(path, job, spindleSpeed, files).ok()) return false;
   *fileName = NameOfPath(path, kAnySlash);
   return true;
 }
@@ -104,9 +104,9 @@ void CAutoFeedDlg::SaveFile() {
   std::string path;
   ui_->ChooseFile(question, &path);
   if (!MayReplace(path, IsConditionFile, files_, ui_)) return;
-  const bool written = WriteConditionFile(path, own, SpindleSpeed, files_) == SettingsResult::kDone;
+  const Status written = WriteConditionFile(path, own, SpindleSpeed, files_);
   if (!path.empty()) ShowWritten(written, path, ui_);
-  if (!written) ui_->ShowMessage({.text = "화일을 열수 없읍니다. "});
+  if (!written.ok()) ui_->ShowMessage({.text = "화일을 열수 없읍니다. "});
 }
 
 Closing CAutoFeedDlg::Accept() {

@@ -47,22 +47,20 @@ bool IsConditionFile(std::string_view start) {
   return start.starts_with(EncodeCp949(kLines[0].key));
 }
 
-SettingsResult ReadConditionFile(const std::string& path, JobRecord* record, int32_t* spindle,
-                                 Files* files) {
-  std::string bytes;
-  if (!ReadSettings(files, path, &bytes)) return SettingsResult::kCannotOpen;
-  const std::string text = DecodeCp949(bytes);
+Status ReadConditionFile(const std::string& path, JobRecord* record, int32_t* spindle,
+                         Files* files) {
+  const Result<std::string> bytes = ReadSettings(files, path);
+  if (!bytes.ok()) return bytes.status;
+  const std::string text = DecodeCp949(bytes.value);
   WordScanner words(text);
   ReadLinesByPlace(kLines, &words, record, spindle);
   ReadLinesByKey(kLines, &words, record, spindle);
-  return SettingsResult::kDone;
+  return {};
 }
 
-SettingsResult WriteConditionFile(const std::string& path, const JobRecord& record, int32_t spindle,
-                                  Files* files) {
-  return WriteWholeFile(files, path, PrintLines(kLines, record, spindle))
-             ? SettingsResult::kDone
-             : SettingsResult::kCannotWrite;
+Status WriteConditionFile(const std::string& path, const JobRecord& record, int32_t spindle,
+                          Files* files) {
+  return WriteWholeFile(files, path, PrintLines(kLines, record, spindle));
 }
 
 }  // namespace tvx

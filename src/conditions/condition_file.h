@@ -20,12 +20,12 @@ bool IsConditionFile(std::string_view start);
 
 // Reads a file over the record and *spindle (rev/min). Only fields that the file holds change; a
 // value that cannot be read leaves its field as it was. The switch AfaByMaster is written but never
-// read. Returns kCannotOpen, with nothing changed, if the file cannot be opened.
-SettingsResult ReadConditionFile(const std::string& path, JobRecord* record, int32_t* spindle,
-                                 Files* files);
+// read. Nothing changes if the file cannot be read.
+Status ReadConditionFile(const std::string& path, JobRecord* record, int32_t* spindle,
+                         Files* files);
 
-// Creates or replaces a file. Returns kCannotWrite, with an older file as it was, if that fails.
-SettingsResult WriteConditionFile(const std::string& path, const JobRecord& record, int32_t spindle,
-                                  Files* files);
+// Creates or replaces a file. An older file stays as it was if that fails.
+Status WriteConditionFile(const std::string& path, const JobRecord& record, int32_t spindle,
+                          Files* files);
 
 }  // namespace tvx

@@ -14,8 +14,6 @@
 namespace tvx {
 
 // What happened to a settings file that was read or written.
-enum class SettingsResult { kDone, kCannotOpen, kCannotWrite };
-
 // The only value in these files that is not a field of the job record: a spindle speed, rev/min.
 struct SpindleSpeed {};
 

@@ -7,21 +7,19 @@
 
 namespace tvx {
 
-ReadingResult ReadAsControl(const std::string& path, const ReadingOptions& options, Files* files,
-                            MoveReceiver* receiver, ReadingRemarks* remarks) {
-  if (options.isConversational) return ReadingResult::kNoReader;
-  const std::unique_ptr<InputFile> file = files->OpenForReading(path);
-  if (file == nullptr) return ReadingResult::kCannotOpen;
+Status ReadAsControl(const std::string& path, const ReadingOptions& options, Files* files,
+                     MoveReceiver* receiver, ReadingRemarks* remarks) {
+  if (options.isConversational) return {StatusKind::kWrongFormat, path};
+  const Result<std::unique_ptr<InputFile>> file = files->OpenForReading(path);
+  if (!file.ok()) return file.status;
 
-  ProgramRun run(file.get(), options, receiver, remarks);
+  ProgramRun run(file.value.get(), options, receiver, remarks);
   RunWordProgram(&run, options.isIntegerData);
   if (run.limit.IsExceeded()) run.path.Remark(ReadingRemarkId::kEndless, "");
 
-  if (options.progress->IsStopped()) return ReadingResult::kStopped;
-  const int error = file->Error() == 0 && run.text.IsShort() ? kFileChanged : file->Error();
-  if (error == 0) return ReadingResult::kRead;
-  files->Fail(error);
-  return ReadingResult::kReadFailed;
+  if (options.progress->IsStopped()) return {StatusKind::kStopped, path};
+  Status read = file.value->status();
+  return read.ok() && run.text.IsShort() ? Status(StatusKind::kChanged, path) : read;
 }
 
 }  // namespace tvx

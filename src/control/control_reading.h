@@ -20,17 +20,11 @@ struct ReadingOptions {
   Progress* progress = NoProgress();  // gets the bytes read
 };
 
-enum class ReadingResult {
-  kRead,        // to its end, or to the limit of a program that does not end (kEndless)
-  kNoReader,    // the format has no control reading
-  kCannotOpen,  // Files::LastError
-  kReadFailed,  // as kRead, but a read failed (Files::LastError) and ended the program
-  kStopped,     // the user stopped it
-};
-
-// Runs a program, a drive path. The receiver gets moves and events while the program runs, the
-// remarks are added to those that are there.
-ReadingResult ReadAsControl(const std::string& path, const ReadingOptions& options, Files* files,
-                            MoveReceiver* receiver, ReadingRemarks* remarks);
+// Runs a program, a drive path, to its end, or to the limit of a program that does not end
+// (kEndless). The receiver gets moves and events while the program runs, the remarks are added to
+// those that are there. Fails with kWrongFormat if the format has no control reading, and with
+// kStopped if the user stopped it. A read that fails (kReadFailed, kChanged) ends the program.
+Status ReadAsControl(const std::string& path, const ReadingOptions& options, Files* files,
+                     MoveReceiver* receiver, ReadingRemarks* remarks);
 
 }  // namespace tvx

@@ -6,14 +6,14 @@
 
 namespace tvx {
 
-LoadResult ReadProgram(const std::string& path, const ProgramWork& work) {
+Status ReadProgram(const std::string& path, const ProgramWork& work) {
   const LoadStart start = TakeLoadStart(*work.program, *work.parserStates);
   const WorkScope scope(work.progress, Work::kRead, path, Stopping::kAllowed);
-  const LoadResult result =
+  const Status loaded =
       LoadNcFile(path, work.program, work.parserStates, work.job, work.files, work.progress);
   if (work.causes != nullptr) work.causes->Clear();
   if (work.checks != nullptr) work.checks->Restart(work.program->source, start, *work.job);
-  return result;
+  return loaded;
 }
 
 bool AdjustFeeds(const ProgramWork& work, const FeedTrace& trace) {

@@ -40,8 +40,8 @@ struct ProgramWork {
 };
 
 // Reads an NC file into the store, by its drive path or relative to the current directory. The
-// causes are cleared, and the check of the program can begin.
-LoadResult ReadProgram(const std::string& path, const ProgramWork& work);
+// causes are cleared, and the check of the program can begin. Returns what LoadNcFile returned.
+Status ReadProgram(const std::string& path, const ProgramWork& work);
 
 // Adjusts the feeds by the options and the master model. The trace receives each change; without
 // one, the causes do. Returns false if the user stopped it, which leaves a part of the feeds as

@@ -52,7 +52,7 @@ bool ProgramChecks::CheckMore(uint64_t lines, Files* files) {
         std::make_unique<ProgramChecker>(entry->check->path, entry->start->load, entry->start->job,
                                          files, CheckOptions{.storedPerId = kStoredPerId});
   }
-  if (!checker_->IsOpen()) {
+  if (!checker_->status().ok()) {
     End(entry, CheckState::kCannotRead);
   } else if (checker_->Result().stamp != entry->check->stamp) {
     End(entry, CheckState::kChanged);

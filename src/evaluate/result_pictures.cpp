@@ -14,13 +14,13 @@ class MemoryOutput final : public OutputFile {
  public:
   explicit MemoryOutput(size_t limit) : limit_(limit) {}
 
-  bool Write(std::string_view bytes) override {
-    if (bytes.size() > limit_ - bytes_.size()) return false;
+  Status Write(std::string_view bytes) override {
+    if (bytes.size() > limit_ - bytes_.size()) return StatusKind::kWriteFailed;
     bytes_ += bytes;
-    return true;
+    return {};
   }
-  bool Patch(uint64_t, std::string_view) override { return false; }
-  bool Commit() override { return true; }
+  Status Patch(uint64_t, std::string_view) override { return StatusKind::kWriteFailed; }
+  Status Commit() override { return {}; }
 
   std::string Take() { return std::move(bytes_); }
 
@@ -40,10 +40,10 @@ std::string DrawnPicture(PictureFormat format, const PictureSize& size, const Pr
   PrepareDevice(&state.transform);
   FitToPath(&state.transform, &program->store);
   MemoryOutput output(limit);
-  const bool drawn = DrawPictureFile(format, {program, work.job, &state}, &output);
+  const Status drawn = DrawPictureFile(format, {program, work.job, &state}, &output);
   program->store.CurrentBlock = reg;
   program->firstPoint = firstPoint;
-  return drawn ? output.Take() : std::string();
+  return drawn.ok() ? output.Take() : std::string();
 }
 
 }  // namespace

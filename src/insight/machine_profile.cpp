@@ -40,10 +40,10 @@ const Key kKeys[] = {
 constexpr std::string_view kBlanks = " \t\r\f\v";
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-using Result = std::optional<MachineFileError>;
+using Fault = std::optional<MachineFileError>;
 
 // A decimal number that fills the whole word.
-Result ParseNumber(std::string_view word, bool mayBeZero, double* value) {
+Fault ParseNumber(std::string_view word, bool mayBeZero, double* value) {
   if (word.starts_with('+')) word.remove_prefix(1);
   double number = 0;
   const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
@@ -81,33 +81,33 @@ struct FieldReader {
   bool mayBeZero;
   MachineProfile* profile;
 
-  Result operator()(TextField field) const {
+  Fault operator()(TextField field) const {
     if (text.empty()) return MachineFileError::kMissingValue;
     profile->*field = std::string(text);
     return {};
   }
 
   // One value for all axes, or one for each.
-  Result operator()(AxesField field) const {
+  Fault operator()(AxesField field) const {
     const std::vector<std::string_view> words = WordsOf(text);
     AxisValues& axes = profile->*field;
     if (words.size() > axes.size()) return MachineFileError::kTooManyValues;
     if (words.size() != 1 && words.size() != axes.size()) return MachineFileError::kMissingValue;
     for (size_t i = 0; i < words.size(); ++i) {
-      if (const Result error = ParseNumber(words[i], mayBeZero, &axes[i])) return error;
+      if (const Fault error = ParseNumber(words[i], mayBeZero, &axes[i])) return error;
     }
     if (words.size() == 1) axes.fill(axes[0]);
     return {};
   }
 
-  Result operator()(NumberField field) const {
+  Fault operator()(NumberField field) const {
     const std::vector<std::string_view> words = WordsOf(text);
     if (words.empty()) return MachineFileError::kMissingValue;
     if (words.size() > 1) return MachineFileError::kTooManyValues;
     return ParseNumber(words[0], mayBeZero, &(profile->*field));
   }
 
-  Result operator()(SwitchField field) const {
+  Fault operator()(SwitchField field) const {
     if (text.empty()) return MachineFileError::kMissingValue;
     if (text != "0" && text != "1") return MachineFileError::kOutOfRange;
     profile->*field = text == "1";
@@ -196,7 +196,7 @@ std::optional<MachineFileFault> ParseMachineProfile(std::string_view text, std::
     if (key == nullptr) return fault(MachineFileError::kUnknownKey);
     if (!seen.insert(key->name).second) return fault(MachineFileError::kDuplicateKey);
     const FieldReader reader{Trimmed(content.substr(word.size())), key->mayBeZero, &read};
-    if (const Result error = std::visit(reader, key->field)) return fault(*error);
+    if (const Fault error = std::visit(reader, key->field)) return fault(*error);
   }
   *profile = std::move(read);
   return {};
@@ -207,10 +207,12 @@ std::optional<MachineFileFault> ReadMachineProfile(const std::string& path, File
   if (files->Size(path) > kLargestMachineFile) {
     return MachineFileFault{MachineFileError::kTooLarge};
   }
-  std::string text;
-  if (!ReadSettings(files, path, &text)) return MachineFileFault{MachineFileError::kCannotBeRead};
+  const Result<std::string> text = ReadSettings(files, path);
+  if (!text.ok()) {
+    return MachineFileFault{.error = MachineFileError::kCannotBeRead, .read = text.status};
+  }
   const std::string name = path.substr(path.find_last_of("\\/:") + 1);
-  return ParseMachineProfile(text, name, profile);
+  return ParseMachineProfile(text.value, name, profile);
 }
 
 std::string MachineProfileText(const MachineProfile& profile) {
@@ -221,7 +223,7 @@ std::string MachineProfileText(const MachineProfile& profile) {
   return text;
 }
 
-bool WriteMachineProfile(const std::string& path, const MachineProfile& profile, Files* files) {
+Status WriteMachineProfile(const std::string& path, const MachineProfile& profile, Files* files) {
   return WriteWholeFile(files, path, MachineProfileText(profile));
 }
 

@@ -44,7 +44,8 @@ struct MachineFileFault {
   MachineFileError error;
   int line = 0;  // 1-based; 0 where the whole file is at fault
   std::string key =
-      {};  // the word at the start of the line; empty where the whole file is at fault
+      {};            // the word at the start of the line; empty where the whole file is at fault
+  Status read = {};  // why a file cannot be read
 };
 
 // The fault as an English phrase without the file's name: "line 3: Factor: must be above 0".
@@ -65,7 +66,7 @@ inline constexpr uint64_t kLargestMachineFile = 1 << 20;  // bytes
 // same values. Lines end in LF.
 std::string MachineProfileText(const MachineProfile& profile);
 
-// Creates or replaces a machine file. Returns false, with an older file unchanged, if that fails.
-bool WriteMachineProfile(const std::string& path, const MachineProfile& profile, Files* files);
+// Creates or replaces a machine file. An older file is unchanged if that fails.
+Status WriteMachineProfile(const std::string& path, const MachineProfile& profile, Files* files);
 
 }  // namespace tvx

@@ -62,10 +62,9 @@ MoveFacts FactsOf(const BlockStore& store, uint32_t block, const FeedCauses* cau
   if (causes != nullptr) facts.rules = causes->RulesOf(block, *stored);
   facts.line = lines->LineOf(block);
   if (facts.line == 0) return facts;
-  std::vector<std::string> texts;
-  facts.source = lines->Read(facts.line, 1, &texts);
-  if (!texts.empty()) facts.text = std::move(texts[0]);
-  lines->ReadFeed(block, &facts.programmedFeed);
+  Result<std::vector<std::string>> texts = lines->Read(facts.line, 1);
+  if (!texts.value.empty()) facts.text = std::move(texts.value[0]);
+  facts.programmedFeed = lines->ReadFeed(block).value;
   return facts;
 }
 

@@ -35,12 +35,11 @@ std::string FeedText(const MotionBlock& block, const MoveWords& words);
 
 // What is known of a move.
 struct MoveFacts {
-  uint32_t line = 0;                               // 0 for a block that no line left
-  SourceResult source = SourceResult::kNoProgram;  // other than kRead: there is no text
-  std::string text;                                // of the line, UTF-8
-  MotionBlock block;                               // as stored
-  std::optional<int32_t> programmedFeed;           // mm/min
-  MoveRules rules;                                 // none if no adjustment was followed
+  uint32_t line = 0;                      // 0 for a block that no line left
+  std::string text;                       // of the line, UTF-8
+  MotionBlock block;                      // as stored
+  std::optional<int32_t> programmedFeed;  // mm/min
+  MoveRules rules;                        // none if no adjustment was followed
 };
 
 // Collects them. Reads the file: some tenths of a millisecond, and the whole file the first time.

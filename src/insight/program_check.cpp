@@ -277,7 +277,7 @@ void FormatWork<Parser>::CheckLine(const NcLine& line, LineOutcome outcome) {
 template <typename Parser>
 void FormatWork<Parser>::End() {
   hasEnded_ = true;
-  check.readError = file_->Error();
+  check.read = file_->status();
   const std::string_view rest = reader_.Rest();
   if (!rest.empty()) {
     ++check.lines;
@@ -292,22 +292,19 @@ void FormatWork<Parser>::End() {
 
 ProgramChecker::ProgramChecker(const std::string& path, const LoadStart& start,
                                const JobRecord& job, Files* files, const CheckOptions& options) {
-  std::unique_ptr<InputFile> file = files->OpenForReading(path);
-  if (file == nullptr) return;
+  auto file = files->OpenForReading(path);
+  status_ = file.status;
+  if (!file.ok()) return;
   JobRecord settings = job;
   if (IsConversational(&settings)) {
-    work_ =
-        std::make_unique<FormatWork<ConversationalParser>>(std::move(file), start, job, options);
+    work_ = std::make_unique<FormatWork<ConversationalParser>>(std::move(file.value), start, job,
+                                                               options);
   } else {
-    work_ = std::make_unique<FormatWork<WordParser>>(std::move(file), start, job, options);
+    work_ = std::make_unique<FormatWork<WordParser>>(std::move(file.value), start, job, options);
   }
 }
 
 ProgramChecker::~ProgramChecker() = default;
-
-bool ProgramChecker::IsOpen() const {
-  return work_ != nullptr;
-}
 
 bool ProgramChecker::CheckMore(uint64_t lines) {
   return work_ != nullptr && work_->CheckMore(lines);
@@ -322,13 +319,12 @@ LoadStart ProgramChecker::NextStart() const {
   return work_ != nullptr ? work_->NextStart() : LoadStart();
 }
 
-bool CheckProgram(const std::string& path, const LoadStart& start, const JobRecord& job,
-                  Files* files, ProgramCheck* check, const CheckOptions& options) {
+Result<ProgramCheck> CheckProgram(const std::string& path, const LoadStart& start,
+                                  const JobRecord& job, Files* files, const CheckOptions& options) {
   ProgramChecker checker(path, start, job, files, options);
-  if (!checker.IsOpen()) return false;
+  if (!checker.status().ok()) return checker.status();
   checker.CheckMore(std::numeric_limits<uint64_t>::max());
-  *check = checker.Result();
-  return true;
+  return checker.Result();
 }
 
 }  // namespace tvx

@@ -42,8 +42,8 @@ class ProgramChecker {
   ProgramChecker(const ProgramChecker&) = delete;
   ProgramChecker& operator=(const ProgramChecker&) = delete;
 
-  // False if the program cannot be opened or is no plain file. There is nothing to check then.
-  bool IsOpen() const;
+  // Why the program cannot be opened. There is nothing to check then.
+  const Status& status() const { return status_; }
   // Checks up to so many further lines. Returns false once the program has ended; only then is the
   // result complete.
   bool CheckMore(uint64_t lines);
@@ -54,12 +54,13 @@ class ProgramChecker {
   class Work;
 
  private:
+  Status status_;
   std::unique_ptr<Work> work_;
 };
 
-// Checks a whole program. False, with *check alone, if it cannot be opened. Otherwise as
-// ProgramChecker.
-bool CheckProgram(const std::string& path, const LoadStart& start, const JobRecord& job,
-                  Files* files, ProgramCheck* check, const CheckOptions& options = {});
+// Checks a whole program. Fails if it cannot be opened. Otherwise as ProgramChecker.
+Result<ProgramCheck> CheckProgram(const std::string& path, const LoadStart& start,
+                                  const JobRecord& job, Files* files,
+                                  const CheckOptions& options = {});
 
 }  // namespace tvx

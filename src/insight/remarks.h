@@ -84,7 +84,7 @@ struct ProgramCheck {
   std::array<RemarkList, kRemarkIds> lists;  // by RemarkId
   uint64_t lines = 0;       // of the program, a last one without line feed included
   FileStamp stamp;          // of the file that was checked
-  int readError = 0;        // why it could not be read to its end (InputFile::Error); 0 if it was
+  Status read;              // why it could not be read to its end
   double dwellSeconds = 0;  // sum of all dwells
   uint64_t toolChanges = 0;
 

@@ -89,76 +89,74 @@ int32_t FeedAfter(LineReader* reader, uint64_t line, uint64_t first, uint64_t la
 
 }  // namespace
 
-SourceResult SourceLines::Count(uint64_t* lines) {
-  std::unique_ptr<InputFile> file;
-  const SourceResult result = Open(&file);
-  if (result == SourceResult::kRead) *lines = lines_;
-  return result;
+Result<uint64_t> SourceLines::Count() {
+  const Result<std::unique_ptr<InputFile>> opened = Open();
+  if (!opened.ok()) return opened.status;
+  return lines_;
 }
 
-SourceResult SourceLines::Read(uint64_t first, size_t count, std::vector<std::string>* texts) {
-  texts->clear();
-  std::unique_ptr<InputFile> file;
-  const SourceResult result = Open(&file);
-  if (result != SourceResult::kRead || first == 0 || first > lines_) return result;
+Result<std::vector<std::string>> SourceLines::Read(uint64_t first, size_t count) {
+  const Result<std::unique_ptr<InputFile>> opened = Open();
+  if (!opened.ok()) return opened.status;
+  std::vector<std::string> texts;
+  if (first == 0 || first > lines_) return texts;
+  InputFile* const file = opened.value.get();
   count = static_cast<size_t>(std::min<uint64_t>(count, lines_ - first + 1));
 
   const uint64_t chunk = (first - 1) / kLinesPerOffset;
   uint64_t line = chunk * kLinesPerOffset + 1;
-  Pieces pieces(file.get(), offsets_[chunk]);
+  Pieces pieces(file, offsets_[chunk]);
   std::string bytes;  // of the line so far
-  while (texts->size() < count) {
+  while (texts.size() < count) {
     std::string_view piece = pieces.Next();
     if (piece.empty()) {
-      if (line == lines_ && file->Error() == 0) texts->push_back(Decoded(bytes));
+      if (line == lines_ && file->status().ok()) texts.push_back(Decoded(bytes));
       break;
     }
-    while (!piece.empty() && texts->size() < count) {
+    while (!piece.empty() && texts.size() < count) {
       const size_t length = std::min(piece.find('\n'), piece.size());
       if (line >= first) {
         bytes.append(piece.substr(0, std::min(length, kLongestText - bytes.size())));
       }
       if (length == piece.size()) break;
-      if (line >= first) texts->push_back(Decoded(bytes));
+      if (line >= first) texts.push_back(Decoded(bytes));
       bytes.clear();
       ++line;
       piece.remove_prefix(length + 1);
     }
   }
-  if (texts->size() == count) return SourceResult::kRead;
-  texts->clear();
-  return SourceResult::kCannotRead;
+  if (texts.size() < count) return EndsEarly(*file);
+  return texts;
 }
 
-SourceResult SourceLines::ReadFeed(uint32_t block, std::optional<int32_t>* feed) {
-  feed->reset();
+Result<std::optional<int32_t>> SourceLines::ReadFeed(uint32_t block) {
   const uint32_t known = block / ProgramSource::kBlocksPerFeed;
   const uint64_t last = LineOf(block);
-  if (last == 0 || known >= source_.feeds.size()) return SourceResult::kRead;
-  std::unique_ptr<InputFile> file;
-  const SourceResult result = Open(&file);
-  if (result != SourceResult::kRead) return result;
+  if (last == 0 || known >= source_.feeds.size()) return std::optional<int32_t>();
+  const Result<std::unique_ptr<InputFile>> file = Open();
+  if (!file.ok()) return file.status;
 
   const uint64_t first = uint64_t{LineOf(known * ProgramSource::kBlocksPerFeed)} + 1;
   const uint64_t chunk = (std::min(first, last) - 1) / kLinesPerOffset;
-  RestOfFile rest(file.get(), offsets_[chunk]);
+  RestOfFile rest(file.value.get(), offsets_[chunk]);
   LineReader reader(&rest);
   const auto feedAfter =
       source_.isConversational ? FeedAfter<ConversationalParser> : FeedAfter<WordParser>;
-  *feed = feedAfter(&reader, chunk * kLinesPerOffset + 1, first, last, source_.feeds[known]);
-  return SourceResult::kRead;
+  return std::optional(
+      feedAfter(&reader, chunk * kLinesPerOffset + 1, first, last, source_.feeds[known]));
 }
 
-SourceResult SourceLines::Open(std::unique_ptr<InputFile>* file) {
-  if (source_.path.empty()) return SourceResult::kNoProgram;
-  *file = files_->OpenForReading(source_.path);
-  if (*file == nullptr) return SourceResult::kCannotRead;
-  if ((*file)->Stamp() != source_.stamp) return SourceResult::kChanged;
-  if (!offsets_.empty() || ReadOffsets(file->get())) return SourceResult::kRead;
-  return SourceResult::kCannotRead;
+Result<std::unique_ptr<InputFile>> SourceLines::Open() {
+  if (source_.path.empty()) return Status(StatusKind::kNoProgram);
+  Result<std::unique_ptr<InputFile>> file = files_->OpenForReading(source_.path);
+  if (!file.ok()) return file;
+  if (file.value->Stamp() != source_.stamp) return Status(StatusKind::kChanged, source_.path);
+  if (!offsets_.empty()) return file;
+  if (Status read = ReadOffsets(file.value.get()); !read.ok()) return read;
+  return file;
 }
 
-bool SourceLines::ReadOffsets(InputFile* file) {
+Status SourceLines::ReadOffsets(InputFile* file) {
   std::vector<uint64_t> offsets{0};
   uint64_t lineFeeds = 0;
   char last = '\n';
@@ -171,22 +169,26 @@ bool SourceLines::ReadOffsets(InputFile* file) {
     }
     last = piece.back();
   }
-  if (pieces.end() != source_.stamp.size) return false;
+  if (pieces.end() != source_.stamp.size) return EndsEarly(*file);
   offsets_ = std::move(offsets);
   lines_ = lineFeeds + (last == '\n' ? 0 : 1);
-  return true;
+  return {};
 }
 
-const char* SourceProblem(SourceResult result) {
-  switch (result) {
-    case SourceResult::kNoProgram:
+Status SourceLines::EndsEarly(const InputFile& file) const {
+  return {StatusKind::kReadFailed, source_.path, file.status().reason()};
+}
+
+const char* SourceProblem(const Status& failure) {
+  switch (failure.kind()) {
+    case StatusKind::kOk:
+      return "";
+    case StatusKind::kNoProgram:
       return "the program comes from no file";
-    case SourceResult::kCannotRead:
-      return "the file cannot be read";
-    case SourceResult::kChanged:
+    case StatusKind::kChanged:
       return "the file has changed since it was loaded";
     default:
-      return "";
+      return "the file cannot be read";
   }
 }
 

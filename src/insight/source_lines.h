@@ -13,15 +13,12 @@
 
 namespace tvx {
 
-enum class SourceResult {
-  kRead,
-  kNoProgram,   // the blocks in the store come from no file
-  kCannotRead,  // the file is gone, cannot be opened or ended early
-  kChanged,     // the file is not the one that was loaded: size or time of the last write differ
-};
-
 // Lines are numbered from 1, blocks from 0. An object serves one load: make a new one after the
 // next.
+//
+// What reads the file fails with kNoProgram if the blocks in the store come from no file, with
+// kChanged if the file is not the one that was loaded (size or time of the last write differ), and
+// with another kind if it is gone, cannot be opened or ends early.
 class SourceLines {
  public:
   // Of a longer line this much is read, bytes.
@@ -39,24 +36,26 @@ class SourceLines {
 
   // The number of lines of the file. A last line without a line feed, which the load does not read,
   // is one of them.
-  SourceResult Count(uint64_t* lines);
+  Result<uint64_t> Count();
 
   // The texts of up to `count` lines from `first` on, without their line ends: fewer at the end of
   // the file, none behind it. In UTF-8, decoded from CP949 unless the bytes of the line are UTF-8
-  // already. *texts is empty unless the result is kRead.
+  // already.
   //
   // The first call reads the whole file once and stores the offset of every 4096th line.
-  SourceResult Read(uint64_t first, size_t count, std::vector<std::string>* texts);
+  Result<std::vector<std::string>> Read(uint64_t first, size_t count);
 
   // The feed in force at a block of the program as it was loaded, mm/min, whatever an adjustment
   // has made of it since: read again from the lines before the block by the parser of the load. A
   // block that no line left has none. At most some 4096 lines are read.
-  SourceResult ReadFeed(uint32_t block, std::optional<int32_t>* feed);
+  Result<std::optional<int32_t>> ReadFeed(uint32_t block);
 
  private:
   // Opens the file as it was at the load, and makes the table of offsets if there is none.
-  SourceResult Open(std::unique_ptr<InputFile>* file);
-  bool ReadOffsets(InputFile* file);
+  Result<std::unique_ptr<InputFile>> Open();
+  Status ReadOffsets(InputFile* file);
+  // The file ends before a line that it had when it was loaded.
+  Status EndsEarly(const InputFile& file) const;
 
   const ProgramSource& source_;
   Files* files_;
@@ -65,7 +64,7 @@ class SourceLines {
   uint64_t lines_ = 0;
 };
 
-// What a result other than kRead means, in words for an error line.
-const char* SourceProblem(SourceResult result);
+// Why the text could not be read, in words for an error line.
+const char* SourceProblem(const Status& failure);
 
 }  // namespace tvx

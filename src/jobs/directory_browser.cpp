@@ -70,7 +70,7 @@ std::string LowerCase(std::string text) {
 }
 
 void DirectoryBrowser::Enter(const std::string& target, std::string_view mask) {
-  files_->SetCurrentDirectory(target);
+  static_cast<void>(files_->SetCurrentDirectory(target));  // else it stays where it is
   directory = files_->CurrentDirectory();
   parts_ = PartsOf(directory);
   driveLetters_ = files_->DriveLetters();
@@ -81,9 +81,8 @@ void DirectoryBrowser::Enter(const std::string& target, std::string_view mask) {
 
 void DirectoryBrowser::FillSubDirectories() {
   subDirectories_.clear();
-  std::vector<DirectoryEntry> entries;
-  files_->List(directory, &entries);
-  for (const DirectoryEntry& entry : entries) {
+  const Result<std::vector<DirectoryEntry>> entries = files_->List(directory);
+  for (const DirectoryEntry& entry : entries.value) {
     if (!entry.isDirectory || entry.name.starts_with(".")) continue;
     subDirectories_.push_back(entry.name);
   }
@@ -93,9 +92,8 @@ void DirectoryBrowser::FillSubDirectories() {
 
 void DirectoryBrowser::FillFiles(std::string_view mask) {
   files.clear();
-  std::vector<DirectoryEntry> entries;
-  files_->List(directory, &entries);
-  for (const DirectoryEntry& entry : entries) {
+  const Result<std::vector<DirectoryEntry>> entries = files_->List(directory);
+  for (const DirectoryEntry& entry : entries.value) {
     if (!entry.isDirectory && FitsMask(entry.name, mask)) files.push_back(LowerCase(entry.name));
   }
   std::sort(files.begin(), files.end());
@@ -109,10 +107,9 @@ std::string DirectoryBrowser::DirectoryInCapitals() const {
   for (size_t start = kDriveEnd + 1; start < directory.size();) {
     const size_t end = std::min(directory.find('\\', start), directory.size());
     const std::string name = UpperCase(directory.substr(start, end - start));
-    std::vector<DirectoryEntry> entries;
-    files_->List(directory.substr(0, start), &entries);
+    const Result<std::vector<DirectoryEntry>> entries = files_->List(directory.substr(0, start));
     const auto namesakes = std::ranges::count_if(
-        entries, [&](const DirectoryEntry& entry) { return UpperCase(entry.name) == name; });
+        entries.value, [&](const DirectoryEntry& entry) { return UpperCase(entry.name) == name; });
     if (namesakes > 1) return directory;
     start = end + 1;
   }

@@ -188,16 +188,16 @@ void CTransferDlg::AppendSelected() {
 
 // Returns false, with the message that says why, for a file that cannot be a program.
 bool CTransferDlg::IsReadableProgram(const std::string& path) {
-  const std::unique_ptr<InputFile> file = files_->OpenForReading(path);
-  if (file == nullptr) {
+  const Result<std::unique_ptr<InputFile>> file = files_->OpenForReading(path);
+  if (!file.ok()) {
     ui_->ShowStatus(kNotInserted, path);
     // A file that has vanished since the list was filled counts as an empty one.
-    const bool exists = files_->Exists(path);
-    ui_->ShowMessage(MessageOf(exists ? JobMessage::kCannotOpen : JobMessage::kCannotEnter));
+    const bool isMissing = file.status.kind() == StatusKind::kMissing;
+    ui_->ShowMessage(MessageOf(isMissing ? JobMessage::kCannotEnter : JobMessage::kCannotOpen));
     return false;
   }
   char bytes[kCheckedBytes];
-  const size_t count = file->Read(bytes, sizeof bytes);
+  const size_t count = file.value->Read(bytes, sizeof bytes);
   if (count == 0 || !std::all_of(bytes, bytes + count, IsSevenBit)) {
     ui_->ShowStatus(kNotInserted, path);
     ui_->ShowMessage(MessageOf(JobMessage::kCannotEnter));
@@ -222,7 +222,8 @@ void CTransferDlg::InsertFile(size_t position) {
               BuildOptionLine(listOptions_, restart_.own, files_->Size(path), spindleSpeed));
   if (spindleSpeed) listOptions_.KeyCodeOn = listOptions_.KeyCodeCount = 1;
   if (selectedEntry >= static_cast<int>(position)) ++selectedEntry;
-  WriteWholeFile(files_, EnvironmentFile(kInfoFile) + ".dat", "");
+  // A file that no function reads: its failure is not shown.
+  static_cast<void>(WriteWholeFile(files_, EnvironmentFile(kInfoFile) + ".dat", ""));
   ShowLine(position);
 }
 
@@ -297,12 +298,12 @@ void CTransferDlg::ReadMcf() {
 
 void CTransferDlg::ReadListFile(const std::string& path, std::optional<char> driveLetter) {
   ClearList();
-  std::string bytes;
-  if (!ReadSettings(files_, path, &bytes)) {
-    ShowUnreadable(path);
+  const Result<std::string> bytes = ReadSettings(files_, path);
+  if (!bytes.ok()) {
+    ShowUnreadable(bytes.status);
     return;
   }
-  ListReading reading = ReadJobList(DecodeCp949(bytes), driveLetter);
+  ListReading reading = ReadJobList(DecodeCp949(bytes.value), driveLetter);
   list = std::move(reading.list);
   if (reading.leftOut > 0) {
     ui_->ShowStatus(kNotInserted, path);
@@ -317,10 +318,10 @@ void CTransferDlg::ReadListFile(const std::string& path, std::optional<char> dri
 }
 
 // A file that is missing is an empty one; any other that was not read is not.
-void CTransferDlg::ShowUnreadable(const std::string& path) {
-  if (files_->LastError() == ENOENT) return;
+void CTransferDlg::ShowUnreadable(const Status& failure) {
+  if (failure.kind() == StatusKind::kMissing) return;
   MessageBox message = MessageOf(JobMessage::kCannotOpen);
-  message.path = path + ": " + FileErrorText(files_->LastError());
+  message.path = failure.path() + ": " + failure.Text();
   ui_->ShowMessage(message);
 }
 
@@ -330,8 +331,8 @@ void CTransferDlg::Preview() {
   if (!entry.has_value()) return;
   ClearInformation();
   ParseOptionLine(&listOptions_, list.lines[*entry], &lineFile_);
-  std::string bytes;
-  if (ReadWholeFile(files_, ProgramPath(*entry), &bytes)) information = PreviewLines(bytes);
+  const Result<std::string> bytes = ReadWholeFile(files_, ProgramPath(*entry));
+  if (bytes.ok()) information = PreviewLines(bytes.value);
 }
 
 // Starts the editor on the entry's file and does not wait for it.
@@ -421,12 +422,12 @@ void CTransferDlg::ReadKeyCodes() {
   const std::optional<size_t> entry = SelectedOrLast();
   if (!entry.has_value() || RefuseFrozen(selectedEntry)) return;
   const std::string path = EnvironmentFile(kKeyCodeFile) + ".txt";
-  std::string bytes;
-  if (!ReadSettings(files_, path, &bytes)) {
-    ShowUnreadable(path);
+  const Result<std::string> bytes = ReadSettings(files_, path);
+  if (!bytes.ok()) {
+    ShowUnreadable(bytes.status);
     return;
   }
-  ReplaceLine(*entry, WithKeyCodePart(list.lines[*entry], KeyCodePartOfFile(bytes)));
+  ReplaceLine(*entry, WithKeyCodePart(list.lines[*entry], KeyCodePartOfFile(bytes.value)));
 }
 
 void CTransferDlg::ToggleDeleteM30() {

@@ -147,7 +147,7 @@ class CTransferDlg : public Dialog {
   void ReplaceLine(size_t entry, std::string line);
   void CountKeyCode(const std::string& line);
   void ReadListFile(const std::string& path, std::optional<char> driveLetter);
-  void ShowUnreadable(const std::string& path);
+  void ShowUnreadable(const Status& failure);
   std::string EnvironmentFile(const char* name) const;
   std::string ProgramPath(size_t entry) const;
 

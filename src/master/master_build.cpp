@@ -62,25 +62,24 @@ struct BuildPlan {
   int32_t refinement;
 };
 
-// Returns kBuilt if nothing prevents the build.
-BuildResult PlanBuild(const CMasterDlg& input, BlockStore* store, BuildPlan* plan) {
-  if (store->blockCount < kFewestBlocks) return BuildResult::kFewBlocks;
+Status PlanBuild(const CMasterDlg& input, BlockStore* store, BuildPlan* plan) {
+  if (store->blockCount < kFewestBlocks) return StatusKind::kFewBlocks;
   PathExtents(store, &plan->minimum, &plan->maximum);
-  if (plan->minimum.x > plan->maximum.x) return BuildResult::kNoCut;
+  if (plan->minimum.x > plan->maximum.x) return StatusKind::kNoCut;
   const double tolerance = input.MasterTolerance;
-  if (!(tolerance > 0)) return BuildResult::kSizes;
+  if (!(tolerance > 0)) return StatusKind::kBadSizes;
   plan->ToolSize = static_cast<float>(input.MasterToolDiameter + 2.0 * input.MasterAllowance);
   plan->OriginX = static_cast<float>(plan->minimum.x - tolerance);
   plan->OriginY = static_cast<float>(plan->minimum.y - tolerance);
   const double width = static_cast<double>(plan->maximum.x) - plan->OriginX;
   const double depth = static_cast<double>(plan->maximum.y) - plan->OriginY;
   if (!std::isfinite(plan->ToolSize) || !std::isfinite(width) || !std::isfinite(depth)) {
-    return BuildResult::kSizes;
+    return StatusKind::kBadSizes;
   }
   // The store repairs a block beyond its limit: a part shifted there would be lost.
-  if (width > BlockStore::kCoordinateLimit) return BuildResult::kTooWide;
+  if (width > BlockStore::kCoordinateLimit) return StatusKind::kTooWide;
   plan->refinement = Refinement(std::trunc(width / tolerance), std::trunc(depth / tolerance));
-  return plan->refinement > 0 ? BuildResult::kBuilt : BuildResult::kSizes;
+  return plan->refinement > 0 ? StatusKind::kOk : StatusKind::kBadSizes;
 }
 
 }  // namespace
@@ -396,12 +395,11 @@ void MasterAngles(MasterGrid* grid) {
   }
 }
 
-BuildResult BuildMaster(const CMasterDlg& input, NcProgram* program, MasterGrid* grid,
-                        Progress* progress) {
+Status BuildMaster(const CMasterDlg& input, NcProgram* program, MasterGrid* grid,
+                   Progress* progress) {
   BlockStore* store = &program->store;
   BuildPlan plan{};
-  const BuildResult result = PlanBuild(input, store, &plan);
-  if (result != BuildResult::kBuilt) return result;
+  if (Status planned = PlanBuild(input, store, &plan); !planned.ok()) return planned;
   DropMaster(grid);  // first, so that two grids never share the memory
   grid->ToolSize = plan.ToolSize;
   grid->OriginX = plan.OriginX;
@@ -411,17 +409,17 @@ BuildResult BuildMaster(const CMasterDlg& input, NcProgram* program, MasterGrid*
   grid->CellSize = input.MasterTolerance / static_cast<float>(plan.refinement);
   ShiftPath(store, grid->OriginX, grid->OriginY);
   CleanPlunges(store);
-  if (!SizeGrid(store, plan.refinement, grid)) return BuildResult::kNoMemory;
+  if (!SizeGrid(store, plan.refinement, grid)) return StatusKind::kNoMemory;
   if (!SamplePath(store, grid, progress)) {
     DropMaster(grid);
-    return BuildResult::kStopped;
+    return StatusKind::kStopped;
   }
   FillGaps(grid);
   ThinOut(grid, plan.refinement, input.MasterTolerance);
   MasterAngles(grid);
   IndexCells(grid);
   ShowMaster(*grid, program);
-  return BuildResult::kBuilt;
+  return {};
 }
 
 }  // namespace tvx

@@ -28,25 +28,19 @@ struct MasterDlgField {
 // The fields of the dialog in their order.
 std::span<const MasterDlgField> MasterDlgFields();
 
-// What happened to a build.
-enum class BuildResult {
-  kBuilt,
-  // Refused, with everything unchanged:
-  kFewBlocks,  // fewer than 5 blocks in the store
-  kNoCut,      // no straight cut
-  kTooWide,    // a part that would leave the range of coordinates
-  kSizes,      // a tolerance that is not positive or so small that the part gives no refinement, or
-               // sizes that are not finite
-  // Given up: there is no model, and the program in the store is in grid coordinates and has lost
-  // its plunges, so that it has to be loaded again.
-  kNoMemory,
-  kStopped,  // by the user
-};
-
 // Builds the model from the program in the store, drops an older one, and leaves the wire picture
 // of the model in the store (see ShowMaster).
-BuildResult BuildMaster(const CMasterDlg& input, NcProgram* program, MasterGrid* grid,
-                        Progress* progress = NoProgress());
+//
+// It is refused, with everything unchanged, with
+// - kFewBlocks for fewer than 5 blocks in the store;
+// - kNoCut for a program without a straight cut;
+// - kTooWide for a part that would leave the range of coordinates;
+// - kBadSizes for a tolerance that is not positive or so small that the part gives no refinement,
+//   or for sizes that are not finite.
+// It is given up with kNoMemory or kStopped: there is no model, and the program in the store is in
+// grid coordinates and has lost its plunges, so that it has to be loaded again.
+Status BuildMaster(const CMasterDlg& input, NcProgram* program, MasterGrid* grid,
+                   Progress* progress = NoProgress());
 
 // The stages of a build, in their order. Until ThinOut the grid's CellSize is the fine one; from
 // ShiftPath on the program in the store is in grid coordinates.

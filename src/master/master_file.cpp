@@ -128,13 +128,13 @@ bool ReadCells(InputFile* file, MasterGrid* grid) {
   return true;
 }
 
-MasterFileResult WhyNotRead(const InputFile& file, Files* files) {
-  if (file.Error() == 0) return MasterFileResult::kNoMasterFile;
-  files->Fail(file.Error());
-  return MasterFileResult::kCannotOpen;
+// Why fewer bytes than expected were read, or cells that no model has.
+Status WhyNotRead(const InputFile& file, const std::string& path) {
+  const Status read = file.status();
+  return read.ok() ? Status(StatusKind::kWrongFormat, path) : read;
 }
 
-bool WriteCells(const MasterGrid& grid, OutputFile* file) {
+Status WriteCells(const MasterGrid& grid, OutputFile* file) {
   const auto count = static_cast<size_t>(grid.CellCount);
   std::string bytes;
   for (size_t first = 0; first < count; first += kCellsAtOnce) {
@@ -143,20 +143,20 @@ bool WriteCells(const MasterGrid& grid, OutputFile* file) {
       Append(std::bit_cast<uint32_t>(grid.Cells[i].z), &bytes);
       Append(std::bit_cast<uint16_t>(grid.Cells[i].angle), &bytes);
     }
-    if (!file->Write(bytes)) return false;
+    if (Status written = file->Write(bytes); !written.ok()) return written;
   }
-  return true;
+  return {};
 }
 
 }  // namespace
 
-MasterFileResult WriteMasterFile(const std::string& path, const MasterGrid& grid, Files* files) {
-  if (grid.Cells.Empty()) return MasterFileResult::kNoModel;
-  const auto file = files->Create(path);
-  if (file == nullptr) return MasterFileResult::kCannotWrite;
-  const bool written =
-      file->Write(HeaderBytes(grid)) && WriteCells(grid, file.get()) && file->Commit();
-  return written ? MasterFileResult::kDone : MasterFileResult::kDiskFull;
+Status WriteMasterFile(const std::string& path, const MasterGrid& grid, Files* files) {
+  if (grid.Cells.Empty()) return {StatusKind::kNoContent, path};
+  const Result<std::unique_ptr<OutputFile>> file = files->Create(path);
+  if (!file.ok()) return file.status;
+  Status written = file.value->Write(HeaderBytes(grid));
+  if (written.ok()) written = WriteCells(grid, file.value.get());
+  return written.ok() ? file.value->Commit() : written;
 }
 
 bool IsMasterName(std::string_view path) {
@@ -170,22 +170,23 @@ bool IsMasterFile(std::string_view start) {
   return IsMasterHeader(header);
 }
 
-MasterFileResult ReadMasterFile(const std::string& path, MasterGrid* grid, Files* files) {
-  const auto file = files->OpenForReading(path);
-  if (file == nullptr) return MasterFileResult::kCannotOpen;
+Status ReadMasterFile(const std::string& path, MasterGrid* grid, Files* files) {
+  const Result<std::unique_ptr<InputFile>> opened = files->OpenForReading(path);
+  if (!opened.ok()) return opened.status;
+  InputFile* const file = opened.value.get();
   std::string header;
-  if (!ReadBytes(file.get(), kHeaderBytes, &header)) return WhyNotRead(*file, files);
+  if (!ReadBytes(file, kHeaderBytes, &header)) return WhyNotRead(*file, path);
   MasterGrid loaded(grid->Cells.allocator());
   TakeHeader(header, &loaded);
   if (!IsMasterHeader(loaded) || file->Stamp().size != FileSize(loaded)) {
-    return MasterFileResult::kNoMasterFile;
+    return {StatusKind::kWrongFormat, path};
   }
-  if (!loaded.Cells.Allocate(loaded.CellCount)) return MasterFileResult::kNoMemory;
-  if (!ReadCells(file.get(), &loaded)) return WhyNotRead(*file, files);
+  if (!loaded.Cells.Allocate(loaded.CellCount)) return {StatusKind::kNoMemory, path};
+  if (!ReadCells(file, &loaded)) return WhyNotRead(*file, path);
   IndexCells(&loaded);
   loaded.path = path;
   *grid = std::move(loaded);
-  return MasterFileResult::kDone;
+  return {};
 }
 
 }  // namespace tvx

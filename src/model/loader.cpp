@@ -162,21 +162,34 @@ int32_t OtherFormat(int32_t InputFileType) {
   return InputFileType == kConversationalType ? kWordAddressType : kConversationalType;
 }
 
-LoadResult LoadNcFile(const std::string& path, NcProgram* program, ParserStates* states,
-                      JobRecord* job, Files* files, Progress* progress) {
+bool IsLoaded(const Status& load) {
+  switch (load.kind()) {
+    case StatusKind::kOk:
+    case StatusKind::kReadFailed:
+    case StatusKind::kChanged:
+    case StatusKind::kBlocksLost:
+      return true;
+    default:
+      return false;
+  }
+}
+
+Status LoadNcFile(const std::string& path, NcProgram* program, ParserStates* states, JobRecord* job,
+                  Files* files, Progress* progress) {
   BlockStore& store = program->store;
   EmptyProgram(program);
 
-  const std::unique_ptr<InputFile> file = files->OpenForReading(path);
-  if (file == nullptr) {
-    program->isIncomplete = IsReadFailure(files->LastError());
-    return LoadResult::kCannotOpen;
+  const Result<std::unique_ptr<InputFile>> opened = files->OpenForReading(path);
+  if (!opened.ok()) {
+    program->isIncomplete = opened.status.IsReadFailure();
+    return opened.status;
   }
+  InputFile* const file = opened.value.get();
   BeginProgram(program);
   program->source.path = AbsoluteDrivePath(files->CurrentDirectory(), path);
   program->source.stamp = file->Stamp();
 
-  LineReader reader(file.get(), LineReader::kParserKeptBytes, progress);
+  LineReader reader(file, LineReader::kParserKeptBytes, progress);
   NcLine line;
   int32_t feedBase = 0;
   program->source.isConversational = IsConversational(job);
@@ -189,24 +202,23 @@ LoadResult LoadNcFile(const std::string& path, NcProgram* program, ParserStates*
     if (progress->IsStopped()) {
       *states = statesBefore;
       EmptyProgram(program);
-      return LoadResult::kStopped;
+      return {StatusKind::kStopped, path};
     }
     program->source.lines = lines.Finish(store.blockCount);
     // A program that is too large for the store is figured up to its last block; one that finds no
     // memory could be figured whole another time.
     program->isIncomplete = program->lostBlocks > 0 && store.blockCount < BlockStore::kMaxBlocks;
-    if (!hasRoom) return LoadResult::kStoreFull;
+    if (!hasRoom) return {StatusKind::kStoreFull, path};
   }
   StartFirstRun(&store);
   program->FeedBase = feedBase;
   // Where a walk over the program ends. A comment at the head of the next program keeps this place.
   store.ReadBlock(store.blockCount - 1);
-  if (file->Error() != 0) {
-    files->Fail(file->Error());
+  if (Status read = file->status(); !read.ok()) {
     program->isIncomplete = true;
-    return LoadResult::kReadFailed;
+    return read;
   }
-  return program->lostBlocks > 0 ? LoadResult::kBlocksLost : LoadResult::kLoaded;
+  return program->lostBlocks > 0 ? Status(StatusKind::kBlocksLost, path) : Status();
 }
 
 }  // namespace tvx

@@ -21,24 +21,19 @@ bool IsConversational(JobRecord* job);
 // The InputFileType of the format that is not that of the given one.
 int32_t OtherFormat(int32_t InputFileType);
 
-enum class LoadResult {
-  kLoaded,      // the program is read, and the register holds its last block
-  kCannotOpen,  // the store is empty
-  kStopped,     // the user stopped it; the store is empty, and `states` is as it was
-  kStoreFull,   // the store has no room for the second record of an arc; it holds what came before
-  kBlocksLost,  // as kLoaded, but lostBlocks of the program found no place
-  kReadFailed,  // as kLoaded, but a read failed (Files::LastError) and ended the program
-};
-
-// True if the program is read and ready, whole or not.
-inline bool IsLoaded(LoadResult result) {
-  return result != LoadResult::kCannotOpen && result != LoadResult::kStoreFull &&
-         result != LoadResult::kStopped;
-}
+// True if the program of a load is read and ready, whole or not.
+bool IsLoaded(const Status& load);
 
 // Reads one NC file into the store, in place of the program there. `states` is the modal state that
-// lives as long as the process.
-LoadResult LoadNcFile(const std::string& path, NcProgram* program, ParserStates* states,
-                      JobRecord* job, Files* files, Progress* progress = NoProgress());
+// lives as long as the process. When it is done, the register holds the last block of the program.
+// It is also loaded, as IsLoaded says, if it fails with
+// - kReadFailed or kChanged: a read failed and ended the program;
+// - kBlocksLost: lostBlocks of the program found no place.
+// Any other failure leaves no program:
+// - kStopped: the store is empty, and `states` is as it was;
+// - kStoreFull: the store has no room for the second record of an arc; it holds what came before;
+// - the file cannot be opened: the store is empty.
+Status LoadNcFile(const std::string& path, NcProgram* program, ParserStates* states, JobRecord* job,
+                  Files* files, Progress* progress = NoProgress());
 
 }  // namespace tvx

@@ -143,15 +143,15 @@ Closing CCutTimeListDlg::WriteReport() {
   return Closing::kStaysOpen;
 }
 
-void CCutTimeListDlg::ShowReport(bool written, const std::string& path) {
-  if (written) results_->isReported = true;
+void CCutTimeListDlg::ShowReport(const Status& written, const std::string& path) {
+  if (written.ok()) results_->isReported = true;
   ShowWritten(written, path, ui_);
 }
 
 // A list with a name that has a blank is not read back with it: one message is enough.
-void CCutTimeListDlg::ShowList(bool written, const std::string& path) {
+void CCutTimeListDlg::ShowList(const Status& written, const std::string& path) {
   ShowReport(written, path);
-  if (!written) return;
+  if (!written.ok()) return;
   for (const ProgramResult& result : results_->recorded) {
     if (!AcceptWord(result.entry.fileName, ui_)) return;
   }
@@ -187,9 +187,10 @@ Closing CCutTimeListDlg::WriteListCopy() {
   std::string path;
   if (!ChooseList(&path) || !MayCopyBeside(path)) return Closing::kStaysOpen;
   std::vector<FailedCopy> failed;
-  const bool written = WriteJobListFileCopy(path, results_->recorded, files_, &failed);
+  const Status written = WriteJobListFileCopy(path, results_->recorded, files_, &failed);
   ShowList(written, path);
-  if (written && !failed.empty()) ui_->ShowStatus("복사하지 못했습니다.", failed.front().source);
+  if (written.ok() && !failed.empty())
+    ui_->ShowStatus("복사하지 못했습니다.", failed.front().source);
   return Closing::kStaysOpen;
 }
 
@@ -208,7 +209,7 @@ Closing CCutTimeListDlg::Export() {
   if (filled) {
     results_->isReported = true;
   } else {
-    ShowWritten(false, path, ui_);
+    ShowWritten(StatusKind::kWriteFailed, path, ui_);
     ui_->ShowMessage({.text = kNoSpreadsheetProgram});
   }
   return Closing::kStaysOpen;
@@ -220,9 +221,9 @@ Closing CCutTimeListDlg::WriteSheet() {
     return Closing::kStaysOpen;
   }
   finishChecks();
-  const bool written = WriteJobSheetFile(path, results_->recorded, language(), files_);
+  const Status written = WriteJobSheetFile(path, results_->recorded, language(), files_);
   ShowReport(written, path);
-  if (written) ui_->OfferToOpen(path);
+  if (written.ok()) ui_->OfferToOpen(path);
   return Closing::kStaysOpen;
 }
 

@@ -86,8 +86,8 @@ class CCutTimeListDlg final : public Dialog {
 
  private:
   void Fill();
-  void ShowReport(bool written, const std::string& path);
-  void ShowList(bool written, const std::string& path);
+  void ShowReport(const Status& written, const std::string& path);
+  void ShowList(const Status& written, const std::string& path);
   // Asks where to write a job list, and before it replaces a file of another kind.
   bool ChooseList(std::string* path);
   bool MayCopyBeside(const std::string& path);

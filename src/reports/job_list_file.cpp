@@ -53,12 +53,13 @@ class Copier {
     std::string source;
     if (!LineMasterFile(*line, &source)) return;
     const std::string destination = directory_ + "\\" + NameOfPath(source, kBackslash);
+    const Status there = files_->LookAt(destination);
     if (!IsMasterName(source)) {
-      Fail(source, destination, kRefusedName);
-    } else if (!files_->Exists(destination)) {
+      Note(source, destination, {StatusKind::kRefusedName, source});
+    } else if (there.kind() == StatusKind::kMissing) {
       Copy(source, destination);
-    } else if (files_->LastError() != 0) {
-      Fail(source, destination, files_->LastError());
+    } else {
+      Note(source, destination, there);
     }
     ReplaceAll(source, DriveForm(destination), line);
   }
@@ -72,11 +73,11 @@ class Copier {
  private:
   void Copy(const std::string& source, const std::string& destination) {
     if (EqualNoCase(source, destination)) return;
-    if (!files_->Copy(source, destination)) Fail(source, destination, files_->LastError());
+    Note(source, destination, files_->Copy(source, destination));
   }
 
-  void Fail(const std::string& source, const std::string& destination, int error) {
-    if (failed_ != nullptr) failed_->push_back({source, destination, error});
+  void Note(const std::string& source, const std::string& destination, const Status& copied) {
+    if (!copied.ok() && failed_ != nullptr) failed_->push_back({source, destination, copied});
   }
 
   std::string directory_;
@@ -101,9 +102,10 @@ std::string PlainForm(const std::string& path) {
 
 // Files that cannot be read to their ends count as different.
 bool HaveSameBytes(const std::string& a, const std::string& b, Files* files) {
-  std::string bytesOfA, bytesOfB;
-  return files->Size(a) == files->Size(b) && ReadWholeFile(files, a, &bytesOfA) &&
-         ReadWholeFile(files, b, &bytesOfB) && bytesOfA == bytesOfB;
+  if (files->Size(a) != files->Size(b)) return false;
+  const Result<std::string> bytesOfA = ReadWholeFile(files, a);
+  const Result<std::string> bytesOfB = ReadWholeFile(files, b);
+  return bytesOfA.ok() && bytesOfB.ok() && bytesOfA.value == bytesOfB.value;
 }
 
 }  // namespace
@@ -155,36 +157,37 @@ std::string DriveForm(std::string directory) {
   return directory;
 }
 
-bool WriteJobListFile(const std::string& path, std::span<const ProgramResult> results,
-                      Files* files) {
-  if (HasIncomplete(results)) return files->Fail(kPartSource);
-  const auto file = files->Create(path);
-  if (file == nullptr) return false;
+Status WriteJobListFile(const std::string& path, std::span<const ProgramResult> results,
+                        Files* files) {
+  if (HasIncomplete(results)) return {StatusKind::kPartSource, path};
+  std::string list;
   for (const ProgramResult& result : results) {
     const CutTimeEntry& entry = result.entry;
     std::string line = entry.optionLine;
     ReplaceDirectory(DirectoryOfPath(path, kBackslash), &line);
-    file->Write(EntryText(entry, line));
+    list += EntryText(entry, line);
   }
-  return file->Commit();
+  return WriteWholeFile(files, path, list);
 }
 
-bool WriteJobListFileCopy(const std::string& path, std::span<const ProgramResult> results,
-                          Files* files, std::vector<FailedCopy>* failed) {
-  if (HasIncomplete(results)) return files->Fail(kPartSource);
-  if (FindSameName(path, results)) return false;
-  const auto file = files->Create(path);
-  if (file == nullptr) return false;
+Status WriteJobListFileCopy(const std::string& path, std::span<const ProgramResult> results,
+                            Files* files, std::vector<FailedCopy>* failed) {
+  if (HasIncomplete(results)) return {StatusKind::kPartSource, path};
+  if (FindSameName(path, results)) return {StatusKind::kSameName, path};
+  const Result<std::unique_ptr<OutputFile>> file = files->Create(path);
+  if (!file.ok()) return file.status;
+  std::string list;
   Copier copier(DirectoryOfPath(path, kBackslash), files, failed);
   for (const ProgramResult& result : results) {
     const CutTimeEntry& entry = result.entry;
     std::string line = entry.optionLine;
     copier.CopyMaster(&line);
     const std::string directory = ReplaceDirectory(DirectoryOfPath(path, kBackslash), &line);
-    file->Write(EntryText(entry, line));
+    list += EntryText(entry, line);
     copier.CopyProgram(directory, entry.fileName);
   }
-  return file->Commit();
+  const Status written = file.value->Write(list);
+  return written.ok() ? file.value->Commit() : written;
 }
 
 }  // namespace tvx

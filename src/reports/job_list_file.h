@@ -22,13 +22,13 @@ std::string DriveForm(std::string directory);
 struct FailedCopy {
   std::string source;
   std::string destination;
-  int error = 0;  // why, as Files::LastError
+  Status status;
 };
 
 // Creates or replaces the list file at a full drive path. Each entry gets the directory of the list
-// file, wherever its own file is. Returns false if that fails; an existing file is then unchanged.
-bool WriteJobListFile(const std::string& path, std::span<const ProgramResult> results,
-                      Files* files);
+// file, wherever its own file is. An existing file is unchanged if that fails.
+Status WriteJobListFile(const std::string& path, std::span<const ProgramResult> results,
+                        Files* files);
 
 // Two files that would be copied under one name: the copied list would run one of them twice.
 struct SameName {
@@ -48,8 +48,8 @@ std::vector<std::string> ProgramsToReplace(const std::string& path,
 // existing master model is kept, an existing NC file is replaced; after a failed copy it is
 // unchanged. A master model is copied only under a name that ends in kMasterEnding. Failed copies
 // are appended to *failed, if it is not null, and do not change the list. If the list file cannot
-// be created, or FindSameName finds two files, nothing is written and the result is false.
-bool WriteJobListFileCopy(const std::string& path, std::span<const ProgramResult> results,
-                          Files* files, std::vector<FailedCopy>* failed);
+// be created, or FindSameName finds two files (kSameName), nothing is written.
+Status WriteJobListFileCopy(const std::string& path, std::span<const ProgramResult> results,
+                            Files* files, std::vector<FailedCopy>* failed);
 
 }  // namespace tvx

@@ -134,9 +134,9 @@ class Page {
     Mark("</" + tag.substr(0, tag.find(' ')) + ">");
   }
 
-  bool Finish() {
+  Status Finish() {
     buffer_.Flush();
-    return buffer_.good();
+    return buffer_.status();
   }
 
  private:
@@ -545,14 +545,15 @@ bool IsJobSheet(std::string_view start) {
   return EqualNoCase(start.substr(0, kStart.size()), kStart);
 }
 
-bool WriteJobSheetFile(const std::string& path, std::span<const ProgramResult> results,
-                       int32_t language, Files* files) {
-  if (HasIncomplete(results)) return files->Fail(kPartSource);
-  const std::unique_ptr<OutputFile> file = files->Create(path);
-  if (file == nullptr) return false;
-  const auto page = std::make_unique<Page>(file.get(), language);
+Status WriteJobSheetFile(const std::string& path, std::span<const ProgramResult> results,
+                         int32_t language, Files* files) {
+  if (HasIncomplete(results)) return {StatusKind::kPartSource, path};
+  const Result<std::unique_ptr<OutputFile>> file = files->Create(path);
+  if (!file.ok()) return file.status;
+  const auto page = std::make_unique<Page>(file.value.get(), language);
   AddPage(results, page.get());
-  return page->Finish() && file->Commit();
+  const Status written = page->Finish();
+  return written.ok() ? file.value->Commit() : written;
 }
 
 }  // namespace tvx

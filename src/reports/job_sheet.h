@@ -13,9 +13,9 @@ namespace tvx {
 
 // Creates or replaces the page, UTF-8, in a language of jobs/labels.h: totals, a table of all
 // programs, then for each its picture, times, remarks and conditions, as far as its details are
-// kept. Returns false if that fails; an existing file is then unchanged.
-bool WriteJobSheetFile(const std::string& path, std::span<const ProgramResult> results,
-                       int32_t language, Files* files);
+// kept. An existing file is unchanged if that fails.
+Status WriteJobSheetFile(const std::string& path, std::span<const ProgramResult> results,
+                         int32_t language, Files* files);
 
 // True for the first bytes of such a page, or of another in HTML.
 bool IsJobSheet(std::string_view start);

@@ -82,9 +82,9 @@ void AddTotals(std::span<const ProgramResult> results, uint32_t row, XlsxFile* f
 
 }  // namespace
 
-bool WriteResultWorkbook(const std::string& path, std::span<const ProgramResult> results,
-                         Files* files) {
-  if (HasIncomplete(results)) return files->Fail(kPartSource);
+Status WriteResultWorkbook(const std::string& path, std::span<const ProgramResult> results,
+                           Files* files) {
+  if (HasIncomplete(results)) return {StatusKind::kPartSource, path};
   XlsxFile file;
   uint16_t column = 0;
   for (const char* const title : SpreadsheetTitles()) {

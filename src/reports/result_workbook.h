@@ -11,8 +11,8 @@ namespace tvx {
 
 // Creates or replaces the workbook: the columns of the spreadsheet export, a column with the
 // pictures that the results keep, and a row of totals. The figures of the results stay as they are.
-// Returns false if that fails; an existing file is then unchanged.
-bool WriteResultWorkbook(const std::string& path, std::span<const ProgramResult> results,
-                         Files* files);
+// An existing file is unchanged if that fails.
+Status WriteResultWorkbook(const std::string& path, std::span<const ProgramResult> results,
+                           Files* files);
 
 }  // namespace tvx

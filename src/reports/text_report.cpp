@@ -63,9 +63,9 @@ std::string TextReport(std::span<const ProgramResult> results) {
   return report;
 }
 
-bool WriteTextReportFile(const std::string& path, std::span<const ProgramResult> results,
-                         Files* files) {
-  if (HasIncomplete(results)) return files->Fail(kPartSource);
+Status WriteTextReportFile(const std::string& path, std::span<const ProgramResult> results,
+                           Files* files) {
+  if (HasIncomplete(results)) return {StatusKind::kPartSource, path};
   return WriteWholeFile(files, path, EncodeCp949(TextReport(results)));
 }
 

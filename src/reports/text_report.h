@@ -12,9 +12,8 @@ namespace tvx {
 // The text of the report, UTF-8, lines ended by CR LF; empty for an empty table.
 std::string TextReport(std::span<const ProgramResult> results);
 
-// Creates or replaces the report file. Returns false if that fails; an existing file is then
-// unchanged.
-bool WriteTextReportFile(const std::string& path, std::span<const ProgramResult> results,
-                         Files* files);
+// Creates or replaces the report file. An existing file is unchanged if that fails.
+Status WriteTextReportFile(const std::string& path, std::span<const ProgramResult> results,
+                           Files* files);
 
 }  // namespace tvx

@@ -221,7 +221,7 @@ std::string XlsxFile::Drawing() const {
   return markup + "</xdr:wsDr>";
 }
 
-bool XlsxFile::Write(const std::string& path, Files* files) const {
+Status XlsxFile::Write(const std::string& path, Files* files) const {
   const bool hasPictures = !pictures_.empty();
   const std::string types = kXml + Format(kContentTypes, hasPictures ? kDrawingType : "");
   const std::string start = Relationships({{"officeDocument", "xl/workbook.xml"}});
@@ -250,10 +250,9 @@ bool XlsxFile::Write(const std::string& path, Files* files) const {
     members.push_back({"xl/drawings/_rels/drawing1.xml.rels", drawingParts});
   }
 
-  std::string archive;
-  const int error = PackZip(members, &archive);
-  if (error != 0) return files->Fail(error);
-  return WriteWholeFile(files, path, archive);
+  const Result<std::string> archive = PackZip(members);
+  if (!archive.ok()) return archive.status.For(path);
+  return WriteWholeFile(files, path, archive.value);
 }
 
 }  // namespace tvx

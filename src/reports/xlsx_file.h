@@ -35,9 +35,9 @@ class XlsxFile {
   // The rows above stay in sight.
   void FreezeAbove(uint32_t row) { frozenRows_ = row; }
 
-  // Creates or replaces the file. Equal contents give equal bytes. Returns false if that fails; an
-  // existing file is then unchanged.
-  bool Write(const std::string& path, Files* files) const;
+  // Creates or replaces the file. Equal contents give equal bytes. An existing file is unchanged
+  // if that fails.
+  Status Write(const std::string& path, Files* files) const;
 
  private:
   struct Row {

@@ -13,10 +13,11 @@ namespace {
 
 using Source = std::unique_ptr<zip_source_t, decltype(&zip_source_free)>;
 
-int ErrorNumber(const zip_error_t* error) {
-  if (zip_error_code_zip(error) == ZIP_ER_MEMORY) return ENOMEM;
+Status FailureOf(const zip_error_t* error) {
   const int system = zip_error_code_system(error);
-  return zip_error_system_type(error) == ZIP_ET_SYS && system != 0 ? system : EIO;
+  int reason = zip_error_system_type(error) == ZIP_ET_SYS && system != 0 ? system : EIO;
+  if (zip_error_code_zip(error) == ZIP_ER_MEMORY) reason = ENOMEM;
+  return {StatusKind::kWriteFailed, "", reason};
 }
 
 // The archive holds the bytes only by reference until it is closed.
@@ -35,38 +36,38 @@ bool Add(const ZipMember& member, zip_t* archive) {
          zip_file_set_dostime(archive, added, 0, kFirstDate, 0) == 0;
 }
 
-bool ReadAll(zip_source_t* source, std::string* bytes) {
+Result<std::string> ReadAll(zip_source_t* source) {
+  const auto failure = [source] { return FailureOf(zip_source_error(source)); };
   zip_stat_t status;
-  if (zip_source_stat(source, &status) != 0 || zip_source_open(source) != 0) return false;
-  std::string read(status.size, '\0');
-  const zip_int64_t count = zip_source_read(source, read.data(), read.size());
+  if (zip_source_stat(source, &status) != 0 || zip_source_open(source) != 0) return failure();
+  std::string bytes(status.size, '\0');
+  const zip_int64_t count = zip_source_read(source, bytes.data(), bytes.size());
   zip_source_close(source);
-  if (count != static_cast<zip_int64_t>(read.size())) return false;
-  *bytes = std::move(read);
-  return true;
+  if (count != static_cast<zip_int64_t>(bytes.size())) return failure();
+  return bytes;
 }
 
 }  // namespace
 
-int PackZip(const std::vector<ZipMember>& members, std::string* archive) {
+Result<std::string> PackZip(const std::vector<ZipMember>& members) {
   zip_error_t error;
   zip_error_init(&error);
   const Source buffer(zip_source_buffer_create(nullptr, 0, 0, &error), zip_source_free);
-  if (buffer == nullptr) return ErrorNumber(&error);
+  if (buffer == nullptr) return FailureOf(&error);
   zip_source_keep(buffer.get());  // the archive releases its reference when it is closed
   zip_t* const zip = zip_open_from_source(buffer.get(), ZIP_CREATE | ZIP_TRUNCATE, &error);
   if (zip == nullptr) {
     zip_source_free(buffer.get());
-    return ErrorNumber(&error);
+    return FailureOf(&error);
   }
   bool good = true;
   for (const ZipMember& member : members) good = good && Add(member, zip);
   if (!good || zip_close(zip) != 0) {
-    const int number = ErrorNumber(zip_get_error(zip));
+    Status failure = FailureOf(zip_get_error(zip));
     zip_discard(zip);
-    return number;
+    return failure;
   }
-  return ReadAll(buffer.get(), archive) ? 0 : ErrorNumber(zip_source_error(buffer.get()));
+  return ReadAll(buffer.get());
 }
 
 }  // namespace tvx

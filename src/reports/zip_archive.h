@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/status.h"
+
 namespace tvx {
 
 struct ZipMember {
@@ -13,8 +15,8 @@ struct ZipMember {
   bool isCompressed = true;  // PNG pictures are compressed already
 };
 
-// Packs the members in their order, without times of day. Returns 0, or an errno value; *archive is
-// then unchanged.
-int PackZip(const std::vector<ZipMember>& members, std::string* archive);
+// Packs the members in their order, without times of day. Fails with kWriteFailed and a reason of
+// the system.
+Result<std::string> PackZip(const std::vector<ZipMember>& members);
 
 }  // namespace tvx

@@ -2,7 +2,6 @@
 #include "session/application.h"
 
 #include <algorithm>
-#include <cerrno>
 
 #include "settings/lists.h"
 
@@ -19,23 +18,19 @@ CTVXApp::CTVXApp(Files* theFiles, UserInterface* theUi, Programs* thePrograms,
 int CTVXApp::InitApplication(int32_t language) {
   LabelLanguage = sendOptions.labelLanguage = language;
   const std::string& directory = configuration.EnvDir;
-  if (!ReadConfiguration(&configuration, files)) NoteUnread(ConfigurationPath(configuration));
-  if (!ReadExtensionList(directory, &ExtensionList, files)) {
-    NoteUnread(ExtensionListPath(directory));
-  }
-  if (!ReadDirectoryList(directory, &DirectoryList, files)) {
-    NoteUnread(DirectoryListPath(directory));
-  }
-  if (!ReadUserKeys(directory, &UserKeys, files)) NoteUnread(UserKeyPath(directory));
+  NoteUnread(ReadConfiguration(&configuration, files));
+  NoteUnread(ReadExtensionList(directory, &ExtensionList, files));
+  NoteUnread(ReadDirectoryList(directory, &DirectoryList, files));
+  NoteUnread(ReadUserKeys(directory, &UserKeys, files));
   return 1;
 }
 
-void CTVXApp::NoteUnread(const std::string& path) {
-  const int error = files->LastError();
-  const bool isNoted = std::any_of(unread.begin(), unread.end(),
-                                   [&](const UnreadFile& file) { return file.path == path; });
-  // ENOTDIR: a folder of its path is a file, so it cannot be there.
-  if (error != ENOENT && error != ENOTDIR && !isNoted) unread.push_back({path, error});
+void CTVXApp::NoteUnread(const Status& read) {
+  if (read.ok() || read.kind() == StatusKind::kMissing) return;
+  const bool isNoted = std::any_of(unread.begin(), unread.end(), [&](const Status& other) {
+    return other.path() == read.path();
+  });
+  if (!isNoted) unread.push_back(read);
 }
 
 }  // namespace tvx

@@ -23,12 +23,6 @@
 
 namespace tvx {
 
-// A file of settings that is there and could not be read: its values are the defaults.
-struct UnreadFile {
-  std::string path;
-  int error = 0;  // as Files::LastError
-};
-
 // One per process.
 class CTVXApp {
  public:
@@ -41,8 +35,8 @@ class CTVXApp {
   // noted. Returns 1.
   int InitApplication(int32_t language = kKoreanLabels);
 
-  // Notes a file whose reading has just failed, unless it is missing.
-  void NoteUnread(const std::string& path);
+  // Notes a file of settings that could not be read, unless it is missing.
+  void NoteUnread(const Status& read);
 
   Files* const files;
   UserInterface* const ui;
@@ -50,8 +44,9 @@ class CTVXApp {
   Spreadsheets* const spreadsheets;
 
   int32_t LabelLanguage = kKoreanLabels;
-  // To be reported by whoever started the application or opened a view, which then clears it.
-  std::vector<UnreadFile> unread;
+  // Files of settings that are there and could not be read: their values are the defaults. To be
+  // reported by whoever started the application or opened a view, which then clears it.
+  std::vector<Status> unread;
   Configuration configuration;
   std::vector<std::string> ExtensionList;
   std::vector<std::string> DirectoryList;

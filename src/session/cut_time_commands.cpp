@@ -17,22 +17,27 @@ std::string PictureName(const CutTimeEntry& result) {
   return result.fileName + ".emf";
 }
 
-RecordResult RecordProgramResult(ProgramResult result, const Scene& scene, Files* files,
-                                 ResultTable* results) {
-  if (results->IsFull()) return RecordResult::kTableFull;
+Status RecordProgramResult(ProgramResult result, const Scene& scene, Files* files,
+                           ResultTable* results) {
+  if (results->IsFull()) return StatusKind::kTableFull;
   CutTimeEntry& entry = result.entry;
   entry.pictureName.clear();
-  bool drawn = true;
+  Status drawn;
   if (scene.job->MetafileCreateChk == 1 && !entry.fileName.empty()) {
     entry.pictureName = PictureName(entry);
     const WorkScope work(scene.progress, Work::kWritePicture, entry.pictureName);
-    drawn = !result.isIncomplete && WritePictureFile(PictureFormat::kMetafile, entry.pictureName,
-                                                     scene, files, /*isSynced=*/false);
-    if (scene.progress->IsStopped()) return RecordResult::kStopped;
+    drawn = result.isIncomplete ? Status(StatusKind::kPartSource, entry.pictureName)
+                                : WritePictureFile(PictureFormat::kMetafile, entry.pictureName,
+                                                   scene, files, /*isSynced=*/false);
+    if (scene.progress->IsStopped()) return {StatusKind::kStopped, entry.pictureName};
   }
   results->recorded.push_back(std::move(result));
   results->isReported = false;
-  return drawn ? RecordResult::kRecorded : RecordResult::kPictureFailed;
+  return drawn;
+}
+
+bool IsRecorded(const Status& record) {
+  return record.kind() != StatusKind::kTableFull && record.kind() != StatusKind::kStopped;
 }
 
 namespace {
@@ -75,7 +80,7 @@ void OfferMaster(CTVXView* view) {
     message.buttons = MessageButtons::kYesNo;
   }
   if (!app->ui->ShowMessage(message) || message.buttons == MessageButtons::kOk) return;
-  ShowFailure(ReadMasterFile(path, &view->masterGrid, app->files), path, app->ui);
+  ShowMasterUnread(ReadMasterFile(path, &view->masterGrid, app->files), path, app->ui);
 }
 
 }  // namespace
@@ -96,16 +101,16 @@ void SingleCutTimeCommand(CTVXView* view) {
   result->check = view->check.Keep();
   AddWanted(ProgramWorkOf(view), view->wanted, &*result);
   const CutTimeEntry entry = result->entry;
-  const RecordResult recorded =
+  const Status recorded =
       RecordProgramResult(std::move(*result), SceneOf(view), app->files, &view->results);
-  if (recorded == RecordResult::kTableFull) {
+  if (recorded.kind() == StatusKind::kTableFull) {
     ShowTableFull(app->ui);
   } else if (view->job.MetafileCreateChk != 1) {
     return;
   } else if (entry.fileName.empty()) {
     app->ui->ShowStatus("프로그램이 없어서 그림화일을 만들지 않았습니다.");
   } else {
-    ShowWritten(recorded == RecordResult::kRecorded,
+    ShowWritten(recorded,
                 AbsoluteDrivePath(app->files->CurrentDirectory(), PictureName(entry)), app->ui);
   }
 }

@@ -4,6 +4,8 @@
 #include "session/job_list_run.h"
 
 #include "jobs/option_line.h"
+#include "master/master_build.h"
+#include "master/master_file.h"
 #include "platform/files/drives.h"
 #include "platform/files/user_files.h"
 #include "session/cut_time_commands.h"
@@ -29,18 +31,31 @@ class RunMessages final : public RunObserver {
  public:
   RunMessages(const NcProgram* program, UserInterface* ui) : program_(*program), ui_(ui) {}
 
-  void OnLoadFailed(const std::string& path, LoadResult result) override {
-    ShowFailure(result, program_, path, ui_);
+  void OnLoadFailed(const std::string& path, const Status& load) override {
+    ShowLoadFailure(load, program_, path, ui_);
   }
   void OnMasterFailed(const std::string& path, const MasterOutcome& outcome) override {
-    ShowFailure(outcome.load, program_, ProgramOfMaster(path), ui_);
-    ShowFailure(outcome.build, ui_);
-    ShowFailure(outcome.file, path, ui_);
+    switch (outcome.step) {
+      case MasterStep::kRead:
+        ShowMasterUnread(outcome.status, path, ui_);
+        break;
+      case MasterStep::kLoad:
+        ShowLoadFailure(outcome.status, program_, ProgramOfMaster(path), ui_);
+        break;
+      case MasterStep::kBuild:
+        ShowBuildFailure(outcome.status, ui_);
+        break;
+      case MasterStep::kWrite:
+        ShowMasterUnwritten(outcome.status, path, ui_);
+        break;
+    }
   }
   void OnMasterBuilt(const std::string& path) override {
     ui_->ShowStatus("마스터 모델을 만들었습니다.", path);
   }
-  void OnPictureFailed(const std::string& path) override { ShowWritten(false, path, ui_); }
+  void OnPictureFailed(const std::string& path, const Status& written) override {
+    ShowWritten(written, path, ui_);
+  }
   void OnTableFull() override { ShowTableFull(ui_); }
   void OnStopped(const RunEnd& end) override { ui_->ShowStatus(StoppedText(end)); }
 
@@ -75,24 +90,23 @@ MasterOutcome LoadOrBuildMaster(const std::string& path, CTVXView* view, RunObse
   const std::string masterPath =
       NormalDrivePath(AbsoluteDrivePath(master.files->CurrentDirectory(), path));
   if (master.files->Exists(masterPath)) {
-    return {.file = ReadMasterFile(masterPath, master.grid, master.files)};
+    return {ReadMasterFile(masterPath, master.grid, master.files), MasterStep::kRead};
   }
   // The list names the file to be written, and may come from elsewhere.
   if (!IsMasterName(masterPath)) {
-    master.files->Fail(kRefusedName);
-    return {.file = MasterFileResult::kCannotWrite};
+    return {{StatusKind::kRefusedName, masterPath}, MasterStep::kWrite};
   }
-  MasterOutcome outcome;
   const std::string program = ProgramOfMaster(masterPath);
   observer->OnLoad(program);
-  outcome.load = LoadFile(view, program);
-  if (outcome.Succeeded()) outcome.build = BuildAndShowMaster(master);
-  if (outcome.Succeeded()) outcome.file = WriteMasterFile(masterPath, *master.grid, master.files);
-  if (outcome.Succeeded()) {
-    master.grid->path = masterPath;
-    observer->OnMasterBuilt(path);
-  }
-  return outcome;
+  const Status loaded = LoadFile(view, program);
+  if (!loaded.ok()) return {loaded, MasterStep::kLoad};
+  const Status built = BuildAndShowMaster(master);
+  if (!built.ok()) return {built, MasterStep::kBuild};
+  const Status written = WriteMasterFile(masterPath, *master.grid, master.files);
+  if (!written.ok()) return {written, MasterStep::kWrite};
+  master.grid->path = masterPath;
+  observer->OnMasterBuilt(path);
+  return {};
 }
 
 // Everything that happens to one entry, from its line to its result. Returns false if the user
@@ -111,19 +125,18 @@ bool RunEntry(const std::string& name, const std::string& line, CTVXView* view, 
     state->lastMaster = job.AfaMasterFile;
     const MasterOutcome outcome = LoadOrBuildMaster(state->lastMaster, view, observer);
     if (progress.IsStopped()) return false;
-    const bool isUnread = outcome.file == MasterFileResult::kCannotOpen &&
-                          IsReadFailure(view->app->files->LastError());
-    const bool isPart = outcome.load != LoadResult::kLoaded && view->program.isIncomplete;
+    const bool isUnread = outcome.step == MasterStep::kRead && outcome.status.IsReadFailure();
+    const bool isPart = outcome.step == MasterStep::kLoad && view->program.isIncomplete;
     state->isIncomplete = state->isIncomplete || isUnread || isPart;
-    if (!outcome.Succeeded()) observer->OnMasterFailed(state->lastMaster, outcome);
+    if (!outcome.status.ok()) observer->OnMasterFailed(state->lastMaster, outcome);
   }
 
   auto check = observer->OnLoad(path);
-  const LoadResult loaded = LoadFile(view, path);
+  const Status loaded = LoadFile(view, path);
   if (progress.IsStopped()) return false;
   state->isIncomplete = view->program.isIncomplete =
       view->program.isIncomplete || state->isIncomplete;
-  if (loaded != LoadResult::kLoaded) observer->OnLoadFailed(path, loaded);
+  if (!loaded.ok()) observer->OnLoadFailed(path, loaded);
 
   if (check == nullptr) check = view->check.Keep();
   auto result = EvaluateAndShow(
@@ -132,16 +145,16 @@ bool RunEntry(const std::string& name, const std::string& line, CTVXView* view, 
   result->entry.fileName = name;
   result->entry.optionLine = line;
   result->entry.dirName = directory;
-  const RecordResult recorded =
+  const Status recorded =
       RecordProgramResult(std::move(*result), SceneOf(view), view->app->files, &view->results);
-  if (recorded == RecordResult::kStopped) return false;
+  if (recorded.kind() == StatusKind::kStopped) return false;
   view->lastRun = {view->program.source.path, directory, line};
-  if (recorded == RecordResult::kTableFull) {
+  if (!IsRecorded(recorded)) {
     observer->OnTableFull();
     return true;
   }
   const ProgramResult& last = view->results.recorded.back();
-  if (recorded == RecordResult::kPictureFailed) observer->OnPictureFailed(last.entry.pictureName);
+  if (!recorded.ok()) observer->OnPictureFailed(last.entry.pictureName, recorded);
   observer->OnRecorded(path, last);
   return true;
 }
@@ -184,7 +197,7 @@ void RunJobList(CTVXView* view) {
                .spindleSpeed = SpindleSpeedOf(*app),
                .labelLanguage = app->LabelLanguage});
   if (!app->ui->RunModal(&dialog)) {
-    app->files->SetCurrentDirectory(directory);
+    static_cast<void>(app->files->SetCurrentDirectory(directory));
     return;
   }
 

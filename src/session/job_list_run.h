@@ -5,25 +5,18 @@
 #include <memory>
 #include <string>
 
+#include "base/status.h"
 #include "evaluate/program_result.h"
-#include "master/master_build.h"
-#include "master/master_file.h"
-#include "model/loader.h"
 #include "session/tvx_view.h"
 
 namespace tvx {
 
-// The master model of an entry is read from its file, or built from an NC file and written. The
-// first step that fails ends this.
+// The master model of an entry is read from its file or, if that is missing, built from an NC file
+// and written. The first step that fails ends this.
+enum class MasterStep { kRead, kLoad, kBuild, kWrite };
 struct MasterOutcome {
-  LoadResult load = LoadResult::kLoaded;
-  BuildResult build = BuildResult::kBuilt;
-  MasterFileResult file = MasterFileResult::kDone;
-
-  bool Succeeded() const {
-    return load == LoadResult::kLoaded && build == BuildResult::kBuilt &&
-           file == MasterFileResult::kDone;
-  }
+  Status status;
+  MasterStep step = MasterStep::kRead;  // that failed, if one has
 };
 
 // Callbacks of a run. None of them stops it; only the progress does.
@@ -37,7 +30,7 @@ class RunObserver {
   virtual std::shared_ptr<const FileCheck> OnLoad(const std::string& /*path*/) { return nullptr; }
   // A file of the list could not be loaded. The entry is recorded with the moves in the store;
   // there are none if the file could not be opened.
-  virtual void OnLoadFailed(const std::string& /*path*/, LoadResult /*result*/) {}
+  virtual void OnLoadFailed(const std::string& /*path*/, const Status& /*load*/) {}
   // A master model could not be read, built or written. One that was built is used all the same.
   virtual void OnMasterFailed(const std::string& /*path*/, const MasterOutcome& /*outcome*/) {}
   // A master model was missing, and was built and written.
@@ -45,7 +38,7 @@ class RunObserver {
   // An entry was recorded.
   virtual void OnRecorded(const std::string& /*path*/, const ProgramResult& /*result*/) {}
   // The picture of an entry that was recorded could not be written into the current directory.
-  virtual void OnPictureFailed(const std::string& /*name*/) {}
+  virtual void OnPictureFailed(const std::string& /*name*/, const Status& /*written*/) {}
   // The user stopped the run after so many of its entries, which are recorded.
   virtual void OnStopped(const RunEnd& /*end*/) {}
   // An entry could not be recorded.

@@ -19,23 +19,20 @@ bool ChooseMasterFile(const MasterContext& context, bool save, std::string* path
   return context.ui->ChooseFile(question, path);
 }
 
-// Why a program gives no model; null for a result that is no refusal.
-const char* RefusalText(BuildResult result) {
-  switch (result) {
-    case BuildResult::kFewBlocks:
+// Why a program gives no model; null for what is no refusal.
+const char* RefusalText(const Status& build) {
+  switch (build.kind()) {
+    case StatusKind::kFewBlocks:
       return "마스터 모델을 만들 수 없습니다: 프로그램이 너무 짧습니다.";
-    case BuildResult::kNoCut:
+    case StatusKind::kNoCut:
       return "마스터 모델을 만들 수 없습니다: 직선 절삭이 없습니다.";
-    case BuildResult::kTooWide:
+    case StatusKind::kTooWide:
       return "마스터 모델을 만들 수 없습니다: 가공 범위가 너무 넓습니다.";
-    case BuildResult::kSizes:
+    case StatusKind::kBadSizes:
       return "마스터 모델을 만들 수 없습니다: 공차가 맞지 않습니다.";
-    case BuildResult::kBuilt:
-    case BuildResult::kNoMemory:
-    case BuildResult::kStopped:
-      break;
+    default:
+      return nullptr;
   }
-  return nullptr;
 }
 
 // The picture of the model is in the store.
@@ -51,21 +48,21 @@ MasterContext MasterContextOf(CTVXView* view) {
           &view->view.RapidVisible, view->app->files,  view->app->ui};
 }
 
-BuildResult BuildAndShowMaster(const MasterContext& context) {
+Status BuildAndShowMaster(const MasterContext& context) {
   Progress* const progress = context.ui->LongWork();
   const WorkScope work(progress, Work::kBuildMaster, context.program->source.path);
-  const BuildResult result = BuildMaster(*context.dialog, context.program, context.grid, progress);
-  if (result == BuildResult::kBuilt) ShowWithoutRapids(context);
-  return result;
+  const Status built = BuildMaster(*context.dialog, context.program, context.grid, progress);
+  if (built.ok()) ShowWithoutRapids(context);
+  return built;
 }
 
 void MakeMasterCommand(const MasterContext& context) {
   CMasterDlg edited = *context.dialog;
   if (!context.ui->RunModal(&edited)) return;
   *context.dialog = edited;
-  const BuildResult result = BuildAndShowMaster(context);
-  ShowFailure(result, context.ui);
-  const char* const refusal = RefusalText(result);
+  const Status built = BuildAndShowMaster(context);
+  ShowBuildFailure(built, context.ui);
+  const char* const refusal = RefusalText(built);
   if (refusal != nullptr) context.ui->ShowStatus(refusal);
 }
 
@@ -84,23 +81,23 @@ void SaveMasterCommand(const MasterContext& context) {
   std::string path;
   if (!ChooseMasterFile(context, true, &path)) return;
   if (!MayReplace(path, IsMasterFile, context.files, context.ui)) return;
-  const MasterFileResult result = WriteMasterFile(path, *context.grid, context.files);
-  if (result == MasterFileResult::kNoModel) {
+  const Status written = WriteMasterFile(path, *context.grid, context.files);
+  if (written.kind() == StatusKind::kNoContent) {
     context.ui->ShowStatus("저장할 마스터 모델이 없습니다.");
-  } else if (result == MasterFileResult::kDone) {
+  } else if (written.ok()) {
     context.grid->path = path;
-    ShowWritten(true, path, context.ui);
+    ShowWritten(written, path, context.ui);
   }
-  ShowFailure(result, path, context.ui);
+  ShowMasterUnwritten(written, path, context.ui);
 }
 
 void LoadMasterCommand(const MasterContext& context) {
   std::string path;
   if (!ChooseMasterFile(context, false, &path)) return;
   DropMaster(context.grid);
-  const MasterFileResult result = ReadMasterFile(path, context.grid, context.files);
-  ShowFailure(result, path, context.ui);
-  if (result != MasterFileResult::kDone) return;
+  const Status read = ReadMasterFile(path, context.grid, context.files);
+  ShowMasterUnread(read, path, context.ui);
+  if (!read.ok()) return;
   ShowMaster(*context.grid, context.program);
   ShowWithoutRapids(context);
 }

@@ -28,7 +28,7 @@ MasterContext MasterContextOf(CTVXView* view);
 
 // Builds the model from the program in the store with the values of the dialog (BuildMaster). A
 // model that was built is shown at once, without rapids.
-BuildResult BuildAndShowMaster(const MasterContext& context);
+Status BuildAndShowMaster(const MasterContext& context);
 
 // Asks for the input of a build and builds the model from the program in the store. The input is
 // kept only if the user accepts it. The status line shows why a program gives no model.

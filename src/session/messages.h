@@ -3,22 +3,22 @@
 
 #include <string>
 
-#include "master/master_build.h"
-#include "master/master_file.h"
-#include "model/loader.h"
+#include "base/status.h"
+#include "model/nc_program.h"
 #include "platform/user_interface.h"
 
 namespace tvx {
 
 class CTVXApp;
 
-// Each shows the message of a failure and nothing for any other result. No message is defined for a
-// full store, a refused build and a missing model to write. A path goes to the status line, where
-// it remains after the message. `program` is what the load left.
-void ShowFailure(LoadResult result, const NcProgram& program, const std::string& path,
-                 UserInterface* ui);
-void ShowFailure(BuildResult result, UserInterface* ui);
-void ShowFailure(MasterFileResult result, const std::string& path, UserInterface* ui);
+// Each shows the message of a failure and nothing for what is done. There is no message for a
+// refused build and a missing model to write. A path goes to the status line, where it
+// remains after the message. `program` is what the load left.
+void ShowLoadFailure(const Status& load, const NcProgram& program, const std::string& path,
+                     UserInterface* ui);
+void ShowBuildFailure(const Status& build, UserInterface* ui);
+void ShowMasterUnread(const Status& read, const std::string& path, UserInterface* ui);
+void ShowMasterUnwritten(const Status& written, const std::string& path, UserInterface* ui);
 
 // The files of settings that the application has noted as unread; clears the notes.
 void ShowUnread(CTVXApp* app);

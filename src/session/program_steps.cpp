@@ -24,11 +24,11 @@ Scene SceneOf(CTVXView* view) {
   return {&view->program, &view->job, &view->view, view->app->ui->LongWork()};
 }
 
-LoadResult LoadFile(CTVXView* view, const std::string& path) {
-  const LoadResult result = ReadProgram(path, ProgramWorkOf(view));
+Status LoadFile(CTVXView* view, const std::string& path) {
+  const Status loaded = ReadProgram(path, ProgramWorkOf(view));
   view->filePath = view->program.source.path.empty() ? "" : path;
   view->fileName = NameOfPath(view->filePath, kAnySlash);
-  return result;
+  return loaded;
 }
 
 std::optional<ProgramResult> EvaluateAndShow(CTVXView* view, Evaluation evaluation) {

@@ -17,7 +17,7 @@ Scene SceneOf(CTVXView* view);
 
 // Loads an NC file, by its drive path or relative to the current directory. The path and the name
 // in it become the current file of the window; a file that cannot be opened leaves none.
-LoadResult LoadFile(CTVXView* view, const std::string& path);
+Status LoadFile(CTVXView* view, const std::string& path);
 
 // Evaluates the program of a window, which shows the whole path as soon as the feeds are in force.
 std::optional<ProgramResult> EvaluateAndShow(CTVXView* view, Evaluation evaluation);

@@ -27,17 +27,10 @@ void CTVXView::SetDefaults() {
 
 void CTVXView::ReadFiles() {
   const std::string& environmentDir = app->configuration.EnvDir;
-  const std::string condition = DefaultConditionPath(environmentDir);
-  if (ReadParameterFile(environmentDir, &job, app->files) != SettingsResult::kDone) {
-    app->NoteUnread(ParameterPath(environmentDir));
-  }
-  if (!ReadExtensionList(environmentDir, &app->ExtensionList, app->files)) {
-    app->NoteUnread(ExtensionListPath(environmentDir));
-  }
-  if (ReadConditionFile(condition, &job, &app->rememberedSpindle, app->files) !=
-      SettingsResult::kDone) {
-    app->NoteUnread(condition);
-  }
+  app->NoteUnread(ReadParameterFile(environmentDir, &job, app->files));
+  app->NoteUnread(ReadExtensionList(environmentDir, &app->ExtensionList, app->files));
+  app->NoteUnread(ReadConditionFile(DefaultConditionPath(environmentDir), &job,
+                                    &app->rememberedSpindle, app->files));
 }
 
 }  // namespace tvx

@@ -27,7 +27,8 @@ bool CreateIfMissing(const std::string& path, const CTVXApp& app) {
                             .buttons = MessageButtons::kYesNo})) {
     return false;
   }
-  app.files->OpenOrCreateForReading(path);  // if this fails, so does the load, which shows it
+  // If this fails, so does the load, which shows it.
+  static_cast<void>(app.files->OpenOrCreateForReading(path));
   return true;
 }
 
@@ -43,7 +44,7 @@ void Load(CTVXView* view, int /*argument*/) {
                               .acceptLabel = "불러오기",
                               .opens = true};
   if (!view->app->ui->ChooseFile(question, &path)) return;
-  if (CreateIfMissing(path, *view->app)) LoadProgram(view, path);
+  if (CreateIfMissing(path, *view->app)) static_cast<void>(LoadProgram(view, path));
 }
 
 // Only the name of the chosen path is used: the picture is written into the current directory.
@@ -58,7 +59,7 @@ void MakePicture(CTVXView* view, int /*argument*/) {
   const std::string name = NameOfPath(path, kAnySlash);
   if (!MayReplace(name, IsMetafile, view->app->files, view->app->ui)) return;
   const WorkScope work(view->app->ui->LongWork(), Work::kWritePicture, name);
-  const bool written =
+  const Status written =
       WritePictureFile(PictureFormat::kMetafile, name, SceneOf(view), view->app->files);
   ShowWritten(written, AbsoluteDrivePath(view->app->files->CurrentDirectory(), name),
               view->app->ui);
@@ -145,14 +146,14 @@ void TakeFormatOfEnding(const std::string& path, CTVXView* view) {
 
 }  // namespace
 
-LoadResult LoadProgram(CTVXView* view, const std::string& path) {
+Status LoadProgram(CTVXView* view, const std::string& path) {
   TakeFormatOfEnding(path, view);
-  const LoadResult result = LoadFile(view, path);
-  ShowFailure(result, view->program, path, view->app->ui);
-  if (IsLoaded(result)) ++view->loads;
+  const Status loaded = LoadFile(view, path);
+  ShowLoadFailure(loaded, view->program, path, view->app->ui);
+  if (IsLoaded(loaded)) ++view->loads;
   FitToPath(&view->view.transform, &view->program.store);
   view->app->ui->Repaint();
-  return result;
+  return loaded;
 }
 
 void OpenCommandPad(CTVXView* view) {

@@ -28,7 +28,7 @@ void RunViewCommand(CTVXView* view, CommandId id);
 
 // Loads an NC file as LoadFile does, and shows it, or the message of a failure. Returns what the
 // load returned.
-LoadResult LoadProgram(CTVXView* view, const std::string& path);
+Status LoadProgram(CTVXView* view, const std::string& path);
 
 // A press of the left button in the picture: opens the command pad and runs what was chosen on it.
 void OpenCommandPad(CTVXView* view);

@@ -2,8 +2,6 @@
 
 #include "settings/configuration.h"
 
-#include <cerrno>
-
 #include "base/scan.h"
 #include "base/text.h"
 #include "platform/files/user_files.h"
@@ -63,23 +61,22 @@ std::span<const ConfigurationField> ConfigurationFields() {
   return kFields;
 }
 
-bool ReadConfiguration(Configuration* configuration, Files* files) {
+Status ReadConfiguration(Configuration* configuration, Files* files) {
   *configuration = {};
-  std::string bytes;
-  if (ReadSettings(files, ConfigurationPath(*configuration), &bytes)) {
-    TakePairs(bytes, configuration);
-    return true;
+  const std::string path = ConfigurationPath(*configuration);
+  const Result<std::string> bytes = ReadSettings(files, path);
+  if (bytes.ok()) {
+    TakePairs(bytes.value, configuration);
+    return {};
   }
-  const int error = files->LastError();
   for (const ConfigurationField& field : kFields) configuration->*field.value = field.initial;
-  if (error == ENOENT) {
-    WriteWholeFile(files, ConfigurationPath(*configuration),
-                   EncodeCp949(FirstStartText(*configuration)));
+  if (bytes.status.kind() == StatusKind::kMissing) {
+    static_cast<void>(WriteWholeFile(files, path, EncodeCp949(FirstStartText(*configuration))));
   }
-  return files->Fail(error);
+  return bytes.status;
 }
 
-bool SaveConfiguration(const Configuration& configuration, Files* files) {
+Status SaveConfiguration(const Configuration& configuration, Files* files) {
   return WriteWholeFile(files, ConfigurationPath(configuration),
                         EncodeCp949(SavedText(configuration)));
 }
@@ -95,9 +92,9 @@ void EditConfiguration(Configuration* configuration, Files* files, UserInterface
   CDirSetupDlg dialog(ui);
   dialog.values = *configuration;
   if (!ui->RunModal(&dialog)) return;
-  const bool written = SaveConfiguration(dialog.values, files);
+  const Status written = SaveConfiguration(dialog.values, files);
   ShowWritten(written, ConfigurationPath(dialog.values), ui);
-  if (!written) ShowCannotOpen(ui);
+  if (!written.ok()) ShowCannotOpen(ui);
   *configuration = dialog.values;
 }
 

@@ -34,13 +34,13 @@ std::span<const ConfigurationField> ConfigurationFields();
 
 std::string ConfigurationPath(const Configuration& configuration);
 
-// Reads the configuration. A key that is missing in the file leaves its value empty. Returns false,
-// with the reason as Files::LastError, if that fails: the values are then the initial ones. A file
-// that is missing (ENOENT) is created with them, which may fail; no other file is touched.
-bool ReadConfiguration(Configuration* configuration, Files* files);
+// Reads the configuration. A key that is missing in the file leaves its value empty. If the file
+// cannot be read, the values are the initial ones. A file that is missing is created with them,
+// which may fail; no other file is touched.
+Status ReadConfiguration(Configuration* configuration, Files* files);
 
-// Creates or replaces the file. Returns false, with an older file as it was, if that fails.
-bool SaveConfiguration(const Configuration& configuration, Files* files);
+// Creates or replaces the file. An older file stays as it was if that fails.
+Status SaveConfiguration(const Configuration& configuration, Files* files);
 
 // The settings dialog, on a copy of the configuration.
 class CDirSetupDlg : public Dialog {

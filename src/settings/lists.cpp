@@ -18,14 +18,14 @@ namespace {
 const char* const kStandardMasks[] = {"*.*", "*.nc", "*.hnc", "*.ppp", "*.ppp", "*.tap", "*.tif"};
 
 // Fills the elements from 0 on; words beyond the last element are not read.
-bool ReadWordList(const std::string& path, std::vector<std::string>* list, Files* files) {
-  std::string bytes;
-  if (!ReadSettings(files, path, &bytes)) return false;
-  WordScanner words(bytes);
+Status ReadWordList(const std::string& path, std::vector<std::string>* list, Files* files) {
+  const Result<std::string> bytes = ReadSettings(files, path);
+  if (!bytes.ok()) return bytes.status;
+  WordScanner words(bytes.value);
   for (std::string& element : *list) {
     if (!ReadShortWord(&words, &element)) break;
   }
-  return true;
+  return {};
 }
 
 std::vector<std::string> NotEmpty(const std::vector<std::string>& lines) {
@@ -35,8 +35,8 @@ std::vector<std::string> NotEmpty(const std::vector<std::string>& lines) {
   return result;
 }
 
-bool SaveDirectoryList(const std::string& environmentDir, const std::vector<std::string>& lines,
-                       Files* files) {
+Status SaveDirectoryList(const std::string& environmentDir, const std::vector<std::string>& lines,
+                         Files* files) {
   std::string text;
   for (const std::string& line : lines) text += line + "\r\n";
   return WriteWholeFile(files, DirectoryListPath(environmentDir), EncodeCp949(text));
@@ -52,16 +52,16 @@ std::string DirectoryListPath(const std::string& environmentDir) {
   return environmentDir + "\\dirlist.txt";
 }
 
-bool ReadExtensionList(const std::string& environmentDir, std::vector<std::string>* list,
-                       Files* files) {
+Status ReadExtensionList(const std::string& environmentDir, std::vector<std::string>* list,
+                         Files* files) {
   list->resize(kExtensions);
-  if (ReadWordList(ExtensionListPath(environmentDir), list, files)) return true;
-  std::copy(std::begin(kStandardMasks), std::end(kStandardMasks), list->begin());
-  return false;
+  Status read = ReadWordList(ExtensionListPath(environmentDir), list, files);
+  if (!read.ok()) std::copy(std::begin(kStandardMasks), std::end(kStandardMasks), list->begin());
+  return read;
 }
 
-bool ReadDirectoryList(const std::string& environmentDir, std::vector<std::string>* list,
-                       Files* files) {
+Status ReadDirectoryList(const std::string& environmentDir, std::vector<std::string>* list,
+                         Files* files) {
   list->resize(kDirectories);
   return ReadWordList(DirectoryListPath(environmentDir), list, files);
 }
@@ -103,9 +103,9 @@ void EditDirectoryList(const std::string& environmentDir, std::vector<std::strin
   CDirListDlg dialog(ui);
   dialog.lines = NotEmpty(*list);
   if (!ui->RunModal(&dialog)) return;
-  const bool written = SaveDirectoryList(environmentDir, dialog.lines, files);
+  const Status written = SaveDirectoryList(environmentDir, dialog.lines, files);
   ShowWritten(written, DirectoryListPath(environmentDir), ui);
-  if (!written) {
+  if (!written.ok()) {
     ShowCannotOpen(ui);
     return;
   }

@@ -19,15 +19,15 @@ std::string ExtensionListPath(const std::string& environmentDir);
 std::string DirectoryListPath(const std::string& environmentDir);
 
 // Reads fileext.txt over the list, which gets kExtensions elements. No element is cleared first, so
-// the tail of a longer list stays. Returns false if the file cannot be read; the list then starts
-// with the seven standard masks.
-bool ReadExtensionList(const std::string& environmentDir, std::vector<std::string>* list,
-                       Files* files);
+// the tail of a longer list stays. If the file cannot be read, the list starts with the seven
+// standard masks.
+Status ReadExtensionList(const std::string& environmentDir, std::vector<std::string>* list,
+                         Files* files);
 
-// Reads dirlist.txt over the list, which gets kDirectories elements. Returns false, with the
-// elements as they were, if the file cannot be read.
-bool ReadDirectoryList(const std::string& environmentDir, std::vector<std::string>* list,
-                       Files* files);
+// Reads dirlist.txt over the list, which gets kDirectories elements. They stay as they were if the
+// file cannot be read.
+Status ReadDirectoryList(const std::string& environmentDir, std::vector<std::string>* list,
+                         Files* files);
 
 // The entries of a list, up to its first empty element.
 std::vector<std::string> ListEntries(const std::vector<std::string>& list);

@@ -64,10 +64,9 @@ void COptionDlg::EditNcdataExt(std::string_view text) {
 }
 
 void COptionDlg::Save() {
-  const bool written =
-      WriteParameterFile(environmentDirectory_, own, files_) == SettingsResult::kDone;
+  const Status written = WriteParameterFile(environmentDirectory_, own, files_);
   ShowWritten(written, ParameterPath(environmentDirectory_), ui_);
-  if (!written) ShowCannotOpen(ui_);
+  if (!written.ok()) ShowCannotOpen(ui_);
 }
 
 Closing COptionDlg::Accept() {

@@ -34,23 +34,19 @@ std::string ParameterPath(const std::string& environmentDir) {
   return environmentDir + "\\tvx.par";
 }
 
-SettingsResult ReadParameterFile(const std::string& environmentDir, JobRecord* record,
-                                 Files* files) {
-  std::string bytes;
-  if (!ReadSettings(files, ParameterPath(environmentDir), &bytes)) {
-    return SettingsResult::kCannotOpen;
-  }
-  const std::string text = DecodeCp949(bytes);
+Status ReadParameterFile(const std::string& environmentDir, JobRecord* record, Files* files) {
+  const Result<std::string> bytes = ReadSettings(files, ParameterPath(environmentDir));
+  if (!bytes.ok()) return bytes.status;
+  const std::string text = DecodeCp949(bytes.value);
   WordScanner words(text);
   ReadLinesByKey(kLines, &words, record, nullptr);
-  return SettingsResult::kDone;
+  return {};
 }
 
-SettingsResult WriteParameterFile(const std::string& environmentDir, const JobRecord& record,
-                                  Files* files) {
+Status WriteParameterFile(const std::string& environmentDir, const JobRecord& record,
+                          Files* files) {
   const std::string text = PrintLines(kLines, record, /*spindle=*/0);
-  return WriteWholeFile(files, ParameterPath(environmentDir), text) ? SettingsResult::kDone
-                                                                    : SettingsResult::kCannotWrite;
+  return WriteWholeFile(files, ParameterPath(environmentDir), text);
 }
 
 }  // namespace tvx

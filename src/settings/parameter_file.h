@@ -13,12 +13,10 @@ namespace tvx {
 std::string ParameterPath(const std::string& environmentDir);
 
 // Reads RapidFeed, IntNcdataFlg, InputFileType and NcdataExt over the record; the other lines are
-// written only. Returns kCannotOpen, with the record as it was, if the file cannot be opened.
-SettingsResult ReadParameterFile(const std::string& environmentDir, JobRecord* record,
-                                 Files* files);
+// written only. The record stays as it was if the file cannot be read.
+Status ReadParameterFile(const std::string& environmentDir, JobRecord* record, Files* files);
 
-// Creates or replaces the file. Returns kCannotWrite, with an older file as it was, if that fails.
-SettingsResult WriteParameterFile(const std::string& environmentDir, const JobRecord& record,
-                                  Files* files);
+// Creates or replaces the file. An older file stays as it was if that fails.
+Status WriteParameterFile(const std::string& environmentDir, const JobRecord& record, Files* files);
 
 }  // namespace tvx

@@ -34,21 +34,22 @@ std::string UserKeyPath(const std::string& environmentDir) {
   return environmentDir + "\\UserKey.txt";
 }
 
-bool ReadUserKeys(const std::string& environmentDir, std::vector<std::string>* keys, Files* files) {
+Status ReadUserKeys(const std::string& environmentDir, std::vector<std::string>* keys,
+                    Files* files) {
   keys->assign(kUserKeyElements, {});
-  std::string bytes;
-  if (!ReadSettings(files, UserKeyPath(environmentDir), &bytes)) return false;
-  std::string_view text = bytes;
+  const Result<std::string> bytes = ReadSettings(files, UserKeyPath(environmentDir));
+  if (!bytes.ok()) return bytes.status;
+  std::string_view text = bytes.value;
   std::string_view line;
   TakeLine(&text, &line);  // any line is taken as the header
   for (size_t n = 1; n <= kLastUserKey && TakeLine(&text, &line); ++n) {
     (*keys)[n] = WithoutTrailingWhite(DecodeShortText(line, kUserKeyBytes));
   }
-  return true;
+  return {};
 }
 
-bool WriteUserKeys(const std::string& environmentDir, const std::vector<std::string>& keys,
-                   Files* files) {
+Status WriteUserKeys(const std::string& environmentDir, const std::vector<std::string>& keys,
+                     Files* files) {
   std::string text = std::string(kHeader) + "\r\n";
   for (size_t n = 1; n <= kLastUserKey; ++n) text += keys[n] + "\r\n";
   return WriteWholeFile(files, UserKeyPath(environmentDir), EncodeCp949(text));

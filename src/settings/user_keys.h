@@ -21,13 +21,14 @@ inline constexpr size_t kUserKeyBytes = 50;
 std::string UserKeyPath(const std::string& environmentDir);
 
 // Sets *keys to kUserKeyElements elements, all empty except those in the file. White space at the
-// end of a key is dropped. Returns false if the file cannot be read.
-bool ReadUserKeys(const std::string& environmentDir, std::vector<std::string>* keys, Files* files);
+// end of a key is dropped. All are empty if the file cannot be read.
+Status ReadUserKeys(const std::string& environmentDir, std::vector<std::string>* keys,
+                    Files* files);
 
-// Creates or replaces the file with keys 1 to 12 of kUserKeyElements. Returns false, with an older
-// file as it was, if that fails.
-bool WriteUserKeys(const std::string& environmentDir, const std::vector<std::string>& keys,
-                   Files* files);
+// Creates or replaces the file with keys 1 to 12 of kUserKeyElements. An older file stays as it was
+// if that fails.
+Status WriteUserKeys(const std::string& environmentDir, const std::vector<std::string>& keys,
+                     Files* files);
 
 // The command "UK Save": writes the file and shows in the status line whether that worked.
 void SaveUserKeys(const std::string& environmentDir, const std::vector<std::string>& keys,

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cerrno>
 #include <cmath>
 #include <string>
 
@@ -104,7 +105,7 @@ MetafileDevice::MetafileDevice(OutputFile* file) : file_(file), buffer_(file) {
   ++records_;
 }
 
-bool MetafileDevice::Finish() {
+Status MetafileDevice::Finish() {
   EndRun();
   BeginRecord(kEndOfFile);
   Put32(0);   // palette entries
@@ -112,7 +113,8 @@ bool MetafileDevice::Finish() {
   Put32(20);  // size of this record again, for readers that start at the end
   EndRecord();
   buffer_.Flush();
-  if (!buffer_.good() || bytes_ > UINT32_MAX) return false;
+  if (file_ == nullptr || !buffer_.status().ok()) return buffer_.status();
+  if (bytes_ > UINT32_MAX) return {StatusKind::kWriteFailed, "", EFBIG};
   PutHeader();
   return file_->Patch(0, record_);
 }

@@ -22,10 +22,10 @@ class MetafileDevice final : public PolylineDevice {
   // Does nothing: a metafile has no background, its viewer provides the page.
   void FillRectangle(int32_t, int32_t, int32_t, int32_t, Colour) override {}
 
-  // Writes the end of the file and completes its header. It must be the last call. Returns false if
-  // a write failed or the file is larger than 4 GB, the limit of its header. The caller commits the
+  // Writes the end of the file and completes its header. It must be the last call. Fails if a
+  // write failed or the file is larger than 4 GB, the limit of its header. The caller commits the
   // file.
-  bool Finish();
+  Status Finish();
 
  private:
   // A rectangle that includes all four edges.

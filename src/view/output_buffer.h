@@ -30,14 +30,16 @@ class OutputBuffer {
     used_ = 0;
   }
 
-  // False after a failed write, and without a file.
-  bool good() const { return good_; }
+  // The failure of the first write that failed, if any has.
+  const Status& status() const { return status_; }
 
  private:
-  void Pass(std::string_view bytes) { good_ = good_ && file_->Write(bytes); }
+  void Pass(std::string_view bytes) {
+    if (file_ != nullptr && status_.ok()) status_ = file_->Write(bytes);
+  }
 
   OutputFile* file_;
-  bool good_ = file_ != nullptr;
+  Status status_;
   size_t used_ = 0;
   std::array<char, 1 << 16> bytes_;
 };

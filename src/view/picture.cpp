@@ -61,65 +61,67 @@ void DrawLetters(RasterDevice* device) {
   }
 }
 
-bool DrawMetafile(const Scene& scene, OutputFile* file) {
+Status DrawMetafile(const Scene& scene, OutputFile* file) {
   MetafileDevice device(file);
   DrawPicture(scene, &device);
   return device.Finish();
 }
 
-bool DrawSvg(const Scene& scene, OutputFile* file) {
+Status DrawSvg(const Scene& scene, OutputFile* file) {
   const ViewTransform& view = scene.view->transform;
   SvgDevice device(file, view.clientWidth, view.clientHeight, TopLeftOf(view));
   DrawPicture(scene, &device);
   return device.Finish();
 }
 
-bool DrawImage(const Scene& scene, bool (*write)(const Image&, OutputFile*), OutputFile* file) {
+Status DrawImage(const Scene& scene, Status (*write)(const Image&, OutputFile*), OutputFile* file) {
   const ViewTransform& view = scene.view->transform;
   const int64_t count = int64_t{view.clientWidth} * view.clientHeight;
-  if (view.clientWidth <= 0 || view.clientHeight <= 0 || count > kMostPixels) return false;
+  if (view.clientWidth <= 0 || view.clientHeight <= 0 || count > kMostPixels) {
+    return StatusKind::kWriteFailed;
+  }
   std::vector<uint32_t> pixels(static_cast<size_t>(count), kPagePixel);
   const Image image{pixels.data(), view.clientWidth, view.clientHeight, view.clientWidth};
   RasterDevice device(image, TopLeftOf(view));
   DrawPicture(scene, &device);
   DrawLetters(&device);
-  return file != nullptr && write(image, file);
+  return file != nullptr ? write(image, file) : Status();
 }
 
-bool DrawPng(const Scene& scene, OutputFile* file) {
+Status DrawPng(const Scene& scene, OutputFile* file) {
   return DrawImage(scene, WritePng, file);
 }
 
-bool DrawPalettePng(const Scene& scene, OutputFile* file) {
+Status DrawPalettePng(const Scene& scene, OutputFile* file) {
   return DrawImage(scene, WritePalettePng, file);
 }
 
 // A file that refuses what would make it larger than a picture may be.
 class PictureFile final : public OutputFile {
  public:
-  PictureFile(std::unique_ptr<OutputFile> file, Files* files)
-      : file_(std::move(file)), files_(files) {}
+  explicit PictureFile(std::unique_ptr<OutputFile> file) : file_(std::move(file)) {}
 
-  bool Write(std::string_view bytes) override {
+  Status Write(std::string_view bytes) override {
     written_ += bytes.size();
-    if (written_ > kLargestPicture) return files_->Fail(EFBIG);
-    return file_->Write(bytes);
+    return IsTooLarge() ? TooLarge() : file_->Write(bytes);
   }
-  bool Patch(uint64_t offset, std::string_view bytes) override {
+  Status Patch(uint64_t offset, std::string_view bytes) override {
     return file_->Patch(offset, bytes);
   }
-  bool Commit() override { return written_ <= kLargestPicture && file_->Commit(); }
+  Status Commit() override { return IsTooLarge() ? TooLarge() : file_->Commit(); }
 
  private:
+  bool IsTooLarge() const { return written_ > kLargestPicture; }
+  static Status TooLarge() { return {StatusKind::kWriteFailed, "", EFBIG}; }
+
   std::unique_ptr<OutputFile> file_;
-  Files* files_;
   uint64_t written_ = 0;
 };
 
 struct FormatRow {
   std::string_view ending;
   PictureFormat format;
-  bool (*draw)(const Scene& scene, OutputFile* file);
+  Status (*draw)(const Scene& scene, OutputFile* file);
 };
 constexpr FormatRow kFormats[] = {
     {".emf", PictureFormat::kMetafile, DrawMetafile},
@@ -143,24 +145,30 @@ bool IsMetafile(std::string_view start) {
   return start.size() >= kSignaturePlace && start.substr(kSignaturePlace).starts_with(kSignature);
 }
 
-bool DrawPictureFile(PictureFormat format, const Scene& scene, OutputFile* file) {
+Status DrawPictureFile(PictureFormat format, const Scene& scene, OutputFile* file) {
   for (const FormatRow& row : kFormats) {
     if (row.format == format) return row.draw(scene, file);
   }
-  return false;
+  return StatusKind::kWriteFailed;
 }
 
-bool WritePictureFile(PictureFormat format, const std::string& path, const Scene& scene,
-                      Files* files, bool isSynced) {
-  std::unique_ptr<OutputFile> file = files->Create(path);
-  if (file != nullptr && !isSynced) file->LeaveUnsynced();
-  if (file != nullptr) file = std::make_unique<PictureFile>(std::move(file), files);
-  return DrawPictureFile(format, scene, file.get()) && !scene.progress->IsStopped() &&
-         file->Commit();
+Status WritePictureFile(PictureFormat format, const std::string& path, const Scene& scene,
+                        Files* files, bool isSynced) {
+  Result<std::unique_ptr<OutputFile>> created = files->Create(path);
+  if (!created.ok()) {
+    static_cast<void>(DrawPictureFile(format, scene, nullptr));
+    return created.status;
+  }
+  if (!isSynced) created.value->LeaveUnsynced();
+  PictureFile file(std::move(created.value));
+  const Status drawn = DrawPictureFile(format, scene, &file);
+  if (!drawn.ok()) return drawn.For(path);
+  if (scene.progress->IsStopped()) return {StatusKind::kStopped, path};
+  return file.Commit().For(path);
 }
 
 int WritePicture(const std::string& path, const Scene& scene, Files* files) {
-  WritePictureFile(PictureFormat::kMetafile, path, scene, files);
+  static_cast<void>(WritePictureFile(PictureFormat::kMetafile, path, scene, files));
   return 1;
 }
 

@@ -22,19 +22,19 @@ std::optional<PictureFormat> PictureFormatOf(std::string_view path);
 // True for the first bytes of an enhanced metafile.
 bool IsMetafile(std::string_view start);
 
-// Draws the scene into a file with the current angles, pan and scale of the view. Returns false if
-// a write fails. The caller commits the file.
-bool DrawPictureFile(PictureFormat format, const Scene& scene, OutputFile* file);
+// Draws the scene into a file with the current angles, pan and scale of the view. With a null file
+// only the state that a drawing changes in the scene is changed. The caller commits the file.
+Status DrawPictureFile(PictureFormat format, const Scene& scene, OutputFile* file);
 
 // A picture that would be larger, in bytes, is not written: a million circles make 13 GB.
 inline constexpr uint64_t kLargestPicture = uint64_t{1} << 30;
 
 // Creates or replaces the file and draws the scene into it with the current angles, pan and scale
-// of the view. SVG and PNG have a white page of the drawing area's size. Returns false if the file
-// cannot be written or the drawing is stopped; an existing file is then unchanged. `isSynced`: see
+// of the view. SVG and PNG have a white page of the drawing area's size. Fails if the file cannot
+// be written or the drawing is stopped; an existing file is then unchanged. `isSynced`: see
 // OutputFile. The state that a drawing changes in the scene is changed in either case.
-bool WritePictureFile(PictureFormat format, const std::string& path, const Scene& scene,
-                      Files* files, bool isSynced = true);
+Status WritePictureFile(PictureFormat format, const std::string& path, const Scene& scene,
+                        Files* files, bool isSynced = true);
 
 // Writes the picture of a result, a metafile. Returns 1 even if the file could not be written: a
 // run does not stop because of a picture.

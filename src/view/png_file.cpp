@@ -10,11 +10,16 @@
 namespace tvx {
 namespace {
 
+// Where the library writes to.
+struct Target {
+  OutputFile* file;
+  Status status;  // of the last write
+};
+
 void WriteBytes(png_structp png, png_bytep bytes, size_t size) {
-  auto* file = static_cast<OutputFile*>(png_get_io_ptr(png));
-  if (!file->Write({reinterpret_cast<const char*>(bytes), size})) {
-    png_error(png, "write failed");  // does not return
-  }
+  auto* target = static_cast<Target*>(png_get_io_ptr(png));
+  target->status = target->file->Write({reinterpret_cast<const char*>(bytes), size});
+  if (!target->status.ok()) png_error(png, "write failed");  // does not return
 }
 
 void FlushNothing(png_structp) {}
@@ -115,30 +120,32 @@ bool WriteIndexedRows(png_structp png, png_infop info, const Image& image, const
 }
 
 // `palette` is null for an image in full colours.
-bool Write(const Image& image, const Palette* palette, OutputFile* file) {
+Status Write(const Image& image, const Palette* palette, OutputFile* file) {
   png_structp png =
       png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, FailQuietly, IgnoreWarning);
-  if (png == nullptr) return false;
+  if (png == nullptr) return StatusKind::kWriteFailed;
   png_infop info = png_create_info_struct(png);
+  Target target{file, {}};
   bool done = false;
   if (info != nullptr) {
     std::vector<uint8_t> row(static_cast<size_t>(image.width) * 3);
-    png_set_write_fn(png, file, WriteBytes, FlushNothing);
+    png_set_write_fn(png, &target, WriteBytes, FlushNothing);
     done = palette != nullptr ? WriteIndexedRows(png, info, image, *palette, row.data())
                               : WriteRows(png, info, image, row.data());
   }
   png_destroy_write_struct(&png, &info);
-  return done;
+  return done || !target.status.ok() ? target.status : StatusKind::kWriteFailed;
 }
 
 }  // namespace
 
-bool WritePng(const Image& image, OutputFile* file) {
-  return image.width > 0 && image.height > 0 && Write(image, nullptr, file);
+Status WritePng(const Image& image, OutputFile* file) {
+  if (image.width <= 0 || image.height <= 0) return StatusKind::kWriteFailed;
+  return Write(image, nullptr, file);
 }
 
-bool WritePalettePng(const Image& image, OutputFile* file) {
-  if (image.width <= 0 || image.height <= 0) return false;
+Status WritePalettePng(const Image& image, OutputFile* file) {
+  if (image.width <= 0 || image.height <= 0) return StatusKind::kWriteFailed;
   Palette palette;
   return Write(image, CollectColours(image, &palette) ? &palette : nullptr, file);
 }

@@ -50,11 +50,11 @@ SvgDevice::SvgDevice(OutputFile* file, int32_t width, int32_t height, Pixel orig
              kLetterSize));
 }
 
-bool SvgDevice::Finish() {
+Status SvgDevice::Finish() {
   EndRun();
   buffer_.Write("</g>\n</svg>\n");
   buffer_.Flush();
-  return buffer_.good();
+  return buffer_.status();
 }
 
 void SvgDevice::FillRectangle(int32_t left, int32_t top, int32_t right, int32_t bottom,

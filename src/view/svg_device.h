@@ -22,9 +22,9 @@ class SvgDevice final : public PolylineDevice {
   void FillRectangle(int32_t left, int32_t top, int32_t right, int32_t bottom,
                      Colour colour) override;
 
-  // Writes the end of the file. It must be the last call. Returns false if any write failed. The
-  // caller commits the file.
-  bool Finish();
+  // Writes the end of the file. It must be the last call. Fails if any write failed. The caller
+  // commits the file.
+  Status Finish();
 
  private:
   void UsePen(Pen) override {}

@@ -15,7 +15,7 @@ TEST(Status, ReasonOfAFailedOpeningSelectsItsKind) {
     StatusKind kind;
     bool isReadFailure;
   } cases[] = {
-      {ENOENT, StatusKind::kMissing, false},   {ENOTDIR, StatusKind::kNoFile, false},
+      {ENOENT, StatusKind::kMissing, false},   {ENOTDIR, StatusKind::kMissing, false},
       {EISDIR, StatusKind::kNoFile, false},    {ENAMETOOLONG, StatusKind::kNoFile, false},
       {EACCES, StatusKind::kCannotOpen, true}, {ELOOP, StatusKind::kCannotOpen, true},
   };

@@ -12,8 +12,6 @@
 namespace tvx {
 namespace {
 
-using enum SettingsResult;
-
 constexpr char kPath[] = "c:\\marlo\\afa\\a.afa";
 
 // What reading a text changes on the defaults.
@@ -22,7 +20,7 @@ std::string Read(const std::string& text) {
   files.Put(kPath, EncodeCp949(text));
   JobRecord record;
   int32_t spindle = 1000;
-  EXPECT_EQ(ReadConditionFile(kPath, &record, &spindle, &files), kDone);
+  EXPECT_TRUE(ReadConditionFile(kPath, &record, &spindle, &files).ok());
   const std::string changes = Changes(JobRecord{}, record);
   return spindle == 1000 ? changes : changes + Format(" Spindle=%d", spindle);
 }
@@ -37,9 +35,9 @@ TEST(ConditionFile, ReadsBackWhatItWrites) {
       "CorWeight0=0.9 CorWeight30=0.8 CorWeight60=0.75 SideWeight0=0.6 SideWeight30=0.5 "
       "SideWeight60=0.4 SideCorRat=2.5 ZupZdown=1.5";
   MemoryFiles files;
-  EXPECT_EQ(WriteConditionFile(kPath, Record(all + " AfaByMaster=1"), 3200, &files), kDone);
+  EXPECT_TRUE(WriteConditionFile(kPath, Record(all + " AfaByMaster=1"), 3200, &files).ok());
   EXPECT_EQ(Read(DecodeCp949(files.Bytes(kPath))), all + " Spindle=3200");
-  EXPECT_EQ(WriteConditionFile(kPath, Record("ConCorChk=0 Material="), 1000, &files), kDone);
+  EXPECT_TRUE(WriteConditionFile(kPath, Record("ConCorChk=0 Material="), 1000, &files).ok());
   EXPECT_EQ(Read(DecodeCp949(files.Bytes(kPath))), "ConCorChk=0 Material=");
 }
 
@@ -94,14 +92,14 @@ TEST(ConditionFile, FailuresChangeNothing) {
   JobRecord record;
   int32_t spindle = 42;
   for (const char* path : {"c:\\marlo\\afa\\none.afa", "c:\\marlo\\afa", "q:\\a.afa", ""}) {
-    EXPECT_EQ(ReadConditionFile(path, &record, &spindle, &files), kCannotOpen) << path;
+    EXPECT_FALSE(ReadConditionFile(path, &record, &spindle, &files).ok()) << path;
   }
   EXPECT_EQ(Changes(JobRecord{}, record) + Format("%d", spindle), "42");
-  EXPECT_EQ(WriteConditionFile("c:\\none\\a.afa", record, 0, &files), kCannotWrite);
+  EXPECT_FALSE(WriteConditionFile("c:\\none\\a.afa", record, 0, &files).ok());
   files.RefuseWrite(1);
-  EXPECT_EQ(WriteConditionFile(kPath, record, 0, &files), kCannotWrite);
+  EXPECT_FALSE(WriteConditionFile(kPath, record, 0, &files).ok());
   files.RefuseCommit(1);
-  EXPECT_EQ(WriteConditionFile(kPath, record, 0, &files), kCannotWrite);
+  EXPECT_FALSE(WriteConditionFile(kPath, record, 0, &files).ok());
   EXPECT_EQ(files.Bytes(kPath), "old");
 }
 

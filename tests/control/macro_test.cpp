@@ -217,7 +217,7 @@ TEST(RunLimit, EndlessProgramsEnd) {
         "G81 Z-1 R0 K999999999 X1 M98", "G83 Z-900000000. R0 Q.001"}) {
     TestReading reading(program, {.stepsBeyondLines = 1000});
     EXPECT_NE(reading.Remarks().find("endless"), std::string::npos) << program;
-    EXPECT_EQ(reading.result, ReadingResult::kRead);
+    EXPECT_TRUE(reading.result.ok());
     EXPECT_LE(reading.receiver.moves.size(), 3100U);
   }
 }
@@ -225,7 +225,7 @@ TEST(RunLimit, EndlessProgramsEnd) {
 TEST(RunLimit, LinesOfTheFileComeOnTop) {
   MemoryFiles files;
   files.Put("c:\\a.nc", "1\n2\n3");
-  const auto file = files.OpenForReading("c:\\a.nc");
+  const auto file = files.OpenForReading("c:\\a.nc").value;
   ProgramText text(file.get());
   RunLimit limit(&text, 100'000);
   uint64_t taken = 0;
@@ -246,7 +246,7 @@ TEST(ProgramText, LinesAndJumpsOfAnyLength) {
   MemoryFiles files;
   files.mostBytesOfARead = 4000;
   files.Put("c:\\a.nc", text);
-  const auto file = files.OpenForReading("c:\\a.nc");
+  const auto file = files.OpenForReading("c:\\a.nc").value;
   ProgramText reader(file.get());
   EXPECT_EQ(reader.CountLines(), lines.size());
 

@@ -69,7 +69,7 @@ struct TestReading {
   MemoryFiles files;
   KeepingReceiver receiver;
   ReadingRemarks remarks;
-  ReadingResult result;
+  Status result;
 };
 
 // A program, and what the control reading makes of it.

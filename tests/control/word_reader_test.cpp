@@ -184,11 +184,12 @@ TEST(WordReader, FailuresOfTheFile) {
   MemoryFiles files;
   KeepingReceiver receiver;
   ReadingRemarks remarks;
-  EXPECT_EQ(ReadAsControl("c:\\none.nc", {}, &files, &receiver, &remarks),
-            ReadingResult::kCannotOpen);
+  EXPECT_EQ(ReadAsControl("c:\\none.nc", {}, &files, &receiver, &remarks).kind(),
+            StatusKind::kMissing);
   files.Put("c:\\a.nc", "G1 X5\n");
   files.RefuseRead(1);
-  EXPECT_EQ(ReadAsControl("c:\\a.nc", {}, &files, &receiver, &remarks), ReadingResult::kReadFailed);
+  EXPECT_EQ(ReadAsControl("c:\\a.nc", {}, &files, &receiver, &remarks).kind(),
+            StatusKind::kReadFailed);
   EXPECT_EQ(receiver.list, "");
 }
 

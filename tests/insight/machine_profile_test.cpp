@@ -81,9 +81,9 @@ TEST(MachineProfile, FilesAreReadAndWrittenWhole) {
   EXPECT_EQ(profile.Factor, 2);
 
   files.RefuseWrite(1);
-  EXPECT_FALSE(WriteMachineProfile("c:\\shop\\mill.machine", MachineProfile{}, &files));
+  EXPECT_FALSE(WriteMachineProfile("c:\\shop\\mill.machine", MachineProfile{}, &files).ok());
   EXPECT_EQ(files.Bytes("c:\\shop\\mill.machine"), "Factor 2\n");
-  EXPECT_TRUE(WriteMachineProfile("c:\\shop\\mill.machine", profile, &files));
+  EXPECT_TRUE(WriteMachineProfile("c:\\shop\\mill.machine", profile, &files).ok());
   EXPECT_EQ(files.Bytes("c:\\shop\\mill.machine"), MachineProfileText(profile));
 }
 

@@ -23,11 +23,10 @@ struct Loaded {
 
   // The texts with "|" between them.
   std::string Texts(uint64_t first, size_t count) {
-    std::vector<std::string> texts;
-    const SourceResult result = lines.Read(first, count, &texts);
-    if (result != SourceResult::kRead) return SourceProblem(result);
+    const Result<std::vector<std::string>> texts = lines.Read(first, count);
+    if (!texts.ok()) return SourceProblem(texts.status);
     std::string joined;
-    for (const std::string& text : texts) joined += (joined.empty() ? "" : "|") + text;
+    for (const std::string& text : texts.value) joined += (joined.empty() ? "" : "|") + text;
     return joined;
   }
 
@@ -64,9 +63,7 @@ TEST(SourceLines, FindsLinesAndBlocksOfALongProgram) {
     text += (i % 10 == 0 ? "G2 I" : "G1 Y") + std::to_string(i) + "\n";
   }
   Loaded loaded(text);
-  uint64_t count = 0;
-  EXPECT_EQ(loaded.lines.Count(&count), SourceResult::kRead);
-  EXPECT_EQ(count, 20'000U);
+  EXPECT_EQ(loaded.lines.Count().value, 20'000U);
   for (const uint32_t line : {1U, 10U, 4095U, 4096U, 4097U, 8192U, 12'289U, 19'990U, 20'000U}) {
     EXPECT_EQ(loaded.Texts(line, 1).substr(4), std::to_string(line));
     const uint32_t block = line - 1 + (line - 1) / 10;
@@ -103,9 +100,8 @@ TEST(SourceLines, ReadsTheProgrammedFeedOfEachBlock) {
     for (uint32_t block = 0; block < store.blockCount;
          block += 1 + static_cast<uint32_t>(random() % 700)) {
       if (store.Peek(block)->x == BlockStore::kCoordinateLimit) continue;  // repaired
-      std::optional<int32_t> feed;
-      EXPECT_EQ(loaded.lines.ReadFeed(block, &feed), SourceResult::kRead);
-      ASSERT_EQ(feed, store.Peek(block)->feedProgrammed) << "format " << format << " " << block;
+      ASSERT_EQ(loaded.lines.ReadFeed(block).value, store.Peek(block)->feedProgrammed)
+          << "format " << format << " " << block;
     }
   }
 }

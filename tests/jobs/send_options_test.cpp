@@ -199,8 +199,7 @@ TEST_F(SendOptions, CancelledDialogChangesNothingButWeights) {
 
 TEST_F(SendOptions, ConditionFileIsReadOrLeavesAllAsItWas) {
   const JobRecord other = Record("MaxFeed=800 CornerMaxRatio=0.5 SlopeMaxRatio=0.7 ConCorChk=0");
-  ASSERT_EQ(WriteConditionFile("c:\\marlo\\afa\\금형 a.afa", other, 2500, &files),
-            SettingsResult::kDone);
+  ASSERT_TRUE(WriteConditionFile("c:\\marlo\\afa\\금형 a.afa", other, 2500, &files).ok());
   dialog.Open(&source);
   // Neither a cancel nor a file that cannot be opened changes the record or shows a message.
   for (const char* path : {"c:\\marlo\\afa\\금형 a.afa", "", "c:\\none.afa"}) {

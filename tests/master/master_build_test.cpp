@@ -17,7 +17,7 @@ namespace {
 
 struct Build {
   void Add(BlockType type, float x, float y, float z) { Append(&program.store, type, x, y, z); }
-  BuildResult Run() { return BuildMaster(input, &program, &grid); }
+  StatusKind Run() { return BuildMaster(input, &program, &grid).kind(); }
 
   // Cuts to and fro over a square of 5 mm at z = 1, in place of the program.
   void FillRaster() {
@@ -43,19 +43,19 @@ TEST(BuildMaster, RefinementKeepsTheBudget) {
 }
 
 TEST(BuildMaster, RefusalChangesNothing) {
-  using enum BuildResult;
+  using enum StatusKind;
   // The number, type and size of the moves behind the first; tolerance and tool diameter.
-  const Rows<const char*, int, BlockType, float, float, float, BuildResult> rows = {
+  const Rows<const char*, int, BlockType, float, float, float, StatusKind> rows = {
       {"four blocks", 3, BlockCut, 10, 1, 10, kFewBlocks},
-      {"five blocks", 4, BlockCut, 10, 1, 10, kBuilt},
+      {"five blocks", 4, BlockCut, 10, 1, 10, kOk},
       {"no straight cut", 5, BlockRapid, 10, 1, 10, kNoCut},
       {"arcs only", 5, BlockArcCw, 10, 1, 10, kNoCut},
-      {"no tolerance", 5, BlockCut, 10, 0, 10, kSizes},
-      {"tolerance is no number", 5, BlockCut, 10, std::nanf(""), 10, kSizes},
-      {"infinite tolerance", 5, BlockCut, 10, HUGE_VALF, 10, kSizes},
-      {"more cells than the budget", 5, BlockCut, 10, 0.001F, 10, kSizes},
-      {"huge coordinates", 5, BlockCut, 3e38F, 1, 10, kSizes},
-      {"infinite tool", 5, BlockCut, 10, 1, HUGE_VALF, kSizes},
+      {"no tolerance", 5, BlockCut, 10, 0, 10, kBadSizes},
+      {"tolerance is no number", 5, BlockCut, 10, std::nanf(""), 10, kBadSizes},
+      {"infinite tolerance", 5, BlockCut, 10, HUGE_VALF, 10, kBadSizes},
+      {"more cells than the budget", 5, BlockCut, 10, 0.001F, 10, kBadSizes},
+      {"huge coordinates", 5, BlockCut, 3e38F, 1, 10, kBadSizes},
+      {"infinite tool", 5, BlockCut, 10, 1, HUGE_VALF, kBadSizes},
       {"wider than the range of coordinates", 5, BlockCut, 10'000, 30'000, 10, kTooWide},
   };
   for (const auto& [about, moves, type, size, tolerance, diameter, result] : rows) {
@@ -70,7 +70,7 @@ TEST(BuildMaster, RefusalChangesNothing) {
     const std::string before = Bytes(build.program.store);
     EXPECT_EQ(build.Run(), result) << about;
     const bool unchanged = Bytes(build.program.store) == before && build.grid.CellCount == 4;
-    EXPECT_EQ(unchanged, result != kBuilt) << about;
+    EXPECT_EQ(unchanged, result != kOk) << about;
   }
 }
 
@@ -80,7 +80,7 @@ TEST(BuildMaster, WithoutMemoryLeavesNoModelAndAProgramToReload) {
   for (const int allocations : {1, 0}) {  // one is enough: the cells need not be shrunk
     build.FillRaster();
     allocationsLeft = allocations;
-    EXPECT_EQ(build.Run(), allocations == 1 ? BuildResult::kBuilt : BuildResult::kNoMemory);
+    EXPECT_EQ(build.Run(), allocations == 1 ? StatusKind::kOk : StatusKind::kNoMemory);
     EXPECT_EQ(build.grid.ModelBuilt, allocations);
     EXPECT_EQ(build.grid.CellCount, 36 * allocations);
   }
@@ -175,7 +175,7 @@ TEST(BuildMaster, RandomProgramsKeepTheirModels) {
     MemoryFiles files;
     build.input.MasterTolerance = 0.15F * static_cast<float>(random.Whole(1, 20));
     Fill(&build.program.store, RandomProgram(&random, 20 + seed, false));
-    if (build.Run() != BuildResult::kBuilt) continue;
+    if (build.Run() != StatusKind::kOk) continue;
     WriteMasterFile("c:\\a.mma", build.grid, &files);
     AddTo(&sum, files.Bytes("c:\\a.mma") + Bytes(build.program.store));
   }

@@ -12,7 +12,7 @@
 namespace tvx {
 namespace {
 
-using enum MasterFileResult;
+using enum StatusKind;
 
 constexpr char kPath[] = "c:\\part.mma";
 
@@ -49,12 +49,12 @@ std::string SmallFile(size_t offset = 0, T... values) {
 
 class MasterFile : public testing::Test {
  protected:
-  MasterFileResult Read(const std::string& bytes) {
+  StatusKind Read(const std::string& bytes) {
     files.Put(kPath, bytes);
-    return ReadMasterFile(kPath, &grid, &files);
+    return ReadMasterFile(kPath, &grid, &files).kind();
   }
   std::string Written() {
-    EXPECT_EQ(WriteMasterFile(kPath, grid, &files), kDone);
+    EXPECT_TRUE(WriteMasterFile(kPath, grid, &files).ok());
     return files.Bytes(kPath);
   }
 
@@ -67,7 +67,7 @@ TEST_F(MasterFile, HoldsTheModelByteForByte) {
   std::string bytes = SmallFile();
   for (const size_t reserved : {0, 99, 145, 153}) bytes[reserved] = 'x';
   grid = MasterGrid();
-  ASSERT_EQ(Read(bytes), kDone);
+  ASSERT_EQ(Read(bytes), kOk);
   EXPECT_EQ(grid.Cells[4].x, kNoHeight);
   EXPECT_EQ(Written(), SmallFile());
 }
@@ -80,7 +80,7 @@ TEST_F(MasterFile, HoldsALargeModel) {
   }
   const std::string bytes = Written();
   grid = SmallModel();
-  ASSERT_EQ(Read(bytes), kDone);
+  ASSERT_EQ(Read(bytes), kOk);
   EXPECT_TRUE(Written() == bytes);
   EXPECT_EQ(grid.At(0, 50).z, 10050 * 0.7F);
   EXPECT_EQ(grid.At(0, 50).angle, 10050 % 91);
@@ -112,29 +112,29 @@ TEST_F(MasterFile, RefusesWhatIsNoMasterFile) {
       {"last height is no number", SmallFile(186, std::nanf(""))},
   };
   for (const auto& [about, bytes] : rows) {
-    EXPECT_EQ(Read(bytes), kNoMasterFile) << about;
+    EXPECT_EQ(Read(bytes), kWrongFormat) << about;
     EXPECT_EQ(Written(), SmallFile()) << about;
   }
 }
 
 TEST_F(MasterFile, FailedReadKeepsTheModel) {
-  EXPECT_EQ(ReadMasterFile(kPath, &grid, &files), kCannotOpen);
+  EXPECT_EQ(ReadMasterFile(kPath, &grid, &files).kind(), kMissing);
   EXPECT_FALSE(files.Exists(kPath));
   allocationsLeft = 1;
   grid = MasterGrid(AllocateWhileAllowed);
-  ASSERT_EQ(Read(SmallFile()), kDone);
+  ASSERT_EQ(Read(SmallFile()), kOk);
   EXPECT_EQ(Read(SmallFile()), kNoMemory);
   EXPECT_EQ(grid.CellCount, 6);
 }
 
 TEST_F(MasterFile, FailedWriteKeepsTheOlderFile) {
   files.Put(kPath, "older");
-  EXPECT_EQ(WriteMasterFile(kPath, MasterGrid(), &files), kNoModel);
+  EXPECT_EQ(WriteMasterFile(kPath, MasterGrid(), &files).kind(), kNoContent);
   for (const int failing : {1, 2, 3, 4}) {
     if (failing <= 2) files.RefuseWrite(failing);
     if (failing == 3) files.RefuseCommit(1);
     if (failing == 4) files.RefuseCreation(kPath);
-    EXPECT_EQ(WriteMasterFile(kPath, grid, &files), failing < 4 ? kDiskFull : kCannotWrite)
+    EXPECT_EQ(WriteMasterFile(kPath, grid, &files).kind(), failing < 4 ? kWriteFailed : kCannotOpen)
         << failing;
     EXPECT_EQ(files.Bytes(kPath), "older") << failing;
   }

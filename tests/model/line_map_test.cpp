@@ -47,7 +47,7 @@ TEST(LineMap, FindsEveryLineAndBlockInAtMostOneBitForEachBlock) {
   for (const unsigned arcs : {0U, 1U, 55U, 60U, 65U, 500U, 1000U}) {
     const Text text = RandomText(arcs, 12'000, arcs);
     TestLoad loaded;
-    ASSERT_EQ(loaded.Load(text.bytes), LoadResult::kLoaded);
+    ASSERT_EQ(loaded.Load(text.bytes), StatusKind::kOk);
     const LineMap& map = loaded.program.source.lines;
     uint32_t block = 0, wrong = 0;
     for (uint32_t line = 0; line < text.blocks.size(); ++line) {

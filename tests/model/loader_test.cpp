@@ -45,7 +45,7 @@ TEST(Loader, SmallReadsGiveTheSameBlocks) {
     MemoryFiles files;
     files.mostBytesOfARead = bytes;
     TestLoad slow;
-    EXPECT_EQ(slow.Load(text, &files), LoadResult::kLoaded);
+    EXPECT_EQ(slow.Load(text, &files), StatusKind::kOk);
     EXPECT_EQ(slow.Blocks(), load.Blocks()) << bytes;
     EXPECT_EQ(slow.program.FeedBase, 300);
   }
@@ -54,12 +54,12 @@ TEST(Loader, SmallReadsGiveTheSameBlocks) {
 TEST(Loader, FailedReadKeepsWhatCameBeforeAndIsNoEnd) {
   const struct {
     int failing;  // read; 0 for none
-    LoadResult result;
+    StatusKind result;
     uint32_t blocks;
-  } cases[] = {{0, LoadResult::kLoaded, 4},
-               {1, LoadResult::kReadFailed, 0},
-               {3, LoadResult::kReadFailed, 2},
-               {5, LoadResult::kReadFailed, 4}};
+  } cases[] = {{0, StatusKind::kOk, 4},
+               {1, StatusKind::kReadFailed, 0},
+               {3, StatusKind::kReadFailed, 2},
+               {5, StatusKind::kReadFailed, 4}};
   for (const auto& [failing, result, blocks] : cases) {
     MemoryFiles files;
     files.mostBytesOfARead = 7;
@@ -77,12 +77,12 @@ TEST(Loader, EmptyFileAndMissingFileEmptyTheProgram) {
   const auto loadPath = [&](const char* path) {
     load.Load("G01 X1\n");
     load.program.firstPoint = 0;
-    return LoadNcFile(path, &load.program, &load.states, &load.job, &files);
+    return LoadNcFile(path, &load.program, &load.states, &load.job, &files).kind();
   };
   files.Put("c:\\new.nc", "");
-  EXPECT_EQ(loadPath("c:\\new.nc"), LoadResult::kLoaded);
+  EXPECT_EQ(loadPath("c:\\new.nc"), StatusKind::kOk);
   EXPECT_EQ(load.program.store.blockCount, 0U);
-  EXPECT_EQ(loadPath("c:\\none.nc"), LoadResult::kCannotOpen);
+  EXPECT_EQ(loadPath("c:\\none.nc"), StatusKind::kMissing);
   EXPECT_FALSE(files.Exists("c:\\none.nc"));
   EXPECT_EQ(load.program.store.blockCount, 0U);
   EXPECT_EQ(load.program.firstPoint, 1);
@@ -94,14 +94,14 @@ TEST(Loader, FullStoreLosesBlocksAndEndsAtAnArcWithoutItsCentre) {
   TestLoad load{.program{.store = BlockStore(&memory)}};
   std::string text = "G01\n";
   for (int i = 1; i <= 2050; ++i) text += "X" + std::to_string(i) + "\n\n";
-  EXPECT_EQ(load.Load(text), LoadResult::kBlocksLost);
+  EXPECT_EQ(load.Load(text), StatusKind::kBlocksLost);
   EXPECT_EQ(load.program.store.blockCount, 2041U);
   EXPECT_EQ(load.program.lostBlocks, 4101U - 2041U);
   EXPECT_TRUE(load.program.isIncomplete) << "there is no memory, but room in the store";
   EXPECT_EQ(memory.Tries(), 2);
   EXPECT_EQ(load.states.word.savedPos.x, 2050) << "the rest was parsed";
 
-  EXPECT_EQ(load.Load(std::string(2040, '\n') + "G02 X2 I1 J0\nG01 X5\n"), LoadResult::kStoreFull);
+  EXPECT_EQ(load.Load(std::string(2040, '\n') + "G02 X2 I1 J0\nG01 X5\n"), StatusKind::kStoreFull);
   EXPECT_EQ(load.states.word.savedPos.x, 2);
   EXPECT_EQ(load.program.store.blockCount, 2042U);
   Vec3 low, high;

@@ -10,11 +10,11 @@
 namespace tvx {
 
 struct TestLoad {
-  LoadResult Load(const std::string& text, MemoryFiles* files) {
+  StatusKind Load(const std::string& text, MemoryFiles* files) {
     files->Put("c:\\a.nc", text);
-    return LoadNcFile("c:\\a.nc", &program, &states, &job, files);
+    return LoadNcFile("c:\\a.nc", &program, &states, &job, files).kind();
   }
-  LoadResult Load(const std::string& text) {
+  StatusKind Load(const std::string& text) {
     MemoryFiles files;
     return Load(text, &files);
   }

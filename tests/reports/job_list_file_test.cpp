@@ -35,7 +35,7 @@ TEST(JobListFile, LineGetsTheDirectoryOfTheList) {
     MemoryFiles files;
     files.MakeDirectory("c:\\jobs");
     files.MakeDirectory("c:\\a\\b");
-    ASSERT_TRUE(WriteJobListFile(list, ResultsOf({PlainEntry("a.nc", optionLine)}), &files))
+    ASSERT_TRUE(WriteJobListFile(list, ResultsOf({PlainEntry("a.nc", optionLine)}), &files).ok())
         << list;
     EXPECT_EQ(files.Bytes(list), "File a.nc " + std::string(written) + "\r\n");
   }
@@ -95,8 +95,9 @@ TEST(JobListFileCopy, ProgramIsReplacedAndMasterIsKept) {
     files.MakeDirectory("c:\\out");
     PutAll(c.before, &files);
     std::vector<FailedCopy> failed;
-    EXPECT_TRUE(WriteJobListFileCopy(kList, ResultsOf({PlainEntry("a.nc", c.optionLine)}), &files,
-                                     &failed));
+    EXPECT_TRUE(
+        WriteJobListFileCopy(kList, ResultsOf({PlainEntry("a.nc", c.optionLine)}), &files, &failed)
+            .ok());
     EXPECT_EQ(files.Bytes(kList), "File a.nc " + std::string(c.written) + " \r\n");
     EXPECT_EQ(Beside(files), c.after);
     EXPECT_EQ(failed.size(), c.failed);
@@ -122,7 +123,7 @@ TEST(JobListFileCopy, TwoFilesOfOneNameAreRefusedBeforeAnythingIsWritten) {
     const size_t before = files.FilePaths().size();
     const std::vector<ProgramResult> table =
         ResultsOf({PlainEntry("a.nc", c.firstLine), PlainEntry(c.secondName, c.secondLine)});
-    EXPECT_NE(WriteJobListFileCopy(kList, table, &files, nullptr), c.refused) << c.secondLine;
+    EXPECT_NE(WriteJobListFileCopy(kList, table, &files, nullptr).ok(), c.refused) << c.secondLine;
     EXPECT_EQ(files.FilePaths().size() == before, c.refused) << c.secondLine;
     EXPECT_EQ(files.Bytes(kList) == "list", c.refused);
   }
@@ -131,23 +132,23 @@ TEST(JobListFileCopy, TwoFilesOfOneNameAreRefusedBeforeAnythingIsWritten) {
 TEST(JobListFileCopy, FailedWriteKeepsTheOlderFiles) {
   const std::vector<ProgramResult> table =
       ResultsOf({PlainEntry("a.nc", "Dir c:\\nc FS 1 MMA c:\\die\\m.mma ")});
-  // The files beside the list after each failed write: the copy of the master, the line, the copy
-  // of the program.
-  const char* const after[] = {"a.nc=new ", "a.nc=new m.mma=model ", "a.nc=older m.mma=model "};
+  // The files beside the list after each failed write: the copy of the master, the copy of the
+  // program, the list.
+  const char* const after[] = {"a.nc=new ", "a.nc=older m.mma=model ", "a.nc=new m.mma=model "};
   for (int refused = 1; refused <= 3; ++refused) {
     MemoryFiles files;
     PutAll("c:\\nc\\a.nc=new c:\\die\\m.mma=model c:\\out\\a.nc=older c:\\out\\l.mcf=list", &files);
     files.RefuseWrite(refused);
     std::vector<FailedCopy> failed;
-    EXPECT_EQ(WriteJobListFileCopy(kList, table, &files, &failed), refused != 2);
-    EXPECT_EQ(files.Bytes(kList) == "list", refused == 2);
+    EXPECT_EQ(WriteJobListFileCopy(kList, table, &files, &failed).ok(), refused != 3);
+    EXPECT_EQ(files.Bytes(kList) == "list", refused == 3);
     EXPECT_EQ(Beside(files), after[refused - 1]);
-    EXPECT_EQ(failed.size(), refused == 2 ? 0U : 1U);
+    EXPECT_EQ(failed.size(), refused == 3 ? 0U : 1U);
   }
   MemoryFiles files;
   PutAll("c:\\nc\\a.nc=new c:\\out\\x=x", &files);
   files.RefuseCreation(kList);
-  EXPECT_FALSE(WriteJobListFileCopy(kList, table, &files, nullptr));
+  EXPECT_FALSE(WriteJobListFileCopy(kList, table, &files, nullptr).ok());
   EXPECT_EQ(files.FilePaths().size(), 2U) << "neither a list nor a copy";
 }
 
@@ -166,7 +167,7 @@ TEST(JobListFileCopy, SourceThatIsItsDestinationIsKept) {
        {PlainEntry("a.nc", "Dir c:\\link FS 1 MMA c:\\link\\..\\out\\.\\m.mma "),
         PlainEntry("a.nc", "Dir c:\\out\\..\\out FS 1 "), PlainEntry("b.nc", "Dir c:\\nc FS 1 ")}) {
     std::vector<FailedCopy> failed;
-    EXPECT_TRUE(WriteJobListFileCopy(kList, ResultsOf({entry}), files.get(), &failed));
+    EXPECT_TRUE(WriteJobListFileCopy(kList, ResultsOf({entry}), files.get(), &failed).ok());
     EXPECT_TRUE(failed.empty());
   }
   EXPECT_EQ(HostBytes(home / "drive_c/out/a.nc") + HostBytes(home / "drive_c/out/m.mma") +

@@ -1,6 +1,7 @@
 // From a loaded program, or a whole list of them, through the dialogs to the recorded results.
 #include <algorithm>
 
+#include "master/master_file.h"
 #include "reports/job_list_file.h"
 #include "reports/text_report.h"
 #include "session/cut_time_commands.h"
@@ -84,8 +85,8 @@ TEST_F(Runs, ReportOfAPartlyReadProgramIsNotWritten) {
   ASSERT_EQ(ui.messages.size(), 1U);
   EXPECT_EQ(ui.messages[0].path, "c:\\marlo\\ncdata\\a.nc");
   EXPECT_EQ(view.results.recorded.size(), 1U);
-  EXPECT_FALSE(WriteTextReportFile("c:\\old.tvx", view.results.recorded, &files));
-  EXPECT_FALSE(WriteJobListFile("c:\\old.tvx", view.results.recorded, &files));
+  EXPECT_FALSE(WriteTextReportFile("c:\\old.tvx", view.results.recorded, &files).ok());
+  EXPECT_FALSE(WriteJobListFile("c:\\old.tvx", view.results.recorded, &files).ok());
   EXPECT_EQ(files.Bytes("c:\\old.tvx"), "old");
 }
 
@@ -177,20 +178,20 @@ TEST_F(SingleCutTime, PicturesUntilTheTableIsFull) {
   result.entry.pictureName = "older.emf";
   files.RefuseCreation("c:\\marlo\\ncdata\\a.nc.emf");
   const auto record = [&] {
-    return RecordProgramResult(result, SceneOf(&view), &files, &view.results);
+    return RecordProgramResult(result, SceneOf(&view), &files, &view.results).kind();
   };
-  EXPECT_EQ(record(), RecordResult::kPictureFailed);
+  EXPECT_EQ(record(), StatusKind::kCannotOpen);
   EXPECT_EQ(view.results.recorded[0].entry.pictureName, "a.nc.emf");
 
   view.job.MetafileCreateChk = 0;
-  for (int32_t i = 2; i <= 300; ++i) EXPECT_EQ(record(), RecordResult::kRecorded);
+  for (int32_t i = 2; i <= 300; ++i) EXPECT_EQ(record(), StatusKind::kOk);
   EXPECT_EQ(view.results.recorded.size(), 300U);
   EXPECT_EQ(view.results.recorded[299].entry.pictureName, "");
   EXPECT_TRUE(ui.log.empty());
 
   view.job.MetafileCreateChk = 1;
   result.entry.fileName = "b.nc";
-  EXPECT_EQ(record(), RecordResult::kTableFull);
+  EXPECT_EQ(record(), StatusKind::kTableFull);
   EXPECT_EQ(view.results.recorded.size(), 300U);
   EXPECT_FALSE(files.Exists("c:\\marlo\\ncdata\\b.nc.emf"));
 }

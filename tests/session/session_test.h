@@ -18,7 +18,7 @@ namespace tvx {
 // Notes which files are opened for reading.
 class WatchedFiles : public MemoryFiles {
  public:
-  std::unique_ptr<InputFile> OpenForReading(const std::string& path) override {
+  Result<std::unique_ptr<InputFile>> OpenForReading(const std::string& path) override {
     opened.push_back(path);
     return MemoryFiles::OpenForReading(path);
   }

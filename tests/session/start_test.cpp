@@ -53,8 +53,8 @@ TEST_F(Start, SettingsThatCannotBeReadAreNotedAndNothingIsWritten) {
       app.InitApplication();
       const CTVXView view(&app);
       ASSERT_EQ(app.unread.size(), 1U) << path;
-      EXPECT_EQ(app.unread[0].path, path);
-      EXPECT_EQ(app.unread[0].error, isRefused ? EACCES : kAboveLimit);
+      EXPECT_EQ(app.unread[0].path(), path);
+      EXPECT_EQ(app.unread[0].kind(), isRefused ? StatusKind::kCannotOpen : StatusKind::kTooLarge);
       EXPECT_EQ(disk.FilePaths(), before);
       EXPECT_EQ(disk.Bytes(path), isRefused ? "kept" : tooLarge);
     }
@@ -83,8 +83,7 @@ TEST_F(Start, FilesOverTheDefaults) {
 
   // The format that the parameter file chose rules the loads of this window.
   files.Put("d.h", "L X+10 Y+0 Z+0 F500\n");
-  EXPECT_EQ(LoadNcFile("d.h", &view.program, &app.parserStates, &view.job, &files),
-            LoadResult::kLoaded);
+  EXPECT_TRUE(LoadNcFile("d.h", &view.program, &app.parserStates, &view.job, &files).ok());
   EXPECT_EQ(BlockList(view.program.store), "cutStart 10 0 0 F500");
 }
 

@@ -19,7 +19,7 @@ TEST(ParameterFile, BytesWritten) {
   const JobRecord record = Record(
       "IntNcdataFlg=1 NcdataExt=*.가공 AfaByMaster=1 InputFileType=2 RapidFeed=12000 FeedChgAng=50 "
       "CorWeight30=0.65 ZupZdown=1.5");
-  ASSERT_EQ(WriteParameterFile("c:\\marlo", record, &files), SettingsResult::kDone);
+  ASSERT_TRUE(WriteParameterFile("c:\\marlo", record, &files).ok());
   EXPECT_EQ(files.Bytes(kPath),
             EncodeCp949("IntNcdataFlg 1\r\nNCDATA확장자 *.가공\r\nAfaByMasterFlg 1\r\n"
                         "MetafileCreateChk 1\r\nInputFileType 2\r\nRapidFeed 12000\r\n"
@@ -41,7 +41,7 @@ TEST(ParameterFile, ReadsFourValuesByKey) {
            {"RapidFeed 6000 mm InputFileType 2", "RapidFeed=6000"}}) {  // out of step
     files.Put(kPath, EncodeCp949(text));
     JobRecord record;
-    EXPECT_EQ(ReadParameterFile("c:\\marlo", &record, &files), SettingsResult::kDone) << text;
+    EXPECT_TRUE(ReadParameterFile("c:\\marlo", &record, &files).ok()) << text;
     EXPECT_EQ(Changes(JobRecord{}, record), changes) << text;
   }
 }
@@ -94,7 +94,7 @@ TEST_F(OptionDialog, SaveWritesItsOwnSettings) {
   EXPECT_EQ(Changes(JobRecord{}, job), "");
   files.RefuseCreation(kPath);
   dialog.Save();
-  EXPECT_EQ(ReadParameterFile("c:\\none", &job, &files), SettingsResult::kCannotOpen);
+  EXPECT_FALSE(ReadParameterFile("c:\\none", &job, &files).ok());
   EXPECT_EQ(ui.log, (std::vector<std::string>{"status c:\\marlo\\tvx.par: 저장했습니다.",
                                               "status c:\\marlo\\tvx.par: 저장하지 못했습니다.",
                                               "message 화일을 열수 없읍니다.\n"}));

@@ -20,8 +20,9 @@ std::string Parent(const std::string& path) {
 
 class Input : public InputFile {
  public:
-  Input(std::string bytes, int64_t modified, size_t mostAtOnce, int* readsLeft)
-      : bytes_(std::move(bytes)),
+  Input(std::string path, std::string bytes, int64_t modified, size_t mostAtOnce, int* readsLeft)
+      : path_(std::move(path)),
+        bytes_(std::move(bytes)),
         modified_(modified),
         mostAtOnce_(mostAtOnce),
         readsLeft_(readsLeft) {}
@@ -32,20 +33,21 @@ class Input : public InputFile {
     return count;
   }
   size_t ReadAt(uint64_t offset, char* buffer, size_t size) override {
-    if ((*readsLeft_)-- == 1) error_ = EIO;
-    if (error_ != 0 || offset >= bytes_.size()) return 0;
+    if ((*readsLeft_)-- == 1) status_ = Status(StatusKind::kReadFailed, path_, EIO);
+    if (!status_.ok() || offset >= bytes_.size()) return 0;
     return bytes_.copy(buffer, std::min(size, mostAtOnce_), offset);
   }
   FileStamp Stamp() override { return {bytes_.size(), modified_}; }
-  int Error() const override { return error_; }
+  Status status() const override { return status_; }
 
  private:
+  std::string path_;
   std::string bytes_;
   int64_t modified_;
   size_t mostAtOnce_;
   int* readsLeft_;
   size_t position_ = 0;
-  int error_ = 0;
+  Status status_;
 };
 
 }  // namespace
@@ -54,30 +56,37 @@ class MemoryFiles::Output : public OutputFile {
  public:
   Output(MemoryFiles* files, std::string path) : files_(files), path_(std::move(path)) {}
 
-  bool Write(std::string_view bytes) override {
-    good_ = good_ && (files_->writesLeft_-- != 1 || files_->Fail(ENOSPC));
-    if (good_) bytes_.append(bytes);
-    return good_;
+  Status Write(std::string_view bytes) override {
+    Count(&files_->writesLeft_);
+    if (status_.ok()) bytes_.append(bytes);
+    return status_;
   }
 
-  bool Patch(uint64_t offset, std::string_view bytes) override {
-    if (offset > bytes_.size() || bytes.size() > bytes_.size() - offset) return false;
-    good_ = good_ && (files_->writesLeft_-- != 1 || files_->Fail(ENOSPC));
-    if (good_) bytes_.replace(offset, bytes.size(), bytes);
-    return good_;
+  Status Patch(uint64_t offset, std::string_view bytes) override {
+    if (offset > bytes_.size() || bytes.size() > bytes_.size() - offset) {
+      return {StatusKind::kWriteFailed, path_, EINVAL};
+    }
+    Count(&files_->writesLeft_);
+    if (status_.ok()) bytes_.replace(offset, bytes.size(), bytes);
+    return status_;
   }
 
-  bool Commit() override {
-    good_ = good_ && (files_->commitsLeft_-- != 1 || files_->Fail(ENOSPC));
-    if (good_) files_->Put(path_, bytes_);
-    return std::exchange(good_, false);
+  Status Commit() override {
+    Count(&files_->commitsLeft_);
+    if (status_.ok()) files_->Put(path_, bytes_);
+    return std::exchange(status_, Status(StatusKind::kWriteFailed, path_));
   }
 
  private:
+  // One more operation, which fails if none was left before the fault.
+  void Count(int* left) {
+    if (status_.ok() && (*left)-- == 1) status_ = {StatusKind::kWriteFailed, path_, ENOSPC};
+  }
+
   MemoryFiles* files_;
   std::string path_;
   std::string bytes_;
-  bool good_ = true;
+  Status status_;
 };
 
 MemoryFiles::MemoryFiles() {
@@ -136,41 +145,35 @@ std::vector<std::string> MemoryFiles::FilePaths() const {
   return paths;
 }
 
-std::unique_ptr<InputFile> MemoryFiles::OpenForReading(const std::string& path) {
+Result<std::unique_ptr<InputFile>> MemoryFiles::OpenForReading(const std::string& path) {
   const Node* node = Find(path);
-  ClearError();
-  if (node == nullptr)
-    Fail(ENOENT);
-  else if (node->isDirectory)
-    Fail(EISDIR);
-  else if (noOpening_.count(Key(path)) != 0)
-    Fail(EACCES);
-  if (LastError() != 0) return nullptr;
-  return std::make_unique<Input>(node->bytes, node->modified, mostBytesOfARead, &readsLeft_);
+  if (node == nullptr) return Status::CannotOpen(path, ENOENT);
+  if (node->isDirectory) return Status::CannotOpen(path, EISDIR);
+  if (noOpening_.count(Key(path)) != 0) return Status::CannotOpen(path, EACCES);
+  return std::make_unique<Input>(path, node->bytes, node->modified, mostBytesOfARead, &readsLeft_);
 }
 
-std::unique_ptr<OutputFile> MemoryFiles::Create(const std::string& path) {
-  ClearError();
-  if (!CanCreate(path) && !Fail(EACCES)) return nullptr;
+Result<std::unique_ptr<OutputFile>> MemoryFiles::Create(const std::string& path) {
+  if (!CanCreate(path)) return Status::CannotOpen(path, EACCES);
   return std::make_unique<Output>(this, Absolute(path));
 }
 
-bool MemoryFiles::List(const std::string& directory, std::vector<DirectoryEntry>* entries) {
-  if (!IsDirectory(directory)) return false;
-  entries->clear();
+Result<std::vector<DirectoryEntry>> MemoryFiles::List(const std::string& directory) {
+  if (!IsDirectory(directory)) return Status::CannotOpen(directory, ENOENT);
+  std::vector<DirectoryEntry> entries;
   const std::string folder = Key(directory);
   for (const auto& [key, node] : nodes_) {
     if (key == folder || Key(Parent(node.path)) != folder) continue;
-    entries->push_back(
+    entries.push_back(
         {node.path.substr(node.path.rfind('\\') + 1), node.isDirectory, node.bytes.size()});
   }
-  return true;
+  return entries;
 }
 
-bool MemoryFiles::Copy(const std::string& from, const std::string& to) {
-  std::string bytes;
-  return ReadWholeFile(this, from, &bytes) &&
-         (Key(from) == Key(to) || WriteWholeFile(this, to, bytes));
+Status MemoryFiles::Copy(const std::string& from, const std::string& to) {
+  const Result<std::string> bytes = ReadWholeFile(this, from);
+  if (!bytes.ok() || Key(from) == Key(to)) return bytes.status;
+  return WriteWholeFile(this, to, bytes.value);
 }
 
 }  // namespace tvx

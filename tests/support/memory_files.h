@@ -44,15 +44,14 @@ class MemoryFiles : public Files {
   // No read of a file opened from now on gives more.
   size_t mostBytesOfARead = SIZE_MAX;
 
-  std::unique_ptr<InputFile> OpenForReading(const std::string& path) override;
-  std::unique_ptr<InputFile> OpenOrCreateForReading(const std::string& path) override {
+  Result<std::unique_ptr<InputFile>> OpenForReading(const std::string& path) override;
+  Result<std::unique_ptr<InputFile>> OpenOrCreateForReading(const std::string& path) override {
     if (!Exists(path) && CanCreate(path)) Put(path, "");
     return OpenForReading(path);
   }
-  std::unique_ptr<OutputFile> Create(const std::string& path) override;
-  bool Exists(const std::string& path) override {
-    ClearError();
-    return Find(path) != nullptr;
+  Result<std::unique_ptr<OutputFile>> Create(const std::string& path) override;
+  Status LookAt(const std::string& path) override {
+    return Find(path) != nullptr ? Status() : Status(StatusKind::kMissing, path);
   }
   bool IsDirectory(const std::string& path) override {
     const Node* node = Find(path);
@@ -62,14 +61,14 @@ class MemoryFiles : public Files {
     const Node* node = Find(path);
     return node == nullptr ? 0 : node->bytes.size();
   }
-  bool List(const std::string& directory, std::vector<DirectoryEntry>* entries) override;
-  bool Copy(const std::string& from, const std::string& to) override;
+  Result<std::vector<DirectoryEntry>> List(const std::string& directory) override;
+  Status Copy(const std::string& from, const std::string& to) override;
   std::vector<char> DriveLetters() override { return {'c', 'z'}; }
   std::string CurrentDirectory() override { return currentDirectory_; }
-  bool SetCurrentDirectory(const std::string& directory) override {
-    if (!IsDirectory(directory)) return false;
+  Status SetCurrentDirectory(const std::string& directory) override {
+    if (!IsDirectory(directory)) return {StatusKind::kMissing, directory};
     currentDirectory_ = Absolute(directory);
-    return true;
+    return {};
   }
 
  private:

@@ -23,7 +23,7 @@ class PictureTest : public testing::Test {
     scene.Add(BlockCut, 10, -4, 100);
   }
   bool Write(PictureFormat format, const std::string& path) {
-    return WritePictureFile(format, path, scene.scene(), &files);
+    return WritePictureFile(format, path, scene.scene(), &files).ok();
   }
 
   TestScene scene;

@@ -43,9 +43,9 @@ QString StateText(CheckState state) {
     case CheckState::kDone:
       return Translated("빠지거나 다르게 읽는 줄이 없습니다.");
     case CheckState::kCannotRead:
-      return ProblemText(SourceResult::kCannotRead);
+      return ProblemText(StatusKind::kCannotOpen);
     case CheckState::kChanged:
-      return ProblemText(SourceResult::kChanged);
+      return ProblemText(StatusKind::kChanged);
     case CheckState::kNoProgram:
       break;
   }
@@ -233,13 +233,10 @@ void CheckDock::ShowRemark(QTreeWidgetItem* row) {
 }
 
 QString CheckDock::LineHtml(uint64_t line) {
-  std::vector<std::string> texts;
-  const SourceResult result = lines_->Read(line, 1, &texts);
+  const Result<std::vector<std::string>> texts = lines_->Read(line, 1);
   const QString heading = "<b>" + LineText(line) + "</b>";
-  if (result != SourceResult::kRead) {
-    return heading + "<br>" + ProblemText(result);
-  }
-  const QString text = texts.empty() ? QString() : Printable(ToQt(texts[0]));
+  if (!texts.ok()) return heading + "<br>" + ProblemText(texts.status);
+  const QString text = texts.value.empty() ? QString() : Printable(ToQt(texts.value[0]));
   return heading + "<pre style=\"white-space: pre-wrap; margin: 2px 0 0 0\">" +
          text.toHtmlEscaped() + "</pre>";
 }

@@ -97,7 +97,7 @@ void MachineRows::Choose() {
                               .filter = "기계 화일 (*.machine)|*.machine|모든 화일(*.*)|*.*||",
                               .directory = ""};
   const bool isChosen = context_.app->ui->ChooseFile(question, &path);
-  context_.app->files->SetCurrentDirectory(directory);
+  static_cast<void>(context_.app->files->SetCurrentDirectory(directory));
   if (!isChosen || !Use(path) || context_.settingsFile.isEmpty()) return;
   QSettings(context_.settingsFile, QSettings::IniFormat).setValue(kKey, ToQt(path));
 }

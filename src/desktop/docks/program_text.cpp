@@ -20,14 +20,15 @@ constexpr int kMargin = 4;  // pixels, beside numbers and text
 
 }  // namespace
 
-QString ProblemText(SourceResult result) {
-  switch (result) {
-    case SourceResult::kChanged:
-      return Translated("불러온 뒤에 화일이 바뀌었습니다. 다시 불러오십시오.");
-    case SourceResult::kCannotRead:
-      return Translated("화일을 읽을 수 없습니다.");
-    default:
+QString ProblemText(const Status& source) {
+  switch (source.kind()) {
+    case StatusKind::kOk:
+    case StatusKind::kNoProgram:
       return {};
+    case StatusKind::kChanged:
+      return Translated("불러온 뒤에 화일이 바뀌었습니다. 다시 불러오십시오.");
+    default:
+      return Translated("화일을 읽을 수 없습니다.");
   }
 }
 
@@ -55,8 +56,9 @@ int ProgramText::NumbersWidth() const {
 
 void ProgramText::ShowProgram(uint64_t line) {
   SourceLines* const lines = programLines_();
-  count_ = 0;
-  result_ = lines == nullptr ? SourceResult::kNoProgram : lines->Count(&count_);
+  const Result<uint64_t> count = lines == nullptr ? Status(StatusKind::kNoProgram) : lines->Count();
+  count_ = count.value;
+  source_ = count.status;
   textWidth_ = 0;
   SetRanges();
   ShowLine(line);
@@ -90,12 +92,14 @@ void ProgramText::paintEvent(QPaintEvent* /*event*/) {
   SourceLines* const lines = programLines_();
   std::vector<std::string> texts;
   if (lines != nullptr && count_ > 0) {
-    result_ = lines->Read(top, static_cast<size_t>(RowsShown()) + 1, &texts);
+    Result<std::vector<std::string>> read = lines->Read(top, static_cast<size_t>(RowsShown()) + 1);
+    source_ = read.status;
+    texts = std::move(read.value);
   }
   painter.setPen(palette().color(QPalette::Text));
-  if (result_ != SourceResult::kRead) {
+  if (!source_.ok()) {
     painter.drawText(viewport()->rect().adjusted(kMargin, kMargin, -kMargin, -kMargin),
-                     Qt::TextWordWrap, ProblemText(result_));
+                     Qt::TextWordWrap, ProblemText(source_));
     return;
   }
   const int numbers = NumbersWidth();

@@ -12,7 +12,7 @@ namespace tvx {
 
 // Why the lines of a program cannot be shown, in the language in use; empty for a result that has
 // no problem.
-QString ProblemText(SourceResult result);
+QString ProblemText(const Status& source);
 
 class ProgramText : public QAbstractScrollArea {
   Q_OBJECT
@@ -50,7 +50,7 @@ class ProgramText : public QAbstractScrollArea {
   int NumbersWidth() const;
 
   std::function<SourceLines*()> programLines_;
-  SourceResult result_ = SourceResult::kNoProgram;
+  Status source_ = StatusKind::kNoProgram;  // why there is no text
   uint64_t count_ = 0;
   uint64_t line_ = 1;
   int textWidth_ = 0;  // of the widest line painted so far, pixels

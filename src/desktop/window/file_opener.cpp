@@ -63,7 +63,7 @@ void FileOpener::Open(const std::string& drivePath, ViewWidget* widget) {
     return;
   }
   // As a chooser does: pictures and reports are written beside the program.
-  app_->files->SetCurrentDirectory(PathBeforeName(drivePath, kBackslash));
+  static_cast<void>(app_->files->SetCurrentDirectory(PathBeforeName(drivePath, kBackslash)));
   LoadInto(widget == nullptr ? window_->NewView() : widget, drivePath);
 }
 

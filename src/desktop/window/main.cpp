@@ -98,9 +98,7 @@ int main(int argc, char** argv) {
   tvx::CalcSpreadsheets spreadsheets(&drives);
   tvx::CTVXApp app(files.get(), &ui, &programs, &spreadsheets);
   app.InitApplication(arguments.language);
-  if (drives.TableError() != 0) {
-    app.unread.push_back({(home / "drives.txt").string(), drives.TableError()});
-  }
+  app.NoteUnread(drives.tableStatus().For((home / "drives.txt").string()));
 
   tvx::MainWindow window(&app, &drives, settingsFile);
   ui.SetWindow(&window);

@@ -111,7 +111,7 @@ MainWindow::MainWindow(CTVXApp* app, const Drives* drives, const QString& settin
 }
 
 void MainWindow::EnterWorkDirectory() {
-  app_->files->SetCurrentDirectory(app_->configuration.WorkDir);
+  static_cast<void>(app_->files->SetCurrentDirectory(app_->configuration.WorkDir));
   workDirectory_ = app_->files->CurrentDirectory();
 }
 

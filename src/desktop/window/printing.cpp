@@ -133,7 +133,7 @@ bool Printing::PrintTo(QPrinter* printer, CTVXView* view) {
   QPainter painter;
   const QString file = printer->outputFileName();
   if (!painter.begin(printer)) {
-    if (!file.isEmpty()) ShowWritten(false, FromQt(file), ui_);
+    if (!file.isEmpty()) ShowWritten(StatusKind::kWriteFailed, FromQt(file), ui_);
     ui_->ShowMessage({.text = "인쇄할 수 없습니다."});
     return false;
   }
@@ -142,7 +142,7 @@ bool Printing::PrintTo(QPrinter* printer, CTVXView* view) {
   const bool hasEnded = painter.end();
   if (file.isEmpty() || printer->outputFormat() != QPrinter::PdfFormat) return hasEnded;
   const bool isWritten = hasEnded && IsCompletePdf(file);
-  ShowWritten(isWritten, FromQt(file), ui_);
+  ShowWritten(isWritten ? StatusKind::kOk : StatusKind::kWriteFailed, FromQt(file), ui_);
   if (!isWritten) ui_->ShowMessage({.text = "디스크가 가득 찼거나 쓸 수 없습니다."});
   return isWritten;
 }

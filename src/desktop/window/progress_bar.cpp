@@ -88,7 +88,7 @@ bool ProgressBar::IsOnStopButton(const QPoint& global) const {
   return stop_->isVisible() && stop_->rect().contains(stop_->mapFromGlobal(global));
 }
 
-WindowProgress::WindowProgress(Files* files) : Progress(kInterval), files_(files) {}
+WindowProgress::WindowProgress() : Progress(kInterval) {}
 
 void WindowProgress::SetBar(ProgressBar* bar) {
   bar_ = bar;
@@ -115,11 +115,9 @@ void WindowProgress::Hide() {
 }
 
 void WindowProgress::HandleEvents() {
-  const int reason = files_->LastError();
   qApp->installEventFilter(this);
   QCoreApplication::processEvents(QEventLoop::AllEvents, kMostEventTime);
   qApp->removeEventFilter(this);
-  files_->Fail(reason);
 }
 
 bool WindowProgress::eventFilter(QObject* watched, QEvent* event) {

@@ -38,9 +38,7 @@ class WindowProgress : public QObject, public Progress {
   Q_OBJECT
 
  public:
-  // `files` outlives the object. What the windows read between two parts of the work leaves its
-  // LastError to the work.
-  explicit WindowProgress(Files* files);
+  WindowProgress();
 
   // The bar to show. Without one there is only the cursor.
   void SetBar(ProgressBar* bar);
@@ -53,7 +51,6 @@ class WindowProgress : public QObject, public Progress {
  private:
   void HandleEvents();
 
-  Files* files_;
   ProgressBar* bar_ = nullptr;
   bool hasCursor_ = false;
   bool wantsStop_ = false;

@@ -203,7 +203,7 @@ bool QtUserInterface::ChooseFile(const FileQuestion& question, std::string* path
     return false;
   }
   if (const auto directory = drives_->FromHost(FromQt(chosen.absolutePath()))) {
-    files_->SetCurrentDirectory(*directory);
+    static_cast<void>(files_->SetCurrentDirectory(*directory));
   }
   *path = *drivePath;
   return true;

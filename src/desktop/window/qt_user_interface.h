@@ -50,7 +50,7 @@ class QtUserInterface final : public UserInterface {
   const Drives* drives_;
   Files* files_;
   InterfaceWindow* window_ = nullptr;
-  WindowProgress progress_{files_};
+  WindowProgress progress_;
 };
 
 }  // namespace tvx

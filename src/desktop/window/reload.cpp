@@ -23,8 +23,8 @@ constexpr char kFormats[] = "formats";
 bool HasChanged(const CTVXView& view) {
   const ProgramSource& source = view.program.source;
   if (source.path.empty()) return false;
-  const std::unique_ptr<InputFile> file = view.app->files->OpenForReading(source.path);
-  return file != nullptr && file->Stamp() != source.stamp;
+  const Result<std::unique_ptr<InputFile>> file = view.app->files->OpenForReading(source.path);
+  return file.ok() && file.value->Stamp() != source.stamp;
 }
 
 bool IsOfOtherFormat(const CTVXView& view) {
@@ -100,7 +100,7 @@ void Reload::Run() {
   if (active_ == nullptr || active_->view().program.source.path.empty()) return;
   CTVXView& view = active_->view();
   window_->ShowPathInStatusBar();
-  LoadProgram(&view, std::string(view.program.source.path));
+  static_cast<void>(LoadProgram(&view, std::string(view.program.source.path)));  // shows a failure
   window_->ShowProgram();
 }
 

@@ -54,23 +54,28 @@ std::string_view Trimmed(std::string_view text) {
   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-// The error is ENOENT for a table that is missing, and for no other.
-int ReadTable(const fs::path& path, std::string* table) {
+Result<std::string> ReadTable(const fs::path& path) {
+  const auto cannotOpen = [&](int reason) { return Status::CannotOpen(path, reason); };
   // Not blocking, since the mere opening of a pipe waits for its other side.
   const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   struct stat status {};
-  if (!file.IsOpen() || ::fstat(file.Number(), &status) != 0) return errno;
-  if (!S_ISREG(status.st_mode)) return S_ISDIR(status.st_mode) ? EISDIR : kNoPlainFile;
-  if (static_cast<uint64_t>(status.st_size) > kLargestSettings) return kAboveLimit;
-  table->resize(static_cast<size_t>(status.st_size));
+  if (!file.IsOpen() || ::fstat(file.Number(), &status) != 0) return cannotOpen(errno);
+  if (S_ISDIR(status.st_mode)) return cannotOpen(EISDIR);
+  if (!S_ISREG(status.st_mode)) return Status(StatusKind::kNoFile, path);
+  if (static_cast<uint64_t>(status.st_size) > kLargestSettings) {
+    return Status(StatusKind::kTooLarge, path);
+  }
+  std::string table(static_cast<size_t>(status.st_size), '\0');
   size_t done = 0;
-  while (done < table->size()) {
-    const ssize_t count = ::read(file.Number(), table->data() + done, table->size() - done);
-    if (count < 0 && errno == EINTR) continue;
-    if (count <= 0) return count < 0 ? errno : kFileChanged;
+  while (done < table.size()) {
+    const ssize_t count = ::read(file.Number(), table.data() + done, table.size() - done);
+    const int reason = errno;
+    if (count < 0 && reason == EINTR) continue;
+    if (count < 0) return Status(StatusKind::kReadFailed, path, reason);
+    if (count == 0) return Status(StatusKind::kChanged, path);
     done += static_cast<size_t>(count);
   }
-  return 0;
+  return table;
 }
 
 void WriteFirstLayout(const fs::path& home) {
@@ -129,13 +134,13 @@ bool Holds(const fs::path& folder, const fs::path& path, fs::path* below) {
 
 Drives::Drives(const fs::path& home) {
   const fs::path folder = Absolute(home);
-  std::string table;
-  tableError_ = ReadTable(folder / kTableName, &table);
-  if (tableError_ == ENOENT || tableError_ == ENOTDIR) {
+  const Result<std::string> table = ReadTable(folder / kTableName);
+  if (table.status.kind() == StatusKind::kMissing) {
     WriteFirstLayout(folder);
-    tableError_ = 0;
+  } else {
+    tableStatus_ = table.status;
   }
-  ReadLines(folder, table);
+  ReadLines(folder, table.value);
   // A table that was lost or cannot be read must not keep the program from starting.
   if (drives_.empty()) ReadLines(folder, kFirstTable);
 }

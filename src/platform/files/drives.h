@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/status.h"
+
 namespace tvx {
 
 // Drive paths ("c:\marlo\ncdata") and the host folders behind them. Lists travel between machines,
@@ -23,9 +25,9 @@ class Drives {
   // without a single drive, still gives these two drives.
   explicit Drives(const std::filesystem::path& home);
 
-  // Why drives.txt, which is there, could not be read, as Files::LastError; 0 if it was. The drives
-  // are then those of the first start, and nothing is written.
-  int TableError() const { return tableError_; }
+  // Why drives.txt, which is there, could not be read. The drives are then those of the first
+  // start, and nothing is written. The path is the one of this machine.
+  const Status& tableStatus() const { return tableStatus_; }
 
   // TVX_HOME, else $XDG_DATA_HOME/tvx, else ~/.local/share/tvx.
   static std::filesystem::path DefaultHome();
@@ -56,7 +58,7 @@ class Drives {
   void ReadLine(const std::filesystem::path& home, std::string_view line);
 
   std::vector<Drive> drives_;  // by letter
-  int tableError_ = 0;
+  Status tableStatus_;
 };
 
 // True for "c:", "c:\x", "C:/x": a letter and a colon at the start.

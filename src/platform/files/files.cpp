@@ -37,17 +37,17 @@ ssize_t ReadSome(int descriptor, char* buffer, size_t size) {
   return count;
 }
 
-// Writes all bytes at `offset`.
-bool WriteAll(int descriptor, uint64_t offset, std::string_view bytes) {
+// Writes all bytes at `offset`. Returns 0, or the errno value of what failed.
+int WriteAll(int descriptor, uint64_t offset, std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t count =
         ::pwrite(descriptor, bytes.data(), bytes.size(), static_cast<off_t>(offset));
     if (count < 0 && errno == EINTR) continue;
-    if (count <= 0) return false;
+    if (count <= 0) return errno;
     bytes.remove_prefix(static_cast<size_t>(count));
     offset += static_cast<uint64_t>(count);
   }
-  return true;
+  return 0;
 }
 
 FileStamp StampOf(const struct stat& status) {
@@ -56,27 +56,30 @@ FileStamp StampOf(const struct stat& status) {
           status.st_mtim.tv_sec * kNanoseconds + status.st_mtim.tv_nsec};
 }
 
-// A plain file, open, or the reason why not.
 struct OpenedFile {
   Descriptor descriptor;
-  FileStamp stamp = {};
-  int error = 0;
+  FileStamp stamp;
 };
 
 // Pipes and devices are refused like directories: they have no size and might never end. (Not
-// blocking, since the mere opening of a pipe waits for its other side.)
-OpenedFile OpenPlainFile(const fs::path& path, int flags) {
-  Descriptor file(::open(path.c_str(), flags | O_RDONLY | O_CLOEXEC | O_NONBLOCK, 0666));
+// blocking, since the mere opening of a pipe waits for its other side.) `path`: of `host`, for the
+// failure.
+Result<OpenedFile> OpenPlainFile(const fs::path& host, int flags, const std::string& path) {
+  Descriptor file(::open(host.c_str(), flags | O_RDONLY | O_CLOEXEC | O_NONBLOCK, 0666));
   struct stat status {};
-  if (!file.IsOpen() || ::fstat(file.Number(), &status) != 0) return {Descriptor(), {}, errno};
-  if (S_ISDIR(status.st_mode)) return {Descriptor(), {}, EISDIR};
-  if (!S_ISREG(status.st_mode)) return {Descriptor(), {}, kNoPlainFile};
-  return {std::move(file), StampOf(status)};
+  if (!file.IsOpen() || ::fstat(file.Number(), &status) != 0) {
+    const int reason = errno;
+    return Status::CannotOpen(path, reason);
+  }
+  if (S_ISDIR(status.st_mode)) return Status::CannotOpen(path, EISDIR);
+  if (!S_ISREG(status.st_mode)) return Status(StatusKind::kNoFile, path);
+  return OpenedFile{std::move(file), StampOf(status)};
 }
 
 class HostInputFile : public InputFile {
  public:
-  explicit HostInputFile(OpenedFile file) : file_(std::move(file.descriptor)), stamp_(file.stamp) {}
+  HostInputFile(OpenedFile file, std::string path)
+      : file_(std::move(file.descriptor)), stamp_(file.stamp), path_(std::move(path)) {}
 
   size_t Read(char* buffer, size_t size) override {
     const ssize_t count = ReadSome(file_.Number(), buffer, size);
@@ -84,7 +87,7 @@ class HostInputFile : public InputFile {
       position_ += static_cast<uint64_t>(count);
       return static_cast<size_t>(count);
     }
-    if (size > 0) error_ = count < 0 ? errno : ErrorAtEnd();
+    if (size > 0) status_ = count < 0 ? ReadFailed(errno) : StatusAtEnd();
     return 0;
   }
 
@@ -93,82 +96,94 @@ class HostInputFile : public InputFile {
     do {
       count = ::pread(file_.Number(), buffer, size, static_cast<off_t>(offset));
     } while (count < 0 && errno == EINTR);
-    if (count < 0) error_ = errno;
+    if (count < 0) status_ = ReadFailed(errno);
     return count > 0 ? static_cast<size_t>(count) : 0;
   }
 
   FileStamp Stamp() override { return stamp_; }
 
-  int Error() const override { return error_; }
+  Status status() const override { return status_; }
 
  private:
-  int ErrorAtEnd() const {
+  Status ReadFailed(int reason) const { return {StatusKind::kReadFailed, path_, reason}; }
+
+  Status StatusAtEnd() const {
     struct stat now {};
-    if (::fstat(file_.Number(), &now) != 0) return errno;
-    return position_ < stamp_.size || StampOf(now) != stamp_ ? kFileChanged : 0;
+    if (::fstat(file_.Number(), &now) != 0) return ReadFailed(errno);
+    const bool isWhole = position_ >= stamp_.size && StampOf(now) == stamp_;
+    return isWhole ? Status() : Status(StatusKind::kChanged, path_);
   }
 
   Descriptor file_;
   FileStamp stamp_;
+  std::string path_;
   uint64_t position_ = 0;  // of Read
-  int error_ = 0;
+  Status status_;
 };
 
 class HostOutputFile : public OutputFile {
  public:
-  // `files` receives the reasons of failures.
-  HostOutputFile(const fs::path& target, Files* files) : file_(target), files_(files) {
-    if (!file_.IsOpen()) files_->Fail(file_.error());
+  // `path`: of `target`, for the failures.
+  HostOutputFile(const fs::path& target, const std::string& path)
+      : file_(target), path_(path), status_(file_.status().For(path)) {}
+
+  // Why there is no such file, before it is written.
+  const Status& status() const { return status_; }
+
+  Status Write(std::string_view bytes) override {
+    if (buffer_.size() + bytes.size() > kBufferSize) Flush();
+    if (bytes.size() > kBufferSize) {
+      WriteThrough(bytes);
+    } else {
+      buffer_.append(bytes);
+    }
+    return status_;
   }
 
-  bool IsOpen() const { return file_.IsOpen(); }
-
-  bool Write(std::string_view bytes) override {
-    if (buffer_.size() + bytes.size() > kBufferSize && !Flush()) return false;
-    if (bytes.size() > kBufferSize) return WriteThrough(bytes);
-    buffer_.append(bytes);
-    return good_;
-  }
-
-  bool Patch(uint64_t offset, std::string_view bytes) override {
+  Status Patch(uint64_t offset, std::string_view bytes) override {
     const uint64_t size = written_ + buffer_.size();
-    if (offset > size || bytes.size() > size - offset) return false;
-    return Flush() && WriteAt(offset, bytes);
+    if (offset > size || bytes.size() > size - offset) {
+      return {StatusKind::kWriteFailed, path_, EINVAL};
+    }
+    Flush();
+    WriteAt(offset, bytes);
+    return status_;
   }
 
   void LeaveUnsynced() override { sync_ = Sync::kNone; }
   void LeaveFolderUnsynced() { sync_ = Sync::kFile; }
 
-  bool Commit() override {
-    good_ = Flush() && (file_.PutInPlace(sync_) || files_->Fail(file_.error()));
+  Status Commit() override {
+    Flush();
+    if (status_.ok()) status_ = file_.PutInPlace(sync_).For(path_);
     // The file is no longer this object's: what is written or committed after this fails.
-    return std::exchange(good_, false);
+    return std::exchange(status_, Status(StatusKind::kWriteFailed, path_));
   }
 
  private:
-  bool Flush() {
-    const bool done = WriteThrough(buffer_);
+  void Flush() {
+    WriteThrough(buffer_);
     buffer_.clear();
-    return done;
   }
 
-  bool WriteThrough(std::string_view bytes) {
+  void WriteThrough(std::string_view bytes) {
     const uint64_t offset = written_;
     written_ += bytes.size();
-    return WriteAt(offset, bytes);
+    WriteAt(offset, bytes);
   }
 
-  bool WriteAt(uint64_t offset, std::string_view bytes) {
-    good_ = good_ && (WriteAll(file_.descriptor(), offset, bytes) || files_->Fail(errno));
-    return good_;
+  void WriteAt(uint64_t offset, std::string_view bytes) {
+    if (!status_.ok()) return;
+    const int reason = WriteAll(file_.descriptor(), offset, bytes);
+    if (reason != 0) status_ = Status(StatusKind::kWriteFailed, path_, reason);
   }
 
   NewFile file_;
-  Files* files_;
+  std::string path_;
   std::string buffer_;    // what is not yet in the file
   uint64_t written_ = 0;  // bytes in the file
   Sync sync_ = Sync::kFileAndFolder;
-  bool good_ = true;
+  Status status_;
 };
 
 // A path such as "n:" or "n:\\new\\" is no name for a file, even where nothing is there yet.
@@ -185,46 +200,42 @@ class HostFiles : public Files {
     currentDirectory_ = drives_->FromHost(process).value_or("c:\\");
   }
 
-  std::unique_ptr<InputFile> OpenForReading(const std::string& path) override {
+  Result<std::unique_ptr<InputFile>> OpenForReading(const std::string& path) override {
     return Open(path, 0);
   }
 
-  std::unique_ptr<InputFile> OpenOrCreateForReading(const std::string& path) override {
-    if (!NamesDirectory(path)) return Open(path, O_CREAT);
-    Fail(EISDIR);
-    return nullptr;
+  Result<std::unique_ptr<InputFile>> OpenOrCreateForReading(const std::string& path) override {
+    if (NamesDirectory(path)) return Status::CannotOpen(path, EISDIR);
+    return Open(path, O_CREAT);
   }
 
-  std::unique_ptr<OutputFile> Create(const std::string& path) override {
-    const auto host = Host(path);
-    if (host && !NamesDirectory(path)) return CreateFile(*host);
-    Fail(host ? EISDIR : ENOENT);
-    return nullptr;
+  Result<std::unique_ptr<OutputFile>> Create(const std::string& path) override {
+    Result<std::unique_ptr<HostOutputFile>> file = CreateFile(path);
+    if (!file.ok()) return file.status;
+    return std::unique_ptr<OutputFile>(std::move(file.value));
   }
 
-  bool Exists(const std::string& path) override {
-    ClearError();
+  Status LookAt(const std::string& path) override {
     const auto host = Host(path);
-    if (!host) return false;
+    if (!host) return Status::CannotOpen(path, ENOENT);
     std::error_code error;
     const fs::file_status status = fs::status(*host, error);
-    if (status.type() == fs::file_type::none) Fail(error.value());
-    return status.type() != fs::file_type::not_found;
+    return fs::exists(status) ? Status() : Status::CannotOpen(path, error.value());
   }
 
-  bool IsDirectory(const std::string& path) override { return fs::is_directory(Status(path)); }
+  bool IsDirectory(const std::string& path) override { return fs::is_directory(KindOf(path)); }
 
   uint64_t Size(const std::string& path) override {
-    if (!fs::is_regular_file(Status(path))) return 0;
+    if (!fs::is_regular_file(KindOf(path))) return 0;
     std::error_code error;
     const uint64_t size = fs::file_size(*Host(path), error);
     return error ? 0 : size;
   }
 
-  bool List(const std::string& directory, std::vector<DirectoryEntry>* entries) override {
+  Result<std::vector<DirectoryEntry>> List(const std::string& directory) override {
     const auto host = Host(directory);
-    if (!host) return Fail(ENOENT);
-    std::vector<DirectoryEntry> found;
+    if (!host) return Status::CannotOpen(directory, ENOENT);
+    std::vector<DirectoryEntry> entries;
     std::error_code error;
     for (fs::directory_iterator entry(*host, error), end; !error && entry != end;
          entry.increment(error)) {
@@ -234,39 +245,40 @@ class HostFiles : public Files {
       const bool isDirectory = entry->is_directory(ignored);
       const bool isFile = entry->is_regular_file(ignored);
       const uint64_t size = isFile ? entry->file_size(ignored) : 0;
-      found.push_back({name, isDirectory, ignored ? 0 : size});
+      entries.push_back({name, isDirectory, ignored ? 0 : size});
     }
-    if (error) return Fail(error.value());
-    *entries = std::move(found);
-    return true;
+    if (error) return Status::CannotOpen(directory, error.value());
+    return entries;
   }
 
-  bool Copy(const std::string& from, const std::string& to) override {
+  Status Copy(const std::string& from, const std::string& to) override {
     const auto source = Host(from);
     const auto target = Host(to);
-    if (!source || !target || NamesDirectory(to)) return Fail(ENOENT);
-    const std::unique_ptr<InputFile> in = Open(from, 0);
-    if (in == nullptr) return false;
+    if (!target || NamesDirectory(to)) return Status::CannotOpen(to, ENOENT);
+    const Result<std::unique_ptr<InputFile>> in = Open(from, 0);
+    if (!in.ok()) return in.status;
     std::error_code error;
-    if (fs::equivalent(*source, *target, error)) return true;
-    const auto out = CreateFile(*target);
-    if (!out) return false;
-    out->LeaveFolderUnsynced();
+    if (fs::equivalent(*source, *target, error)) return {};
+    const Result<std::unique_ptr<HostOutputFile>> out = CreateFile(to);
+    if (!out.ok()) return out.status;
+    out.value->LeaveFolderUnsynced();
     std::string buffer(kBufferSize, '\0');
-    while (const size_t count = in->Read(buffer.data(), buffer.size())) {
-      if (!out->Write({buffer.data(), count})) return false;
+    while (const size_t count = in.value->Read(buffer.data(), buffer.size())) {
+      const Status written = out.value->Write({buffer.data(), count});
+      if (!written.ok()) return written;
     }
-    return in->Error() == 0 ? out->Commit() : Fail(in->Error());
+    const Status read = in.value->status();
+    return read.ok() ? out.value->Commit() : read;
   }
 
   std::vector<char> DriveLetters() override { return drives_->Letters(); }
 
   std::string CurrentDirectory() override { return currentDirectory_; }
 
-  bool SetCurrentDirectory(const std::string& directory) override {
-    if (!IsDirectory(directory)) return false;
+  Status SetCurrentDirectory(const std::string& directory) override {
+    if (!IsDirectory(directory)) return Status::CannotOpen(directory, ENOTDIR);
     currentDirectory_ = NormalDrivePath(AbsoluteDrivePath(currentDirectory_, directory));
-    return true;
+    return {};
   }
 
  private:
@@ -275,24 +287,27 @@ class HostFiles : public Files {
     return drives_->ToHost(AbsoluteDrivePath(currentDirectory_, path));
   }
 
-  fs::file_status Status(const std::string& path) const {
+  fs::file_status KindOf(const std::string& path) const {
     const auto host = Host(path);
     std::error_code error;
     return host ? fs::status(*host, error) : fs::file_status(fs::file_type::none);
   }
 
-  std::unique_ptr<InputFile> Open(const std::string& path, int flags) {
+  Result<std::unique_ptr<InputFile>> Open(const std::string& path, int flags) {
     const auto host = Host(path);
-    OpenedFile file = host ? OpenPlainFile(*host, flags) : OpenedFile{Descriptor(), {}, ENOENT};
-    ClearError();
-    if (file.error != 0) Fail(file.error);
-    return file.error == 0 ? std::make_unique<HostInputFile>(std::move(file)) : nullptr;
+    if (!host) return (Status::CannotOpen(path, ENOENT));
+    Result<OpenedFile> file = OpenPlainFile(*host, flags, path);
+    if (!file.ok()) return (file.status);
+    return std::make_unique<HostInputFile>(std::move(file.value), path);
   }
 
-  std::unique_ptr<HostOutputFile> CreateFile(const fs::path& path) {
-    ClearError();
-    auto file = std::make_unique<HostOutputFile>(path, this);
-    return file->IsOpen() ? std::move(file) : nullptr;
+  Result<std::unique_ptr<HostOutputFile>> CreateFile(const std::string& path) {
+    const auto host = Host(path);
+    if (!host) return Status::CannotOpen(path, ENOENT);
+    if (NamesDirectory(path)) return Status::CannotOpen(path, EISDIR);
+    auto file = std::make_unique<HostOutputFile>(*host, path);
+    if (!file->status().ok()) return file->status();
+    return file;
   }
 
   const Drives* drives_;
@@ -301,55 +316,44 @@ class HostFiles : public Files {
 
 }  // namespace
 
-bool IsReadFailure(int error) {
-  constexpr std::array kNoFile = {0, ENOENT, ENOTDIR, EISDIR, ENAMETOOLONG, kNoPlainFile};
-  return std::ranges::find(kNoFile, error) == kNoFile.end();
-}
-
-std::string FileErrorText(int error) {
-  if (error == kNoPlainFile) return "is no plain file";
-  if (error == kFileChanged) return "has changed while it was read";
-  if (error == kAboveLimit)
-    return "is larger than " + std::to_string(kLargestSettings >> 20) + " MiB";
-  if (error == kRefusedName) return "the name is not allowed";
-  if (error == kPartSource) return "a program or master model for it could not be read";
-  return std::strerror(error);
-}
-
 namespace {
 
+static_assert(kLargestSettings == 4 << 20, "the text of kTooLarge has the limit");
+
 // At most that many bytes.
-bool ReadUpTo(uint64_t most, Files* files, const std::string& path, std::string* bytes) {
-  const auto file = files->OpenForReading(path);
-  if (file == nullptr) return false;
+Result<std::string> ReadUpTo(uint64_t most, Files* files, const std::string& path) {
+  const Result<std::unique_ptr<InputFile>> file = files->OpenForReading(path);
+  if (!file.ok()) return file.status;
   // One byte more than the file has, so that its end shows without another piece.
-  const auto piece = static_cast<size_t>(std::min<uint64_t>(file->Stamp().size + 1, kBufferSize));
-  std::string read;
+  const uint64_t whole = file.value->Stamp().size + 1;
+  const auto piece = static_cast<size_t>(std::min<uint64_t>(whole, kBufferSize));
+  std::string bytes;
   for (size_t count = piece; count > 0;) {
-    const size_t size = read.size();
-    if (size > most) return files->Fail(kAboveLimit);
-    read.resize(size + piece);
-    count = file->Read(read.data() + size, piece);
-    read.resize(size + count);
+    const size_t size = bytes.size();
+    if (size > most) return Status(StatusKind::kTooLarge, path);
+    bytes.resize(size + piece);
+    count = file.value->Read(bytes.data() + size, piece);
+    bytes.resize(size + count);
   }
-  if (file->Error() != 0) return files->Fail(file->Error());
-  *bytes = std::move(read);
-  return true;
+  if (const Status read = file.value->status(); !read.ok()) return read;
+  return bytes;
 }
 
 }  // namespace
 
-bool ReadWholeFile(Files* files, const std::string& path, std::string* bytes) {
-  return ReadUpTo(UINT64_MAX, files, path, bytes);
+Result<std::string> ReadWholeFile(Files* files, const std::string& path) {
+  return ReadUpTo(UINT64_MAX, files, path);
 }
 
-bool ReadSettings(Files* files, const std::string& path, std::string* bytes) {
-  return ReadUpTo(kLargestSettings, files, path, bytes);
+Result<std::string> ReadSettings(Files* files, const std::string& path) {
+  return ReadUpTo(kLargestSettings, files, path);
 }
 
-bool WriteWholeFile(Files* files, const std::string& path, std::string_view bytes) {
-  const auto file = files->Create(path);
-  return file != nullptr && file->Write(bytes) && file->Commit();
+Status WriteWholeFile(Files* files, const std::string& path, std::string_view bytes) {
+  const Result<std::unique_ptr<OutputFile>> file = files->Create(path);
+  if (!file.ok()) return file.status;
+  const Status written = file.value->Write(bytes);
+  return written.ok() ? file.value->Commit() : written;
 }
 
 std::unique_ptr<Files> MakeHostFiles(const Drives* drives) {

@@ -103,21 +103,18 @@ bool SyncFolder(int folder) {
 
 }  // namespace
 
-NewFile::NewFile(const fs::path& target) : target_(target) {
+NewFile::NewFile(const fs::path& target) : target_(target), status_(Create()) {}
+
+Status NewFile::Create() {
+  const auto failed = [this](int reason) { return Status::CannotOpen(target_, reason); };
   struct stat older {};
-  if (!FollowLinks(&target_)) {
-    Fail();
-    return;
-  }
+  if (!FollowLinks(&target_)) return failed(errno);
   const bool replaces = ::stat(target_.c_str(), &older) == 0;
-  if (replaces && !S_ISREG(older.st_mode)) errno = S_ISDIR(older.st_mode) ? EISDIR : kNoPlainFile;
-  const bool isAllowed = replaces ? S_ISREG(older.st_mode) && ::faccessat(AT_FDCWD, target_.c_str(),
-                                                                          W_OK, AT_EACCESS) == 0
-                                  : errno == ENOENT;
-  if (!isAllowed) {
-    Fail();
-    return;
-  }
+  if (!replaces && errno != ENOENT) return failed(errno);
+  if (replaces && S_ISDIR(older.st_mode)) return failed(EISDIR);
+  if (replaces && !S_ISREG(older.st_mode)) return {StatusKind::kNoFile, target_};
+  if (replaces && ::faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0)
+    return failed(errno);
   RemoveLeftovers(target_.parent_path());
 
   static unsigned number = 0;
@@ -131,36 +128,35 @@ NewFile::NewFile(const fs::path& target) : target_(target) {
       ::flock(descriptor_.Number(), LOCK_EX | LOCK_NB);
       if (replaces) TakeRightsOver(descriptor_.Number(), older);
       path_ = path;
-      return;
+      return {};
     }
-    Fail();
-    if (error_ != EEXIST) return;
+    if (errno != EEXIST) return failed(errno);
   }
+  return failed(EEXIST);
 }
 
 NewFile::~NewFile() {
   if (!path_.empty()) ::unlink(path_.c_str());
 }
 
-bool NewFile::PutInPlace(Sync sync) {
+Status NewFile::PutInPlace(Sync sync) {
+  const auto failed = [this](int reason) {
+    return Status(StatusKind::kWriteFailed, target_, reason);
+  };
   struct stat asCreated {};
-  if (path_.empty() || ::fstat(descriptor_.Number(), &asCreated) != 0) return Fail();
+  if (path_.empty() || ::fstat(descriptor_.Number(), &asCreated) != 0) return failed(errno);
   const Descriptor folder(
       ::open(target_.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (!folder.IsOpen() && errno != EACCES) return Fail();
+  if (!folder.IsOpen() && errno != EACCES) return failed(errno);
   if ((sync != Sync::kNone && ::fsync(descriptor_.Number()) != 0) ||
       !SyncReplacement(path_, asCreated) || !descriptor_.Close() ||
       ::rename(path_.c_str(), target_.c_str()) != 0) {
-    return Fail();
+    return failed(errno);
   }
   path_.clear();
   registered_.reset();
-  return sync != Sync::kFileAndFolder || SyncFolder(folder.Number()) || Fail();
-}
-
-bool NewFile::Fail() {
-  error_ = errno;
-  return false;
+  if (sync != Sync::kFileAndFolder || SyncFolder(folder.Number())) return {};
+  return failed(errno);
 }
 
 }  // namespace tvx

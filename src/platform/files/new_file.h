@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <optional>
 
+#include "base/status.h"
 #include "platform/files/descriptor.h"
 #include "platform/termination.h"
 
@@ -27,27 +28,25 @@ class NewFile {
   NewFile(const NewFile&) = delete;
   NewFile& operator=(const NewFile&) = delete;
 
-  // False if there may be no such file: no folder, no right to write there, or a target that may
-  // not be written or is no plain file.
-  bool IsOpen() const { return !path_.empty(); }
+  // Why there may be no such file: no folder, no right to write there, or a target that may not be
+  // written or is no plain file. Its path is the one of this machine.
+  const Status& status() const { return status_; }
   const std::filesystem::path& path() const { return path_; }
   int descriptor() const { return descriptor_.Number(); }
 
-  // Puts it in place, with the rights of the older file. False, with the older file as it was or
-  // the new one whole, if that fails.
-  bool PutInPlace(Sync sync = Sync::kFileAndFolder);
-
-  // Why it is not open or not in place: an errno value or kNoPlainFile (files.h).
-  int error() const { return error_; }
+  // Puts it in place, with the rights of the older file. If that fails, the older file is as it was
+  // or the new one is whole.
+  Status PutInPlace(Sync sync = Sync::kFileAndFolder);
 
  private:
-  bool Fail();  // notes errno; returns false
+  // Creates the file, in place of one with those rights if there is one.
+  Status Create();
 
   Descriptor descriptor_;
   std::filesystem::path path_;  // empty once it is in place
   std::filesystem::path target_;
   std::optional<TemporaryPath> registered_;
-  int error_ = 0;
+  Status status_;
 };
 
 }  // namespace tvx

@@ -17,15 +17,17 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Copies standard input to its end. Returns 0, or the errno value of what failed.
-int CopyTo(FILE* file) {
+// Copies standard input to its end.
+Status CopyTo(FILE* file) {
   constexpr size_t kPieceBytes = size_t{64} * 1024;
   std::array<char, kPieceBytes> piece;
   for (;;) {
     const size_t count = std::fread(piece.data(), 1, piece.size(), stdin);
-    if (std::ferror(stdin) != 0) return errno;
-    if (std::fwrite(piece.data(), 1, count, file) != count) return errno;
-    if (count < piece.size()) return 0;
+    if (std::ferror(stdin) != 0) return {StatusKind::kReadFailed, "", errno};
+    if (std::fwrite(piece.data(), 1, count, file) != count) {
+      return {StatusKind::kWriteFailed, "", errno};
+    }
+    if (count < piece.size()) return {};
   }
 }
 
@@ -35,7 +37,7 @@ StandardInput::StandardInput() {
   std::error_code noFolder;
   const fs::path folder = fs::temp_directory_path(noFolder);
   if (noFolder) {
-    error_ = noFolder.value();
+    status_ = Status::CannotOpen("", noFolder.value());
     return;
   }
   std::string name = folder / "tvx-input-XXXXXX";
@@ -50,16 +52,18 @@ StandardInput::StandardInput() {
     }
   }
   if (file == nullptr) {
-    error_ = errno;
+    status_ = Status::CannotOpen("", errno);
   } else {
-    error_ = CopyTo(file);
-    if (std::fclose(file) != 0 && error_ == 0) error_ = errno;
+    status_ = CopyTo(file);
+    if (std::fclose(file) != 0 && status_.ok()) {
+      status_ = Status(StatusKind::kWriteFailed, "", errno);
+    }
   }
-  if (error_ != 0 && !path_.empty()) ::unlink(path_.c_str());
+  if (!status_.ok() && !path_.empty()) ::unlink(path_.c_str());
 }
 
 StandardInput::~StandardInput() {
-  if (error_ == 0) ::unlink(path_.c_str());
+  if (status_.ok()) ::unlink(path_.c_str());
 }
 
 }  // namespace tvx

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <optional>
 
+#include "base/status.h"
 #include "platform/termination.h"
 
 namespace tvx {
@@ -16,13 +17,13 @@ class StandardInput {
   StandardInput(const StandardInput&) = delete;
   StandardInput& operator=(const StandardInput&) = delete;
 
-  // Why standard input could not be read to its end or the copy not be written: an errno value. 0
-  // if the copy is complete; otherwise there is no file.
-  int error() const { return error_; }
+  // Why standard input could not be read to its end or the copy not be written: kReadFailed or
+  // kWriteFailed, and there is no file.
+  const Status& status() const { return status_; }
   const std::filesystem::path& path() const { return path_; }
 
  private:
-  int error_ = 0;
+  Status status_;
   std::filesystem::path path_;
   std::optional<TemporaryPath> registered_;
 };

@@ -15,7 +15,7 @@ bool MayReplace(const std::string& path, bool (*isOfKind)(std::string_view start
                 UserInterface* ui);
 
 // Shows in the status line whether a file was written.
-void ShowWritten(bool written, const std::string& path, UserInterface* ui);
+void ShowWritten(const Status& written, const std::string& path, UserInterface* ui);
 
 // Shows the message for a file that cannot be opened or, of the program's own files, written.
 void ShowCannotOpen(UserInterface* ui);

@@ -318,15 +318,6 @@ TEST_F(MainWindowTest, ChangedFileAndOtherFormatAreOfferedAndReadOnRequestOnly) 
   button("다시 불러오기 (Ctrl+R)")->click();
   EXPECT_EQ(View().program.store.blockCount, 2U);
   EXPECT_FALSE(button("다시 불러오기 (Ctrl+R)")->isVisible());
-  {
-    // The text of the program is read when its dock is painted, during work as well.
-    const WorkScope work(app.ui->LongWork(), Work::kAdjust, "");
-    app.files->Fail(ENOSPC);
-    window->update();
-    QTest::qSleep(120);  // until the progress shows
-    EXPECT_TRUE(app.ui->LongWork()->Step(0, 1));
-    EXPECT_EQ(app.files->LastError(), ENOSPC);
-  }
 
   Load("plain", "1 L X+10 Y+0 FMAX\n2 L X+20 Y+5 F500\n3 L X+30 Y+9\n");
   QTRY_VERIFY(button("다른 형식으로 읽기")->isVisible());

@@ -24,8 +24,8 @@ using namespace std::string_literals;
 
 // The kind of entry at a path, with the bytes of a file; all operations have to agree on it.
 std::string At(Files* files, const std::string& path) {
-  std::string bytes;
-  const bool isFile = ReadWholeFile(files, path, &bytes);
+  const auto [bytes, read] = ReadWholeFile(files, path);
+  const bool isFile = read.ok();
   const bool isDirectory = files->IsDirectory(path);
   EXPECT_FALSE(isFile && isDirectory) << path;
   EXPECT_EQ(files->Exists(path), isFile || isDirectory) << path;
@@ -36,10 +36,10 @@ std::string At(Files* files, const std::string& path) {
 using List = std::set<std::string>;
 
 List Names(Files* files, const std::string& directory) {
-  std::vector<DirectoryEntry> entries;
-  EXPECT_TRUE(files->List(directory, &entries)) << directory;
+  const Result<std::vector<DirectoryEntry>> entries = files->List(directory);
+  EXPECT_TRUE(entries.ok()) << directory;
   List names;
-  for (const DirectoryEntry& entry : entries) {
+  for (const DirectoryEntry& entry : entries.value) {
     names.insert(entry.name + (entry.isDirectory ? "\\" : " " + std::to_string(entry.size)));
   }
   return names;
@@ -57,8 +57,8 @@ struct HostDisk {
 class AnyFiles : public testing::TestWithParam<bool> {
  protected:
   AnyFiles() {
-    EXPECT_TRUE(WriteWholeFile(files_, "c:\\marlo\\ncdata\\Part.NC", "G1 X1\r\n"));
-    EXPECT_TRUE(files_->SetCurrentDirectory("C:\\Marlo/ncdata\\"));
+    EXPECT_TRUE(WriteWholeFile(files_, "c:\\marlo\\ncdata\\Part.NC", "G1 X1\r\n").ok());
+    EXPECT_TRUE(files_->SetCurrentDirectory("C:\\Marlo/ncdata\\").ok());
   }
 
   HostDisk host_;
@@ -79,7 +79,7 @@ TEST_P(AnyFiles, PathsWithoutCaseAndFromTheCurrentDirectory) {
   }
   for (const char* path : {"", "none.nc", "c:\\part.nc", "c:\\none\\part.nc", "q:\\part.nc"}) {
     EXPECT_EQ(At(files_, path), "none") << path;
-    EXPECT_FALSE(files_->Copy(path, "c:\\x")) << path;
+    EXPECT_FALSE(files_->Copy(path, "c:\\x").ok()) << path;
   }
   EXPECT_EQ(At(files_, "c:\\Marlo"), "directory");
 }
@@ -94,9 +94,9 @@ TEST_P(AnyFiles, CurrentDirectory) {
       {"c:\\marlo\\", "c:\\marlo"},
   };
   for (const auto& [directory, then] : kCases) {
-    EXPECT_TRUE(files_->SetCurrentDirectory(directory)) << directory;
+    EXPECT_TRUE(files_->SetCurrentDirectory(directory).ok()) << directory;
     for (const char* refused : {"none", "", "c:\\marlo\\ncdata\\part.nc", "q:\\"}) {
-      EXPECT_FALSE(files_->SetCurrentDirectory(refused)) << refused;
+      EXPECT_FALSE(files_->SetCurrentDirectory(refused).ok()) << refused;
     }
     EXPECT_EQ(files_->CurrentDirectory(), then);
   }
@@ -105,34 +105,34 @@ TEST_P(AnyFiles, CurrentDirectory) {
 TEST_P(AnyFiles, PathsOfNoFileCannotBeCreated) {
   for (const char* path : {"", "none\\x.nc", "part.nc\\x.nc", "q:\\x.nc", "new\\", "c:\\new/",
                            "n:", "n:\\", "c:\\marlo", "c:\\"}) {
-    EXPECT_EQ(files_->Create(path), nullptr) << path;
-    EXPECT_EQ(files_->OpenOrCreateForReading(path), nullptr) << path;
-    EXPECT_FALSE(files_->Copy("part.nc", path)) << path;
+    EXPECT_FALSE(files_->Create(path).ok()) << path;
+    EXPECT_FALSE(files_->OpenOrCreateForReading(path).ok()) << path;
+    EXPECT_FALSE(files_->Copy("part.nc", path).ok()) << path;
   }
-  EXPECT_FALSE(files_->Copy("c:\\marlo", "x"));
+  EXPECT_FALSE(files_->Copy("c:\\marlo", "x").ok());
   for (const char* path : {"new.nc", "PART.nc"}) {
-    EXPECT_NE(files_->OpenOrCreateForReading(path), nullptr) << path;
+    EXPECT_TRUE(files_->OpenOrCreateForReading(path).ok()) << path;
   }
   EXPECT_EQ(Names(files_, "."), (List{"Part.NC 7", "new.nc 0"}));
 }
 
 TEST_P(AnyFiles, WritesPatchesAndReadsInPieces) {
-  const auto file = files_->Create("new.dat");
+  const auto file = files_->Create("new.dat").value;
   ASSERT_NE(file, nullptr);
   const std::string big(200000, 'b');
-  EXPECT_TRUE(file->Write("size") && file->Patch(0, "Si"));
-  EXPECT_FALSE(file->Patch(3, "12"));
-  EXPECT_FALSE(file->Patch(UINT64_MAX, "1"));
-  EXPECT_TRUE(file->Write("+") && file->Write(big) && file->Write("end"));
-  EXPECT_TRUE(file->Patch(200005, "END"));
-  EXPECT_FALSE(file->Patch(200006, "END"));
-  EXPECT_TRUE(file->Write("\0."s));
+  EXPECT_TRUE(file->Write("size").ok() && file->Patch(0, "Si").ok());
+  EXPECT_FALSE(file->Patch(3, "12").ok());
+  EXPECT_FALSE(file->Patch(UINT64_MAX, "1").ok());
+  EXPECT_TRUE(file->Write("+").ok() && file->Write(big).ok() && file->Write("end").ok());
+  EXPECT_TRUE(file->Patch(200005, "END").ok());
+  EXPECT_FALSE(file->Patch(200006, "END").ok());
+  EXPECT_TRUE(file->Write("\0."s).ok());
   EXPECT_FALSE(files_->Exists("new.dat"));
-  EXPECT_TRUE(file->Commit());
-  EXPECT_FALSE(file->Write("late") || file->Commit());
+  EXPECT_TRUE(file->Commit().ok());
+  EXPECT_FALSE(file->Write("late").ok() || file->Commit().ok());
 
   std::string read(300000, '.');
-  const auto input = files_->OpenForReading("new.dat");
+  const auto input = files_->OpenForReading("new.dat").value;
   EXPECT_EQ(input->Read(read.data(), 3), 3u);
   EXPECT_EQ(input->Read(read.data() + 3, 299997), 200007u);
   EXPECT_EQ(input->Read(read.data(), 16), 0u);
@@ -140,8 +140,8 @@ TEST_P(AnyFiles, WritesPatchesAndReadsInPieces) {
 }
 
 TEST_P(AnyFiles, ReadAtLeavesThePlaceOfReadAndTheStampShowsAWrite) {
-  ASSERT_TRUE(WriteWholeFile(files_, "a", "0123456789"));
-  const auto file = files_->OpenForReading("a");
+  ASSERT_TRUE(WriteWholeFile(files_, "a", "0123456789").ok());
+  const auto file = files_->OpenForReading("a").value;
   char bytes[4] = {};
   EXPECT_EQ(file->ReadAt(7, bytes, 4), 3U);
   EXPECT_EQ(std::string(bytes, 3), "789");
@@ -150,32 +150,31 @@ TEST_P(AnyFiles, ReadAtLeavesThePlaceOfReadAndTheStampShowsAWrite) {
   EXPECT_EQ(bytes[0], '0');
 
   const FileStamp stamp = file->Stamp();
-  EXPECT_EQ(files_->OpenForReading("a")->Stamp(), stamp);
-  ASSERT_TRUE(WriteWholeFile(files_, "a", "0123456789X"));
-  EXPECT_NE(files_->OpenForReading("a")->Stamp(), stamp);
+  EXPECT_EQ(files_->OpenForReading("a").value->Stamp(), stamp);
+  ASSERT_TRUE(WriteWholeFile(files_, "a", "0123456789X").ok());
+  EXPECT_NE(files_->OpenForReading("a").value->Stamp(), stamp);
 }
 
 TEST_P(AnyFiles, OlderFileStaysUntilCommit) {
-  EXPECT_TRUE(files_->Create("PART.nc")->Write("new"));
+  EXPECT_TRUE(files_->Create("PART.nc").value->Write("new").ok());
   EXPECT_EQ(Names(files_, "."), (List{"Part.NC 7"}));
-  EXPECT_TRUE(WriteWholeFile(files_, "PART.nc", "new"));
+  EXPECT_TRUE(WriteWholeFile(files_, "PART.nc", "new").ok());
   EXPECT_EQ(Names(files_, "."), (List{"Part.NC 3"}));  // one file still, its name unchanged
 }
 
 TEST_P(AnyFiles, Copies) {
-  EXPECT_TRUE(files_->Copy("part.nc", "c:\\copy.nc"));
-  EXPECT_TRUE(WriteWholeFile(files_, "part.nc", "other"));
+  EXPECT_TRUE(files_->Copy("part.nc", "c:\\copy.nc").ok());
+  EXPECT_TRUE(WriteWholeFile(files_, "part.nc", "other").ok());
   EXPECT_EQ(At(files_, "c:\\copy.nc"), "file G1 X1\r\n");
-  EXPECT_TRUE(files_->Copy("part.nc", "c:\\COPY.NC"));
-  EXPECT_TRUE(files_->Copy("part.nc", "..\\NCDATA\\PART.NC"));  // itself
+  EXPECT_TRUE(files_->Copy("part.nc", "c:\\COPY.NC").ok());
+  EXPECT_TRUE(files_->Copy("part.nc", "..\\NCDATA\\PART.NC").ok());  // itself
   EXPECT_EQ(At(files_, "part.nc") + At(files_, "c:\\copy.nc"), "file otherfile other");
 }
 
 TEST_P(AnyFiles, Lists) {
   EXPECT_EQ(Names(files_, "c:\\"), (List{"marlo\\", "windows\\"}));
-  std::vector<DirectoryEntry> entries(3);
   for (const char* path : {"part.nc", "none", "q:\\"}) {
-    EXPECT_FALSE(files_->List(path, &entries) || entries.size() != 3) << path;
+    EXPECT_FALSE(files_->List(path).ok()) << path;
   }
   EXPECT_EQ(files_->DriveLetters(), (std::vector<char>{'c', 'z'}));
 }
@@ -219,11 +218,12 @@ TEST_F(HostFiles, FullDiskLeavesTheOlderFile) {
   home.Put("drive_c/a.afa", "old");
   home.Put("drive_c/big.mma", std::string(300000, 'm'));
   for (const size_t size : {1001u, 100000u}) {  // the smaller one is buffered
-    ExpectRefused(FillDisk,
-                  [&] { return WriteWholeFile(files.get(), "c:\\a.afa", std::string(size, 'n')); });
+    ExpectRefused(FillDisk, [&] {
+      return WriteWholeFile(files.get(), "c:\\a.afa", std::string(size, 'n')).ok();
+    });
   }
   for (const char* target : {"c:\\a.afa", "c:\\new"}) {
-    ExpectRefused(FillDisk, [&] { return files->Copy("c:\\big.mma", target); });
+    ExpectRefused(FillDisk, [&] { return files->Copy("c:\\big.mma", target).ok(); });
   }
   EXPECT_EQ(HostBytes(c / "a.afa"), "old");
   EXPECT_EQ(Names(files.get(), "c:\\").size(), 4U) << "no trace of the new files";
@@ -235,17 +235,18 @@ TEST_F(HostFiles, RightsAreRespectedAndKept) {
   fs::permissions(home.Put("drive_c/secret.nc", "G1\n"), fs::perms(0200));
   fs::permissions(home.Put("drive_c/fixed.nc", "G1\n"), fs::perms(0444));
   ExpectRefused(BecomeOrdinary, [&] {
-    return files->OpenForReading("c:\\secret.nc") != nullptr ||
-           files->OpenOrCreateForReading("c:\\secret.nc") != nullptr ||
-           files->Copy("c:\\secret.nc", "c:\\copy.nc");
+    return files->OpenForReading("c:\\secret.nc").ok() ||
+           files->OpenOrCreateForReading("c:\\secret.nc").ok() ||
+           files->Copy("c:\\secret.nc", "c:\\copy.nc").ok();
   });
-  ExpectRefused(BecomeOrdinary, [&] { return WriteWholeFile(files.get(), "c:\\fixed.nc", "new"); });
+  ExpectRefused(BecomeOrdinary,
+                [&] { return WriteWholeFile(files.get(), "c:\\fixed.nc", "new").ok(); });
   EXPECT_EQ(HostBytes(c / "fixed.nc"), "G1\n");
 
   fs::permissions(home.Put("drive_c/shared.nc", "G1\n"), fs::perms(0664));
   const mode_t mask = umask(027);
-  EXPECT_TRUE(WriteWholeFile(files.get(), "c:\\shared.nc", "new"));
-  EXPECT_TRUE(WriteWholeFile(files.get(), "c:\\fresh.nc", "new"));
+  EXPECT_TRUE(WriteWholeFile(files.get(), "c:\\shared.nc", "new").ok());
+  EXPECT_TRUE(WriteWholeFile(files.get(), "c:\\fresh.nc", "new").ok());
   umask(mask);
   EXPECT_EQ(fs::status(c / "shared.nc").permissions(), fs::perms(0664));
   EXPECT_EQ(fs::status(c / "fresh.nc").permissions(), fs::perms(0640));
@@ -261,11 +262,11 @@ TEST_F(HostFiles, WriteThroughLinksAndListWhatADrivePathCanName) {
   fs::create_directory_symlink("marlo", c / "folder");
   home.Put("drive_c/back\\slash", "");
 
-  EXPECT_TRUE(WriteWholeFile(files.get(), "c:\\link.nc", "new"));
+  EXPECT_TRUE(WriteWholeFile(files.get(), "c:\\link.nc", "new").ok());
   EXPECT_EQ(HostBytes(elsewhere / "target.nc"), "new");
-  EXPECT_TRUE(WriteWholeFile(files.get(), "c:\\link1.nc", "made"));
+  EXPECT_TRUE(WriteWholeFile(files.get(), "c:\\link1.nc", "made").ok());
   EXPECT_EQ(HostBytes(c / "marlo/made.nc"), "made");
-  EXPECT_FALSE(WriteWholeFile(files.get(), "c:\\loop", "x"));
+  EXPECT_FALSE(WriteWholeFile(files.get(), "c:\\loop", "x").ok());
   EXPECT_TRUE(fs::is_symlink(c / "link.nc") && fs::is_symlink(c / "loop"));
   EXPECT_EQ(Names(files.get(), "c:\\"), (List{"LINK2.nc 4", "folder\\", "link.nc 3", "link1.nc 4",
                                               "loop 0", "marlo\\", "windows\\"}));
@@ -276,10 +277,10 @@ TEST_F(HostFiles, CopyKnowsTheSameFileBehindALink) {
   fs::create_symlink("a.nc", c / "soft.nc");
   fs::create_hard_link(c / "a.nc", c / "hard.nc");
   for (const char* other : {"c:\\soft.nc", "c:\\hard.nc", "C:\\A.NC"}) {
-    EXPECT_TRUE(files->Copy("c:\\a.nc", other)) << other;
-    EXPECT_TRUE(files->Copy(other, "c:\\a.nc")) << other;
+    EXPECT_TRUE(files->Copy("c:\\a.nc", other).ok()) << other;
+    EXPECT_TRUE(files->Copy(other, "c:\\a.nc").ok()) << other;
   }
-  EXPECT_TRUE(files->Copy("c:\\a.nc", "z:\\" + (c / "a.nc").string()));
+  EXPECT_TRUE(files->Copy("c:\\a.nc", "z:\\" + (c / "a.nc").string()).ok());
   EXPECT_TRUE(fs::is_symlink(c / "soft.nc"));
   EXPECT_EQ(fs::hard_link_count(c / "a.nc"), 2u);
   EXPECT_EQ(HostBytes(c / "a.nc"), "G1\n");
@@ -289,9 +290,10 @@ TEST_F(HostFiles, PipesAndDevicesAreRefusedAtOnce) {
   ASSERT_EQ(mkfifo((c / "pipe").c_str(), 0666), 0);
   alarm(10);  // an opening that waits for the pipe's other side ends the test program
   for (const char* path : {"c:\\pipe", "z:\\dev\\null"}) {
-    EXPECT_EQ(files->OpenForReading(path), nullptr) << path;
-    EXPECT_EQ(files->OpenOrCreateForReading(path), nullptr) << path;
-    EXPECT_EQ(files->Create(path), nullptr) << path;
+    const Status noFile(StatusKind::kNoFile, path);
+    EXPECT_EQ(files->OpenForReading(path).status, noFile) << path;
+    EXPECT_EQ(files->OpenOrCreateForReading(path).status, noFile) << path;
+    EXPECT_EQ(files->Create(path).status, noFile) << path;
     EXPECT_EQ(files->Size(path), 0u) << path;
   }
   alarm(0);
@@ -300,29 +302,41 @@ TEST_F(HostFiles, PipesAndDevicesAreRefusedAtOnce) {
 TEST_F(HostFiles, FileThatChangesWhileItIsReadHasNoEnd) {
   const struct {
     const char* change;  // after the first byte
-    int error;
-  } cases[] = {{"", 0}, {"0", kFileChanged}, {"012345678", kFileChanged}};
-  for (const auto& [change, error] : cases) {
+    StatusKind kind;
+  } cases[] = {
+      {"", StatusKind::kOk}, {"0", StatusKind::kChanged}, {"012345678", StatusKind::kChanged}};
+  for (const auto& [change, kind] : cases) {
     const fs::path path = home.Put("drive_c/a.nc", "0123");
-    const auto file = files->OpenForReading("c:\\a.nc");
+    const auto file = files->OpenForReading("c:\\a.nc").value;
     char bytes[16];
     EXPECT_EQ(file->Read(bytes, 1), 1U);
     if (*change != '\0') home.Put("drive_c/a.nc", change);
     while (file->Read(bytes, 2) > 0) {
     }
-    EXPECT_EQ(file->Error(), error) << change;
+    EXPECT_EQ(file->status().kind(), kind) << change;
   }
 }
 
-TEST_F(HostFiles, LastErrorDistinguishesMissingFromUnreadable) {
+TEST_F(HostFiles, StatusDistinguishesMissingFromUnreadable) {
   home.Put("drive_c/a.nc", "");
   fs::create_symlink("loop", c / "loop");
-  const std::pair<const char*, int> cases[] = {
-      {"c:\\a.nc", 0},       {"c:\\none", ENOENT}, {"c:\\a.nc\\b", ENOTDIR},
-      {"c:\\marlo", EISDIR}, {"c:\\loop", ELOOP},  {"z:\\dev\\null", kNoPlainFile}};
-  for (const auto& [path, error] : cases) {
-    files->OpenForReading(path);
-    EXPECT_EQ(files->LastError(), error) << path;
+  const struct {
+    const char* path;
+    StatusKind opened, lookedAt;
+    int reason;
+  } cases[] = {
+      {"c:\\a.nc", StatusKind::kOk, StatusKind::kOk, 0},
+      {"c:\\none", StatusKind::kMissing, StatusKind::kMissing, ENOENT},
+      {"c:\\a.nc\\b", StatusKind::kMissing, StatusKind::kMissing, ENOTDIR},
+      {"c:\\marlo", StatusKind::kNoFile, StatusKind::kOk, EISDIR},
+      {"c:\\loop", StatusKind::kCannotOpen, StatusKind::kCannotOpen, ELOOP},
+      {"z:\\dev\\null", StatusKind::kNoFile, StatusKind::kOk, 0},
+  };
+  for (const auto& [path, opened, lookedAt, reason] : cases) {
+    const Status status = files->OpenForReading(path).status;
+    EXPECT_EQ(status.kind(), opened) << path;
+    EXPECT_EQ(status.reason(), reason) << path;
+    EXPECT_EQ(files->LookAt(path).kind(), lookedAt) << path;
   }
 }
 
@@ -336,17 +350,17 @@ TEST_F(HostFiles, LeftoversOfEndedProcessesAreRemovedByTheNextWriter) {
        {std::to_string(child), own, std::string("1"), std::string("x")}) {
     home.Put("drive_c/.tvx-" + process + "-9.tmp", "part");
   }
-  const auto open = files->Create("c:\\b.nc");  // its own temporary file stays
-  ASSERT_TRUE(WriteWholeFile(files.get(), "c:\\a.nc", "new"));
-  EXPECT_TRUE(open->Commit());
+  const auto open = files->Create("c:\\b.nc").value;  // its own temporary file stays
+  ASSERT_TRUE(WriteWholeFile(files.get(), "c:\\a.nc", "new").ok());
+  EXPECT_TRUE(open->Commit().ok());
   EXPECT_EQ(Names(files.get(), "c:\\"),
             (List{".tvx-1-9.tmp 4", ".tvx-x-9.tmp 4", "a.nc 3", "b.nc 0", "marlo\\", "windows\\"}));
 }
 
 TEST_F(HostFiles, TargetThatBecomesADirectoryFailsAtCommit) {
-  const auto file = files->Create("c:\\x");
+  const auto file = files->Create("c:\\x").value;
   fs::create_directories(c / "x");
-  EXPECT_FALSE(file->Commit());
+  EXPECT_FALSE(file->Commit().ok());
 }
 
 }  // namespace
