@@ -18,7 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Require(EncodeCp949(read.*field.value).size() <= kWordBytes);
     complete &= !(read.*field.value).empty();
   }
-  Require(SaveConfiguration(read, &files));
+  Require(SaveConfiguration(read, &files).ok());
 
   FuzzFiles savedFiles(files.written);
   Configuration again;

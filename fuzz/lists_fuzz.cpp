@@ -27,7 +27,7 @@ void CheckUserKeys(Files* files, std::string* written) {
   std::vector<std::string> keys;
   Require(ReadUserKeys("c:", &keys, files).ok());
   for (const std::string& key : keys) Require(EncodeCp949(key).size() <= kUserKeyBytes);
-  WriteUserKeys("c:", keys, files);
+  Require(WriteUserKeys("c:", keys, files).ok());
 
   FuzzFiles savedFiles(*written);
   std::vector<std::string> again;

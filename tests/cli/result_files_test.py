@@ -56,12 +56,12 @@ class ResultFiles(unittest.TestCase):
         (self.folder / "list.txt").write_bytes("".join(lines).encode("cp949"))
         return "list.txt"
 
-    def run_tool(self, *arguments, status=0, language="ko", largest_file=resource.RLIM_INFINITY):
+    def run_tool(self, *arguments, status=0, language="ko", largest_file=resource.RLIM_INFINITY, stdin=None):
         def limit():
             signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
             resource.setrlimit(resource.RLIMIT_FSIZE, (largest_file, largest_file))
 
-        run = subprocess.run([TOOL, *arguments], cwd=self.folder, timeout=60, capture_output=True,
+        run = subprocess.run([TOOL, *arguments], cwd=self.folder, timeout=60, capture_output=True, stdin=stdin,
                              preexec_fn=limit,
                              env={**os.environ, "TVX_HOME": str(self.folder / "home"),
                                   "LC_ALL": "de_DE.UTF-8", "TVX_LANGUAGE": language})
@@ -90,6 +90,25 @@ class ResultFiles(unittest.TestCase):
             for key in name.split("."):
                 expected = (time if key in ("file", "before", "after") else expected)[key]
             self.assertEqual(value if name == "file" else float(value), expected, name)
+
+    def test_order_of_the_programs_does_not_decide_whether_times_are_written(self):
+        (self.folder / "folder").mkdir()
+        (self.folder / "older.csv").write_text("older")
+        unreadable = os.open(self.folder, os.O_RDONLY)  # a standard input whose reads fail
+        self.addCleanup(os.close, unreadable)
+        cases = (("", True), ("none.nc", True), ("part.nc/none.nc", True), ("folder", True), ("-", False))
+        for name, written in cases:
+            for programs in ((name, "part.nc"), ("part.nc", name)):
+                out = self.folder / ("new.csv" if written else "older.csv")
+                run = self.run_tool("time", "--csv", out.name, *programs, status=1, stdin=unreadable)
+                if written:
+                    self.assertEqual(run.stderr.count(b"\n"), 1, run.stderr)
+                    rows = list(csv.DictReader(io.StringIO(out.read_text())))
+                    self.assertEqual([row["file"] for row in rows], ["part.nc"], programs)
+                    out.unlink()
+                else:
+                    self.assertIn(b"tvx-cli: older.csv: cannot be written: ", run.stderr)
+                    self.assertEqual(out.read_text(), "older", programs)
 
     def test_page_is_whole_in_both_languages_and_loads_nothing(self):
         self.write_list("<b>&'.nc", "part.nc")
