@@ -83,8 +83,7 @@ CheckingReceiver Read(std::string_view text, bool isIntegerData) {
   CheckingReceiver receiver;
   ReadingRemarks remarks;
   const ReadingOptions options{.isIntegerData = isIntegerData, .stepsBeyondLines = kSteps};
-  Require(ReadAsControl("c:\\fuzz.nc", options, &files, &receiver, &remarks) ==
-          ReadingResult::kRead);
+  Require(ReadAsControl("c:\\fuzz.nc", options, &files, &receiver, &remarks).ok());
   const auto lines = static_cast<uint64_t>(std::count(text.begin(), text.end(), '\n')) + 1;
   Require(receiver.lastLine <= lines);
   CheckRemarks(&remarks, lines);

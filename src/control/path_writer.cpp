@@ -29,14 +29,13 @@ void PathWriter::CutArc(Plane plane, const Arc& arc, const Point& end, const Cut
 }
 
 void PathWriter::Send(MoveKind kind, const Point& end, const CutFeed& feed, double length) {
-  if (length > kNoLength) {
-    move_.kind = kind;
-    move_.end = end;
-    move_.feed = std::max(0.0, feed.isInverseTime ? feed.value * length : feed.value);
-    move_.length = length;
-    receiver_->Move(move_);
-    hasMoved_ = true;
-  }
+  if (length <= kNoLength) return;
+  move_.kind = kind;
+  move_.end = end;
+  move_.feed = std::max(0.0, feed.isInverseTime ? feed.value * length : feed.value);
+  move_.length = length;
+  receiver_->Move(move_);
+  hasMoved_ = true;
   move_.start = end;
 }
 

@@ -15,8 +15,8 @@ struct CutFeed {
   bool isInverseTime = false;  // the value is the inverse of the minutes of the move
 };
 
-// Keeps the position, and sends what a line does to the receiver. A move without length changes the
-// position and is not sent.
+// Keeps the position, and sends what a line does to the receiver. A move without length is
+// none: each move starts where the one before it ended.
 class PathWriter {
  public:
   // Both have to outlive the object.

@@ -88,11 +88,11 @@ class Scan {
     const char* next = next_ + 1;
     const bool isNegative = *next == '-';
     if (isNegative) ++next;
-    int64_t digits = 0;
+    uint64_t digits = 0;
     const auto takeDigits = [&] {
       const char* const begin = next;
       for (unsigned digit; (digit = static_cast<unsigned char>(*next) - unsigned{'0'}) <= 9; ++next)
-        digits = digits * 10 + static_cast<int64_t>(digit);
+        digits = digits * 10 + digit;
       return next - begin;
     };
     const ptrdiff_t whole = takeDigits();
@@ -102,7 +102,7 @@ class Scan {
     if (whole > kMostWhole || whole + places > kMost || whole + places == 0) return false;
     if (GlyphOf(*next) == Glyph::kBlank) next = SkipBlanks(next);
     if (GlyphOf(*next) > Glyph::kLineFeed || letter == 'O') return false;
-    const double value = static_cast<double>(digits) / kPowersOfTen[places];
+    const double value = static_cast<double>(static_cast<int64_t>(digits)) / kPowersOfTen[places];
     words_.Add(letter, isNegative ? -value : value, hasPoint);
     next_ = next;
     return true;
