@@ -7,8 +7,7 @@ namespace tvx {
 
 void CsvOption::AddTo(CommandLine* line) {
   line->AddOption("--csv", &path_, "OUT.csv: write the figures as comma-separated values");
-  line->AddFlag("--bom", &hasMark_,
-                "begin the values with a byte order mark, for spreadsheet programs that need it");
+  line->AddFlag(kMarkOption, &hasMark_, kMarkHelp);
 }
 
 void CsvOption::Check() const {

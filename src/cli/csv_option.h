@@ -9,6 +9,10 @@
 
 namespace tvx {
 
+inline constexpr char kMarkOption[] = "--bom";
+inline constexpr char kMarkHelp[] =
+    "begin the values with a byte order mark, for spreadsheet programs that need it";
+
 class CsvOption {
  public:
   void AddTo(CommandLine* line);

@@ -129,7 +129,7 @@ int RunJobs(const Call& call) {
   line.AddArgument("LIST", &argument, "job list");
   line.Parse();
   params.Check();
-  outputs.csv.Check();
+  outputs.Check();
   if (json && information) throw WrongCall{"--json and --info exclude each other"};
 
   Host host(call);
@@ -139,14 +139,9 @@ int RunJobs(const Call& call) {
   const JobList list = ReadList(host, host.ReadablePath(argument), argument, &report);
   params.Apply(&host, &view);
   AcceptList(list, pictures && !noPictures, &view);
-  const bool hasPage = outputs.page.has_value();
-  view.wanted = {.programmed = true,
-                 .causes = hasPage,
-                 .machine = true,
-                 .sheetPicture = hasPage,
-                 .workbookPicture = outputs.workbook.has_value(),
-                 .check = hasPage || host.app.machine.has_value()};
-  if (outputs.page) view.causes = std::make_unique<FeedCauses>();
+  view.wanted = Union(outputs.Needs(),
+                      {.programmed = true, .machine = true, .check = host.app.machine.has_value()});
+  if (view.wanted.causes) view.causes = std::make_unique<FeedCauses>();
   if (fresh) report.ReadFresh();
   RunAcceptedList(&view, &report);
   ShowProgress("");
@@ -160,7 +155,7 @@ int RunJobs(const Call& call) {
     PrintTable(results, report.totals());
   }
   EndIfInterrupted();  // the files are written from a whole run only
-  const bool complete = WriteOutputs(outputs, host, results);
+  const bool complete = outputs.Write(host, results);
   return report.failed() || !complete ? 1 : 0;
 }
 

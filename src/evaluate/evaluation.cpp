@@ -16,6 +16,20 @@ Status ReadProgram(const std::string& path, const ProgramWork& work) {
   return loaded;
 }
 
+bool CopyProgram(const NcProgram& from, NcProgram* to) {
+  EmptyProgram(to);
+  to->FeedBase = from.FeedBase;
+  to->incrementalMode = from.incrementalMode;
+  to->arcRadius = from.arcRadius;
+  to->lostBlocks = from.lostBlocks;
+  to->isIncomplete = from.isIncomplete;
+  to->programmed = from.programmed;
+  to->source.path = from.source.path;
+  to->source.stamp = from.source.stamp;
+  to->source.isConversational = from.source.isConversational;
+  return to->store.CopyFrom(from.store);
+}
+
 bool AdjustFeeds(const ProgramWork& work, const FeedTrace& trace) {
   const bool follows = !trace && work.causes != nullptr;
   const WorkScope scope(work.progress, Work::kAdjust, work.program->source.path);

@@ -33,7 +33,7 @@ struct ProgramWork {
   FeedCauses* causes = nullptr;             // follow each adjustment
   const MachineProfile* machine = nullptr;  // the one that was chosen
   const ViewState* view = nullptr;          // that pictures show; required only if they are wanted
-  // For LoadProgramFile only.
+  // For ReadProgram only.
   ParserStates* parserStates = nullptr;
   ProgramChecks* checks = nullptr;  // begin with each load; null if no program is checked
   Files* files = nullptr;
@@ -42,6 +42,11 @@ struct ProgramWork {
 // Reads an NC file into the store, by its drive path or relative to the current directory. The
 // causes are cleared, and the check of the program can begin. Returns what LoadNcFile returned.
 Status ReadProgram(const std::string& path, const ProgramWork& work);
+
+// Copies what the other steps read of a program, not where its lines are: an adjustment overwrites
+// the programmed feeds, so that each set of options needs a copy. Returns false, with a part of the
+// program, if no memory can be had.
+bool CopyProgram(const NcProgram& from, NcProgram* to);
 
 // Adjusts the feeds by the options and the master model. The trace receives each change; without
 // one, the causes do. Returns false if the user stopped it, which leaves a part of the feeds as

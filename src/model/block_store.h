@@ -115,6 +115,10 @@ class BlockStore {
     return {first, first != nullptr ? blocksPerPage : 0};
   }
 
+  // Takes over the blocks and the register of another store. Returns false, with a part of the
+  // blocks, if no memory can be had.
+  bool CopyFrom(const BlockStore& other);
+
   // True for a record that a read would repair.
   static bool IsBad(const MotionBlock& block) {
     return IsOutOfRange(block.x) || IsOutOfRange(block.z);

@@ -10,9 +10,7 @@
 #include "platform/files/user_files.h"
 #include "platform/number_field.h"
 #include "reports/job_list_file.h"
-#include "reports/job_sheet.h"
 #include "reports/spreadsheet_export.h"
-#include "reports/text_report.h"
 #include "stats/entry_lines.h"
 
 namespace tvx {
@@ -23,34 +21,16 @@ constexpr int kRapidLengthDecimals = 3;
 constexpr int kNoFile = -1;
 constexpr size_t kShownPrograms = 10;  // of those that a copy replaces
 
-FileQuestion ReportQuestion() {
+FileQuestion QuestionOf(const Report& report) {
+  const std::string mask = std::string("*.") + report.ending;
+  const bool isFilled = report.steps == ReportSteps::kFillSpreadsheet;
   return {.save = true,
-          .confirmsOverwrite = true,
-          .defaultExtension = "tvx",
-          .fileName = "*.tvx",
-          .filter = "TVX file (*.tvx)|*.tvx|모든 화일(*.*)|*.*||"};
-}
-
-FileQuestion ListQuestion() {
-  return {.save = true,
-          .defaultExtension = "mcf",
-          .fileName = "*.mcf",
-          .filter = "TVX file (*.mcf)|*.mcf|모든 화일(*.*)|*.*||",
-          .title = "TVX  화일명을 입력 하시요!!"};
-}
-
-FileQuestion SheetQuestion() {
-  return {.save = true,
-          .defaultExtension = "html",
-          .fileName = "*.html",
-          .filter = "HTML file (*.html)|*.html|모든 화일(*.*)|*.*||"};
-}
-
-FileQuestion WorkbookQuestion() {
-  return {.save = true,
-          .mustExist = true,
-          .fileName = "*.xls",
-          .filter = "Excel file (*.xls)|*.xls|모든 화일(*.*)|*.*||"};
+          .mustExist = isFilled,
+          .confirmsOverwrite = !isFilled && report.isOfKind == nullptr,
+          .defaultExtension = isFilled ? "" : report.ending,
+          .fileName = mask,
+          .filter = report.fileKind + (" (" + mask + ")|" + mask) + "|모든 화일(*.*)|*.*||",
+          .title = report.chooserTitle};
 }
 
 // The first lines, and "..." for the others.
@@ -82,17 +62,15 @@ std::string StoppedText(const RunEnd& end) {
                 static_cast<int>(end.done));
 }
 
-std::span<const CCutTimeListDlg::Button> CCutTimeListDlg::Buttons() {
-  static constexpr Button kButtons[] = {
-      {"청소", &CCutTimeListDlg::Clear},
-      {"화일삭제", &CCutTimeListDlg::DeleteSelected},
-      {"화일 출력", &CCutTimeListDlg::WriteReport},
-      {"AFA 출력", &CCutTimeListDlg::WriteList},
-      {"AFA 출력, Copy", &CCutTimeListDlg::WriteListCopy},
-      {"스프레드시트 출력", &CCutTimeListDlg::Export},
-      {"HTML", &CCutTimeListDlg::WriteSheet},
-  };
-  return kButtons;
+std::vector<CCutTimeListDlg::Button> CCutTimeListDlg::Buttons() {
+  std::vector<Button> buttons = {{"청소", &CCutTimeListDlg::Clear},
+                                 {"화일삭제", &CCutTimeListDlg::DeleteSelected}};
+  for (const Report& report : Reports()) {
+    if (report.button == nullptr) continue;
+    buttons.push_back(
+        {report.button, [&report](CCutTimeListDlg* dialog) { return dialog->Write(report); }});
+  }
+  return buttons;
 }
 
 void CCutTimeListDlg::Open() {
@@ -133,38 +111,23 @@ Closing CCutTimeListDlg::DeleteSelected() {
   return Closing::kStaysOpen;
 }
 
-// Only the name of the chosen file is used: the report is written into the current directory.
-Closing CCutTimeListDlg::WriteReport() {
+Closing CCutTimeListDlg::Write(const Report& report) {
   std::string path;
-  if (!ui_->ChooseFile(ReportQuestion(), &path)) return Closing::kStaysOpen;
-  const std::string name = NameOfPath(path, kBackslash);
-  ShowReport(WriteTextReportFile(name, results_->recorded, files_),
-             AbsoluteDrivePath(files_->CurrentDirectory(), name));
-  return Closing::kStaysOpen;
-}
-
-void CCutTimeListDlg::ShowReport(const Status& written, const std::string& path) {
-  if (written.ok()) results_->isReported = true;
-  ShowWritten(written, path, ui_);
-}
-
-// A list with a name that has a blank is not read back with it: one message is enough.
-void CCutTimeListDlg::ShowList(const Status& written, const std::string& path) {
-  ShowReport(written, path);
-  if (!written.ok()) return;
-  for (const ProgramResult& result : results_->recorded) {
-    if (!AcceptWord(result.entry.fileName, ui_)) return;
+  if (!ui_->ChooseFile(QuestionOf(report), &path)) return Closing::kStaysOpen;
+  if (report.usesCurrentDirectory) {
+    path = AbsoluteDrivePath(files_->CurrentDirectory(), NameOfPath(path, kBackslash));
   }
-}
-
-bool CCutTimeListDlg::ChooseList(std::string* path) {
-  return ui_->ChooseFile(ListQuestion(), path) && MayReplace(*path, IsJobList, files_, ui_);
-}
-
-Closing CCutTimeListDlg::WriteList() {
-  std::string path;
-  if (ChooseList(&path)) ShowList(WriteJobListFile(path, results_->recorded, files_), path);
+  if (!MayReplaceFile(report, path)) return Closing::kStaysOpen;
+  if (report.needs.check) finishChecks();
+  const bool written = report.steps == ReportSteps::kFillSpreadsheet ? FillSpreadsheet(path)
+                                                                     : WriteFiles(report, path);
+  if (written) results_->isReported = true;
   return Closing::kStaysOpen;
+}
+
+bool CCutTimeListDlg::MayReplaceFile(const Report& report, const std::string& path) {
+  if (report.isOfKind != nullptr && !MayReplace(path, report.isOfKind, files_, ui_)) return false;
+  return report.steps != ReportSteps::kCopyFiles || MayCopyBeside(path);
 }
 
 bool CCutTimeListDlg::MayCopyBeside(const std::string& path) {
@@ -183,48 +146,41 @@ bool CCutTimeListDlg::MayCopyBeside(const std::string& path) {
                            .buttons = MessageButtons::kYesNo});
 }
 
-Closing CCutTimeListDlg::WriteListCopy() {
-  std::string path;
-  if (!ChooseList(&path) || !MayCopyBeside(path)) return Closing::kStaysOpen;
+bool CCutTimeListDlg::WriteFiles(const Report& report, const std::string& path) {
+  const std::span<const ProgramResult> results = results_->recorded;
   std::vector<FailedCopy> failed;
-  const Status written = WriteJobListFileCopy(path, results_->recorded, files_, &failed);
-  ShowList(written, path);
-  if (written.ok() && !failed.empty())
-    ui_->ShowStatus("복사하지 못했습니다.", failed.front().source);
-  return Closing::kStaysOpen;
+  const Status written =
+      report.steps == ReportSteps::kCopyFiles
+          ? WriteJobListFileCopy(path, results, files_, &failed)
+          : report.write(results, {.path = path, .language = language(), .files = files_});
+  ShowWritten(written, path, ui_);
+  if (!written.ok()) return false;
+  if (report.isOfKind == IsJobList) ShowNamesThatListsCutOff();
+  if (!failed.empty()) ui_->ShowStatus("복사하지 못했습니다.", failed.front().source);
+  if (report.isOfferedToOpen) ui_->OfferToOpen(path);
+  return true;
 }
 
-Closing CCutTimeListDlg::Export() {
-  std::string path;
-  if (!ui_->ChooseFile(WorkbookQuestion(), &path)) return Closing::kStaysOpen;
+// A list with a name that has a blank is not read back with it: one message is enough.
+void CCutTimeListDlg::ShowNamesThatListsCutOff() {
+  for (const ProgramResult& result : results_->recorded) {
+    if (!AcceptWord(result.entry.fileName, ui_)) return;
+  }
+}
+
+bool CCutTimeListDlg::FillSpreadsheet(const std::string& path) {
+  const std::span<ProgramResult> results = results_->recorded;
   size_t rows = 0;
   const auto fill = [&] {
     const WorkScope work(ui_->LongWork(), Work::kFillSheet, path);
-    return ExportSpreadsheet(path, results_->recorded, spreadsheets_, &rows, ui_->LongWork());
+    return ExportSpreadsheet(path, results, spreadsheets_, &rows, ui_->LongWork());
   };
   const bool filled = fill();
-  for (ProgramResult& result : std::span(results_->recorded).first(rows)) {
-    CutDownFigures(&result.entry);
-  }
-  if (filled) {
-    results_->isReported = true;
-  } else {
-    ShowWritten(StatusKind::kWriteFailed, path, ui_);
-    ui_->ShowMessage({.text = kNoSpreadsheetProgram});
-  }
-  return Closing::kStaysOpen;
-}
-
-Closing CCutTimeListDlg::WriteSheet() {
-  std::string path;
-  if (!ui_->ChooseFile(SheetQuestion(), &path) || !MayReplace(path, IsJobSheet, files_, ui_)) {
-    return Closing::kStaysOpen;
-  }
-  finishChecks();
-  const Status written = WriteJobSheetFile(path, results_->recorded, language(), files_);
-  ShowReport(written, path);
-  if (written.ok()) ui_->OfferToOpen(path);
-  return Closing::kStaysOpen;
+  for (ProgramResult& result : results.first(rows)) CutDownFigures(&result.entry);
+  if (filled) return true;
+  ShowWritten(StatusKind::kWriteFailed, path, ui_);
+  ui_->ShowMessage({.text = kNoSpreadsheetProgram});
+  return false;
 }
 
 std::string CCutTimeListDlg::Remark() const {

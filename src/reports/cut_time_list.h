@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <functional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +11,7 @@
 #include "evaluate/result_table.h"
 #include "platform/files/files.h"
 #include "platform/user_interface.h"
+#include "reports/report_table.h"
 #include "reports/spreadsheet.h"
 
 namespace tvx {
@@ -50,9 +50,9 @@ class CCutTimeListDlg final : public Dialog {
   // The result of `press` says whether the dialog stays open.
   struct Button {
     const char* caption;
-    Closing (CCutTimeListDlg::*press)();
+    std::function<Closing(CCutTimeListDlg*)> press;
   };
-  static std::span<const Button> Buttons();
+  static std::vector<Button> Buttons();
 
   // Selects an entry and shows its lines. An index outside the list selects no file and leaves the
   // lines.
@@ -63,15 +63,9 @@ class CCutTimeListDlg final : public Dialog {
   // "화일삭제": removes the selected entry from the table; shows a message if none is selected. The
   // files on the disk are not touched.
   Closing DeleteSelected();
-  // The reports. Each asks for a file and covers the whole table, whatever is selected. A file that
-  // cannot be written is not reported.
-  Closing WriteReport();
-  Closing WriteList();
-  Closing WriteListCopy();
-  // Cuts the figures of the table down. Shows a message if the workbook cannot be filled.
-  Closing Export();
-  // The job sheet. Offers to open it.
-  Closing WriteSheet();
+  // Asks for a file and writes a report of the whole table, whatever is selected. A spreadsheet
+  // cuts the figures of the table down. What fails is shown, and the table is not reported then.
+  Closing Write(const Report& report);
 
   // How far the last run came if the user stopped it; else empty.
   std::string Remark() const;
@@ -86,11 +80,11 @@ class CCutTimeListDlg final : public Dialog {
 
  private:
   void Fill();
-  void ShowReport(const Status& written, const std::string& path);
-  void ShowList(const Status& written, const std::string& path);
-  // Asks where to write a job list, and before it replaces a file of another kind.
-  bool ChooseList(std::string* path);
+  bool MayReplaceFile(const Report& report, const std::string& path);
   bool MayCopyBeside(const std::string& path);
+  bool WriteFiles(const Report& report, const std::string& path);
+  bool FillSpreadsheet(const std::string& path);
+  void ShowNamesThatListsCutOff();
 
   ResultTable* results_;
   Files* files_;

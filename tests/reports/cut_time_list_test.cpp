@@ -35,7 +35,7 @@ class CutTimeList : public testing::Test {
     const auto buttons = CCutTimeListDlg::Buttons();
     const auto button = std::ranges::find(buttons, caption, &CCutTimeListDlg::Button::caption);
     ASSERT_NE(button, buttons.end()) << caption;
-    EXPECT_EQ((dialog.*button->press)(), expected) << caption;
+    EXPECT_EQ(button->press(&dialog), expected) << caption;
   }
 
   ResultTable table;

@@ -237,8 +237,8 @@ TEST_F(Runs, WritersAskBeforeTheyReplaceFileOfAnotherKind) {
   const std::function<void()> writers[] = {
       [&] { RunViewCommand(&view, CommandId::kWritePicture); },
       [&] { RunViewCommand(&view, CommandId::kMasterSave); },
-      [&] { view.cutTimeList.WriteList(); },
-      [&] { view.cutTimeList.WriteListCopy(); },
+      [&] { view.cutTimeList.Write(ReportOf("--list")); },
+      [&] { view.cutTimeList.Write(ReportOf("--list-copy")); },
       [&] { condition.SaveFile(); },
   };
   for (const auto& write : writers) {

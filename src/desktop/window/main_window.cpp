@@ -23,6 +23,7 @@
 #include "desktop/window/reload.h"
 #include "insight/move_text.h"
 #include "jobs/labels.h"
+#include "reports/report_table.h"
 #include "session/messages.h"
 #include "session/view_operations.h"
 #include "settings/configuration.h"
@@ -132,9 +133,7 @@ void MainWindow::BindChildWindowKeys() {
 
 ViewWidget* MainWindow::NewView() {
   auto* const widget = new ViewWidget(app_);
-  // The list of results offers the job sheet at any time.
-  widget->view().wanted = {
-      .programmed = true, .causes = true, .machine = true, .sheetPicture = true};
+  widget->view().wanted = WantedInWindow();
   QMdiSubWindow* const child = area_->addSubWindow(widget);
   child->setAttribute(Qt::WA_DeleteOnClose);
   child->installEventFilter(this);
