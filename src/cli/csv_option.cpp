@@ -14,9 +14,9 @@ void CsvOption::Check() const {
   if (hasMark_ && !path_) throw WrongCall{"--bom needs --csv"};
 }
 
-void CsvOption::Write(const Host& host, const std::string& rows, bool isPart) const {
+void CsvOption::Write(const Host& host, const std::string& rows, bool isIncomplete) const {
   if (!path_) return;
-  if (isPart) ThrowIfUnwritten(*path_, StatusKind::kPartSource);
+  if (isIncomplete) ThrowIfUnwritten(*path_, StatusKind::kPartSource);
   const std::string mark(hasMark_ ? kUtf8Mark : "");
   const Status written = WriteWholeFile(host.files.get(), host.DrivePath(*path_), mark + rows);
   ThrowIfUnwritten(*path_, written);

@@ -21,7 +21,7 @@ class CsvOption {
   // Creates or replaces the file with the rows, UTF-8; nothing without --csv. Throws Failure, with
   // an older file unchanged, if it cannot be written, or if the rows are only a part: a program
   // could not be read.
-  void Write(const Host& host, const std::string& rows, bool isPart) const;
+  void Write(const Host& host, const std::string& rows, bool isIncomplete) const;
 
  private:
   std::optional<std::string> path_;

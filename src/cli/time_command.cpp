@@ -236,7 +236,7 @@ int RunTime(const Call& call) {
   host.app.machine = machineOption.Read(host);
   view.wanted.machine = true;
   TimesReport report(params.Adjusts(), host.app.machine.has_value(), json);
-  bool failed = false, isPart = false;
+  bool failed = false, isIncomplete = false;
   for (const std::string& argument : arguments) {
     try {
       const ProgramFile file{argument, host.ProgramPath(argument)};
@@ -245,11 +245,11 @@ int RunTime(const Call& call) {
     } catch (const Failure& failure) {
       PrintRemark(failure.file + ": " + failure.reason);
       failed = true;
-      isPart = isPart || IsOfAProgram(failure.status);
+      isIncomplete = isIncomplete || IsOfAProgram(failure.status);
     }
   }
   report.Finish(arguments.size());
-  csv.Write(host, report.rows(), isPart);
+  csv.Write(host, report.rows(), isIncomplete);
   return failed ? 1 : 0;
 }
 

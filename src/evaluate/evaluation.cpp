@@ -61,7 +61,8 @@ std::optional<ProgramResult> Evaluate(const ProgramWork& work, const Evaluation&
   if (evaluation.onAdjusted) evaluation.onAdjusted();
   ProgramResult result;
   ComputeCutTime(&work.program->store, *work.job, &result.entry);
-  if (work.progress->IsStopped()) return std::nullopt;
+  // Without work under way the stop is that of an earlier one.
+  if (work.progress->IsUnderWay() && work.progress->IsStopped()) return std::nullopt;
   result.programmed = work.program->programmed;
   result.check = evaluation.check;
   const bool isUnchecked = evaluation.wanted.check && result.check != nullptr &&

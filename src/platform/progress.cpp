@@ -68,7 +68,7 @@ Progress* NoProgress() {
     bool Show(const State&) override { return true; }
     void Hide() override {}
   };
-  static None none;
+  static thread_local None none;
   return &none;
 }
 

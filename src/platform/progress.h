@@ -80,7 +80,7 @@ class WorkScope {
   bool isSubject_;
 };
 
-// Shows nothing and never stops.
+// Shows nothing and never stops. Each thread has its own.
 Progress* NoProgress();
 
 }  // namespace tvx

@@ -126,8 +126,9 @@ bool RunEntry(const std::string& name, const std::string& line, CTVXView* view, 
     const MasterOutcome outcome = LoadOrBuildMaster(state->lastMaster, view, observer);
     if (progress.IsStopped()) return false;
     const bool isUnread = outcome.step == MasterStep::kRead && outcome.status.IsReadFailure();
-    const bool isPart = outcome.step == MasterStep::kLoad && view->program.isIncomplete;
-    state->isIncomplete = state->isIncomplete || isUnread || isPart;
+    const bool isProgramIncomplete =
+        outcome.step == MasterStep::kLoad && view->program.isIncomplete;
+    state->isIncomplete = state->isIncomplete || isUnread || isProgramIncomplete;
     if (!outcome.status.ok()) observer->OnMasterFailed(state->lastMaster, outcome);
   }
 

@@ -14,7 +14,7 @@
 #include "desktop/language.h"
 #include "desktop/time_text.h"
 #include "model/walks.h"
-#include "stats/cut_time.h"
+#include "session/program_steps.h"
 
 namespace tvx {
 
@@ -124,17 +124,18 @@ void LegendDock::ShowProgram(CTVXView* view) {
   const MotionBlock kept = store->CurrentBlock;
   Vec3 low, high;
   PathExtents(store, &low, &high);
-  CutTimeEntry figures;
-  ComputeCutTime(store, view->job, &figures);
+  ProgramWork work = ProgramWorkOf(view);
+  work.progress = NoProgress();  // figures are shown even if other work is being stopped
+  const ProgramResult result = *Evaluate(work, {});
   store->CurrentBlock = kept;  // the next command finds the register as it was
   blocks_->setText(ToQt(Format("%u", store->blockCount)));
   extents_->setText(ExtentText(low, high));
-  cutTime_->setText(ToQt(Format("%.1f min", figures.cutMinutes)));
-  totalTime_->setText(MinutesText(figures.totalMinutes));
-  if (!view->program.programmed) return;
-  const double before = view->program.programmed->cutMinutes + figures.rapidMinutes;
-  timeBefore_->setText(MinutesText(before));
-  saved_->setText(SavedText(before, figures.totalMinutes));
+  cutTime_->setText(ToQt(Format("%.1f min", result.entry.cutMinutes)));
+  totalTime_->setText(MinutesText(result.entry.totalMinutes));
+  const auto before = MinutesBefore(result);
+  if (!before) return;
+  timeBefore_->setText(MinutesText(*before));
+  saved_->setText(SavedText(*before, result.entry.totalMinutes));
 }
 
 void LegendDock::ShowCheck(const CTVXView* view) {
