@@ -1,6 +1,7 @@
 // One overload per type of value prints, reads or converts it; the table selects them.
 #include "conditions/parameter_lines.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "base/format.h"
@@ -65,18 +66,27 @@ std::string ValueText(const ParameterLine& line, const JobRecord& record, int32_
 
 const ParameterLine* FindByKey(std::span<const ParameterLine> lines, const std::string& key) {
   for (const ParameterLine& line : lines) {
-    if (line.reading == LineReading::kByKey && EqualNoCase(line.key, key)) return &line;
+    if (line.line.reading == LineReading::kByKey && EqualNoCase(line.line.key, key)) return &line;
   }
   return nullptr;
 }
 
 }  // namespace
 
+std::vector<ParameterLine> LinesOfFile(std::vector<ParameterLine> own, FileLine FeedField::*file) {
+  for (const FeedField& field : FeedFields()) {
+    if ((field.*file).number == 0) continue;
+    std::visit([&](auto member) { own.push_back({field.*file, member}); }, field.member);
+  }
+  std::ranges::sort(own, {}, [](const ParameterLine& line) { return line.line.number; });
+  return own;
+}
+
 std::string PrintLines(std::span<const ParameterLine> lines, const JobRecord& record,
                        int32_t spindle) {
   std::string text;
   for (const ParameterLine& line : lines) {
-    text += line.key;
+    text += line.line.key;
     text += ' ';
     text += ValueText(line, record, spindle);
     text += "\r\n";
@@ -87,7 +97,7 @@ std::string PrintLines(std::span<const ParameterLine> lines, const JobRecord& re
 void ReadLinesByPlace(std::span<const ParameterLine> lines, WordScanner* words, JobRecord* record,
                       int32_t* spindle) {
   for (const ParameterLine& line : lines) {
-    if (line.reading != LineReading::kByPlace) continue;
+    if (line.line.reading != LineReading::kByPlace) continue;
     std::string key;
     if (!words->ReadWord(&key)) return;
     std::visit([&](auto value) { ReadValue(words, Place(value, record, spindle)); }, line.value);

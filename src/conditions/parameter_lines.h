@@ -1,15 +1,17 @@
 // The lines of condition files and of the parameter file: a key, a blank and a value, which is
-// kEmptyWord for an empty text. Each of the
-// two formats is one table of lines, which its reader and its writer walk.
+// kEmptyWord for an empty text. Each of the two formats is one table of lines, which its reader and
+// its writer walk.
 #pragma once
 
 #include <cstdint>
 #include <span>
 #include <string>
 #include <variant>
+#include <vector>
 
 #include "base/scan.h"
 #include "model/job_record.h"
+#include "model/option_fields.h"
 
 namespace tvx {
 
@@ -20,17 +22,14 @@ struct SpindleSpeed {};
 using LineValue =
     std::variant<int32_t JobRecord::*, float JobRecord::*, std::string JobRecord::*, SpindleSpeed>;
 
-enum class LineReading {
-  kByPlace,  // the position in the file decides, whatever the key
-  kByKey,    // the key decides, regardless of the case of its letters
-  kNever,    // written only
+struct ParameterLine {
+  FileLine line;
+  LineValue value;  // its kind is the printed form: a whole number %d, a float %f, a text %s
 };
 
-struct ParameterLine {
-  const char* key;
-  LineValue value;  // its kind is the printed form: a whole number %d, a float %f, a text %s
-  LineReading reading;
-};
+// The lines of a file in their order: its own lines and those of the parameters of the feed
+// adjustment that it holds.
+std::vector<ParameterLine> LinesOfFile(std::vector<ParameterLine> own, FileLine FeedField::*file);
 
 // The bytes of a file with these lines in their order: CP949, lines end in CR LF.
 std::string PrintLines(std::span<const ParameterLine> lines, const JobRecord& record,

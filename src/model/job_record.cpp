@@ -1,69 +1,59 @@
-// The table of the fields of a job record, and copying by it.
+// The fields of a job record in their order, and copying by them.
 #include "model/job_record.h"
 
 #include <cmath>
 
 #include "base/scan.h"
+#include "model/option_fields.h"
 
 namespace tvx {
 
 namespace {
 
-constexpr bool kCopied = true;
 constexpr bool kStays = false;
 
-const JobField kFields[] = {
-    {"RapidFeed", &JobRecord::RapidFeed, kCopied},
-    {"InputFileType", &JobRecord::InputFileType, kCopied},
-    {"AfaEnabled", &JobRecord::AfaEnabled, kStays},
-    {"FirstEditable", &JobRecord::FirstEditable, kStays},
-    {"IntNcdataFlg", &JobRecord::IntNcdataFlg, kCopied},
-    {"ToolDiameter", &JobRecord::ToolDiameter, kCopied},
-    {"SafetyDistance", &JobRecord::SafetyDistance, kCopied},
-    {"CornerMinAngle", &JobRecord::CornerMinAngle, kCopied},
-    {"CornerMaxRatio", &JobRecord::CornerMaxRatio, kCopied},
-    {"SlopeMinAngle", &JobRecord::SlopeMinAngle, kCopied},
-    {"SlopeMaxRatio", &JobRecord::SlopeMaxRatio, kCopied},
-    {"ConCorChk", &JobRecord::ConCorChk, kCopied},
-    {"UpDownChk", &JobRecord::UpDownChk, kCopied},
-    {"MaxFeed", &JobRecord::MaxFeed, kCopied},
-    {"PlungeFeed", &JobRecord::PlungeFeed, kCopied},
-    {"DeleteM30", &JobRecord::DeleteM30, kCopied},
-    {"KeyCodeOn", &JobRecord::KeyCodeOn, kCopied},
-    {"KeyCodeCount", &JobRecord::KeyCodeCount, kCopied},
-    {"MetafileCreateChk", &JobRecord::MetafileCreateChk, kCopied},
-    {"WorkDir", &JobRecord::WorkDir, kCopied},
-    {"Material", &JobRecord::Material, kCopied},
-    {"NcdataExt", &JobRecord::NcdataExt, kCopied},
-    {"KeyCodeText", &JobRecord::KeyCodeText, kStays},
-    {"ConditionDir", &JobRecord::ConditionDir, kStays},
-    {"RapidShown", &JobRecord::RapidShown, kStays},
-    {"FileNames", &JobRecord::FileNames, kCopied},
-    {"OptionLines", &JobRecord::OptionLines, kCopied},
-    {"KeyCodes", &JobRecord::KeyCodes, kCopied},
-    {"FeedChgSmoothCheck", &JobRecord::FeedChgSmoothCheck, kCopied},
-    {"XyChgReduceCheck", &JobRecord::XyChgReduceCheck, kCopied},
-    {"FeedChgAng", &JobRecord::FeedChgAng, kCopied},
-    {"CorWeight0", &JobRecord::CorWeight0, kCopied},
-    {"CorWeight30", &JobRecord::CorWeight30, kCopied},
-    {"CorWeight60", &JobRecord::CorWeight60, kCopied},
-    {"SideWeight0", &JobRecord::SideWeight0, kCopied},
-    {"SideWeight30", &JobRecord::SideWeight30, kCopied},
-    {"SideWeight60", &JobRecord::SideWeight60, kCopied},
-    {"SideCorRat", &JobRecord::SideCorRat, kCopied},
-    {"ZupZdown", &JobRecord::ZupZdown, kCopied},
-    {"AfaByMaster", &JobRecord::AfaByMaster, kCopied},
-    {"AfaMasterFile", &JobRecord::AfaMasterFile, kCopied},
-    {"RestartOn", &JobRecord::RestartOn, kCopied},
-    {"RestartKind", &JobRecord::RestartKind, kCopied},
-    {"RestartNumber", &JobRecord::RestartNumber, kCopied},
-    {"RestartZMax", &JobRecord::RestartZMax, kCopied},
-    {"RestartZMin", &JobRecord::RestartZMin, kCopied},
-    {"RestartX", &JobRecord::RestartX, kCopied},
-    {"RestartY", &JobRecord::RestartY, kCopied},
-    {"RestartZ", &JobRecord::RestartZ, kCopied},
-    {"RestartTolerance", &JobRecord::RestartTolerance, kCopied},
-};
+JobField Feed(FeedMember member) {
+  return ListField<JobField>(FieldOf(member));
+}
+
+// The fields in the order in which a record is printed.
+std::vector<JobField> MakeFields() {
+  std::vector<JobField> fields = {
+      {"RapidFeed", &JobRecord::RapidFeed},
+      {"InputFileType", &JobRecord::InputFileType},
+      {"AfaEnabled", &JobRecord::AfaEnabled, kStays},
+      {"FirstEditable", &JobRecord::FirstEditable, kStays},
+      {"IntNcdataFlg", &JobRecord::IntNcdataFlg},
+      Feed(&JobRecord::ToolDiameter),
+      Feed(&JobRecord::SafetyDistance),
+      Feed(&JobRecord::CornerMinAngle),
+      Feed(&JobRecord::CornerMaxRatio),
+      Feed(&JobRecord::SlopeMinAngle),
+      Feed(&JobRecord::SlopeMaxRatio),
+      Feed(&JobRecord::ConCorChk),
+      Feed(&JobRecord::UpDownChk),
+      Feed(&JobRecord::MaxFeed),
+      Feed(&JobRecord::PlungeFeed),
+      {"DeleteM30", &JobRecord::DeleteM30},
+      {"KeyCodeOn", &JobRecord::KeyCodeOn},
+      {"KeyCodeCount", &JobRecord::KeyCodeCount},
+      {"MetafileCreateChk", &JobRecord::MetafileCreateChk},
+      {"WorkDir", &JobRecord::WorkDir},
+      Feed(&JobRecord::Material),
+      {"NcdataExt", &JobRecord::NcdataExt},
+      {"KeyCodeText", &JobRecord::KeyCodeText, kStays},
+      {"ConditionDir", &JobRecord::ConditionDir, kStays},
+      {"RapidShown", &JobRecord::RapidShown, kStays},
+      {"FileNames", &JobRecord::FileNames},
+      {"OptionLines", &JobRecord::OptionLines},
+      {"KeyCodes", &JobRecord::KeyCodes},
+      Feed(&JobRecord::FeedChgSmoothCheck),
+      Feed(&JobRecord::XyChgReduceCheck),
+      Feed(&JobRecord::FeedChgAng),
+  };
+  AppendOtherOptions(/*onlyOfResults=*/false, &fields);
+  return fields;
+}
 
 // True if the text is one number with nothing behind it.
 bool IsWholeNumberText(std::string_view text) {
@@ -84,11 +74,12 @@ bool IsFiniteNumberText(std::string_view text) {
 }  // namespace
 
 std::span<const JobField> JobFields() {
+  static const std::vector<JobField> kFields = MakeFields();
   return kFields;
 }
 
 const JobField* FindJobField(std::string_view name) {
-  for (const JobField& field : kFields) {
+  for (const JobField& field : JobFields()) {
     if (name == field.name) return &field;
   }
   return nullptr;
@@ -115,8 +106,8 @@ bool SetJobField(JobRecord* record, std::string_view name, std::string_view text
 }
 
 int CopyJobRecord(int /*index*/, JobRecord* destination, const JobRecord& source) {
-  for (const JobField& field : kFields) {
-    if (!field.copied) continue;
+  for (const JobField& field : JobFields()) {
+    if (!field.isCopied) continue;
     std::visit([&](auto member) { destination->*member = source.*member; }, field.member);
   }
   return 1;

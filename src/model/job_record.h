@@ -41,7 +41,7 @@ using JobMember = std::variant<int32_t JobRecord::*, float JobRecord::*, std::st
 struct JobField {
   const char* name;  // the exact name of the field
   JobMember member;
-  bool copied;  // CopyJobRecord carries it
+  bool isCopied = true;  // CopyJobRecord carries it
 };
 
 // All fields in their order.

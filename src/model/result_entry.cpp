@@ -1,59 +1,55 @@
-// The table of the fields of a result entry.
+// The fields of a result entry in their order.
 #include "model/result_entry.h"
+
+#include <vector>
+
+#include "model/option_fields.h"
 
 namespace tvx {
 
 namespace {
 
-const EntryField kFields[] = {
-    {"AfaEnabled", &CutTimeEntry::AfaEnabled},
-    {"ConCorChk", &CutTimeEntry::ConCorChk},
-    {"UpDownChk", &CutTimeEntry::UpDownChk},
-    {"RapidFeed", &CutTimeEntry::RapidFeed},
-    {"averageFeed", &CutTimeEntry::averageFeed},
-    {"MaxFeed", &CutTimeEntry::MaxFeed},
-    {"PlungeFeed", &CutTimeEntry::PlungeFeed},
-    {"ToolDiameter", &CutTimeEntry::ToolDiameter},
-    {"SafetyDistance", &CutTimeEntry::SafetyDistance},
-    {"CornerMinAngle", &CutTimeEntry::CornerMinAngle},
-    {"CornerMaxRatio", &CutTimeEntry::CornerMaxRatio},
-    {"SlopeMinAngle", &CutTimeEntry::SlopeMinAngle},
-    {"SlopeMaxRatio", &CutTimeEntry::SlopeMaxRatio},
-    {"cutLength", &CutTimeEntry::cutLength},
-    {"rapidLength", &CutTimeEntry::rapidLength},
-    {"cutMinutes", &CutTimeEntry::cutMinutes},
-    {"rapidMinutes", &CutTimeEntry::rapidMinutes},
-    {"totalMinutes", &CutTimeEntry::totalMinutes},
-    {"fileName", &CutTimeEntry::fileName},
-    {"dirName", &CutTimeEntry::dirName},
-    {"pictureName", &CutTimeEntry::pictureName},
-    {"AfaMasterFile", &CutTimeEntry::AfaMasterFile},
-    {"optionLine", &CutTimeEntry::optionLine},
-    {"FeedChgSmoothCheck", &CutTimeEntry::FeedChgSmoothCheck},
-    {"XyChgReduceCheck", &CutTimeEntry::XyChgReduceCheck},
-    {"FeedChgAng", &CutTimeEntry::FeedChgAng},
-    {"CorWeight0", &CutTimeEntry::CorWeight0},
-    {"CorWeight30", &CutTimeEntry::CorWeight30},
-    {"CorWeight60", &CutTimeEntry::CorWeight60},
-    {"SideWeight0", &CutTimeEntry::SideWeight0},
-    {"SideWeight30", &CutTimeEntry::SideWeight30},
-    {"SideWeight60", &CutTimeEntry::SideWeight60},
-    {"ZupZdown", &CutTimeEntry::ZupZdown},
-    {"AfaByMaster", &CutTimeEntry::AfaByMaster},
-    {"RestartOn", &CutTimeEntry::RestartOn},
-    {"RestartKind", &CutTimeEntry::RestartKind},
-    {"RestartNumber", &CutTimeEntry::RestartNumber},
-    {"RestartZMax", &CutTimeEntry::RestartZMax},
-    {"RestartZMin", &CutTimeEntry::RestartZMin},
-    {"RestartX", &CutTimeEntry::RestartX},
-    {"RestartY", &CutTimeEntry::RestartY},
-    {"RestartZ", &CutTimeEntry::RestartZ},
-    {"RestartTolerance", &CutTimeEntry::RestartTolerance},
-};
+EntryField Feed(FeedMember member) {
+  return ListField<EntryField>(FieldOf(member));
+}
+
+std::vector<EntryField> MakeFields() {
+  std::vector<EntryField> fields = {
+      Feed(&CutTimeEntry::AfaEnabled),
+      Feed(&CutTimeEntry::ConCorChk),
+      Feed(&CutTimeEntry::UpDownChk),
+      {"RapidFeed", &CutTimeEntry::RapidFeed},
+      {"averageFeed", &CutTimeEntry::averageFeed},
+      Feed(&CutTimeEntry::MaxFeed),
+      Feed(&CutTimeEntry::PlungeFeed),
+      Feed(&CutTimeEntry::ToolDiameter),
+      Feed(&CutTimeEntry::SafetyDistance),
+      Feed(&CutTimeEntry::CornerMinAngle),
+      Feed(&CutTimeEntry::CornerMaxRatio),
+      Feed(&CutTimeEntry::SlopeMinAngle),
+      Feed(&CutTimeEntry::SlopeMaxRatio),
+      {"cutLength", &CutTimeEntry::cutLength},
+      {"rapidLength", &CutTimeEntry::rapidLength},
+      {"cutMinutes", &CutTimeEntry::cutMinutes},
+      {"rapidMinutes", &CutTimeEntry::rapidMinutes},
+      {"totalMinutes", &CutTimeEntry::totalMinutes},
+      {"fileName", &CutTimeEntry::fileName},
+      {"dirName", &CutTimeEntry::dirName},
+      {"pictureName", &CutTimeEntry::pictureName},
+      Feed(&CutTimeEntry::AfaMasterFile),
+      {"optionLine", &CutTimeEntry::optionLine},
+      Feed(&CutTimeEntry::FeedChgSmoothCheck),
+      Feed(&CutTimeEntry::XyChgReduceCheck),
+      Feed(&CutTimeEntry::FeedChgAng),
+  };
+  AppendOtherOptions(/*onlyOfResults=*/true, &fields);
+  return fields;
+}
 
 }  // namespace
 
 std::span<const EntryField> EntryFields() {
+  static const std::vector<EntryField> kFields = MakeFields();
   return kFields;
 }
 

@@ -1,4 +1,5 @@
-// One table of settings is copied in and out; the parameter file is written on demand.
+// The settings of the parameter file are copied in and out; the parameter file is written on
+// demand.
 #include "settings/option_dialog.h"
 
 #include "base/format.h"
@@ -11,19 +12,14 @@ namespace tvx {
 
 namespace {
 
-// The settings that the dialog copies in and out, also those without a control.
-const JobMember kSettings[] = {
-    &JobRecord::MetafileCreateChk,  &JobRecord::IntNcdataFlg,     &JobRecord::RapidFeed,
-    &JobRecord::NcdataExt,          &JobRecord::InputFileType,    &JobRecord::AfaByMaster,
-    &JobRecord::FeedChgSmoothCheck, &JobRecord::XyChgReduceCheck, &JobRecord::FeedChgAng,
-    &JobRecord::CorWeight0,         &JobRecord::CorWeight30,      &JobRecord::CorWeight60,
-    &JobRecord::SideWeight0,        &JobRecord::SideWeight30,     &JobRecord::SideWeight60,
-    &JobRecord::ZupZdown,
-};
-
+// Copies all settings of the parameter file, also those without a control.
 void CopySettings(const JobRecord& from, JobRecord* to) {
-  for (const JobMember& setting : kSettings) {
-    std::visit([&](auto member) { to->*member = from.*member; }, setting);
+  for (const ParameterLine& setting : ParameterFileLines()) {
+    std::visit(
+        [&](auto member) {
+          if constexpr (!std::is_same_v<decltype(member), SpindleSpeed>) to->*member = from.*member;
+        },
+        setting.value);
   }
 }
 
@@ -72,7 +68,7 @@ void COptionDlg::Save() {
 Closing COptionDlg::Accept() {
   const int32_t oldStep = working_->FeedChgAng;
   CopySettings(own, working_);
-  if (own.FeedChgAng < 1) working_->FeedChgAng = oldStep;
+  if (own.FeedChgAng < FieldOf(&JobRecord::FeedChgAng).range.lowest) working_->FeedChgAng = oldStep;
   return Closing::kAccepted;
 }
 

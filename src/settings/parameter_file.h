@@ -2,6 +2,7 @@
 // docs/formats/parameter.md describes it.
 #pragma once
 
+#include <span>
 #include <string>
 
 #include "conditions/parameter_lines.h"
@@ -9,6 +10,9 @@
 #include "platform/files/files.h"
 
 namespace tvx {
+
+// The lines of the file, with the fields that they hold.
+std::span<const ParameterLine> ParameterFileLines();
 
 std::string ParameterPath(const std::string& environmentDir);
 
