@@ -4,14 +4,13 @@
 
 #include "base/format.h"
 #include "base/scan.h"
+#include "stats/entry_lines.h"
 
 namespace tvx {
 
 namespace {
 
 constexpr int kSequenceNumber = 1;
-constexpr int kBlock = 2;
-constexpr int kZArea = 3;
 constexpr int kPoint = 4;
 constexpr float kNotSet = 9999.0F;
 
@@ -59,38 +58,14 @@ Closing CRestartDlg::Cancel() {
 }
 
 std::string RestartButtonText(const JobRecord& options, bool accepted) {
-  std::string text = "재전송: ";
-  if (!accepted) return text;
-  switch (options.RestartKind) {
-    case kSequenceNumber:
-      return text + Format("번호->%d", options.RestartNumber);
-    case kBlock:
-      return text + Format("블록->%d", options.RestartNumber);
-    case kZArea:
-      return text + Format("Z영역->(%6.2f - %6.2f)", options.RestartZMin, options.RestartZMax);
-    case kPoint:
-      return text + Format("좌표->XYZ(%6.2f, %6.2f, %6.2f)  공차->%6.2f  ", options.RestartX,
-                           options.RestartY, options.RestartZ, options.RestartTolerance);
-    default:
-      return text;
-  }
+  const std::string position = accepted ? RestartText(options) : "";
+  return position.empty() ? "재전송: " : position;
 }
 
 std::vector<std::string> RestartInfoRows(const JobRecord& job) {
-  switch (job.RestartKind) {
-    case kSequenceNumber:
-      return {Format("  재전송: 번호-> %d ", job.RestartNumber)};
-    case kBlock:
-      return {Format("  재전송: 블록-> %d ", job.RestartNumber)};
-    case kZArea:
-      return {Format("  재전송: Z영역->(%6.3f - %6.3f) ", job.RestartZMax, job.RestartZMin)};
-    case kPoint:
-      return {Format("  재전송: 좌표->XYZ(%6.3f, %6.3f, %6.3f)", job.RestartX, job.RestartY,
-                     job.RestartZ),
-              Format("  공차->%6.2f", job.RestartTolerance)};
-    default:
-      return {};
-  }
+  std::vector<std::string> rows = RestartReportLines(job);
+  for (std::string& row : rows) row.insert(0, "  ");
+  return rows;
 }
 
 }  // namespace tvx

@@ -3,6 +3,7 @@
 #include "jobs/send_options.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "base/format.h"
 #include "base/numbers.h"
@@ -10,7 +11,9 @@
 #include "getfeed/calculator_dialog.h"
 #include "getfeed/condition_tables.h"
 #include "jobs/labels.h"
+#include "model/option_fields.h"
 #include "platform/number_field.h"
+#include "stats/entry_lines.h"
 
 namespace tvx {
 
@@ -25,8 +28,13 @@ int32_t LowestFeed(int32_t maxFeed, float ratio) {
   return TruncateToInt(static_cast<float>(maxFeed) * ratio);
 }
 
+// Of the lowest feed, too.
+const ValueRange& FeedRange() {
+  return FieldOf(&JobRecord::MaxFeed).range;
+}
+
 bool IsFeed(int32_t feed) {
-  return feed >= 0 && feed <= CSendOptionDlg::kHighestFeed;
+  return feed >= FeedRange().lowest && feed <= FeedRange().highest;
 }
 
 // The user can choose the NC file from which the master model is to be built.
@@ -35,17 +43,13 @@ std::string WithMasterEnding(std::string path) {
   return path;
 }
 
-// The fields that the dialog neither shows nor changes. Others change them between two openings,
-// and OK must not bring old ones back.
-const JobMember kNotShown[] = {
-    &JobRecord::RapidFeed,   &JobRecord::InputFileType,     &JobRecord::IntNcdataFlg,
-    &JobRecord::DeleteM30,   &JobRecord::KeyCodeOn,         &JobRecord::KeyCodeCount,
-    &JobRecord::KeyCodes,    &JobRecord::MetafileCreateChk, &JobRecord::WorkDir,
-    &JobRecord::NcdataExt,   &JobRecord::FileNames,         &JobRecord::OptionLines,
-    &JobRecord::RestartOn,   &JobRecord::RestartKind,       &JobRecord::RestartNumber,
-    &JobRecord::RestartZMax, &JobRecord::RestartZMin,       &JobRecord::RestartX,
-    &JobRecord::RestartY,    &JobRecord::RestartZ,          &JobRecord::RestartTolerance,
-};
+constexpr Message kHead = {"Afa조건:", "Afa:"};
+
+// The parameters that the texts of the buttons show: all with a single value that is always shown.
+bool IsOnButton(const FeedField& field) {
+  return field.form == FeedForm::kSwitch ||
+         (field.form == FeedForm::kValue && field.groupSize == 1);
+}
 
 }  // namespace
 
@@ -55,11 +59,13 @@ CSendOptionDlg::CSendOptionDlg(Files* files, UserInterface* ui)
 void CSendOptionDlg::Open(JobRecord* source) {
   source_ = source;
   own.ConditionDir = source->ConditionDir;
-  for (const JobMember& field : kNotShown) {
-    std::visit([&](auto member) { own.*member = source->*member; }, field);
-  }
-  if (!optionsLoaded_) {
-    CopyJobRecord(0, &own, *source);
+  // Others change what the dialog does not show between two openings, and OK must not bring old
+  // values back.
+  const FeedOptions shown = own;
+  CopyJobRecord(0, &own, *source);
+  if (optionsLoaded_) {
+    static_cast<FeedOptions&>(own) = shown;
+  } else {
     own.PlungeFeed = own.MaxFeed;
     topFeed_ = own.MaxFeed;
     DeriveSlopeRatio();
@@ -85,22 +91,18 @@ void CSendOptionDlg::Refresh() {
 }
 
 void CSendOptionDlg::DeriveSlopeRatio() {
-  own.SlopeMaxRatio = std::min(own.SideCorRat * own.CornerMaxRatio, 1.0F);
+  own.SlopeMaxRatio =
+      std::min(own.SideCorRat * own.CornerMaxRatio,
+               static_cast<float>(FieldOf(&JobRecord::SlopeMaxRatio).range.highest));
 }
 
 void CSendOptionDlg::BuildConditionText() {
-  conditionText = ReplaceLabels(
-      Format("Afa조건:\r\n  공구직경 %3.1f\r\n  안전거리 %3.1f\r\n", own.ToolDiameter,
-             own.SafetyDistance) +
-          Format("  코너최소각도 %3.1f\r\n  코너최대감속비 %3.2f\r\n", own.CornerMinAngle,
-                 own.CornerMaxRatio) +
-          Format("  경사최소각도 %3.1f\r\n  경사최대감속비 %3.2f\r\n", own.SlopeMinAngle,
-                 own.SlopeMaxRatio) +
-          Format("  볼록코너검색 %s\r\n  Z상하향검색 %s\r\n", OnOff(own.ConCorChk),
-                 OnOff(own.UpDownChk)) +
-          Format("  가공소재: %s\r\n  최대피드  %d\r\n", own.Material.c_str(), own.MaxFeed) +
-          Format("  접근피드  %d\r\n", own.PlungeFeed),
-      labelLanguage);
+  const Language language = LanguageOf(labelLanguage);
+  conditionText = std::string(kHead.In(language)) + "\r\n";
+  for (const FeedField& field : FeedFields()) {
+    if (!IsOnButton(field)) continue;
+    conditionText += "  " + LabelledText(own, field, field.decimals, language) + "\r\n";
+  }
 }
 
 void CSendOptionDlg::EditMinFeed(std::string_view text) {
@@ -189,7 +191,7 @@ void CSendOptionDlg::OpenCalculator() {
 Closing CSendOptionDlg::Accept() {
   refusedField = !IsFeed(minFeed_) ? "MinFeed" : !IsFeed(topFeed_) ? "TopFeed" : "";
   if (!refusedField.empty()) {
-    ShowRange(0, kHighestFeed, ui_);
+    ShowRange(static_cast<float>(FeedRange().lowest), static_cast<float>(FeedRange().highest), ui_);
     return Closing::kStaysOpen;
   }
   CopyJobRecord(0, source_, own);
@@ -217,18 +219,20 @@ void CSendOptionDlg::ShowSpindleSpeed() {
   spindleText = Format("%d", SpindleSpeed);
 }
 
-std::string ConditionButtonText(const JobRecord& job, int32_t language) {
-  return ReplaceLabels(
-      Format("Afa조건: 공구직경 %3.1f, 안전거리 %3.1f\r\n", job.ToolDiameter, job.SafetyDistance) +
-          Format(" 코너최소각도 %3.1f, 코너최대감속비 %3.2f\r\n", job.CornerMinAngle,
-                 job.CornerMaxRatio) +
-          Format(" 경사최소각도 %3.1f, 경사최대감속비 %3.2f\r\n", job.SlopeMinAngle,
-                 job.SlopeMaxRatio) +
-          Format(" 볼록코너검색 %s Z상하향검색 %s\r\n", OnOff(job.ConCorChk),
-                 OnOff(job.UpDownChk)) +
-          Format(" 가공소재: %s  최대피드  %d\n", job.Material.c_str(), job.MaxFeed) +
-          Format(" 접근피드  %d", job.PlungeFeed),
-      language);
+std::string ConditionButtonText(const JobRecord& job, int32_t labelLanguage) {
+  // After each parameter, and after all that follow.
+  constexpr const char* kSeparators[] = {", ", "\r\n ", ", ", "\r\n ", ", ",   "\r\n ",
+                                         " ",  "\r\n ", "  ", "\n ",   "\r\n "};
+  const Language language = LanguageOf(labelLanguage);
+  std::string text = kHead.In(language);
+  const char* before = " ";
+  size_t next = 0;
+  for (const FeedField& field : FeedFields()) {
+    if (!IsOnButton(field)) continue;
+    text += before + LabelledText(job, field, field.decimals, language);
+    before = kSeparators[std::min(next++, std::size(kSeparators) - 1)];
+  }
+  return text;
 }
 
 }  // namespace tvx

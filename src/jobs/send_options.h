@@ -31,7 +31,6 @@ class CSendOptionDlg : public Dialog {
   static constexpr char kSpindle[] = "Spindle";          // ticked while SpindleOn is 1
   static constexpr char kConditionFileButton[] = "조건화일 :";
   static constexpr char kMasterButton[] = "MMA : ";
-  static constexpr int32_t kHighestFeed = 100000;  // mm/min; both feeds are accepted from 0 to it
 
   CSendOptionDlg(Files* files, UserInterface* ui);
 
@@ -99,7 +98,7 @@ class CSendOptionDlg : public Dialog {
 
 // The text of the job dialog's button for the conditions of a record, with labels in a language of
 // jobs/labels.h, and the text without any.
-std::string ConditionButtonText(const JobRecord& job, int32_t language);
+std::string ConditionButtonText(const JobRecord& job, int32_t labelLanguage);
 inline constexpr char kNoConditionText[] = "Afa조건: ";
 
 }  // namespace tvx

@@ -261,9 +261,8 @@ std::string NumberText(const std::string& value, int /*decimals*/) {
   return value;
 }
 
-std::string ValueText(const FeedOptions& options, const FeedField& field, int decimals) {
-  return std::visit([&](auto member) { return NumberText(options.*member, decimals); },
-                    field.member);
+bool IsOn(const FeedOptions& options, const FeedField& field) {
+  return options.*std::get<int32_t Options::*>(field.member) == 1;
 }
 
 }  // namespace
@@ -291,9 +290,27 @@ bool UsesMaster(const FeedOptions& options) {
   return options.AfaByMaster == 1 && NamesMasterFile(options.AfaMasterFile);
 }
 
-std::string FeedValueText(const FeedOptions& options, const FeedField& field, int decimals) {
+std::string ValueText(const FeedOptions& options, const FeedField& field, int decimals) {
+  return std::visit([&](auto member) { return NumberText(options.*member, decimals); },
+                    field.member);
+}
+
+bool IsShown(const FeedOptions& options, const FeedField& field) {
+  switch (field.form) {
+    case kHidden:
+      return false;
+    case kSwitchIfOn:
+      return IsOn(options, field);
+    case kMaster:
+      return UsesMaster(options);
+    default:
+      return true;
+  }
+}
+
+std::string ShownText(const FeedOptions& options, const FeedField& field, int decimals) {
   if (field.form == kMaster) return UsesMaster(options) ? options.AfaMasterFile : "OFF";
-  if (field.form != kValue) return OnOff(options.*std::get<int32_t Options::*>(field.member));
+  if (field.form != kValue) return IsOn(options, field) ? "ON" : "OFF";
   if (field.groupSize == 1) return ValueText(options, field, decimals);
   std::string text;
   for (const FeedField& one : GroupOf(field)) text += ValueText(options, one, decimals) + " ";

@@ -117,9 +117,14 @@ void AppendOtherOptions(bool onlyOfResults, std::vector<Field>* fields) {
   }
 }
 
-// The value of a field of a form other than kHidden, without unit: a whole number, a float with so
-// many decimals, a text, "ON" or "OFF", the path of the master model or "OFF". The values of a
-// group have a blank after each.
-std::string FeedValueText(const FeedOptions& options, const FeedField& field, int decimals);
+// The value of a field: a whole number, a float with so many decimals, or a text.
+std::string ValueText(const FeedOptions& options, const FeedField& field, int decimals);
+
+// True if lists and option lines show a field with these options.
+bool IsShown(const FeedOptions& options, const FeedField& field);
+
+// What they show, without unit: the value, the values of a group with a blank after each, "ON" or
+// "OFF", or the path of the master model, which is "OFF" if it is not in use.
+std::string ShownText(const FeedOptions& options, const FeedField& field, int decimals);
 
 }  // namespace tvx

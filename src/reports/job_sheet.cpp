@@ -2,16 +2,19 @@
 // escaped in one place, Page::Text.
 #include "reports/job_sheet.h"
 
+#include <algorithm>
 #include <cmath>
 #include <iterator>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "base/base64.h"
 #include "base/format.h"
 #include "base/scan.h"
 #include "base/text.h"
 #include "jobs/labels.h"
+#include "model/option_fields.h"
 #include "stats/entry_lines.h"
 #include "view/output_buffer.h"
 
@@ -434,44 +437,26 @@ void AddCauses(const ProgramResult& result, Page* page) {
   page->Mark("</tbody></table>\n</div>\n");
 }
 
-std::string Switch(int32_t value) {
-  return OnOff(value);
+// Sizes and feeds come first, then other values, then the switches and the master model.
+int PlaceOnSheet(const FeedField* field) {
+  if (field->form != FeedForm::kValue) return 2;
+  return std::string_view(field->unit).starts_with("mm") ? 0 : 1;
 }
 
-// The conditions of the feed adjustment, in the order of the reports.
-struct Condition {
-  Words label;
-  std::string (*value)(const CutTimeEntry& entry);
-};
-using Entry = CutTimeEntry;
-const Condition kConditionRows[] = {
-    {{"공구직경", "Tool diameter"},
-     [](const Entry& e) { return Format("%.1f mm", e.ToolDiameter); }},
-    {{"안전거리", "Safety distance"},
-     [](const Entry& e) { return Format("%.1f mm", e.SafetyDistance); }},
-    {{"최대피드", "Maximum feed"}, [](const Entry& e) { return Format("%d mm/min", e.MaxFeed); }},
-    {{"접근피드", "Plunge feed"}, [](const Entry& e) { return Format("%d mm/min", e.PlungeFeed); }},
-    {{"코너최소각도", "Corner minimum angle"},
-     [](const Entry& e) { return Format("%.1f°", e.CornerMinAngle); }},
-    {{"코너최대감속비", "Corner lowest ratio"},
-     [](const Entry& e) { return Format("%.2f", e.CornerMaxRatio); }},
-    {{"경사최소각도", "Slope minimum angle"},
-     [](const Entry& e) { return Format("%.1f°", e.SlopeMinAngle); }},
-    {{"경사최대감속비", "Slope lowest ratio"},
-     [](const Entry& e) { return Format("%.2f", e.SlopeMaxRatio); }},
-    {{"코너가중치 0, 30, 60°", "Corner weights"}, CornerWeightsText},
-    {{"경사가중치 0, 30, 60°", "Slope weights"}, SlopeWeightsText},
-    {{"볼록코너검색", "Convex corners"}, [](const Entry& e) { return Switch(e.ConCorChk); }},
-    {{"Z상하향검색", "Z up and down"}, [](const Entry& e) { return Switch(e.UpDownChk); }},
-    {{"부드러운 피드 변화", "Smooth feed change"},
-     [](const Entry& e) { return Switch(e.FeedChgSmoothCheck); }},
-    {{"XY변화 축소", "XY change reduction"},
-     [](const Entry& e) { return Switch(e.XyChgReduceCheck); }},
-    {{"마스터 모델", "Master model"},
-     [](const Entry& e) {
-       return e.AfaByMaster == 1 && NamesMasterFile(e.AfaMasterFile) ? e.AfaMasterFile : "OFF";
-     }},
-};
+std::vector<const FeedField*> ConditionsOfSheet() {
+  std::vector<const FeedField*> fields;
+  for (const FeedField& field : FeedFields()) {
+    if (field.isInResults && field.form != FeedForm::kHidden) fields.push_back(&field);
+  }
+  std::ranges::stable_sort(fields, {}, PlaceOnSheet);
+  return fields;
+}
+
+std::string ConditionText(const CutTimeEntry& entry, const FeedField& field) {
+  const std::string_view unit = field.unit;
+  const char* const gap = unit.starts_with("mm") ? " " : "";
+  return ShownText(entry, field, field.decimals) + gap + field.unit;
+}
 
 void AddCondition(const Words& label, const std::string& value, Page* page) {
   page->Mark("<div class=\"condition\">");
@@ -485,7 +470,9 @@ void AddConditions(const CutTimeEntry& entry, Page* page) {
   page->Mark("<div class=\"conditions\">\n");
   AddCondition({"급속이송속도", "Rapid feed"}, Format("%d mm/min", entry.RapidFeed), page);
   if (entry.AfaEnabled == 1) {
-    for (const Condition& row : kConditionRows) AddCondition(row.label, row.value(entry), page);
+    for (const FeedField* const field : ConditionsOfSheet()) {
+      AddCondition({field->title.korean, field->title.english}, ConditionText(entry, *field), page);
+    }
   } else {
     AddCondition({"AFA", "AFA"}, page->In(kNoAdjustment), page);
   }

@@ -2,7 +2,7 @@
 #include "reports/result_workbook.h"
 
 #include <cstdlib>
-#include <iterator>
+#include <vector>
 
 #include "base/format.h"
 #include "reports/spreadsheet_export.h"
@@ -33,10 +33,11 @@ constexpr SumColumn kSums[] = {
     {8, &CutTimeEntry::totalMinutes, false},
 };
 
-constexpr struct {
-  uint16_t first, last;
-  uint32_t width;  // pixels
-} kWidths[] = {{0, 0, 40}, {1, 1, 180}, {2, 8, 95}, {9, 9, 220}, {10, 24, 95}, {25, 25, 220}};
+// Pixels.
+constexpr uint32_t kNumberWidth = 40;  // of the first column
+constexpr uint32_t kNameWidth = 180;   // of the second
+constexpr uint32_t kValueWidth = 95;
+constexpr uint32_t kPathWidth = 220;
 
 XlsxStyle StyleOf(uint16_t column) {
   for (const SumColumn& sum : kSums) {
@@ -48,6 +49,21 @@ XlsxStyle StyleOf(uint16_t column) {
 // The number that a cell of 32 bits shows: 0.1 and not 0.10000000149.
 double ShownNumber(float value) {
   return std::strtod(ShortestFloat(value).c_str(), nullptr);
+}
+
+// Columns of one width in a row are set at once.
+void SetWidths(XlsxFile* file) {
+  std::vector<uint32_t> widths;
+  for (const SpreadsheetColumn& column : SpreadsheetColumns()) {
+    widths.push_back(column.isPath ? kPathWidth : kValueWidth);
+  }
+  widths[0] = kNumberWidth;
+  widths[1] = kNameWidth;
+  for (size_t first = 0, end = 0; first < widths.size(); first = end) {
+    while (end < widths.size() && widths[end] == widths[first]) ++end;
+    file->SetColumnWidth(static_cast<uint16_t>(first), static_cast<uint16_t>(end - 1),
+                         widths[first]);
+  }
 }
 
 void AddResult(const ProgramResult& result, uint32_t row, XlsxFile* file) {
@@ -87,11 +103,11 @@ Status WriteResultWorkbook(const std::string& path, std::span<const ProgramResul
   if (HasIncomplete(results)) return {StatusKind::kPartSource, path};
   XlsxFile file;
   uint16_t column = 0;
-  for (const char* const title : SpreadsheetTitles()) {
+  for (const auto& [title, isPath] : SpreadsheetColumns()) {
     file.PutText(0, column++, title, XlsxStyle::kTitle);
   }
   file.PutText(0, column, kPictureTitle, XlsxStyle::kTitle);
-  for (const auto& [first, last, width] : kWidths) file.SetColumnWidth(first, last, width);
+  SetWidths(&file);
   file.SetColumnWidth(column, column, kPictureColumnWidth);
   file.FreezeAbove(1);
   uint32_t row = 1;

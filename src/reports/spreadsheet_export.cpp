@@ -1,10 +1,10 @@
-// The table of columns, and the steps that write it cell by cell.
+// The columns, and the steps that write it cell by cell.
 #include "reports/spreadsheet_export.h"
 
 #include <cmath>
 
 #include "base/format.h"
-#include "stats/entry_lines.h"
+#include "model/option_fields.h"
 
 namespace tvx {
 
@@ -15,10 +15,8 @@ using Entry = CutTimeEntry;
 struct Column {
   const char* title;
   CellValue (*value)(const Entry& entry, size_t number);
-  bool isCondition = false;  // written only for an entry with the feed adjustment on
+  bool isPath = false;
 };
-
-constexpr bool kCondition = true;
 
 CellValue Number(int32_t value) {
   return static_cast<float>(value);
@@ -28,12 +26,7 @@ CellValue MetresCell(float millimetres) {
   return SpreadsheetMetres(millimetres);
 }
 
-// "ON" or "OFF". Some columns have a blank behind the word.
-CellValue Switch(int32_t check, const char* suffix = "") {
-  return OnOff(check) + std::string(suffix);
-}
-
-// The columns, starting with A.
+// The first columns. Those of the conditions follow.
 const Column kColumns[] = {
     {"NO", [](const Entry&, size_t number) { return CellValue(static_cast<float>(number)); }},
     {"Ncdata Name", [](const Entry& e, size_t) { return CellValue(e.fileName); }},
@@ -44,43 +37,50 @@ const Column kColumns[] = {
     {"급속이송길이", [](const Entry& e, size_t) { return MetresCell(e.rapidLength); }},
     {"급속이송시간", [](const Entry& e, size_t) { return CellValue(e.rapidMinutes); }},
     {"소요 시간", [](const Entry& e, size_t) { return CellValue(e.totalMinutes); }},
-    {"그림화일",
-     [](const Entry& e, size_t) { return CellValue(e.dirName + "\\" + e.pictureName); }},
-    {"Afa", [](const Entry& e, size_t) { return Switch(e.AfaEnabled); }},
-    {"공구직경", [](const Entry& e, size_t) { return CellValue(e.ToolDiameter); }, kCondition},
-    {"안전거리", [](const Entry& e, size_t) { return CellValue(e.SafetyDistance); }, kCondition},
-    {"코너최소각도", [](const Entry& e, size_t) { return CellValue(e.CornerMinAngle); },
-     kCondition},
-    {"코너최대감속비", [](const Entry& e, size_t) { return CellValue(e.CornerMaxRatio); },
-     kCondition},
-    {"경사최소각도", [](const Entry& e, size_t) { return CellValue(e.SlopeMinAngle); }, kCondition},
-    {"경사최대감속비", [](const Entry& e, size_t) { return CellValue(e.SlopeMaxRatio); },
-     kCondition},
-    {"볼록코너검색", [](const Entry& e, size_t) { return Switch(e.ConCorChk); }, kCondition},
-    {"Z상하향검색", [](const Entry& e, size_t) { return Switch(e.UpDownChk); }, kCondition},
-    {"최대피드", [](const Entry& e, size_t) { return Number(e.MaxFeed); }, kCondition},
-    {"접근피드", [](const Entry& e, size_t) { return Number(e.PlungeFeed); }, kCondition},
-    {"코너가중치", [](const Entry& e, size_t) { return CellValue(CornerWeightsText(e)); },
-     kCondition},
-    {"경사가중치", [](const Entry& e, size_t) { return CellValue(SlopeWeightsText(e)); },
-     kCondition},
-    {"부드러운 피드 변화", [](const Entry& e, size_t) { return Switch(e.FeedChgSmoothCheck, " "); },
-     kCondition},
-    {"XY변화 축소 ON", [](const Entry& e, size_t) { return Switch(e.XyChgReduceCheck, " "); },
-     kCondition},
-    {"마스타 화일 ", [](const Entry& e, size_t) { return CellValue(e.AfaMasterFile); }, kCondition},
+    {"그림화일", [](const Entry& e, size_t) { return CellValue(e.dirName + "\\" + e.pictureName); },
+     true},
+    {"Afa", [](const Entry& e, size_t) { return CellValue(OnOff(e.AfaEnabled)); }},
 };
+
+bool HasColumn(const FeedField& field) {
+  return field.isInResults && field.form != FeedForm::kHidden;
+}
+
+// Floats are cells of their own value, not of the decimals that lists show.
+CellValue ConditionCell(const Entry& entry, const FeedField& field) {
+  if (field.form == FeedForm::kMaster) return entry.AfaMasterFile;
+  if (field.form == FeedForm::kValue && field.groupSize == 1) {
+    if (const auto* const real = std::get_if<float FeedOptions::*>(&field.member)) {
+      return entry.**real;
+    }
+    if (const auto* const whole = std::get_if<int32_t FeedOptions::*>(&field.member)) {
+      return Number(entry.**whole);
+    }
+  }
+  const char* const end = field.form == FeedForm::kSwitchIfOn ? " " : "";
+  return ShownText(entry, field, field.decimals) + end;
+}
+
+// "A" for 0, "AA" for 26.
+std::string ColumnName(size_t column) {
+  constexpr size_t kLetters = 26;
+  std::string name;
+  for (size_t rest = column + 1; rest > 0; rest = (rest - 1) / kLetters) {
+    name.insert(name.begin(), static_cast<char>('A' + (rest - 1) % kLetters));
+  }
+  return name;
+}
 
 // Writes one cell. Columns count from 0, rows from 1.
 bool PutCell(size_t column, size_t row, const CellValue& value, SpreadsheetApplication* program) {
-  const std::string cell =
-      static_cast<char>('A' + static_cast<int>(column)) + Format("%d", static_cast<int>(row));
+  const std::string cell = ColumnName(column) + Format("%zu", row);
   return program->SelectRange(cell, cell) && program->PutValue(value);
 }
 
 bool PutTitles(SpreadsheetApplication* program) {
-  for (size_t i = 0; i < std::size(kColumns); ++i) {
-    if (!PutCell(i, 1, kColumns[i].title, program)) return false;
+  size_t next = 0;
+  for (const SpreadsheetColumn& column : SpreadsheetColumns()) {
+    if (!PutCell(next++, 1, column.title, program)) return false;
   }
   return true;
 }
@@ -113,17 +113,25 @@ bool FillWorkbook(const std::string& path, std::span<const ProgramResult> result
 
 }  // namespace
 
-std::vector<const char*> SpreadsheetTitles() {
-  std::vector<const char*> titles;
-  for (const Column& column : kColumns) titles.push_back(column.title);
-  return titles;
+std::vector<SpreadsheetColumn> SpreadsheetColumns() {
+  std::vector<SpreadsheetColumn> columns;
+  for (const Column& column : kColumns) columns.push_back({column.title, column.isPath});
+  for (const FeedField& field : FeedFields()) {
+    if (!HasColumn(field)) continue;
+    const bool hasOwnTitle = *field.column != '\0';
+    columns.push_back(
+        {hasOwnTitle ? field.column : field.label.korean, field.form == FeedForm::kMaster});
+  }
+  return columns;
 }
 
 std::vector<std::optional<CellValue>> SpreadsheetCells(const Entry& entry, size_t number) {
   std::vector<std::optional<CellValue>> cells;
-  for (const Column& column : kColumns) {
-    const bool isWritten = !column.isCondition || entry.AfaEnabled == 1;
-    cells.push_back(isWritten ? std::optional(column.value(entry, number)) : std::nullopt);
+  for (const Column& column : kColumns) cells.emplace_back(column.value(entry, number));
+  for (const FeedField& field : FeedFields()) {
+    if (!HasColumn(field)) continue;
+    cells.push_back(entry.AfaEnabled == 1 ? std::optional(ConditionCell(entry, field))
+                                          : std::nullopt);
   }
   return cells;
 }

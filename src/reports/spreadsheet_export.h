@@ -32,8 +32,13 @@ bool WriteSpreadsheetFile(const std::string& path, std::span<const ProgramResult
 // of a minute. Lists and reports written later then agree with the workbook.
 void CutDownFigures(CutTimeEntry* entry);
 
-// The titles of the columns, starting with A.
-std::vector<const char*> SpreadsheetTitles();
+struct SpreadsheetColumn {
+  const char* title;
+  bool isPath;  // a wide column
+};
+
+// The columns, starting with A.
+std::vector<SpreadsheetColumn> SpreadsheetColumns();
 
 // The values of a result in these columns, as they are; nothing for a cell that is not written.
 // `number` counts the results from 1.

@@ -1,7 +1,6 @@
 // The lines of the text report.
 #include "reports/text_report.h"
 
-#include "base/format.h"
 #include "base/text.h"
 #include "stats/entry_lines.h"
 
@@ -16,34 +15,10 @@ void AddLine(const std::string& line, std::string* report) {
   *report += kLineEnd + ("\t" + line);
 }
 
-// Differs from RestartLines, which the windows show: three decimals, the upper bound of the Z area
-// first, and the tolerance of a point on a separate line.
 void AddRestart(const CutTimeEntry& entry, std::string* report) {
-  if (entry.RestartOn != 1) {
-    AddLine("Restart OFF", report);
-    return;
-  }
-  AddLine("Restart ON", report);
-  switch (entry.RestartKind) {
-    case 1:
-      AddLine(Format("재전송: 번호-> %d ", entry.RestartNumber), report);
-      break;
-    case 2:
-      AddLine(Format("재전송: 블록-> %d ", entry.RestartNumber), report);
-      break;
-    case 3:
-      AddLine(Format("재전송: Z영역->(%6.3f - %6.3f) ", entry.RestartZMax, entry.RestartZMin),
-              report);
-      break;
-    case 4:
-      AddLine(Format("재전송: 좌표->XYZ(%6.3f, %6.3f, %6.3f)", entry.RestartX, entry.RestartY,
-                     entry.RestartZ),
-              report);
-      AddLine(Format("공차->%6.2f", entry.RestartTolerance), report);
-      break;
-    default:
-      break;
-  }
+  AddLine(entry.RestartOn == 1 ? "Restart ON" : "Restart OFF", report);
+  if (entry.RestartOn != 1) return;
+  for (const std::string& line : RestartReportLines(entry)) AddLine(line, report);
 }
 
 void AddEntry(const CutTimeEntry& entry, std::string* report) {

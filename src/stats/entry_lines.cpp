@@ -1,6 +1,8 @@
 // The lines that describe a result, as reports and dialogs share them.
 #include "stats/entry_lines.h"
 
+#include <algorithm>
+#include <iterator>
 #include <string_view>
 
 #include "base/format.h"
@@ -9,58 +11,82 @@ namespace tvx {
 
 namespace {
 
-std::string WeightsText(float at0, float at30, float at60) {
-  return Format("%3.2f %3.2f %3.2f ", at0, at30, at60);
+// A whole number follows two blanks.
+const char* Gap(const FeedField& field) {
+  if (field.form != FeedForm::kValue) return " ";
+  if (std::holds_alternative<std::string FeedOptions::*>(field.member)) return ": ";
+  return std::holds_alternative<int32_t FeedOptions::*>(field.member) ? "  " : " ";
+}
+
+std::string ConditionLine(const CutTimeEntry& entry, const FeedField& field,
+                          const char* weightIndent) {
+  // The lines of a result have one more blank after these labels.
+  constexpr FeedMember kWide[] = {&CutTimeEntry::ToolDiameter, &CutTimeEntry::SafetyDistance,
+                                  &CutTimeEntry::CornerMinAngle};
+  const bool hasWeights = field.form == FeedForm::kValue && field.groupSize > 1;
+  std::string line = LabelledText(entry, field, hasWeights ? field.decimals : 1, Language::kKorean);
+  if (std::ranges::find(kWide, field.member) != std::end(kWide)) {
+    line.insert(std::string_view(field.label.korean).size(), " ");
+  }
+  return hasWeights ? weightIndent + line : line;
 }
 
 }  // namespace
 
-std::vector<std::string> RestartLines(const CutTimeEntry& entry) {
-  if (entry.RestartOn != 1) return {"Restart OFF"};
-  std::vector<std::string> lines = {"Restart ON"};
-  switch (entry.RestartKind) {
+std::string RestartText(const RestartOptions& options) {
+  switch (options.RestartKind) {
     case 1:
-      lines.push_back(Format("재전송: 번호->%d", entry.RestartNumber));
-      break;
+      return Format("재전송: 번호->%d", options.RestartNumber);
     case 2:
-      lines.push_back(Format("재전송: 블록->%d", entry.RestartNumber));
-      break;
+      return Format("재전송: 블록->%d", options.RestartNumber);
     case 3:
-      lines.push_back(
-          Format("재전송: Z영역->(%6.2f - %6.2f)", entry.RestartZMin, entry.RestartZMax));
-      break;
+      return Format("재전송: Z영역->(%6.2f - %6.2f)", options.RestartZMin, options.RestartZMax);
     case 4:
-      lines.push_back(Format("재전송: 좌표->XYZ(%6.2f, %6.2f, %6.2f)  공차->%6.2f  ",
-                             entry.RestartX, entry.RestartY, entry.RestartZ,
-                             entry.RestartTolerance));
-      break;
+      return Format("재전송: 좌표->XYZ(%6.2f, %6.2f, %6.2f)  공차->%6.2f  ", options.RestartX,
+                    options.RestartY, options.RestartZ, options.RestartTolerance);
     default:
-      break;
+      return "";
   }
+}
+
+std::vector<std::string> RestartReportLines(const RestartOptions& options) {
+  switch (options.RestartKind) {
+    case 1:
+      return {Format("재전송: 번호-> %d ", options.RestartNumber)};
+    case 2:
+      return {Format("재전송: 블록-> %d ", options.RestartNumber)};
+    case 3:
+      return {Format("재전송: Z영역->(%6.3f - %6.3f) ", options.RestartZMax, options.RestartZMin)};
+    case 4:
+      return {Format("재전송: 좌표->XYZ(%6.3f, %6.3f, %6.3f)", options.RestartX, options.RestartY,
+                     options.RestartZ),
+              Format("공차->%6.2f", options.RestartTolerance)};
+    default:
+      return {};
+  }
+}
+
+std::vector<std::string> RestartLines(const RestartOptions& options) {
+  if (options.RestartOn != 1) return {"Restart OFF"};
+  std::vector<std::string> lines = {"Restart ON"};
+  const std::string position = RestartText(options);
+  if (!position.empty()) lines.push_back(position);
   return lines;
+}
+
+std::string LabelledText(const FeedOptions& options, const FeedField& field, int decimals,
+                         Language language) {
+  const std::string text =
+      field.label.In(language) + (Gap(field) + ShownText(options, field, decimals));
+  return field.form == FeedForm::kSwitchIfOn ? text + " " : text;
 }
 
 std::vector<std::string> ConditionLines(const CutTimeEntry& entry, const char* weightIndent) {
   if (entry.AfaEnabled != 1) return {"Afa Off"};
-  std::vector<std::string> lines = {
-      "Afa On",
-      Format("공구직경  %.1f", entry.ToolDiameter),
-      Format("안전거리  %.1f", entry.SafetyDistance),
-      Format("코너최소각도  %.1f", entry.CornerMinAngle),
-      Format("코너최대감속비 %.1f", entry.CornerMaxRatio),
-      Format("경사최소각도 %.1f", entry.SlopeMinAngle),
-      Format("경사최대감속비 %.1f", entry.SlopeMaxRatio),
-      Format("볼록코너검색 %s", OnOff(entry.ConCorChk)),
-      Format("Z상하향검색 %s", OnOff(entry.UpDownChk)),
-      Format("최대피드  %d", entry.MaxFeed),
-      Format("접근피드  %d", entry.PlungeFeed),
-      weightIndent + ("코너가중치 " + CornerWeightsText(entry)),
-      weightIndent + ("경사가중치 " + SlopeWeightsText(entry)),
-  };
-  if (entry.FeedChgSmoothCheck == 1) lines.emplace_back("부드러운 피드 변화 ON ");
-  if (entry.XyChgReduceCheck == 1) lines.emplace_back("XY변화 축소 ON ");
-  if (entry.AfaByMaster == 1 && NamesMasterFile(entry.AfaMasterFile)) {
-    lines.push_back("MMA " + entry.AfaMasterFile);
+  std::vector<std::string> lines = {"Afa On"};
+  for (const FeedField& field : FeedFields()) {
+    if (!field.isInResults || !IsShown(entry, field)) continue;
+    lines.push_back(ConditionLine(entry, field, weightIndent));
   }
   return lines;
 }
@@ -94,14 +120,6 @@ std::string EnglishFigure(const std::string& line) {
     if (line.starts_with(label.korean)) return label.english + line.substr(label.korean.size());
   }
   return line;
-}
-
-std::string CornerWeightsText(const CutTimeEntry& entry) {
-  return WeightsText(entry.CorWeight0, entry.CorWeight30, entry.CorWeight60);
-}
-
-std::string SlopeWeightsText(const CutTimeEntry& entry) {
-  return WeightsText(entry.SideWeight0, entry.SideWeight30, entry.SideWeight60);
 }
 
 double Metres(float millimetres) {

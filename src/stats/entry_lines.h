@@ -5,16 +5,29 @@
 #include <string>
 #include <vector>
 
+#include "base/message.h"
+#include "model/option_fields.h"
 #include "model/result_entry.h"
 
 namespace tvx {
 
+// A restart position as the windows show it; empty if the kind is not one of 1 to 4.
+std::string RestartText(const RestartOptions& options);
+
+// The same as reports and information lists show it: three decimals, the upper bound of the Z area
+// first, and the tolerance of a point on a separate line. No line for any other kind.
+std::vector<std::string> RestartReportLines(const RestartOptions& options);
+
 // The restart options as the windows show them: whether there is one, and a line for its position
 // if the kind is one of 1 to 4.
-std::vector<std::string> RestartLines(const CutTimeEntry& entry);
+std::vector<std::string> RestartLines(const RestartOptions& options);
 
-// Whether the feed adjustment was on and, if so, its conditions. `weightIndent` stands before the
-// two lines of weights.
+// A parameter as lists show it: its label in a language, and its value with so many decimals.
+std::string LabelledText(const FeedOptions& options, const FeedField& field, int decimals,
+                         Language language);
+
+// Whether the feed adjustment was on and, if so, its conditions. `weightIndent` precedes the lines
+// of weights.
 std::vector<std::string> ConditionLines(const CutTimeEntry& entry, const char* weightIndent);
 
 // The seven figures.
@@ -22,10 +35,6 @@ std::vector<std::string> FigureLines(const CutTimeEntry& entry, int rapidLengthD
 
 // A line of FigureLines with its label in English; any other text as it is.
 std::string EnglishFigure(const std::string& line);
-
-// The three corner or slope weights, with a blank behind each.
-std::string CornerWeightsText(const CutTimeEntry& entry);
-std::string SlopeWeightsText(const CutTimeEntry& entry);
 
 // A length in metres. The factor is a 32-bit value.
 double Metres(float millimetres);
