@@ -1,105 +1,52 @@
-// Writes an option line from a record and parses one into a record, both by the table kConditions.
+// Writes an option line from a record and parses one into a record, the conditions by the table of
+// their parameters.
 
 #include "jobs/option_line.h"
 
 #include <algorithm>
 #include <span>
-#include <variant>
 
 #include "base/format.h"
 #include "base/scan.h"
 #include "base/text.h"
 #include "jobs/key_code_lines.h"
+#include "model/option_fields.h"
 
 namespace tvx {
 
 namespace {
 
 constexpr std::string_view kWhite = " \t\n\v\f\r";
-constexpr char kMasterWord[] = "MMA";
 constexpr size_t kScanBytes = 100;      // of the line that the scan of one token sees
 constexpr size_t kShortestKeyText = 2;  // bytes of the file
 
-using Float = float JobRecord::*;
-using Whole = int32_t JobRecord::*;
-using Text = std::string JobRecord::*;
+using Float = float RestartOptions::*;
 
-// The kinds of value behind the word of a condition, beside one whole number and one word.
-struct Decimals {
-  int places;  // behind the point
-  std::span<const Float> fields;
-};
-struct Switch {
-  Whole field;
-  bool writesOff;  // writes "OFF" if the field is not 1; otherwise writes nothing
-};
-struct Master {};  // the path of the master model, if the model is in use
-
-struct Condition {
-  const char* word;
-  std::variant<Decimals, Whole, Text, Switch, Master> value;
-};
-
-constexpr Float kToolDiameter[] = {&JobRecord::ToolDiameter};
-constexpr Float kSafetyDistance[] = {&JobRecord::SafetyDistance};
-constexpr Float kCornerMinAngle[] = {&JobRecord::CornerMinAngle};
-constexpr Float kCornerMaxRatio[] = {&JobRecord::CornerMaxRatio};
-constexpr Float kSlopeMinAngle[] = {&JobRecord::SlopeMinAngle};
-constexpr Float kSlopeMaxRatio[] = {&JobRecord::SlopeMaxRatio};
-constexpr Float kCorWeights[] = {&JobRecord::CorWeight0, &JobRecord::CorWeight30,
-                                 &JobRecord::CorWeight60};
-constexpr Float kSideWeights[] = {&JobRecord::SideWeight0, &JobRecord::SideWeight30,
-                                  &JobRecord::SideWeight60};
 constexpr Float kZArea[] = {&JobRecord::RestartZMax, &JobRecord::RestartZMin};
 constexpr Float kPoint[] = {&JobRecord::RestartX, &JobRecord::RestartY, &JobRecord::RestartZ};
 
-// The conditions of a line in the order in which they are written.
-const Condition kConditions[] = {
-    {"TD", Decimals{1, kToolDiameter}},
-    {"SD", Decimals{1, kSafetyDistance}},
-    {"CMIA", Decimals{1, kCornerMinAngle}},
-    {"CMAR", Decimals{2, kCornerMaxRatio}},
-    {"SMIA", Decimals{1, kSlopeMinAngle}},
-    {"SMAR", Decimals{2, kSlopeMaxRatio}},
-    {"CCC", Switch{&JobRecord::ConCorChk, true}},
-    {"ZUDC", Switch{&JobRecord::UpDownChk, true}},
-    {"MAT", &JobRecord::Material},
-    {"MAF", &JobRecord::MaxFeed},
-    {"AF", &JobRecord::PlungeFeed},
-    {"CW", Decimals{2, kCorWeights}},
-    {"SW", Decimals{2, kSideWeights}},
-    {kMasterWord, Master{}},
-    {"FCS", Switch{&JobRecord::FeedChgSmoothCheck, false}},
-    {"XYR", Switch{&JobRecord::XyChgReduceCheck, false}},
-};
+// The word of the master model, which others look for, too.
+std::string MasterWord() {
+  return FieldOf(&JobRecord::AfaByMaster).word;
+}
 
-// Writing: the text of one condition, empty if it is left out.
-
-std::string ConditionText(const JobRecord& job, const std::string& word, const Decimals& value) {
-  std::string text = word + " ";
-  for (const Float field : value.fields) {
-    text += Format("%3.*f ", value.places, job.*field);
-  }
+// Writing: the text of one parameter, empty if it is left out.
+std::string ConditionText(const JobRecord& job, const FeedField& field) {
+  if (field.word == nullptr || !IsShown(job, field)) return "";
+  std::string text = field.word + std::string(" ");
+  if (field.form != FeedForm::kValue) return text + ShownText(job, field, field.decimals) + " ";
+  for (const FeedField& one : GroupOf(field)) text += ValueText(job, one, field.decimals) + " ";
   return text;
 }
 
-std::string ConditionText(const JobRecord& job, const std::string& word, Whole field) {
-  return word + Format(" %d ", job.*field);
-}
-
-std::string ConditionText(const JobRecord& job, const std::string& word, Text field) {
-  return word + " " + job.*field + " ";
-}
-
-std::string ConditionText(const JobRecord& job, const std::string& word, const Switch& value) {
-  if (job.*value.field == 1) return word + " ON ";
-  return value.writesOff ? word + " OFF " : "";
-}
-
-std::string ConditionText(const JobRecord& job, const std::string& word, const Master& /*value*/) {
-  if (job.AfaByMaster != 1) return "";
-  if (!NamesMasterFile(job.AfaMasterFile)) return "";
-  return word + " " + job.AfaMasterFile + " ";
+// The parameters in the order of their table. The switches that are left out while they are off
+// come last.
+std::string ConditionsText(const JobRecord& job) {
+  std::string text, switches;
+  for (const FeedField& field : FeedFields()) {
+    (field.form == FeedForm::kSwitchIfOn ? switches : text) += ConditionText(job, field);
+  }
+  return text + switches;
 }
 
 std::string RestartText(const JobRecord& job) {
@@ -170,32 +117,44 @@ void ReadDecimals(WordScanner* scanner, std::span<const Float> fields, JobRecord
   }
 }
 
-void ReadCondition(std::string_view line, const std::string& word, const Decimals& value,
-                   JobRecord* job) {
-  auto scanner = ScanBehind(line, " " + word + " ", 1);
-  if (scanner) ReadDecimals(&*scanner, value.fields, job);
+bool ReadValue(WordScanner* scanner, int32_t* value) {
+  return scanner->ReadInt(value);
+}
+bool ReadValue(WordScanner* scanner, float* value) {
+  return scanner->ReadFloat(value);
+}
+bool ReadValue(WordScanner* scanner, std::string* value) {
+  return scanner->ReadWord(value);
 }
 
-void ReadCondition(std::string_view line, const std::string& word, Whole field, JobRecord* job) {
-  auto scanner = ScanBehind(line, " " + word + " ", 1);
-  if (scanner) scanner->ReadInt(&(job->*field));
-}
-
-void ReadCondition(std::string_view line, const std::string& word, Text field, JobRecord* job) {
-  auto scanner = ScanBehind(line, " " + word + " ", 1);
-  if (scanner) scanner->ReadWord(&(job->*field));
-}
-
-void ReadCondition(std::string_view line, const std::string& word, const Switch& value,
-                   JobRecord* job) {
-  job->*value.field = Holds(line, " " + word + " ON ") ? 1 : 0;
-}
-
-void ReadCondition(std::string_view line, const std::string& word, const Master& /*value*/,
-                   JobRecord* job) {
-  auto scanner = ScanBehind(line, " " + word + " ", 1);
+void ReadMaster(std::optional<WordScanner> scanner, JobRecord* job) {
   job->AfaByMaster = scanner ? 1 : 0;
   if (scanner) scanner->ReadWord(&job->AfaMasterFile);
+}
+
+// Stops at the first value that cannot be read.
+void ReadValues(std::optional<WordScanner> scanner, const FeedField& field, JobRecord* job) {
+  if (!scanner) return;
+  for (const FeedField& one : GroupOf(field)) {
+    const auto read = [&](auto member) { return ReadValue(&*scanner, &(job->*member)); };
+    if (!std::visit(read, one.member)) return;
+  }
+}
+
+void ReadCondition(std::string_view line, const FeedField& field, JobRecord* job) {
+  const std::string word = " " + std::string(field.word) + " ";
+  switch (field.form) {
+    case FeedForm::kSwitch:
+    case FeedForm::kSwitchIfOn:
+      job->*std::get<int32_t FeedOptions::*>(field.member) = Holds(line, word + "ON ") ? 1 : 0;
+      break;
+    case FeedForm::kMaster:
+      ReadMaster(ScanBehind(line, word, 1), job);
+      break;
+    default:
+      ReadValues(ScanBehind(line, word, 1), field, job);
+      break;
+  }
 }
 
 void ReadRestart(std::string_view line, JobRecord* job) {
@@ -223,9 +182,8 @@ void ReadConditions(std::string_view line, JobRecord* job) {
   if (job->AfaEnabled == 0) return;
   // A line without a tool diameter does not start an adjustment.
   if (!Holds(line, " TD ")) job->AfaEnabled = 0;
-  for (const Condition& condition : kConditions) {
-    std::visit([&](const auto& value) { ReadCondition(line, condition.word, value, job); },
-               condition.value);
+  for (const FeedField& field : FeedFields()) {
+    if (field.word != nullptr) ReadCondition(line, field, job);
   }
 }
 
@@ -266,11 +224,7 @@ std::string BuildOptionLine(const JobRecord& options, const JobRecord& restart,
   if (options.DeleteM30 == 0) line += "M30 ON ";
   line += RestartText(restart);
   if (options.AfaEnabled == 1) {
-    line += "Afa ON ";
-    for (const Condition& condition : kConditions) {
-      std::visit([&](const auto& value) { line += ConditionText(options, condition.word, value); },
-                 condition.value);
-    }
+    line += "Afa ON " + ConditionsText(options);
   } else {
     line += "Afa OFF ";
   }
@@ -299,12 +253,12 @@ int LineDirectory(std::string_view line, std::string* directory) {
 }
 
 bool AdjustmentMaster(std::string_view line, std::string* path) {
-  auto scanner = ScanBehind(line, std::string(" ") + kMasterWord + " ", 1);
+  auto scanner = ScanBehind(line, " " + MasterWord() + " ", 1);
   return scanner && scanner->ReadWord(path);
 }
 
 bool LineMasterFile(std::string_view line, std::string* path) {
-  const size_t at = line.find(kMasterWord);
+  const size_t at = line.find(MasterWord());
   if (at == std::string_view::npos) return false;
   WordScanner words(line.substr(at));
   std::string ownWord;
