@@ -276,64 +276,12 @@
         <translation>Machining condition file :</translation>
     </message>
     <message>
-        <source>공구경로 공구 직경</source>
-        <translation>Tool path tool diameter</translation>
-    </message>
-    <message>
-        <source>안전거리</source>
-        <translation>Safety distance</translation>
-    </message>
-    <message>
-        <source>코너검색 최소각도</source>
-        <translation>Corner check minimum angle</translation>
-    </message>
-    <message>
-        <source>코너 최대 감속비</source>
-        <translation>Corner maximum slow-down ratio</translation>
-    </message>
-    <message>
-        <source>경사검색 최소각도</source>
-        <translation>Slope check minimum angle</translation>
-    </message>
-    <message>
-        <source>경사 최대감속비</source>
-        <translation>Slope maximum slow-down ratio</translation>
-    </message>
-    <message>
-        <source>공구 접근피드</source>
-        <translation>Plunge feed</translation>
-    </message>
-    <message>
-        <source>최대피드</source>
-        <translation>Maximum feed</translation>
-    </message>
-    <message>
         <source>가공소재</source>
         <translation>Work material</translation>
     </message>
     <message>
         <source>AFA 설정</source>
         <translation>AFA Setup</translation>
-    </message>
-    <message>
-        <source>Master에 의한 AFA </source>
-        <translation>AFA by master </translation>
-    </message>
-    <message>
-        <source>AFA 전송시 XY변화 축소(0.3)</source>
-        <translation>Reduce XY changes in AFA sending(0.3)</translation>
-    </message>
-    <message>
-        <source>부드러운 피드 변화</source>
-        <translation>Smooth feed changes</translation>
-    </message>
-    <message>
-        <source>피드 변화 단위</source>
-        <translation>Feed change step</translation>
-    </message>
-    <message>
-        <source>Z 상향 / Z 하향</source>
-        <translation>Z up / Z down</translation>
     </message>
     <message>
         <source>&lt;&lt; 코너 가중치 &gt;&gt;</source>
@@ -354,14 +302,6 @@
     <message>
         <source>최대 피드</source>
         <translation>Highest feed</translation>
-    </message>
-    <message>
-        <source>정삭</source>
-        <translation>Finishing</translation>
-    </message>
-    <message>
-        <source>Z 상하향 검색</source>
-        <translation>Z up/down check</translation>
     </message>
     <message>
         <source>조건화일 :</source>
@@ -478,22 +418,6 @@
     <message>
         <source>X,Y,Z 좌표</source>
         <translation>X,Y,Z coordinates</translation>
-    </message>
-    <message>
-        <source>Z 최대</source>
-        <translation>Z maximum</translation>
-    </message>
-    <message>
-        <source>Z 최소</source>
-        <translation>Z minimum</translation>
-    </message>
-    <message>
-        <source>탐색 공차</source>
-        <translation>Search tolerance</translation>
-    </message>
-    <message>
-        <source>번호</source>
-        <translation>Number</translation>
     </message>
     <message>
         <source>Key code를 입력하시요 !!</source>

@@ -11,20 +11,41 @@ namespace tvx {
 
 namespace {
 
-constexpr WeightSlider kSliders[] = {
-    {"0도 가중치(%2.2f)", &JobRecord::CorWeight0},
-    {"30도 가중치(%2.2f)", &JobRecord::CorWeight30},
-    {"60도 가중치(%2.2f)", &JobRecord::CorWeight60},
-    {"0도 가중치(%2.2f)", &JobRecord::SideWeight0},
-    {"30도 가중치(%2.2f)", &JobRecord::SideWeight30},
-    {"60도 가중치(%2.2f)", &JobRecord::SideWeight60},
-};
-static_assert(std::size(kSliders) == kWeightSliders);
+std::string EditText(int32_t value) {
+  return Format("%d", value);
+}
+std::string EditText(float value) {
+  return ShortestFloat(value);
+}
+std::string EditText(const std::string& value) {
+  return value;
+}
+
+bool AcceptEdit(const std::string& text, UserInterface* ui, int32_t* value) {
+  return AcceptWholeNumber(text, ui, value);
+}
+bool AcceptEdit(const std::string& text, UserInterface* ui, float* value) {
+  return AcceptNumber(text, ui, value);
+}
+bool AcceptEdit(const std::string& text, UserInterface* /*ui*/, std::string* value) {
+  *value = text;
+  return true;
+}
+
+float FeedOptions::*Weight(size_t slider) {
+  return std::get<float FeedOptions::*>(WeightSliders()[slider]->member);
+}
 
 }  // namespace
 
-std::span<const WeightSlider, kWeightSliders> WeightSliders() {
+std::span<const FeedField* const> WeightSliders() {
+  static const auto kSliders = FieldsOfDialog(FeedDialog::kSetupSlider);
   return kSliders;
+}
+
+std::span<const FeedField* const> SetupEdits() {
+  static const auto kEdits = FieldsOfDialog(FeedDialog::kSetupEdit);
+  return kEdits;
 }
 
 void CAfaSetupDlg::Open(JobRecord* record) {
@@ -32,23 +53,24 @@ void CAfaSetupDlg::Open(JobRecord* record) {
   // Each is ticked while the setting is in effect for the code that reads it.
   xyChgReduceTicked = job->XyChgReduceCheck != 0;
   feedChgSmoothTicked = job->FeedChgSmoothCheck == 1;
-  feedChgAngText = Format("%d", job->FeedChgAng);
-  zUpZDownText = ShortestFloat(job->ZupZdown);
+  editTexts.clear();
+  for (const FeedField* const edit : SetupEdits()) {
+    std::visit([&](auto member) { editTexts.push_back(EditText(job->*member)); }, edit->member);
+  }
 }
 
 int CAfaSetupDlg::Position(size_t slider) const {
   // In double precision: the float nearest to 0.7 is position 69.
-  const double weight = job->*kSliders[slider].weight;
+  const double weight = job->*Weight(slider);
   return std::clamp(TruncateToInt(weight * 100), 0, kHighestPosition);
 }
 
-std::string CAfaSetupDlg::Caption(size_t slider) const {
-  return Format(kSliders[slider].caption, job->*kSliders[slider].weight);
+std::string CAfaSetupDlg::Caption(size_t slider, Language language) const {
+  return WeightSliders()[slider]->caption.In(language) + Format("(%2.2f)", job->*Weight(slider));
 }
 
 void CAfaSetupDlg::ReleaseSlider(size_t slider, int position) {
-  job->*kSliders[slider].weight =
-      static_cast<float>(std::clamp(position, 0, kHighestPosition) * 0.01);
+  job->*Weight(slider) = static_cast<float>(std::clamp(position, 0, kHighestPosition) * 0.01);
 }
 
 void CAfaSetupDlg::ToggleMaster() {
@@ -56,17 +78,18 @@ void CAfaSetupDlg::ToggleMaster() {
 }
 
 Closing CAfaSetupDlg::Accept() {
-  int32_t feedStep = 0;
-  float zRatio = 0;
-  refusedField = "FeedChgAng";
-  if (!AcceptWholeNumber(feedChgAngText, ui_, &feedStep)) return Closing::kStaysOpen;
-  refusedField = "ZupZdown";
-  if (!AcceptNumber(zUpZDownText, ui_, &zRatio)) return Closing::kStaysOpen;
-  refusedField.clear();
+  FeedOptions accepted = *job;
+  for (size_t i = 0; i < editTexts.size(); ++i) {
+    const auto accept = [&](auto member) {
+      return AcceptEdit(editTexts[i], ui_, &(accepted.*member));
+    };
+    refusedEdit = i;
+    if (!std::visit(accept, SetupEdits()[i]->member)) return Closing::kStaysOpen;
+  }
+  refusedEdit.reset();
+  static_cast<FeedOptions&>(*job) = accepted;
   job->XyChgReduceCheck = xyChgReduceTicked ? 1 : 0;
   job->FeedChgSmoothCheck = feedChgSmoothTicked ? 1 : 0;
-  job->FeedChgAng = feedStep;
-  job->ZupZdown = zRatio;
   return Closing::kAccepted;
 }
 

@@ -1,6 +1,8 @@
 // Each field is text that is stored at once; a condition file is read and written by two buttons.
 #include "conditions/auto_feed_dialog.h"
 
+#include <algorithm>
+
 #include "base/format.h"
 #include "base/path_text.h"
 #include "base/scan.h"
@@ -11,26 +13,13 @@ namespace tvx {
 
 namespace {
 
-const AutoFeedField kFields[] = {
-    {"공구경로 공구 직경", &JobRecord::ToolDiameter},
-    {"안전거리", &JobRecord::SafetyDistance},
-    {"코너검색 최소각도", &JobRecord::CornerMinAngle},
-    {"코너 최대 감속비", &JobRecord::CornerMaxRatio},
-    {"경사검색 최소각도", &JobRecord::SlopeMinAngle},
-    {"경사 최대감속비", &JobRecord::SlopeMaxRatio},
-    {"공구 접근피드", &JobRecord::PlungeFeed},
-    {"최대피드", &JobRecord::MaxFeed},
-    {"가공소재", &JobRecord::Material},
-};
-static_assert(std::size(kFields) == kAutoFeedFields);
-
-std::string ShownText(int32_t value) {
+std::string EditText(int32_t value) {
   return Format("%d", value);
 }
-std::string ShownText(float value) {
+std::string EditText(float value) {
   return Format("%6.3f", value);
 }
-std::string ShownText(const std::string& value) {
+std::string EditText(const std::string& value) {
   return value;
 }
 
@@ -61,7 +50,12 @@ bool ChooseConditionFile(JobRecord* job, int32_t* spindleSpeed, Files* files, Us
   return true;
 }
 
-std::span<const AutoFeedField, kAutoFeedFields> AutoFeedFields() {
+std::span<const FeedField* const> AutoFeedFields() {
+  static const std::vector<const FeedField*> kFields = [] {
+    auto fields = FieldsOfDialog(FeedDialog::kCondition);
+    std::ranges::sort(fields, {}, [](const FeedField* f) { return f->conditionLine.number; });
+    return fields;
+  }();
   return kFields;
 }
 
@@ -75,16 +69,16 @@ void CAutoFeedDlg::Open(JobRecord* target) {
 
 // Text that is shown is stored like an edit by the user.
 void CAutoFeedDlg::ShowFields() {
-  for (size_t i = 0; i < kAutoFeedFields; ++i) {
-    const std::string text =
-        std::visit([&](auto member) { return ShownText(own.*member); }, kFields[i].member);
-    Edit(i, text);
+  texts.resize(AutoFeedFields().size());
+  size_t next = 0;
+  for (const FeedField* const field : AutoFeedFields()) {
+    Edit(next++, std::visit([&](auto member) { return EditText(own.*member); }, field->member));
   }
 }
 
 void CAutoFeedDlg::Edit(size_t index, std::string_view text) {
   texts.at(index) = text;
-  std::visit([&](auto member) { Store(text, &(own.*member)); }, kFields[index].member);
+  std::visit([&](auto member) { Store(text, &(own.*member)); }, AutoFeedFields()[index]->member);
 }
 
 void CAutoFeedDlg::ReadFile() {

@@ -1,13 +1,13 @@
 // The dialog of the machining condition, and the choice of a condition file.
 #pragma once
 
-#include <array>
 #include <span>
 #include <string>
 #include <string_view>
-#include <variant>
+#include <vector>
 
 #include "model/job_record.h"
+#include "model/option_fields.h"
 #include "platform/files/files.h"
 #include "platform/user_interface.h"
 
@@ -19,14 +19,8 @@ namespace tvx {
 bool ChooseConditionFile(JobRecord* job, int32_t* spindleSpeed, Files* files, UserInterface* ui,
                          std::string* fileName);
 
-// One field of the machining condition, shown as text.
-struct AutoFeedField {
-  const char* label;
-  std::variant<int32_t JobRecord::*, float JobRecord::*, std::string JobRecord::*> member;
-};
-
-inline constexpr size_t kAutoFeedFields = 9;
-std::span<const AutoFeedField, kAutoFeedFields> AutoFeedFields();
+// The fields of the machining condition, each shown as text, in the order of a condition file.
+std::span<const FeedField* const> AutoFeedFields();
 
 // The machining condition: sizes, angles, ratios, feeds and material, with condition files. Edits a
 // private copy of the caller's record.
@@ -56,7 +50,7 @@ class CAutoFeedDlg : public Dialog {
   Closing Accept();
 
   JobRecord own;
-  std::array<std::string, kAutoFeedFields> texts;
+  std::vector<std::string> texts;
   std::string fileCaption = kFileButton;
   // Set and read by the caller; reading a condition file sets the speed, in 1/min.
   int32_t SpindleOn = 0;

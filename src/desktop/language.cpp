@@ -99,6 +99,10 @@ QString Translated(std::string_view text) {
   return translation;
 }
 
+QString Translated(const Message& text) {
+  return ToQt(text.In(LanguageOf(languageInUse)));
+}
+
 QString InLanguage(std::string_view korean, std::string_view english) {
   return ToQt(languageInUse == kEnglishLabels ? english : korean);
 }

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/message.h"
+
 namespace tvx {
 
 QString ToQt(std::string_view text);
@@ -21,6 +23,9 @@ int32_t LanguageInUse();
 // "소요시간 %1 min" serves for "소요시간 1.5 min". A text without a translation comes back as it
 // is. Not for names and input of the user: a folder "설정" keeps its name in every language.
 QString Translated(std::string_view text);
+
+// A text that has both languages, in the language in use.
+QString Translated(const Message& text);
 
 // The text in the language in use, of a table that has both.
 QString InLanguage(std::string_view korean, std::string_view english);

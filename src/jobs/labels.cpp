@@ -41,7 +41,6 @@ constexpr Label kLabels[] = {
     {"XY변화 축소", "XyChgReduceCheck"},
     {"조건화일", "Afa file"},
     {"Afa조건:", "Afa:"},
-    {"도 가중치", " deg weight"},
 };
 
 }  // namespace

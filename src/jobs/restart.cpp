@@ -14,6 +14,10 @@ constexpr int kSequenceNumber = 1;
 constexpr int kPoint = 4;
 constexpr float kNotSet = 9999.0F;
 
+float RestartOptions::*Decimal(const RestartField& field) {
+  return std::get<float RestartOptions::*>(field.member);
+}
+
 bool HasNoPoint(const JobRecord& job) {
   return job.RestartX == kNotSet && job.RestartY == kNotSet && job.RestartZ == kNotSet;
 }
@@ -25,8 +29,9 @@ void CRestartDlg::Open(JobRecord* options) {
   CopyJobRecord(0, &own, *options);
   if (own.RestartKind < kSequenceNumber || own.RestartKind > kPoint) own.RestartKind = kPoint;
   numberText = Format("%d", own.RestartNumber);
-  for (size_t i = 0; i < kRestartDecimals.size(); ++i) {
-    decimalTexts[i] = Format("%6.3f", own.*kRestartDecimals[i].field);
+  decimalTexts.clear();
+  for (const RestartField& field : RestartDecimals()) {
+    decimalTexts.push_back(Format("%6.3f", own.*Decimal(field)));
   }
 }
 
@@ -41,7 +46,7 @@ void CRestartDlg::EditNumber(std::string_view text) {
 
 void CRestartDlg::EditDecimal(size_t index, std::string_view text) {
   decimalTexts.at(index) = text;
-  own.*kRestartDecimals.at(index).field = TextToFloat(text);
+  own.*Decimal(RestartDecimals()[index]) = TextToFloat(text);
 }
 
 Closing CRestartDlg::Accept() {

@@ -2,29 +2,22 @@
 #pragma once
 
 #include <array>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "model/job_record.h"
+#include "model/option_fields.h"
 #include "platform/user_interface.h"
 
 namespace tvx {
 
-// One decimal field of the restart dialog.
-struct RestartDecimal {
-  const char* label;
-  float JobRecord::*field;
-};
-
-inline constexpr std::array<RestartDecimal, 6> kRestartDecimals = {{
-    {"Z 최대", &JobRecord::RestartZMax},
-    {"Z 최소", &JobRecord::RestartZMin},
-    {"X:", &JobRecord::RestartX},
-    {"Y:", &JobRecord::RestartY},
-    {"Z:", &JobRecord::RestartZ},
-    {"탐색 공차", &JobRecord::RestartTolerance},
-}};
+// The decimal fields of the restart dialog.
+inline std::span<const RestartField> RestartDecimals() {
+  constexpr size_t kOthers = 3;  // the switch, the kind and the number come before them
+  return RestartFields().subspan(kOthers);
+}
 
 // Sets the position at which the transfer of a file resumes after an interruption. Every file that
 // enters the job list afterwards carries it. Only the transfer program interprets it, so no range
@@ -33,7 +26,7 @@ class CRestartDlg : public Dialog {
  public:
   static constexpr char kTitle[] = "재전송";
   // Captions of the radio buttons of RestartKind 1 to 4. Kinds 1 and 2 have a field of the number,
-  // kind 3 the first two of kRestartDecimals, kind 4 the others.
+  // kind 3 the first two of RestartDecimals, kind 4 the others.
   static constexpr std::array<const char*, 4> kKinds = {"시퀀스 번호", "NCDATA 블록", "Z 영역",
                                                         "X,Y,Z 좌표"};
 
@@ -45,7 +38,7 @@ class CRestartDlg : public Dialog {
   // A change in one of the two number fields, which both show numberText. Text that is no number
   // counts as 0.
   void EditNumber(std::string_view text);
-  // A change in a decimal field, by its position in kRestartDecimals.
+  // A change in a decimal field, by its position in RestartDecimals.
   void EditDecimal(size_t index, std::string_view text);
 
   // Switches the position on and copies the record back. With kind 4 and no point set it acts as
@@ -56,7 +49,7 @@ class CRestartDlg : public Dialog {
 
   JobRecord own;  // RestartKind is the radio button's
   std::string numberText;
-  std::array<std::string, kRestartDecimals.size()> decimalTexts;
+  std::vector<std::string> decimalTexts;
 
  private:
   JobRecord* options_ = nullptr;

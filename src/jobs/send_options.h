@@ -26,9 +26,7 @@ class CSendOptionDlg : public Dialog {
   static constexpr char kTopFeed[] = "최대 피드";
   static constexpr char kSetupButton[] = "Set";
   static constexpr char kCalculatorButton[] = "GetFeed";
-  static constexpr char kConCorChk[] = "정삭";           // ticked while ConCorChk of `own` is 1
-  static constexpr char kUpDownChk[] = "Z 상하향 검색";  // ticked while UpDownChk of `own` is 1
-  static constexpr char kSpindle[] = "Spindle";          // ticked while SpindleOn is 1
+  static constexpr char kSpindle[] = "Spindle";  // ticked while SpindleOn is 1
   static constexpr char kConditionFileButton[] = "조건화일 :";
   static constexpr char kMasterButton[] = "MMA : ";
 
@@ -42,7 +40,7 @@ class CSendOptionDlg : public Dialog {
   void EditTopFeed(std::string_view text);
   void EditSpindleSpeed(std::string_view text);
 
-  // Clicks on the check boxes.
+  // Clicks on the check boxes. The first two are ticked while the field of `own` is 1.
   void ToggleConCorChk();
   void ToggleUpDownChk();
   void ToggleSpindle();

@@ -282,6 +282,14 @@ const FeedField& FieldOf(FeedMember member) {
   throw std::logic_error("a member of FeedOptions has no row in the table");
 }
 
+std::vector<const FeedField*> FieldsOfDialog(FeedDialog dialog) {
+  std::vector<const FeedField*> fields;
+  for (const FeedField& field : kFields) {
+    if (field.dialog == dialog) fields.push_back(&field);
+  }
+  return fields;
+}
+
 std::span<const FeedField> GroupOf(const FeedField& field) {
   return {&field, field.groupSize};
 }

@@ -40,7 +40,8 @@ struct FileLine {
   LineReading reading = LineReading::kByKey;
 };
 
-// The dialog that has an edit or a slider for a parameter.
+// The dialog that has an edit or a slider for a parameter: the machining condition or the finer
+// settings. Switches have controls of their own.
 enum class FeedDialog { kNone, kCondition, kSetupEdit, kSetupSlider };
 
 // How option lines, lists and reports show a parameter.
@@ -79,6 +80,9 @@ std::span<const FeedField> FeedFields();
 
 // The row of a member.
 const FeedField& FieldOf(FeedMember member);
+
+// The parameters with a control of this kind.
+std::vector<const FeedField*> FieldsOfDialog(FeedDialog dialog);
 
 // The fields that are shown as one with a field, itself first.
 std::span<const FeedField> GroupOf(const FeedField& field);

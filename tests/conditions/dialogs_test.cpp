@@ -33,15 +33,17 @@ TEST_F(AfaSetupDialog, SlidersShowTheirWeightAndSetItAtOnce) {
                                      {0.125F, 12, "30도 가중치(0.12)"}}) {
     job.CorWeight30 = weight;
     EXPECT_EQ(dialog.Position(1), position) << weight;
-    EXPECT_EQ(dialog.Caption(1), caption);
+    EXPECT_EQ(dialog.Caption(1, Language::kKorean), caption);
   }
-  for (size_t i = 0; i < kWeightSliders; ++i) dialog.ReleaseSlider(i, static_cast<int>(i) + 40);
+  for (size_t i = 0; i < WeightSliders().size(); ++i)
+    dialog.ReleaseSlider(i, static_cast<int>(i) + 40);
   EXPECT_EQ(Changes(JobRecord{}, job),
             "CorWeight0=0.4 CorWeight30=0.41 CorWeight60=0.42 "
             "SideWeight0=0.43 SideWeight30=0.44 SideWeight60=0.45");
   dialog.ReleaseSlider(0, 101);
   dialog.ReleaseSlider(5, -1);
-  EXPECT_EQ(dialog.Caption(0) + dialog.Caption(5), "0도 가중치(1.00)60도 가중치(0.00)");
+  EXPECT_EQ(dialog.Caption(0, Language::kKorean) + dialog.Caption(5, Language::kEnglish),
+            "0도 가중치(1.00)60 deg weight(0.00)");
 }
 
 TEST_F(AfaSetupDialog, MasterSwitchNeedsAFile) {
@@ -60,7 +62,7 @@ TEST_F(AfaSetupDialog, AcceptStoresChecksAndEditsThatAreNumbers) {
   dialog.Open(&job);
   EXPECT_FALSE(dialog.feedChgSmoothTicked);  // by 1 only
   EXPECT_TRUE(dialog.xyChgReduceTicked);
-  EXPECT_EQ(dialog.feedChgAngText + " " + dialog.zUpZDownText, "10 1.5");
+  EXPECT_EQ(dialog.editTexts, (std::vector<std::string>{"10", "1.5"}));
   dialog.feedChgSmoothTicked = true;
   dialog.xyChgReduceTicked = false;
   for (const auto& [feedStep, zRatio, refused] :
@@ -68,15 +70,14 @@ TEST_F(AfaSetupDialog, AcceptStoresChecksAndEditsThatAreNumbers) {
                                                    {"10.5", "x", "FeedChgAng"},
                                                    {"20", "1.5.", "ZupZdown"},
                                                    {"20", "nan", "ZupZdown"}}) {
-    dialog.feedChgAngText = feedStep;
-    dialog.zUpZDownText = zRatio;
+    dialog.editTexts = {feedStep, zRatio};
     EXPECT_EQ(dialog.Accept(), Closing::kStaysOpen) << feedStep << " " << zRatio;
-    EXPECT_EQ(dialog.refusedField, refused);
+    ASSERT_TRUE(dialog.refusedEdit);
+    EXPECT_STREQ(SetupEdits()[*dialog.refusedEdit]->name, refused);
     EXPECT_EQ(Changes(before, job), "");
   }
   EXPECT_EQ(ui.messages.size(), 4U);
-  dialog.feedChgAngText = "-3";
-  dialog.zUpZDownText = "0.25";
+  dialog.editTexts = {"-3", "0.25"};
   EXPECT_EQ(dialog.Accept(), Closing::kAccepted);
   EXPECT_EQ(Changes(before, job),
             "FeedChgSmoothCheck=1 XyChgReduceCheck=0 FeedChgAng=-3 ZupZdown=0.25");

@@ -11,7 +11,6 @@ TEST(Labels, LanguageTwoReplacesThem) {
       {"  재전송: 블록-> 5 ", "  Restart: Block-> 5 "},
       {"공차 공차공차", "Toler TolerToler"},
       {"Afa조건:\r\n", "Afa:\r\n"},
-      {"30도 가중치(0.70)", "30 deg weight(0.70)"},
       {"최대피드 코너가중치 경사가중치", "MaxFeed CornerWeight SideWeight"},
       {"조건화일: c.afa", "Afa file: c.afa"},
       {"가공조건 화일 :", "가공조건 화일 :"},

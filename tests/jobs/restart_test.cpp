@@ -8,7 +8,7 @@
 namespace tvx {
 namespace {
 
-constexpr size_t kZMax = 0, kX = 2, kTolerance = 5;  // of kRestartDecimals
+constexpr size_t kZMax = 0, kX = 2, kTolerance = 5;  // of RestartDecimals
 
 class Restart : public testing::Test {
  protected:

@@ -34,9 +34,9 @@ AutoFeedFace::AutoFeedFace(CAutoFeedDlg* dialog, QWidget* parent)
   });
   auto* const form = new QFormLayout;
   column->addLayout(form);
-  for (size_t i = 0; i < kAutoFeedFields; ++i) {
-    edits_[i] = AddEdit(form, AutoFeedFields()[i].label, dialog->texts[i],
-                        [this, i](const std::string& text) { dialog_->Edit(i, text); });
+  for (size_t i = 0; i < AutoFeedFields().size(); ++i) {
+    edits_.push_back(AddEdit(form, AutoFeedFields()[i]->caption, dialog->texts[i],
+                             [this, i](const std::string& text) { dialog_->Edit(i, text); }));
   }
   AddButton(column, CAutoFeedDlg::kSaveButton, [this] { dialog_->SaveFile(); });
   AddClosingButtons(
@@ -44,7 +44,7 @@ AutoFeedFace::AutoFeedFace(CAutoFeedDlg* dialog, QWidget* parent)
 }
 
 void AutoFeedFace::ShowTexts() {
-  for (size_t i = 0; i < kAutoFeedFields; ++i) ShowText(edits_[i], dialog_->texts[i]);
+  for (size_t i = 0; i < edits_.size(); ++i) ShowText(edits_[i], dialog_->texts[i]);
   ShowFileCaption(fileButton_, FileCaption(dialog_->fileCaption));
 }
 
@@ -52,35 +52,41 @@ AfaSetupFace::AfaSetupFace(CAfaSetupDlg* dialog, QWidget* parent)
     : Face(CAfaSetupDlg::kTitle, parent), dialog_(dialog) {
   auto* const column = new QVBoxLayout(this);
   AddCheck(
-      column, CAfaSetupDlg::kAfaByMaster, [this] { return dialog_->job->AfaByMaster == 1; },
-      [this] { dialog_->ToggleMaster(); });
+      column, FieldOf(&JobRecord::AfaByMaster).caption,
+      [this] { return dialog_->job->AfaByMaster == 1; }, [this] { dialog_->ToggleMaster(); });
   AddCheck(
-      column, CAfaSetupDlg::kXyChgReduce, [this] { return dialog_->xyChgReduceTicked; },
+      column, FieldOf(&JobRecord::XyChgReduceCheck).caption,
+      [this] { return dialog_->xyChgReduceTicked; },
       [this] { dialog_->xyChgReduceTicked = !dialog_->xyChgReduceTicked; });
   AddCheck(
-      column, CAfaSetupDlg::kFeedChgSmooth, [this] { return dialog_->feedChgSmoothTicked; },
+      column, FieldOf(&JobRecord::FeedChgSmoothCheck).caption,
+      [this] { return dialog_->feedChgSmoothTicked; },
       [this] { dialog_->feedChgSmoothTicked = !dialog_->feedChgSmoothTicked; });
 
   auto* const form = new QFormLayout;
   column->addLayout(form);
-  feedStep_ = AddEdit(form, CAfaSetupDlg::kFeedChgAng, dialog->feedChgAngText,
-                      [this](const std::string& text) { dialog_->feedChgAngText = text; });
-  zFactor_ = AddEdit(form, CAfaSetupDlg::kZupZdown, dialog->zUpZDownText,
-                     [this](const std::string& text) { dialog_->zUpZDownText = text; });
+  for (size_t i = 0; i < SetupEdits().size(); ++i) {
+    edits_.push_back(AddEdit(form, SetupEdits()[i]->caption, dialog->editTexts[i],
+                             [this, i](const std::string& text) { dialog_->editTexts[i] = text; }));
+  }
 
   auto* const groups = new QHBoxLayout;
   column->addLayout(groups);
   AddSliders(groups, CAfaSetupDlg::kCornerGroup, 0);
-  AddSliders(groups, CAfaSetupDlg::kSlopeGroup, kWeightSliders / 2);
+  AddSliders(groups, CAfaSetupDlg::kSlopeGroup, WeightSliders().size() / 2);
   AddClosingButtons(
       column, "OK", [this] { Accept(); }, "Cancel", [this] { reject(); });
+}
+
+QString AfaSetupFace::SliderCaption(size_t slider) const {
+  return ToQt(dialog_->Caption(slider, LanguageOf(LanguageInUse())));
 }
 
 void AfaSetupFace::AddSliders(QLayout* layout, const char* group, size_t first) {
   auto* const box = new QGroupBox(Translated(group), this);
   auto* const column = new QVBoxLayout(box);
-  for (size_t i = first; i < first + kWeightSliders / 2; ++i) {
-    auto* const caption = new QLabel(TranslatedLabels(dialog_->Caption(i)), box);
+  for (size_t i = first; i < first + WeightSliders().size() / 2; ++i) {
+    auto* const caption = new QLabel(SliderCaption(i), box);
     auto* const slider = new QSlider(Qt::Horizontal, box);
     slider->setRange(0, CAfaSetupDlg::kHighestPosition);
     slider->setValue(dialog_->Position(i));
@@ -88,7 +94,7 @@ void AfaSetupFace::AddSliders(QLayout* layout, const char* group, size_t first) 
     // A release by the mouse, and each step by keys, wheel or a click beside the handle.
     const auto release = [this, i, slider, caption] {
       dialog_->ReleaseSlider(i, slider->value());
-      caption->setText(TranslatedLabels(dialog_->Caption(i)));
+      caption->setText(SliderCaption(i));
     };
     connect(slider, &QSlider::sliderReleased, this, release);
     connect(slider, &QSlider::valueChanged, this, [slider, release] {
@@ -102,8 +108,8 @@ void AfaSetupFace::AddSliders(QLayout* layout, const char* group, size_t first) 
 
 void AfaSetupFace::Accept() {
   const Closing closing = dialog_->Accept();
-  if (closing == Closing::kStaysOpen) {
-    QLineEdit* const edit = dialog_->refusedField == "FeedChgAng" ? feedStep_ : zFactor_;
+  if (dialog_->refusedEdit) {
+    QLineEdit* const edit = edits_[*dialog_->refusedEdit];
     edit->setFocus();
     edit->selectAll();
   }
@@ -140,11 +146,11 @@ SendOptionFace::SendOptionFace(CSendOptionDlg* dialog, QWidget* parent)
   auto* const checks = new QHBoxLayout;
   column->addLayout(checks);
   conCor_ = AddCheck(
-      checks, CSendOptionDlg::kConCorChk, [this] { return dialog_->own.ConCorChk == 1; },
-      then(&CSendOptionDlg::ToggleConCorChk));
+      checks, FieldOf(&JobRecord::ConCorChk).caption,
+      [this] { return dialog_->own.ConCorChk == 1; }, then(&CSendOptionDlg::ToggleConCorChk));
   upDown_ = AddCheck(
-      checks, CSendOptionDlg::kUpDownChk, [this] { return dialog_->own.UpDownChk == 1; },
-      then(&CSendOptionDlg::ToggleUpDownChk));
+      checks, FieldOf(&JobRecord::UpDownChk).caption,
+      [this] { return dialog_->own.UpDownChk == 1; }, then(&CSendOptionDlg::ToggleUpDownChk));
 
   auto* const spindleRow = new QHBoxLayout;
   column->addLayout(spindleRow);

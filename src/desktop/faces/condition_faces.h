@@ -2,7 +2,7 @@
 // lowest and highest feed that opens both, and the input of a master model.
 #pragma once
 
-#include <array>
+#include <vector>
 
 #include "conditions/afa_setup_dialog.h"
 #include "conditions/auto_feed_dialog.h"
@@ -24,7 +24,7 @@ class AutoFeedFace : public Face {
   void ShowTexts();
 
   CAutoFeedDlg* dialog_;
-  std::array<QLineEdit*, kAutoFeedFields> edits_{};
+  std::vector<QLineEdit*> edits_;
   QPushButton* fileButton_;
 };
 
@@ -33,12 +33,12 @@ class AfaSetupFace : public Face {
   AfaSetupFace(CAfaSetupDlg* dialog, QWidget* parent);
 
  private:
+  QString SliderCaption(size_t slider) const;
   void AddSliders(QLayout* layout, const char* group, size_t first);
   void Accept();
 
   CAfaSetupDlg* dialog_;
-  QLineEdit* feedStep_;
-  QLineEdit* zFactor_;
+  std::vector<QLineEdit*> edits_;
 };
 
 class SendOptionFace : public Face {

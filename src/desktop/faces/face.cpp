@@ -31,10 +31,10 @@ void Face::End(Closing closing) {
   if (closing == Closing::kCancelled) done(QDialog::Rejected);
 }
 
-QLineEdit* Face::AddEdit(QFormLayout* form, std::string_view label, std::string_view text,
-                         std::function<void(const std::string& text)> edited) {
+QLineEdit* Face::AddLabelledEdit(QFormLayout* form, const QString& label, std::string_view text,
+                                 std::function<void(const std::string& text)> edited) {
   auto* const edit = new QLineEdit(ToQt(text), this);
-  form->addRow(Translated(label), edit);
+  form->addRow(label, edit);
   if (edited) {
     connect(edit, &QLineEdit::textEdited, this,
             [edited = std::move(edited)](const QString& typed) { edited(FromQt(typed)); });
@@ -42,9 +42,9 @@ QLineEdit* Face::AddEdit(QFormLayout* form, std::string_view label, std::string_
   return edit;
 }
 
-QCheckBox* Face::AddCheck(QLayout* layout, std::string_view label, std::function<bool()> isTicked,
-                          std::function<void()> toggle) {
-  auto* const check = new QCheckBox(Translated(label), this);
+QCheckBox* Face::AddLabelledCheck(QLayout* layout, const QString& label,
+                                  std::function<bool()> isTicked, std::function<void()> toggle) {
+  auto* const check = new QCheckBox(label, this);
   check->setChecked(isTicked());
   layout->addWidget(check);
   connect(check, &QCheckBox::clicked, this,
@@ -53,6 +53,26 @@ QCheckBox* Face::AddCheck(QLayout* layout, std::string_view label, std::function
             check->setChecked(isTicked());
           });
   return check;
+}
+
+QLineEdit* Face::AddEdit(QFormLayout* form, std::string_view label, std::string_view text,
+                         std::function<void(const std::string& text)> edited) {
+  return AddLabelledEdit(form, Translated(label), text, std::move(edited));
+}
+
+QLineEdit* Face::AddEdit(QFormLayout* form, const Message& label, std::string_view text,
+                         std::function<void(const std::string& text)> edited) {
+  return AddLabelledEdit(form, Translated(label), text, std::move(edited));
+}
+
+QCheckBox* Face::AddCheck(QLayout* layout, std::string_view label, std::function<bool()> isTicked,
+                          std::function<void()> toggle) {
+  return AddLabelledCheck(layout, Translated(label), std::move(isTicked), std::move(toggle));
+}
+
+QCheckBox* Face::AddCheck(QLayout* layout, const Message& label, std::function<bool()> isTicked,
+                          std::function<void()> toggle) {
+  return AddLabelledCheck(layout, Translated(label), std::move(isTicked), std::move(toggle));
 }
 
 QPushButton* Face::AddButton(QLayout* layout, std::string_view text,

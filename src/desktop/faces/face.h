@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/message.h"
 #include "platform/user_interface.h"
 
 class QCheckBox;
@@ -33,9 +34,15 @@ class Face : public QDialog {
   QLineEdit* AddEdit(QFormLayout* form, std::string_view label, std::string_view text,
                      std::function<void(const std::string& text)> edited = {});
 
+  QLineEdit* AddEdit(QFormLayout* form, const Message& label, std::string_view text,
+                     std::function<void(const std::string& text)> edited = {});
+
   // A check box that shows a state of the logic. A click calls `toggle` and then shows isTicked(),
   // which may be unchanged.
   QCheckBox* AddCheck(QLayout* layout, std::string_view label, std::function<bool()> isTicked,
+                      std::function<void()> toggle);
+
+  QCheckBox* AddCheck(QLayout* layout, const Message& label, std::function<bool()> isTicked,
                       std::function<void()> toggle);
 
   QPushButton* AddButton(QLayout* layout, std::string_view text, std::function<void()> clicked);
@@ -44,6 +51,12 @@ class Face : public QDialog {
   QDialogButtonBox* AddClosingButtons(QLayout* layout, std::string_view accept,
                                       std::function<void()> accepted, std::string_view cancel,
                                       std::function<void()> cancelled);
+
+ private:
+  QLineEdit* AddLabelledEdit(QFormLayout* form, const QString& label, std::string_view text,
+                             std::function<void(const std::string& text)> edited);
+  QCheckBox* AddLabelledCheck(QLayout* layout, const QString& label, std::function<bool()> isTicked,
+                              std::function<void()> toggle);
 };
 
 // Shows a text that differs from what the edit holds, without moving the cursor otherwise.

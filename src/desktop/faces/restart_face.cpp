@@ -12,11 +12,12 @@ namespace tvx {
 
 namespace {
 
-// The decimal fields of a kind, as positions in kRestartDecimals.
+// The decimal fields of a kind, as positions in RestartDecimals.
 struct Decimals {
   size_t first;
   size_t end;
 };
+constexpr size_t kNumber = 2;  // of RestartFields
 constexpr Decimals kDecimalsOfKind[] = {{0, 0}, {0, 0}, {0, 2}, {2, 6}};
 
 }  // namespace
@@ -38,13 +39,14 @@ RestartFace::RestartFace(CRestartDlg* dialog, QWidget* parent)
     form->setContentsMargins(24, 0, 0, 8);
     column->addLayout(form);
     if (i < numbers_.size()) {
-      numbers_[i] = AddEdit(form, "번호", dialog->numberText, [this](const std::string& text) {
-        dialog_->EditNumber(text);
-        ShowNumber();
-      });
+      numbers_[i] = AddEdit(form, RestartFields()[kNumber].caption, dialog->numberText,
+                            [this](const std::string& text) {
+                              dialog_->EditNumber(text);
+                              ShowNumber();
+                            });
     }
     for (size_t d = kDecimalsOfKind[i].first; d < kDecimalsOfKind[i].end; ++d) {
-      AddEdit(form, kRestartDecimals[d].label, dialog->decimalTexts[d],
+      AddEdit(form, RestartDecimals()[d].caption, dialog->decimalTexts[d],
               [this, d](const std::string& text) { dialog_->EditDecimal(d, text); });
     }
   }
