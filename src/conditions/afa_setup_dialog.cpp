@@ -11,16 +11,6 @@ namespace tvx {
 
 namespace {
 
-std::string EditText(int32_t value) {
-  return Format("%d", value);
-}
-std::string EditText(float value) {
-  return ShortestFloat(value);
-}
-std::string EditText(const std::string& value) {
-  return value;
-}
-
 bool AcceptEdit(const std::string& text, UserInterface* ui, int32_t* value) {
   return AcceptWholeNumber(text, ui, value);
 }
@@ -55,7 +45,7 @@ void CAfaSetupDlg::Open(JobRecord* record) {
   feedChgSmoothTicked = job->FeedChgSmoothCheck == 1;
   editTexts.clear();
   for (const FeedField* const edit : SetupEdits()) {
-    std::visit([&](auto member) { editTexts.push_back(EditText(job->*member)); }, edit->member);
+    editTexts.push_back(ValueText(*job, *edit, ShortestFloat));
   }
 }
 

@@ -13,16 +13,6 @@ namespace tvx {
 
 namespace {
 
-std::string EditText(int32_t value) {
-  return Format("%d", value);
-}
-std::string EditText(float value) {
-  return Format("%6.3f", value);
-}
-std::string EditText(const std::string& value) {
-  return value;
-}
-
 void Store(std::string_view text, int32_t* value) {
   *value = TextToInt(text);
 }
@@ -72,7 +62,7 @@ void CAutoFeedDlg::ShowFields() {
   texts.resize(AutoFeedFields().size());
   size_t next = 0;
   for (const FeedField* const field : AutoFeedFields()) {
-    Edit(next++, std::visit([&](auto member) { return EditText(own.*member); }, field->member));
+    Edit(next++, ValueText(own, *field, [](float value) { return Format("%6.3f", value); }));
   }
 }
 

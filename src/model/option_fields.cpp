@@ -251,16 +251,6 @@ constexpr RestartField kRestartFields[] = {
     {"RestartTolerance", &RestartOptions::RestartTolerance, {"탐색 공차", "Search tolerance"}},
 };
 
-std::string NumberText(float value, int decimals) {
-  return Format("%.*f", decimals, value);
-}
-std::string NumberText(int32_t value, int /*decimals*/) {
-  return Format("%d", value);
-}
-std::string NumberText(const std::string& value, int /*decimals*/) {
-  return value;
-}
-
 bool IsOn(const FeedOptions& options, const FeedField& field) {
   return options.*std::get<int32_t Options::*>(field.member) == 1;
 }
@@ -298,9 +288,19 @@ bool UsesMaster(const FeedOptions& options) {
   return options.AfaByMaster == 1 && NamesMasterFile(options.AfaMasterFile);
 }
 
+std::string ValueText(const FeedOptions& options, const FeedField& field,
+                      const std::function<std::string(float)>& floatText) {
+  if (const auto* const real = std::get_if<float Options::*>(&field.member)) {
+    return floatText(options.**real);
+  }
+  if (const auto* const whole = std::get_if<int32_t Options::*>(&field.member)) {
+    return Format("%d", options.**whole);
+  }
+  return options.*std::get<std::string Options::*>(field.member);
+}
+
 std::string ValueText(const FeedOptions& options, const FeedField& field, int decimals) {
-  return std::visit([&](auto member) { return NumberText(options.*member, decimals); },
-                    field.member);
+  return ValueText(options, field, [&](float value) { return Format("%.*f", decimals, value); });
 }
 
 bool IsShown(const FeedOptions& options, const FeedField& field) {

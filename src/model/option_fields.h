@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <span>
 #include <string>
@@ -121,7 +122,11 @@ void AppendOtherOptions(bool onlyOfResults, std::vector<Field>* fields) {
   }
 }
 
-// The value of a field: a whole number, a float with so many decimals, or a text.
+// The value of a field: a whole number, a float as `floatText` prints it, or a text.
+std::string ValueText(const FeedOptions& options, const FeedField& field,
+                      const std::function<std::string(float)>& floatText);
+
+// The same, a float with so many decimals.
 std::string ValueText(const FeedOptions& options, const FeedField& field, int decimals);
 
 // True if lists and option lines show a field with these options.

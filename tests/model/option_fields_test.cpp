@@ -67,11 +67,7 @@ std::string DefaultCell(const FeedField& field) {
   const std::string unit = field.unit;
   return Joined(field, ", ",
                 [](const FeedField& one) {
-                  const FeedOptions defaults;
-                  if (const auto* real = std::get_if<float FeedOptions::*>(&one.member)) {
-                    return ShortestFloat(defaults.**real);
-                  }
-                  const std::string text = ValueText(defaults, one, 0);
+                  const std::string text = ValueText(FeedOptions(), one, ShortestFloat);
                   return text.empty() ? "none" : text;
                 }) +
          (unit.starts_with("mm") ? " " : "") + unit;
