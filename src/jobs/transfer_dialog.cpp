@@ -3,7 +3,6 @@
 #include "jobs/transfer_dialog.h"
 
 #include <algorithm>
-#include <cerrno>
 
 #include "base/format.h"
 #include "base/path_text.h"

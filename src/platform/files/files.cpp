@@ -295,9 +295,9 @@ class HostFiles : public Files {
 
   Result<std::unique_ptr<InputFile>> Open(const std::string& path, int flags) {
     const auto host = Host(path);
-    if (!host) return (Status::CannotOpen(path, ENOENT));
+    if (!host) return Status::CannotOpen(path, ENOENT);
     Result<OpenedFile> file = OpenPlainFile(*host, flags, path);
-    if (!file.ok()) return (file.status);
+    if (!file.ok()) return file.status;
     return std::make_unique<HostInputFile>(std::move(file.value), path);
   }
 
@@ -313,10 +313,6 @@ class HostFiles : public Files {
   const Drives* drives_;
   std::string currentDirectory_;
 };
-
-}  // namespace
-
-namespace {
 
 static_assert(kLargestSettings == 4 << 20, "the text of kTooLarge has the limit");
 
