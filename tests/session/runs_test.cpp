@@ -182,9 +182,11 @@ TEST_F(SingleCutTime, PicturesUntilTheTableIsFull) {
   };
   EXPECT_EQ(record(), StatusKind::kCannotOpen);
   EXPECT_EQ(view.results.recorded[0].entry.pictureName, "a.nc.emf");
+  result.isIncomplete = true;
+  EXPECT_EQ(record(), StatusKind::kPartSource);
 
   view.job.MetafileCreateChk = 0;
-  for (int32_t i = 2; i <= 300; ++i) EXPECT_EQ(record(), StatusKind::kOk);
+  for (int32_t i = 3; i <= 300; ++i) EXPECT_EQ(record(), StatusKind::kOk);
   EXPECT_EQ(view.results.recorded.size(), 300U);
   EXPECT_EQ(view.results.recorded[299].entry.pictureName, "");
   EXPECT_TRUE(ui.log.empty());

@@ -193,12 +193,13 @@ class HostFiles : public testing::Test, protected HostDisk {
     constexpr uid_t kNobody = 65534;
     if (geteuid() == 0 && seteuid(kNobody) != 0) std::_Exit(2);
   }
-  // Expects of an operation that it fails, in a process of its own prepared for that.
-  static void ExpectRefused(void (*prepare)(), const std::function<bool()>& operation) {
+  // Expects of an operation that it fails like this, in a process of its own prepared for that.
+  static void ExpectRefused(void (*prepare)(), const Status& expected,
+                            const std::function<Status()>& operation) {
     EXPECT_EXIT(
         {
           prepare();
-          std::_Exit(operation() ? 1 : 0);
+          std::_Exit(operation() == expected ? 0 : 1);
         },
         testing::ExitedWithCode(0), "");
   }
@@ -218,12 +219,12 @@ TEST_F(HostFiles, FullDiskLeavesTheOlderFile) {
   home.Put("drive_c/a.afa", "old");
   home.Put("drive_c/big.mma", std::string(300000, 'm'));
   for (const size_t size : {1001u, 100000u}) {  // the smaller one is buffered
-    ExpectRefused(FillDisk, [&] {
-      return WriteWholeFile(files.get(), "c:\\a.afa", std::string(size, 'n')).ok();
-    });
+    ExpectRefused(FillDisk, {StatusKind::kWriteFailed, "c:\\a.afa", EFBIG},
+                  [&] { return WriteWholeFile(files.get(), "c:\\a.afa", std::string(size, 'n')); });
   }
   for (const char* target : {"c:\\a.afa", "c:\\new"}) {
-    ExpectRefused(FillDisk, [&] { return files->Copy("c:\\big.mma", target).ok(); });
+    ExpectRefused(FillDisk, {StatusKind::kWriteFailed, target, EFBIG},
+                  [&] { return files->Copy("c:\\big.mma", target); });
   }
   EXPECT_EQ(HostBytes(c / "a.afa"), "old");
   EXPECT_EQ(Names(files.get(), "c:\\").size(), 4U) << "no trace of the new files";
@@ -234,13 +235,15 @@ TEST_F(HostFiles, RightsAreRespectedAndKept) {
   fs::permissions(c, fs::perms(0777));
   fs::permissions(home.Put("drive_c/secret.nc", "G1\n"), fs::perms(0200));
   fs::permissions(home.Put("drive_c/fixed.nc", "G1\n"), fs::perms(0444));
-  ExpectRefused(BecomeOrdinary, [&] {
-    return files->OpenForReading("c:\\secret.nc").ok() ||
-           files->OpenOrCreateForReading("c:\\secret.nc").ok() ||
-           files->Copy("c:\\secret.nc", "c:\\copy.nc").ok();
-  });
-  ExpectRefused(BecomeOrdinary,
-                [&] { return WriteWholeFile(files.get(), "c:\\fixed.nc", "new").ok(); });
+  const Status secret(StatusKind::kCannotOpen, "c:\\secret.nc", EACCES);
+  ExpectRefused(BecomeOrdinary, secret,
+                [&] { return files->OpenForReading("c:\\secret.nc").status; });
+  ExpectRefused(BecomeOrdinary, secret,
+                [&] { return files->OpenOrCreateForReading("c:\\secret.nc").status; });
+  ExpectRefused(BecomeOrdinary, secret,
+                [&] { return files->Copy("c:\\secret.nc", "c:\\copy.nc"); });
+  ExpectRefused(BecomeOrdinary, {StatusKind::kCannotOpen, "c:\\fixed.nc", EACCES},
+                [&] { return WriteWholeFile(files.get(), "c:\\fixed.nc", "new"); });
   EXPECT_EQ(HostBytes(c / "fixed.nc"), "G1\n");
 
   fs::permissions(home.Put("drive_c/shared.nc", "G1\n"), fs::perms(0664));
