@@ -20,7 +20,6 @@ class NoUser final : public UserInterface {
   bool ShowMessage(const MessageBox& message) override;
   bool RunModal(Dialog*) override { return false; }
   bool ChooseFile(const FileQuestion&, std::string*) override { return false; }
-  void Repaint() override {}
   void ShowStatus(const std::string&, const std::string&) override {}
 };
 

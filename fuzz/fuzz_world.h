@@ -90,7 +90,6 @@ class FuzzUi : public UserInterface {
   bool ShowMessage(const MessageBox&) override { return false; }
   bool RunModal(Dialog*) override { return false; }
   bool ChooseFile(const FileQuestion&, std::string*) override { return false; }
-  void Repaint() override {}
   void ShowStatus(const std::string&, const std::string&) override {}
 };
 

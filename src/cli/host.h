@@ -25,7 +25,6 @@ class CliUserInterface : public UserInterface {
   bool ShowMessage(const MessageBox& message) override;
   bool RunModal(Dialog*) override { return false; }
   bool ChooseFile(const FileQuestion&, std::string*) override { return false; }
-  void Repaint() override {}
   void ShowStatus(const std::string& text, const std::string& path) override;
   Progress* LongWork() override { return ToolProgress(); }
 };

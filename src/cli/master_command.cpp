@@ -22,7 +22,7 @@ namespace tvx {
 namespace {
 
 void BuildModel(const std::string& argument, CTVXView* view) {
-  const Status built = BuildMaster(view->masterDialog, &view->program, &view->masterGrid);
+  const Status built = BuildMaster(view->dialogs.master, &view->program, &view->masterGrid);
   if (built.ok()) return;
   const bool hasMemory = built.kind() != StatusKind::kNoMemory;
   throw Failure{argument,
@@ -84,9 +84,9 @@ int RunMasterBuild(const Call& call) {
   const std::string outPath = host.DrivePath(*out);
   ToolView view(&host);
   params.Apply(&host, &view);
-  view.masterDialog.MasterToolDiameter = diameter.value_or(defaults.MasterToolDiameter);
-  view.masterDialog.MasterAllowance = allowance.value_or(defaults.MasterAllowance);
-  view.masterDialog.MasterTolerance = tolerance.value_or(defaults.MasterTolerance);
+  view.dialogs.master.MasterToolDiameter = diameter.value_or(defaults.MasterToolDiameter);
+  view.dialogs.master.MasterAllowance = allowance.value_or(defaults.MasterAllowance);
+  view.dialogs.master.MasterTolerance = tolerance.value_or(defaults.MasterTolerance);
   PrepareProgram(file, params.Adjusts(), &view);
   ShowProgress(file.argument + ": building the master model");
   BuildModel(file.argument, &view);

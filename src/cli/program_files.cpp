@@ -1,11 +1,10 @@
-// Each step shows its progress and leaves the work to session/program_steps.
+// Each step shows its progress and leaves the work to the view and evaluate/.
 
 #include "cli/program_files.h"
 
 #include "base/path_text.h"
 #include "cli/command.h"
 #include "cli/output.h"
-#include "session/program_steps.h"
 
 namespace tvx {
 
@@ -28,9 +27,10 @@ void ForgetModalState(CTVXView* view) {
 
 Status LoadProgramFile(const ProgramFile& file, CTVXView* view) {
   const ToolWork work(Work::kRead, file.argument);
-  const Status loaded = LoadFile(view, file.path);
+  const Status loaded = view->Load(file.path);
   EndIfInterrupted();
-  view->fileName = file.argument == kStandardInput ? file.argument : NameOfPath(file.path, "\\/:");
+  view->SetNames(view->filePath(),
+                 file.argument == kStandardInput ? file.argument : NameOfPath(file.path, "\\/:"));
   return loaded;
 }
 
@@ -54,7 +54,7 @@ void LoadWholeProgram(const ProgramFile& file, CTVXView* view) {
 
 void AdjustProgram(const ProgramFile& file, CTVXView* view, const FeedTrace& trace) {
   const ToolWork work(Work::kAdjust, file.argument);
-  AdjustFeeds(ProgramWorkOf(view), trace);
+  AdjustFeeds(view->Work(), trace);
   EndIfInterrupted();
 }
 
@@ -69,10 +69,10 @@ ProgramResult EvaluateProgram(const ProgramFile& file, bool adjusts,
   const WorkScope work(ToolProgress(), Work::kAdjust, file.argument, Stopping::kAllowed);
   const auto count = [&] { ShowProgress(file.argument + ": working out the times"); };
   auto result = Evaluate(
-      ProgramWorkOf(view),
+      view->Work(),
       {.adjusts = adjusts, .wanted = view->wanted, .check = std::move(check), .onAdjusted = count});
   EndIfInterrupted();
-  result->entry.fileName = view->fileName;
+  result->entry.fileName = view->fileName();
   return std::move(*result);
 }
 

@@ -141,7 +141,7 @@ int RunJobs(const Call& call) {
   AcceptList(list, pictures && !noPictures, &view);
   view.wanted = Union(outputs.Needs(),
                       {.programmed = true, .machine = true, .check = host.app.machine.has_value()});
-  if (view.wanted.causes) view.causes = std::make_unique<FeedCauses>();
+  if (view.wanted.causes) view.FollowCauses();
   if (fresh) report.ReadFresh();
   RunAcceptedList(&view, &report);
   ShowProgress("");

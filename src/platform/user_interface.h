@@ -59,9 +59,6 @@ class UserInterface {
   // leaves *path alone when the user cancels.
   virtual bool ChooseFile(const FileQuestion& question, std::string* path) = 0;
 
-  // Has the view painted anew before the next thing happens.
-  virtual void Repaint() = 0;
-
   // Shows a text in the status line until the next one, behind the path of the file it is about.
   virtual void ShowStatus(const std::string& text, const std::string& path = {}) = 0;
 

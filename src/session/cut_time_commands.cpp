@@ -7,7 +7,6 @@
 #include "platform/files/drives.h"
 #include "platform/files/user_files.h"
 #include "session/messages.h"
-#include "session/program_steps.h"
 #include "stats/file_information.h"
 #include "view/picture.h"
 
@@ -47,7 +46,7 @@ namespace {
 void SetNames(const CTVXView& view, CutTimeEntry* result) {
   const std::string& path = view.program.source.path;
   const bool isOfLastRun = !path.empty() && path == view.lastRun.path;
-  result->fileName = view.fileName;
+  result->fileName = view.fileName();
   result->dirName = isOfLastRun ? view.lastRun.directory : "";
   result->optionLine = isOfLastRun ? view.lastRun.line : "";
 }
@@ -88,21 +87,24 @@ void OfferMaster(CTVXView* view) {
 void SingleCutTimeCommand(CTVXView* view) {
   CTVXApp* const app = view->app;
   app->sendOptions.Open(&view->job);
-  if (!app->ui->RunModal(&app->sendOptions)) return;
+  const bool isAccepted = app->ui->RunModal(&app->sendOptions);
+  view->changes.Note(Change::kOptions);  // a dialog that is cancelled switches the adjustment off
+  if (!isAccepted) return;
   OfferMaster(view);
   auto result =
-      EvaluateAndShow(view, {.adjusts = true, .wanted = {.programmed = view->wanted.programmed}});
+      view->EvaluateAndShow({.adjusts = true, .wanted = {.programmed = view->wanted.programmed}});
   if (!result) return;
   SetNames(*view, &result->entry);
   CFileInfoDlg information;
   information.entry = result->entry;
   information.timeBefore = MinutesBefore(*result);
   if (!app->ui->RunModal(&information)) return;
-  result->check = view->check.Keep();
-  AddWanted(ProgramWorkOf(view), view->wanted, &*result);
+  result->check = view->KeepCheck();
+  AddWanted(view->Work(), view->wanted, &*result);
   const CutTimeEntry entry = result->entry;
   const Status recorded =
-      RecordProgramResult(std::move(*result), SceneOf(view), app->files, &view->results);
+      RecordProgramResult(std::move(*result), view->Picture(), app->files, &view->results);
+  view->changes.Note(Change::kResult);
   if (recorded.kind() == StatusKind::kTableFull) {
     ShowTableFull(app->ui);
   } else if (view->job.MetafileCreateChk != 1) {
@@ -110,8 +112,8 @@ void SingleCutTimeCommand(CTVXView* view) {
   } else if (entry.fileName.empty()) {
     app->ui->ShowStatus("프로그램이 없어서 그림화일을 만들지 않았습니다.");
   } else {
-    ShowWritten(recorded,
-                AbsoluteDrivePath(app->files->CurrentDirectory(), PictureName(entry)), app->ui);
+    ShowWritten(recorded, AbsoluteDrivePath(app->files->CurrentDirectory(), PictureName(entry)),
+                app->ui);
   }
 }
 

@@ -11,7 +11,6 @@
 #include "session/cut_time_commands.h"
 #include "session/master_commands.h"
 #include "session/messages.h"
-#include "session/program_steps.h"
 
 namespace tvx {
 
@@ -98,7 +97,7 @@ MasterOutcome LoadOrBuildMaster(const std::string& path, CTVXView* view, RunObse
   }
   const std::string program = ProgramOfMaster(masterPath);
   observer->OnLoad(program);
-  const Status loaded = LoadFile(view, program);
+  const Status loaded = view->Load(program);
   if (!loaded.ok()) return {loaded, MasterStep::kLoad};
   const Status built = BuildAndShowMaster(master);
   if (!built.ok()) return {built, MasterStep::kBuild};
@@ -116,7 +115,8 @@ bool RunEntry(const std::string& name, const std::string& line, CTVXView* view, 
   const Progress& progress = *view->app->ui->LongWork();
   JobRecord& job = view->job;
 
-  ParseOptionLine(&job, line, view->transferDialog.LastLineFile());
+  ParseOptionLine(&job, line, view->dialogs.jobList.LastLineFile());
+  view->changes.Note(Change::kOptions);
   std::string directory;
   LineDirectory(line, &directory);
   const std::string path = directory + "\\" + name;
@@ -133,21 +133,22 @@ bool RunEntry(const std::string& name, const std::string& line, CTVXView* view, 
   }
 
   auto check = observer->OnLoad(path);
-  const Status loaded = LoadFile(view, path);
+  const Status loaded = view->Load(path);
   if (progress.IsStopped()) return false;
   state->isIncomplete = view->program.isIncomplete =
       view->program.isIncomplete || state->isIncomplete;
   if (!loaded.ok()) observer->OnLoadFailed(path, loaded);
 
-  if (check == nullptr) check = view->check.Keep();
-  auto result = EvaluateAndShow(
-      view, {.adjusts = job.AfaEnabled == 1, .wanted = view->wanted, .check = check});
+  if (check == nullptr) check = view->KeepCheck();
+  auto result = view->EvaluateAndShow(
+      {.adjusts = job.AfaEnabled == 1, .wanted = view->wanted, .check = check});
   if (!result) return false;
   result->entry.fileName = name;
   result->entry.optionLine = line;
   result->entry.dirName = directory;
   const Status recorded =
-      RecordProgramResult(std::move(*result), SceneOf(view), view->app->files, &view->results);
+      RecordProgramResult(std::move(*result), view->Picture(), view->app->files, &view->results);
+  view->changes.Note(Change::kResult);
   if (recorded.kind() == StatusKind::kStopped) return false;
   view->lastRun = {view->program.source.path, directory, line};
   if (!IsRecorded(recorded)) {
@@ -160,16 +161,6 @@ bool RunEntry(const std::string& name, const std::string& line, CTVXView* view, 
   return true;
 }
 
-// What a stop leaves in the store is no program.
-void DropStoppedProgram(CTVXView* view) {
-  EmptyProgram(&view->program);
-  view->program.FeedBase = 0;
-  view->check.Restart(view->program.source, {}, view->job);
-  if (view->causes != nullptr) view->causes->Clear();
-  view->filePath = view->fileName = "";
-  view->app->ui->Repaint();
-}
-
 // A negative speed comes from a condition file.
 int32_t SpindleSpeedOf(const CTVXApp& app) {
   return app.rememberedSpindle < 0 ? kDefaultSpindle : app.rememberedSpindle;
@@ -180,7 +171,7 @@ int32_t SpindleSpeedOf(const CTVXApp& app) {
 void RunJobList(CTVXView* view) {
   CTVXApp* const app = view->app;
   JobRecord* const slot = &app->JobSlots[kJobSlot];
-  CTransferDlg& dialog = view->transferDialog;
+  CTransferDlg& dialog = view->dialogs.jobList;
   view->job.KeyCodeOn = view->job.KeyCodeCount = view->job.FirstEditable = 0;
   CopyJobRecord(kJobSlot, slot, view->job);
   if (app->programs->HasWindowOfClass(kTransferWindow)) {
@@ -197,7 +188,9 @@ void RunJobList(CTVXView* view) {
                .programs = app->programs,
                .spindleSpeed = SpindleSpeedOf(*app),
                .labelLanguage = app->LabelLanguage});
-  if (!app->ui->RunModal(&dialog)) {
+  const bool isAccepted = app->ui->RunModal(&dialog);
+  view->changes.Note(Change::kOptions);
+  if (!isAccepted) {
     static_cast<void>(app->files->SetCurrentDirectory(directory));
     return;
   }
@@ -223,7 +216,8 @@ void RunAcceptedList(CTVXView* view, RunObserver* observer) {
     if (!RunEntry(name, job.OptionLines[end.done], view, &state, observer)) break;
   }
   if (!end.WasStopped()) return;
-  DropStoppedProgram(view);
+  view->DropProgram();  // what a stop leaves in the store is none
+  view->changes.Show();
   observer->OnStopped(end);
 }
 

@@ -38,20 +38,27 @@ const char* RefusalText(const Status& build) {
 // The picture of the model is in the store.
 void ShowWithoutRapids(const MasterContext& context) {
   *context.RapidVisible = 0;
-  context.ui->Repaint();
+  context.changes->Note(Change::kView);
+  context.changes->Show();
 }
 
 }  // namespace
 
 MasterContext MasterContextOf(CTVXView* view) {
-  return {&view->program,           &view->masterGrid, &view->masterDialog,
-          &view->view.RapidVisible, view->app->files,  view->app->ui};
+  return {.program = &view->program,
+          .grid = &view->masterGrid,
+          .dialog = &view->dialogs.master,
+          .RapidVisible = &view->view.RapidVisible,
+          .files = view->app->files,
+          .ui = view->app->ui,
+          .changes = &view->changes};
 }
 
 Status BuildAndShowMaster(const MasterContext& context) {
   Progress* const progress = context.ui->LongWork();
   const WorkScope work(progress, Work::kBuildMaster, context.program->source.path);
   const Status built = BuildMaster(*context.dialog, context.program, context.grid, progress);
+  if (RefusalText(built) == nullptr) context.changes->Note(kNewProgram);
   if (built.ok()) ShowWithoutRapids(context);
   return built;
 }
@@ -99,6 +106,7 @@ void LoadMasterCommand(const MasterContext& context) {
   ShowMasterUnread(read, path, context.ui);
   if (!read.ok()) return;
   ShowMaster(*context.grid, context.program);
+  context.changes->Note(kNewProgram);
   ShowWithoutRapids(context);
 }
 

@@ -9,6 +9,7 @@
 #include "model/nc_program.h"
 #include "platform/files/files.h"
 #include "platform/user_interface.h"
+#include "session/changes.h"
 
 namespace tvx {
 
@@ -22,6 +23,7 @@ struct MasterContext {
   int32_t* RapidVisible;
   Files* files;
   UserInterface* ui;
+  ChangeNotifier* changes;
 };
 
 MasterContext MasterContextOf(CTVXView* view);

@@ -55,22 +55,28 @@ int32_t PanStep(float viewScale) {
 }  // namespace
 
 void ViewCommands::ShowViewMode(int mode) {
-  if (SetViewMode(&view_->transform, mode)) ui_->Repaint();
+  if (SetViewMode(&view_->transform, mode)) ShowChange();
 }
 
 void ViewCommands::Fit() {
   FitToPath(&view_->transform, &program_->store);
-  ui_->Repaint();
+  ShowChange();
+}
+
+void ViewCommands::ShowChange() {
+  changes_->Note(Change::kView);
+  changes_->Show();
+  changes_->Settle();
 }
 
 void ViewCommands::Redraw() {
-  ui_->Repaint();
+  ShowChange();
 }
 
 void ViewCommands::ToggleRapids() {
   view_->RapidVisible = view_->RapidVisible != 1 ? 1 : 0;
   job_->RapidShown = view_->RapidVisible;
-  ui_->Repaint();
+  ShowChange();
 }
 
 void ViewCommands::PressKey(ViewKey key) {
@@ -84,7 +90,7 @@ void ViewCommands::PressKey(ViewKey key) {
     } else {
       value = Panned(value, int64_t{rule.direction} * PanStep(transform.viewScale));
     }
-    ui_->Repaint();
+    ShowChange();
   }
 }
 
@@ -107,7 +113,7 @@ void ViewCommands::ReleaseRight(Pixel point) {
   rubberDrawn_ = false;
   if (IsDrag(rubberPress_.x, point.x) && IsDrag(rubberPress_.y, point.y)) {
     ZoomToRect(&view_->transform, rubberPress_, point);
-    ui_->Repaint();
+    ShowChange();
   } else {
     Fit();
   }

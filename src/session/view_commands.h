@@ -1,5 +1,5 @@
 // The commands by which a user changes the picture, without a window: the front end forwards its
-// events and shows the rubber band. Every command that changes the picture repaints it.
+// events and shows the rubber band. Every command that changes the picture tells of it.
 #pragma once
 
 #include <array>
@@ -10,6 +10,7 @@
 #include "model/job_record.h"
 #include "model/nc_program.h"
 #include "platform/user_interface.h"
+#include "session/changes.h"
 #include "session/command_pad.h"
 #include "view/path_drawing.h"
 
@@ -38,9 +39,10 @@ struct PadActions {
 
 class ViewCommands {
  public:
-  // All four must outlive the object.
-  ViewCommands(NcProgram* program, JobRecord* job, ViewState* view, UserInterface* ui)
-      : program_(program), job_(job), view_(view), ui_(ui) {}
+  // All must outlive the object.
+  ViewCommands(NcProgram* program, JobRecord* job, ViewState* view, ChangeNotifier* changes,
+               UserInterface* ui)
+      : program_(program), job_(job), view_(view), changes_(changes), ui_(ui) {}
 
   // Fixed view 1 to kViewModes. Any other mode does nothing.
   void ShowViewMode(int mode);
@@ -67,9 +69,12 @@ class ViewCommands {
   void PressLeft(CCommandPadDlg* pad, const PadActions& actions);
 
  private:
+  void ShowChange();
+
   NcProgram* program_;
   JobRecord* job_;
   ViewState* view_;
+  ChangeNotifier* changes_;
   UserInterface* ui_;
   bool rubberActive_ = false;  // the right button is down and the drag is in progress
   bool rubberDrawn_ = false;   // a rectangle is on the screen

@@ -15,6 +15,9 @@ namespace tvx {
 enum class Mark { kHovered, kKept };
 inline constexpr int kMarks = 2;
 
+// When the picture is moved so that the move of a line is in its middle.
+enum class Centring { kAlways, kIfOutside };
+
 class ViewMarks {
  public:
   // The move at a pixel of the drawing area, origin top left; nothing if there is none within

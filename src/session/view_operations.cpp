@@ -9,7 +9,6 @@
 #include "session/job_list_run.h"
 #include "session/master_commands.h"
 #include "session/messages.h"
-#include "session/program_steps.h"
 #include "view/picture.h"
 
 namespace tvx {
@@ -60,21 +59,22 @@ void MakePicture(CTVXView* view, int /*argument*/) {
   if (!MayReplace(name, IsMetafile, view->app->files, view->app->ui)) return;
   const WorkScope work(view->app->ui->LongWork(), Work::kWritePicture, name);
   const Status written =
-      WritePictureFile(PictureFormat::kMetafile, name, SceneOf(view), view->app->files);
+      WritePictureFile(PictureFormat::kMetafile, name, view->Picture(), view->app->files);
   ShowWritten(written, AbsoluteDrivePath(view->app->files->CurrentDirectory(), name),
               view->app->ui);
 }
 
 void ShowResultList(CTVXView* view, int /*argument*/) {
-  view->cutTimeList.Open();
-  view->app->ui->RunModal(&view->cutTimeList);
+  view->dialogs.results.Open();
+  view->app->ui->RunModal(&view->dialogs.results);
+  view->changes.Note(Change::kResult);
 }
 
 template <void (*command)(const MasterContext&)>
 void RunMaster(CTVXView* view, int /*argument*/) {
   command(MasterContextOf(view));
   // The moves of a model that is shown come from no file.
-  if (view->program.source.path.empty()) view->filePath = view->fileName = "";
+  if (view->program.source.path.empty()) view->SetNames("", "");
 }
 
 template <void (ViewCommands::*command)()>
@@ -116,7 +116,7 @@ const ViewCommand kCommands[] = {
 }  // namespace
 
 ViewCommands ViewCommandsOf(CTVXView* view) {
-  return {&view->program, &view->job, &view->view, view->app->ui};
+  return {&view->program, &view->job, &view->view, &view->changes, view->app->ui};
 }
 
 const ViewCommand* FindViewCommand(CommandId id) {
@@ -128,31 +128,16 @@ const ViewCommand* FindViewCommand(CommandId id) {
 
 void RunViewCommand(CTVXView* view, CommandId id) {
   const ViewCommand* const command = FindViewCommand(id);
-  if (command != nullptr) command->run(view, command->argument);
+  if (command == nullptr) return;
+  command->run(view, command->argument);
+  view->changes.Settle();
 }
-
-namespace {
-
-void TakeFormatOfEnding(const std::string& path, CTVXView* view) {
-  int32_t& format = view->job.InputFileType;
-  if (view->settingsFormat) format = *view->settingsFormat;
-  view->settingsFormat.reset();
-  const auto& formats = view->app->FormatOfEnding;
-  const auto chosen = formats.find(EndingOfPath(path, kAnySlash));
-  if (chosen == formats.end()) return;
-  view->settingsFormat = format;
-  format = chosen->second;
-}
-
-}  // namespace
 
 Status LoadProgram(CTVXView* view, const std::string& path) {
-  TakeFormatOfEnding(path, view);
-  const Status loaded = LoadFile(view, path);
+  view->UseFormatOf(path);
+  const Status loaded = view->Load(path);
   ShowLoadFailure(loaded, view->program, path, view->app->ui);
-  if (IsLoaded(loaded)) ++view->loads;
-  FitToPath(&view->view.transform, &view->program.store);
-  view->app->ui->Repaint();
+  ViewCommandsOf(view).Fit();
   return loaded;
 }
 
@@ -161,10 +146,13 @@ void OpenCommandPad(CTVXView* view) {
   const PadActions actions{.runJobList = run(CommandId::kRunJobList),
                            .showResultList = run(CommandId::kResultList),
                            .showOptions = [view] {
-                             view->optionDialog.Open(&view->job, view->app->configuration.EnvDir);
-                             view->app->ui->RunModal(&view->optionDialog);
+                             COptionDlg& options = view->dialogs.options;
+                             options.Open(&view->job, view->app->configuration.EnvDir);
+                             view->app->ui->RunModal(&options);
+                             view->changes.Note(Change::kOptions);
                            }};
-  ViewCommandsOf(view).PressLeft(&view->commandPad, actions);
+  ViewCommandsOf(view).PressLeft(&view->dialogs.commandPad, actions);
+  view->changes.Settle();
 }
 
 }  // namespace tvx

@@ -23,11 +23,12 @@ struct ViewCommand {
 // The row of a command; null for a command of the frame and for one that is shown disabled.
 const ViewCommand* FindViewCommand(CommandId id);
 
-// Carries out a command of the view, from its start to its end. Any other does nothing.
+// Carries out a command of the view, from its start to its end, and settles what has changed. Any
+// other does nothing.
 void RunViewCommand(CTVXView* view, CommandId id);
 
-// Loads an NC file as LoadFile does, and shows it, or the message of a failure. Returns what the
-// load returned.
+// Loads an NC file in the format of its ending and shows it, or the message of a failure. Returns
+// what the load returned.
 Status LoadProgram(CTVXView* view, const std::string& path);
 
 // A press of the left button in the picture: opens the command pad and runs what was chosen on it.

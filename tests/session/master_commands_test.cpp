@@ -49,7 +49,9 @@ class MasterCommands : public testing::Test {
   int32_t RapidVisible = 1;
   MemoryFiles files;
   ScriptedUi ui;
-  MasterContext context = {&program, &grid, &dialog, &RapidVisible, &files, &ui};
+  ChangeNotifier changes;
+  const Subscription repaints = ui.WatchRepaints(&changes);
+  MasterContext context = {&program, &grid, &dialog, &RapidVisible, &files, &ui, &changes};
 };
 
 TEST_F(MasterCommands, MakeBuildsWithTheAcceptedInputAndKeepsIt) {

@@ -7,7 +7,6 @@
 #include "session/cut_time_commands.h"
 #include "session/job_list_run.h"
 #include "session/master_commands.h"
-#include "session/program_steps.h"
 #include "session/session_test.h"
 #include "session/view_operations.h"
 #include "stats/file_information.h"
@@ -42,13 +41,14 @@ class Runs : public SessionTest {
   }
 
   CTVXView view{&app};
+  const Subscription repaints = ui.WatchRepaints(&view.changes);
 };
 
 class SingleCutTime : public Runs {
  protected:
   SingleCutTime() {
     LoadNcFile("a.nc", &view.program, &app.parserStates, &view.job, &files);
-    view.fileName = "a.nc";
+    view.SetNames("", "a.nc");
   }
 };
 
@@ -102,7 +102,7 @@ TEST_F(SingleCutTime, RecordsNamesOfTheProgramInTheStore) {
   };
   for (const auto& c : cases) {
     view.lastRun = {c.last, "c:\\run", "line"};
-    LoadFile(&view, c.loaded);
+    view.Load(c.loaded);
     OnOptions("2000");
     ui.OnDialog([](Dialog*) { return true; });
     SingleCutTimeCommand(&view);
@@ -117,7 +117,7 @@ TEST_F(SingleCutTime, RecordsNamesOfTheProgramInTheStore) {
 
 TEST_F(SingleCutTime, MissingMasterIsShownAndOffered) {
   files.Put("c:\\surface.nc", Surface());
-  LoadFile(&view, "c:\\surface.nc");
+  view.Load("c:\\surface.nc");
   BuildAndShowMaster(MasterContextOf(&view));
   WriteMasterFile("c:\\m.mma", view.masterGrid, &files);
   const struct {
@@ -178,7 +178,7 @@ TEST_F(SingleCutTime, PicturesUntilTheTableIsFull) {
   result.entry.pictureName = "older.emf";
   files.RefuseCreation("c:\\marlo\\ncdata\\a.nc.emf");
   const auto record = [&] {
-    return RecordProgramResult(result, SceneOf(&view), &files, &view.results).kind();
+    return RecordProgramResult(result, view.Picture(), &files, &view.results).kind();
   };
   EXPECT_EQ(record(), StatusKind::kCannotOpen);
   EXPECT_EQ(view.results.recorded[0].entry.pictureName, "a.nc.emf");
@@ -222,15 +222,15 @@ TEST_F(Runs, LoadOfMissingNameAsksBeforeItCreatesTheFile) {
     std::string shown;
     for (size_t i = 1; i < ui.log.size(); ++i) shown += (i == 1 ? "" : ", ") + ui.log[i];
     EXPECT_EQ(shown, load.shown);
-    EXPECT_EQ(view.fileName, load.current);
-    EXPECT_EQ(files.Exists(path), view.fileName == load.name) << path;
+    EXPECT_EQ(view.fileName(), load.current);
+    EXPECT_EQ(files.Exists(path), view.fileName() == load.name) << path;
   }
   EXPECT_EQ(ui.messages.back().caption, "Error message");
 }
 
 TEST_F(Runs, WritersAskBeforeTheyReplaceFileOfAnotherKind) {
   files.Put("c:\\surface.nc", Surface());
-  LoadFile(&view, "c:\\surface.nc");
+  view.Load("c:\\surface.nc");
   BuildAndShowMaster(MasterContextOf(&view));
   view.results.recorded.resize(1);
   view.results.recorded[0].entry.fileName = "a.nc";
@@ -239,8 +239,8 @@ TEST_F(Runs, WritersAskBeforeTheyReplaceFileOfAnotherKind) {
   const std::function<void()> writers[] = {
       [&] { RunViewCommand(&view, CommandId::kWritePicture); },
       [&] { RunViewCommand(&view, CommandId::kMasterSave); },
-      [&] { view.cutTimeList.Write(ReportOf("--list")); },
-      [&] { view.cutTimeList.Write(ReportOf("--list-copy")); },
+      [&] { view.dialogs.results.Write(ReportOf("--list")); },
+      [&] { view.dialogs.results.Write(ReportOf("--list-copy")); },
       [&] { condition.SaveFile(); },
   };
   for (const auto& write : writers) {
@@ -287,7 +287,7 @@ TEST_F(JobListRun, RecordsEveryEntryWithItsOwnOptions) {
   EXPECT_EQ(view.results.recorded[2].entry.dirName, "c:\\marlo\\ncdata");
   EXPECT_EQ(view.results.recorded[2].entry.optionLine, kPlainLine);
   EXPECT_EQ(view.program.store.blockCount, 5U) << "the window shows the last file";
-  EXPECT_EQ(view.filePath, "c:\\marlo\\ncdata\\a.nc");
+  EXPECT_EQ(view.filePath(), "c:\\marlo\\ncdata\\a.nc");
   EXPECT_FALSE(files.Exists("c:\\marlo\\ncdata\\gone.nc"));
   EXPECT_EQ(ui.log.at(1), "status c:\\marlo\\ncdata\\gone.nc: 불러오지 못했습니다.");
 
@@ -315,7 +315,7 @@ TEST_F(JobListRun, ItsFilesAreCheckedBehindItAsFarAsTheyAreThoseThatWereLoaded) 
   RunJobList(&view);
   files.Remove("c:\\marlo\\ncdata\\gone.nc");
   put("changed.nc");
-  LoadFile(&view, "b.nc");  // the program behind the run
+  view.Load("b.nc");  // the program behind the run
   const auto states = [this] {
     std::string text;
     for (const ProgramResult& result : view.results.recorded) {
@@ -332,11 +332,11 @@ TEST_F(JobListRun, ItsFilesAreCheckedBehindItAsFarAsTheyAreThoseThatWereLoaded) 
     return text;
   };
   EXPECT_EQ(states(), "gone.nc under way; changed.nc under way; none.nc; same.nc under way; ");
-  EXPECT_TRUE(view.check.CheckMore(100, &files));
-  EXPECT_EQ(view.check.State(), CheckState::kDone) << "the picture's program comes first";
-  EXPECT_EQ(ChecksOf(view.results.recorded, view.check.Loaded()).back()->path,
+  EXPECT_TRUE(view.CheckMore(100));
+  EXPECT_EQ(view.checks().State(), CheckState::kDone) << "the picture's program comes first";
+  EXPECT_EQ(ChecksOf(view.results.recorded, view.checks().Loaded()).back()->path,
             "c:\\marlo\\ncdata\\b.nc");
-  while (view.check.CheckMore(2, &files)) {
+  while (view.CheckMore(2)) {
   }
   EXPECT_EQ(states(), "gone.nc unreadable; changed.nc changed; none.nc; same.nc done 1+1; ");
 }
@@ -415,7 +415,7 @@ TEST_F(Runs, StopKeepsWhatIsRecordedAndLeavesNoPartOfAProgram) {
     EXPECT_EQ(view.results.runEnd.WasStopped(), c.recorded < 3);
     EXPECT_EQ(view.results.runEnd.done, c.recorded);
     EXPECT_EQ(view.program.store.blockCount == 0, c.recorded < 3);
-    EXPECT_EQ(view.fileName, c.recorded < 3 ? "" : "b.nc");
+    EXPECT_EQ(view.fileName(), c.recorded < 3 ? "" : "b.nc");
     EXPECT_EQ(files.Exists("c:\\marlo\\ncdata\\b.nc.emf"), c.recorded == 3);
   }
 }

@@ -17,7 +17,7 @@ std::vector<std::string> Parts(const CTVXView& view) {
   return {
       "the stored moves " + BlockList(view.program.store),
       "FeedBase " + Text(view.program.FeedBase),
-      "the file name " + view.fileName,
+      "the file name " + view.fileName(),
       "the angles " + Text(view.view.transform.rotX),
       "the scale " + Text(view.view.transform.viewScale),
       "the pan " + Text(view.view.transform.panX),
@@ -29,10 +29,10 @@ std::vector<std::string> Parts(const CTVXView& view) {
       "the result table " + Text(static_cast<double>(view.results.recorded.size())),
       "the first result " +
           (view.results.recorded.empty() ? "" : view.results.recorded[0].entry.fileName),
-      "the master dialog " + Text(view.masterDialog.MasterTolerance),
+      "the master dialog " + Text(view.dialogs.master.MasterTolerance),
       "the master model " + Text(view.masterGrid.ModelBuilt),
-      "the command pad " + Text(view.commandPad.settings),
-      "the job dialog " + Text(static_cast<double>(view.transferDialog.information.size())),
+      "the command pad " + Text(view.dialogs.commandPad.settings),
+      "the job dialog " + Text(static_cast<double>(view.dialogs.jobList.information.size())),
   };
 }
 
@@ -109,8 +109,8 @@ TEST_F(TwoWindows, ShareTheConfiguration) {
   EditConfiguration(&app.configuration, &files, &ui);
   // Saves go to the new directory at once, from any window.
   for (CTVXView* const view : {&first, &second}) {
-    view->optionDialog.Open(&view->job, app.configuration.EnvDir);
-    view->optionDialog.Save();
+    view->dialogs.options.Open(&view->job, app.configuration.EnvDir);
+    view->dialogs.options.Save();
     EXPECT_TRUE(files.Exists("c:\\env\\tvx.par"));
     files.Remove("c:\\env\\tvx.par");
     EXPECT_EQ(view->job.WorkDir, "c:\\marlo\\ncdata") << "kept until the next view is built";

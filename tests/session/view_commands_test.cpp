@@ -23,7 +23,9 @@ class ViewCommandsTest : public testing::Test {
   TestScene scene;
   ScriptedUi ui;
   ViewTransform& view = scene.view.transform;
-  ViewCommands commands{&scene.program, &scene.job, &scene.view, &ui};
+  ChangeNotifier changes;
+  const Subscription repaints = ui.WatchRepaints(&changes);
+  ViewCommands commands{&scene.program, &scene.job, &scene.view, &changes, &ui};
 };
 
 using View = ViewTransform;

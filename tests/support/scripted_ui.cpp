@@ -45,9 +45,12 @@ bool ScriptedUi::ChooseFile(const FileQuestion& question, std::string* path) {
   return chosen.has_value();
 }
 
-void ScriptedUi::Repaint() {
-  ++repaints;
-  log.emplace_back("repaint");
+Subscription ScriptedUi::WatchRepaints(ChangeNotifier* changes) {
+  return changes->Subscribe(kAllChanges, Timing::kAtOnce, [this](ChangeSet, Timing timing) {
+    if (timing != Timing::kAtOnce) return;
+    ++repaints;
+    log.emplace_back("repaint");
+  });
 }
 
 void ScriptedUi::ShowStatus(const std::string& text, const std::string& path) {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/user_interface.h"
+#include "session/changes.h"
 
 namespace tvx {
 
@@ -45,6 +46,9 @@ class ScriptedUi : public UserInterface {
   std::vector<FileQuestion> fileQuestions;
   int repaints = 0;
 
+  // Counts and logs what is shown at once, as long as the subscription exists.
+  [[nodiscard]] Subscription WatchRepaints(ChangeNotifier* changes);
+
   // All of it in one order, a line each: "message TEXT", "dialog", "file FILENAME", "repaint",
   // "status TEXT", "offer PATH".
   std::vector<std::string> log;
@@ -52,7 +56,6 @@ class ScriptedUi : public UserInterface {
   bool ShowMessage(const MessageBox& message) override;
   bool RunModal(Dialog* dialog) override;
   bool ChooseFile(const FileQuestion& question, std::string* path) override;
-  void Repaint() override;
   void ShowStatus(const std::string& text, const std::string& path) override;
   Progress* LongWork() override { return &work_; }
   void OfferToOpen(const std::string& path) override { log.push_back("offer " + path); }

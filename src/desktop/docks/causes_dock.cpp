@@ -15,6 +15,7 @@
 #include "desktop/docks/legend_dock.h"
 #include "desktop/language.h"
 #include "insight/feed_causes.h"
+#include "session/tvx_view.h"
 #include "view/path_drawing.h"
 
 namespace tvx {
@@ -38,14 +39,14 @@ QString TextOfRule(FeedRule rule) {
 }
 
 bool HasCauses(const CTVXView* view) {
-  return view != nullptr && view->causes != nullptr && view->program.store.blockCount > 0 &&
-         view->causes->Knows(view->program.store.blockCount);
+  return view != nullptr && view->causes() != nullptr && view->program.store.blockCount > 0 &&
+         view->causes()->Knows(view->program.store.blockCount);
 }
 
 }  // namespace
 
 CausesDock::CausesDock(const DockContext& context, QWidget* parent)
-    : ViewDock(Translated("감속 원인"), parent), context_(context) {
+    : ViewDock(Translated("감속 원인"), context, parent) {
   setObjectName("causes");
   auto* const body = new QWidget(this);
   auto* const column = new QVBoxLayout(body);
@@ -78,18 +79,19 @@ CausesDock::CausesDock(const DockContext& context, QWidget* parent)
 
   const auto goToPlace = [this](const QTreeWidgetItem* place) {
     if (place == nullptr) return;
-    context_.goToLine(place->data(kMinutes, kLineRole).toULongLong(), Centring::kAlways);
+    GoToLine(place->data(kMinutes, kLineRole).toULongLong(), Centring::kAlways);
   };
   connect(places_, &QTreeWidget::itemClicked, this, goToPlace);
   connect(places_, &QTreeWidget::currentItemChanged, this, goToPlace);
   afterPaint_.setSingleShot(true);
   connect(&afterPaint_, &QTimer::timeout, this, &CausesDock::Count);
+  Listen(Change::kFeeds, [this] { ShowState(); });
 }
 
-void CausesDock::ShowProgram(CTVXView* view) {
+void CausesDock::ShowState() {
   isStale_ = true;
-  state_->setVisible(!HasCauses(view));
-  figures_->setVisible(HasCauses(view));
+  state_->setVisible(!HasCauses(view()));
+  figures_->setVisible(HasCauses(view()));
   if (isVisible()) afterPaint_.start(0);
 }
 
@@ -99,7 +101,7 @@ void CausesDock::showEvent(QShowEvent* event) {
 }
 
 void CausesDock::Count() {
-  CTVXView* const view = context_.activeView();
+  CTVXView* const view = this->view();
   if (!isStale_) return;
   isStale_ = false;
   const QSignalBlocker noClicks(places_);
@@ -112,7 +114,7 @@ void CausesDock::Count() {
 void CausesDock::ShowMinutes(CTVXView* view) {
   BlockStore* const store = &view->program.store;
   const int32_t base = view->program.FeedBase;
-  const CauseMinutes minutes = CountCauses(store, base, *view->causes);
+  const CauseMinutes minutes = CountCauses(store, base, *view->causes());
   const auto row = [](const QString& name, double value, std::optional<QColor> colour = {}) {
     return BarRow{name, value, MinutesText(value), colour};
   };
@@ -140,7 +142,7 @@ void CausesDock::ShowPlaces(CTVXView* view) {
   const LineMap& lines = view->program.source.lines;
   QList<QTreeWidgetItem*> rows;
   for (const SlowPlace& place :
-       CostliestPlaces(&view->program.store, view->program.FeedBase, *view->causes, kPlaces)) {
+       CostliestPlaces(&view->program.store, view->program.FeedBase, *view->causes(), kPlaces)) {
     const uint32_t first = lines.LineOf(place.firstBlock);
     const uint32_t last = lines.LineOf(place.lastBlock);
     QString range = QString::number(first);

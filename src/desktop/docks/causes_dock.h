@@ -19,17 +19,15 @@ class CausesDock : public ViewDock {
  public:
   explicit CausesDock(const DockContext& context, QWidget* parent = nullptr);
 
-  void ShowProgram(CTVXView* view) override;
-
  protected:
   void showEvent(QShowEvent* event) override;
 
  private:
+  void ShowState();
   void Count();
   void ShowMinutes(CTVXView* view);
   void ShowPlaces(CTVXView* view);
 
-  DockContext context_;
   QTimer afterPaint_;
   bool isStale_ = true;
   QLabel* state_;

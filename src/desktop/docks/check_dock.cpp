@@ -17,6 +17,7 @@
 #include "base/path_text.h"
 #include "desktop/docks/program_text.h"
 #include "desktop/language.h"
+#include "session/tvx_view.h"
 
 namespace tvx {
 
@@ -82,7 +83,7 @@ QString CountsText(const ProgramCheck& check) {
 }
 
 CheckDock::CheckDock(const DockContext& context, QWidget* parent)
-    : ViewDock(Translated("프로그램 검사"), parent), context_(context) {
+    : ViewDock(Translated("프로그램 검사"), context, parent) {
   setObjectName("programCheck");
   auto* const body = new QWidget(this);
   auto* const column = new QVBoxLayout(body);
@@ -118,14 +119,16 @@ CheckDock::CheckDock(const DockContext& context, QWidget* parent)
   connect(rows_, &QTreeWidget::currentItemChanged, this, &CheckDock::ShowRemark);
   connect(rows_, &QTreeWidget::itemClicked, this, &CheckDock::ShowRemark);  // reads it once more
   setWidget(body);
+  Listen(Change::kCheck | Change::kResult, [this] { ShowCheck(); });
 }
 
 // The choice stays on its file until another program is loaded.
-void CheckDock::ShowCheck(const CTVXView* view) {
+void CheckDock::ShowCheck() {
+  const CTVXView* const view = this->view();
   std::vector<std::shared_ptr<const FileCheck>> files;
   std::shared_ptr<const FileCheck> loaded;
   if (view != nullptr) {
-    loaded = view->check.Loaded();
+    loaded = view->checks().Loaded();
     files = ChecksOf(view->results.recorded, loaded);
   }
   const QSignalBlocker quiet(choice_);
@@ -229,7 +232,7 @@ void CheckDock::ShowRemark(QTreeWidgetItem* row) {
   }
   remark_->setHtml(text);
   // Of the files of a run, only the one that is loaded has a picture and a text in the window.
-  if (file_ == loaded_) context_.goToLine(remark.line, Centring::kAlways);
+  if (file_ == loaded_) GoToLine(remark.line, Centring::kAlways);
 }
 
 QString CheckDock::LineHtml(uint64_t line) {

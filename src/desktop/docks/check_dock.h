@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "desktop/docks/docks.h"
+#include "evaluate/program_checks.h"
 #include "insight/program_check.h"
 #include "insight/source_lines.h"
 
@@ -29,10 +30,8 @@ class CheckDock : public ViewDock {
  public:
   explicit CheckDock(const DockContext& context, QWidget* parent = nullptr);
 
-  void ShowProgram(CTVXView* /*view*/) override {}
-  void ShowCheck(const CTVXView* view) override;
-
  private:
+  void ShowCheck();
   void NameFiles();
   void ShowFile();
   void ShowKinds();
@@ -43,8 +42,7 @@ class CheckDock : public ViewDock {
   QComboBox* choice_;  // of the file
   QLabel* status_;
   QTreeWidget* rows_;
-  QTextEdit* remark_;  // about the row in work
-  DockContext context_;
+  QTextEdit* remark_;                                    // about the row in work
   std::vector<std::shared_ptr<const FileCheck>> files_;  // rows of the choice
   std::shared_ptr<const FileCheck> loaded_;              // of the program in the picture, or null
   std::shared_ptr<const FileCheck> file_;                // that is shown, or null

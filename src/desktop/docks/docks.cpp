@@ -3,11 +3,13 @@
 
 #include <QLabel>
 #include <QMainWindow>
+#include <utility>
 
 #include "desktop/docks/causes_dock.h"
 #include "desktop/docks/check_dock.h"
 #include "desktop/docks/legend_dock.h"
 #include "desktop/docks/program_dock.h"
+#include "session/tvx_view.h"
 
 namespace tvx {
 
@@ -29,6 +31,18 @@ constexpr struct {
 };
 
 }  // namespace
+
+ViewDock::ViewDock(const QString& title, const DockContext& context, QWidget* parent)
+    : QDockWidget(title, parent), context_(context) {}
+
+void ViewDock::Listen(ChangeSet changes, std::function<void()> show, Timing timing) {
+  subscriptions_.push_back(context_.changes->Subscribe(
+      changes, timing, [show = std::move(show)](ChangeSet, Timing) { show(); }));
+}
+
+void ViewDock::GoToLine(uint64_t line, Centring centring) {
+  if (view() != nullptr) view()->GoToLine(line, centring);
+}
 
 void MakeSelectable(QLabel* label) {
   label->setTextInteractionFlags(Qt::TextSelectableByMouse);

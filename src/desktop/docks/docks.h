@@ -1,5 +1,5 @@
-// The docks of the main window. A new dock is a class with a row in docks.cpp; the View menus and
-// the window's updates follow from there.
+// The docks of the main window. A new dock is a class with a row in docks.cpp; the View menus
+// follow from there, and what it shows from the changes that it listens to.
 #pragma once
 
 #include <QDockWidget>
@@ -7,15 +7,16 @@
 #include <functional>
 #include <vector>
 
-#include "session/tvx_view.h"
+#include "session/changes.h"
+#include "session/view_marks.h"
 
 class QLabel;
 class QMainWindow;
 
 namespace tvx {
 
-// When the picture is moved so that a move of the program is in its middle.
-enum class Centring { kAlways, kIfOutside };
+class CTVXApp;
+class CTVXView;
 
 // What a dock works with. All outlive the docks.
 struct DockContext {
@@ -23,29 +24,27 @@ struct DockContext {
   // File of the host with the window's own settings; without one they last for the run.
   QString settingsFile;
   std::function<CTVXView*()> activeView;  // the view in work, or null if none is open
-  // Makes a line of the program, from 1, the one in work: its move is marked in the picture, and
-  // all docks show the line.
-  std::function<void(uint64_t line, Centring centring)> goToLine;
+  ChangeNotifier* changes;                // of the view in work (ActiveChanges)
 };
 
-// A panel beside the picture that shows something about the view in work.
+// A panel beside the picture that shows something about the view in work. It is told of all changes
+// when another view takes that place, or none.
 class ViewDock : public QDockWidget {
  public:
-  using QDockWidget::QDockWidget;
+  ViewDock(const QString& title, const DockContext& context, QWidget* parent);
 
-  // Shows the view after a command or a change of window: program, feeds or options may have
-  // changed. Null if no view is open. May walk the whole program.
-  virtual void ShowProgram(CTVXView* view) = 0;
+ protected:
+  // Calls `show` after each of these changes. With kAtOnce it is called at each drawing of the
+  // picture too, during long work as well, and has to be quick; else it may walk the whole program.
+  void Listen(ChangeSet changes, std::function<void()> show, Timing timing = Timing::kSettled);
 
-  // The same after each drawing of the view's picture; must be quick.
-  virtual void ShowPicture(CTVXView* /*view*/) {}
+  CTVXView* view() const { return context_.activeView(); }  // in work, or null if none is open
+  void GoToLine(uint64_t line, Centring centring);          // of it, as CTVXView::GoToLine
 
-  // Shows the program check: after ShowProgram, and after each step of a check under way. Null if
-  // no view is open. Must be quick while nothing has changed.
-  virtual void ShowCheck(const CTVXView* /*view*/) {}
+  const DockContext context_;
 
-  // Shows another line of the program, from 1, as the one in work.
-  virtual void ShowLine(CTVXView* /*view*/, uint64_t /*line*/) {}
+ private:
+  std::vector<Subscription> subscriptions_;
 };
 
 // Lets the user select the text of a label by the mouse, and copy it from the context menu. A click

@@ -14,7 +14,7 @@
 #include "desktop/language.h"
 #include "desktop/time_text.h"
 #include "model/walks.h"
-#include "session/program_steps.h"
+#include "session/tvx_view.h"
 
 namespace tvx {
 
@@ -58,7 +58,7 @@ QString FeedRangeText(size_t i, int32_t FeedBase) {
 }
 
 LegendDock::LegendDock(const DockContext& context, QWidget* parent)
-    : ViewDock(Translated("범례"), parent) {
+    : ViewDock(Translated("범례"), context, parent) {
   setObjectName("legend");
   setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
   auto* const body = new QWidget(this);
@@ -92,7 +92,7 @@ LegendDock::LegendDock(const DockContext& context, QWidget* parent)
   totalTime_ = figure("소요시간");
   timeBefore_ = figure("조정 전");
   saved_ = figure("절약");
-  machine_ = new MachineRows(context, figures, body);
+  new MachineRows(context, figures, body);
   check_ = figure("검사");
   column->addLayout(figures);
   column->addStretch(1);
@@ -104,17 +104,21 @@ LegendDock::LegendDock(const DockContext& context, QWidget* parent)
   body->setMinimumWidth(
       fontMetrics().horizontalAdvance(Translated("범위 (mm)") + "  X -10000.00 ~ 10000.00  ") + 24);
   setWidget(body);
+  Listen(
+      Change::kFeeds, [this] { ShowColours(); }, Timing::kAtOnce);
+  Listen(Change::kFeeds | Change::kOptions, [this] { ShowFigures(); });
+  Listen(Change::kCheck, [this] { ShowCheck(); });
 }
 
-void LegendDock::ShowColours(const CTVXView* view) {
-  const int32_t base = view == nullptr ? 0 : view->program.FeedBase;
+// As they are drawn now.
+void LegendDock::ShowColours() {
+  const int32_t base = view() == nullptr ? 0 : view()->program.FeedBase;
   for (size_t i = 0; i < ranges_.size(); ++i) ranges_[i]->setText(FeedRangeText(i, base));
   base_->setText(base > 0 ? ToQt(Format("%d", base)) : "-");
 }
 
-void LegendDock::ShowProgram(CTVXView* view) {
-  ShowColours(view);
-  machine_->ShowProgram(view);
+void LegendDock::ShowFigures() {
+  CTVXView* const view = this->view();
   const bool empty = view == nullptr || view->program.store.blockCount == 0;
   for (QLabel* const label : {blocks_, extents_, cutTime_, totalTime_, timeBefore_, saved_})
     label->setText("-");
@@ -124,7 +128,7 @@ void LegendDock::ShowProgram(CTVXView* view) {
   const MotionBlock kept = store->CurrentBlock;
   Vec3 low, high;
   PathExtents(store, &low, &high);
-  ProgramWork work = ProgramWorkOf(view);
+  ProgramWork work = view->Work();
   work.progress = NoProgress();  // figures are shown even if other work is being stopped
   const ProgramResult result = *Evaluate(work, {});
   store->CurrentBlock = kept;  // the next command finds the register as it was
@@ -138,9 +142,8 @@ void LegendDock::ShowProgram(CTVXView* view) {
   saved_->setText(SavedText(*before, result.entry.totalMinutes));
 }
 
-void LegendDock::ShowCheck(const CTVXView* view) {
-  const auto check = view == nullptr ? nullptr : view->check.Result();
-  machine_->ShowCheck();
+void LegendDock::ShowCheck() {
+  const auto check = view() == nullptr ? nullptr : view()->checks().Result();
   check_->setText(check != nullptr ? CountsText(*check) : "-");
 }
 

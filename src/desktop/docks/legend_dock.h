@@ -10,22 +10,16 @@ class QLabel;
 
 namespace tvx {
 
-class MachineRows;
-
 class LegendDock : public ViewDock {
   Q_OBJECT
 
  public:
   explicit LegendDock(const DockContext& context, QWidget* parent = nullptr);
 
-  // The figures and the colours.
-  void ShowProgram(CTVXView* view) override;
-  // The colours as they are drawn now.
-  void ShowPicture(CTVXView* view) override { ShowColours(view); }
-  void ShowCheck(const CTVXView* view) override;
-
  private:
-  void ShowColours(const CTVXView* view);
+  void ShowColours();
+  void ShowFigures();
+  void ShowCheck();
 
   std::array<QLabel*, kFeedBands> ranges_{};
   QLabel* base_;
@@ -36,7 +30,6 @@ class LegendDock : public ViewDock {
   QLabel* timeBefore_;
   QLabel* saved_;
   QLabel* check_;
-  MachineRows* machine_;
 };
 
 // The feeds of band i in a program, mm/min: "351 - 500"; "-" if there are none.

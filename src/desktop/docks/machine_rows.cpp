@@ -13,6 +13,7 @@
 #include "desktop/elided_label.h"
 #include "desktop/language.h"
 #include "insight/machine_time.h"
+#include "session/tvx_view.h"
 
 namespace tvx {
 
@@ -27,7 +28,7 @@ void SetPlainToolTip(QWidget* widget, const QString& text) {
 }
 
 bool IsUnderCheck(const CTVXView* view) {
-  return view != nullptr && view->check.State() == CheckState::kUnderWay;
+  return view != nullptr && view->checks().State() == CheckState::kUnderWay;
 }
 
 QString PartsText(const MachineTime& time, bool isChecked) {
@@ -75,6 +76,9 @@ MachineRows::MachineRows(const DockContext& context, QFormLayout* form, QWidget*
 
   afterPaint_.setSingleShot(true);
   connect(&afterPaint_, &QTimer::timeout, this, &MachineRows::ShowTime);
+  subscription_ = context_.changes->Subscribe(
+      Change::kProgram | Change::kFeeds | Change::kCheck, Timing::kSettled,
+      [this](ChangeSet changes, Timing) { OnChange(changes); });
   // Only then does the window exist in which the user reads of a file that cannot be used.
   QTimer::singleShot(0, this, &MachineRows::UseSettings);
 }
@@ -126,7 +130,7 @@ bool MachineRows::Use(const std::string& path) {
   context_.app->machine = std::move(read);
   path_ = path;
   isStale_ = true;
-  ShowCheck();
+  ShowTimeSoon();
   return true;
 }
 
@@ -136,16 +140,14 @@ void MachineRows::ShowName(const QString& name, const QString& toolTip) {
   clear_->setEnabled(!toolTip.isEmpty());
 }
 
-void MachineRows::ShowProgram(const CTVXView* view) {
-  const uint32_t loads = view == nullptr ? 0 : view->loads;
+void MachineRows::OnChange(ChangeSet changes) {
   // Not the time of another program meanwhile; but after a command, no flicker.
-  if (view != shownView_ || loads != shownLoads_) time_->setText(kNone);
-  shownView_ = view;
-  shownLoads_ = loads;
-  isStale_ = true;
+  if (changes.HasAny(Change::kProgram)) time_->setText(kNone);
+  if (changes.HasAny(Change::kFeeds)) isStale_ = true;
+  ShowTimeSoon();
 }
 
-void MachineRows::ShowCheck() {
+void MachineRows::ShowTimeSoon() {
   if (isStale_ && !IsUnderCheck(context_.activeView())) afterPaint_.start(0);
 }
 
@@ -157,9 +159,9 @@ void MachineRows::ShowTime() {
   SetPlainToolTip(time_, {});
   if (!context_.app->machine || view == nullptr || view->program.store.blockCount == 0) return;
   const MachineTime time = ComputeMachineTime(&view->program.store, *context_.app->machine,
-                                              PausesOf(view->check.Loaded().get()));
+                                              PausesOf(view->checks().Loaded().get()));
   time_->setText(ToQt(Format("%.1f min", time.totalMinutes)));
-  SetPlainToolTip(time_, PartsText(time, view->check.Result() != nullptr));
+  SetPlainToolTip(time_, PartsText(time, view->checks().Result() != nullptr));
 }
 
 }  // namespace tvx

@@ -24,28 +24,24 @@ class MachineRows : public QObject {
   // use is kept in the settings file, from which it is read at the next start.
   MachineRows(const DockContext& context, QFormLayout* form, QWidget* body);
 
-  // Has the time computed again: the program of this view, null for none, may have changed.
-  // ShowCheck has to follow.
-  void ShowProgram(const CTVXView* view);
-  // Shows the time of the view in work if it is not up to date: once the program check has found
-  // the dwells and tool changes, and the window has been painted, since the walk over a large
-  // program takes a while.
-  void ShowCheck();
-
  private:
   void UseSettings();
   void Choose();
   void Clear();
   bool Use(const std::string& path);
   void ShowName(const QString& name, const QString& toolTip);
+  void OnChange(ChangeSet changes);
+  // Shows the time of the view in work if it is not up to date: once the program check has found
+  // the dwells and tool changes, and the window has been painted, since the walk over a large
+  // program takes a while.
+  void ShowTimeSoon();
   void ShowTime();
 
   DockContext context_;
   std::string path_;  // of the machine file, a drive path
   QTimer afterPaint_;
   bool isStale_ = true;
-  const CTVXView* shownView_ = nullptr;  // compared only
-  uint32_t shownLoads_ = 0;
+  Subscription subscription_;
   QLabel* time_;
   QLabel* name_;
   QToolButton* clear_;

@@ -11,21 +11,12 @@
 
 #include "desktop/docks/program_text.h"
 #include "desktop/language.h"
+#include "session/tvx_view.h"
 
 namespace tvx {
 
-namespace {
-
-// Of the move in work; the first line if there is none.
-uint64_t KeptLine(const CTVXView& view) {
-  const auto block = view.marks.BlockOf(Mark::kKept, view.program);
-  return block ? view.program.source.lines.LineOf(*block) : 1;
-}
-
-}  // namespace
-
 ProgramDock::ProgramDock(const DockContext& context, QWidget* parent)
-    : ViewDock(Translated("프로그램"), parent), context_(context) {
+    : ViewDock(Translated("프로그램"), context, parent) {
   setObjectName("program");
   auto* const body = new QWidget(this);
   auto* const column = new QVBoxLayout(body);
@@ -39,25 +30,19 @@ ProgramDock::ProgramDock(const DockContext& context, QWidget* parent)
   row->addWidget(number_, 1);
   column->addLayout(row);
   text_ = new ProgramText(
-      [this]() -> SourceLines* {
-        CTVXView* const view = context_.activeView();
-        if (view == nullptr) return nullptr;
-        return view->text.LinesOf(view->program, view->app->files);
-      },
-      body);
+      [this]() -> SourceLines* { return view() == nullptr ? nullptr : view()->Lines(); }, body);
   column->addWidget(text_, 1);
   setWidget(body);
   connect(text_, &ProgramText::LineChosen, this,
-          [this](uint64_t line) { context_.goToLine(line, Centring::kIfOutside); });
+          [this](uint64_t line) { GoToLine(line, Centring::kIfOutside); });
   connect(number_, &QLineEdit::returnPressed, this, &ProgramDock::GoToTypedLine);
   auto* const ask = new QShortcut(QKeySequence("Ctrl+G"), parent);
   connect(ask, &QShortcut::activated, this, &ProgramDock::AskForLine);
+  Listen(Change::kProgram, [this] { ShowProgram(); });
+  Listen(Change::kLine, [this] { ShowLine(); });
 }
 
-void ProgramDock::ShowProgram(CTVXView* view) {
-  const uint32_t edition = view == nullptr ? 0 : view->program.edition;
-  if (view == shownView_ && edition == shownEdition_) return text_->viewport()->update();
-  shownView_ = nullptr;
+void ProgramDock::ShowProgram() {
   if (isVisible()) ReadProgram();
 }
 
@@ -67,14 +52,11 @@ void ProgramDock::showEvent(QShowEvent* event) {
 }
 
 void ProgramDock::ReadProgram() {
-  const CTVXView* const view = context_.activeView();
-  shownView_ = view;
-  shownEdition_ = view == nullptr ? 0 : view->program.edition;
-  text_->ShowProgram(view == nullptr ? 1 : KeptLine(*view));
+  text_->ShowProgram(view() == nullptr ? 1 : view()->line());
 }
 
-void ProgramDock::ShowLine(CTVXView* /*view*/, uint64_t line) {
-  if (isVisible()) text_->ShowLine(line);
+void ProgramDock::ShowLine() {
+  if (isVisible() && view() != nullptr) text_->ShowLine(view()->line());
 }
 
 void ProgramDock::AskForLine() {
@@ -90,7 +72,7 @@ void ProgramDock::GoToTypedLine() {
   number_->clear();  // the row shows it; a number from before would contradict the next one
   text_->ShowLine(line);
   text_->setFocus();
-  context_.goToLine(text_->line(), Centring::kIfOutside);
+  GoToLine(text_->line(), Centring::kIfOutside);
 }
 
 }  // namespace tvx

@@ -15,22 +15,18 @@ class ProgramDock : public ViewDock {
  public:
   explicit ProgramDock(const DockContext& context, QWidget* parent = nullptr);
 
-  void ShowProgram(CTVXView* view) override;
-  void ShowLine(CTVXView* view, uint64_t line) override;
-
  protected:
   void showEvent(QShowEvent* event) override;
 
  private:
+  void ShowProgram();
+  void ShowLine();
   void ReadProgram();
   void AskForLine();
   void GoToTypedLine();
 
-  DockContext context_;
   QLineEdit* number_;
   ProgramText* text_;
-  const CTVXView* shownView_ = nullptr;  // compared only
-  uint32_t shownEdition_ = 0;
 };
 
 }  // namespace tvx

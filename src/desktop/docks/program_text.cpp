@@ -140,6 +140,12 @@ void ProgramText::mousePressEvent(QMouseEvent* event) {
   Choose(int64_t{verticalScrollBar()->value()} + 1 + event->position().toPoint().y() / RowHeight());
 }
 
+// The file may have been edited in another window.
+void ProgramText::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) viewport()->update();
+  QAbstractScrollArea::changeEvent(event);
+}
+
 void ProgramText::keyPressEvent(QKeyEvent* event) {
   const auto line = static_cast<int64_t>(line_);
   switch (event->key()) {

@@ -50,7 +50,7 @@ void FileOpener::LoadWaiting() {
       continue;
     }
     ViewWidget* const active = window_->ActiveView();
-    const bool isFree = active != nullptr && active->view().fileName.empty();
+    const bool isFree = active != nullptr && active->view().fileName().empty();
     Open(*drivePath, isFree ? active : nullptr);
   }
 }
@@ -83,12 +83,12 @@ void FileOpener::LoadInto(ViewWidget* widget, const std::string& drivePath) {
     if (IsLoaded(LoadProgram(&widget->view(), drivePath))) {
       recent.Add(ToQt(drivePath));
     }
-    window_->ShowProgram();
     return;
   }
   // Only the first paint gives the drawing area its size, which the fit needs. The name marks the
   // view as taken.
-  widget->view().fileName = NameOfPath(drivePath, kBackslash);
+  widget->view().SetNames("", NameOfPath(drivePath, kBackslash));
+  widget->view().changes.Settle();
   loading_ = widget;
   const auto load = [this, widget, drivePath] {
     LoadInto(widget, drivePath);

@@ -63,16 +63,15 @@ QList<QAction*> EntriesOf(const std::vector<ViewDock*>& docks) {
 MainWindow::MainWindow(CTVXApp* app, const Drives* drives, const QString& settingsFile)
     : app_(app),
       area_(new QMdiArea(this)),
-      docks_(AddDocks(
-          {.app = app,
-           .settingsFile = settingsFile,
-           .activeView =
-               [this] {
-                 ViewWidget* const active = ActiveView();
-                 return active == nullptr ? nullptr : &active->view();
-               },
-           .goToLine = [this](uint64_t line, Centring centring) { GoToLine(line, centring); }},
-          this)),
+      docks_(AddDocks({.app = app,
+                       .settingsFile = settingsFile,
+                       .activeView =
+                           [this] {
+                             ViewWidget* const active = ActiveView();
+                             return active == nullptr ? nullptr : &active->view();
+                           },
+                       .changes = &changes_.notifier},
+                      this)),
       statusBar_(new StatusBar(this)),
       opener_(new FileOpener(this, app, drives, settingsFile)),
       printing_(this, app->ui),
@@ -100,12 +99,11 @@ MainWindow::MainWindow(CTVXApp* app, const Drives* drives, const QString& settin
           [this] { ShowStatusText("다음에 시작할 때 바뀝니다. / Changes at the next start."); });
   connect(menus_, &Menus::RecentFileChosen, this,
           [this](const QString& path) { opener_->Open(FromQt(path), nullptr); });
-  connect(area_, &QMdiArea::subWindowActivated, this, [this] {
-    menus_->ShowState();
-    menus_->ShowRecentFiles(opener_->recent.Paths());
-    ShowFileName();
-    ShowProgram();
-  });
+  connect(area_, &QMdiArea::subWindowActivated, this, &MainWindow::ShowActiveView);
+  Listen(Change::kName, &MainWindow::ShowFileName, Timing::kAtOnce);
+  Listen(Change::kFeeds | Change::kHovered, &MainWindow::ShowHoveredMove);
+  Listen(Change::kKept, &MainWindow::ShowKeptMove);
+  Listen(Change::kCheck, &MainWindow::StartCheck);
   menus_->ShowState();
   ShowFileName();
   EnterWorkDirectory();
@@ -143,16 +141,6 @@ ViewWidget* MainWindow::NewView() {
   child->setWindowIcon(ProgramIcon());
   // Ctrl+F4 in its menu belongs to the frame alone; two owners of a key make it dead.
   for (QAction* const action : child->systemMenu()->actions()) action->setShortcuts({});
-  connect(widget, &ViewWidget::Drawn, this, [this, widget] {
-    if (widget != ActiveView()) return;
-    isDrawnAnew_ = true;
-    ShowFileName();
-    for (ViewDock* const dock : docks_) dock->ShowPicture(&widget->view());
-    StartCheck();
-  });
-  connect(widget, &ViewWidget::CommandPadClosed, this, &MainWindow::ShowProgram);
-  connect(widget, &ViewWidget::HoveredMoveChanged, this, &MainWindow::ShowHoveredMove);
-  connect(widget, &ViewWidget::KeptMoveChanged, this, &MainWindow::ShowKeptMove);
   child->showMaximized();
   widget->setFocus();
   return widget;
@@ -257,59 +245,52 @@ void MainWindow::RunCommand(CommandId id) {
   CTVXView* const view = &ActiveView()->view();
   const bool changesProgram = FindViewCommand(id)->changesProgram;
   if (changesProgram) ShowPathInStatusBar();
-  const uint32_t loads = view->loads;
+  const uint32_t loads = view->loads();
   RunViewCommand(view, id);
-  if (id == CommandId::kLoad && view->loads != loads) opener_->recent.Add(ToQt(view->filePath));
-  if (!changesProgram) return;
-  ShowFileName();
-  ShowProgram();
+  if (id == CommandId::kLoad && view->loads() != loads) {
+    opener_->recent.Add(ToQt(view->filePath()));
+  }
+  if (changesProgram) reload_->ShowProgram(ActiveView());
+}
+
+void MainWindow::Listen(ChangeSet changes, void (MainWindow::*listener)(), Timing timing) {
+  subscriptions_.push_back(changes_.notifier.Subscribe(
+      changes, timing, [this, listener](ChangeSet, Timing) { (this->*listener)(); }));
+}
+
+void MainWindow::ShowActiveView() {
+  menus_->ShowState();
+  menus_->ShowRecentFiles(opener_->recent.Paths());
+  ViewWidget* const active = ActiveView();
+  const QString name = active == nullptr ? QString() : active->objectName();
+  if (name == shown_) return reload_->ShowProgram(active);
+  shown_ = name;
+  changes_.Follow(active == nullptr ? nullptr : &active->view());
+  statusBar_->ShowPath();  // the text belongs to the window before
 }
 
 // A window without a program has its number as its name.
 void MainWindow::ShowFileName() {
   ViewWidget* const active = ActiveView();
-  if (active != named_) statusBar_->ShowPath();  // the text belongs to the window before
-  named_ = active;
   if (active == nullptr) {
     setWindowTitle(kTitle);
     statusBar_->SetPath({});
     reload_->ShowProgram(nullptr);
     return;
   }
-  const QString file = ToQt(active->view().fileName);
+  const QString file = ToQt(active->view().fileName());
   const QString name = file.isEmpty() ? active->objectName() : file;
   active->parentWidget()->setWindowTitle(name);
   // In the form of the area for a window that fills it, so that the area does not add the name.
   setWindowTitle(QString("%1 - [%2]").arg(kTitle, name));
-  statusBar_->SetPath(ToQt(active->view().filePath));
+  statusBar_->SetPath(ToQt(active->view().filePath()));
   reload_->ShowProgram(active);
 }
 
-void MainWindow::ShowProgram() {
-  isDrawnAnew_ = false;
-  ViewWidget* const active = ActiveView();
-  if (active != nullptr) active->update();
-  for (ViewDock* const dock : docks_) {
-    dock->ShowProgram(active == nullptr ? nullptr : &active->view());
-    dock->ShowCheck(active == nullptr ? nullptr : &active->view());
-  }
-  StartCheck();
-}
-
-void MainWindow::GoToLine(uint64_t line, Centring centring) {
-  ViewWidget* const active = ActiveView();
-  if (active == nullptr) return;
-  const auto block = active->view().program.source.lines.FirstBlockOf(line);
-  active->Keep(block);
-  if (block) active->Centre(*block, centring == Centring::kIfOutside);
-  for (ViewDock* const dock : docks_) dock->ShowLine(&active->view(), line);
-}
-
 QString MainWindow::MoveTextOf(CTVXView* view, Mark mark) const {
-  const auto block = view->marks.BlockOf(mark, view->program);
+  const auto block = view->MarkedBlock(mark);
   if (!block) return {};
-  const MoveFacts facts = FactsOf(view->program.store, *block, view->causes.get(),
-                                  view->text.LinesOf(view->program, app_->files));
+  const MoveFacts facts = FactsOf(view->program.store, *block, view->causes(), view->Lines());
   const MoveWords& words = LanguageInUse() == kEnglishLabels ? kEnglishMoveWords : kKoreanMoveWords;
   return Printable(ToQt(MoveText(facts, words)));
 }
@@ -322,30 +303,28 @@ void MainWindow::ShowHoveredMove() {
 void MainWindow::ShowKeptMove() {
   ViewWidget* const active = ActiveView();
   if (active == nullptr) return;
-  CTVXView* const view = &active->view();
-  const auto block = view->marks.BlockOf(Mark::kKept, view->program);
-  if (!block) return statusBar_->ShowPath();
-  statusBar_->ShowText(MoveTextOf(view, Mark::kKept));
-  const uint32_t line = view->program.source.lines.LineOf(*block);
-  for (ViewDock* const dock : docks_) dock->ShowLine(view, line);
+  if (!active->view().MarkedBlock(Mark::kKept)) return statusBar_->ShowPath();
+  statusBar_->ShowText(MoveTextOf(&active->view(), Mark::kKept));
 }
 
 void MainWindow::StartCheck() {
   ViewWidget* const active = ActiveView();
-  if (active == nullptr || checkSteps_.isActive() || app_->ui->LongWork()->IsUnderWay()) return;
-  if (active->view().check.IsUnderWay()) checkSteps_.start(0);
+  if (active == nullptr || !active->view().checks().IsUnderWay()) {
+    return reload_->ShowProgram(active);
+  }
+  if (!checkSteps_.isActive()) checkSteps_.start(0);
 }
 
 void MainWindow::CheckMore() {
   constexpr uint64_t kLinesPerStep = 20'000;  // a few milliseconds
   ViewWidget* const active = ActiveView();
   if (active == nullptr) return checkSteps_.stop();
-  if (app_->ui->LongWork()->IsUnderWay()) return;  // the docks would show a program in part
-  CTVXView& view = active->view();
-  view.marks.Prepare(&view.program);
-  if (!view.check.CheckMore(kLinesPerStep, app_->files)) checkSteps_.stop();
-  for (ViewDock* const dock : docks_) dock->ShowCheck(&view);
-  if (!checkSteps_.isActive()) reload_->ShowProgram(active);
+  // A question in the middle of a run: the docks would show a program in part.
+  constexpr int kWait = 100;  // ms
+  const bool isAtWork = app_->ui->LongWork()->IsUnderWay();
+  checkSteps_.setInterval(isAtWork ? kWait : 0);
+  if (isAtWork) return;
+  if (!active->view().CheckMore(kLinesPerStep)) checkSteps_.stop();
 }
 
 void MainWindow::ShowAbout() {
@@ -357,13 +336,9 @@ void MainWindow::ShowAbout() {
 }
 
 QWidget* MainWindow::ParentOfNewDialog() {
-  if (isDrawnAnew_) ShowProgram();
+  if (ViewWidget* const active = ActiveView()) active->view().changes.SettleShown();
   QWidget* const dialog = QApplication::activeModalWidget();
   return dialog == nullptr ? this : dialog;
-}
-
-void MainWindow::RepaintActiveView() {
-  if (ViewWidget* const active = ActiveView()) active->Redraw();
 }
 
 void MainWindow::ShowAsLeft() {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "desktop/docks/docks.h"
+#include "desktop/window/active_changes.h"
 #include "desktop/window/file_opener.h"
 #include "desktop/window/menus.h"
 #include "desktop/window/printing.h"
@@ -54,8 +55,6 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   // The text in the status bar while an entry of the command is marked, in Korean; "" for none.
   static const char* PromptOf(CommandId id);
 
-  // Shows the program of the view in work in picture and docks: it or its feeds may have changed.
-  void ShowProgram();
   // Shows the window with the size, the place and the docks that it had when it was closed last; at
   // the first start as large as the screen.
   void ShowAsLeft();
@@ -64,7 +63,6 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   void ShowPathInStatusBar() { statusBar_->ShowPath(); }
 
   QWidget* ParentOfNewDialog() override;
-  void RepaintActiveView() override;
   void ShowStatusText(const QString& text) override { statusBar_->ShowText(text); }
   ProgressBar* WorkBar() override { return statusBar_->progress(); }
   void OfferToOpen(const QString& file) override { statusBar_->OfferToOpen(file); }
@@ -90,20 +88,24 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   // The choosers start in the configured work directory, until a file is opened elsewhere.
   void EnterWorkDirectory();
   void BindChildWindowKeys();
+  // Another child window, or none, or the same again has come to the front.
+  void ShowActiveView();
   void ShowFileName();
-  void GoToLine(uint64_t line, Centring centring);
   // What is known of a marked move, in words; empty for no mark.
   QString MoveTextOf(CTVXView* view, Mark mark) const;
   void ShowHoveredMove();
   void ShowKeptMove();
-  // Has the program of the view in work checked in steps, when nothing else is to be done.
+  // Has the programs of the view in work checked in steps, when nothing else is to be done.
   void StartCheck();
   void CheckMore();
+  void Listen(ChangeSet changes, void (MainWindow::*listener)(), Timing timing = Timing::kSettled);
   void ShowAbout();
 
   Menus* menus_ = nullptr;
   CTVXApp* app_;
   QMdiArea* area_;
+  ActiveChanges changes_;
+  std::vector<Subscription> subscriptions_;
   std::vector<ViewDock*> docks_;
   StatusBar* statusBar_;
   FileOpener* opener_;
@@ -112,10 +114,9 @@ class MainWindow : public QMainWindow, public InterfaceWindow {
   Printing printing_;
   QString settingsFile_;
   QTimer checkSteps_;
-  bool isDrawnAnew_ = false;    // since ShowProgram; a command draws each change
-  std::string workDirectory_;   // as the files report it
-  int views_ = 0;               // opened so far
-  QPointer<ViewWidget> named_;  // the view whose program title and status bar name
+  std::string workDirectory_;  // as the files report it
+  int views_ = 0;              // opened so far
+  QString shown_;  // name of the view that title, status bar and docks show; "" for none
 };
 
 }  // namespace tvx

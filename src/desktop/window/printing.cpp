@@ -110,7 +110,7 @@ void Printing::SetUp() {
 
 // A file that the last program was printed to is not offered for another one.
 void Printing::NameDocument(const CTVXView& view) {
-  const QString name = ToQt(view.fileName);
+  const QString name = ToQt(view.fileName());
   if (name == Printer()->docName()) return;
   Printer()->setDocName(name);
   Printer()->setOutputFileName({});

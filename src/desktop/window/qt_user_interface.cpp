@@ -209,10 +209,6 @@ bool QtUserInterface::ChooseFile(const FileQuestion& question, std::string* path
   return true;
 }
 
-void QtUserInterface::Repaint() {
-  if (window_ != nullptr) window_->RepaintActiveView();
-}
-
 void QtUserInterface::ShowStatus(const std::string& text, const std::string& path) {
   const QString about = path.empty() ? QString() : ToQt(path) + ": ";
   if (window_ != nullptr) window_->ShowStatusText(about + Translated(text));

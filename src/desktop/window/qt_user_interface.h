@@ -17,8 +17,6 @@ class InterfaceWindow {
   virtual ~InterfaceWindow() = default;
   // The parent of a dialog that is opened now. Shows beforehand what the command has changed.
   virtual QWidget* ParentOfNewDialog() = 0;
-  // Redraws the current view before it returns.
-  virtual void RepaintActiveView() = 0;
   virtual void ShowStatusText(const QString& text) = 0;
   // Where long work is shown.
   virtual ProgressBar* WorkBar() = 0;
@@ -31,14 +29,13 @@ class QtUserInterface final : public UserInterface {
   // Both outlive the object.
   QtUserInterface(const Drives* drives, Files* files) : drives_(drives), files_(files) {}
 
-  // Until a window is set, messages have no parent and repaints do nothing.
+  // Until a window is set, messages have no parent and the status line is not shown.
   void SetWindow(InterfaceWindow* window);
 
   bool ShowMessage(const MessageBox& message) override;
   bool RunModal(Dialog* dialog) override;
   // Leaves the current directory of the program at the directory of the chosen file.
   bool ChooseFile(const FileQuestion& question, std::string* path) override;
-  void Repaint() override;
   void ShowStatus(const std::string& text, const std::string& path) override;
   Progress* LongWork() override { return &progress_; }
   void OfferToOpen(const std::string& path) override;

@@ -28,7 +28,7 @@ bool HasChanged(const CTVXView& view) {
 }
 
 bool IsOfOtherFormat(const CTVXView& view) {
-  const auto check = view.check.Result();
+  const auto check = view.checks().Result();
   return check != nullptr && check->Of(RemarkId::kOtherFormat).count > 0;
 }
 
@@ -101,7 +101,6 @@ void Reload::Run() {
   CTVXView& view = active_->view();
   window_->ShowPathInStatusBar();
   static_cast<void>(LoadProgram(&view, std::string(view.program.source.path)));  // shows a failure
-  window_->ShowProgram();
 }
 
 void Reload::ReadInOtherFormat() {

@@ -6,14 +6,12 @@
 #include <QPainter>
 #include <QTimer>
 #include <cmath>
-#include <cstdlib>
 #include <optional>
 #include <utility>
 
 #include "desktop/display_options.h"
 #include "desktop/language.h"
 #include "desktop/window/empty_page.h"
-#include "session/program_steps.h"
 
 namespace tvx {
 
@@ -40,7 +38,10 @@ constexpr QColor kMarkColour(255, 225, 0);    // as no pen
 
 ViewWidget::ViewWidget(CTVXApp* app, QWidget* parent)
     : QWidget(parent), view_(app), commands_(ViewCommandsOf(&view_)) {
-  view_.causes = std::make_unique<FeedCauses>();
+  view_.FollowCauses();
+  subscription_ = view_.changes.Subscribe(
+      Change::kFeeds | Change::kOptions | Change::kView | Change::kHovered | Change::kKept,
+      Timing::kAtOnce, [this](ChangeSet changes, Timing timing) { OnChange(changes, timing); });
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
   setAttribute(Qt::WA_InputMethodEnabled, false);
@@ -52,7 +53,17 @@ ViewWidget::ViewWidget(CTVXApp* app, QWidget* parent)
   rest_.setSingleShot(true);
   rest_.setInterval(kRestMilliseconds);
   connect(&rest_, &QTimer::timeout, this,
-          [this] { Hover(view_.marks.MoveAt(SceneOf(&view_), restsAt_)); });
+          [this] { view_.SetMark(Mark::kHovered, view_.MoveAt(restsAt_)); });
+}
+
+// What no operation has shown at once is drawn at the next idle moment: of several changes only the
+// last one.
+void ViewWidget::OnChange(ChangeSet changes, Timing timing) {
+  if (timing == Timing::kAtOnce) return Redraw();
+  const bool hasOtherOptions = shownOptions_ != Options();
+  if (changes.HasAny(Change::kView) && !changes.HasAny(Change::kFeeds)) isMoving_ = true;
+  isStale_ = isStale_ || hasOtherOptions || changes.HasAny(Change::kFeeds | Change::kView);
+  update();
 }
 
 void ViewWidget::Redraw() {
@@ -62,7 +73,7 @@ void ViewWidget::Redraw() {
   if (HasBeenDrawn()) {
     {
       Progress* const progress = view_.app->ui->LongWork();
-      const WorkScope work(progress, Work::kDraw, view_.filePath);
+      const WorkScope work(progress, Work::kDraw, view_.filePath());
       DrawPicture(progress);
     }
     emit Drawn();
@@ -70,9 +81,10 @@ void ViewWidget::Redraw() {
   repaint();
 }
 
-void ViewWidget::RedrawSoon() {
-  isStale_ = isMoving_ = true;
-  update();
+// Of the picture by the mouse.
+void ViewWidget::NoteMove() {
+  view_.changes.Note(Change::kView);
+  view_.changes.Settle();
 }
 
 ViewWidget::PictureOptions ViewWidget::Options() const {
@@ -89,7 +101,7 @@ void ViewWidget::DrawPicture(Progress* progress) {
   RasterDevice device({reinterpret_cast<uint32_t*>(image_.bits()), image_.width(), image_.height(),
                        image_.bytesPerLine() / 4},
                       origin_, ScreenPens());
-  isEmpty_ = view_.fileName.empty() && view_.program.store.blockCount == 0;
+  isEmpty_ = view_.fileName().empty() && view_.program.store.blockCount == 0;
   isStale_ = false;  // a resize during the drawing makes it stale again
   shownOptions_ = Options();
   Paint({&view_.program, &view_.job, &view_.view, progress}, &device);
@@ -110,12 +122,12 @@ void ViewWidget::DrawOutdated() {
     return;
   }
   QTimer::singleShot(0, this, [this, progress] {
-    if (IsOutdated() && !progress->IsUnderWay()) Redraw();
+    if (isStale_ && !progress->IsUnderWay()) Redraw();
   });
 }
 
 void ViewWidget::paintEvent(QPaintEvent* /*event*/) {
-  if (IsOutdated()) DrawOutdated();
+  if (isStale_) DrawOutdated();
   QPainter painter(this);
   const double ratio = devicePixelRatioF();
   image_.setDevicePixelRatio(ratio);
@@ -144,7 +156,7 @@ void ViewWidget::paintEvent(QPaintEvent* /*event*/) {
 void ViewWidget::PaintMark(Mark mark, QPainter* painter) {
   const double ratio = devicePixelRatioF();
   QPolygonF line;
-  for (const Pixel point : view_.marks.LineOf(mark, SceneOf(&view_))) {
+  for (const Pixel point : view_.LineOf(mark)) {
     line << QPointF((point.x - origin_.x + 0.5) / ratio, (point.y - origin_.y + 0.5) / ratio);
   }
   if (line.isEmpty()) return;
@@ -197,44 +209,20 @@ void ViewWidget::mousePressEvent(QMouseEvent* event) {
   if (event->buttons() == Qt::MiddleButton) BeginDrag(*event);
   if (event->button() != Qt::LeftButton) return;
   if (event->modifiers() == Qt::ControlModifier) {
-    Keep(view_.marks.MoveAt(SceneOf(&view_), AreaPoint(*event)));
+    view_.SetMark(Mark::kKept, view_.MoveAt(AreaPoint(*event)));
     return;
   }
   OpenCommandPad(&view_);
-  emit CommandPadClosed();
 }
 
 void ViewWidget::BeginDrag(const QMouseEvent& event) {
-  Hover({});
+  view_.SetMark(Mark::kHovered, {});
   const Pixel point = AreaPoint(event);
   if (event.modifiers() == Qt::ShiftModifier) {
     drag_.BeginPan(point);
   } else {
-    drag_.BeginTurn(point, view_.marks.PivotAt(SceneOf(&view_), point));
+    drag_.BeginTurn(point, view_.PivotAt(point));
   }
-}
-
-void ViewWidget::Hover(std::optional<uint32_t> block) {
-  if (!view_.marks.Set(Mark::kHovered, view_.program, block)) return;
-  update();
-  emit HoveredMoveChanged();
-}
-
-void ViewWidget::Keep(std::optional<uint32_t> block) {
-  if (!view_.marks.Set(Mark::kKept, view_.program, block)) return;
-  update();
-  emit KeptMoveChanged();
-}
-
-void ViewWidget::Centre(uint32_t block, bool onlyIfOutside) {
-  const MotionBlock* const stored = view_.program.store.Peek(block);
-  if (stored == nullptr || !IsMoveType(stored->type)) return;
-  ViewTransform* const transform = &view_.view.transform;
-  const Pixel pixel = Project(transform, EndPoint(*stored));
-  const Pixel corner = TopLeftOf(*transform);
-  if (onlyIfOutside && std::abs(pixel.x) < -corner.x && std::abs(pixel.y) < -corner.y) return;
-  CentreOn(transform, EndPoint(*stored));
-  RedrawSoon();
 }
 
 // Mouse events outside the area are ignored. Qt sends them until the button is released.
@@ -245,7 +233,7 @@ bool ViewWidget::IsInside(const QMouseEvent& event) const {
 void ViewWidget::mouseMoveEvent(QMouseEvent* event) {
   const Pixel point = AreaPoint(*event);
   if (IsInside(*event) && commands_.MoveMouse(point)) update();
-  if (drag_.MoveTo(point, &view_.view.transform)) RedrawSoon();
+  if (drag_.MoveTo(point, &view_.view.transform)) NoteMove();
   if (event->buttons() != Qt::NoButton) return;
   restsAt_ = point;
   rest_.start();
@@ -263,12 +251,12 @@ void ViewWidget::wheelEvent(QWheelEvent* event) {
   event->accept();
   if (event->buttons() != Qt::NoButton) return;
   ZoomAt(&view_.view.transform, AreaPoint(*event), event->angleDelta().y() / kUnitsPerStep);
-  RedrawSoon();
+  NoteMove();
 }
 
 void ViewWidget::leaveEvent(QEvent* /*event*/) {
   rest_.stop();
-  Hover({});
+  view_.SetMark(Mark::kHovered, {});
 }
 
 }  // namespace tvx

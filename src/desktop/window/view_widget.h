@@ -35,20 +35,9 @@ class ViewWidget : public QWidget {
   // Draws the picture from the store and shows it before it returns.
   void Redraw();
 
-  // Keeps a block as the one in work, or none, and marks it.
-  void Keep(std::optional<uint32_t> block);
-  // Brings the end of a block into the middle of the picture; if asked so, only when it is outside
-  // the area.
-  void Centre(uint32_t block, bool onlyIfOutside);
-
  signals:
-  // The picture has been drawn anew: program, feeds or view may have changed.
+  // The picture has been drawn.
   void Drawn();
-  // The command pad has closed and its command has run.
-  void CommandPadClosed();
-  // Another move, or none, is marked.
-  void HoveredMoveChanged();
-  void KeptMoveChanged();
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -62,17 +51,15 @@ class ViewWidget : public QWidget {
   bool event(QEvent* event) override;
 
  private:
-  bool IsOutdated() const { return isStale_ || shownOptions_ != Options(); }
+  void OnChange(ChangeSet changes, Timing timing);
   void DrawPicture(Progress* progress);
   void DrawOutdated();
   void PaintMark(Mark mark, QPainter* painter);
-  // Draws the picture at the next idle moment: of several changes only the last one.
-  void RedrawSoon();
+  void NoteMove();
   void BeginDrag(const QMouseEvent& event);
-  void Hover(std::optional<uint32_t> block);
   Pixel AreaPoint(const QSinglePointEvent& event) const;
   bool IsInside(const QMouseEvent& event) const;
-  // The options that affect the picture; a dialog can change them without a redraw.
+  // The options that affect the picture.
   using PictureOptions = std::array<int32_t, 3>;
   PictureOptions Options() const;
 
@@ -88,6 +75,7 @@ class ViewWidget : public QWidget {
   bool isStale_ = true;
   bool isMoving_ = false;  // a turn or zoom of the mouse waits for its picture
   PictureOptions shownOptions_{};
+  Subscription subscription_;
 };
 
 }  // namespace tvx

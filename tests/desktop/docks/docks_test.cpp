@@ -13,7 +13,6 @@
 #include "desktop/docks/bar_list.h"
 #include "desktop/docks/program_text.h"
 #include "jobs/labels.h"
-#include "session/program_steps.h"
 
 namespace tvx {
 namespace {
@@ -28,8 +27,8 @@ class DocksTest : public DesktopTest {
 
   void LoadAndAdjust() {
     Load("part.nc", kCorners);
-    EvaluateAndShow(&View(), {.adjusts = true, .wanted = View().wanted});
-    window->ShowProgram();
+    View().EvaluateAndShow({.adjusts = true, .wanted = View().wanted});
+    View().changes.Settle();
     Settle();
   }
   ViewWidget* Picture() { return window->ActiveView(); }
@@ -58,7 +57,7 @@ TEST_F(DocksTest, RestingMouseShowsTheMoveAndCtrlClickKeepsIt) {
   EXPECT_TRUE(Status().startsWith("line 9: X60 Y64 | "));
   Load("next.nc", "G1 X9 F100\nX8\n");
   EXPECT_EQ(Text()->line(), 1U);
-  EXPECT_FALSE(View().marks.BlockOf(Mark::kKept, View().program));
+  EXPECT_FALSE(View().MarkedBlock(Mark::kKept));
 }
 
 TEST_F(DocksTest, WalkByLinesShowsWhatTheToolExplains) {
@@ -81,8 +80,7 @@ TEST_F(DocksTest, WalkByLinesShowsWhatTheToolExplains) {
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
   for (uint64_t line = 1; line <= 9; ++line) {
     EXPECT_EQ(Text()->line(), line);
-    EXPECT_EQ(View().marks.BlockOf(Mark::kKept, View().program),
-              View().program.source.lines.FirstBlockOf(line));
+    EXPECT_EQ(View().MarkedBlock(Mark::kKept), View().program.source.lines.FirstBlockOf(line));
     for (const QString& part : explained[line]) {
       EXPECT_TRUE(Status().contains(part)) << FromQt(Status() + ", expected: " + part);
     }
@@ -95,7 +93,7 @@ TEST_F(DocksTest, WalkByLinesShowsWhatTheToolExplains) {
   auto* const places = window->findChild<QDockWidget*>("causes")->findChild<QTreeWidget*>();
   QTRY_VERIFY(places->topLevelItemCount() > 0);
   places->setCurrentItem(places->topLevelItem(0));
-  const auto kept = View().marks.BlockOf(Mark::kKept, View().program);
+  const auto kept = View().MarkedBlock(Mark::kKept);
   ASSERT_TRUE(kept);
   EXPECT_EQ(explained.count(Text()->line()), 1U);
   const Pixel end = Project(&View().view.transform, EndPoint(*View().program.store.Peek(*kept)));

@@ -61,8 +61,8 @@ class CommandsTest : public DesktopTest {
     if (window->ActiveView() == nullptr) return ToQt(state).split('|');
     CTVXView& view = View();
     const ViewTransform& turn = view.view.transform;
-    state += Format("|file %s|%s|%s|rapids %d%d|results %d|turned %d %d %d", view.fileName.c_str(),
-                    turn.viewScale == 1.25F ? "zoomed" : "fitted",
+    state += Format("|file %s|%s|%s|rapids %d%d|results %d|turned %d %d %d",
+                    view.fileName().c_str(), turn.viewScale == 1.25F ? "zoomed" : "fitted",
                     view.masterGrid.Cells.Empty() ? "no master" : "master", view.view.RapidVisible,
                     view.job.RapidShown, static_cast<int>(view.results.recorded.size()), turn.rotX,
                     turn.rotY, turn.rotZ);
@@ -80,7 +80,7 @@ class CommandsTest : public DesktopTest {
       View().view.transform.rotX = 17;
       View().results.recorded.clear();
       View().job.MetafileCreateChk = 0;
-      View().fileName = "a name";
+      View().SetNames("", "a name");
       DropMaster(&View().masterGrid);
     }
     effect.prepare();

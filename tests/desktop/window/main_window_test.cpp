@@ -53,9 +53,9 @@ TEST_F(MainWindowTest, TitleAndStatusBarNameProgramOfActiveWindow) {
   Settle();
   ExpectShown("TVX2", "Ready");
   Press(Qt::CTRL | Qt::Key_F6);
-  EXPECT_EQ(View().fileName, "part.nc");
+  EXPECT_EQ(View().fileName(), "part.nc");
   Press(Qt::CTRL | Qt::SHIFT | Qt::Key_F6);
-  EXPECT_EQ(View().fileName, "");
+  EXPECT_EQ(View().fileName(), "");
   Press(Qt::CTRL | Qt::Key_F4);
   Settle();
   ExpectShown("part.nc", "c:\\marlo\\ncdata\\part.nc");
@@ -108,11 +108,9 @@ TEST_F(MainWindowTest, CheckOfLoadedProgramListsLinesLeftOut) {
   for (int i = 0; i < 200'000; ++i) inches += "G20\n";
   home.Put(programs / "long.nc", inches);
   LoadProgram(&View(), "c:\\marlo\\ncdata\\long.nc");
-  window->ShowProgram();
   user.Do(window.get(), "?검사 중입니다...");
   home.Put(programs / "clean.nc", kProgram);
   LoadProgram(&View(), "c:\\marlo\\ncdata\\clean.nc");
-  window->ShowProgram();
   QTRY_VERIFY(TextsIn(window.get()).contains("빠짐 0, 다름 0"));
   EXPECT_EQ(rows->topLevelItemCount(), 0);
 
@@ -120,13 +118,13 @@ TEST_F(MainWindowTest, CheckOfLoadedProgramListsLinesLeftOut) {
   auto* const choice = window->findChild<QDockWidget*>("programCheck")->findChild<QComboBox*>();
   EXPECT_FALSE(choice->isVisible());
   Load("inch.nc", "G20\nG1 X1 F100\n");
-  View().results.recorded.push_back({.check = View().check.Keep()});
+  View().results.recorded.push_back({.check = View().KeepCheck()});
   LoadProgram(&View(), "c:\\marlo\\ncdata\\clean.nc");
-  window->ShowProgram();
   QTRY_COMPARE(choice->currentText(), ToQt("clean.nc · 빠짐 0, 다름 0"));
   EXPECT_EQ(FromQt(choice->itemText(0)), "inch.nc · 빠짐 0, 다름 1");
   choice->setCurrentIndex(0);
-  window->ShowProgram();
+  View().changes.Note(Change::kResult);
+  View().changes.Settle();
   EXPECT_EQ(rows->topLevelItemCount(), 1) << "the choice stays";
 }
 
@@ -167,7 +165,7 @@ TEST_F(MainWindowTest, LastFourFilesAreOffered) {
   EXPECT_TRUE(offered.contains("...&1 b&2 e && f&3 d&4 cE&xit")) << FromQt(offered);
   entries.at(4)->trigger();
   Settle();
-  EXPECT_EQ(View().fileName, "e & f");
+  EXPECT_EQ(View().fileName(), "e & f");
 }
 
 TEST_F(MainWindowTest, LegendShowsTimeOfMachineUntilItIsCleared) {
