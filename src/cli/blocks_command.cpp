@@ -7,7 +7,6 @@
 #include "base/format.h"
 #include "cli/command.h"
 #include "cli/command_line.h"
-#include "cli/commands.h"
 #include "cli/host.h"
 #include "cli/output.h"
 #include "cli/params.h"

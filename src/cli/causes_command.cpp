@@ -8,7 +8,6 @@
 #include "base/format.h"
 #include "cli/command.h"
 #include "cli/command_line.h"
-#include "cli/commands.h"
 #include "cli/host.h"
 #include "cli/json.h"
 #include "cli/output.h"

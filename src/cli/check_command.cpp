@@ -10,7 +10,6 @@
 #include "cli/check_note.h"
 #include "cli/command.h"
 #include "cli/command_line.h"
-#include "cli/commands.h"
 #include "cli/host.h"
 #include "cli/json.h"
 #include "cli/output.h"

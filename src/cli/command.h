@@ -13,7 +13,7 @@ namespace tvx {
 struct Call {
   std::string home;                    // folder of the drives; empty for the default
   std::string command;                 // its name in the table
-  std::vector<std::string> arguments;  // the words behind the name
+  std::vector<std::string> arguments;  // the words after the name
 };
 
 // A command. Its name has one or two words. `run` returns the exit status, or throws WrongCall or
@@ -24,7 +24,8 @@ struct ToolCommand {
   int (*run)(const Call& call);
 };
 
-// All commands, in the order of the help text. A new command is a new row and a new file.
+// All commands, in the order of the help text. A new command is a new row and a new file: man page
+// and completion are made from its help text, see scripts/tool-pages.
 std::span<const ToolCommand> ToolCommands();
 
 // The call itself is wrong: exit status 2.

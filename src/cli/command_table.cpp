@@ -1,8 +1,32 @@
 // The table of commands, in the order of the help text.
 #include "cli/command.h"
-#include "cli/commands.h"
 
 namespace tvx {
+
+// Each is in the file of its name and starts with its options.
+int RunBlocks(const Call& call);
+int RunCauses(const Call& call);
+int RunCheck(const Call& call);
+int RunConditionShow(const Call& call);
+int RunConditionWrite(const Call& call);
+int RunConfigShow(const Call& call);
+int RunDraw(const Call& call);
+int RunGetFeed(const Call& call);
+int RunInfo(const Call& call);
+int RunJobs(const Call& call);
+int RunMachineFit(const Call& call);
+int RunMachineShow(const Call& call);
+int RunMasterBuild(const Call& call);
+int RunMasterDump(const Call& call);
+int RunMasterLookup(const Call& call);
+int RunMasterShow(const Call& call);
+int RunMoves(const Call& call);
+int RunOptionLineBuild(const Call& call);
+int RunOptionLineParse(const Call& call);
+int RunPicture(const Call& call);
+int RunProject(const Call& call);
+int RunTime(const Call& call);
+
 namespace {
 
 constexpr ToolCommand kCommands[] = {

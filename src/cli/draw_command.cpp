@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "cli/command.h"
 #include "cli/command_line.h"
-#include "cli/commands.h"
 #include "cli/host.h"
 #include "cli/output.h"
 #include "cli/params.h"

@@ -6,7 +6,6 @@
 
 #include "cli/command.h"
 #include "cli/command_line.h"
-#include "cli/commands.h"
 #include "cli/host.h"
 #include "cli/json.h"
 #include "cli/nearest_name.h"

@@ -13,7 +13,6 @@
 #include "cli/check_note.h"
 #include "cli/command.h"
 #include "cli/command_line.h"
-#include "cli/commands.h"
 #include "cli/host.h"
 #include "cli/machine_option.h"
 #include "cli/output.h"

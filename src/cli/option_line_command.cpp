@@ -4,8 +4,8 @@
 #include <string>
 
 #include "base/path_text.h"
+#include "cli/command.h"
 #include "cli/command_line.h"
-#include "cli/commands.h"
 #include "cli/host.h"
 #include "cli/json.h"
 #include "cli/output.h"

@@ -48,4 +48,8 @@ void PrepareProgram(const ProgramFile& file, bool adjusts, CTVXView* view);
 ProgramResult EvaluateProgram(const ProgramFile& file, bool adjusts,
                               std::shared_ptr<const FileCheck> check, CTVXView* view);
 
+// Prints a program as the command blocks does: a line with its name, its counts and what its load
+// returned, then its records, one a line.
+void PrintStore(const std::string& name, const NcProgram& program, const Status& load);
+
 }  // namespace tvx

@@ -10,7 +10,6 @@
 #include "base/text.h"
 #include "cli/command.h"
 #include "cli/command_line.h"
-#include "cli/commands.h"
 #include "cli/host.h"
 #include "cli/json.h"
 #include "cli/machine_option.h"
