@@ -7,7 +7,7 @@ set(doc ${tree}/share/doc/tvx)
 
 file(REMOVE ${doc}/LICENSE)  # its text is in the copyright file
 configure_file(${CPACK_TVX_DEBIAN_FOLDER}/copyright ${doc}/copyright COPYONLY)
-configure_file(${CPACK_TVX_DEBIAN_FOLDER}/changelog ${doc}/changelog COPYONLY)
+configure_file(${CPACK_TVX_DEBIAN_FOLDER}/changelog ${doc}/changelog @ONLY)
 file(GLOB_RECURSE manuals ${tree}/share/man/*.[18])
 # -n: the same files produce the same package.
 execute_process(COMMAND gzip -9n ${doc}/changelog ${manuals} COMMAND_ERROR_IS_FATAL ANY)

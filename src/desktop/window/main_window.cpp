@@ -36,7 +36,7 @@ namespace {
 
 constexpr char kTitle[] = "TVX";
 
-// Of the window's settings.
+// Keys of the settings file of the window.
 constexpr char kGeometryKey[] = "windowGeometry";
 constexpr char kStateKey[] = "windowState";
 constexpr int kStateVersion = 1;  // another set of docks and bars needs another one
@@ -331,7 +331,7 @@ void MainWindow::ShowAbout() {
   QMessageBox box(this);
   box.setWindowTitle("About TVX");
   box.setIconPixmap(ProgramIcon().pixmap(48, 48));
-  box.setText("TVX Afa Version 3.1");
+  box.setText("TVX Afa Version " TVX_VERSION);
   box.exec();
 }
 

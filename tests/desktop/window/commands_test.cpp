@@ -186,7 +186,7 @@ CommandsTest::CommandsTest() {
       {kTileHorizontally, {"stacked", "", twoWindows}},
       {kTileVertically, {"abreast", "", twoWindows}},
       {kArrangeIcons, {"at the foot", "", iconAndWindow}},
-      {kAbout, {"", "?About TVX | ?TVX Afa Version 3.1 | ?[picture] | OK"}},
+      {kAbout, {"", "?About TVX | ?TVX Afa Version " TVX_VERSION " | ?[picture] | OK"}},
   });
   for (const MenuRow& row : WorkingMenu()) {
     const std::string key = row.text;
