@@ -56,7 +56,7 @@ bool IsMotion(const LineWord& word, bool isConversational) {
 }
 
 // The conversational parser passes over the words of such a line.
-bool IsPassedOver(const LineWords& words) {
+bool IsIgnored(const LineWords& words) {
   return words.Has("BEGIN") || words.Has("BLK") || words.Has("TOOL") || words.Has("END");
 }
 
@@ -67,7 +67,7 @@ bool HoldsProgramName(const LineWords& words) {
 
 // The first motion word outside comments and before a "#" that starts a macro.
 const LineWord* FirstMotion(const LineWords& words, bool isConversational) {
-  if (isConversational && IsPassedOver(words)) return nullptr;
+  if (isConversational && IsIgnored(words)) return nullptr;
   for (const LineWord& word : words.All()) {
     if (word.start > words.Macro()) break;
     if (IsMotion(word, isConversational)) return &word;
@@ -109,12 +109,12 @@ void CountFormat(const CheckedLine& line, RuleState* state) {
 
 // Lines that are not read, or in part.
 
-void CommentHidesLine(const CheckedLine& line, RuleState* state) {
+void CheckCommentHidesLine(const CheckedLine& line, RuleState* state) {
   if (!line.isHidden || line.motion == nullptr) return;
   state->remarks->Add(kCommentHidesLine, line.number, line.motion->text);
 }
 
-void CutOffByC(const CheckedLine& line, RuleState* state) {
+void CheckCutOffByC(const CheckedLine& line, RuleState* state) {
   if (line.outcome.moves || line.isHidden || line.motion == nullptr) return;
   const size_t c = line.seen.find('c');
   const bool hasZeroByte =
@@ -126,7 +126,7 @@ void CutOffByC(const CheckedLine& line, RuleState* state) {
   }
 }
 
-void WordWithoutNumber(const CheckedLine& line, RuleState* state) {
+void CheckWordWithoutNumber(const CheckedLine& line, RuleState* state) {
   if (line.outcome.moves || line.isHidden) return;
   const std::string_view read = line.seen.substr(0, line.seen.find('c'));
   size_t found = kNowhere;
@@ -146,7 +146,7 @@ void WordWithoutNumber(const CheckedLine& line, RuleState* state) {
   state->remarks->Add(kWordWithoutNumber, line.number, read.substr(found, end - found));
 }
 
-void LineTooLong(const CheckedLine& line, RuleState* state) {
+void CheckLineTooLong(const CheckedLine& line, RuleState* state) {
   if (!line.outcome.isCut) return;
   const LineWord* lost = line.motion;
   if (state->isConversational && lost != nullptr) {
@@ -159,7 +159,7 @@ void LineTooLong(const CheckedLine& line, RuleState* state) {
   if (lost != nullptr) state->remarks->Add(kLineTooLong, line.number, lost->text);
 }
 
-void Macro(const CheckedLine& line, RuleState* state) {
+void CheckMacro(const CheckedLine& line, RuleState* state) {
   const size_t macro = line.words.Macro();
   if (macro == kNowhere || (line.isHidden && line.motion != nullptr)) return;
   state->remarks->Add(kMacro, line.number, line.words.Text().substr(macro));
@@ -167,7 +167,7 @@ void Macro(const CheckedLine& line, RuleState* state) {
 
 // Lines that leave a block.
 
-void BeforeMotion(const CheckedLine& line, RuleState* state) {
+void CheckBeforeMotion(const CheckedLine& line, RuleState* state) {
   if (!line.outcome.moves || line.outcome.block.type != BlockNone) return;
   const auto isCoordinate = [](const LineWord& word) { return IsOneOf(word.letter, kAxes); };
   const auto word = std::ranges::find_if(line.words.All(), isCoordinate);
@@ -178,7 +178,7 @@ void BeforeMotion(const CheckedLine& line, RuleState* state) {
   if (isNewRun) state->remarks->Add(kBeforeMotion, line.number, word->text);
 }
 
-void BlockReplaced(const CheckedLine& line, RuleState* state) {
+void CheckBlockReplaced(const CheckedLine& line, RuleState* state) {
   const MotionBlock& block = line.outcome.block;
   if (!line.outcome.moves || block.type == BlockNone) return;
   const auto check = [&](char letter, float value) {
@@ -190,7 +190,7 @@ void BlockReplaced(const CheckedLine& line, RuleState* state) {
   if (IsArcType(block.type)) check('I', line.outcome.arcOffset.x);
 }
 
-void FeedZero(const CheckedLine& line, RuleState* state) {
+void CheckFeedZero(const CheckedLine& line, RuleState* state) {
   const MotionBlock& block = line.outcome.block;
   // The first move of a program is a rapid if it is an arc.
   const bool isCut = IsCutType(block.type) || (IsArcType(block.type) && state->moves > 0);
@@ -198,7 +198,7 @@ void FeedZero(const CheckedLine& line, RuleState* state) {
   state->remarks->Add(kFeedZero, line.number, "F" + std::to_string(block.feed));
 }
 
-void RapidByFeed(const CheckedLine& line, RuleState* state) {
+void CheckRapidByFeed(const CheckedLine& line, RuleState* state) {
   if (!line.outcome.isRapidByFeed) return;
   const LineWord* const feed = line.words.Letter('F');
   if (feed == nullptr) return;
@@ -208,9 +208,9 @@ void RapidByFeed(const CheckedLine& line, RuleState* state) {
 
 // Words that only machines understand.
 
-void Rotary(const CheckedLine& line, RuleState* state) {
+void CheckRotary(const CheckedLine& line, RuleState* state) {
   const bool isConversational = state->isConversational;
-  if (isConversational && (IsPassedOver(line.words) || HoldsProgramName(line.words))) return;
+  if (isConversational && (IsIgnored(line.words) || HoldsProgramName(line.words))) return;
   if (!isConversational && line.words.Letter('G', 4) != nullptr) return;
   for (const LineWord& word : line.words.All()) {
     // A small c ends the line, and that has a remark of its own.
@@ -261,7 +261,7 @@ void AddToolChange(const CheckedLine& line, RuleState* state) {
   }
 }
 
-void Codes(const CheckedLine& line, RuleState* state) {
+void CheckCodes(const CheckedLine& line, RuleState* state) {
   if (const LineWord* const tool = line.words.Letter('T')) {
     state->tool = ShortestFloat(static_cast<float>(tool->Value()));
   }
@@ -284,7 +284,7 @@ void Codes(const CheckedLine& line, RuleState* state) {
   }
 }
 
-// The same in words.
+// The rules of conversational lines, by the words of the line.
 
 const LineWord* WordAt(const CheckedLine& line, std::optional<size_t> index, size_t further = 0) {
   if (!index || *index + further >= line.words.All().size()) return nullptr;
@@ -296,7 +296,7 @@ std::string_view Span(const CheckedLine& line, const LineWord& first, const Line
   return line.words.Text().substr(first.start, last.End() - first.start);
 }
 
-void Calls(const CheckedLine& line, RuleState* state) {
+void CheckCalls(const CheckedLine& line, RuleState* state) {
   const auto call = line.words.Find("CALL");
   const LineWord* const called = WordAt(line, call, 1);
   if (called != nullptr && (called->text == "LBL" || called->text == "PGM")) {
@@ -321,7 +321,7 @@ std::optional<double> CycleDwell(const CheckedLine& line) {
   return std::nullopt;
 }
 
-void Cycles(const CheckedLine& line, RuleState* state) {
+void CheckCycles(const CheckedLine& line, RuleState* state) {
   const auto cycle = line.words.Find("CYCL");
   const LineWord* const kind = WordAt(line, cycle, 1);
   if (kind == nullptr || (kind->text != "DEF" && kind->text != "CALL")) return;
@@ -337,7 +337,7 @@ void Cycles(const CheckedLine& line, RuleState* state) {
   }
 }
 
-void ToolCalls(const CheckedLine& line, RuleState* state) {
+void CheckToolCalls(const CheckedLine& line, RuleState* state) {
   const auto tool = line.words.Find("TOOL");
   const LineWord* const call = WordAt(line, tool, 1);
   const LineWord* const number = WordAt(line, tool, 2);
@@ -346,12 +346,12 @@ void ToolCalls(const CheckedLine& line, RuleState* state) {
   AddToolChange(line, state);
 }
 
-void Names(const CheckedLine& line, RuleState* state) {
+void CheckNames(const CheckedLine& line, RuleState* state) {
   const LineWords& words = line.words;
   if (words.Has("BEGIN") && words.Has("PGM") && words.Has("INCH")) {
     state->remarks->Add(kInch, line.number, "INCH");
   }
-  if (IsPassedOver(words) || HoldsProgramName(words)) return;
+  if (IsIgnored(words) || HoldsProgramName(words)) return;
   for (const std::string_view name : {"RL", "RR"}) {
     if (words.Has(name)) state->remarks->Add(kCompensation, line.number, name);
   }
@@ -360,12 +360,14 @@ void Names(const CheckedLine& line, RuleState* state) {
 
 using Rule = void (*)(const CheckedLine& line, RuleState* state);
 
-constexpr Rule kWordRules[] = {CountFormat, CommentHidesLine, CutOffByC,     WordWithoutNumber,
-                               LineTooLong, BeforeMotion,     BlockReplaced, FeedZero,
-                               Macro,       Rotary,           RapidByFeed,   Codes};
-constexpr Rule kConversationalRules[] = {CountFormat,   CommentHidesLine, LineTooLong, BeforeMotion,
-                                         BlockReplaced, FeedZero,         Rotary,      RapidByFeed,
-                                         Calls,         Cycles,           ToolCalls,   Names};
+constexpr Rule kWordRules[] = {
+    CountFormat,      CheckCommentHidesLine, CheckCutOffByC,     CheckWordWithoutNumber,
+    CheckLineTooLong, CheckBeforeMotion,     CheckBlockReplaced, CheckFeedZero,
+    CheckMacro,       CheckRotary,           CheckRapidByFeed,   CheckCodes};
+constexpr Rule kConversationalRules[] = {CountFormat,       CheckCommentHidesLine, CheckLineTooLong,
+                                         CheckBeforeMotion, CheckBlockReplaced,    CheckFeedZero,
+                                         CheckRotary,       CheckRapidByFeed,      CheckCalls,
+                                         CheckCycles,       CheckToolCalls,        CheckNames};
 
 std::string Millimetres(double value) {
   return ShortestFloat(static_cast<float>(value));

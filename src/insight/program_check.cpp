@@ -107,7 +107,15 @@ class FormatWork final : public ProgramChecker::Work {
     kRead,    // all lines in memory
     kLimit,   // of the lines
     kWords,   // at a line that is not parsed yet
-    kOutcome  // behind a line whose outcome the rules have to see
+    kOutcome  // after a line whose outcome the rules have to see
+  };
+
+  // What a run of plain lines found.
+  struct PlainRun {
+    Stop stop = Stop::kLimit;
+    uint64_t lines = 0;     // read, the one at which it stopped included
+    NcLine line;            // at which it stopped, of kWords and kOutcome
+    LineOutcome outcome{};  // of that line, of kOutcome
   };
 
   // mm/min
@@ -117,7 +125,8 @@ class FormatWork final : public ProgramChecker::Work {
 
   bool CheckLines(uint64_t lines);
   bool CheckLinesOfFullStore(uint64_t lines);
-  Stop RunPlainLines(uint64_t* lines, NcLine* line, LineOutcome* outcome);
+  // Reads at most `limit` lines.
+  PlainRun RunPlainLines(uint64_t limit);
   LineOutcome ParseLine(const NcLine& line);
   void CheckLine(const NcLine& line, LineOutcome outcome);
   void End();
@@ -143,22 +152,21 @@ class FormatWork final : public ProgramChecker::Work {
 // Nearly all lines of a program end here. The parser stays local, and the rest of the check is far
 // from it, so that a line costs little more than its parsing.
 template <typename Parser>
-[[gnu::flatten, gnu::noinline]] typename FormatWork<Parser>::Stop FormatWork<Parser>::RunPlainLines(
-    uint64_t* lines, NcLine* lastLine, LineOutcome* outcome) {
+[[gnu::flatten, gnu::noinline]] typename FormatWork<Parser>::PlainRun
+FormatWork<Parser>::RunPlainLines(uint64_t limit) {
   Parser parser(&program_, &states_, job_);
+  PlainRun run;
   NcLine line;
   const char* const nextWord = plainLines_.NextWord();
-  const uint64_t limit = *lines;
   uint64_t left = limit;
   uint64_t arcs = 0;
-  Stop stop = Stop::kLimit;
   for (; left > 0; --left) {
     if (!reader_.NextInMemory(&line)) {
-      stop = Stop::kRead;
+      run.stop = Stop::kRead;
       break;
     }
     if (reader_.LineFeed() > nextWord || !PlainLines<kConversational>::IsPlain(line)) {
-      stop = Stop::kWords;
+      run.stop = Stop::kWords;
       break;
     }
     const bool moves = parser.Parse(line) != 0;
@@ -178,22 +186,21 @@ template <typename Parser>
         continue;
       }
     }
-    *outcome = {moves,          false, false, parser.Block(), parser.Start(), parser.ArcOffset(),
-                parser.Radius()};
-    stop = Stop::kOutcome;
+    run.outcome = {moves,          false, false, parser.Block(), parser.Start(), parser.ArcOffset(),
+                   parser.Radius()};
+    run.stop = Stop::kOutcome;
     break;
   }
   ApplyArcRules(&arcs_, &rules_);
   parser.Save();
   const uint64_t moves = limit - left;
-  const uint64_t taken = moves + (stop == Stop::kWords || stop == Stop::kOutcome ? 1 : 0);
+  run.lines = moves + (run.stop == Stop::kWords || run.stop == Stop::kOutcome ? 1 : 0);
+  run.line = line;
   rules_.moves += moves;
   rules_.motionLines += moves;
   blocks_ += moves + arcs;
-  check.lines += taken;
-  *lines -= taken;
-  *lastLine = line;
-  return stop;
+  check.lines += run.lines;
+  return run;
 }
 
 // Returns false at the end of the program.
@@ -201,19 +208,15 @@ template <typename Parser>
 bool FormatWork<Parser>::CheckLines(uint64_t lines) {
   while (lines > 0) {
     // Each line of a run may be an arc.
-    const uint64_t run = IsFull() ? 0 : std::min(lines, (capacity_ - blocks_) / 2);
-    if (run == 0) return CheckLinesOfFullStore(lines);
-    NcLine line;
-    LineOutcome outcome;
-    uint64_t left = run;
-    const Stop stop = RunPlainLines(&left, &line, &outcome);
-    lines -= run - left;
-    if (stop == Stop::kRead) {
+    const uint64_t limit = IsFull() ? 0 : std::min(lines, (capacity_ - blocks_) / 2);
+    if (limit == 0) return CheckLinesOfFullStore(lines);
+    const PlainRun run = RunPlainLines(limit);
+    lines -= run.lines;
+    if (run.stop == Stop::kRead) {
       if (!reader_.Refill()) return false;
       plainLines_.Search();
-    } else if (stop != Stop::kLimit) {
-      if (stop == Stop::kWords) outcome = ParseLine(line);
-      CheckLine(line, outcome);
+    } else if (run.stop != Stop::kLimit) {
+      CheckLine(run.line, run.stop == Stop::kWords ? ParseLine(run.line) : run.outcome);
       plainLines_.Pass();
     }
   }

@@ -47,8 +47,8 @@ class LineParser {
   Vec3 Start() const {
     const Vec3& last = state_.lastPos;
     if (!IsIncremental()) return last;
-    const Vec3& said = state_.savedPos;
-    return {last.x - said.x, last.y - said.y, last.z - said.z};
+    const Vec3& increment = state_.savedPos;
+    return {last.x - increment.x, last.y - increment.y, last.z - increment.z};
   }
   // I and J of the last line.
   Vec3 ArcOffset() const { return {lengths_[kArcI], lengths_[kArcJ], 0}; }
@@ -173,20 +173,21 @@ class LineParser {
     lengths_[kArcJ] = offset.y;
   }
 
-  // A valid line ends: what it said becomes modal, and the result tells whether it moves. An arc
+  // Ends a valid line: its values become modal, and the result is 1 if it moves, else 0. An arc
   // moves also where it ends at its start: that is a full circle.
   int Finish() {
-    const Vec3 said{lengths_[kX], lengths_[kY], lengths_[kZ]};
+    const Vec3 given{lengths_[kX], lengths_[kY], lengths_[kZ]};
     Vec3& last = state_.lastPos;
-    state_.savedPos = said;
+    state_.savedPos = given;
     state_.modalArcOffset.x = lengths_[kArcI];
     state_.modalArcOffset.y = lengths_[kArcJ];
     bool moves = false;
     if (!IsIncremental()) {
-      moves = said.x != last.x || said.y != last.y || said.z != last.z;
+      moves = given.x != last.x || given.y != last.y || given.z != last.z;
     } else {
-      moves = said.x != 0 || said.y != 0 || said.z != 0;
-      const Vec3 end{last.x + said.x, last.y + said.y, last.z + said.z};
+      const Vec3& increment = given;
+      moves = increment.x != 0 || increment.y != 0 || increment.z != 0;
+      const Vec3 end{last.x + increment.x, last.y + increment.y, last.z + increment.z};
       SetPosition(end);
       if (moves) last = end;
     }
