@@ -61,7 +61,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   ParserStates states;
   NcProgram program;
   LoadStart next = TakeLoadStart(program, states);
-  // Twice: the second load and the second check start from the state behind the first.
+  // Twice: the second load and the second check start from the state after the first.
   for (int load = 0; load < 2; ++load) {
     ProgramChecker checker("c:\\fuzz.nc", next, job, &files, {.storedPerId = kStoredPerId});
     Require(LoadNcFile("c:\\fuzz.nc", &program, &states, &job, &files).ok());

@@ -11,12 +11,12 @@ namespace tvx {
 inline constexpr std::string_view kBackslash = "\\";
 inline constexpr std::string_view kAnySlash = "\\/";
 
-// The part behind the last separator; the whole path if it has none.
+// The part after the last separator; the whole path if it has none.
 inline std::string NameOfPath(std::string_view path, std::string_view separators) {
   return std::string(path.substr(path.find_last_of(separators) + 1));
 }
 
-// The part of the name behind its last dot, "nc" of "c:\\a\\b.nc"; empty if it has none.
+// The part of the name after its last dot, "nc" of "c:\\a\\b.nc"; empty if it has none.
 inline std::string EndingOfPath(std::string_view path, std::string_view separators) {
   const std::string name = NameOfPath(path, separators);
   const size_t dot = name.rfind('.');

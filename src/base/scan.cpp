@@ -75,7 +75,7 @@ bool TakeWholeNumber(Cursor* cursor) {
   return cursor->TakeAll(IsDigit);
 }
 
-// A decimal number, and behind it an exponent, which may end before its digits.
+// A decimal number, and after it an exponent, which may end before its digits.
 bool TakeReal(Cursor* cursor) {
   bool taken = TakeWholeNumber(cursor);
   if (cursor->TakeLetter('.')) taken |= cursor->TakeAll(IsDigit);

@@ -34,7 +34,7 @@ std::string MarkupText(std::string_view text);
 // True for well-formed UTF-8, plain ASCII included.
 bool IsUtf8(std::string_view bytes);
 
-// The position behind the UTF-8 character at a position inside the text.
+// The position after the UTF-8 character at a position inside the text.
 inline size_t CharacterEnd(std::string_view utf8, size_t at) {
   constexpr auto continues = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; };
   do ++at;
@@ -42,7 +42,7 @@ inline size_t CharacterEnd(std::string_view utf8, size_t at) {
   return at;
 }
 
-// Replaces every occurrence of a text, from the front, and goes on behind what it put in. Nothing
+// Replaces every occurrence of a text, from the front, and goes on after what it put in. Nothing
 // happens for an empty `from`.
 void ReplaceAll(std::string_view from, std::string_view to, std::string* text);
 

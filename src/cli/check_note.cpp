@@ -13,7 +13,7 @@
 namespace tvx {
 namespace {
 
-// As an argument of a shell.
+// Returns the word as one argument of a shell command.
 std::string Quoted(std::string word) {
   constexpr auto isPlain = [](char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||

@@ -12,7 +12,7 @@ void Print(std::string_view text);
 // A text of a program for one line of a terminal: control characters but tabs as "?".
 std::string Printable(std::string text);
 
-// Writes a line to standard error, behind the name of the tool; control characters as "?".
+// Writes a line to standard error, after the name of the tool; control characters as "?".
 void PrintRemark(std::string text);
 
 // From now on standard error gets errors only. Commands leave out what else they would say.

@@ -14,7 +14,7 @@ class QWidget;
 namespace tvx {
 
 // The pens of the pictures on the screen and of the legend; pictures in files and on paper keep
-// the defined ones.
+// the usual ones.
 PenStyles ScreenPens();
 
 // The language that the user has chosen in a settings file, one of jobs/labels.h; none if there is

@@ -72,7 +72,7 @@ struct CauseMinutes {
 };
 
 // Looks at every block once, which repairs bad records. `highestFeed`: the MaxFeed of the pass,
-// which is the FeedBase of the program behind it, mm/min.
+// which is the FeedBase of the program after it, mm/min.
 CauseMinutes CountCauses(BlockStore* store, int32_t highestFeed, const FeedCauses& causes);
 
 // The minutes of the straight cuts by ranges of their feed. `rangeOf` returns the index of the

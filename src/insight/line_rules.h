@@ -19,7 +19,7 @@ struct LineOutcome {
   bool moves = false;          // it left a block, perhaps of type 0
   bool isCut = false;          // it is longer than what the parser gets
   bool isRapidByFeed = false;  // a rapid that would be a cut or an arc without its F words
-  MotionBlock block;           // the register behind the line
+  MotionBlock block;           // the register after the line
   Vec3 start;                  // where the move begins
   Vec3 arcOffset;              // I, J
   float radius = 0;            // the last radius read

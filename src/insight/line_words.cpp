@@ -19,7 +19,7 @@ bool IsLetter(char c) {
   return Capital(c) >= 'A' && Capital(c) <= 'Z';
 }
 
-// The place behind the number that starts at a place, or that place if none does: a sign or none,
+// The place after the number that starts at a place, or that place if none does: a sign or none,
 // and digits with a point or none.
 size_t NumberEnd(std::string_view text, size_t start) {
   size_t at = start;

@@ -19,7 +19,7 @@ struct LineWord {
   size_t End() const { return start + text.size(); }
   bool IsName() const;
   bool IsNumber() const;
-  // The number behind the letter, or the number alone.
+  // The number after the letter, or the number alone.
   double Value() const;
   bool Is(char wanted, double number) const { return letter == wanted && Value() == number; }
 };

@@ -75,7 +75,7 @@ std::string_view Trimmed(std::string_view text) {
   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-// Sets one field of a profile from the text behind its key.
+// Sets one field of a profile from the text after its key.
 struct FieldReader {
   std::string_view text;
   bool mayBeZero;
@@ -115,7 +115,7 @@ struct FieldReader {
   }
 };
 
-// The words of a field behind its key.
+// The words of a field after its key.
 struct FieldWriter {
   const MachineProfile& profile;
 

@@ -62,7 +62,7 @@ double SlowDown(const MachineMove& move, double exitSquared, std::array<double, 
 }
 
 // Walks the program from its end. Returns for each timed move, the last one first, the square of
-// the highest speed at its end from which everything behind it can be run.
+// the highest speed at its end from which everything after it can be run.
 std::vector<double> BackwardPass(BlockStore* store, const MachineLimits& limits) {
   std::vector<double> exits;
   exits.reserve(CountMoves(store));

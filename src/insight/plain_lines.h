@@ -53,7 +53,7 @@ class PlainLines {
     // Lines of the other format are counted.
     return !conversational || IsDigit(*line.text) || *line.text == 'L';
   }
-  // Goes on behind a line that is not plain.
+  // Goes on after a line that is not plain.
   void Pass() {
     while (*next_ < reader_.LineFeed()) ++next_;
   }

@@ -29,7 +29,7 @@ class Pieces {
     return {buffer_.data(), count};
   }
 
-  // Offset of the byte behind the last piece.
+  // Offset of the byte after the last piece.
   uint64_t end() const { return offset_; }
 
  private:

@@ -39,7 +39,7 @@ class SourceLines {
   Result<uint64_t> Count();
 
   // The texts of up to `count` lines from `first` on, without their line ends: fewer at the end of
-  // the file, none behind it. In UTF-8, decoded from CP949 unless the bytes of the line are UTF-8
+  // the file, none after it. In UTF-8, decoded from CP949 unless the bytes of the line are UTF-8
   // already.
   //
   // The first call reads the whole file once and stores the offset of every 4096th line.

@@ -10,7 +10,7 @@ namespace tvx {
 
 namespace {
 
-constexpr size_t kDriveEnd = 2;  // index of the backslash behind "c:"
+constexpr size_t kDriveEnd = 2;  // index of the backslash after "c:"
 
 char Lower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;

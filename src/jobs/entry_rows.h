@@ -11,7 +11,7 @@
 namespace tvx {
 
 // `name` is the entry's file; `file` and `options` come from its option line; `language` is that of
-// the labels. The last rows are the key codes, one word each behind two blanks.
+// the labels. The last rows are the key codes, one word each after two blanks.
 std::vector<std::string> EntryRows(const std::string& name, const LineFile& file,
                                    const JobRecord& options, int32_t language);
 

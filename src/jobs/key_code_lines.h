@@ -1,4 +1,4 @@
-// The key-code part of an option line: the word "KeyCode" and the blank-separated words behind it,
+// The key-code part of an option line: the word "KeyCode" and the blank-separated words after it,
 // up to the end of the line. The functions make a new line from a line and leave the rest of it as
 // it is.
 #pragma once
@@ -17,7 +17,7 @@ std::string_view KeyCodePart(std::string_view line);
 // The line with another part in place of its own, or at its end. An empty part removes its own.
 std::string WithKeyCodePart(std::string_view line, std::string_view part);
 
-// The line with `text` behind its last word. A line without a key-code part gets one first.
+// The line with `text` after its last word. A line without a key-code part gets one first.
 std::string WithKeyCode(std::string_view line, std::string_view text);
 
 // The same with `text` in front of the first occurrence of `word`, which may be anywhere in the
@@ -33,7 +33,7 @@ bool HasKeyCode(std::string_view line, std::string_view word);
 std::string WithKeyCodeReplaced(std::string_view line, std::string_view word,
                                 std::string_view text);
 
-// The part that the bytes of a key-code file hold: the first line of the file, cut behind the word
+// The part that the bytes of a key-code file hold: the first line of the file, cut after the word
 // that reaches its 99th byte.
 std::string KeyCodePartOfFile(std::string_view bytes);
 

@@ -99,7 +99,7 @@ std::string_view ScanWindow(std::string_view text) {
   return text.substr(0, end);
 }
 
-// A scanner behind the first occurrence of a search text, which is that many words long.
+// A scanner after the first occurrence of a search text, which is that many words long.
 std::optional<WordScanner> ScanBehind(std::string_view line, std::string_view searchText,
                                       int words) {
   const size_t at = line.find(searchText);
@@ -187,7 +187,7 @@ void ReadConditions(std::string_view line, JobRecord* job) {
   }
 }
 
-// The words of a key-code part: what follows "KeyCode" and the one character behind it, without
+// The words of a key-code part: what follows "KeyCode" and the one character after it, without
 // white space at its end.
 std::string_view KeyCodeWords(std::string_view part) {
   part.remove_prefix(std::string_view(kKeyCodeWord).size());

@@ -46,7 +46,7 @@ std::string WithoutLeadingBlanks(std::string text) {
   return text.erase(0, std::min(text.find_first_not_of(' '), text.size()));
 }
 
-// The part of a name behind its last backslash, without blanks on both sides.
+// The part of a name after its last backslash, without blanks on both sides.
 std::string BareName(const std::string& name) {
   std::string bare = WithoutLeadingBlanks(NameOfPath(name, kBackslash));
   bare.erase(bare.find_last_not_of(' ') + 1);

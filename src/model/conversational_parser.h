@@ -38,7 +38,7 @@ class ConversationalParser final : public LineParser {
   // How the scan of a line ended.
   enum class Ending {
     kLineEnd,
-    kNoMove,  // at a word that takes the move away
+    kNoMove,  // at a word after which the line makes no move
     kBlock,   // at a word that leaves the block as it stands
   };
 
@@ -133,7 +133,7 @@ class ConversationalParser final : public LineParser {
     return 0;
   }
 
-  // The direction of rotation closes an arc, from the last radius read. Two characters behind the
+  // The direction of rotation closes an arc, from the last radius read. Two characters after the
   // sign belong to the word, whatever they are.
   void DirectionWord(const char** next) {
     if (Accept(next, '-')) {

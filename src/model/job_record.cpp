@@ -55,7 +55,7 @@ std::vector<JobField> MakeFields() {
   return fields;
 }
 
-// True if the text is one number with nothing behind it.
+// True if the text is one number with nothing after it.
 bool IsWholeNumberText(std::string_view text) {
   WordScanner scanner(text);
   int32_t number = 0;

@@ -38,8 +38,8 @@ uint32_t LineMap::LineOf(uint32_t block) const {
   const uint32_t first = static_cast<uint32_t>(chunk) * kChunkLines + 1;
   uint32_t left = block - chunks_[chunk].firstBlock;
   if (arcs.isList) {
-    // Block `left` of the chunk is behind the second records of so many arcs; arc i has its second
-    // record i + 1 blocks behind its line's number.
+    // Block `left` of the chunk is after the second records of so many arcs; arc i has its second
+    // record i + 1 blocks after its line's number.
     uint32_t low = 0, high = arcs.count;
     while (low < high) {
       const uint32_t middle = (low + high) / 2;

@@ -60,7 +60,7 @@ class LineMap {
 // few instructions each.
 class LineMapBuilder {
  public:
-  // An arc whose first record is this block, behind those of all earlier calls.
+  // An arc whose first record is this block, after those of all earlier calls.
   void AddArc(uint32_t block) {
     uint32_t place = block - firstBlock_ - openArcs_;  // its line in the open chunk
     if (place >= LineMap::kChunkLines) [[unlikely]]

@@ -35,7 +35,7 @@ class LineReader {
   // What is kept of a line that is split between two reads: more than the parser ever looks at.
   static constexpr size_t kParserKeptBytes = 255;
 
-  // The parser never looks behind the first bytes of a line; who does asks for more of them.
+  // The parser never looks beyond the first bytes of a line; a caller that does asks for more.
   // `progress` gets the bytes read; once it is stopped, no further ones are read.
   explicit LineReader(InputFile* file, size_t keptBytes = kParserKeptBytes,
                       Progress* progress = NoProgress())
@@ -65,7 +65,7 @@ class LineReader {
       Cut(line);
     return true;
   }
-  // Reads on behind what is left, and moves it. False at the end of the file.
+  // Reads on after what is left, and moves it. False at the end of the file.
   bool Refill() {
     const size_t kept = std::min(static_cast<size_t>(end_ - next_), keptBytes_);
     std::memmove(buffer_.data(), next_, kept);
@@ -129,7 +129,7 @@ class LineReader {
     return found != nullptr ? static_cast<const char*>(found) : end;
   }
 
-  // A line feed stands behind it all, so that every search ends.
+  // A line feed stands after it all, so that every search ends.
   void SetRange(size_t filled) {
     buffer_[filled] = '\n';
     next_ = buffer_.data();
@@ -150,7 +150,7 @@ class LineReader {
   uint64_t totalBytes_;
   uint64_t readBytes_ = 0;
   const char* next_ = nullptr;  // the first byte not given
-  const char* end_ = nullptr;   // behind the last byte read; a line feed stands there
+  const char* end_ = nullptr;   // after the last byte read; a line feed stands there
   const char* wholeOfCut_ = nullptr;
   char cut_[kParserLineBytes + 1];
 };

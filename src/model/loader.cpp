@@ -21,7 +21,7 @@ constexpr int32_t kConversationalType = 2;
 // Feed in force until the first F word, mm/min.
 constexpr int32_t kStartFeed = 100;
 
-// Appends what the lines give behind the last block of the store.
+// Appends what the lines give after the last block of the store.
 class BlockAppender {
  public:
   BlockAppender(BlockStore* store, LineMapBuilder* lines) : store_(*store), lines_(*lines) {}

@@ -6,7 +6,7 @@
 
 namespace tvx {
 
-// The number behind an address letter.
+// The number after an address letter.
 struct NumberToken {
   double value = 0;   // as C's atof gives it: of the longest valid prefix, 0 for none
   bool empty = true;  // not one character of a number followed the letter
@@ -16,8 +16,8 @@ struct NumberToken {
 const char* TakeNumberSlowPath(const char* next, bool plusAllowed, NumberToken* number);
 
 // Takes the number at *next: digits, "." and "-", and "+" where allowed, at most 19 characters.
-// White space is no part of it. Leaves *next behind the part that has a value, or behind signs and
-// points without one; whatever else belongs to the number is passed over by the parser anyway. A
+// White space is no part of it. Leaves *next after the part that has a value, or after signs and
+// points without one; whatever else belongs to the number is ignored by the parser anyway. A
 // character that belongs to no number has to follow sooner or later; a line feed does in every
 // line.
 //

@@ -43,7 +43,7 @@ class WordParser final : public LineParser {
       const Word word = kWords[static_cast<unsigned char>(*next++)];
       if (word > kLastNumberWord) {
         if (word == kPassedOver) continue;
-        return word == kLineFeed;  // behind a small c the line is text; a zero byte cuts it
+        return word == kLineFeed;  // after a small c the line is text; a zero byte cuts it
       }
       // A letter without a number takes effect as 0 and makes the line invalid.
       const NumberToken number = TakeNumber<false>(&next);

@@ -10,7 +10,7 @@
 
 namespace tvx {
 
-// The check of a dialog's number field when the dialog is accepted: one number with nothing behind
+// The check of a dialog's number field when the dialog is accepted: one number with nothing after
 // it, within a range whose ends count. Returns true and sets *value; otherwise shows the user what
 // is wanted, returns false and leaves *value alone. An infinite value or a NaN is no number.
 bool AcceptNumber(std::string_view text, float lowest, float highest, UserInterface* ui,

@@ -59,7 +59,7 @@ class UserInterface {
   // leaves *path alone when the user cancels.
   virtual bool ChooseFile(const FileQuestion& question, std::string* path) = 0;
 
-  // Shows a text in the status line until the next one, behind the path of the file it is about.
+  // Shows a text in the status line until the next one, after the path of the file it is about.
   virtual void ShowStatus(const std::string& text, const std::string& path = {}) = 0;
 
   // Shows long work and lets the user stop it. The same object at each call.

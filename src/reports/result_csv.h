@@ -14,7 +14,7 @@ namespace tvx {
 // "machine." and the field follow, empty for a result without one.
 std::string ResultsCsv(std::span<const ProgramResult> results);
 
-// The names of the machine columns, each behind `prefix`, and the values of one time, appended.
+// The names of the machine columns, each after `prefix`, and the values of one time, appended.
 void AddMachineNames(const std::string& prefix, std::vector<std::string>* row);
 void AddMachineValues(const MachineTime& time, std::vector<std::string>* row);
 

@@ -19,7 +19,7 @@ const ConfigurationField kFields[] = {
     {"Editor", "편집기(editor)", &Configuration::Editor, "wordpad.exe"},
 };
 
-// The file of a first start has two blanks after all keys but the first, and one behind each value.
+// The file of a first start has two blanks after all keys but the first, and one after each value.
 std::string FirstStartText(const Configuration& configuration) {
   std::string text;
   for (const ConfigurationField& field : kFields) {

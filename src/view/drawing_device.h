@@ -51,7 +51,7 @@ inline constexpr PenStyle kPenStyles[kPenCount] = {
 
 using PenStyles = std::span<const PenStyle, kPenCount>;
 
-// The pens of the screen for users who see the defined ones badly on black. Every band has a
+// The pens of the screen for users who see the usual ones badly on black. Every band has a
 // contrast of at least 4.5 to the ground and 1.5 to its neighbours, by the definition of WCAG 2,
 // and keeps it for protanopia, deuteranopia and tritanopia.
 inline constexpr PenStyle kHighContrastPenStyles[kPenCount] = {

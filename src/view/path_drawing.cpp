@@ -191,9 +191,9 @@ uint32_t PathDrawing::DrawBlock(uint32_t index) {
   return index + 2;
 }
 
-// A move without portions is defined to read its previous move, even when smooth change is off and
-// nothing is drawn from it. DrawWithoutPortions omits that read. The one after the last move shows
-// in the block register, so it is made here.
+// Drawing a move reads its previous move, even when smooth change is off and nothing is drawn from
+// it. DrawWithoutPortions omits that read for moves without portions. The read of the last move
+// determines the block register afterwards, so it is made here.
 void PathDrawing::ReadAfterLastMove() {
   const uint32_t last = store_->blockCount - 1;
   const MotionBlock& block = store_->CurrentBlock;

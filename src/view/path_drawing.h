@@ -96,14 +96,14 @@ class PathDrawing {
   void DrawPath();
 
   // Draws the move at an index below blockCount, from where the drawing is; nothing for any other
-  // block. An arc starts at the prevEnd of the state. Returns the index behind the move's records.
+  // block. An arc starts at the prevEnd of the state. Returns the index after the move's records.
   uint32_t DrawBlock(uint32_t index);
 
   // Draws the move of type 1 to 4 at an index, in portions and colour steps. `block` is its record.
   void DrawMove(uint32_t index, const MotionBlock& block);
 
   // From now on, long runs of chords whose lines are all further than `reach` pixels from the pixel
-  // are passed over: the device only moves to their end. For a caller that looks for lines there.
+  // are skipped: the device only moves to their end. For a caller that looks for lines there.
   void DrawChordsNear(Pixel pixel, int reach) { focus_ = Focus{pixel, reach}; }
 
   // Draws an arc as chords of about three pixels. An arc of more than kMostChords is not drawn.

@@ -115,7 +115,7 @@ TEST(EqualNoCase, OnlyAsciiLettersHaveCase) {
   EXPECT_FALSE(EqualNoCase("\xC3\x80", "\xC3\xA0"));
 }
 
-// Reads a number, real ('f') or whole ('d'), and the words behind it: "VALUE|WORD|WORD", with "-"
+// Reads a number, real ('f') or whole ('d'), and the words after it: "VALUE|WORD|WORD", with "-"
 // where there is no number.
 std::string Outcome(const std::string& text, char conversion) {
   WordScanner scanner(text);

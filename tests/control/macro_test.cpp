@@ -27,7 +27,7 @@ TEST(Subprograms, CallsAndReturns) {
       // M97: the next N below, else the first of the program.
       {"N5 Y1\nM97 P7 L2\nM97 P5\nM30\nN5 X5\nN7 G91 X1\nM99",
        "rapid 0 1 0; rapid 1 1 0; rapid 2 1 0; rapid 7 1 0; rapid 8 1 0"},
-      // Of M97, M98 and M99 the last, behind the move of the line.
+      // Of M97, M98 and M99 the last, after the move of the line.
       {"O1\nX1 M98 P2 M99\nX2\nO2\nX3", "rapid 1 0 0"},
       // M30 ends the run from a subprogram too.
       {"O1\nM98 P2\nX9\nO2\nX1\nM30", "rapid 1 0 0"},

@@ -111,7 +111,7 @@ TEST(FeedPass, TraceHoldsTheLastChangeAndAltersNone) {
   }
 }
 
-// Adjusts level cuts whose corners are at right angles, behind `shift` lines without a move.
+// Adjusts level cuts whose corners are at right angles, after `shift` lines without a move.
 // Returns the feeds of the cuts from `first` to `last`.
 std::string FeedsOfCorners(const std::vector<float>& lengths, size_t cutsPerSide, size_t shift,
                            size_t first, size_t last) {
@@ -134,7 +134,7 @@ std::string FeedsOfCorners(const std::vector<float>& lengths, size_t cutsPerSide
 }
 
 // While all moves are long a corner only sets zones: the tail before the edge of a batch and the
-// head behind it stay.
+// head after it stay.
 TEST(FeedPass, LongMovesHaveTheSameFeedsWhereverABatchEnds) {
   Random random(1);
   std::vector<float> lengths;

@@ -93,7 +93,7 @@ std::string Along(char axis, int count) {
   return text;
 }
 
-// Zones of 5 mm at 100 instead of 1000 mm/min: 0.045 minutes before and behind a corner.
+// Zones of 5 mm at 100 instead of 1000 mm/min: 0.045 minutes before and after a corner.
 TEST(FeedCauses, PlacesAreRunsOfLinesThatOneRuleSlows) {
   const std::string start = "G0 X0 Y0 Z0\nG1 F500\n";
   const Rows<std::string, const char*> rows = {

@@ -44,7 +44,7 @@ TEST(BuildMaster, RefinementKeepsTheBudget) {
 
 TEST(BuildMaster, RefusalChangesNothing) {
   using enum StatusKind;
-  // The number, type and size of the moves behind the first; tolerance and tool diameter.
+  // The number, type and size of the moves after the first; tolerance and tool diameter.
   const Rows<const char*, int, BlockType, float, float, float, StatusKind> rows = {
       {"four blocks", 3, BlockCut, 10, 1, 10, kFewBlocks},
       {"five blocks", 4, BlockCut, 10, 1, 10, kOk},

@@ -78,10 +78,10 @@ const ProgramCase kConversational[] = {
     {"CC X3 Y4\nC X10 DR-\nCC X10\nC X18 DR-\nCC Y6 Z3\nL X20\nTC X1Y1\nECX1\nC X30 DR+",
      "0; 1 10 0 0; 101 5 0 0; 0; 8 18 0 0; 101 4 0 0; 0; 3 20 0 0; 0; 0; 6 30 0 0; "
      "101 5 18.357561 0"},
-    // G words; I, J and # are passed over.
+    // G words; I, J and # are ignored.
     {"G1 X+5 I9 J9\nX6 # Y\nG91 X1 Y+1\nG90 X1\nG X2\nG+1X3\nG91.9X1 (\nX1G91Y2",
      "3 5 0 0; 4 6 0 0; 4 7 1 0; 4 1 0 0; 1 2 0 0; 2 3 0 0; 0; 2 3 2 0"},
-    // Two characters after a direction are passed over; R needs a number.
+    // Two characters after a direction are ignored; R needs a number.
     {"CR X10 R5 DR+RX9Y4\nCR X20 R DR- F300\nCR9X30DR\nDX1\nL X2 D R+9\nX9 DR\nR1 DRX3 Y9\n"
      "DR 1X3Y5",
      "1 10 4 0; 101 5 0 0; 8 20 4 0; 101 5 0 0; 8 30 4 0; 101 5 0 0; 8 1 4 0; 101 5 0 0; "

@@ -315,7 +315,7 @@ TEST_F(JobListRun, ItsFilesAreCheckedBehindItAsFarAsTheyAreThoseThatWereLoaded) 
   RunJobList(&view);
   files.Remove("c:\\marlo\\ncdata\\gone.nc");
   put("changed.nc");
-  view.Load("b.nc");  // the program behind the run
+  view.Load("b.nc");  // the program after the run
   const auto states = [this] {
     std::string text;
     for (const ProgramResult& result : view.results.recorded) {

@@ -1,4 +1,4 @@
-// Counts only while the dock is shown, behind the paint of the window: it walks the whole program.
+// Counts only while the dock is shown, after the paint of the window: it walks the whole program.
 #include "desktop/docks/causes_dock.h"
 
 #include <QHeaderView>

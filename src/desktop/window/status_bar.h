@@ -46,7 +46,7 @@ class StatusBar : public QStatusBar {
   QString PathOrReady() const;
 
   QLabel* label_;
-  QString text_;  // behind a hint
+  QString text_;  // after a hint
   QString hint_;
   QToolButton* open_;
   QString file_;  // that the button opens

@@ -108,7 +108,7 @@ void ViewWidget::DrawPicture(Progress* progress) {
   texts_ = device.texts();
 }
 
-// A picture that takes long is drawn behind the paint event, since its progress paints too, and
+// A picture that takes long is drawn after the paint event, since its progress paints too, and
 // takes the input: not while the mouse turns or zooms. While work is under way, the picture stays
 // as it is: the store may hold a part of a program.
 void ViewWidget::DrawOutdated() {

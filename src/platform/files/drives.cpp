@@ -89,7 +89,7 @@ void WriteFirstLayout(const fs::path& home) {
   }
 }
 
-// The components of a drive path behind its drive, with "." and ".." worked out.
+// The components of a drive path after its drive, with "." and ".." worked out.
 std::vector<std::string_view> Components(std::string_view path) {
   std::vector<std::string_view> components;
   while (!path.empty()) {

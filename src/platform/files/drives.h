@@ -16,7 +16,7 @@ namespace tvx {
 //
 // The home folder holds drives.txt: lines of a drive letter with its colon and a host folder
 // ("c: drive_c", "n: /srv/nc files"); a relative folder lies below the home folder, the folder need
-// not exist. Of two lines for one letter the later one counts; other lines are passed over.
+// not exist. Of two lines for one letter the later one counts; other lines are ignored.
 class Drives {
  public:
   // Opens the table of a home folder. At the first start (no drives.txt) the folder is created with

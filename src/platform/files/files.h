@@ -42,7 +42,7 @@ class OutputFile {
   // Appends bytes, through a buffer, so that many small pieces cost little and a failure may show
   // only at a later call. After a failure, each later call fails for the same reason.
   virtual Status Write(std::string_view bytes) = 0;
-  // Overwrites bytes written earlier, from `offset` on; writing goes on behind the end. Fails as
+  // Overwrites bytes written earlier, from `offset` on; writing goes on after the end. Fails as
   // above or, with nothing changed, if the range does not lie within what has been written.
   virtual Status Patch(uint64_t offset, std::string_view bytes) = 0;
   // For a file that can be made again at will: Commit does not wait until it is on the disk.

@@ -65,7 +65,7 @@ TEST_F(DocksTest, WalkByLinesShowsWhatTheToolExplains) {
   QProcess tool;
   tool.start(TVX_CLI, {"blocks", "--afa", "--explain", ToQt((programs / "part.nc").string())});
   ASSERT_TRUE(tool.waitForFinished());
-  // The last change of each line: rule, feeds behind it, line with its text.
+  // The last change of each line: rule, feeds after it, line with its text.
   std::map<uint64_t, QStringList> explained;
   const QRegularExpression change(": block \\d+: (.*): .* -> (.*), (line (\\d+): .*)");
   for (const QString& row : QString::fromUtf8(tool.readAllStandardError()).split('\n')) {
