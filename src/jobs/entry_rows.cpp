@@ -13,17 +13,19 @@ namespace {
 
 using Rows = std::vector<std::string>;
 
-// Some rows have one blank in front, and SlopeMaxRatio has one decimal fewer than CornerMaxRatio.
+constexpr Message kFileName = {"화일명 : {name} ", "FileName : {name} "};
+
+const char* Indent(const FeedField& field) {
+  if (field.form == FeedForm::kSwitch) return "  ";
+  if (field.form != FeedForm::kValue) return "";
+  const bool isPlungeFeed = field.member == FeedMember(&JobRecord::PlungeFeed);
+  return isPlungeFeed || field.groupSize > 1 ? " " : "  ";
+}
+
+// SlopeMaxRatio has one decimal fewer than CornerMaxRatio.
 std::string ConditionRow(const JobRecord& job, const FeedField& field, Language language) {
-  const bool isValue = field.form == FeedForm::kValue;
-  const bool hasOneBlank =
-      isValue && (field.groupSize > 1 || field.member == FeedMember(&JobRecord::PlungeFeed));
-  const bool hasTwoBlanks = !hasOneBlank && (isValue || field.form == FeedForm::kSwitch);
   const bool isSlopeRatio = field.member == FeedMember(&JobRecord::SlopeMaxRatio);
-  return (hasOneBlank    ? " "
-          : hasTwoBlanks ? "  "
-                         : "") +
-         LabelledText(job, field, isSlopeRatio ? 1 : field.decimals, language);
+  return Indent(field) + LabelledText(job, field, isSlopeRatio ? 1 : field.decimals, language);
 }
 
 Rows ConditionRows(const JobRecord& job, Language language) {
@@ -39,7 +41,7 @@ Rows ConditionRows(const JobRecord& job, Language language) {
 
 std::vector<std::string> EntryRows(const std::string& name, const LineFile& file,
                                    const JobRecord& options, int32_t language) {
-  Rows rows = {ReplaceLabels(Format("화일명 : %s ", name.c_str()), language), file.currentDirectory,
+  Rows rows = {Say(kFileName, LanguageOf(language), {{"name", name}}), file.currentDirectory,
                Format("FileSize %d Byte", file.fileSize)};
   if (options.DeleteM30 == 0) rows.push_back("M30 ON");
   rows.push_back(Format("Restart %s", OnOff(options.RestartOn)));

@@ -426,17 +426,20 @@ TEST_F(TransferDialog, OptionsOfTheFilesToCome) {
 }
 
 TEST_F(TransferDialog, EnglishLabelsLeaveNamesAlone) {
-  PutNc("공차\\c.nc", "G01\n");
+  PutNc("공차\\번호.nc", "G01\n");
   slot.WorkDir = "c:\\marlo\\ncdata\\공차";
   JobDialogSetup setup = World();
   setup.labelLanguage = kEnglishLabels;
   dialog.Open(setup);
   EXPECT_TRUE(dialog.conditionCaption.starts_with("Afa: ToolDia 10.0"));
-  Append("c.nc");
-  EXPECT_EQ(dialog.information.at(0), "FileName : c.nc ");
+  Append("번호.nc");
+  EXPECT_EQ(dialog.information.at(0), "FileName : 번호.nc ");
   EXPECT_EQ(dialog.information.at(1), "c:\\marlo\\ncdata\\공차");
+  dialog.list.lines[0] = "Dir c:\\x Afa ON TD 10.0 MAT 블록 MMA c:\\좌표.mma ";
   dialog.SelectEntry(0);
   EXPECT_EQ(std::ranges::count(dialog.information, "  ToolDia 10.0"), 1);
+  EXPECT_EQ(std::ranges::count(dialog.information, "  MaterialName: 블록"), 1);
+  EXPECT_EQ(dialog.information.back(), "MMA c:\\좌표.mma");
 }
 
 TEST_F(TransferDialog, AcceptHandsTheListOverWithoutOldEntries) {
