@@ -1,12 +1,12 @@
 // What changes in the state of a window, and the listeners that are told.
 //
-// An operation notes what it changes (Note). Nobody hears of it before one of two calls:
+// An operation notes what it changes (Note). Listeners are called later, by one of two functions:
 // - Show, in the middle of an operation, where the picture has to be current before the operation
-//   goes on: only the listeners of Timing::kAtOnce are told. They must be quick.
-// - Settle, at the end of an operation: all listeners are told what they have not heard yet. They
-//   may walk the program.
+//   continues: calls only the listeners of Timing::kAtOnce, which must be quick.
+// - Settle, at the end of an operation: calls all listeners with what they have not received yet.
+//   They may walk the program.
 // Whatever starts an operation settles at its end: the table of the commands, the load, a step of
-// the program check, a mark. Each listener hears once of a change, or of several changes together.
+// the program check, a mark. A listener receives each change once, together with others or alone.
 //
 // Long work happens inside an operation. Windows are painted meanwhile and may note changes, but
 // nothing settles before the work has ended, since the store may hold a part of a program. A front
@@ -83,8 +83,8 @@ class ChangeNotifier {
   ChangeNotifier(const ChangeNotifier&) = delete;
   ChangeNotifier& operator=(const ChangeNotifier&) = delete;
 
-  // Adds a listener of some changes, behind those that are there. It hears of what is noted from
-  // now on. A listener of kAtOnce is told in Settle too, of what was noted after the last Show.
+  // Adds a listener of some changes after the existing ones. It receives what is noted from now on.
+  // Settle calls a listener of kAtOnce too, with what was noted after the last Show.
   [[nodiscard]] Subscription Subscribe(ChangeSet interests, Timing timing, ChangeListener listener);
 
   void Note(ChangeSet changes);

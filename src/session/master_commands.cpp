@@ -57,7 +57,7 @@ MasterContext MasterContextOf(CTVXView* view) {
 Status BuildAndShowMaster(const MasterContext& context) {
   Progress* const progress = context.ui->LongWork();
   const WorkScope work(progress, Work::kBuildMaster, context.program->source.path);
-  const Status built = BuildMaster(*context.dialog, context.program, context.grid, progress);
+  Status built = BuildMaster(*context.dialog, context.program, context.grid, progress);
   if (RefusalText(built) == nullptr) context.changes->Note(kNewProgram);
   if (built.ok()) ShowWithoutRapids(context);
   return built;

@@ -59,7 +59,7 @@ ProgramWork CTVXView::Work() {
 }
 
 Status CTVXView::Load(const std::string& path) {
-  const Status loaded = ReadProgram(path, Work());
+  Status loaded = ReadProgram(path, Work());
   if (IsLoaded(loaded)) ++loads_;
   const std::string current = program.source.path.empty() ? "" : path;
   SetNames(current, NameOfPath(current, kAnySlash));

@@ -59,8 +59,8 @@ class CTVXView {
 
   CTVXApp* const app;
 
-  // Tells who listens what has changed. Every operation below notes what it changes; who changes
-  // one of the members that follow notes that.
+  // Calls the listeners. Every operation below notes what it changes; code that changes one of the
+  // members that follow has to note it.
   ChangeNotifier changes;
   NcProgram program;  // the stored moves, with the register CurrentBlock
   JobRecord job;      // the working record: the parameters in force
@@ -104,14 +104,14 @@ class CTVXView {
   void FollowCauses() { causes_ = std::make_unique<FeedCauses>(); }
 
   // The checks of the programs loaded. Nothing is checked until CheckMore, which checks some lines,
-  // tells of the checks that have ended and returns false once all have.
+  // notes the checks that have ended and returns false once all have.
   const ProgramChecks& checks() const { return checks_; }
   bool CheckMore(uint64_t lines);
   void FinishChecks();
   // As ProgramChecks::Keep.
   std::shared_ptr<const FileCheck> KeepCheck() { return checks_.Keep(); }
 
-  // The moves that are marked in the picture, as ViewMarks. Setting a mark tells of it.
+  // The moves that are marked in the picture, as ViewMarks. Setting one calls the listeners.
   std::optional<uint32_t> MarkedBlock(Mark mark) const { return marks_.BlockOf(mark, program); }
   void SetMark(Mark mark, std::optional<uint32_t> block);
   std::optional<uint32_t> MoveAt(Pixel pixel) { return marks_.MoveAt(Picture(), pixel); }
@@ -120,7 +120,7 @@ class CTVXView {
 
   // The line in work, from 1: that of the kept move, or the line gone to last.
   uint64_t line() const;
-  // Makes a line the one in work, and its move, if it has one, the kept one, and tells of it.
+  // Makes a line the one in work, and its move, if it has one, the kept one. Calls the listeners.
   void GoToLine(uint64_t line, Centring centring);
 
  private:

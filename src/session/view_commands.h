@@ -1,5 +1,5 @@
 // The commands by which a user changes the picture, without a window: the front end forwards its
-// events and shows the rubber band. Every command that changes the picture tells of it.
+// events and shows the rubber band. Every command that changes the picture notes it and shows it.
 #pragma once
 
 #include <array>

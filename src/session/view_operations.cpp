@@ -135,7 +135,7 @@ void RunViewCommand(CTVXView* view, CommandId id) {
 
 Status LoadProgram(CTVXView* view, const std::string& path) {
   view->UseFormatOf(path);
-  const Status loaded = view->Load(path);
+  Status loaded = view->Load(path);
   ShowLoadFailure(loaded, view->program, path, view->app->ui);
   ViewCommandsOf(view).Fit();
   return loaded;

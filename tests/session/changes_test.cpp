@@ -1,4 +1,4 @@
-// When listeners hear of changes, and what they may do meanwhile.
+// When listeners are called, and what they may do meanwhile.
 #include "session/changes.h"
 
 #include <gtest/gtest.h>

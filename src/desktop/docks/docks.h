@@ -27,7 +27,7 @@ struct DockContext {
   ChangeNotifier* changes;                // of the view in work (ActiveChanges)
 };
 
-// A panel beside the picture that shows something about the view in work. It is told of all changes
+// A panel beside the picture that shows something about the view in work. It receives all changes
 // when another view takes that place, or none.
 class ViewDock : public QDockWidget {
  public:

@@ -9,7 +9,7 @@ void ActiveChanges::Follow(CTVXView* view) {
   atOnce_.reset();
   settled_.reset();
   if (view != nullptr) {
-    // The first one gets all changes, also those that only Settle tells of.
+    // The first one gets all changes, also those that no Show has delivered.
     atOnce_ = view->changes.Subscribe(kAllChanges, Timing::kAtOnce,
                                       [this](ChangeSet changes, Timing timing) {
                                         notifier.Note(changes);

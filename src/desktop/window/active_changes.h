@@ -9,10 +9,10 @@ class CTVXView;
 
 class ActiveChanges {
  public:
-  // Tells of what the view in work tells of, at the same time.
+  // Calls its listeners whenever the notifier of the view in work calls its own.
   ChangeNotifier notifier;
 
-  // Another view, or null for none, is the one in work: tells of all changes.
+  // Another view, or null for none, is the one in work: the listeners receive all changes.
   void Follow(CTVXView* view);
 
  private:
