@@ -25,7 +25,7 @@ constexpr RemarkKind kKinds[] = {
     {kCommentHidesLine, kLost, "comment-hides-line",  //
      "\"(\" or \"#\" hides the motion words of the line",
      "\"(\"나 \"#\" 때문에 줄의 이동 지령이 무시됩니다",
-     "The whole line is passed over, its feed and G words too. Put the remark on a line of its "
+     "The whole line is ignored, its feed and G words too. Put the remark on a line of its "
      "own; "
      "write numbers in place of variables.",
      "피드와 G 워드를 포함하여 줄 전체가 무시됩니다. 주석은 별도의 줄에 쓰고, 변수 대신 숫자를 "
@@ -38,7 +38,7 @@ constexpr RemarkKind kKinds[] = {
      "\"c\" 앞의 워드는 다음 줄에 영향을 주지만 그 줄은 이동하지 않습니다. 워드는 대문자로 쓰고 "
      "주석은 별도의 줄에 쓰십시오. 0바이트도 같습니다."},
     {kWordWithoutNumber, kLost, "word-without-number",  //
-     "a letter without its number takes the move away", "숫자 없는 문자 때문에 이동하지 않습니다",
+     "a letter has no number; the move is lost", "숫자 없는 문자 때문에 이동하지 않습니다",
      "The number must follow F, G, I, J, R, X, Y and Z at once, without a blank and without \"+\". "
      "The line makes no move. Write X10. in place of X 10. or X+10.",
      "F, G, I, J, R, X, Y, Z 바로 뒤에 빈칸이나 \"+\" 없이 숫자가 와야 합니다. 그 줄은 이동하지 "
@@ -89,11 +89,11 @@ constexpr RemarkKind kKinds[] = {
      "줄의 좌표만 하나의 이동으로 계산됩니다. 사이클의 이동은 경로와 시간에서 빠집니다. 이동을 "
      "풀어 쓰거나 시간을 따로 더하십시오."},
     {kMacro, kLost, "macro",  //
-     "a line with \"#\" is passed over", "\"#\"이 있는 줄은 무시됩니다",
+     "a line with \"#\" is ignored", "\"#\"이 있는 줄은 무시됩니다",
      "Variables, loops and jumps are not carried out. Write the moves out with numbers.",
      "변수, 반복, 분기는 실행되지 않습니다. 이동을 숫자로 풀어 쓰십시오."},
     {kRotary, kLost, "rotary",  //
-     "rotary and other further axes are passed over", "회전축과 부가축은 무시됩니다",
+     "rotary and other further axes are ignored", "회전축과 부가축은 무시됩니다",
      "Only X, Y and Z move; travel and time of the other axis are missing. Add the time by hand.",
      "X, Y, Z만 이동으로 계산되고 부가축의 이동과 시간은 빠집니다. 시간을 따로 더하십시오."},
     {kInch, kChanged, "inch",  //
@@ -109,13 +109,13 @@ constexpr RemarkKind kKinds[] = {
      "Output them as straight cuts.",
      "G18, G19의 원호는 경로와 길이가 다릅니다(뒤의 숫자는 원호의 수). 직선으로 출력하십시오."},
     {kShift, kChanged, "shift",  //
-     "shifts, scaling and rotation of coordinates are passed over",
+     "shifts, scaling and rotation of coordinates are ignored",
      "좌표의 이동, 배율, 회전은 무시됩니다",
      "Coordinates count as written. The picture differs from the part; lengths differ with "
      "scaling.",
      "좌표를 쓰인 그대로 계산합니다. 그림이 실제와 다르고, 배율이 있으면 길이도 다릅니다."},
     {kCompensation, kChanged, "compensation",  //
-     "tool radius compensation is passed over", "공구경 보정은 무시됩니다",
+     "tool radius compensation is ignored", "공구경 보정은 무시됩니다",
      "The path is the contour, not that of the tool's centre. Lengths and times differ a little. "
      "Output the path of the centre.",
      "공구 중심이 아니라 윤곽의 경로로 계산하므로 길이와 시간이 조금 다릅니다. 공구 중심 경로로 "
