@@ -1,6 +1,7 @@
 // Measures the feed pass on paths of several point densities. The cost per block must not grow with
 // the density, nor on a path that stays within the look distance forever. The paths are measured in
 // turns; each ratio is to the raster at 0.1 mm of the same turn.
+#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <memory>
@@ -9,6 +10,7 @@
 #include "feed/zones.h"
 #include "insight/feed_causes.h"
 #include "measuring.h"
+#include "platform/workers.h"
 #include "view/path_drawing.h"
 #include "workspace.h"
 
@@ -23,6 +25,8 @@ struct MeasuredPath {
   std::vector<double> ratios = {};
   std::vector<double> causeRatios = {};  // pass that is followed / pass
   std::vector<double> counts = {};       // seconds per block
+  std::vector<double> speedups = {};     // wall time on one core / on all
+  FeedPassDivision::Seams seams = {};
 };
 
 double ToThreeDecimals(double value) {
@@ -99,6 +103,21 @@ void CountAll(NcProgram* program, const FeedCauses& causes) {
   Keep(CostliestPlaces(&program->store, base, causes, kPlaces));
 }
 
+// Wall time, unlike the other figures: the time of all cores together is no less than that of one.
+double WallSeconds(MeasuredPath* path, const FeedPassDivision& division) {
+  FeedPassMemory memory;
+  DropAllZones(&path->loaded->program.store);
+  const auto begin = std::chrono::steady_clock::now();
+  FeedPass(&path->loaded->program, path->loaded->job, nullptr, &memory, {}, NoProgress(), division);
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+}
+
+void MeasureCores(MeasuredPath* path) {
+  const double one = WallSeconds(path, {});
+  const double all = WallSeconds(path, {.threads = CoreCount(), .seams = &path->seams});
+  path->speedups.push_back(one / all);
+}
+
 void MeasurePass(MeasuredPath* path) {
   FeedPassMemory memory;
   NcProgram* const program = &path->loaded->program;
@@ -119,6 +138,7 @@ void MeasureSize(uint64_t blocks, int repetitions, const Table& table, const Wor
   std::vector<MeasuredPath> paths = MakePaths(blocks, workspace);
   for (int i = 0; i < repetitions; ++i) {
     for (MeasuredPath& path : paths) MeasurePass(&path);
+    for (MeasuredPath& path : paths) MeasureCores(&path);
     for (MeasuredPath& path : paths) {
       path.ratios.push_back(path.seconds.back() / paths.front().seconds.back());
     }
@@ -126,7 +146,9 @@ void MeasureSize(uint64_t blocks, int repetitions, const Table& table, const Wor
   for (const MeasuredPath& path : paths) {
     table.Row({path.name, Grouped(path.loaded->program.store.blockCount),
                Fixed(Median(path.seconds) * 1e9, 0), Fixed(Median(path.ratios), 2),
-               Fixed(Median(path.causeRatios), 2), Fixed(Median(path.counts) * 1e9, 0)});
+               Fixed(Median(path.causeRatios), 2), Fixed(Median(path.counts) * 1e9, 0),
+               Fixed(Median(path.speedups), 2), Grouped(path.seams.parts),
+               Grouped(path.seams.redone)});
   }
 }
 
@@ -140,9 +162,11 @@ int main(int argc, char** argv) {
   std::printf(
       "Feed pass with the default parameters, times in ns. Ratio = path / raster 0.1 mm;\n"
       "causes = pass whose causes are followed / pass; count = of the causes, as the window shows "
-      "them.\n");
-  const Table table(
-      {"path                   ", "blocks", "pass/block", "ratio", "causes", "count/block"});
+      "them;\ncores = wall time on one core / on %u, and the parts that were done at the same time "
+      "and again.\n",
+      tvx::CoreCount());
+  const Table table({"path                   ", "blocks", "pass/block", "ratio", "causes",
+                     "count/block", "cores", "parts", "redone"});
   const Workspace workspace;
   for (const uint64_t blocks : options.sizes) {
     MeasureSize(blocks, options.repetitions, table, workspace);

@@ -171,12 +171,14 @@ constexpr uint32_t kBatch = 200;
 // Runs the sub-pass over every n-th batch of the program. Returns the seconds per block.
 double PassSeconds(const MasterGrid& grid, const JobRecord& job, uint32_t everyNth,
                    BlockStore* store) {
-  uint32_t lastNextBlock = 0;
+  const PathIndex path(store);
+  FeedRecords records(path, 0, store->blockCount);
+  MasterPass pass(path, job, grid);
   uint64_t blocks = 0;
   const double seconds = Seconds([&] {
     for (uint32_t first = 0; first < store->blockCount; first += kBatch * everyNth) {
       const uint32_t end = std::min(first + kBatch, store->blockCount);
-      MasterSubPass(store, job, grid, first, end, &lastNextBlock);
+      pass.SlowMoves(first, end, &records);
       blocks += end - first;
     }
   });

@@ -60,7 +60,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   CheckLookups(&grid);
   NcProgram program;
   ShowMaster(grid, &program);
-  uint32_t lastNextBlock = 0;
-  MasterSubPass(&program.store, JobRecord(), grid, 0, program.store.blockCount, &lastNextBlock);
+  const JobRecord job;
+  const PathIndex path(&program.store);
+  FeedRecords records(path, 0, path.BlockCount());
+  MasterPass(path, job, grid).SlowMoves(0, path.BlockCount(), &records);
   return 0;
 }

@@ -21,17 +21,22 @@ int Band(float angle, BandEdges edges) {
 
 }  // namespace
 
-int32_t AngleFeed(float W0, float W30, float W60, float R, int32_t maxFeed, float angle,
-                  BandEdges edges) {
+FeedCurve::FeedCurve(float W0, float W30, float W60, float R, int32_t maxFeed) {
   const int32_t support[] = {SupportFeed(W0, R, maxFeed), SupportFeed(W30, R, maxFeed),
                              SupportFeed(W60, R, maxFeed),
                              TruncateToInt(static_cast<double>(maxFeed) * R)};
+  for (int band = 0; band < kBands; ++band) {
+    from_[band] = support[band];
+    // The step per degree is a whole number too, so a band stops short of its upper support point.
+    step_[band] = (int64_t{support[band + 1]} - support[band]) / kBandDegrees;
+  }
+}
+
+int32_t FeedCurve::At(float angle, BandEdges edges) const {
   const int band = Band(angle, edges);
-  const int64_t from = support[band];
-  // The step per degree is a whole number too, so a band stops short of its upper support point.
-  const int64_t step = (support[band + 1] - from) / kBandDegrees;
   const double base = band * kBandDegrees;
-  return TruncateToInt(static_cast<double>(step) * (angle - base) + static_cast<double>(from));
+  return TruncateToInt(static_cast<double>(step_[band]) * (angle - base) +
+                       static_cast<double>(from_[band]));
 }
 
 }  // namespace tvx

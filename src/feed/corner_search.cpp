@@ -6,16 +6,15 @@
 #include <cmath>
 
 #include "base/numbers.h"
-#include "feed/angle_feed.h"
-#include "feed/directions.h"
 #include "feed/zones.h"
 
 namespace tvx {
 
 namespace {
 
-// Shorter vectors, in mm, have no heading.
-constexpr double kLeastHeadingLength = 0.01;
+// Vectors up to this length, in mm, have no heading: the largest float below 0.01.
+constexpr float kNoHeadingLength = 0.01F;
+static_assert(kNoHeadingLength < 0.01);
 // An arrival as steep as this, by the ratio of plan to vertical part squared, has no turn in plan.
 constexpr double kSteepestTurn = 0.1;
 // Directions with less rise than this are level.
@@ -35,24 +34,36 @@ float UnsignedTurn(float from, float to) {
   return turn;
 }
 
-// The turn in plan view, up to 90 degrees.
-float PlanTurn(float forward, float backwardHeading, const Vec3& backward) {
-  const bool turns = backward.z == 0 ||
-                     (Square(backward.x) + Square(backward.y)) / Square(backward.z) > kSteepestTurn;
-  if (!turns) return 0;
-  return std::min(UnsignedTurn(forward, backwardHeading), kRightAngle);
+bool TurnsInPlan(const Vec3& arrival) {
+  return arrival.z == 0 ||
+         (Square(arrival.x) + Square(arrival.y)) / Square(arrival.z) > kSteepestTurn;
 }
 
 float LevelledElevation(const Vec3& unit) {
   return std::fabs(static_cast<double>(unit.z)) < kLevelRise ? 0 : Elevation(unit);
 }
 
-bool HasHeading(const Difference& difference) {
-  return difference.length >= kLeastHeadingLength;
+bool HasHeading(const Chord& chord) {
+  return chord.Length() > kNoHeadingLength;
 }
 
-bool HasPlanPart(const Vec3& unit) {
+// Whether the points are so near each other that there is no direction between them.
+bool IsSame(const Vec3& a, const Vec3& b) {
+  return Subtract(a, b).length == 0;
+}
+
+// Whether the unit vector of a direction has a plan part; false if there is no direction.
+bool UnitHasPlanPart(const Vec3& from, const Vec3& to) {
+  const Vec3 unit = Chord(Subtract(to, from)).Unit();
   return unit.x != 0 || unit.y != 0;
+}
+
+inline bool HasPlanPart(const Vec3& from, const Vec3& to) {
+  // A usual direction has one if its differences have. The divisions may lose that of others.
+  constexpr float kUsualPart = 1e-4F, kUsualLength = 1e6F;
+  const float plan = std::fabs(to.x - from.x) + std::fabs(to.y - from.y);
+  return (plan > kUsualPart && plan + std::fabs(to.z - from.z) < kUsualLength) ||
+         UnitHasPlanPart(from, to);
 }
 
 int16_t AtLeastOnePercent(float distance, float length) {
@@ -62,276 +73,298 @@ int16_t AtLeastOnePercent(float distance, float length) {
 
 }  // namespace
 
-float ArcRadius(BlockStore* store, uint32_t arc) {
-  store->ReadBlock(arc);  // kept in the register if the centre found no memory
-  store->ReadBlock(arc + 1);
-  return static_cast<float>(
-      SafeSqrt(Square(store->CurrentBlock.x) + Square(store->CurrentBlock.y)));
+float ArcRadius(const PathIndex& path, uint32_t arc) {
+  // Where the centre found no memory its place is taken by the end point.
+  const MotionBlock& centre = path.Block(arc + 1 < path.BlockCount() ? arc + 1 : arc);
+  return static_cast<float>(SafeSqrt(Square(centre.x) + Square(centre.y)));
 }
 
-CornerSearch::CornerSearch(BlockStore* store, const PathIndex& path, const JobRecord& job,
-                           const CornerHeadings& headings)
-    : store_(store),
-      path_(path),
+CornerSearch::CornerSearch(const PathIndex& path, const JobRecord& job)
+    : path_(path),
       job_(job),
-      forwardHeading_(headings.forward),
-      backwardHeading_(headings.backward),
-      straightCosine_(SurelyStraightCosine(job.CornerMinAngle)) {}
-
-CornerHeadings CornerSearch::Headings() {
-  return {forwardHeading_.Degrees(), backwardHeading_.Degrees()};
-}
-
-void CornerSearch::Measure(const Vec3& start, const Vec3& end, Chord* chord) {
-  chord->unit = {};
-  DiffVectors(end, start, &chord->difference, &chord->unit);
-}
+      curve_(job.CorWeight0, job.CorWeight30, job.CorWeight60, job.CornerMaxRatio, job.MaxFeed),
+      straightSquared_(SurelyStraightSquared(job.CornerMinAngle)),
+      lowestFeed_(static_cast<double>(job.MaxFeed) * job.CornerMaxRatio),
+      zWalks_(path, job.SafetyDistance),
+      reducedWalks_(path, job.SafetyDistance * kReducedReach),
+      xyWalks_(job.XyChgReduceCheck != 0 ? &reducedWalks_ : &zWalks_) {}
 
 // Measures the corner at the end of move i. Returns false if no move follows: there is no corner.
-bool CornerSearch::SetCorner(uint32_t i) {
+inline bool CornerSearch::SetCorner(uint32_t i) {
   if (corner_.i == i) return corner_.next != PathIndex::kNoMove;
-  forward_.known = backward_.known = false;
+  zWalks_.Forget();
+  reducedWalks_.Forget();
   // Most searches follow the corner before, whose departure is the arrival here.
-  const bool follows = corner_.next == i;
-  if (follows) corner_.arrival = corner_.departure;
+  if (corner_.next == i) {
+    corner_.previous = corner_.i;
+    corner_.point = corner_.nextPoint;
+    corner_.arrival = corner_.departure;
+  } else {
+    corner_.previous = path_.PrevMove(i);
+    corner_.point = path_.Point(i);
+    corner_.arrival = corner_.previous == i
+                          ? Chord{}
+                          : Chord(Subtract(corner_.point, path_.Point(corner_.previous)));
+  }
   corner_.i = i;
   corner_.next = path_.NextMove(i);
   if (corner_.next == PathIndex::kNoMove) return false;
-  corner_.previous = path_.PrevMove(i);
-  corner_.point = path_.Point(i);
-  Measure(corner_.point, path_.Point(corner_.next), &corner_.departure);
-  if (corner_.previous == i) {
-    corner_.arrival = Chord{};
-  } else if (!follows) {
-    Measure(path_.Point(corner_.previous), corner_.point, &corner_.arrival);
-  }
+  corner_.nextPoint = path_.Point(corner_.next);
+  corner_.departure = Chord(Subtract(corner_.nextPoint, corner_.point));
   return true;
 }
 
-const CornerSearch::Walk& CornerSearch::WalkTo(Direction direction, float distance) {
-  Walk* walk = direction == Direction::kForward ? &forward_ : &backward_;
-  if (walk->known && walk->distance == distance) return *walk;
-  walk->known = true;
-  walk->distance = distance;
-  if (direction == Direction::kForward) {
-    WalkForward(walk);
-  } else {
-    WalkBackward(walk);
+// The point of a segment of the path that is at the rest of the look distance from its near end.
+// `segment` is in the direction of travel, and `rest` negative against it. Where a rapid stopped
+// the walk the point may be beyond the segment.
+inline Vec3 PointAlong(const Vec3& near, const Difference& segment, double rest) {
+  const auto along = [&](float from, float delta) {
+    return static_cast<float>(from + delta * rest / segment.length);
+  };
+  return {along(near.x, segment.dx), along(near.y, segment.dy), along(near.z, segment.dz)};
+}
+
+inline const CornerSearch::Walk& CornerSearch::Forward(Walks* walks) {
+  Walk* const walk = &walks->forward;
+  if (walk->isKnown) return *walk;
+  walk->isKnown = true;
+  walk->hasFarPoint = false;
+  WalkForward(walks);
+  if (!walk->ended) return *walk;
+  const float distance = walks->away.Distance();
+  Difference segment = corner_.departure.Way();
+  Vec3 near = corner_.point;
+  float nearLength = 0;
+  if (walk->last != corner_.next) {
+    near = path_.Point(path_.PrevMove(walk->last));
+    segment = Subtract(path_.Point(walk->last), near);
+    nearLength = Subtract(corner_.point, near).length;
   }
-  if (walk->ended) FindFarPoint(direction, walk);
+  walk->hasFarPoint = segment.length != 0;
+  if (!walk->hasFarPoint) return *walk;
+  const Vec3 point = PointAlong(near, segment, static_cast<double>(distance) - nearLength);
+  walk->chord = Chord(Subtract(point, corner_.point));
+  return *walk;
+}
+
+inline const CornerSearch::Walk& CornerSearch::Backward(Walks* walks) {
+  Walk* const walk = &walks->backward;
+  if (walk->isKnown) return *walk;
+  walk->isKnown = true;
+  walk->hasFarPoint = false;
+  WalkBackward(walks);
+  if (!walk->ended) return *walk;
+  const float distance = walks->away.Distance();
+  Difference segment = corner_.arrival.Way();
+  Vec3 near = corner_.point;
+  float nearLength = 0;
+  if (walk->last != corner_.previous) {
+    near = path_.Point(path_.NextMove(walk->last));
+    segment = Subtract(near, path_.Point(walk->last));
+    nearLength = Subtract(corner_.point, near).length;
+  }
+  walk->hasFarPoint = segment.length != 0;
+  if (!walk->hasFarPoint) return *walk;
+  const Vec3 point = PointAlong(near, segment, -(static_cast<double>(distance) - nearLength));
+  walk->chord = Chord(Subtract(corner_.point, point));
   return *walk;
 }
 
 // A walk from move to move ends at the first one whose end point is at the look distance from the
 // corner, in a straight line, or before a rapid. The next move itself may be a rapid.
-//
-// A walk that a rapid stopped may end on a move that came back to the corner exactly. Its direction
-// is then that of the last move of the walk that did not.
-void CornerSearch::WalkForward(Walk* walk) const {
-  EndAtNeighbour(corner_.next, corner_.departure, walk);
+inline void CornerSearch::WalkForward(Walks* walks) {
+  Walk* const walk = &walks->forward;
+  walk->last = corner_.next;
+  walk->length = corner_.departure.Length();
   walk->ended = true;
-  if (!(walk->length < walk->distance)) return;
-
-  const uint32_t away = path_.FirstAway(corner_.next + 1, corner_.point, walk->distance);
+  if (!(walk->length < walks->away.Distance())) {
+    walk->hasPlanPart = HasPlanPart(corner_.point, corner_.nextPoint);
+    return;
+  }
+  const uint32_t away =
+      walks->away.Ahead(corner_.next + 1, corner_.point, corner_.departure.Length());
   if (away == PathIndex::kNoMove) {
     walk->ended = false;
   } else if (!IsRapidType(path_.Block(away).type)) {
-    EndAt(Direction::kForward, away, walk);
+    walk->last = away;
+    walk->hasPlanPart = HasPlanPart(corner_.point, path_.Point(away));
   } else {
-    const uint32_t end = path_.PrevMove(away);
-    const uint32_t last = path_.LastAway(end, corner_.point, kLeastLength);
-    if (last != PathIndex::kNoMove && last > corner_.next) EndAt(Direction::kForward, last, walk);
-    EndAt(Direction::kForward, end, walk);
+    walk->last = path_.PrevMove(away);
+    walk->hasPlanPart = HasPlanPartBeforeRapid(walk->last);
   }
+}
+
+// The walk may end on a move that came back to the corner exactly. Its direction is then that of
+// the last move of the walk that did not.
+bool CornerSearch::HasPlanPartBeforeRapid(uint32_t end) const {
+  if (!IsSame(corner_.point, path_.Point(end))) {
+    return HasPlanPart(corner_.point, path_.Point(end));
+  }
+  const uint32_t last = path_.LastAway(end, corner_.point, AwayTest(kLeastLength));
+  const bool isOnWalk = last != PathIndex::kNoMove && last > corner_.next;
+  return HasPlanPart(corner_.point, isOnWalk ? path_.Point(last) : corner_.nextPoint);
 }
 
 // A walk backward also runs off the path when it reaches block 0, which represents a missing move,
 // unless block 0 is a rapid.
-void CornerSearch::WalkBackward(Walk* walk) const {
-  EndAtNeighbour(corner_.previous, corner_.arrival, walk);
+inline void CornerSearch::WalkBackward(Walks* walks) {
+  Walk* const walk = &walks->backward;
+  walk->last = corner_.previous;
+  walk->length = corner_.arrival.Length();
   walk->ended = true;
-  if (!(walk->length < walk->distance)) return;
-
+  if (!(walk->length < walks->away.Distance())) {
+    walk->hasPlanPart = HasPlanPart(path_.Point(corner_.previous), corner_.point);
+    return;
+  }
   const uint32_t start = corner_.previous > 0 ? corner_.previous - 1 : 0;
-  const uint32_t away = path_.LastAway(start, corner_.point, walk->distance);
+  const uint32_t away = walks->away.Behind(start, corner_.point, corner_.arrival.Length());
   if (away != PathIndex::kNoMove && IsRapidType(path_.Block(away).type)) {
-    const uint32_t end = path_.NextMove(away);
-    const uint32_t last = path_.FirstAway(end, corner_.point, kLeastLength);
-    if (last < corner_.previous) EndAt(Direction::kBackward, last, walk);
-    EndAt(Direction::kBackward, end, walk);
+    walk->last = path_.NextMove(away);
+    walk->length = Subtract(corner_.point, path_.Point(walk->last)).length;
+    walk->hasPlanPart = HasPlanPartBehindRapid(walk->last);
   } else if (away != PathIndex::kNoMove && away != 0) {
-    EndAt(Direction::kBackward, away, walk);
+    walk->last = away;
+    walk->hasPlanPart = HasPlanPart(path_.Point(away), corner_.point);
   } else {
     walk->ended = false;
   }
 }
 
-void CornerSearch::EndAtNeighbour(uint32_t move, const Chord& chord, Walk* walk) {
-  walk->last = move;
-  walk->length = chord.difference.length;
-  walk->unit = chord.unit;
-}
-
-void CornerSearch::EndAt(Direction direction, uint32_t move, Walk* walk) const {
-  Difference difference;
-  if (direction == Direction::kForward) {
-    path_.Vector(move, corner_.i, &difference, &walk->unit);
-  } else {
-    path_.Vector(corner_.i, move, &difference, &walk->unit);
+// As above, but where block 0 is the rapid and the move before the corner, the walk goes on to the
+// corner itself and has no direction.
+bool CornerSearch::HasPlanPartBehindRapid(uint32_t end) const {
+  if (end == corner_.i) return false;
+  if (!IsSame(corner_.point, path_.Point(end))) {
+    return HasPlanPart(path_.Point(end), corner_.point);
   }
-  walk->last = move;
-  walk->length = difference.length;
+  const uint32_t last = path_.FirstAway(end, corner_.point, AwayTest(kLeastLength));
+  return HasPlanPart(path_.Point(last < corner_.previous ? last : corner_.previous), corner_.point);
 }
 
-// A chord too short for a heading keeps the last one.
-void CornerSearch::UpdateHeading(const Chord& chord, PlanHeading* heading) {
-  if (HasHeading(chord.difference)) *heading = PlanHeading(chord.unit);
+// The turn in plan view, up to 90 degrees; 0 for a turn that cannot be above CornerMinAngle.
+inline float CornerSearch::Turn(const Sides& sides, const Sides& before) {
+  const Chord& departure = *sides.departure;
+  const Chord& arrival = *sides.arrival;
+  const bool isStraight = HasHeading(departure) && HasHeading(arrival) &&
+                          HeadingsHaveCosine(departure.Way(), arrival.Way(), straightSquared_);
+  return isStraight ? 0 : MeasuredTurn(sides, before);
 }
 
-// The far point is on the line of the segment that the walk ended with. Where a rapid stopped the
-// walk it may be beyond that segment.
-void CornerSearch::FindFarPoint(Direction direction, Walk* walk) const {
-  const bool forward = direction == Direction::kForward;
-  Difference segment;  // in the direction of travel
-  Vec3 start = corner_.point;
-  float startLength = 0;  // from the corner to the near end of the segment
-  if (walk->last == (forward ? corner_.next : corner_.previous)) {
-    segment = (forward ? corner_.departure : corner_.arrival).difference;
-  } else {
-    const uint32_t near = forward ? path_.PrevMove(walk->last) : path_.NextMove(walk->last);
-    start = path_.Point(near);
-    const Vec3 end = path_.Point(walk->last);
-    Vec3 unit;
-    DiffVectors(forward ? end : start, forward ? start : end, &segment, &unit);
-    Difference toStart;
-    DiffVectors(corner_.point, start, &toStart, &unit);
-    startLength = toStart.length;
-  }
-  walk->hasFarPoint = segment.length != 0;
-  if (!walk->hasFarPoint) return;
-
-  double rest = static_cast<double>(walk->distance) - startLength;
-  if (!forward) rest = -rest;
-  const auto along = [&](float from, float delta) {
-    return static_cast<float>(from + delta * rest / segment.length);
+// With the headings of before where a chord is too short to have one.
+float CornerSearch::MeasuredTurn(const Sides& sides, const Sides& before) {
+  if (!TurnsInPlan(sides.arrival->Unit())) return 0;
+  const auto degrees = [this](Chord* chord, Chord* last, KeptHeading* kept) {
+    if (HasHeading(*chord)) return chord->HeadingDegrees();
+    if (last != nullptr && HasHeading(*last)) return last->HeadingDegrees();
+    missedHeading = missedHeading || !kept->IsKnown();
+    return kept->Degrees();
   };
-  const Vec3 point = {along(start.x, segment.dx), along(start.y, segment.dy),
-                      along(start.z, segment.dz)};
-  Measure(forward ? corner_.point : point, forward ? point : corner_.point, &walk->chord);
-}
-
-// The turn in plan view, with the last headings where a chord is too short to have one; 0 for a
-// turn that cannot be above CornerMinAngle.
-float CornerSearch::Turn(const Chord& departure, const Chord& arrival) {
-  const bool known = HasHeading(departure.difference) && HasHeading(arrival.difference);
-  if (known && HeadingsHaveCosine(departure.unit, arrival.unit, straightCosine_)) return 0;
-  return PlanTurn(forwardHeading_.Degrees(), backwardHeading_.Degrees(), arrival.unit);
+  const float forward = degrees(sides.departure, before.departure, &headings.forward);
+  const float backward = degrees(sides.arrival, before.arrival, &headings.backward);
+  return std::min(UnsignedTurn(forward, backward), kRightAngle);
 }
 
 // The angle of the corner if one of its moves is an arc: it grows as the radius shrinks. The limit
 // depends on SafetyDistance, whatever the look distance of the search.
-float CornerSearch::ArcAngle(uint32_t walkEnd, float angle) {
+inline float CornerSearch::ArcAngle(uint32_t walkEnd, float angle) const {
   uint32_t arc = walkEnd;
   if (!IsArcType(path_.Block(arc).type)) arc = corner_.i;
   if (!IsArcType(path_.Block(arc).type)) return angle;
-  const double radius = ArcRadius(store_, arc);
+  const double radius = ArcRadius(path_, arc);
   if (radius < kSmallArc * job_.ToolDiameter) return kRightAngle;
   const float limit = static_cast<float>(0.5 * job_.ToolDiameter + job_.SafetyDistance);
   const double arcAngle = 90.0 - radius / limit * 90.0;
   return radius < limit && arcAngle > angle ? static_cast<float>(arcAngle) : angle;
 }
 
-int32_t CornerSearch::CornerFeed(float angle) const {
+inline int32_t CornerSearch::CornerFeed(float angle) const {
   if (angle > kRightAngle) angle = kRightAngle;
-  const int32_t feed = AngleFeed(job_.CorWeight0, job_.CorWeight30, job_.CorWeight60,
-                                 job_.CornerMaxRatio, job_.MaxFeed, angle, BandEdges::kInclusive);
-  const double lowest = static_cast<double>(job_.MaxFeed) * job_.CornerMaxRatio;
-  return RoundDownToStep(feed < lowest ? TruncateToInt(lowest) : feed, job_.FeedChgAng);
-}
-
-// Slows one end of the move at the index. Returns the feed for the other move of the corner, which
-// a collapse may have lowered.
-int32_t CornerSearch::SlowInZone(uint32_t index, int16_t percent, int32_t feed,
-                                 void (*widen)(MotionBlock*, int16_t, int32_t), Collapse collapse) {
-  store_->ReadBlock(index);
-  MotionBlock* block = &store_->CurrentBlock;
-  const bool lowered = block->feed > feed;
-  if (lowered) {
-    widen(block, percent, feed);
-    store_->WriteBlock(index);
-  }
-  if ((lowered || collapse == Collapse::kAlways) && ZonesCoverMove(*block)) {
-    feed = CollapseZones(block, feed, false);
-    store_->WriteBlock(index);
-  }
-  return feed;
+  const int32_t feed = curve_.At(angle, BandEdges::kInclusive);
+  return RoundDownToStep(feed < lowestFeed_ ? TruncateToInt(lowestFeed_) : feed, job_.FeedChgAng);
 }
 
 // Slows the two moves that meet at the corner, in a zone at the corner or as a whole.
-void CornerSearch::SlowMoves(float angle, float distance, bool previousZone, bool nextZone,
-                             Collapse collapse) {
-  MotionBlock* block = &store_->CurrentBlock;
+void CornerSearch::SlowMoves(float angle, const Walks& walks, bool previousZone, bool nextZone,
+                             Collapse collapse, FeedRecords* records) const {
   int32_t feed = CornerFeed(angle);
+  const float distance = walks.away.Distance();
+  const auto covers = [collapse](const MotionBlock& block, bool lowered) {
+    return (lowered || collapse == Collapse::kAlways) && ZonesCoverMove(block);
+  };
+  MotionBlock* const move = records->At(corner_.i);
   if (previousZone) {
-    const int16_t percent = AtLeastOnePercent(distance, backward_.length);
-    feed = SlowInZone(corner_.i, percent, feed, WidenTailZone, collapse);
+    const bool lowered = move->feed > feed;
+    if (lowered) WidenTailZone(move, AtLeastOnePercent(distance, walks.backward.length), feed);
+    // A collapse may lower the feed of the next move too.
+    if (covers(*move, lowered)) feed = CollapseZones(move, feed, false);
   } else {
-    store_->ReadBlock(corner_.i);
-    if (LowerWholeMove(block, feed)) store_->WriteBlock(corner_.i);
+    LowerWholeMove(move, feed);
   }
 
+  MotionBlock* const next = records->At(corner_.next);
   if (nextZone) {
-    const int16_t percent = AtLeastOnePercent(distance, forward_.length);
-    SlowInZone(corner_.next, percent, feed, WidenHeadZone, collapse);
-  } else {
-    store_->ReadBlock(corner_.next);
+    const bool lowered = next->feed > feed;
+    if (lowered) WidenHeadZone(next, AtLeastOnePercent(distance, walks.forward.length), feed);
+    if (covers(*next, lowered)) CollapseZones(next, feed, false);
+  } else if (next->type == BlockCut) {
     // A move that starts a run of cuts, an arc and a rapid keep their feed.
-    if (block->type == BlockCut && LowerWholeMove(block, feed)) store_->WriteBlock(corner_.next);
+    LowerWholeMove(next, feed);
   }
 }
 
-int CornerSearch::XyCornerSearch(uint32_t i) {
+int CornerSearch::XyCornerSearch(uint32_t i, FeedRecords* records) {
   if (!SetCorner(i)) return 0;
-  UpdateHeading(corner_.departure, &forwardHeading_);
-  UpdateHeading(corner_.arrival, &backwardHeading_);
-  const float nearTurn = Turn(corner_.departure, corner_.arrival);
-  const float distance =
-      job_.XyChgReduceCheck != 0 ? job_.SafetyDistance * kReducedReach : job_.SafetyDistance;
+  const int found = SearchXy(records);
+  // The headings of this corner, for those where a chord is too short: of the far points if the
+  // search came to them.
+  Walk& forward = xyWalks_->forward;
+  Walk& backward = xyWalks_->backward;
+  const bool isForward = forward.IsFull() && HasHeading(forward.chord);
+  const bool isBackward = forward.IsFull() && backward.IsFull() && HasHeading(backward.chord);
+  const auto keep = [](const Chord& chord, KeptHeading* heading) {
+    if (HasHeading(chord)) *heading = KeptHeading(chord);
+  };
+  keep(isForward ? forward.chord : corner_.departure, &headings.forward);
+  keep(isBackward ? backward.chord : corner_.arrival, &headings.backward);
+  return found;
+}
 
-  const Walk& forward = WalkTo(Direction::kForward, distance);
-  if (!forward.ended || !HasPlanPart(forward.unit) || !forward.hasFarPoint) return 0;
-  UpdateHeading(forward.chord, &forwardHeading_);
+inline int CornerSearch::SearchXy(FeedRecords* records) {
+  Walks* const walks = xyWalks_;
+  const Walk& forward = Forward(walks);
+  if (!forward.IsFull()) return 0;
+  const Walk& backward = Backward(walks);
+  if (!backward.IsFull()) return 0;
 
-  const Walk& backward = WalkTo(Direction::kBackward, distance);
-  if (!backward.ended || !HasPlanPart(backward.unit) || !backward.hasFarPoint) return 0;
-  UpdateHeading(backward.chord, &backwardHeading_);
-
-  const float turn = std::max(nearTurn, Turn(forward.chord, backward.chord));
+  const Sides near = {&corner_.departure, &corner_.arrival};
+  const Sides far = {&walks->forward.chord, &walks->backward.chord};
+  const float nearTurn = Turn(near, {});
+  const float turn = std::max(nearTurn, Turn(far, near));
   const float angle = ArcAngle(forward.last, turn);
   if (angle <= job_.CornerMinAngle) return 0;
-  SlowMoves(angle, distance, backward.last == corner_.previous && backward.length > distance,
-            forward.last == corner_.next && forward.length > distance, Collapse::kAlways);
+  const float distance = walks->away.Distance();
+  SlowMoves(angle, *walks, backward.last == corner_.previous && backward.length > distance,
+            forward.last == corner_.next && forward.length > distance, Collapse::kAlways, records);
   return 1;
 }
 
-int CornerSearch::ZCornerSearch(uint32_t i) {
+int CornerSearch::ZCornerSearch(uint32_t i, FeedRecords* records) {
   if (!SetCorner(i) || IsRapidType(path_.Block(corner_.next).type)) return 0;
-  const float distance = job_.SafetyDistance;
 
-  const Walk& forward = WalkTo(Direction::kForward, distance);
+  const Walk& forward = Forward(&zWalks_);
   if (!forward.ended || !forward.hasFarPoint) return 0;
-  const Walk& backward = WalkTo(Direction::kBackward, distance);
+  const Walk& backward = Backward(&zWalks_);
   if (!backward.ended || !backward.hasFarPoint) return 0;
 
-  const Vec3& departure = forward.chord.unit;
-  const Vec3& arrival = backward.chord.unit;
-  if (ElevationsHaveCosine(departure, arrival, straightCosine_)) return 0;
+  if (ElevationsHaveCosine(forward.chord.Way(), backward.chord.Way(), straightSquared_)) return 0;
+  const Vec3 departure = forward.chord.Unit();
+  const Vec3 arrival = backward.chord.Unit();
   // Without ConCorChk a corner counts only where the path turns upward.
   if (job_.ConCorChk != 1 && departure.z - arrival.z <= 0) return 0;
   const float angle = UnsignedTurn(LevelledElevation(departure), LevelledElevation(arrival));
   if (angle <= job_.CornerMinAngle) return 0;
-  SlowMoves(angle, distance, backward.last == corner_.previous, forward.last == corner_.next,
-            Collapse::kWhenLowered);
+  SlowMoves(angle, zWalks_, backward.last == corner_.previous, forward.last == corner_.next,
+            Collapse::kWhenLowered, records);
   return 1;
 }
 

@@ -5,7 +5,10 @@
 
 #include <cstdint>
 
+#include "feed/angle_feed.h"
+#include "feed/away_search.h"
 #include "feed/directions.h"
+#include "feed/feed_records.h"
 #include "feed/path_index.h"
 #include "model/block_store.h"
 #include "model/job_record.h"
@@ -13,91 +16,101 @@
 
 namespace tvx {
 
-// Degrees of the last directions in plan view that were long enough to be measured. They replace a
-// direction that is too short, also from one run of the pass to the next.
+// The last directions in plan view that were long enough to be measured. They replace a direction
+// that is too short, also from one run of the pass to the next.
 struct CornerHeadings {
-  float forward = 0;
-  float backward = 0;
+  KeptHeading forward{0};
+  KeptHeading backward{0};
 };
 
-// Radius of the arc at index `arc`, in plan view, from the centre record that follows it. Uses the
-// register.
-float ArcRadius(BlockStore* store, uint32_t arc);
+// Radius of the arc at index `arc`, in plan view, from the centre record that follows it.
+float ArcRadius(const PathIndex& path, uint32_t arc);
 
-// Searches the corners of one store. The store's coordinates and types must not change meanwhile.
-// The two searches of a move share their measurements where their look distances are equal.
+// Searches the corners of one path and changes the feeds in `records`. Both have to outlive the
+// search. The two searches of a move share their measurements where their look distances are equal,
+// and so do the searches of moves that follow each other.
 class CornerSearch {
  public:
-  CornerSearch(BlockStore* store, const PathIndex& path, const JobRecord& job,
-               const CornerHeadings& headings);
+  CornerSearch(const PathIndex& path, const JobRecord& job);
 
-  // The headings after the last search, for the next run.
-  CornerHeadings Headings();
+  // The headings that the next search starts from. They may be unknown.
+  CornerHeadings headings;
+  // Set by a search whose result depends on a heading that is not known; the result is wrong then.
+  bool missedHeading = false;
 
   // The turn in plan view at the end of move i, a linear move or an arc; arcs of a small radius
   // count as corners at both ends. Returns 1 if a corner was found and the feeds were set, 0 with
-  // the store unchanged if not. The headings may have changed either way.
-  int XyCornerSearch(uint32_t i);
+  // the records unchanged if not. The headings may have changed either way.
+  int XyCornerSearch(uint32_t i, FeedRecords* records);
 
   // The change of slope at the end of the linear move i. Result as above; the headings stay.
-  int ZCornerSearch(uint32_t i);
+  int ZCornerSearch(uint32_t i, FeedRecords* records);
 
  private:
-  // A straight line between two points of the path, in the direction of travel.
-  struct Chord {
-    Difference difference;
-    Vec3 unit;  // (0, 0, 0) without a length
-  };
-
   // The end point of move i and the moves that meet there.
   struct Corner {
     uint32_t i = PathIndex::kNoMove;
     uint32_t next = PathIndex::kNoMove;
     uint32_t previous = 0;
-    Vec3 point;
+    Vec3 point, nextPoint;
     Chord departure, arrival;  // of the next move, and of move i itself
   };
 
   // The result of a walk along the path, from the corner in one direction.
   struct Walk {
-    bool known = false;
-    float distance = 0;  // the look distance of this walk
+    bool isKnown = false;
     bool ended = false;  // false: the walk ran off the path, and there is no corner
     uint32_t last = 0;   // the move it ended on: its end point is at the look distance or beyond,
                          // or a rapid follows
-    float length = 0;    // straight distance from the corner to the end point of that move
-    Vec3 unit;           // direction of travel of the last such distance that was not 0
+    float length = 0;    // straight distance from the corner to the end point of the neighbour if
+                         // that is the last move
+    bool hasPlanPart = false;  // of the direction to the last end point that is not the corner
     bool hasFarPoint = false;  // false: the segment that the walk ended with has no length
     Chord chord;  // between the corner and the far point, at about the look distance on the path
+
+    // Whether the XY search can go on with it.
+    bool IsFull() const { return ended && hasPlanPart && hasFarPoint; }
   };
 
-  enum class Direction { kForward, kBackward };
+  // The directions that a turn is measured between; null where there is none.
+  struct Sides {
+    Chord* departure = nullptr;
+    Chord* arrival = nullptr;
+  };
+
+  // The walks from one corner at one look distance.
+  struct Walks {
+    explicit Walks(const PathIndex& path, float distance) : away(path, distance) {}
+    void Forget() { forward.isKnown = backward.isKnown = false; }
+    AwaySearch away;
+    Walk forward, backward;
+  };
+
   enum class Collapse { kAlways, kWhenLowered };
 
-  static void Measure(const Vec3& start, const Vec3& end, Chord* chord);
   bool SetCorner(uint32_t i);
-  const Walk& WalkTo(Direction direction, float distance);
-  void WalkForward(Walk* walk) const;
-  void WalkBackward(Walk* walk) const;
-  static void EndAtNeighbour(uint32_t move, const Chord& chord, Walk* walk);
-  void EndAt(Direction direction, uint32_t move, Walk* walk) const;
-  void FindFarPoint(Direction direction, Walk* walk) const;
-
-  static void UpdateHeading(const Chord& chord, PlanHeading* heading);
-  float Turn(const Chord& departure, const Chord& arrival);
-  float ArcAngle(uint32_t walkEnd, float angle);
+  const Walk& Forward(Walks* walks);
+  const Walk& Backward(Walks* walks);
+  void WalkForward(Walks* walks);
+  void WalkBackward(Walks* walks);
+  bool HasPlanPartBeforeRapid(uint32_t end) const;
+  bool HasPlanPartBehindRapid(uint32_t end) const;
+  int SearchXy(FeedRecords* records);
+  float Turn(const Sides& sides, const Sides& before);
+  float MeasuredTurn(const Sides& sides, const Sides& before);
+  float ArcAngle(uint32_t walkEnd, float angle) const;
   int32_t CornerFeed(float angle) const;
-  void SlowMoves(float angle, float distance, bool previousZone, bool nextZone, Collapse collapse);
-  int32_t SlowInZone(uint32_t index, int16_t percent, int32_t feed,
-                     void (*widen)(MotionBlock*, int16_t, int32_t), Collapse collapse);
+  void SlowMoves(float angle, const Walks& walks, bool previousZone, bool nextZone,
+                 Collapse collapse, FeedRecords* records) const;
 
-  BlockStore* store_;
   const PathIndex& path_;
   const JobRecord& job_;
-  PlanHeading forwardHeading_, backwardHeading_;
-  double straightCosine_;  // directions with at least this cosine make no corner
+  const FeedCurve curve_;
+  const float straightSquared_;  // directions with at least this cosine squared make no corner
+  const double lowestFeed_;
   Corner corner_;
-  Walk forward_, backward_;
+  Walks zWalks_, reducedWalks_;
+  Walks* xyWalks_;  // the same as those of the Z search if the look distances are equal
 };
 
 }  // namespace tvx

@@ -1,204 +1,191 @@
-// The pass runs all rules over a batch of blocks before it starts the next batch.
+// The pass runs all rules over a batch of blocks before it starts the next batch; several threads
+// work on different parts of the program at the same time.
 #include "feed/feed_pass.h"
 
 #include <algorithm>
-#include <cmath>
-#include <vector>
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <deque>
+#include <mutex>
 
-#include "base/numbers.h"
-#include "feed/angle_feed.h"
-#include "feed/directions.h"
-#include "feed/master_pass.h"
+#include "feed/batch_rules.h"
+#include "feed/feed_part.h"
 #include "feed/path_index.h"
-#include "feed/zones.h"
+#include "platform/workers.h"
 
 namespace tvx {
 
 namespace {
 
-// Blocks are handled in batches by index. The edge of a batch shows in the result: what its last
-// move did to the first move of the next batch is reset there, except a head zone.
-constexpr uint32_t kBatchBlocks = 200;
+// A thread has at least this number of parts to do, so that the last ones end at about the same
+// time; a part costs one batch more than its own.
+constexpr uint32_t kPartsPerThread = 8;
+constexpr uint32_t kLeastPartBatches = 25;
+constexpr uint32_t kMostPartBatches = 250;
+// Threads are started for this number of blocks each. A smaller program is done by one.
+constexpr uint32_t kBlocksPerThread = 10'000;
+constexpr uint32_t kLeastBlocks = 20'000;
+// How often a thread that waits reports to the progress.
+constexpr std::chrono::milliseconds kReportInterval{5};
 
-// Shorter moves, in mm, and moves with less rise than this are no slopes.
-constexpr double kLeastSlope = 0.0001;
-// A move that starts a run of cuts more steeply than this, in degrees, is a plunge.
-constexpr double kPlungeAngle = 89.0;
-
-struct Batch {
-  uint32_t first;
-  uint32_t end;
-};
-
-bool SameFeeds(const MotionBlock& a, const MotionBlock& b) {
-  return a.feed == b.feed && a.headPercent == b.headPercent && a.headFeed == b.headFeed &&
-         a.tailPercent == b.tailPercent && a.tailFeed == b.tailFeed;
+unsigned ThreadsFor(uint32_t blocks, const FeedPassDivision& division) {
+  if (division.partBatches > 0) return std::max(division.threads, 1U);
+  if (blocks < kLeastBlocks) return 1;
+  return std::clamp(division.threads, 1U, blocks / kBlocksPerThread);
 }
 
-// Carries out rules and traces what they change.
-class TracedRules {
- public:
-  TracedRules(const PathIndex& path, const FeedTrace& trace) : path_(path), trace_(trace) {}
+uint32_t PartBatches(uint32_t blocks, unsigned threads, const FeedPassDivision& division) {
+  if (division.partBatches > 0) return division.partBatches;
+  if (threads == 1) return std::max(blocks / kBatchBlocks + 1, 1U);
+  return std::clamp(blocks / kBatchBlocks / (threads * kPartsPerThread), kLeastPartBatches,
+                    kMostPartBatches);
+}
 
-  // A rule that changes blocks from first to last, the last one included.
-  template <typename Rule>
-  void Apply(FeedRule name, uint32_t first, uint32_t last, Rule rule) {
-    if (!trace_) {
-      rule();
-      return;
+// The parts of one pass. Every thread takes the next part that nobody has taken, and joins the
+// parts that can be joined if no other thread does.
+class SharedPass {
+ public:
+  SharedPass(const PathIndex& path, const JobRecord& job, const MasterGrid& master,
+             const FeedPassMemory& memory, const FeedTrace& trace, Progress* progress)
+      : path_(path),
+        job_(job),
+        master_(master),
+        trace_(trace ? &trace : nullptr),
+        lastNextBlock_(memory.LastNextBlock),
+        handover_{{memory.headings, {memory.LastNextBlock}}},
+        progress_(progress) {}
+
+  // Returns false if the pass was stopped.
+  bool Run(unsigned threads, uint32_t partBatches) {
+    const uint32_t blocks = partBatches * kBatchBlocks;
+    for (uint32_t first = 0; first < path_.BlockCount(); first += blocks) {
+      parts_.emplace_back(path_, first, std::min(first + blocks, path_.BlockCount()));
     }
-    last = std::min(last, path_.BlockCount() - 1);
-    before_.clear();
-    for (uint32_t i = first; i <= last; ++i) before_.push_back(path_.Block(i));
-    rule();
-    for (uint32_t i = first; i <= last; ++i) Trace(name, i, before_[i - first]);
+    if (!parts_.empty()) handover_.zones = parts_.front().work.FirstZones();
+    // Parts that wait to be joined keep what they need to be done again.
+    mostAhead_ = threads + 1;
+    WorkTogether(threads, [this](unsigned thread) {
+      try {
+        Work(thread);
+      } catch (...) {
+        Stop();
+        throw;
+      }
+    });
+    return !isStopped_;
   }
 
-  // A rule that changes two blocks at most; `next` may be none.
-  template <typename Rule>
-  void ApplyToPair(FeedRule name, uint32_t i, uint32_t next, Rule rule) {
-    if (!trace_ || next == PathIndex::kNoMove) {
-      rule();
-      return;
-    }
-    const MotionBlock first = path_.Block(i);
-    const MotionBlock second = path_.Block(next);
-    rule();
-    Trace(name, i, first);
-    Trace(name, next, second);
+  const PassState& State() const { return handover_.state; }
+
+  FeedPassDivision::Seams Seams() const {
+    FeedPassDivision::Seams seams{static_cast<uint32_t>(parts_.size()), 0};
+    for (const Taken& part : parts_) seams.redone += part.work.WasRedone() ? 1 : 0;
+    return seams;
   }
 
  private:
-  void Trace(FeedRule name, uint32_t i, const MotionBlock& before) const {
-    const MotionBlock& after = path_.Block(i);
-    if (!SameFeeds(before, after)) trace_(name, i, before, after);
+  struct Taken {
+    Taken(const PathIndex& path, uint32_t first, uint32_t end) : work(path, first, end) {}
+    FeedPart work;
+    bool isDone = false;  // or left to be joined
+  };
+
+  void Stop() {
+    const std::lock_guard lock(mutex_);
+    isStopped_ = true;
+    changed_.notify_all();
+  }
+
+  // The calling thread, number 0, reports for all.
+  bool Report(unsigned thread) {
+    return thread != 0 || progress_->Step(doneBlocks_, path_.BlockCount());
+  }
+
+  void Work(unsigned thread) {
+    BatchRules rules(path_, job_, master_);
+    const FeedPart::Step step = [&](const Batch& batch) {
+      if (isStopped_) return false;
+      if (!Report(thread)) {
+        Stop();
+        return false;
+      }
+      doneBlocks_ += batch.end - batch.first;
+      return true;
+    };
+    // Also where the other threads leave nothing to do.
+    if (!Report(thread)) Stop();
+    std::unique_lock lock(mutex_);
+    while (!isStopped_ && joined_ < parts_.size()) {
+      if (!isJoining_ && joined_ < taken_ && parts_[joined_].isDone) {
+        JoinDone(&lock, &rules, step);
+      } else if (taken_ < parts_.size() && taken_ < joined_ + mostAhead_) {
+        Taken& part = parts_[taken_];
+        // Nothing comes before the first part: it is done when it is joined.
+        if (taken_++ > 0) {
+          lock.unlock();
+          part.work.RunAhead(lastNextBlock_, &rules, trace_ != nullptr, step);
+          lock.lock();
+        }
+        part.isDone = true;
+        changed_.notify_all();
+      } else if (thread != 0) {
+        changed_.wait(lock);
+      } else {
+        changed_.wait_for(lock, kReportInterval);
+        lock.unlock();
+        if (!Report(thread)) Stop();
+        lock.lock();
+      }
+    }
+  }
+
+  void JoinDone(std::unique_lock<std::mutex>* lock, BatchRules* rules, const FeedPart::Step& step) {
+    FeedPart& part = parts_[joined_].work;
+    isJoining_ = true;
+    lock->unlock();
+    part.Join(&handover_, rules, trace_, step);
+    part.Release();
+    lock->lock();
+    isJoining_ = false;
+    ++joined_;
+    changed_.notify_all();
   }
 
   const PathIndex& path_;
-  const FeedTrace& trace_;
-  std::vector<MotionBlock> before_;
+  const JobRecord& job_;
+  const MasterGrid& master_;
+  const FeedTrace* const trace_;
+  const uint32_t lastNextBlock_;
+  FeedPart::Handover handover_;  // of the parts that are joined; only the thread that joins has it
+  Progress* const progress_;
+
+  std::deque<Taken> parts_;
+  uint32_t mostAhead_ = 0;
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  uint32_t taken_ = 0;   // parts that a thread has begun
+  uint32_t joined_ = 0;  // parts that are joined
+  bool isJoining_ = false;
+  std::atomic<bool> isStopped_{false};
+  std::atomic<uint64_t> doneBlocks_{0};
 };
-
-void ResetFeeds(BlockStore* store, Batch batch, int32_t maxFeed) {
-  for (uint32_t i = batch.first; i < batch.end; ++i) {
-    if (IsMoveBlock(store, i) == 0) continue;
-    store->CurrentBlock.feedProgrammed = store->CurrentBlock.feed = maxFeed;
-    store->WriteBlock(i);
-  }
-}
-
-// Degrees of a direction out of the XY plane, the same going up or down.
-float SlopeAngle(const Vec3& unit) {
-  float angle = Elevation(unit);
-  if (angle > 180.0F) angle = 360.0F - angle;
-  return angle > 90.0F ? 90.0F : angle;
-}
-
-// The feed of a sloping move, before it is rounded.
-int32_t SlopeFeed(const JobRecord& job, const MotionBlock& block, const Vec3& unit, float angle) {
-  int32_t feed = job.PlungeFeed;
-  if (block.type != BlockCutStart || !(angle > kPlungeAngle)) {
-    feed = AngleFeed(job.SideWeight0, job.SideWeight30, job.SideWeight60, job.SlopeMaxRatio,
-                     job.MaxFeed, angle, BandEdges::kStrict);
-    const double lowest = static_cast<double>(block.feedProgrammed) * job.SlopeMaxRatio;
-    if (feed < lowest) feed = TruncateToInt(lowest);
-  }
-  if (job.UpDownChk == 1) {
-    if (unit.z < 0) feed = TruncateToInt(static_cast<double>(feed) * job.ZupZdown);
-    const double lowest = static_cast<double>(job.MaxFeed) * job.SlopeMaxRatio;
-    if (feed > job.MaxFeed) {
-      feed = job.MaxFeed;
-    } else if (feed < lowest) {
-      feed = TruncateToInt(lowest);
-    }
-  }
-  return feed;
-}
-
-// A move without length ends the rule for the rest of its batch.
-void SlowSlopes(BlockStore* store, const PathIndex& path, Batch batch, const JobRecord& job) {
-  const double flatRise = SurelyFlatRise(job.SlopeMinAngle);
-  for (uint32_t i = batch.first; i < batch.end; ++i) {
-    if (!IsCutType(path.Block(i).type)) continue;
-    Difference difference;
-    Vec3 unit;
-    if (path.Vector(i, path.PrevMove(i), &difference, &unit) == 0) return;
-    const double rise = std::fabs(static_cast<double>(unit.z));
-    if (difference.length <= kLeastSlope || rise <= kLeastSlope || rise <= flatRise) continue;
-    const float angle = SlopeAngle(unit);
-    if (!(angle > job.SlopeMinAngle)) continue;
-    store->ReadBlock(i);
-    store->CurrentBlock.feed =
-        RoundDownToStep(SlopeFeed(job, store->CurrentBlock, unit, angle), job.FeedChgAng);
-    store->WriteBlock(i);
-  }
-}
-
-void SearchCorners(const PathIndex& path, Batch batch, CornerSearch* search, TracedRules* rules) {
-  for (uint32_t i = batch.first; i < batch.end; ++i) {
-    const uint32_t type = path.Block(i).type;
-    if (!IsCutType(type) && !IsArcType(type)) continue;
-    const uint32_t next = path.NextMove(i);
-    rules->ApplyToPair(FeedRule::kXyCorner, i, next, [&] { search->XyCornerSearch(i); });
-    if (!IsCutType(type)) continue;
-    rules->ApplyToPair(FeedRule::kZCorner, i, next, [&] { search->ZCornerSearch(i); });
-  }
-}
-
-// An arc has one feed: the lowest of its own and those of its zones.
-void FlattenArcs(BlockStore* store, const PathIndex& path, Batch batch) {
-  MotionBlock* block = &store->CurrentBlock;
-  for (uint32_t i = batch.first; i < batch.end; ++i) {
-    if (!IsArcType(path.Block(i).type)) continue;
-    store->ReadBlock(i);
-    for (const int32_t zoneFeed : {block->headFeed, block->tailFeed}) {
-      if (0 < zoneFeed && zoneFeed < block->feed) block->feed = zoneFeed;
-    }
-    DropZones(block);
-    block->feedProgrammed = block->feed;
-    store->WriteBlock(i);
-  }
-}
 
 }  // namespace
 
-const char* RuleName(FeedRule rule) {
-  constexpr const char* kNames[] = {"slope", "master", "XY corner", "Z corner", "arc"};
-  return kNames[static_cast<size_t>(rule)];
-}
-
 bool FeedPass(NcProgram* program, const JobRecord& job, const MasterGrid* master,
-              FeedPassMemory* memory, const FeedTrace& trace, Progress* progress) {
+              FeedPassMemory* memory, const FeedTrace& trace, Progress* progress,
+              const FeedPassDivision& division) {
   static const MasterGrid kNoMaster;
   BlockStore* store = &program->store;
   program->FeedBase = job.MaxFeed;
-  const FeedPassMemory memoryBefore = *memory;
 
-  const PathIndex path(store);
-  CornerSearch search(store, path, job, memory->headings);
-  TracedRules rules(path, trace);
-  for (Batch batch{0, 0}; batch.end < path.BlockCount(); batch.first = batch.end) {
-    if (!progress->Step(batch.first, path.BlockCount())) {
-      *memory = memoryBefore;
-      return false;
-    }
-    batch.end = std::min(batch.first + kBatchBlocks, path.BlockCount());
-    const auto apply = [&](FeedRule name, auto rule) {
-      // A rule may change the first move of the next batch.
-      rules.Apply(name, batch.first, batch.end, rule);
-    };
-    ResetFeeds(store, batch, job.MaxFeed);
-    apply(FeedRule::kSlope, [&] { SlowSlopes(store, path, batch, job); });
-    if (job.AfaByMaster == 1) {
-      apply(FeedRule::kMaster, [&] {
-        MasterSubPass(store, job, master != nullptr ? *master : kNoMaster, batch.first, batch.end,
-                      &memory->LastNextBlock);
-      });
-    }
-    SearchCorners(path, batch, &search, &rules);
-    apply(FeedRule::kArc, [&] { FlattenArcs(store, path, batch); });
-  }
-  memory->headings = search.Headings();
+  const unsigned threads = ThreadsFor(store->blockCount, division);
+  const PathIndex path(store, job.SafetyDistance, threads);
+  SharedPass pass(path, job, master != nullptr ? *master : kNoMaster, *memory, trace, progress);
+  if (!pass.Run(threads, PartBatches(path.BlockCount(), threads, division))) return false;
+  *memory = {pass.State().lastNext.block, pass.State().headings};
+  if (division.seams != nullptr) *division.seams = pass.Seams();
   // The register must not depend on the blocks that the rules read last.
   store->ReadBlock(store->blockCount - 1);
   return true;

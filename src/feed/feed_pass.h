@@ -2,11 +2,10 @@
 // at slopes, near steep walls of the master model, at corners and on small arcs.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
-#include <functional>
 
 #include "feed/corner_search.h"
+#include "feed/feed_trace.h"
 #include "master/master_grid.h"
 #include "model/job_record.h"
 #include "model/nc_program.h"
@@ -21,24 +20,33 @@ struct FeedPassMemory {
   CornerHeadings headings;
 };
 
-enum class FeedRule { kSlope, kMaster, kXyCorner, kZCorner, kArc };
-inline constexpr size_t kFeedRules = 5;
+// How the work of a pass is divided. The result does not depend on it.
+//
+// A pass on several threads cuts the program into parts at edges of batches. A thread begins a part
+// without waiting for the part before it: it runs the rules over the last batch before the edge, in
+// a copy, and takes what that batch hands on (see PassState). The parts are joined in their order.
+// Where a part began with something else than the part before it has left, it is done again.
+struct FeedPassDivision {
+  unsigned threads = 1;      // at most; a program of less than 20,000 blocks is done by one
+  uint32_t partBatches = 0;  // batches in a part, for tests; 0: as many as suit the program
 
-// "slope", "master", "XY corner", "Z corner", "arc".
-const char* RuleName(FeedRule rule);
-
-// Callback for each change that a rule makes to the feed or the zones of a block. It explains why a
-// move is as slow as it is.
-using FeedTrace = std::function<void(FeedRule rule, uint32_t block, const MotionBlock& before,
-                                     const MotionBlock& after)>;
+  // What happened, for tests and benchmarks.
+  struct Seams {
+    uint32_t parts = 0;
+    uint32_t redone = 0;
+  };
+  Seams* seams = nullptr;
+};
 
 // Rewrites feedProgrammed, feed and the zones of the stored moves, and sets FeedBase to MaxFeed.
 // Zones of an earlier run over the same load stay and can only become longer or slower. `master`
-// may be null, which is the same as a grid without a model. The result does not depend on `trace`.
+// may be null, which is the same as a grid without a model. The result does not depend on `trace`,
+// which is called in the same order for any division, by one thread at a time. `progress` is called
+// by the calling thread only.
 // Returns false if it was stopped: a part of the blocks then has the feeds of before, and `memory`
 // is as it was.
 bool FeedPass(NcProgram* program, const JobRecord& job, const MasterGrid* master,
               FeedPassMemory* memory, const FeedTrace& trace = {},
-              Progress* progress = NoProgress());
+              Progress* progress = NoProgress(), const FeedPassDivision& division = {});
 
 }  // namespace tvx

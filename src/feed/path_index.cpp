@@ -2,9 +2,12 @@
 #include "feed/path_index.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <limits>
-#include <utility>
+#include <mutex>
+
+#include "platform/workers.h"
 
 namespace tvx {
 
@@ -12,40 +15,23 @@ namespace {
 
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
 
-// The bounds are calculated in single precision, to a few parts in ten million. A run is skipped
-// only if it is nearer by at least this share of the squared distance.
-constexpr float kSurelyNear = 0.99999F;
-// A squared distance below this is surely near. Tiny squares may lose digits: all lengths below
-// 0.00003 count as 0, and 0 is near.
-float NearSquared(float distance) {
-  return distance * distance * kSurelyNear;
-}
-
 float PlaneSquared(float dx, float dy) {
   return dx * dx + dy * dy;
 }
 
-bool IsFinite(const MotionBlock& block) {
-  return std::isfinite(block.x) && std::isfinite(block.y) && std::isfinite(block.z);
+// Whether all coordinates are finite. Huge ones may count as infinite, since the sum may be.
+bool AreFinite(const MotionBlock& block) {
+  return std::isfinite(block.x + block.y + block.z);
 }
 
-// Decides about single blocks, finally by DiffVectors, which all rules measure with.
-struct AwayTest {
-  Vec3 point;
-  float distance;
-  float nearSquared;
-
-  bool operator()(const MotionBlock& block) const {
-    if (IsRapidType(block.type)) return true;
-    const float dz = block.z - point.z;
-    if (PlaneSquared(block.x - point.x, block.y - point.y) + dz * dz < nearSquared) return false;
-    if (!IsMoveType(block.type)) return false;
-    Difference difference;
-    Vec3 unit;
-    DiffVectors(EndPoint(block), point, &difference, &unit);
-    return !(difference.length < distance);
-  }
-};
+// Calls work(piece) for all pieces, in any order.
+template <typename Work>
+void ForEachPiece(uint32_t pieces, unsigned workers, Work work) {
+  std::atomic<uint32_t> next{0};
+  WorkTogether(std::min(workers, pieces), [&](unsigned) {
+    for (uint32_t piece = next++; piece < pieces; piece = next++) work(piece);
+  });
+}
 
 }  // namespace
 
@@ -57,7 +43,7 @@ void PathIndex::Bounds::Add(const MotionBlock& block) {
   if (!IsMoveType(block.type)) return;
   // A rapid ends a search wherever it ends, so a run with a rapid is never skipped; nor is a run
   // with a point that has no bounds.
-  if (IsRapidType(block.type) || !IsFinite(block)) {
+  if (IsRapidType(block.type) || !AreFinite(block)) {
     lowX = lowY = lowZ = -kInfinity;
     highX = highY = highZ = kInfinity;
     return;
@@ -73,6 +59,7 @@ void PathIndex::Bounds::Add(const Bounds& other) {
   lowZ = std::min(lowZ, other.lowZ), highZ = std::max(highZ, other.highZ);
 }
 
+// The bounds are calculated in single precision too.
 bool PathIndex::Bounds::IsNear(const Vec3& point, float nearSquared) const {
   // The farthest corner of the box. Empty bounds have every corner at minus infinity.
   const float dx = std::max({point.x - lowX, highX - point.x, 0.0F});
@@ -85,59 +72,119 @@ bool PathIndex::Bounds::IsNear(const Vec3& point, float nearSquared) const {
   return far * far + dz * dz < nearSquared;
 }
 
-PathIndex::PathIndex(BlockStore* store) : store_(store) {
-  levels_.emplace_back();
-  std::vector<Bounds>& leaves = levels_.front();
-  leaves.reserve(store->blockCount / kLeafBlocks + 1);
-  for (; count_ < store->blockCount; ++count_) {
-    store->ReadBlock(count_);
-    const MotionBlock* block = store->Peek(count_);
-    if (block == nullptr) break;  // blockCount is one too high if memory for an arc ran out
-    if (count_ % kLeafBlocks == 0) leaves.push_back(Bounds::Empty());
-    leaves.back().Add(*block);
+PathIndex::PathIndex(BlockStore* store, float reach, unsigned workers) {
+  FindPages(store);
+  uint32_t nodes = (count_ + kLeafBlocks - 1) / kLeafBlocks;
+  levels_.emplace_back(nodes, Bounds::Empty());
+  while (nodes > 1) {
+    nodes = (nodes + kFan - 1) / kFan;
+    levels_.emplace_back(nodes, Bounds::Empty());
   }
-  AddLevels();
-  MeasureRadii();
+  ForEachPiece((count_ + kPieceBlocks - 1) / kPieceBlocks, workers,
+               [&](uint32_t piece) { MakePiece(piece, reach); });
+  MakeUpperLevels(reach, workers);
 }
 
-void PathIndex::AddLevels() {
-  while (levels_.back().size() > 1) {
-    const std::vector<Bounds>& below = levels_.back();
-    std::vector<Bounds> level((below.size() + kFan - 1) / kFan, Bounds::Empty());
-    for (size_t i = 0; i < below.size(); ++i) level[i / kFan].Add(below[i]);
-    levels_.push_back(std::move(level));
+void PathIndex::FindPages(BlockStore* store) {
+  count_ = store->blockCount;
+  // blockCount is one too high if memory for an arc ran out.
+  if (count_ > 0 && store->Peek(count_ - 1) == nullptr) --count_;
+  for (uint32_t i = 0; i < count_; i += BlockStore::blocksPerPage) {
+    pages_.push_back(store->RepairedRecord(i));
+  }
+}
+
+void PathIndex::MakePiece(uint32_t piece, float reach) {
+  uint32_t first = piece * kPieceBlocks;
+  uint32_t end = std::min(first + kPieceBlocks, count_);
+  for (uint32_t i = first; i < end;) {
+    Bounds bounds = Bounds::Empty();
+    for (const uint32_t leafEnd = std::min(i + kLeafBlocks, end); i < leafEnd; ++i) {
+      MotionBlock* const block = Record(i);
+      BlockStore::RepairIfBad(block);
+      bounds.Add(*block);
+    }
+    levels_[0][(i - 1) / kLeafBlocks] = bounds;
+  }
+  uint32_t nodeBlocks = kLeafBlocks;
+  for (size_t level = 0; level <= kPieceLevel && level < levels_.size(); ++level) {
+    const uint32_t endNode = (end + nodeBlocks - 1) / nodeBlocks;
+    for (uint32_t node = first / nodeBlocks; node < endNode; ++node) {
+      Bounds& bounds = levels_[level][node];
+      const uint32_t begin = node * nodeBlocks;
+      bounds.radius =
+          WantsCircle(bounds, reach)
+              ? std::sqrt(FarthestSquared(bounds, begin, std::min(begin + nodeBlocks, end)))
+              : kInfinity;
+      if (level < kPieceLevel && level + 1 < levels_.size()) {
+        levels_[level + 1][node / kFan].Add(bounds);
+      }
+    }
+    nodeBlocks *= kFan;
   }
 }
 
 // Every level measures its circles over the points themselves: a circle around smaller circles
 // would grow with each level.
-void PathIndex::MeasureRadii() {
-  for (uint32_t first = 0; first < count_; first += kLeafBlocks) {
-    const uint32_t end = std::min(first + kLeafBlocks, count_);
-    uint32_t node = first / kLeafBlocks;
-    for (std::vector<Bounds>& level : levels_) {
-      Bounds& bounds = level[node];
-      const float x = bounds.MiddleX();
-      const float y = bounds.MiddleY();
-      float squared = bounds.radius * bounds.radius;
-      ScanForward(first, end, [&](const MotionBlock& block) {
-        if (IsMoveType(block.type)) {
-          squared = std::max(squared, PlaneSquared(block.x - x, block.y - y));
-        }
-        return false;
-      });
-      bounds.radius = std::sqrt(squared);
-      node /= kFan;
+void PathIndex::MakeUpperLevels(float reach, unsigned workers) {
+  std::vector<size_t> wanted;
+  for (size_t level = kPieceLevel + 1; level < levels_.size(); ++level) {
+    for (size_t i = 0; i < levels_[level - 1].size(); ++i) {
+      levels_[level][i / kFan].Add(levels_[level - 1][i]);
     }
+    bool wants = false;
+    for (Bounds& bounds : levels_[level]) {
+      bounds.radius = WantsCircle(bounds, reach) ? 0 : kInfinity;
+      wants = wants || bounds.radius == 0;
+    }
+    if (wants) wanted.push_back(level);
+  }
+  if (wanted.empty()) return;
+
+  std::mutex mutex;  // of the radii: they hold squares until all pieces are measured
+  ForEachPiece((count_ + kPieceBlocks - 1) / kPieceBlocks, workers, [&](uint32_t piece) {
+    const uint32_t first = piece * kPieceBlocks;
+    uint32_t node = piece;
+    size_t level = kPieceLevel;
+    for (const size_t next : wanted) {
+      for (; level < next; ++level) node /= kFan;
+      Bounds& bounds = levels_[level][node];
+      if (!WantsCircle(bounds, reach)) continue;
+      const float squared = FarthestSquared(bounds, first, std::min(first + kPieceBlocks, count_));
+      const std::lock_guard lock(mutex);
+      bounds.radius = std::max(bounds.radius, squared);
+    }
+  });
+  for (const size_t level : wanted) {
+    for (Bounds& bounds : levels_[level]) bounds.radius = std::sqrt(bounds.radius);
   }
 }
 
+// The circle of a run that is wider than the reach cannot be near any point.
+bool PathIndex::WantsCircle(const Bounds& bounds, float reach) const {
+  return std::max(bounds.highX - bounds.lowX, bounds.highY - bounds.lowY) * 0.5F < reach;
+}
+
+// The squared distance in plan view from the middle of the bounds to the farthest move.
+float PathIndex::FarthestSquared(const Bounds& bounds, uint32_t first, uint32_t end) const {
+  const float x = bounds.MiddleX();
+  const float y = bounds.MiddleY();
+  float squared = 0;
+  ScanForward(first, end, [&](const MotionBlock& block) {
+    if (IsMoveType(block.type)) {
+      squared = std::max(squared, PlaneSquared(block.x - x, block.y - y));
+    }
+    return false;
+  });
+  return squared;
+}
+
 template <typename Hit>
-uint32_t PathIndex::ScanForward(uint32_t first, uint32_t end, Hit hit) const {
+uint32_t PathIndex::ScanForward(uint32_t first, uint32_t end, const Hit& hit) const {
   for (uint32_t i = first; i < end;) {
     // Records of one page lie side by side.
     const uint32_t pageEnd = i - i % BlockStore::blocksPerPage + BlockStore::blocksPerPage;
-    const MotionBlock* block = store_->Peek(i);
+    const MotionBlock* block = Record(i);
     for (const uint32_t runEnd = std::min(end, pageEnd); i < runEnd; ++i, ++block) {
       if (hit(*block)) return i;
     }
@@ -146,10 +193,10 @@ uint32_t PathIndex::ScanForward(uint32_t first, uint32_t end, Hit hit) const {
 }
 
 template <typename Hit>
-uint32_t PathIndex::ScanBackward(uint32_t last, uint32_t begin, Hit hit) const {
+uint32_t PathIndex::ScanBackward(uint32_t last, uint32_t begin, const Hit& hit) const {
   for (uint32_t i = last + 1; i > begin;) {
     const uint32_t pageBegin = (i - 1) - (i - 1) % BlockStore::blocksPerPage;
-    const MotionBlock* block = store_->Peek(i - 1);
+    const MotionBlock* block = Record(i - 1);
     for (const uint32_t runBegin = std::max(begin, pageBegin); i > runBegin; --i, --block) {
       if (hit(*block)) return i - 1;
     }
@@ -158,7 +205,7 @@ uint32_t PathIndex::ScanBackward(uint32_t last, uint32_t begin, Hit hit) const {
 }
 
 template <typename Skip, typename Hit>
-uint32_t PathIndex::SearchForward(uint32_t first, Skip skip, Hit hit) const {
+uint32_t PathIndex::SearchForward(uint32_t first, const Skip& skip, const Hit& hit) const {
   if (first >= count_) return kNoMove;
   uint32_t node = first / kLeafBlocks + 1;  // the next whole run
   uint32_t found = kNoMove;
@@ -185,7 +232,7 @@ uint32_t PathIndex::SearchForward(uint32_t first, Skip skip, Hit hit) const {
 }
 
 template <typename Skip, typename Hit>
-uint32_t PathIndex::SearchBackward(uint32_t last, Skip skip, Hit hit) const {
+uint32_t PathIndex::SearchBackward(uint32_t last, const Skip& skip, const Hit& hit) const {
   if (last >= count_) return kNoMove;
   uint32_t nodes = last / kLeafBlocks;  // whole runs before `last`, at the current level
   uint32_t found = kNoMove;
@@ -209,45 +256,30 @@ uint32_t PathIndex::SearchBackward(uint32_t last, Skip skip, Hit hit) const {
   return found;
 }
 
-uint32_t PathIndex::NextMove(uint32_t i) const {
-  if (i + 1 < count_ && IsMoveType(Block(i + 1).type)) return i + 1;
+uint32_t PathIndex::FirstMove(uint32_t i) const {
   return SearchForward(
-      i + 1, [](const Bounds& bounds) { return bounds.IsEmpty(); },
+      i, [](const Bounds& bounds) { return bounds.IsEmpty(); },
       [](const MotionBlock& block) { return IsMoveType(block.type); });
 }
 
-uint32_t PathIndex::PrevMove(uint32_t i) const {
+uint32_t PathIndex::LastMove(uint32_t i) const {
   if (i == 0) return 0;
-  if (IsMoveType(Block(i - 1).type)) return i - 1;
   const uint32_t move = SearchBackward(
       i - 1, [](const Bounds& bounds) { return bounds.IsEmpty(); },
       [](const MotionBlock& block) { return IsMoveType(block.type); });
   return move == kNoMove ? 0 : move;
 }
 
-uint32_t PathIndex::FirstAway(uint32_t first, const Vec3& point, float distance) const {
-  const AwayTest away{point, distance, NearSquared(distance)};
+uint32_t PathIndex::FirstAway(uint32_t first, const Vec3& point, const AwayTest& test) const {
   return SearchForward(
-      first, [&](const Bounds& bounds) { return bounds.IsNear(point, away.nearSquared); }, away);
+      first, [&](const Bounds& bounds) { return bounds.IsNear(point, test.NearSquared()); },
+      [&](const MotionBlock& block) { return test(block, point); });
 }
 
-uint32_t PathIndex::LastAway(uint32_t last, const Vec3& point, float distance) const {
-  const AwayTest away{point, distance, NearSquared(distance)};
+uint32_t PathIndex::LastAway(uint32_t last, const Vec3& point, const AwayTest& test) const {
   return SearchBackward(
-      last, [&](const Bounds& bounds) { return bounds.IsNear(point, away.nearSquared); }, away);
-}
-
-Vec3 PathIndex::Point(uint32_t i) const {
-  return EndPoint(Block(i));
-}
-
-int PathIndex::Vector(uint32_t i, uint32_t j, Difference* difference, Vec3* unit) const {
-  if (i == j) {
-    *difference = {};
-    *unit = {};
-    return 0;
-  }
-  return DiffVectors(Point(i), Point(j), difference, unit);
+      last, [&](const Bounds& bounds) { return bounds.IsNear(point, test.NearSquared()); },
+      [&](const MotionBlock& block) { return test(block, point); });
 }
 
 }  // namespace tvx

@@ -91,7 +91,7 @@ class BlockStore {
   int ReadBlock(uint32_t index) {
     MotionBlock* record = StoredRecord(index);
     if (record == nullptr) return 0;
-    if (IsBad(*record)) Repair(record);
+    RepairIfBad(record);
     CurrentBlock = *record;
     return CurrentBlock.type != BlockNone ? 1 : 0;
   }
@@ -103,9 +103,13 @@ class BlockStore {
 
   // The stored record after the repair that a read would make, without touching the register; null
   // as for Peek. For walks over whole programs: a look costs less than a copy.
-  const MotionBlock* PeekRepaired(uint32_t index) {
+  const MotionBlock* PeekRepaired(uint32_t index) { return RepairedRecord(index); }
+
+  // The same for a change in place. The type and the coordinates of a record that a PathIndex knows
+  // must stay.
+  MotionBlock* RepairedRecord(uint32_t index) {
     MotionBlock* record = StoredRecord(index);
-    if (record != nullptr && IsBad(*record)) Repair(record);
+    if (record != nullptr) RepairIfBad(record);
     return record;
   }
 
@@ -122,6 +126,10 @@ class BlockStore {
   // True for a record that a read would repair.
   static bool IsBad(const MotionBlock& block) {
     return IsOutOfRange(block.x) || IsOutOfRange(block.z);
+  }
+  // The repair that a read makes.
+  static void RepairIfBad(MotionBlock* record) {
+    if (IsBad(*record)) Repair(record);
   }
   static bool IsOutOfRange(float coordinate) { return std::abs(coordinate) > kCoordinateLimit; }
 

@@ -1,5 +1,5 @@
-// What long work reports to, and how the user stops it. The program has one thread: work calls
-// Step, and the front end shows how far it is and reads the keyboard there.
+// What long work reports to, and how the user stops it. The thread that began
+// the work calls Step, and the front end shows how far it is and reads the keyboard there.
 #pragma once
 
 #include <chrono>

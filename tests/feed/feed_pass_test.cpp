@@ -16,23 +16,6 @@ namespace {
 
 constexpr uint32_t kBatch = 200;
 
-// A patch of walls near one of the moves.
-MasterGrid RandomModel(const std::vector<MotionBlock>& blocks, Random* random) {
-  const size_t centre = blocks.size() / static_cast<size_t>(random->Whole(2, 9));
-  const int columns = random->Whole(5, 45), rows = random->Whole(5, 45);
-  MasterGrid grid = EmptyGrid(columns, rows, random->OneOf({1.0F, 0.7F}));
-  grid.OriginX = blocks[centre].x - static_cast<float>(random->Whole(0, 30));
-  grid.OriginY = blocks[centre].y - static_cast<float>(random->Whole(0, 30));
-  const int share = random->OneOf({1, 5, 50});
-  for (int32_t i = 0; i < grid.CellCount; ++i) {
-    const float z = blocks[centre].z + static_cast<float>(random->Whole(-4, 7));
-    const int angle = random->Chance(share) ? random->Whole(0, 90) : 0;
-    SetCell(&grid, i % columns, i / columns, z, angle);
-  }
-  IndexCells(&grid);
-  return grid;
-}
-
 // Two runs over each of some random programs: the second run finds the zones of the first, and the
 // headings are carried from program to program.
 //

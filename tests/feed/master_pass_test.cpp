@@ -27,8 +27,10 @@ std::string Feeds(const std::vector<Vec3>& path, const std::vector<Wall>& walls)
   BlockStore store;
   Append(&store, BlockRapidStart, 0, 0, 0);
   for (const Vec3& p : path) Append(&store, BlockCut, p.x, p.y, 0);
-  uint32_t lastNextBlock = 0;
-  MasterSubPass(&store, JobRecord(), grid, 0, store.blockCount, &lastNextBlock);
+  const JobRecord job;
+  const PathIndex index(&store);
+  FeedRecords records(index, 0, store.blockCount);
+  MasterPass(index, job, grid).SlowMoves(0, store.blockCount, &records);
   std::string text;
   for (uint32_t i = 1; i < store.blockCount; ++i) {
     const MotionBlock& block = *store.Peek(i);
@@ -42,7 +44,7 @@ std::string Feeds(const std::vector<Vec3>& path, const std::vector<Wall>& walls)
 
 // With the default job: reach 5 mm, MaxFeed 1000; feeds 100 at 90 degrees, 399 at 60, 564 at 45,
 // 730 at 30, and 1000 up to 10 degrees. Samples are at 85, 80, ... 15 and reach 5 mm around.
-TEST(MasterSubPass, SlowsALongMoveNearWallsAndTheNextOne) {
+TEST(MasterPass, SlowsALongMoveNearWallsAndTheNextOne) {
   const Rows<const char*, std::vector<Wall>, const char*> rows = {
       {"wall at the end", {{100, 0, 90}}, "1000 tail 5% 100; 1000 head 5% 100; "},
       {"angle at the limit", {{100, 0, 10}}, "1000; 1000; "},
@@ -61,7 +63,7 @@ TEST(MasterSubPass, SlowsALongMoveNearWallsAndTheNextOne) {
   }
 }
 
-TEST(MasterSubPass, HugeCoordinatesFinishQuickly) {
+TEST(MasterPass, HugeCoordinatesFinishQuickly) {
   EXPECT_EQ(Feeds({{50, 3e38F, 0}, {50, -3e38F, 0}, {50, 50, 0}}, {{50, 60, 45}}).substr(0, 4),
             "1000");
 }

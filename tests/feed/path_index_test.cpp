@@ -18,7 +18,7 @@ bool IsAway(const MotionBlock& block, const Vec3& point, float distance) {
 void CompareJumpsWithWalks(const std::vector<MotionBlock>& program, Random* random) {
   BlockStore store;
   Fill(&store, program);
-  const PathIndex path(&store);
+  const PathIndex path(&store, random->OneOf({1.0F, 5.0F, HUGE_VALF}), 2);
   const int count = static_cast<int>(path.BlockCount());
   ASSERT_EQ(path.BlockCount(), program.size());
   const auto walk = [&](int from, int step, const auto& ends) {
@@ -37,8 +37,13 @@ void CompareJumpsWithWalks(const std::vector<MotionBlock>& program, Random* rand
     const Vec3 point = path.Point(static_cast<uint32_t>(random->Whole(0, count - 1)));
     const float distance = random->OneOf({1e-6F, 0.02F, 0.3F, 1.0F, 4.0F, 5.0F, 60.0F, 1e30F});
     const auto isAway = [&](const MotionBlock& block) { return IsAway(block, point, distance); };
-    ASSERT_EQ(path.FirstAway(start, point, distance), walk(from, 1, isAway)) << from;
-    ASSERT_EQ(path.LastAway(start, point, distance), walk(from, -1, isAway)) << from;
+    const AwayTest test(distance);
+    for (const auto search : {&PathIndex::FirstAway, &PathIndex::FirstAwaySoon}) {
+      ASSERT_EQ((path.*search)(start, point, test), walk(from, 1, isAway)) << from;
+    }
+    for (const auto search : {&PathIndex::LastAway, &PathIndex::LastAwaySoon}) {
+      ASSERT_EQ((path.*search)(start, point, test), walk(from, -1, isAway)) << from;
+    }
   }
 }
 

@@ -83,6 +83,9 @@ class Random {
 // records, huge coordinates and coordinates that are no numbers.
 std::vector<MotionBlock> RandomProgram(Random* random, size_t moves, bool odd);
 
+// A patch of walls near one of the moves of a program.
+MasterGrid RandomModel(const std::vector<MotionBlock>& blocks, Random* random);
+
 // An allocator that succeeds a given number of times.
 inline int allocationsLeft = 0;
 inline void* AllocateWhileAllowed(size_t bytes) {
