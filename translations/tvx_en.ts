@@ -926,6 +926,14 @@
         <translation>Click a row to see its line here.</translation>
     </message>
     <message>
+        <source>피드 조정에 쓸 코어</source>
+        <translation>Cores for the Adjustment</translation>
+    </message>
+    <message>
+        <source>모두</source>
+        <translation>All</translation>
+    </message>
+    <message>
         <source>잘 보이는 색</source>
         <translation>High-Contrast Colours</translation>
     </message>

@@ -65,6 +65,7 @@ void FieldSettings::Apply(JobRecord* record) const {
 void Params::AddRecordOptionsTo(CommandLine* line) {
   line->AddOption("--condition", &condition_, "FILE.afa: read a condition file");
   settings_.AddTo(line);
+  line->AddOption("--jobs", &jobs_, "adjust on N processor cores at most (default: all)");
 }
 
 void Params::AddTo(CommandLine* line) {
@@ -78,10 +79,12 @@ void Params::AddTo(CommandLine* line) {
 void Params::Check() {
   if (afa_ && noAfa_) throw WrongCall{"--afa and --no-afa exclude each other"};
   if (afa_ || noAfa_) adjusts_ = afa_;
+  if (jobs_ && *jobs_ < 1) throw WrongCall{"--jobs needs a number from 1 on"};
   settings_.Check();
 }
 
 void Params::Apply(Host* host, CTVXView* view) const {
+  if (jobs_) host->app.cores = static_cast<unsigned>(*jobs_);
   if (condition_) {
     const std::string path = host->ReadablePath(*condition_);
     const Status read =

@@ -32,7 +32,7 @@ class Params {
   explicit Params(bool adjusts = false) : adjusts_(adjusts) {}
 
   void AddTo(CommandLine* line);
-  // Only --condition and --set, for a job list, whose lines decide the rest.
+  // Only --condition, --set and --jobs, for a job list, whose lines decide the rest.
   void AddRecordOptionsTo(CommandLine* line);
   // After the parse. Throws WrongCall as FieldSettings does.
   void Check();
@@ -44,6 +44,7 @@ class Params {
 
  private:
   std::optional<std::string> condition_;
+  std::optional<int> jobs_;
   FieldSettings settings_;
   std::optional<std::string> master_;
   bool afa_ = false;

@@ -11,6 +11,7 @@
 
 #include "desktop/language.h"
 #include "jobs/labels.h"
+#include "platform/workers.h"
 
 namespace tvx {
 
@@ -18,6 +19,7 @@ namespace {
 
 constexpr char kLanguageKey[] = "language";
 constexpr char kColoursKey[] = "highContrast";
+constexpr char kCoresKey[] = "cores";  // 0: all
 
 bool highContrast = false;
 
@@ -47,9 +49,10 @@ std::optional<int32_t> ChosenLanguage(const QString& settingsFile) {
 }
 
 DisplayOptions::DisplayOptions(const QString& settingsFile, QWidget* parent)
-    : QObject(parent), settingsFile_(settingsFile) {
+    : QObject(parent), settingsFile_(settingsFile), cores_(CoreCount()) {
   AddLanguages(parent);
   AddColours();
+  AddCores(parent);
 }
 
 void DisplayOptions::AddLanguages(QWidget* parent) {
@@ -82,6 +85,32 @@ void DisplayOptions::AddColours() {
     emit PensChanged();
   });
   entries_ << entry;
+}
+
+// All cores, and each power of two below that.
+void DisplayOptions::AddCores(QWidget* parent) {
+  unsigned chosen = 0;
+  if (!settingsFile_.isEmpty()) {
+    chosen = QSettings(settingsFile_, QSettings::IniFormat).value(kCoresKey, 0).toUInt();
+  }
+  if (chosen >= CoreCount()) chosen = 0;
+  if (chosen > 0) cores_ = chosen;
+  auto* const menu = new QMenu(Translated("피드 조정에 쓸 코어"), parent);
+  auto* const group = new QActionGroup(menu);
+  const auto add = [&](const QString& text, unsigned cores) {
+    QAction* const entry = menu->addAction(text);
+    entry->setCheckable(true);
+    entry->setChecked(cores == chosen);
+    group->addAction(entry);
+    connect(entry, &QAction::triggered, this, [this, cores] {
+      Keep(settingsFile_, kCoresKey, cores);
+      cores_ = cores > 0 ? cores : CoreCount();
+      emit CoresChosen(cores_);
+    });
+  };
+  add(Translated("모두"), 0);
+  for (unsigned cores = 1; cores < CoreCount(); cores *= 2) add(QString::number(cores), cores);
+  entries_ << menu->menuAction();
 }
 
 }  // namespace tvx

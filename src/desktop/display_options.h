@@ -1,4 +1,5 @@
-// The entries of the View menus for language and colours. Both are kept in the window's settings.
+// The entries of the View menus for language, colours and processor cores. All are kept in the
+// window's settings.
 #pragma once
 
 #include <QList>
@@ -30,17 +31,24 @@ class DisplayOptions : public QObject {
 
   const QList<QAction*>& MenuEntries() const { return entries_; }
 
+  // The processor cores that an adjustment may use: those the user has chosen, else all.
+  unsigned Cores() const { return cores_; }
+
  signals:
   // The pictures on the screen have to be drawn with other pens.
   void PensChanged();
   // The language of the next start has been chosen.
   void LanguageChosen();
+  // The user has chosen another number of cores.
+  void CoresChosen(unsigned cores);
 
  private:
   void AddLanguages(QWidget* parent);
   void AddColours();
+  void AddCores(QWidget* parent);
 
   QString settingsFile_;
+  unsigned cores_;
   QList<QAction*> entries_;
 };
 

@@ -35,7 +35,7 @@ bool AdjustFeeds(const ProgramWork& work, const FeedTrace& trace) {
   const WorkScope scope(work.progress, Work::kAdjust, work.program->source.path);
   return FeedPass(work.program, *work.job, work.master, work.feedPassMemory,
                   follows ? work.causes->Follow(work.program->store.blockCount) : trace,
-                  work.progress);
+                  work.progress, {.threads = work.threads});
 }
 
 namespace {

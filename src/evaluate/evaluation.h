@@ -30,6 +30,7 @@ struct ProgramWork {
   FeedPassMemory* feedPassMemory;      // what one pass leaves for the next
   const MasterGrid* master = nullptr;  // null is the same as a grid without a model
   Progress* progress = NoProgress();
+  unsigned threads = 1;  // that an adjustment may use at most; the result does not depend on it
   FeedCauses* causes = nullptr;             // follow each adjustment
   const MachineProfile* machine = nullptr;  // the one that was chosen
   const ViewState* view = nullptr;          // that pictures show; required only if they are wanted

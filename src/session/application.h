@@ -17,6 +17,7 @@
 #include "platform/files/files.h"
 #include "platform/processes/programs.h"
 #include "platform/user_interface.h"
+#include "platform/workers.h"
 #include "reports/spreadsheet.h"
 #include "settings/configuration.h"
 #include "settings/user_keys.h"
@@ -58,6 +59,8 @@ class CTVXApp {
   ParserStates parserStates;
   // State that one feed pass leaves for the next, in any window.
   FeedPassMemory feedPassMemory;
+  // Processor cores that an adjustment may use.
+  unsigned cores = CoreCount();
   // The spindle speed, rev/min, that the job dialog opens with: the one in the default condition
   // file until a job dialog is accepted.
   int32_t rememberedSpindle = 1000;

@@ -50,6 +50,7 @@ ProgramWork CTVXView::Work() {
           .feedPassMemory = &app->feedPassMemory,
           .master = &masterGrid,
           .progress = app->ui->LongWork(),
+          .threads = app->cores,
           .causes = causes_.get(),
           .machine = app->machine ? &*app->machine : nullptr,
           .view = &view,

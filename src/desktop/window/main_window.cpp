@@ -95,6 +95,9 @@ MainWindow::MainWindow(CTVXApp* app, const Drives* drives, const QString& settin
     }
     update();  // the legend
   });
+  app->cores = display->Cores();
+  connect(display, &DisplayOptions::CoresChosen, this,
+          [app](unsigned cores) { app->cores = cores; });
   connect(display, &DisplayOptions::LanguageChosen, this,
           [this] { ShowStatusText("다음에 시작할 때 바뀝니다. / Changes at the next start."); });
   connect(menus_, &Menus::RecentFileChosen, this,

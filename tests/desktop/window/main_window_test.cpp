@@ -220,7 +220,7 @@ TEST_F(MainWindowTest, LegendIsCurrentBesideDialogAndLeavesKeysToView) {
   }
 }
 
-TEST_F(MainWindowTest, LanguageAndColoursAreKeptForNextStart) {
+TEST_F(MainWindowTest, LanguageColoursAndCoresAreKeptForNextStart) {
   const QString settings = ToQt((home / "desktop.ini").string());
   const auto entry = [&](const QString& text) {
     for (QAction* const action : window->findChildren<QAction*>()) {
@@ -233,7 +233,12 @@ TEST_F(MainWindowTest, LanguageAndColoursAreKeptForNextStart) {
   entry("English")->trigger();
   EXPECT_EQ(ChosenLanguage(settings), kEnglishLabels);
   entry("잘 보이는 색")->trigger();
+  app.cores = 77;
+  if (CoreCount() > 1) entry("1")->trigger();
+  EXPECT_EQ(app.cores, CoreCount() > 1 ? 1U : 77U);
+  app.cores = 77;
   OpenWindow(settings);
+  EXPECT_EQ(app.cores, 1U);
   window->NewView();
   Settle();
   Load("part.nc", kProgram);
