@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cmath>
 #include <utility>
-#include <vector>
 
 #include "base/numbers.h"
 #include "feed/directions.h"
@@ -39,17 +38,25 @@ struct Untraced {
 // Carries out rules and traces what they change.
 class Traced {
  public:
-  Traced(const PathIndex& path, const FeedTrace& trace, FeedRecords* records)
-      : path_(path), trace_(trace), records_(*records) {}
+  // `blocks`: the records of the batch.
+  Traced(const PathIndex& path, const BatchBlocks& blocks, const FeedTrace& trace,
+         FeedRecords* records)
+      : path_(path), blocks_(blocks), trace_(trace), records_(*records) {}
 
   // A rule that changes the blocks of a batch and the first move of the next one.
   template <typename Rule>
   void ApplyToBatch(FeedRule name, const Batch& batch, Rule rule) {
-    before_.clear();
-    const uint32_t end = batch.end + (records_.Has(batch.end) ? 1 : 0);
-    for (uint32_t i = batch.first; i < end; ++i) before_.push_back(*records_.At(i));
+    const uint32_t count = batch.end - batch.first;
+    for (uint32_t i = 0; i < count; ++i) before_[i] = *blocks_[i];
+    const bool hasNext = records_.Has(batch.end);
+    const MotionBlock next = hasNext ? *records_.At(batch.end) : MotionBlock();
     rule();
-    for (uint32_t i = batch.first; i < end; ++i) Trace(name, i, before_[i - batch.first]);
+    for (uint32_t i = 0; i < count; ++i) {
+      if (!SameFeeds(before_[i], *blocks_[i])) {
+        trace_(name, batch.first + i, before_[i], *blocks_[i]);
+      }
+    }
+    if (hasNext) Trace(name, batch.end, next);
   }
 
   // A rule that changes two moves at most, those that meet at the end of move i.
@@ -74,9 +81,10 @@ class Traced {
   }
 
   const PathIndex& path_;
+  const BatchBlocks& blocks_;
   const FeedTrace& trace_;
   FeedRecords& records_;
-  std::vector<MotionBlock> before_;
+  std::array<MotionBlock, kBatchBlocks> before_;
 };
 
 // Degrees of a direction out of the XY plane, the same going up or down.
@@ -112,7 +120,7 @@ void BatchRules::Run(const Batch& batch, FeedRecords* records, const FeedTrace* 
   if (trace == nullptr) {
     RunAll(batch, records, Untraced());
   } else {
-    RunAll(batch, records, Traced(path_, *trace, records));
+    RunAll(batch, records, Traced(path_, blocks_, *trace, records));
   }
 }
 

@@ -23,6 +23,9 @@ struct Batch {
   uint32_t end;
 };
 
+// The records of a batch.
+using BatchBlocks = std::array<MotionBlock*, kBatchBlocks>;
+
 // What the rules of the batches so far leave for those of the next one, beside the records.
 //
 // The feeds of a batch depend on the coordinates and types of the whole path, on its own records,
@@ -71,7 +74,7 @@ class BatchRules {
   const double flatRise_;  // a unit vector with no more rise than this is no slope
   CornerSearch corners_;
   MasterPass master_;
-  std::array<MotionBlock*, kBatchBlocks> blocks_{};  // of the batch
+  BatchBlocks blocks_{};
 };
 
 }  // namespace tvx
