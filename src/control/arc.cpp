@@ -28,7 +28,8 @@ Arc ArcAbout(const PlanePoint& centre, const PlanePoint& start, const PlanePoint
   double turn = std::atan2(isClockwise ? -cross : cross, ax * bx + ay * by);
   if (turn < 0) turn += kTurn;
   if (turn <= kNoLength || turn >= kTurn - kNoLength) turn = kTurn;
-  return {centre, isClockwise ? -turn : turn};
+  return {centre, isClockwise ? -turn : turn, std::sqrt(ax * ax + ay * ay),
+          std::sqrt(bx * bx + by * by)};
 }
 
 Arc ArcOfRadius(double radius, const PlanePoint& start, const PlanePoint& end, bool isClockwise,
@@ -44,17 +45,21 @@ Arc ArcOfRadius(double radius, const PlanePoint& start, const PlanePoint& end, b
                              (start[1] + end[1]) / 2 + (end[0] - start[0]) * toLeft};
   const double lesser = 2 * std::atan2(half, height);
   const double turn = isLong ? kTurn - lesser : lesser;
-  return {centre, isClockwise ? -turn : turn};
+  return {centre, isClockwise ? -turn : turn, Distance(centre, start), Distance(centre, end)};
 }
 
-bool EndsElsewhere(double startRadius, double endRadius) {
-  const double difference = std::abs(startRadius - endRadius);
+bool IsDegenerate(const Arc& arc) {
+  return std::min(arc.startRadius, arc.endRadius) <= kNoLength;
+}
+
+bool EndsElsewhere(const Arc& arc) {
+  const double difference = std::abs(arc.startRadius - arc.endRadius);
   return difference > kRadiusTolerance &&
-         difference > kRadiusRatio * std::max(startRadius, endRadius);
+         difference > kRadiusRatio * std::max(arc.startRadius, arc.endRadius);
 }
 
-double ArcLength(double startRadius, double endRadius, double sweep, double rise) {
-  const double inPlane = (startRadius + endRadius) / 2 * sweep;
+double ArcLength(const Arc& arc, double rise) {
+  const double inPlane = (arc.startRadius + arc.endRadius) / 2 * arc.sweep;
   return std::sqrt(inPlane * inPlane + rise * rise);
 }
 

@@ -10,7 +10,8 @@ using PlanePoint = std::array<double, 2>;
 
 struct Arc {
   PlanePoint centre{};
-  double sweep = 0;  // radians, positive counter-clockwise
+  double sweep = 0;                       // radians, positive counter-clockwise
+  double startRadius = 0, endRadius = 0;  // mm
 };
 
 // Lengths up to this are none, angles that agree within it make a whole turn. mm, radians.
@@ -29,10 +30,13 @@ Arc ArcAbout(const PlanePoint& centre, const PlanePoint& start, const PlanePoint
 Arc ArcOfRadius(double radius, const PlanePoint& start, const PlanePoint& end, bool isClockwise,
                 double* missing);
 
+// True if the centre is at the start or the end: such an arc is none.
+bool IsDegenerate(const Arc& arc);
+
 // True if the radii at start and end differ by more than 0.01 mm and 0.1 % of the larger.
-bool EndsElsewhere(double startRadius, double endRadius);
+bool EndsElsewhere(const Arc& arc);
 
 // Length of an arc whose radius changes linearly and that rises by `rise` on the third axis.
-double ArcLength(double startRadius, double endRadius, double sweep, double rise);
+double ArcLength(const Arc& arc, double rise);
 
 }  // namespace tvx

@@ -19,9 +19,11 @@ Point At(const Point& place, double z) {
   return {place[0], place[1], z};
 }
 
-double CutCount(const CannedCycle& cycle) {
+uint64_t CutCount(const CannedCycle& cycle) {
+  constexpr double kMost = 1e15;  // above the limit of every run
   if (cycle.kind->peck == Peck::kNone || cycle.peck == 0) return 1;
-  return std::max(1.0, std::ceil((cycle.Retract() - *cycle.bottom) / cycle.peck - 1e-9));
+  const double count = std::ceil((cycle.Retract() - *cycle.bottom) / cycle.peck - 1e-9);
+  return static_cast<uint64_t>(std::clamp(count, 1.0, kMost));
 }
 
 }  // namespace
@@ -34,6 +36,14 @@ const CycleKind* FindCycle(uint16_t tenths) {
   return found != std::end(kCycles) ? found : nullptr;
 }
 
+CannedCycle CannedCycle::Shifted(double shift) const {
+  CannedCycle cycle = *this;
+  cycle.initialLevel += shift;
+  if (cycle.retractLevel) *cycle.retractLevel += shift;
+  if (cycle.bottom) *cycle.bottom += shift;
+  return cycle;
+}
+
 bool RunCycle(const CannedCycle& cycle, const Point& place, const CutFeed& feed,
               bool toInitialLevel, PathWriter* path, RunLimit* limit) {
   const double retract = cycle.Retract();
@@ -43,10 +53,10 @@ bool RunCycle(const CannedCycle& cycle, const Point& place, const CutFeed& feed,
   path->Rapid(At(place, path->Position()[2]));
   path->Rapid(At(place, retract));
 
-  const double cuts = CutCount(cycle);
-  for (double cut = 1; cut < cuts; ++cut) {
+  const uint64_t cuts = CutCount(cycle);
+  for (uint64_t cut = 1; cut < cuts; ++cut) {
     if (!limit->Take()) return false;
-    const double depth = retract - cut * cycle.peck;
+    const double depth = retract - static_cast<double>(cut) * cycle.peck;
     path->Cut(At(place, depth), feed);
     if (cycle.kind->peck == Peck::kFull) path->Rapid(At(place, retract));
     path->Rapid(At(place, std::min(retract, depth + kPeckClearance)));

@@ -24,7 +24,8 @@ struct CycleKind {
 // The cycle of a G word in tenths, or null.
 const CycleKind* FindCycle(uint16_t tenths);
 
-// What a cycle keeps from line to line. Levels are values of Z on the path, mm.
+// What a cycle keeps from line to line. Levels are values of Z in the program, mm: a shift moves
+// them.
 struct CannedCycle {
   const CycleKind* kind = nullptr;  // null while no cycle is in force
   double initialLevel = 0;
@@ -34,10 +35,13 @@ struct CannedCycle {
   double dwell = 0;  // seconds at the bottom
 
   double Retract() const { return retractLevel.value_or(initialLevel); }
+
+  // The cycle with its levels on the path, above those of the program by `shift`.
+  CannedCycle Shifted(double shift) const;
 };
 
-// Runs a cycle, which has a bottom, once at X and Y of `place`. False if the limit has ended the
-// run within it.
+// Runs a cycle with levels on the path, one of them the bottom, once at X and Y of `place`. False
+// if the limit has ended the run within it.
 bool RunCycle(const CannedCycle& cycle, const Point& place, const CutFeed& feed,
               bool toInitialLevel, PathWriter* path, RunLimit* limit);
 

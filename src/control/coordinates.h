@@ -31,8 +31,7 @@ class Coordinates {
 
   // A point on the path less the shifts, not turned back.
   double LessShift(const Point& point, size_t axis) const { return point[axis] - shift_[axis]; }
-  // An axis that no turn changes, on the path.
-  double Shifted(double value, size_t axis) const { return value + shift_[axis]; }
+  double ShiftOf(size_t axis) const { return shift_[axis]; }
 
   // True if the coordinates of the program are those of the path.
   bool ArePlain() const { return !isTurned_ && !isShifted_; }

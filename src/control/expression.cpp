@@ -107,7 +107,7 @@ bool TakeSigns(const char** text) {
   return isNegative;
 }
 
-// The operator of a level that stands at *text, or null.
+// Takes an operator of a level. Null if there is none at *text.
 const OperatorRow* TakeOperator(const char** text, size_t level) {
   for (const OperatorRow& row : kOperators) {
     if (row.level == level && TakeName(text, row.name)) return &row;

@@ -13,8 +13,8 @@ class Expressions {
 
   explicit Expressions(const Variables* variables) : variables_(variables) {}
 
-  // Each takes what its name says from *text on, with what does not count behind it. False if
-  // something else stands there; *text is then anywhere within it.
+  // Each takes what its name says from *text on, and the blanks after it. False if the text has
+  // another form; *text is then anywhere within it.
   bool TakeExpression(const char** text, double* value);       // up to what belongs to none
   bool TakeBracketed(const char** text, double* value);        // "[", an expression, "]"
   bool TakeVariableNumber(const char** text, double* number);  // "#" and what names the variable

@@ -78,7 +78,7 @@ constexpr std::array<uint8_t, kTenths> kRowOf = [] {
 const GWord& FindGWord(double number) {
   const double tenths = number * 10;
   if (!(tenths >= 0 && tenths < kTenths)) return kGWords[0];
-  const auto nearest = static_cast<size_t>(tenths + 0.5);
+  const auto nearest = static_cast<size_t>(std::lround(tenths));
   if (nearest >= kTenths || std::abs(tenths - static_cast<double>(nearest)) > 1e-6) {
     return kGWords[0];
   }

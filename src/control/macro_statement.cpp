@@ -76,10 +76,11 @@ class MacroLine {
   }
 
   bool Assignment(bool isRun) {
+    Expressions& expressions = words_ == nullptr ? expressions_ : form_;
     double number = 0, value = 0;
-    if (!expressions_.TakeVariableNumber(&next_, &number) || Peek() != '=') return false;
+    if (!expressions.TakeVariableNumber(&next_, &number) || Peek() != '=') return false;
     ++next_;
-    if (!expressions_.TakeExpression(&next_, &value)) return false;
+    if (!expressions.TakeExpression(&next_, &value)) return false;
     if (isRun && words_ == nullptr && variables_ != nullptr && !variables_->Assign(number, value)) {
       statement_.hasFault = true;
     }
@@ -100,7 +101,8 @@ class MacroLine {
     double value = 0;
     bool hasPoint = false;
     const bool isComputed = Peek() == '#' || Peek() == '[';
-    if (!expressions_.TakeValue(&next_, &value, &hasPoint)) return false;
+    Expressions& expressions = words_ != nullptr ? expressions_ : form_;
+    if (!expressions.TakeValue(&next_, &value, &hasPoint)) return false;
     if (letter == 'O' && isComputed) return false;
     if (words_ == nullptr || IsVacant(value)) return true;
     if (value > WordLine::kLargest || value < -WordLine::kLargest) {
@@ -127,6 +129,7 @@ class MacroLine {
   WordLine* words_;
   MacroStatement& statement_;
   Expressions expressions_;
+  Expressions form_{nullptr};  // for what another pass of the line computes
 };
 
 }  // namespace
@@ -141,6 +144,7 @@ void ReadMacroWords(const char* text, WordLine* words) {
 }
 
 void RunMacro(const char* text, Variables* variables, MacroStatement* statement, WordLine* words) {
+  *statement = {};
   MacroLine(text, variables, nullptr, statement).Line();
   if (statement->kind == MacroStatement::Kind::kWords) {
     MacroLine(text, variables, words, statement).Line();

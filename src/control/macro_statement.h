@@ -9,7 +9,7 @@
 namespace tvx {
 
 // A line of the form kMacro. Words and assignments may stand in one line, keywords only at its
-// beginning or behind an N word:
+// beginning or after an N word:
 //   words and #n = value
 //   GOTO n, IF [condition] GOTO n, IF [condition] THEN #n = value
 //   WHILE [condition] DO k, END k
@@ -26,7 +26,7 @@ struct MacroStatement {
 bool CheckMacro(const char* text, MacroStatement* statement);
 
 // Reads the words of a line that CheckMacro accepts as if all variables were vacant: those whose
-// values stand in the line. *words has to be clear.
+// values need no variable. *words has to be clear.
 void ReadMacroWords(const char* text, WordLine* words);
 
 // Runs a line that CheckMacro accepts: first all of its assignments, then *words, which has to be

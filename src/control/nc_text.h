@@ -57,7 +57,7 @@ inline const char* SkipBlanks(const char* text) {
 }
 
 // Takes the characters of a name in upper case, with blanks and comments anywhere between them.
-// False, with *text alone, if they do not stand there.
+// False, with *text alone, if the text is another one.
 inline bool TakeName(const char** text, std::string_view name) {
   const char* next = *text;
   for (const char c : name) {
@@ -73,11 +73,11 @@ inline bool TakeName(const char** text, std::string_view name) {
 struct NcNumber {
   double value = 0;
   bool hasPoint = false;
-  bool isEmpty = true;  // no digit stands there
+  bool isEmpty = true;  // there is no digit
 };
 
 // Takes digits with at most one decimal point, with blanks and comments anywhere between them, and
-// what does not count behind them. A point without digits is taken as well.
+// the blanks after them. A point without digits is taken as well.
 NcNumber TakeLongNumber(const char** text);
 
 inline constexpr double kPowersOfTen[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
@@ -96,16 +96,16 @@ inline NcNumber TakeNumber(const char** text) {
   const bool hasPoint = *next == '.';
   std::ptrdiff_t places = 0;
   if (hasPoint) {
-    const char* const behindPoint = ++next;
+    const char* const afterPoint = ++next;
     takeDigits();
-    places = next - behindPoint;
+    places = next - afterPoint;
   }
   const std::ptrdiff_t length = next - *text - (hasPoint ? 1 : 0);
-  const char* const behind = SkipBlanks(next);
-  const bool goesOn = behind != next && (GlyphOf(*behind) == Glyph::kDigit || *behind == '.');
+  const char* const after = SkipBlanks(next);
+  const bool goesOn = after != next && (GlyphOf(*after) == Glyph::kDigit || *after == '.');
   if (length > 15 || goesOn) [[unlikely]]
     return TakeLongNumber(text);
-  *text = behind;
+  *text = after;
   return {static_cast<double>(digits) / kPowersOfTen[places], hasPoint, length == 0};
 }
 

@@ -13,10 +13,7 @@ void PathWriter::Straight(MoveKind kind, const Point& end, const CutFeed& feed) 
 }
 
 void PathWriter::CutArc(Plane plane, const Arc& arc, const Point& end, const CutFeed& feed) {
-  const PlaneAxes axes = AxesOf(plane);
-  const double startRadius = Distance(arc.centre, PositionIn(plane));
-  const double endRadius = Distance(arc.centre, InPlane(plane, end));
-  if (startRadius <= kNoLength || endRadius <= kNoLength) {
+  if (IsDegenerate(arc)) {
     Remark(ReadingRemarkId::kNotRead, "");
     Cut(end, feed);
     return;
@@ -24,8 +21,8 @@ void PathWriter::CutArc(Plane plane, const Arc& arc, const Point& end, const Cut
   move_.plane = plane;
   move_.centre = arc.centre;
   move_.sweep = arc.sweep;
-  const double rise = end[axes.third] - move_.start[axes.third];
-  Send(MoveKind::kArc, end, feed, ArcLength(startRadius, endRadius, arc.sweep, rise));
+  const size_t third = AxesOf(plane).third;
+  Send(MoveKind::kArc, end, feed, ArcLength(arc, end[third] - move_.start[third]));
 }
 
 void PathWriter::Send(MoveKind kind, const Point& end, const CutFeed& feed, double length) {

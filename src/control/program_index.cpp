@@ -97,7 +97,7 @@ class ProgramIndex::Builder {
     if (keyword.kind != OKeyword::Kind::kOther) subLines_.push_back({keyword, place});
   }
 
-  // Pairs each SUB with the next ENDSUB of its name. What stands between them is none.
+  // Pairs each SUB with the next ENDSUB of its name. The lines between them belong to no program.
   void FindSubs() {
     std::unordered_map<uint64_t, TextPlace> nextEnds;
     std::vector<Sub> subs;
@@ -115,10 +115,9 @@ class ProgramIndex::Builder {
   }
 
   bool IsInSub(uint64_t offset) const {
-    const auto behind =
-        std::upper_bound(index_.subs_.begin(), index_.subs_.end(), offset,
-                         [](uint64_t at, const Sub& sub) { return at < sub.begin; });
-    return behind != index_.subs_.begin() && offset <= std::prev(behind)->end.offset;
+    const auto after = std::upper_bound(index_.subs_.begin(), index_.subs_.end(), offset,
+                                        [](uint64_t at, const Sub& sub) { return at < sub.begin; });
+    return after != index_.subs_.begin() && offset <= std::prev(after)->end.offset;
   }
 
   // The lines before the first O word join its program, or are a program of their own.
@@ -153,12 +152,12 @@ const IndexedProgram* ProgramIndex::Find(double number) const {
 }
 
 ProgramIndex::Range ProgramIndex::RangeOf(uint64_t offset) const {
-  const auto behind =
+  const auto after =
       std::upper_bound(programs_.begin(), programs_.end(), offset,
                        [](uint64_t at, const IndexedProgram& p) { return at < p.begin.offset; });
-  const bool isLast = behind == programs_.end();
-  return {std::prev(behind)->begin.offset,
-          isLast ? std::numeric_limits<uint64_t>::max() : behind->begin.offset};
+  const bool isLast = after == programs_.end();
+  return {std::prev(after)->begin.offset,
+          isLast ? std::numeric_limits<uint64_t>::max() : after->begin.offset};
 }
 
 const ProgramIndex::Label* ProgramIndex::FirstFrom(const Labels& labels, uint32_t number,
@@ -194,13 +193,13 @@ std::optional<TextPlace> ProgramIndex::FindLoopBegin(double number, uint64_t off
   const std::optional<uint32_t> whole = LabelNumber(number);
   if (!whole) return {};
   // The last one of the number before the offset.
-  const auto behind = std::lower_bound(
+  const auto after = std::lower_bound(
       loopBegins_.begin(), loopBegins_.end(), std::pair(*whole, offset),
       [](const Label& label, const std::pair<uint32_t, uint64_t>& key) {
         return std::tie(label.number, label.offset) < std::tie(key.first, key.second);
       });
-  if (behind == loopBegins_.begin()) return {};
-  const Label& label = *std::prev(behind);
+  if (after == loopBegins_.begin()) return {};
+  const Label& label = *std::prev(after);
   if (label.number != *whole || label.offset < RangeOf(offset).begin) return {};
   return TextPlace{label.offset, label.line};
 }

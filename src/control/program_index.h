@@ -63,7 +63,7 @@ class ProgramIndex {
   class Builder;
 
   Range RangeOf(uint64_t offset) const;
-  // The label of a number at `from` or behind, before `end`.
+  // The first label of a number in a range of offsets, or null.
   static const Label* FirstFrom(const Labels& labels, uint32_t number, uint64_t from, uint64_t end);
 
   std::vector<IndexedProgram> programs_;    // by offset

@@ -83,14 +83,14 @@ size_t ProgramText::ReadAll(uint64_t offset, char* buffer, size_t size) {
 
 void ProgramText::FinishSpecial(std::string_view* line) {
   isSpecial_ = false;
-  if (isCut_) ahead_.offset = BehindLineFeed(here_.offset + line->size());
+  if (isCut_) ahead_.offset = AfterLineFeed(here_.offset + line->size());
   if (here_.offset == 0 && line->starts_with(kByteOrderMark)) {
     line->remove_prefix(kByteOrderMark.size());
   }
 }
 
-// The offset behind the first line feed from `offset` on.
-uint64_t ProgramText::BehindLineFeed(uint64_t offset) {
+// The offset after the first line feed from `offset` on.
+uint64_t ProgramText::AfterLineFeed(uint64_t offset) {
   std::vector<char> bytes(kWindowBytes);
   while (StepProgress(offset)) {
     const size_t count = ReadAll(offset, bytes.data(), bytes.size());

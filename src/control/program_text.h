@@ -29,7 +29,7 @@ class ProgramText {
   explicit ProgramText(InputFile* file, Progress* progress = NoProgress());
 
   // The next line, with a last one that does not end in a line feed, and without a byte order mark
-  // at the head of the file. A line feed stands behind the text in memory. False at the end. The
+  // at the head of the file. In memory a line feed follows the text. False at the end. The
   // line is valid until the next call.
   bool Next(std::string_view* line) {
     if (next_ == end_ && !Load()) [[unlikely]]
@@ -45,7 +45,7 @@ class ProgramText {
     return true;
   }
 
-  // The place of the line that Next returned last, and of the line behind it.
+  // The place of the line that Next returned last, and of the next one.
   TextPlace Here() const { return here_; }
   TextPlace Ahead() const { return ahead_; }
 
@@ -69,7 +69,7 @@ class ProgramText {
   bool StepProgress() { return StepProgress(farthest_); }
 
  private:
-  // A part of the file that begins with a line. A line feed stands behind its bytes.
+  // A part of the file that begins with a line. In memory a line feed follows its bytes.
   struct Window {
     std::vector<char> bytes;
     uint64_t begin = 0;
@@ -84,7 +84,7 @@ class ProgramText {
   void Fill(Window* window, uint64_t offset);
   size_t ReadAll(uint64_t offset, char* buffer, size_t size);
   void FinishSpecial(std::string_view* line);
-  uint64_t BehindLineFeed(uint64_t offset);
+  uint64_t AfterLineFeed(uint64_t offset);
   bool StepProgress(uint64_t offset);
 
   InputFile* file_;
@@ -96,7 +96,7 @@ class ProgramText {
   uint64_t uses_ = 0;
   TextPlace here_, ahead_;
   const char* next_ = nullptr;  // the line at Ahead, in the present window
-  const char* end_ = nullptr;   // behind the whole lines of the present window
+  const char* end_ = nullptr;   // of the whole lines of the present window
   bool isSpecial_ = false;  // the window begins with a byte order mark, or with a line that is cut
   bool isCut_ = false;
   uint64_t lines_ = 0;

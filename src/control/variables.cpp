@@ -11,10 +11,13 @@ int64_t WholeNumber(double number) {
   return static_cast<int64_t>(std::round(std::fmax(-kLimit, std::fmin(kLimit, number))));
 }
 
-// Vacant variables of a program. What lies outside belongs to the control.
-bool IsOwn(int64_t number) {
-  return (number >= 0 && number <= kLastLocal) || (number >= 100 && number <= 199) ||
-         (number >= 500 && number <= 999);
+bool IsLocal(int64_t number) {
+  return number >= 1 && number <= kLastLocal;
+}
+
+// The common variables that a control leaves to programs. All others may be its own.
+bool IsOwnCommon(int64_t number) {
+  return (number >= 100 && number <= 199) || (number >= 500 && number <= 999);
 }
 
 }  // namespace
@@ -31,27 +34,24 @@ Variables::Variables() : locals_{VacantLocals()} {
 
 double Variables::Read(double number, bool* isUnknown) const {
   const int64_t whole = WholeNumber(number);
-  double value = kVacant;
-  if (whole > 0 && whole <= kLastLocal) {
-    value = locals_.back()[static_cast<size_t>(whole)];
-  } else if (whole > 0 && whole < static_cast<int64_t>(kCommons)) {
-    value = commons_[static_cast<size_t>(whole)];
-  } else if (const auto found = far_.find(whole); found != far_.end()) {
-    value = found->second;
-  }
-  if (IsVacant(value) && !IsOwn(whole)) *isUnknown = true;
-  return value;
+  if (whole == 0) return kVacant;
+  if (IsLocal(whole)) return locals_.back()[static_cast<size_t>(whole)];
+  if (IsOwnCommon(whole)) return commons_[static_cast<size_t>(whole)];
+  const auto found = other_.find(whole);
+  if (found != other_.end()) return found->second;
+  *isUnknown = true;
+  return kVacant;
 }
 
 bool Variables::Assign(double number, double value) {
   const int64_t whole = WholeNumber(number);
   if (whole <= 0) return false;
-  if (whole <= kLastLocal) {
+  if (IsLocal(whole)) {
     locals_.back()[static_cast<size_t>(whole)] = value;
-  } else if (whole < static_cast<int64_t>(kCommons)) {
+  } else if (IsOwnCommon(whole)) {
     commons_[static_cast<size_t>(whole)] = value;
-  } else if (far_.size() < kMostFarVariables || far_.contains(whole)) {
-    far_[whole] = value;
+  } else if (other_.size() < kMostOthers || other_.contains(whole)) {
+    other_[whole] = value;
   } else {
     return false;
   }

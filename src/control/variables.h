@@ -29,7 +29,7 @@ class Variables {
   Variables();
 
   // A variable by its number, which is rounded; vacant if nothing was assigned. *isUnknown becomes
-  // true for a vacant variable that may be one of the control's own.
+  // true if nothing was assigned to a variable that may be one of the control's own.
   double Read(double number, bool* isUnknown) const;
 
   // False, and nothing assigned, for #0 and below, and once there is no room for further variables.
@@ -42,11 +42,11 @@ class Variables {
  private:
   static constexpr size_t kCommons = 1000;
   // A program that assigns more is not after variables.
-  static constexpr size_t kMostFarVariables = 1'000'000;
+  static constexpr size_t kMostOthers = 1'000'000;
 
   std::vector<LocalVariables> locals_;
-  std::array<double, kCommons> commons_;
-  std::unordered_map<int64_t, double> far_;  // from #1000 on
+  std::array<double, kCommons> commons_;       // those that are the program's own
+  std::unordered_map<int64_t, double> other_;  // that were assigned
 };
 
 }  // namespace tvx

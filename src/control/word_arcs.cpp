@@ -41,11 +41,13 @@ void ArcByRadius(WordState* state, const Point& end) {
   const Plane plane = state->modes.plane;
   const PlanePoint from = state->path.PositionIn(plane);
   const PlanePoint to = PathWriter::InPlane(plane, end);
-  const std::string word = WordText('R', state->words['R']);
-  if (Distance(from, to) <= kNoLength) return state->Remark(kNotRead, word);
+  const auto remark = [&](ReadingRemarkId id) {
+    state->Remark(id, WordText('R', state->words['R']));
+  };
+  if (Distance(from, to) <= kNoLength) return remark(kNotRead);
   double missing = 0;
   const Arc arc = ArcOfRadius(state->Length('R'), from, to, IsClockwise(*state), &missing);
-  if (missing > kRadiusTolerance) state->Remark(kArcRadiusShort, word);
+  if (missing > kRadiusTolerance) remark(kArcRadiusShort);
   state->path.CutArc(plane, arc, end, state->Feed());
 }
 
@@ -53,8 +55,7 @@ void ArcByCentre(WordState* state, const Point& end) {
   const Plane plane = state->modes.plane;
   const PlanePoint from = state->path.PositionIn(plane);
   const PlanePoint to = PathWriter::InPlane(plane, end);
-  const PlanePoint centre = CentreOf(*state);
-  Arc arc = ArcAbout(centre, from, to, IsClockwise(*state));
+  Arc arc = ArcAbout(CentreOf(*state), from, to, IsClockwise(*state));
   if (state->words.Has('P') && !state->IsPTaken()) {
     const double turns = state->words['P'];
     const bool isWhole = turns == std::floor(turns);
@@ -62,9 +63,8 @@ void ArcByCentre(WordState* state, const Point& end) {
       arc.sweep += std::copysign(2 * std::numbers::pi * (turns - 1), arc.sweep);
     }
   }
-  const double startRadius = Distance(centre, from), endRadius = Distance(centre, to);
-  if (std::min(startRadius, endRadius) > kNoLength && EndsElsewhere(startRadius, endRadius)) {
-    state->Remark(kArcEndsElsewhere, Format("%.3f/%.3f", startRadius, endRadius));
+  if (EndsElsewhere(arc) && !IsDegenerate(arc)) {
+    state->Remark(kArcEndsElsewhere, Format("%.3f/%.3f", arc.startRadius, arc.endRadius));
   }
   state->path.CutArc(plane, arc, end, state->Feed());
 }

@@ -17,7 +17,7 @@ bool WordCalls::Return() {
   if (call.arguments) variables_->Leave();
   call.target.times -= 1;
   if (call.target.times < 1) {
-    text_->Seek(call.behind);
+    text_->Seek(call.returnTo);
     calls_.pop_back();
     return true;
   }

@@ -31,7 +31,7 @@ class WordCalls {
   // changed, if the calls are too deep. A target of less than one time is not called.
   bool Call(const CallTarget& target, const std::optional<LocalVariables>& arguments);
 
-  // Repeats the present call, or goes on behind it. False in the main program, and at the limit of
+  // Repeats the present call, or continues after it. False in the main program, and at the limit of
   // the run.
   bool Return();
 
@@ -43,7 +43,7 @@ class WordCalls {
  private:
   struct ActiveCall {
     CallTarget target;
-    TextPlace behind;
+    TextPlace returnTo;
     std::optional<LocalVariables> arguments;
   };
 

@@ -27,22 +27,17 @@ void ReadPolar(WordState* state, Plane plane, Point* end, unsigned* given) {
 
 }  // namespace
 
-Point EndPoint(WordState* state, Plane polarPlane, uint32_t axes) {
+Point ShiftedEndPoint(WordState* state, Plane polarPlane, uint32_t given) {
   const WordModes& modes = state->modes;
   const Point start = state->path.Position();
-  const bool isPlain = modes.coordinates.ArePlain() && !modes.polar.isOn;
-  Point end = isPlain ? start : modes.coordinates.ToProgram(start);
-  unsigned given = 0;
+  Point end = modes.coordinates.ToProgram(start);
+  state->ReadAxes(given, &end);
+  unsigned changed = 0;
   for (size_t axis = 0; axis < 3; ++axis) {
-    const char letter = kAxisLetters[axis];
-    if ((state->words.given & axes & WordLine::Bit(letter)) == 0) continue;
-    given |= 1U << axis;
-    end[axis] = modes.isIncremental ? end[axis] + state->Length(letter) : state->Length(letter);
+    if ((given & WordLine::Bit(kAxisLetters[axis])) != 0) changed |= 1U << axis;
   }
-  if (isPlain) [[likely]]
-    return end;
-  if (modes.polar.isOn) ReadPolar(state, polarPlane, &end, &given);
-  return modes.coordinates.EndOnPath(start, end, given);
+  if (modes.polar.isOn) ReadPolar(state, polarPlane, &end, &changed);
+  return modes.coordinates.EndOnPath(start, end, changed);
 }
 
 void SetShift(WordModes* modes, Point WordModes::*shift, const Point& value) {

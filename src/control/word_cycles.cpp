@@ -1,4 +1,5 @@
 // Lines under a canned cycle: the values that they give and keep, and how often the cycle runs.
+#include <algorithm>
 #include <cmath>
 
 #include "control/word_state.h"
@@ -8,10 +9,9 @@ namespace {
 
 constexpr uint32_t kRunningWords = Letters("XYZR");
 
-// A level on the path; an incremental one is measured from `base`.
+// A level in the program; an incremental one is measured from `base`.
 double LevelOf(const WordState& state, char letter, double base) {
-  const double value = state.Length(letter);
-  return state.modes.isIncremental ? base + value : state.modes.coordinates.Shifted(value, 2);
+  return (state.modes.isIncremental ? base : 0) + state.Length(letter);
 }
 
 void KeepValues(WordState* state) {
@@ -24,25 +24,27 @@ void KeepValues(WordState* state) {
 }
 
 // L, or a whole K that is no centre of an arc.
-double TimesOf(const WordLine& words) {
-  if (words.Has('L')) return words['L'];
+uint64_t TimesOf(const WordLine& words) {
   const bool isCount =
       words.Has('K') && !words.HasAny(Letters("IJ")) && words['K'] == std::floor(words['K']);
-  return isCount ? words['K'] : 1;
+  const double times = words.Or('L', isCount ? words['K'] : 1);
+  return static_cast<uint64_t>(std::max(0.0, times));
 }
 
 }  // namespace
 
 bool RunCycleLine(WordState* state) {
   KeepValues(state);
-  const CannedCycle& cycle = state->modes.cycle;
-  const double times = TimesOf(state->words);
-  if (!state->words.HasAny(kRunningWords) || times < 1) return true;
-  if (!cycle.bottom || !state->modes.coordinates.HasPlane(Plane::kXY)) {
-    state->Remark(ReadingRemarkId::kNotRead, WordText('G', cycle.kind->tenths / 10));
+  const Coordinates& coordinates = state->modes.coordinates;
+  const CannedCycle cycle = state->modes.cycle.Shifted(coordinates.ShiftOf(2));
+  const uint64_t times = TimesOf(state->words);
+  const bool isRun = state->words.HasAny(kRunningWords) && times > 0;
+  if (!isRun || state->groups.Has(GGroup::kMachineMove)) return true;
+  if (!cycle.bottom || !coordinates.HasPlane(Plane::kXY)) {
+    state->Remark(ReadingRemarkId::kNotRead, WordText('G', cycle.kind->tenths / 10.0));
     return true;
   }
-  for (double time = 1; time <= times; ++time) {
+  for (uint64_t time = 1; time <= times; ++time) {
     if (time > 1 && !state->limit.Take()) return false;
     const Point place = EndPoint(state, Plane::kXY, Letters("XY"));
     if (!RunCycle(cycle, place, state->Feed(), state->modes.toInitialLevel, &state->path,

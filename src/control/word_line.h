@@ -10,10 +10,10 @@ namespace tvx {
 
 // What a line of a word-address program is.
 enum class LineForm : uint8_t {
-  kWords,       // the words are those of the line
-  kPassedOver,  // the line does not count
-  kMacro,       // it has "#", "[" or a keyword: a statement, whose words are not read yet
-  kOKeyword,    // an O word with a keyword behind it: SUB, ENDSUB, IF and others
+  kWords,     // the words are those of the line
+  kIgnored,   // the line does not count
+  kMacro,     // it has "#", "[" or a keyword: a statement, whose words are not read yet
+  kOKeyword,  // an O word with a keyword: SUB, ENDSUB, IF and others
 };
 
 // A letter may be repeated: its last value counts. Of G and M all values are kept.

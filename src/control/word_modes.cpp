@@ -13,10 +13,12 @@ void SetMotion(uint16_t tenths, WordState* state) {
   const CycleKind* const cycle = FindCycle(tenths);
   if (cycle == nullptr) {
     modes.motion = static_cast<Motion>(tenths / 10);
-    modes.cycle = {};
+    if (modes.cycle.kind != nullptr) modes.cycle = {};
     return;
   }
-  if (modes.cycle.kind == nullptr) modes.cycle.initialLevel = state->path.Position()[2];
+  if (modes.cycle.kind == nullptr) {
+    modes.cycle.initialLevel = modes.coordinates.LessShift(state->path.Position(), 2);
+  }
   modes.cycle.kind = cycle;
 }
 
@@ -51,7 +53,7 @@ void SetUnitsAndFeedMode(WordState* state) {
   const LineGroups& groups = state->groups;
   if (groups.Has(kUnits)) {
     const bool isInch = groups.Is(kUnits, 200) || groups.Is(kUnits, 700);
-    state->modes.unit = isInch ? kInch : 1;
+    state->SetUnit(isInch ? kInch : 1);
   }
   if (groups.Has(kFeedMode)) {
     state->modes.feedMode = groups.Is(kFeedMode, 930)   ? FeedMode::kInverseTime
@@ -65,7 +67,7 @@ void SetFeeds(WordState* state) {
   WordModes& modes = state->modes;
   if (!words.HasAny(Letters("FST"))) return;
   if (words.Has('F') && modes.feedMode != FeedMode::kInverseTime) {
-    modes.feed = words['F'] * modes.unit;
+    modes.feed = words['F'] * modes.units[1];
   }
   modes.spindle = words.Or('S', modes.spindle);
   modes.tool = words.Or('T', modes.tool);
@@ -74,6 +76,7 @@ void SetFeeds(WordState* state) {
 void SetModes(WordState* state) {
   const LineGroups& groups = state->groups;
   WordModes& modes = state->modes;
+  if (groups.IsOnly(kMotion)) return SetMotion(groups[kMotion].tenths, state);
   if (groups.Has(kPlane)) modes.plane = static_cast<Plane>((groups[kPlane].tenths - 170) / 10);
   if (groups.Has(kDistance)) modes.isIncremental = groups.Is(kDistance, 910);
   if (groups.Has(kArcDistance)) modes.isCentreAbsolute = groups.Is(kArcDistance, 901);
@@ -83,7 +86,7 @@ void SetModes(WordState* state) {
   if (groups.Has(kOriginReset)) SetShift(&modes, &WordModes::originShift, {});
   if (groups.Has(kOffset)) SetWorkOffset(groups[kOffset].tenths, state);
   if (groups.Has(kCutterSide) && !groups.Is(kCutterSide, 400)) {
-    state->Remark(ReadingRemarkId::kCompensation, WordText('G', groups[kCutterSide].tenths / 10));
+    state->Remark(ReadingRemarkId::kCompensation, WordText('G', groups[kCutterSide].tenths / 10.0));
   }
   if (groups.Has(kCycleEnd)) EndCycle(&modes);
   if (groups.Has(kMotion)) SetMotion(groups[kMotion].tenths, state);

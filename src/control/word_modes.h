@@ -33,7 +33,7 @@ struct WordModes {
   CannedCycle cycle;
   bool toInitialLevel = true;  // G98
   Plane plane = Plane::kXY;
-  double unit = 1;  // mm
+  std::array<double, 2> units{};  // of lengths without and with a decimal point, mm
   bool isIncremental = false;
   bool isCentreAbsolute = false;  // G90.1
   FeedMode feedMode = FeedMode::kPerMinute;
@@ -62,6 +62,8 @@ class LineGroups {
 
   bool IsEmpty() const { return given_ == 0; }
   bool Has(GGroup group) const { return (given_ & Bit(group)) != 0; }
+  // True if the line has words of this group and of no other one.
+  bool IsOnly(GGroup group) const { return given_ == Bit(group); }
   // The word of a group that the line has.
   const GWord& operator[](GGroup group) const { return *last_[static_cast<size_t>(group)]; }
   // True if the line has this word and no later one of its group.

@@ -17,6 +17,8 @@ using enum ReadingRemarkId;
 
 constexpr uint32_t kArcWords = Letters("XYZIJKR");
 constexpr uint32_t kRotaryAxes = Letters("ABCUVW");
+// Lines without these do nothing but move.
+constexpr uint32_t kWordsBesideMoves = kRotaryAxes | Letters("GMFST");
 
 // G words, in tenths.
 constexpr uint16_t kDwellWord = 40;
@@ -78,7 +80,7 @@ class WordReader {
     if (text_.IsCut()) state_.Remark(kNotRead, "");
     if (form == LineForm::kMacro) [[unlikely]]
       return Macro(line);
-    return form == LineForm::kPassedOver || Words();
+    return form == LineForm::kIgnored || Words();
   }
 
   // --- Programs of the file
@@ -107,7 +109,7 @@ class WordReader {
     return true;
   }
 
-  // Goes on behind a line. False if there is none.
+  // Continues after a line. False if there is none.
   bool SkipTo(const std::optional<TextPlace>& place) {
     if (!place) return false;
     text_.Seek(*place);
@@ -163,6 +165,10 @@ class WordReader {
   // --- Lines of words
 
   bool Words() {
+    if (!words_.HasAny(kWordsBesideMoves) && words_.fault.data() == nullptr) {
+      groups_.Clear();
+      return Move();
+    }
     if (words_.fault.data() != nullptr) [[unlikely]]
       state_.Remark(kNotRead, words_.fault);
     if (calls_.Heading() == kNoHeading && !headIsProgram_) headIsProgram_ = EndsHead(words_);
@@ -181,8 +187,6 @@ class WordReader {
       Rotary();
     if (groups_.Has(GGroup::kLine)) [[unlikely]] {
       LineWord(groups_[GGroup::kLine]);
-    } else if (groups_.Has(GGroup::kMachineMove)) [[unlikely]] {
-      state_.Remark(kMachinePosition, "G53");
     } else if (!Move()) {
       return false;
     }
@@ -202,7 +206,7 @@ class WordReader {
         return path_.Dwell(DwellSeconds());
       case 280:
       case 300:
-        state_.Remark(kMachinePosition, WordText('G', word.tenths / 10));
+        state_.Remark(kMachinePosition, WordText('G', word.tenths / 10.0));
         if (words_.HasAny(kAxisWords)) path_.Rapid(End());
         return;
       case 520:
@@ -226,15 +230,19 @@ class WordReader {
 
   bool Move() {
     const WordModes& modes = state_.modes;
-    const bool hasAxis = words_.HasAny(kAxisWords);
-    if (groups_.Has(GGroup::kProbe)) [[unlikely]] {
-      if (hasAxis) path_.Cut(End(), state_.Feed());
-    } else if (modes.cycle.kind != nullptr) [[unlikely]] {
+    const bool isMachineMove = groups_.Has(GGroup::kMachineMove);
+    const bool isProbe = groups_.Has(GGroup::kProbe) && !isMachineMove;
+    if (isMachineMove) [[unlikely]]
+      state_.Remark(kMachinePosition, "G53");
+    if (modes.cycle.kind != nullptr && !isProbe) [[unlikely]]
       return RunCycleLine(&state_);
+    if (isMachineMove) [[unlikely]]
+      return true;
+    const bool hasAxis = words_.HasAny(kAxisWords);
+    if (isProbe || modes.motion == Motion::kCut) {
+      if (hasAxis) path_.Cut(End(), state_.Feed());
     } else if (modes.motion == Motion::kRapid) {
       if (hasAxis) path_.Rapid(End());
-    } else if (modes.motion == Motion::kCut) {
-      if (hasAxis) path_.Cut(End(), state_.Feed());
     } else if (words_.HasAny(kArcWords)) {
       RunArc(&state_);
     }

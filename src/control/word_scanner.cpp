@@ -60,7 +60,7 @@ class Scan {
 
   LineForm Line() {
     next_ = SkipBlanks(next_);
-    if (*next_ == '%') return LineForm::kPassedOver;
+    if (*next_ == '%') return LineForm::kIgnored;
     if (*next_ == '/') SkipBlockDelete();
     for (;;) {
       const char c = *next_;
@@ -80,8 +80,8 @@ class Scan {
   }
 
  private:
-  // A word as nearly all are written: a letter and a number of few digits, with the next word, a
-  // blank or the end of the line behind it. False, and nothing changed, for any other.
+  // A word as nearly all are written: a letter and a number of few digits, followed by the next
+  // word, a blank or the end of the line. False, and nothing changed, for any other.
   bool ShortWord(char letter) {
     constexpr ptrdiff_t kMostWhole = 9;  // digits, below the largest value
     constexpr ptrdiff_t kMost = 15;      // exact in a double
@@ -130,7 +130,7 @@ class Scan {
     }
   }
 
-  // True if an odd number of minus signs stands there.
+  // Takes signs and blanks. True for an odd number of minus signs.
   bool Signs() {
     bool isNegative = false;
     while (!IsLetter(*next_) && GlyphOf(*next_) != Glyph::kDigit) {
@@ -186,7 +186,7 @@ class Scan {
     return true;
   }
 
-  // "/" and one digit behind it.
+  // "/" and one digit after it.
   void SkipBlockDelete() {
     next_ = SkipBlanks(next_ + 1);
     if (*next_ >= '1' && *next_ <= '9') next_ = SkipBlanks(next_ + 1);

@@ -16,11 +16,11 @@ struct OKeyword {
 };
 
 // Reads the words of a line, up to its line feed. *words has to be clear. For a statement it
-// receives the words that stand before it; *keyword is set only for the form kOKeyword.
+// receives the words before it; *keyword is set only for the form kOKeyword.
 LineForm ScanWords(const char* text, WordLine* words, OKeyword* keyword);
 
-// True, and *text behind it, if one of the keywords of statements stands there: IF, THEN, GOTO,
-// WHILE, DO, END.
+// Takes one of the keywords of statements: IF, THEN, GOTO, WHILE, DO, END. False, with *text alone,
+// if there is none.
 bool TakeKeyword(const char** text);
 
 }  // namespace tvx

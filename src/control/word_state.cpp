@@ -11,17 +11,6 @@ bool WordState::IsPTaken() const {
                                         [](double m) { return m == 97 || m == 98; });
 }
 
-CutFeed WordState::Feed() const {
-  switch (modes.feedMode) {
-    case FeedMode::kInverseTime:
-      return {words.Or('F', 0), true};
-    case FeedMode::kPerTurn:
-      return {modes.feed * modes.spindle, false};
-    default:
-      return {modes.feed, false};
-  }
-}
-
 std::string WordText(char letter, double value) {
   return letter + ShortestDouble(value);
 }

@@ -98,6 +98,10 @@ TEST(CannedCycle, CoordinatesAndUnits) {
       {"G20 G81 X1 Z-1 R1 F1 G99",
        "rapid 0 0 25.4; rapid 25.4 0 25.4; cut 25.4 0 -25.4 F25.4; "
        "rapid 25.4 0 25.4"},
+      // A shift moves the levels too.
+      {"G81 G99 Z-1 R0 L0\nG52 Z10\nX1", "rapid 0 0 10; rapid 1 0 10; cut 1 0 9 F0; rapid 1 0 10"},
+      {"G81 Z-1 R0 L0\nG53 Z-2 X5\nX1", "rapid 1 0 0; cut 1 0 -2 F0; rapid 1 0 0",
+       "2 machine-position"},
       {"G52 Z10 X1\nG81 X0 Z-1 R0 G99", "rapid 0 0 10; rapid 1 0 10; cut 1 0 9 F0; rapid 1 0 10"},
       {"G68 X0 Y0 R90\nG81 X5 Z-1 R0", "rapid 0 5 0; cut 0 5 -1 F0; rapid 0 5 0"},
       {"G18 G68 X0 Z0 R90\nG81 X5 Z-1 R0", "", "2 not-read"},

@@ -27,7 +27,7 @@ TEST(Subprograms, CallsAndReturns) {
       // M97: the next N below, else the first of the program.
       {"N5 Y1\nM97 P7 L2\nM97 P5\nM30\nN5 X5\nN7 G91 X1\nM99",
        "rapid 0 1 0; rapid 1 1 0; rapid 2 1 0; rapid 7 1 0; rapid 8 1 0"},
-      // Of M97, M98 and M99 the last, after the move of the line.
+      // Of M97, M98 and M99 the last one counts, after the move of the line.
       {"O1\nX1 M98 P2 M99\nX2\nO2\nX3", "rapid 1 0 0"},
       // M30 ends the run from a subprogram too.
       {"O1\nM98 P2\nX9\nO2\nX1\nM30", "rapid 1 0 0"},
@@ -156,7 +156,9 @@ TEST(Macros, VariablesAndWords) {
       {"#1=2\n#1=#0\nX4 X#1", "rapid 4 0 0"},
       {"X#200 Y1\nX#150 X#999 X#33\n#200=3\nX#200", "rapid 0 1 0; rapid 3 1 0", "1 macro"},
       {"#0=5\n#[-3]=1 X1\nX2", "rapid 1 0 0; rapid 2 0 0", "1 macro, 2 macro"},
-      {"#5000=2 X#5000", "rapid 2 0 0"},
+      {"#5000=2 X#5000\n#5000=#0\nX#5000", "rapid 2 0 0"},
+      // What a line computes is computed once.
+      {"#1=ACOS[#1]\nX#1 Y[1/#2] #2=2\nIF [1 MOD #1 EQ 5] GOTO 9", "rapid 90 0.5 0"},
       {"N#1 G[0+1] M[3] F[2*5] X1", "code 3; cut 1 0 0 F10"},
       {"X[2000000000] Y1", "rapid 0 1 0", "1 not-read"},
       // Lines that are wholly of another form are not run.

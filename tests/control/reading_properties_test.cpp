@@ -35,7 +35,7 @@ class Random {
   std::mt19937 engine_;
 };
 
-// A line whose words each stand for themselves: no two of one modal group or letter.
+// A line without two words of one modal group or letter.
 Words RandomLine(Random* random) {
   Words line;
   const auto maybe = [&](double share, const std::string& word) {

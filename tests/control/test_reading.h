@@ -88,7 +88,7 @@ inline std::string Moves(const std::string& program, const ReadingOptions& optio
 
 // Runs each case of a table.
 #define EXPECT_READINGS(cases)                                  \
-  for (const ReadingCase& row : cases) {                        \
+  for (const ReadingCase& row : (cases)) {                      \
     TestReading reading(row.program);                           \
     EXPECT_EQ(reading.receiver.list, row.moves) << row.program; \
     EXPECT_EQ(reading.Remarks(), row.remarks) << row.program;   \

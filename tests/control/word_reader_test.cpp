@@ -76,7 +76,7 @@ TEST(WordReader, IntegerDataAreLengthsWithoutAPoint) {
             "rapid 2 0 1; cut 2 0 0 F1; rapid 2 0 1");
 }
 
-TEST(WordReader, EventsComeBeforeTheMoveStopsAndEndsBehindIt) {
+TEST(WordReader, EventsComeBeforeTheMoveStopsAndEndsAfterIt) {
   const ReadingCase cases[] = {
       {"T5\nX1 M3 M8 M6 M0 T7", "tool 7; code 3; code 8; rapid 1 0 0; stop 0"},
       {"X1 M1 M0\nM05 X2 M198", "rapid 1 0 0; stop 1; stop 0; code 5; code 198; rapid 2 0 0"},
