@@ -41,6 +41,7 @@ LIST = "File part.nc Dir {0} RT OFF Afa ON MMA {0}\\m.mma TD 10 \r\nFile arcs.nc
 COMMANDS = {
     "blocks": ("blocks --condition c.afa part.nc arcs.nc", []),
     "conversational": ("blocks --set InputFileType=2 part.hnc", []),
+    "moves": ("moves --json part.nc arcs.nc", []),
     "check": ("check --lines 2 part.nc arcs.nc", []),
     "time": ("time --master m.mma --machine m.machine --json part.nc", []),
     "times": ("time --csv t.csv --bom part.nc arcs.nc", ["t.csv"]),
