@@ -46,7 +46,7 @@ struct ResultPictures {
   std::string png;
   std::string workbookPng;
 
-  static constexpr size_t kLargestSvg = 300 * 1024;  // bytes
+  static constexpr size_t kLargestSvg = size_t{300} * 1024;  // bytes
 };
 
 struct PictureSize {
