@@ -740,26 +740,6 @@
         <translation>Picture file </translation>
     </message>
     <message>
-        <source>화일삭제</source>
-        <translation>Remove file</translation>
-    </message>
-    <message>
-        <source>화일 출력</source>
-        <translation>Write report</translation>
-    </message>
-    <message>
-        <source>AFA 출력</source>
-        <translation>Write job list</translation>
-    </message>
-    <message>
-        <source>AFA 출력, Copy</source>
-        <translation>Write job list, copy</translation>
-    </message>
-    <message>
-        <source>스프레드시트 출력</source>
-        <translation>Fill spreadsheet</translation>
-    </message>
-    <message>
         <source>화일이 선택되지 않아습니다!!!
 </source>
         <translation>No file is selected!!!

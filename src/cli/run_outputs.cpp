@@ -1,6 +1,8 @@
 // The reports write themselves; this file has their order and their error texts.
 #include "cli/run_outputs.h"
 
+#include <algorithm>
+
 #include "base/format.h"
 #include "cli/command.h"
 #include "cli/csv_option.h"
@@ -70,20 +72,20 @@ void FillSheet(const std::string& argument, const Host& host,
 
 void RunOutputs::AddTo(CommandLine* line) {
   for (size_t i = 0; i < arguments_.size(); ++i) {
-    line->AddOption(Reports()[i].option, &arguments_[i], Reports()[i].help);
+    line->AddOption(Reports()[i]->option, &arguments_[i], Reports()[i]->help);
   }
   line->AddFlag(kMarkOption, &hasMark_, kMarkHelp);
 }
 
 void RunOutputs::Check() const {
-  const auto csv = static_cast<size_t>(&ReportOf("--csv") - Reports().data());
-  if (hasMark_ && !arguments_[csv]) throw WrongCall{"--bom needs --csv"};
+  const auto csv = std::ranges::find(Reports(), &ReportOf("--csv")) - Reports().begin();
+  if (hasMark_ && !arguments_[static_cast<size_t>(csv)]) throw WrongCall{"--bom needs --csv"};
 }
 
 Wanted RunOutputs::Needs() const {
   Wanted wanted;
   for (size_t i = 0; i < arguments_.size(); ++i) {
-    if (arguments_[i]) wanted = Union(wanted, Reports()[i].needs);
+    if (arguments_[i]) wanted = Union(wanted, Reports()[i]->needs);
   }
   return wanted;
 }
@@ -94,9 +96,9 @@ bool RunOutputs::Write(const Host& host, std::span<const ProgramResult> results)
   for (size_t i = 0; i < arguments_.size(); ++i) {
     if (!arguments_[i]) continue;
     const std::string& argument = *arguments_[i];
-    switch (Reports()[i].steps) {
+    switch (Reports()[i]->steps) {
       case ReportSteps::kWriteFile:
-        WriteFile(Reports()[i], argument, host, hasMark_, results);
+        WriteFile(*Reports()[i], argument, host, hasMark_, results);
         break;
       case ReportSteps::kCopyFiles:
         failed = WriteListCopy(argument, host, results);

@@ -63,12 +63,14 @@ std::string StoppedText(const RunEnd& end) {
 }
 
 std::vector<CCutTimeListDlg::Button> CCutTimeListDlg::Buttons() {
-  std::vector<Button> buttons = {{"청소", &CCutTimeListDlg::Clear},
-                                 {"화일삭제", &CCutTimeListDlg::DeleteSelected}};
-  for (const Report& report : Reports()) {
-    if (report.button == nullptr) continue;
+  static constexpr Message kClear{"청소", "Clear"};
+  static constexpr Message kDelete{"화일삭제", "Remove file"};
+  std::vector<Button> buttons = {{&kClear, &CCutTimeListDlg::Clear},
+                                 {&kDelete, &CCutTimeListDlg::DeleteSelected}};
+  for (const Report* const report : Reports()) {
+    if (report->button == nullptr) continue;
     buttons.push_back(
-        {report.button, [&report](CCutTimeListDlg* dialog) { return dialog->Write(report); }});
+        {report->button, [report](CCutTimeListDlg* dialog) { return dialog->Write(*report); }});
   }
   return buttons;
 }

@@ -49,7 +49,7 @@ class CCutTimeListDlg final : public Dialog {
   // The buttons in the order of the face, without "OK" and "Cancel", which only close the dialog.
   // The result of `press` says whether the dialog stays open.
   struct Button {
-    const char* caption;
+    const Message* caption;
     std::function<Closing(CCutTimeListDlg*)> press;
   };
   static std::vector<Button> Buttons();

@@ -8,9 +8,11 @@
 #include "base/scan.h"
 #include "base/text.h"
 #include "jobs/directory_browser.h"
+#include "jobs/job_list.h"
 #include "jobs/option_line.h"
 #include "master/master_file.h"
 #include "platform/files/drives.h"
+#include "reports/report.h"
 
 namespace tvx {
 
@@ -189,5 +191,38 @@ Status WriteJobListFileCopy(const std::string& path, std::span<const ProgramResu
   const Status written = file.value->Write(list);
   return written.ok() ? file.value->Commit() : written;
 }
+
+namespace {
+
+constexpr Message kListButton{"AFA 출력", "Write job list"};
+constexpr Message kCopyButton{"AFA 출력, Copy", "Write job list, copy"};
+constexpr char kListTitle[] = "TVX  화일명을 입력 하시요!!";
+
+}  // namespace
+
+extern const Report kJobListReport, kJobListCopyReport;
+
+constinit const Report kJobListReport = {
+    .option = "--list",
+    .help = "OUT.mcf: write the job list file",
+    .button = &kListButton,
+    .ending = "mcf",
+    .fileKind = "TVX file",
+    .chooserTitle = kListTitle,
+    .isOfKind = IsJobList,
+    .write = [](std::span<const ProgramResult> results,
+                const ReportTarget& to) { return WriteJobListFile(to.path, results, to.files); },
+};
+
+constinit const Report kJobListCopyReport = {
+    .option = "--list-copy",
+    .help = "OUT.mcf: write the job list file and copy the files of the list beside it",
+    .button = &kCopyButton,
+    .ending = "mcf",
+    .fileKind = "TVX file",
+    .chooserTitle = kListTitle,
+    .isOfKind = IsJobList,
+    .steps = ReportSteps::kCopyFiles,
+};
 
 }  // namespace tvx

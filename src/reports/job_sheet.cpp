@@ -15,6 +15,7 @@
 #include "base/text.h"
 #include "jobs/labels.h"
 #include "model/option_fields.h"
+#include "reports/report.h"
 #include "stats/entry_lines.h"
 #include "view/output_buffer.h"
 
@@ -542,5 +543,23 @@ Status WriteJobSheetFile(const std::string& path, std::span<const ProgramResult>
   const Status written = page->Finish();
   return written.ok() ? file.value->Commit() : written;
 }
+
+extern const Report kJobSheetReport;
+constexpr Message kJobSheetButton{"HTML", "HTML"};
+constinit const Report kJobSheetReport = {
+    .option = "--sheet-html",
+    .help = "OUT.html: write the job sheet, one page to print",
+    .button = &kJobSheetButton,
+    .ending = "html",
+    .fileKind = "HTML file",
+    .isOfKind = IsJobSheet,
+    .isOfferedToOpen = true,
+    .needs =
+        {.programmed = true, .causes = true, .machine = true, .sheetPicture = true, .check = true},
+    .write =
+        [](std::span<const ProgramResult> results, const ReportTarget& to) {
+          return WriteJobSheetFile(to.path, results, to.language, to.files);
+        },
+};
 
 }  // namespace tvx

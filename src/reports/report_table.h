@@ -1,56 +1,16 @@
-// The table of the reports: every file that is written from results, in the tool and in the window.
-// A new report is a row here and the function that writes it.
+// The table of the reports. Each is declared beside the function that writes it.
 #pragma once
 
-#include <cstdint>
 #include <span>
-#include <string>
 #include <string_view>
 
-#include "base/status.h"
-#include "evaluate/program_result.h"
-#include "platform/files/files.h"
+#include "reports/report.h"
 
 namespace tvx {
 
-// What a report is written with, beside the results.
-struct ReportTarget {
-  std::string path;               // drive path; relative to the current directory for a mere name
-  int32_t language = 0;           // of jobs/labels.h
-  bool hasByteOrderMark = false;  // of values, for spreadsheet programs that need it
-  Files* files = nullptr;
-};
-
-// A report that is more than one file written needs steps of its own in the tool and in the window.
-enum class ReportSteps {
-  kWriteFile,
-  kCopyFiles,        // of the results, beside the job list
-  kFillSpreadsheet,  // in another program
-};
-
-struct Report {
-  const char* option;  // of tvx-cli run, with its dashes
-  const char* help;
-  // Of the button in the window's list of results; null for a report of the tool alone.
-  const char* button = nullptr;
-  // What the window's file chooser lists.
-  const char* ending = "";
-  const char* fileKind = "";
-  const char* chooserTitle = "";
-  // Whether a file begins as one of this kind. The window asks before it replaces another; null for
-  // a report for which the file chooser asks before it takes any existing file.
-  bool (*isOfKind)(std::string_view start) = nullptr;
-  bool usesCurrentDirectory = false;  // the window takes only the name of the chosen file
-  bool isOfferedToOpen = false;       // in the window, once it is written
-  Wanted needs = {};                  // of the results
-  ReportSteps steps = ReportSteps::kWriteFile;
-  // Creates or replaces the file of a report with the steps kWriteFile. After a failure an existing
-  // file is unchanged.
-  Status (*write)(std::span<const ProgramResult> results, const ReportTarget& target) = nullptr;
-};
-
-// In the order of the tool's help text and of the window's buttons.
-std::span<const Report> Reports();
+// In the order of the tool's help text and of the window's buttons. All exist as long as the
+// program.
+std::span<const Report* const> Reports();
 // By its option, which has to be one of the table.
 const Report& ReportOf(std::string_view option);
 

@@ -5,6 +5,7 @@
 #include <variant>
 
 #include "base/csv.h"
+#include "reports/report.h"
 
 namespace tvx {
 
@@ -53,5 +54,16 @@ std::string ResultsCsv(std::span<const ProgramResult> results) {
   }
   return text;
 }
+
+extern const Report kCsvReport;
+constinit const Report kCsvReport = {
+    .option = "--csv",
+    .help = "OUT.csv: write the figures as comma-separated values",
+    .write = [](std::span<const ProgramResult> results, const ReportTarget& to) -> Status {
+      if (HasIncomplete(results)) return {StatusKind::kPartSource, to.path};
+      const std::string mark(to.hasByteOrderMark ? kUtf8Mark : "");
+      return WriteWholeFile(to.files, to.path, mark + ResultsCsv(results));
+    },
+};
 
 }  // namespace tvx

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/format.h"
+#include "reports/report.h"
 #include "reports/spreadsheet_export.h"
 #include "reports/xlsx_file.h"
 #include "stats/entry_lines.h"
@@ -115,5 +116,14 @@ Status WriteResultWorkbook(const std::string& path, std::span<const ProgramResul
   if (!results.empty()) AddTotals(results, row, &file);
   return file.Write(path, files);
 }
+
+extern const Report kWorkbookReport;
+constinit const Report kWorkbookReport = {
+    .option = "--xlsx",
+    .help = "OUT.xlsx: write a workbook with pictures, without an office program",
+    .needs = {.workbookPicture = true},
+    .write = [](std::span<const ProgramResult> results,
+                const ReportTarget& to) { return WriteResultWorkbook(to.path, results, to.files); },
+};
 
 }  // namespace tvx

@@ -5,6 +5,7 @@
 
 #include "base/format.h"
 #include "model/option_fields.h"
+#include "reports/report.h"
 
 namespace tvx {
 
@@ -162,5 +163,16 @@ bool WriteSpreadsheetFile(const std::string& path, std::span<const ProgramResult
   size_t rows = 0;
   return FillWorkbook(path, results, program, &rows, progress) && program->Save();
 }
+
+extern const Report kSpreadsheetReport;
+constexpr Message kSpreadsheetButton{"스프레드시트 출력", "Fill spreadsheet"};
+constinit const Report kSpreadsheetReport = {
+    .option = "--sheet",
+    .help = "FILE: fill the first sheet of a workbook and save it",
+    .button = &kSpreadsheetButton,
+    .ending = "xls",
+    .fileKind = "Excel file",
+    .steps = ReportSteps::kFillSpreadsheet,
+};
 
 }  // namespace tvx

@@ -2,6 +2,7 @@
 #include "reports/text_report.h"
 
 #include "base/text.h"
+#include "reports/report.h"
 #include "stats/entry_lines.h"
 
 namespace tvx {
@@ -43,5 +44,18 @@ Status WriteTextReportFile(const std::string& path, std::span<const ProgramResul
   if (HasIncomplete(results)) return {StatusKind::kPartSource, path};
   return WriteWholeFile(files, path, EncodeCp949(TextReport(results)));
 }
+
+extern const Report kTextReport;
+constexpr Message kTextButton{"화일 출력", "Write report"};
+constinit const Report kTextReport = {
+    .option = "--report",
+    .help = "OUT.tvx: write the text report",
+    .button = &kTextButton,
+    .ending = "tvx",
+    .fileKind = "TVX file",
+    .usesCurrentDirectory = true,
+    .write = [](std::span<const ProgramResult> results,
+                const ReportTarget& to) { return WriteTextReportFile(to.path, results, to.files); },
+};
 
 }  // namespace tvx

@@ -33,7 +33,8 @@ class CutTimeList : public testing::Test {
   }
   void Press(std::string_view caption, Closing expected = Closing::kStaysOpen) {
     const auto buttons = CCutTimeListDlg::Buttons();
-    const auto button = std::ranges::find(buttons, caption, &CCutTimeListDlg::Button::caption);
+    const auto button =
+        std::ranges::find_if(buttons, [&](const auto& b) { return b.caption->korean == caption; });
     ASSERT_NE(button, buttons.end()) << caption;
     EXPECT_EQ(button->press(&dialog), expected) << caption;
   }

@@ -77,7 +77,16 @@ QCheckBox* Face::AddCheck(QLayout* layout, const Message& label, std::function<b
 
 QPushButton* Face::AddButton(QLayout* layout, std::string_view text,
                              std::function<void()> clicked) {
-  auto* const button = new QPushButton(Translated(text), this);
+  return AddLabelledButton(layout, Translated(text), std::move(clicked));
+}
+
+QPushButton* Face::AddButton(QLayout* layout, const Message& text, std::function<void()> clicked) {
+  return AddLabelledButton(layout, Translated(text), std::move(clicked));
+}
+
+QPushButton* Face::AddLabelledButton(QLayout* layout, const QString& text,
+                                  std::function<void()> clicked) {
+  auto* const button = new QPushButton(text, this);
   button->setAutoDefault(false);
   layout->addWidget(button);
   connect(button, &QPushButton::clicked, this, std::move(clicked));

@@ -46,6 +46,7 @@ class Face : public QDialog {
                       std::function<void()> toggle);
 
   QPushButton* AddButton(QLayout* layout, std::string_view text, std::function<void()> clicked);
+  QPushButton* AddButton(QLayout* layout, const Message& text, std::function<void()> clicked);
 
   // The closing buttons at the bottom of the dialog. The accepting one is the default.
   QDialogButtonBox* AddClosingButtons(QLayout* layout, std::string_view accept,
@@ -57,6 +58,7 @@ class Face : public QDialog {
                              std::function<void(const std::string& text)> edited);
   QCheckBox* AddLabelledCheck(QLayout* layout, const QString& label, std::function<bool()> isTicked,
                               std::function<void()> toggle);
+  QPushButton* AddLabelledButton(QLayout* layout, const QString& text, std::function<void()> clicked);
 };
 
 // Shows a text that differs from what the edit holds, without moving the cursor otherwise.

@@ -65,7 +65,7 @@ CutTimeListFace::CutTimeListFace(CCutTimeListDlg* dialog, QWidget* parent)
   AddButton(buttons, "Cancel", [this] { reject(); });
   buttons->addSpacing(16);
   for (const CCutTimeListDlg::Button& button : CCutTimeListDlg::Buttons()) {
-    AddButton(buttons, button.caption, [this, button] { Press(button); });
+    AddButton(buttons, *button.caption, [this, button] { Press(button); });
   }
   buttons->addStretch(1);
   row->addLayout(buttons);
