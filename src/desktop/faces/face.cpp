@@ -85,7 +85,7 @@ QPushButton* Face::AddButton(QLayout* layout, const Message& text, std::function
 }
 
 QPushButton* Face::AddLabelledButton(QLayout* layout, const QString& text,
-                                  std::function<void()> clicked) {
+                                     std::function<void()> clicked) {
   auto* const button = new QPushButton(text, this);
   button->setAutoDefault(false);
   layout->addWidget(button);

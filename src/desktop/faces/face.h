@@ -58,7 +58,8 @@ class Face : public QDialog {
                              std::function<void(const std::string& text)> edited);
   QCheckBox* AddLabelledCheck(QLayout* layout, const QString& label, std::function<bool()> isTicked,
                               std::function<void()> toggle);
-  QPushButton* AddLabelledButton(QLayout* layout, const QString& text, std::function<void()> clicked);
+  QPushButton* AddLabelledButton(QLayout* layout, const QString& text,
+                                 std::function<void()> clicked);
 };
 
 // Shows a text that differs from what the edit holds, without moving the cursor otherwise.
