@@ -99,7 +99,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     CheckAdjusted(program, job);
     CutTimeEntry entry;
     ComputeCutTime(&program.store, job, &entry);
-    Require(!FileInformationLines(entry).empty());
+    Require(!FileInformationLines(entry, Language::kKorean).empty());
   }
   return 0;
 }

@@ -244,10 +244,6 @@
         <translation>NCDATA extension</translation>
     </message>
     <message>
-        <source>마스터 모델</source>
-        <translation>Master model</translation>
-    </message>
-    <message>
         <source>마스터 모델 생성</source>
         <translation>Make Master Model</translation>
     </message>
@@ -332,20 +328,8 @@
         <translation>Delete M30</translation>
     </message>
     <message>
-        <source>재전송 :</source>
-        <translation>Restart :</translation>
-    </message>
-    <message>
-        <source>재전송: </source>
-        <translation>Restart: </translation>
-    </message>
-    <message>
         <source>AFA 설정:</source>
         <translation>AFA setup:</translation>
-    </message>
-    <message>
-        <source>Afa조건: </source>
-        <translation>Afa: </translation>
     </message>
     <message>
         <source>삽입</source>
@@ -492,18 +476,6 @@
         <translation>Idle POWER(KW)</translation>
     </message>
     <message>
-        <source>&lt;&lt;공구보호 -----(%1)----- 가공속도&gt;&gt; </source>
-        <translation>&lt;&lt;Tool protection -----(%1)----- Machining speed&gt;&gt; </translation>
-    </message>
-    <message>
-        <source>&lt;&lt; 공구보호 -----(%1)----- 가공속도&gt;&gt;</source>
-        <translation>&lt;&lt; Tool protection -----(%1)----- Machining speed&gt;&gt;</translation>
-    </message>
-    <message>
-        <source>&lt;&lt;고품질 -----(%1)----- 가공 속도&gt;&gt; </source>
-        <translation>&lt;&lt;High quality -----(%1)----- Machining speed&gt;&gt; </translation>
-    </message>
-    <message>
         <source>흑연</source>
         <translation>Graphite</translation>
     </message>
@@ -558,192 +530,8 @@
 </translation>
     </message>
     <message>
-        <source>화일을 열수 없읍니다. </source>
-        <translation>The file cannot be opened. </translation>
-    </message>
-    <message>
-        <source>화일을 열수 없습니다.
-</source>
-        <translation>The file cannot be opened.
-</translation>
-    </message>
-    <message>
         <source>드라이브에 없는 화일입니다.</source>
         <translation>The file is on none of the drives.</translation>
-    </message>
-    <message>
-        <source>인쇄할 수 없습니다.</source>
-        <translation>Printing is not possible.</translation>
-    </message>
-    <message>
-        <source>화일 리스트에서 file이 선택되지 않았습니다. </source>
-        <translation>No file is selected in the file list. </translation>
-    </message>
-    <message>
-        <source>현재 전송중 이거나 전송한 file입니다. </source>
-        <translation>The file is being sent or has been sent. </translation>
-    </message>
-    <message>
-        <source>화일을 등록할 수 없습니다. </source>
-        <translation>The file cannot be entered. </translation>
-    </message>
-    <message>
-        <source>숫자를 입력하십시오.</source>
-        <translation>Please enter a number.</translation>
-    </message>
-    <message>
-        <source>정수를 입력하십시오.</source>
-        <translation>Please enter an integer.</translation>
-    </message>
-    <message>
-        <source>%1 이상 %2 이하의 값을 입력하십시오.</source>
-        <translation>Please enter a value from %1 to %2.</translation>
-    </message>
-    <message>
-        <source>마스터 모텔을 삭제 하겠읍니까?</source>
-        <translation>Delete the master model?</translation>
-    </message>
-    <message>
-        <source>Memory를 할당할 수 없습니다!!!</source>
-        <translation>Memory cannot be allocated!!!</translation>
-    </message>
-    <message>
-        <source>불러오지 못했습니다.</source>
-        <translation>The file was not loaded.</translation>
-    </message>
-    <message>
-        <source>시스템에 CP%1 변환기가 없습니다. libc%2 꾸러미를, 있으면 libc-gconv-modules-extra 꾸러미를 설치하십시오.</source>
-        <translation>The system has no converter for CP%1. Install the package libc%2, or libc-gconv-modules-extra where that exists.</translation>
-    </message>
-    <message>
-        <source>화일을 끝까지 읽지 못했습니다. 시간과 그림이 맞지 않습니다.</source>
-        <translation>The file could not be read to its end. Times and picture are not complete.</translation>
-    </message>
-    <message>
-        <source>메모리가 모자라서 블록 %1개를 넣지 못했습니다.</source>
-        <translation>There is not enough memory: %1 blocks were left out.</translation>
-    </message>
-    <message>
-        <source>화일이 없습니다. 만들겠습니까?</source>
-        <translation>The file does not exist. Create it?</translation>
-    </message>
-    <message>
-        <source>프로그램이 없어서 그림화일을 만들지 않았습니다.</source>
-        <translation>There is no program; no picture file was made.</translation>
-    </message>
-    <message>
-        <source>다른 종류의 화일이 있습니다. 바꾸겠습니까?</source>
-        <translation>There is a file of another kind. Replace it?</translation>
-    </message>
-    <message>
-        <source>설정 화일을 읽지 못해서 기본값을 사용합니다.</source>
-        <translation>A settings file could not be read; the defaults are used.</translation>
-    </message>
-    <message>
-        <source>편집기를 시작하지 못했습니다.</source>
-        <translation>The editor could not be started.</translation>
-    </message>
-    <message>
-        <source>마스터 모델을 만들었습니다.</source>
-        <translation>The master model was built.</translation>
-    </message>
-    <message>
-        <source>내용이 다른 프로그램이 있습니다. 바꾸겠습니까?</source>
-        <translation>There are programs that differ. Replace them?</translation>
-    </message>
-    <message>
-        <source>이름이 같은 화일이 두 폴더에 있어서 복사하지 않았습니다.</source>
-        <translation>Two files in two folders have the same name; nothing was copied.</translation>
-    </message>
-    <message>
-        <source>리스트에 사용할 수 없는 화일 이름이 있어서 읽지 않았습니다.</source>
-        <translation>The list holds a file name that is not allowed; it was not read.</translation>
-    </message>
-    <message>
-        <source>리스트에 사용할 수 없는 경로가 있어서 읽지 않았습니다.</source>
-        <translation>The list holds a path that is not allowed; it was not read.</translation>
-    </message>
-    <message>
-        <source>화일 바꾸기</source>
-        <translation>Replace a file</translation>
-    </message>
-    <message>
-        <source>빈칸이 있는 이름은 리스트와 설정 화일에 적을 수 없습니다.</source>
-        <translation>The name has a blank; lists and settings files cannot hold it.</translation>
-    </message>
-    <message>
-        <source>마스터 모델이 메모리에 없어서 사용하지 않습니다.</source>
-        <translation>The master model is not in memory and is not used.</translation>
-    </message>
-    <message>
-        <source>마스터 모델이 메모리에 없습니다. 읽겠습니까?</source>
-        <translation>The master model is not in memory. Read it?</translation>
-    </message>
-    <message>
-        <source>메모리에 있는 다른 마스터 모델을 사용합니다.</source>
-        <translation>The other master model, which is in memory, is used.</translation>
-    </message>
-    <message>
-        <source>메모리에 다른 마스터 모델이 있습니다. 이 화일을 읽겠습니까?</source>
-        <translation>Another master model is in memory. Read this file?</translation>
-    </message>
-    <message>
-        <source>저장했습니다.</source>
-        <translation>Saved.</translation>
-    </message>
-    <message>
-        <source>저장하지 못했습니다.</source>
-        <translation>Not saved.</translation>
-    </message>
-    <message>
-        <source>복사하지 못했습니다.</source>
-        <translation>Not copied.</translation>
-    </message>
-    <message>
-        <source>디스크가 가득 찼거나 쓸 수 없습니다.</source>
-        <translation>The disk is full or cannot be written.</translation>
-    </message>
-    <message>
-        <source>마스터 모델을 메모리에서 지웠습니다.</source>
-        <translation>The master model is no longer in memory.</translation>
-    </message>
-    <message>
-        <source>결과 목록이 가득 차서 기록하지 않았습니다.</source>
-        <translation>The list of results is full; nothing was recorded.</translation>
-    </message>
-    <message>
-        <source>마스터 모델을 만들 수 없습니다: 프로그램이 너무 짧습니다.</source>
-        <translation>No master model can be made: the program is too short.</translation>
-    </message>
-    <message>
-        <source>마스터 모델을 만들 수 없습니다: 직선 절삭이 없습니다.</source>
-        <translation>No master model can be made: there is no straight cut.</translation>
-    </message>
-    <message>
-        <source>마스터 모델을 만들 수 없습니다: 가공 범위가 너무 넓습니다.</source>
-        <translation>No master model can be made: the part is too wide.</translation>
-    </message>
-    <message>
-        <source>마스터 모델을 만들 수 없습니다: 공차가 맞지 않습니다.</source>
-        <translation>No master model can be made: the tolerance does not fit.</translation>
-    </message>
-    <message>
-        <source>저장할 마스터 모델이 없습니다.</source>
-        <translation>There is no master model to save.</translation>
-    </message>
-    <message>
-        <source>프로그램을 다시 불러와야 합니다.</source>
-        <translation>The program has to be loaded again.</translation>
-    </message>
-    <message>
-        <source>그림화일 </source>
-        <translation>Picture file </translation>
-    </message>
-    <message>
-        <source>화일이 선택되지 않아습니다!!!
-</source>
-        <translation>No file is selected!!!
-</translation>
     </message>
     <message>
         <source>화일 이름</source>
@@ -806,32 +594,12 @@
         <translation>Program check</translation>
     </message>
     <message>
-        <source>빠짐 %1, 다름 %2</source>
-        <translation>%1 lost, %2 changed</translation>
-    </message>
-    <message>
-        <source>빠짐</source>
-        <translation>lost</translation>
-    </message>
-    <message>
-        <source>다름</source>
-        <translation>changed</translation>
-    </message>
-    <message>
-        <source>참고</source>
-        <translation>note</translation>
-    </message>
-    <message>
         <source>내용</source>
         <translation>Remark</translation>
     </message>
     <message>
         <source>개수</source>
         <translation>Count</translation>
-    </message>
-    <message>
-        <source>줄 %1</source>
-        <translation>Line %1</translation>
     </message>
     <message>
         <source>검사 중입니다...</source>
@@ -848,10 +616,6 @@
     <message>
         <source>불러온 뒤에 화일이 바뀌었습니다. 다시 불러오십시오.</source>
         <translation>The file has changed since it was loaded. Load it again.</translation>
-    </message>
-    <message>
-        <source>%1개 가운데 처음 %2개의 줄이 있습니다.</source>
-        <translation>The first %2 lines of %1 are listed.</translation>
     </message>
     <message>
         <source>검사</source>
@@ -890,16 +654,8 @@
         <translation>The machine file cannot be used: </translation>
     </message>
     <message>
-        <source>절삭 %1, 급속이송 %2, 드웰 %3, 공구교환 %4 min</source>
-        <translation>Cuts %1, rapids %2, dwells %3, tool changes %4 min</translation>
-    </message>
-    <message>
         <source>드웰과 공구교환은 알 수 없습니다.</source>
         <translation>Dwells and tool changes are unknown.</translation>
-    </message>
-    <message>
-        <source>피드가 없는 이동 %1개는 제외</source>
-        <translation>Without %1 moves that have no feed</translation>
     </message>
     <message>
         <source>클릭한 줄의 내용이 여기에 나옵니다.</source>
@@ -950,10 +706,6 @@
         <translation>&amp;No</translation>
     </message>
     <message>
-        <source>리스트에 넣지 못했습니다.</source>
-        <translation>The file was not inserted into the list.</translation>
-    </message>
-    <message>
         <source>조정 전</source>
         <translation>Before</translation>
     </message>
@@ -994,10 +746,6 @@
         <translation>The file has changed on disk.</translation>
     </message>
     <message>
-        <source>이 확장자의 화일을 항상 이 형식으로 읽겠습니까?</source>
-        <translation>Read files with this ending in this format from now on?</translation>
-    </message>
-    <message>
         <source>읽는 중</source>
         <translation>reading</translation>
     </message>
@@ -1028,14 +776,6 @@
     <message>
         <source>중지 (Esc)</source>
         <translation>Stop (Esc)</translation>
-    </message>
-    <message>
-        <source>중지했습니다. 불러온 프로그램이 없습니다.</source>
-        <translation>Stopped. No program is loaded.</translation>
-    </message>
-    <message>
-        <source>화일 %1개 중 %2개를 끝내고 중지했습니다.</source>
-        <translation>Stopped after %2 of %1 files.</translation>
     </message>
 </context>
 </TS>

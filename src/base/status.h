@@ -6,6 +6,8 @@
 #include <string>
 #include <utility>
 
+#include "base/message.h"
+
 namespace tvx {
 
 enum class StatusKind : uint8_t {
@@ -71,7 +73,7 @@ class [[nodiscard]] Status {
 
   // Why it failed, in words without the path: those of the system if it has a reason ("No space
   // left on device"), else those of the kind ("has changed while it was read"). Empty if done.
-  std::string Text() const;
+  std::string Text(Language language = Language::kEnglish) const;
 
   bool operator==(const Status&) const = default;
 

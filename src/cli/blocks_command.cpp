@@ -11,6 +11,7 @@
 #include "cli/output.h"
 #include "cli/params.h"
 #include "cli/program_files.h"
+#include "cli/tool_text.h"
 #include "insight/move_text.h"
 
 namespace tvx {
@@ -46,11 +47,16 @@ class Explanation {
       : name_(file.argument), lines_(&view->program.source, view->app->files) {}
 
   void Print(FeedRule rule, uint32_t index, const MotionBlock& before, const MotionBlock& after) {
-    std::string text = name_ + ": block " + std::to_string(index) + ": " + RuleName(rule) + ": " +
-                       FeedText(before, kEnglishMoveWords) + " -> " +
-                       FeedText(after, kEnglishMoveWords);
+    const Language language = ToolLanguage();
+    std::string text = Say({"{file}: 블록 {block}: {rule}: {before} -> {after}",
+                            "{file}: block {block}: {rule}: {before} -> {after}"},
+                           {{"file", name_},
+                            {"block", index},
+                            {"rule", Say(TextOf(rule))},
+                            {"before", FeedText(before, language)},
+                            {"after", FeedText(after, language)}});
     const uint32_t line = lines_.LineOf(index);
-    if (line != 0) text += ", " + LineText(line, TextOfLine(line), kEnglishMoveWords);
+    if (line != 0) text += ", " + LineText(line, TextOfLine(line), language);
     PrintRemark(std::move(text));
   }
 
@@ -87,13 +93,17 @@ int RunBlocks(const Call& call) {
   bool explains = false;
   std::vector<std::string> arguments;
   CommandLine line(call,
-                   "Prints the moves of each program as they stand in the store, one a line: "
-                   "index, type, x, y, z, feedProgrammed, feed, headPercent, headFeed, "
-                   "tailPercent, tailFeed.");
+                   {"프로그램마다 저장된 이동을 한 줄에 하나씩 출력합니다: index, type, x, y, z, "
+                    "feedProgrammed, feed, headPercent, headFeed, tailPercent, tailFeed.",
+                    "Prints the moves of each program as they stand in the store, one a line: "
+                    "index, type, x, y, z, feedProgrammed, feed, headPercent, headFeed, "
+                    "tailPercent, tailFeed."});
   params.AddTo(&line);
   line.AddFlag("--explain", &explains,
-               "with --afa: print each change, the rule that made it and the line");
-  line.AddArguments("FILE", &arguments, "NC programs, loaded one after the other");
+               {"--afa와 함께: 바뀐 피드마다 원인이 된 규칙과 줄을 출력",
+                "with --afa: print each change, the rule that made it and the line"});
+  line.AddArguments("FILE", &arguments,
+                    {"차례로 불러올 NC 프로그램", "NC programs, loaded one after the other"});
   line.Parse();
   params.Check();
 

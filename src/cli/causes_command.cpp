@@ -13,6 +13,7 @@
 #include "cli/output.h"
 #include "cli/params.h"
 #include "cli/program_files.h"
+#include "cli/tool_text.h"
 #include "insight/feed_causes.h"
 #include "insight/move_text.h"
 #include "view/path_drawing.h"
@@ -51,7 +52,7 @@ std::vector<PlaceLines> FindPlaces(const ProgramFile& file, size_t count, const 
     PlaceLines found{place, lines.LineOf(place.firstBlock), lines.LineOf(place.lastBlock),
                      lines.LineOf(place.costliestBlock), ""};
     const Result<std::vector<std::string>> texts = lines.Read(found.costliest, 1);
-    if (!texts.ok()) throw Failure{file.argument, SourceProblem(texts.status)};
+    if (!texts.ok()) throw Failure{file.argument, Say(SourceProblem(texts.status))};
     if (!texts.value.empty()) found.text = Printable(texts.value[0]);
     places.push_back(std::move(found));
   }
@@ -105,41 +106,49 @@ Json CausesJson(const ProgramCauses& causes) {
 
 std::string Row(const std::string& name, double minutes, double all) {
   const double share = all > 0 ? minutes / all * kPercent : 0;
-  return Format("  %-20s %12.3f min %6.1f %%\n", name.c_str(), minutes, share);
+  return "  " + PadRight(name, 20) + Format(" %12.3f min %6.1f %%\n", minutes, share);
 }
 
 std::string BandName(size_t band, int32_t highestFeed) {
   const FeedRange feeds = FeedsOfBand(band, highestFeed);
-  const auto whole = [](int64_t value) { return std::to_string(value); };
-  return "feed " + whole(feeds.first) + (band == 0 ? " -" : " - " + whole(feeds.last));
+  const std::string last = band == 0 ? "" : " " + std::to_string(feeds.last);
+  return Say({"피드 {first} -{last}", "feed {first} -{last}"},
+             {{"first", feeds.first}, {"last", last}});
 }
 
 std::string CausesTable(const ProgramCauses& causes) {
   const CauseMinutes& minutes = causes.minutes;
   const double all = minutes.straightCuts;
   std::string text = causes.file + "\n";
-  text += Row("straight cuts", all, all);
-  text += Row("at the highest feed", minutes.atHighestFeed, all);
+  text += Row(Say({"직선 절삭", "straight cuts"}), all, all);
+  text += Row(Say({"최대피드일 때", "at the highest feed"}), minutes.atHighestFeed, all);
   for (size_t i = 0; i < kFeedRules; ++i) {
     if (minutes.byRule[i] == 0) continue;
-    text += Row(RuleName(static_cast<FeedRule>(i)), minutes.byRule[i], all);
+    text += Row(Say(TextOf(static_cast<FeedRule>(i))), minutes.byRule[i], all);
   }
   for (size_t i = 0; i < causes.bandMinutes.size(); ++i) {
     text += Row(BandName(i, causes.highestFeed), causes.bandMinutes[i], all);
   }
   if (minutes.arcLength > 0) {
-    text += Format("  arcs, not in the times: %.1f mm", minutes.arcLength);
+    text +=
+        Say({"  시간에 들어가지 않는 원호: {length} mm", "  arcs, not in the times: {length} mm"},
+            {{"length", Format("%.1f", minutes.arcLength)}});
     for (size_t i = 0; i < kFeedRules; ++i) {
       if (minutes.arcLengthByRule[i] == 0) continue;
-      text +=
-          Format(", %s %.1f mm", RuleName(static_cast<FeedRule>(i)), minutes.arcLengthByRule[i]);
+      text += ", " + Say(TextOf(static_cast<FeedRule>(i))) +
+              Format(" %.1f mm", minutes.arcLengthByRule[i]);
     }
     text += "\n";
   }
   for (const PlaceLines& place : causes.places) {
-    text += Format("  %12.3f min  %-9s  lines %u - %u, most in ", place.place.minutes,
-                   RuleName(place.place.rule), place.first, place.last);
-    text += LineText(place.costliest, place.text, kEnglishMoveWords) + "\n";
+    text += Format("  %12.3f min  ", place.place.minutes) +
+            PadRight(Say(TextOf(place.place.rule)), 9) +
+            Say({"  {first} - {last}번 줄, 가장 큰 곳은 {line}",
+                 "  lines {first} - {last}, most in {line}"},
+                {{"first", place.first},
+                 {"last", place.last},
+                 {"line", LineText(place.costliest, place.text, ToolLanguage())}}) +
+            "\n";
   }
   return text;
 }
@@ -153,16 +162,23 @@ int RunCauses(const Call& call) {
   std::string argument;
   CommandLine line(
       call,
-      "Adjusts the feeds of a program and prints the minutes that each rule takes, the "
-      "minutes by feed, and the costliest places.");
+      {"프로그램의 피드를 조정하고 규칙별 시간, 피드별 시간, 시간이 많이 걸리는 곳을 출력합니다.",
+       "Adjusts the feeds of a program and prints the minutes that each rule takes, the "
+       "minutes by feed, and the costliest places."});
   params.AddTo(&line);
-  line.AddFlag("--json", &json, "print one JSON document");
-  line.AddOption("--top", &top, "print the N costliest places (default: 10)");
-  line.AddArgument("FILE", &argument, "NC program");
+  line.AddFlag("--json", &json, kJsonHelp);
+  line.AddOption(
+      "--top", &top,
+      {"시간이 많이 걸리는 곳을 N개 출력 (기본 10)", "print the N costliest places (default: 10)"});
+  line.AddArgument("FILE", &argument, kFileHelp);
   line.Parse();
   params.Check();
-  if (!params.Adjusts()) throw WrongCall{"causes: without the adjustment there are no causes"};
-  if (top && *top < 0) throw WrongCall{"causes: --top needs a number from 0 on"};
+  if (!params.Adjusts())
+    throw WrongCall{Say({"causes: 피드를 조정하지 않으면 감속 원인이 없습니다",
+                         "causes: without the adjustment there are no causes"})};
+  if (top && *top < 0)
+    throw WrongCall{Say(
+        {"causes: --top에는 0 이상의 수가 필요합니다", "causes: --top needs a number from 0 on"})};
 
   Host host(call);
   const ProgramFile file{argument, host.ReadablePath(argument)};

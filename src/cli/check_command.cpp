@@ -15,6 +15,7 @@
 #include "cli/output.h"
 #include "cli/params.h"
 #include "cli/program_files.h"
+#include "cli/tool_text.h"
 #include "insight/program_check.h"
 #include "insight/source_lines.h"
 
@@ -37,7 +38,7 @@ void ReadTexts(const ProgramFile& file, size_t count, Files* files, CheckedFile*
     const std::vector<Remark>& stored = checked->check.lists[id].stored;
     for (size_t i = 0; i < std::min(count, stored.size()); ++i) {
       const Result<std::vector<std::string>> texts = lines.Read(stored[i].line, 1);
-      if (!texts.ok()) throw Failure{file.argument, SourceProblem(texts.status)};
+      if (!texts.ok()) throw Failure{file.argument, Say(SourceProblem(texts.status))};
       checked->texts[id].push_back(texts.value.empty() ? "" : Printable(texts.value[0]));
     }
   }
@@ -52,7 +53,7 @@ Json FileJson(const CheckedFile& file) {
     const std::vector<std::string>& texts = file.texts[static_cast<size_t>(kind.id)];
     for (size_t i = 0; i < list.stored.size(); ++i) {
       Json remark = {{"id", kind.name},
-                     {"class", ClassName(kind.remarkClass)},
+                     {"class", TextOf(kind.remarkClass).english},
                      {"line", list.stored[i].line},
                      {"detail", list.stored[i].detail}};
       if (i < texts.size()) remark["text"] = texts[i];
@@ -62,16 +63,15 @@ Json FileJson(const CheckedFile& file) {
   return {{"file", file.argument}, {"remarks", std::move(remarks)}, {"counts", std::move(counts)}};
 }
 
-std::string Row(std::string_view id, std::string_view remarkClass, const std::string& count,
-                const std::string& line, std::string_view meaning) {
-  return Format("  %-20.*s %-8.*s %8s %11s  %.*s\n", static_cast<int>(id.size()), id.data(),
-                static_cast<int>(remarkClass.size()), remarkClass.data(), count.c_str(),
-                line.c_str(), static_cast<int>(meaning.size()), meaning.data());
+std::string Row(const std::string& id, const std::string& remarkClass, const std::string& count,
+                const std::string& line, const std::string& meaning) {
+  return "  " + PadRight(id, 20) + " " + PadRight(remarkClass, 8) + " " + PadLeft(count, 8) + " " +
+         PadLeft(line, 11) + "  " + meaning + "\n";
 }
 
 // A remark that stands alone shows its detail: the number of arcs, the tool.
 std::string Meaning(const RemarkKind& kind, const RemarkList& list) {
-  std::string meaning(kind.english);
+  std::string meaning = Say(kind.text);
   const bool isAlone = list.count == 1 && list.stored.size() == 1;
   if (isAlone && !list.stored[0].detail.empty()) meaning += ": " + list.stored[0].detail;
   return meaning;
@@ -83,7 +83,7 @@ std::string FileTable(const CheckedFile& file) {
   for (const RemarkKind& kind : RemarkKinds()) {
     const RemarkList& list = file.check.Of(kind.id);
     if (list.count == 0) continue;
-    rows += Row(kind.name, ClassName(kind.remarkClass), std::to_string(list.count),
+    rows += Row(std::string(kind.name), Say(TextOf(kind.remarkClass)), std::to_string(list.count),
                 list.stored.empty() ? "" : std::to_string(list.stored.front().line),
                 Meaning(kind, list));
     const std::vector<std::string>& texts = file.texts[static_cast<size_t>(kind.id)];
@@ -95,8 +95,11 @@ std::string FileTable(const CheckedFile& file) {
       lines += texts[i] + "\n";
     }
   }
-  if (rows.empty()) return text + "  no remarks\n";
-  return text + Row("id", "class", "count", "first line", "meaning") + rows + lines;
+  if (rows.empty()) return text + "  " + Say({"해당하는 줄이 없습니다", "no remarks"}) + "\n";
+  return text +
+         Row("id", Say({"구분", "class"}), Say({"개수", "count"}), Say({"첫 줄", "first line"}),
+             Say({"내용", "meaning"})) +
+         rows + lines;
 }
 
 bool HasLostOrChanged(const ProgramCheck& check) {
@@ -110,17 +113,25 @@ int RunCheck(const Call& call) {
   bool json = false, strict = false;
   std::optional<int> lines;
   std::vector<std::string> arguments;
-  CommandLine line(call,
-                   "Prints what the figures of each program leave out or understand otherwise than "
-                   "a machine, by id and line.");
+  CommandLine line(
+      call, {"프로그램마다 시간과 경로에서 빠지거나 기계와 다르게 읽은 줄을 종류와 줄 번호로 "
+             "출력합니다.",
+             "Prints what the figures of each program leave out or understand otherwise than "
+             "a machine, by id and line."});
   params.AddTo(&line);
-  line.AddFlag("--json", &json, "print one JSON document");
-  line.AddOption("--lines", &lines, "print the first N lines of each id, with their text");
-  line.AddFlag("--strict", &strict, "exit status 1 if a remark is \"lost\" or \"changed\"");
-  line.AddArguments("FILE", &arguments, "NC programs, read one after the other");
+  line.AddFlag("--json", &json, kJsonHelp);
+  line.AddOption("--lines", &lines,
+                 {"종류마다 처음 N줄을 내용과 함께 출력",
+                  "print the first N lines of each id, with their text"});
+  line.AddFlag("--strict", &strict,
+               {"\"빠짐\"이나 \"다름\"이 있으면 종료 코드 1",
+                "exit status 1 if a remark is \"lost\" or \"changed\""});
+  line.AddArguments("FILE", &arguments, kFilesHelp);
   line.Parse();
   params.Check();
-  if (lines && *lines < 0) throw WrongCall{"check: --lines needs a number from 0 on"};
+  if (lines && *lines < 0)
+    throw WrongCall{Say({"check: --lines에는 0 이상의 수가 필요합니다",
+                         "check: --lines needs a number from 0 on"})};
 
   Host host(call);
   const std::vector<ProgramFile> files = FindProgramFiles(host, arguments);

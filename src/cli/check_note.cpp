@@ -8,10 +8,21 @@
 #include "cli/command.h"
 #include "cli/output.h"
 #include "cli/tool_progress.h"
+#include "cli/tool_text.h"
 #include "model/loader.h"
 
 namespace tvx {
 namespace {
+
+constexpr Message kOtherFormat{
+    "{file}: 다른 형식의 프로그램입니다. --set InputFileType={type} 옵션으로 읽으십시오",
+    "{file}: is in the other format; --set InputFileType={type} reads it"};
+constexpr Message kLeftOut{
+    "{file}: 시간에서 빠지거나 다르게 읽은 줄이 있습니다(빠짐 {lost}, 다름 {changed}). 확인: "
+    "tvx-cli "
+    "check {word}",
+    "{file}: the times leave out or change lines of the program ({lost} lost, {changed} changed); "
+    "tvx-cli check {word} lists them"};
 
 // Returns the word as one argument of a shell command.
 std::string Quoted(std::string word) {
@@ -31,16 +42,15 @@ void ThrowIfBroken(const ProgramFile& file, const ProgramCheck& check) {
 // Prints what the times leave out.
 void PrintNote(const ProgramFile& file, const ProgramCheck& check, int32_t InputFileType) {
   if (check.Of(RemarkId::kOtherFormat).count > 0) {
-    PrintRemark(file.argument + Format(": is in the other format; --set InputFileType=%d reads it",
-                                       OtherFormat(InputFileType)));
+    PrintRemark(Say(kOtherFormat, {{"file", file.argument}, {"type", OtherFormat(InputFileType)}}));
   }
-  const auto whole = [](uint64_t value) { return static_cast<unsigned long long>(value); };
   const uint64_t lost = check.Count(RemarkClass::kLost);
   const uint64_t changed = check.Count(RemarkClass::kChanged);
   if (lost + changed == 0) return;
-  PrintRemark(file.argument + Format(": the times leave out or change lines of the program (%llu "
-                                     "lost, %llu changed); tvx-cli check %s lists them",
-                                     whole(lost), whole(changed), Quoted(file.argument).c_str()));
+  PrintRemark(Say(kLeftOut, {{"file", file.argument},
+                             {"lost", lost},
+                             {"changed", changed},
+                             {"word", Quoted(file.argument)}}));
 }
 
 }  // namespace

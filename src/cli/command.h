@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/message.h"
 #include "base/status.h"
 
 namespace tvx {
@@ -20,7 +21,7 @@ struct Call {
 // Failure, which main() turns into one line on standard error and the exit status.
 struct ToolCommand {
   const char* name;
-  const char* summary;
+  Message summary;
   int (*run)(const Call& call);
 };
 

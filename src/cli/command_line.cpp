@@ -8,9 +8,13 @@
 #include "cli/nearest_name.h"
 #include "cli/numbers.h"
 #include "cli/output.h"
+#include "cli/tool_text.h"
 
 namespace tvx {
 namespace {
+
+constexpr Message kGivenTwice{"{name}: 한 번만 쓸 수 있습니다", "{name} is given more than once"};
+constexpr Message kNeedsValue{"{name}: 값이 필요합니다", "{name} needs a value"};
 
 std::vector<std::string> OptionNames(const CLI::App& app) {
   std::vector<std::string> names;
@@ -32,10 +36,13 @@ void RefuseLeftOvers(const CLI::App& app, const std::string& command) {
       std::find_if(words.begin(), words.end(), [](const std::string& w) { return w != "--"; });
   if (word == words.end()) return;
   if (word->size() < 2 || word->front() != '-') {
-    throw WrongCall{command + ": unexpected argument '" + *word + "'"};
+    throw WrongCall{Say(
+        {"{command}: 필요 없는 인수입니다: '{word}'", "{command}: unexpected argument '{word}'"},
+        {{"command", command}, {"word", *word}})};
   }
   const std::string name = word->substr(0, word->find('='));
-  throw WrongCall{command + ": unknown option '" + name + "'" + DidYouMean(name, OptionNames(app))};
+  throw WrongCall{command + ": " + Say(kUnknownOption, {{"name", name}}) +
+                  DidYouMean(name, OptionNames(app))};
 }
 
 // What the parser found wrong, in our words where its own are of little help.
@@ -45,17 +52,19 @@ std::string Explain(const CLI::ParseError& error) {
   if (error.get_name() == "ArgumentMismatch") {
     // "NAME was given a disallowed flag override", without the dashes
     if (text.find("flag override") != std::string::npos) {
-      return "--" + text.substr(0, text.find(' ')) + " takes no value";
+      return Say({"--{name}에는 값을 줄 수 없습니다", "--{name} takes no value"},
+                 {{"name", text.substr(0, text.find(' '))}});
     }
     const bool tooMany = text.find("At Most") != std::string::npos;
-    return name + (tooMany ? " is given more than once" : " needs a value");
+    return Say(tooMany ? kGivenTwice : kNeedsValue, {{"name", name}});
   }
   if (error.get_name() == "ConversionError") {
     // "Could not convert: NAME = VALUE"
     const size_t nameStart = text.find("--"), equals = text.find(" = ");
     if (nameStart < equals && equals != std::string::npos) {
-      return text.substr(nameStart, equals - nameStart) + ": '" + text.substr(equals + 3) +
-             "' is no such number";
+      return Say({"{name}: 맞는 수가 아닙니다: '{word}'", "{name}: '{word}' is no such number"},
+                 {{"name", text.substr(nameStart, equals - nameStart)},
+                  {"word", text.substr(equals + 3)}});
     }
   }
   return text;
@@ -67,44 +76,52 @@ struct CommandLine::Parser {
   CLI::App app;
 };
 
-CommandLine::CommandLine(const Call& call, const std::string& description)
+CommandLine::CommandLine(const Call& call, const Message& description)
     : call_(call), parser_(std::make_unique<Parser>()) {
   parser_->app.name("tvx-cli " + call.command);
-  parser_->app.description(description);
+  parser_->app.description(Say(description));
   parser_->app.allow_extras();
-  parser_->app.set_version_flag("--version", kVersionText);
-  parser_->app.add_flag_callback("--quiet", BeQuiet, "print errors only on standard error")
+  parser_->app.get_formatter()->label("Usage", Say({"사용법", "Usage"}));
+  parser_->app.get_formatter()->label("Positionals", Say({"인수", "Positionals"}));
+  parser_->app.option_defaults()->group(Say({"옵션", "Options"}));
+  parser_->app.set_help_flag("-h,--help",
+                             Say({"이 도움말 출력", "Print this help message and exit"}));
+  parser_->app.set_version_flag("--version", kVersionText,
+                                Say({"버전 출력", "Display program version information and exit"}));
+  parser_->app
+      .add_flag_callback("--quiet", BeQuiet,
+                         Say({"표준 오류에 오류만 출력", "print errors only on standard error"}))
       ->disable_flag_override();
 }
 
 CommandLine::~CommandLine() = default;
 
-void CommandLine::AddFlag(const std::string& name, bool* given, const std::string& description) {
-  parser_->app.add_flag(name, *given, description)->disable_flag_override();
+void CommandLine::AddFlag(const std::string& name, bool* given, const Message& description) {
+  parser_->app.add_flag(name, *given, Say(description))->disable_flag_override();
 }
 
 void CommandLine::AddOption(const std::string& name, std::optional<std::string>* value,
-                            const std::string& description) {
-  parser_->app.add_option(name, *value, description);
+                            const Message& description) {
+  parser_->app.add_option(name, *value, Say(description));
 }
 
 void CommandLine::AddOption(const std::string& name, std::optional<int>* value,
-                            const std::string& description) {
-  parser_->app.add_option(name, *value, description);
+                            const Message& description) {
+  parser_->app.add_option(name, *value, Say(description));
 }
 
 void CommandLine::AddOption(const std::string& name, std::optional<float>* value,
-                            const std::string& description) {
+                            const Message& description) {
   // The parser library would take "nan", "1e400" and an empty word.
   const auto read = [what = call_.command + ": " + name, value](const std::string& word) {
     *value = NumberOf(word, what);
   };
-  parser_->app.add_option_function<std::string>(name, read, description)->type_name("FLOAT");
+  parser_->app.add_option_function<std::string>(name, read, Say(description))->type_name("FLOAT");
 }
 
 void CommandLine::AddRepeated(const std::string& name, std::vector<std::string>* values,
-                              const std::string& description) {
-  parser_->app.add_option(name, *values, description)->allow_extra_args(false);
+                              const Message& description) {
+  parser_->app.add_option(name, *values, Say(description))->allow_extra_args(false);
 }
 
 void CommandLine::RequireOption(const std::string& name) {
@@ -112,13 +129,13 @@ void CommandLine::RequireOption(const std::string& name) {
 }
 
 void CommandLine::AddArgument(const std::string& name, std::string* value,
-                              const std::string& description) {
-  parser_->app.add_option(name, *value, description)->required();
+                              const Message& description) {
+  parser_->app.add_option(name, *value, Say(description))->required();
 }
 
 void CommandLine::AddArguments(const std::string& name, std::vector<std::string>* values,
-                               const std::string& description) {
-  parser_->app.add_option(name, *values, description)->required();
+                               const Message& description) {
+  parser_->app.add_option(name, *values, Say(description))->required();
 }
 
 void CommandLine::Parse() {

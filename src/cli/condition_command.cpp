@@ -9,6 +9,7 @@
 #include "cli/json.h"
 #include "cli/output.h"
 #include "cli/params.h"
+#include "cli/tool_text.h"
 #include "conditions/condition_file.h"
 
 namespace tvx {
@@ -20,8 +21,10 @@ constexpr int kDefaultSpindle = 1000;  // rev/min
 
 int RunConditionShow(const Call& call) {
   std::string argument;
-  CommandLine line(call, "Prints the job record after reading a condition file over its defaults.");
-  line.AddArgument("FILE.afa", &argument, "condition file");
+  CommandLine line(call,
+                   {"조건화일을 읽은 뒤의 작업 조건을 출력합니다.",
+                    "Prints the job record after reading a condition file over its defaults."});
+  line.AddArgument("FILE.afa", &argument, {"조건화일", "condition file"});
   line.Parse();
 
   Host host(call);
@@ -40,10 +43,13 @@ int RunConditionWrite(const Call& call) {
   FieldSettings settings;
   std::optional<int> spindle;
   std::string argument;
-  CommandLine line(call, "Writes a condition file of the defaults, changed by --set.");
+  CommandLine line(call, {"기본값을 --set으로 바꾸어 조건화일을 씁니다.",
+                          "Writes a condition file of the defaults, changed by --set."});
   settings.AddTo(&line);
-  line.AddOption("--spindle", &spindle, "spindle speed in rev/min (default 1000)");
-  line.AddArgument("OUT.afa", &argument, "condition file to create or replace");
+  line.AddOption("--spindle", &spindle,
+                 {"회전수, rev/min (기본 1000)", "spindle speed in rev/min (default 1000)"});
+  line.AddArgument("OUT.afa", &argument,
+                   {"만들거나 바꿀 조건화일", "condition file to create or replace"});
   line.Parse();
   settings.Check();
 

@@ -8,12 +8,14 @@
 #include "cli/host.h"
 #include "cli/json.h"
 #include "cli/output.h"
+#include "cli/tool_text.h"
 #include "settings/user_keys.h"
 
 namespace tvx {
 
 int RunConfigShow(const Call& call) {
-  CommandLine line(call, "Prints the configuration as read at the start of the program.");
+  CommandLine line(call, {"프로그램을 시작할 때 읽은 설정을 출력합니다.",
+                          "Prints the configuration as read at the start of the program."});
   line.Parse();
 
   Host host(call);

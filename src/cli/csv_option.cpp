@@ -2,16 +2,17 @@
 
 #include "base/csv.h"
 #include "cli/command.h"
+#include "cli/tool_text.h"
 
 namespace tvx {
 
 void CsvOption::AddTo(CommandLine* line) {
-  line->AddOption("--csv", &path_, "OUT.csv: write the figures as comma-separated values");
+  line->AddOption("--csv", &path_, kCsvHelp);
   line->AddFlag(kMarkOption, &hasMark_, kMarkHelp);
 }
 
 void CsvOption::Check() const {
-  if (hasMark_ && !path_) throw WrongCall{"--bom needs --csv"};
+  if (hasMark_ && !path_) throw WrongCall{Say(kMarkNeedsCsv)};
 }
 
 void CsvOption::Write(const Host& host, const std::string& rows, bool isIncomplete) const {

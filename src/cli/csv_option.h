@@ -10,8 +10,12 @@
 namespace tvx {
 
 inline constexpr char kMarkOption[] = "--bom";
-inline constexpr char kMarkHelp[] =
-    "begin the values with a byte order mark, for spreadsheet programs that need it";
+inline constexpr Message kMarkHelp{
+    "맨 앞에 바이트 순서 표시(BOM)를 쓰기, 이것이 필요한 스프레드시트용",
+    "begin the values with a byte order mark, for spreadsheet programs that need it"};
+inline constexpr Message kMarkNeedsCsv{"--bom은 --csv와 함께 써야 합니다", "--bom needs --csv"};
+inline constexpr Message kCsvHelp{"OUT.csv: 값을 쉼표로 구분하여 쓰기",
+                                  "OUT.csv: write the figures as comma-separated values"};
 
 class CsvOption {
  public:

@@ -8,6 +8,7 @@
 #include "cli/output.h"
 #include "cli/params.h"
 #include "cli/program_files.h"
+#include "cli/tool_text.h"
 #include "cli/view_options.h"
 #include "view/path_drawing.h"
 #include "view/recorder_device.h"
@@ -18,12 +19,14 @@ int RunDraw(const Call& call) {
   Params params;
   ViewOptions viewOptions;
   std::string argument;
-  CommandLine line(call,
-                   "Prints the drawing of a program as a list of device calls, one a line: "
-                   "fill L T R B RRGGBB, pen NAME, move X Y, line X Y, text X Y STRING.");
+  CommandLine line(
+      call, {"프로그램의 그림을 장치 호출로 한 줄에 하나씩 출력합니다: fill L T R B RRGGBB, pen "
+             "NAME, move X Y, line X Y, text X Y STRING.",
+             "Prints the drawing of a program as a list of device calls, one a line: "
+             "fill L T R B RRGGBB, pen NAME, move X Y, line X Y, text X Y STRING."});
   params.AddTo(&line);
   viewOptions.AddTo(&line);
-  line.AddArgument("FILE", &argument, "NC program");
+  line.AddArgument("FILE", &argument, kFileHelp);
   line.Parse();
   params.Check();
   viewOptions.Check();

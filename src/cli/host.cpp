@@ -10,6 +10,7 @@
 
 #include "base/text.h"
 #include "cli/output.h"
+#include "cli/tool_text.h"
 #include "platform/termination.h"
 
 namespace tvx {
@@ -29,40 +30,48 @@ fs::path HomeOf(const Call& call) {
 }
 
 // Of the lines that a window would show; Korean unless the environment asks for English.
-int32_t LanguageOfEnvironment() {
+Language LanguageOfEnvironment() {
   const char* const language = std::getenv("TVX_LANGUAGE");
-  return language != nullptr && std::string_view(language) == "en" ? kEnglishLabels : kKoreanLabels;
+  return language != nullptr && std::string_view(language) == "en" ? Language::kEnglish
+                                                                   : Language::kKorean;
 }
 
-std::string Problem(const char* what, const Status& failure) {
-  if (failure.reason() == EISDIR) return "is a directory";
+std::string Problem(const Message& what, const Status& failure) {
+  if (failure.reason() == EISDIR) return Say({"디렉토리입니다", "is a directory"});
   if (failure.reason() == 0) {
     switch (failure.kind()) {
       case StatusKind::kReadFailed:
       case StatusKind::kWriteFailed:
-        return what;
+        return Say(what);
       case StatusKind::kNoFile:
       case StatusKind::kChanged:
       case StatusKind::kTooLarge:
-        return failure.Text();
+        return failure.Text(ToolLanguage());
       default:
         break;
     }
   }
-  return what + (": " + failure.Text());
+  return Say(what) + ": " + failure.Text(ToolLanguage());
 }
 
 // First of all: what is read or written without the converter is not what the files hold.
 const Call& CheckConverter(const Call& call) {
   if (!HasCp949()) {
-    throw Failure{"CP949",
-                  "the system has no converter for Korean text; it is in the package libc6, or "
-                  "libc-gconv-modules-extra where that exists: install it"};
+    throw Failure{
+        "CP949",
+        Say({"시스템에 한글 변환기가 없습니다. libc6 꾸러미를, 있으면 libc-gconv-modules-extra "
+             "꾸러미를 설치하십시오",
+             "the system has no converter for Korean text; it is in the package libc6, or "
+             "libc-gconv-modules-extra where that exists: install it"})};
   }
   return call;
 }
 
 }  // namespace
+
+Language CliUserInterface::language() const {
+  return LanguageOfEnvironment();
+}
 
 bool CliUserInterface::ShowMessage(const MessageBox& message) {
   PrintRemark(message.text.substr(0, message.text.find_last_not_of("\n ") + 1));
@@ -88,11 +97,11 @@ void Host::CheckSettings() const {
 }
 
 std::string Host::DrivePath(const std::string& argument) const {
-  if (argument.empty()) throw Failure{"''", "is no path"};
+  if (argument.empty()) throw Failure{"''", Say({"경로가 아닙니다", "is no path"})};
   SetSubject(argument);
   if (HasDrive(argument)) return argument;
   const std::optional<std::string> path = drives_.FromHost(Absolute(argument).lexically_normal());
-  if (!path) throw Failure{argument, "lies on no drive"};
+  if (!path) throw Failure{argument, Say({"어느 드라이브에도 없습니다", "lies on no drive"})};
   return *path;
 }
 
@@ -106,10 +115,17 @@ std::string Host::ProgramPath(const std::string& argument) const {
   if (argument != kStandardInput) return ReadablePath(argument);
   if (input_ == nullptr) input_ = std::make_unique<StandardInput>();
   if (const Status& copied = input_->status(); !copied.ok()) {
-    throw Failure{argument, "cannot be copied to a temporary file: " + copied.Text(), copied};
+    throw Failure{argument,
+                  Say({"임시 화일에 복사할 수 없습니다: {reason}",
+                       "cannot be copied to a temporary file: {reason}"},
+                      {{"reason", copied.Text(ToolLanguage())}}),
+                  copied};
   }
   const std::optional<std::string> path = drives_.FromHost(input_->path());
-  if (!path) throw Failure{argument, "has its temporary file on no drive"};
+  if (!path) {
+    throw Failure{argument, Say({"임시 화일이 어느 드라이브에도 없습니다",
+                                 "has its temporary file on no drive"})};
+  }
   return *path;
 }
 
@@ -119,12 +135,12 @@ std::string Host::MachinePath(const std::string& drivePath) const {
 }
 
 std::string ReadProblem(const Status& failure) {
-  if (failure.kind() == StatusKind::kMissing) return "no such file";
-  return Problem("cannot be read", failure);
+  if (failure.kind() == StatusKind::kMissing) return Say({"화일이 없습니다", "no such file"});
+  return Problem({"읽을 수 없습니다", "cannot be read"}, failure);
 }
 
 std::string WriteProblem(const Status& failure) {
-  return Problem("cannot be written", failure);
+  return Problem({"쓸 수 없습니다", "cannot be written"}, failure);
 }
 
 void ThrowIfUnread(const std::string& argument, const Status& read) {

@@ -22,6 +22,7 @@ inline constexpr char kStandardInput[] = "-";
 // A user who cannot be asked: messages are printed on standard error, questions are refused.
 class CliUserInterface : public UserInterface {
  public:
+  Language language() const override;
   bool ShowMessage(const MessageBox& message) override;
   bool RunModal(Dialog*) override { return false; }
   bool ChooseFile(const FileQuestion&, std::string*) override { return false; }

@@ -10,7 +10,7 @@
 #include "cli/output.h"
 #include "cli/params.h"
 #include "cli/program_files.h"
-#include "stats/entry_lines.h"
+#include "cli/tool_text.h"
 #include "stats/file_information.h"
 
 namespace tvx {
@@ -19,10 +19,11 @@ int RunInfo(const Call& call) {
   Params params;
   bool json = false;
   std::string argument;
-  CommandLine line(call, "Prints the lines of the file information dialog for a program.");
+  CommandLine line(call, {"프로그램의 화일정보 창에 나오는 내용을 출력합니다.",
+                          "Prints the lines of the file information dialog for a program."});
   params.AddTo(&line);
-  line.AddFlag("--json", &json, "print one JSON document");
-  line.AddArgument("FILE", &argument, "NC program");
+  line.AddFlag("--json", &json, kJsonHelp);
+  line.AddArgument("FILE", &argument, kFileHelp);
   line.Parse();
   params.Check();
 
@@ -33,10 +34,7 @@ int RunInfo(const Call& call) {
   LoadWholeProgram(file, &view);
   const ProgramResult result = EvaluateProgram(file, params.Adjusts(), nullptr, &view);
 
-  std::vector<std::string> lines = FileInformationLines(result.entry);
-  if (host.app.LabelLanguage == kEnglishLabels) {
-    for (std::string& text : lines) text = EnglishFigure(ReplaceLabels(text, kEnglishLabels));
-  }
+  const std::vector<std::string> lines = FileInformationLines(result.entry, host.app.LabelLanguage);
   if (json) {
     Print(JsonText(Json(lines)));
   } else {

@@ -18,6 +18,7 @@
 #include "cli/output.h"
 #include "cli/params.h"
 #include "cli/program_files.h"
+#include "cli/tool_text.h"
 #include "insight/machine_fit.h"
 
 namespace tvx {
@@ -53,19 +54,23 @@ std::vector<Measurement> ParseMeasurements(const std::string& text, const std::s
     if (row.empty() || (number == 1 && row == "program,minutes")) continue;
 
     const size_t comma = row.rfind(',');
-    const auto fail = [&](const char* reason) {
-      throw Failure{argument, Format("line %d: %s", number, reason)};
+    const auto fail = [&](const Message& reason) {
+      throw Failure{argument, Say({"{line}번 줄: {reason}", "line {line}: {reason}"},
+                                  {{"line", number}, {"reason", Say(reason)}})};
     };
-    if (comma == std::string::npos || comma == 0) fail("is not program,minutes");
+    if (comma == std::string::npos || comma == 0)
+      fail({"program,minutes 형식이 아닙니다", "is not program,minutes"});
     std::string program = row.substr(0, comma);
     if (program.size() > 2 && program.front() == '"' && program.back() == '"') {
       program = program.substr(1, program.size() - 2);
     }
     const double minutes = ParseMinutes(std::string_view(row).substr(comma + 1));
-    if (minutes <= 0) fail("the minutes must be a number above 0");
+    if (minutes <= 0)
+      fail({"시간은 0보다 큰 수여야 합니다", "the minutes must be a number above 0"});
     measurements.push_back({program, minutes});
   }
-  if (measurements.empty()) throw Failure{argument, "contains no measured times"};
+  if (measurements.empty())
+    throw Failure{argument, Say({"측정한 시간이 없습니다", "contains no measured times"})};
   return measurements;
 }
 
@@ -100,25 +105,36 @@ LoadedProgram Load(const ProgramFile& file, double minutes, const Params& params
 
 std::string FitTable(const std::vector<Measurement>& measurements,
                      const std::vector<MeasuredProgram>& programs, const MachineFit& fit) {
-  std::string text = "measured min  before min  error %   after min  error %  program\n";
+  const std::string error = PadLeft(Say({"오차 %", "error %"}), 9);
+  std::string text = PadLeft(Say({"측정 min", "measured min"}), 12) +
+                     PadLeft(Say({"전 min", "before min"}), 12) + error +
+                     PadLeft(Say({"후 min", "after min"}), 12) + error + "  " +
+                     Say({"프로그램", "program"}) + "\n";
   for (size_t i = 0; i < programs.size(); ++i) {
     const double minutes = programs[i].minutes;
     text += Format("%12.3f  %10.3f  %+7.1f  %10.3f  %+7.1f  %s\n", minutes, fit.before[i],
                    (fit.before[i] / minutes - 1) * kPerCent, fit.after[i],
                    (fit.after[i] / minutes - 1) * kPerCent, measurements[i].program.c_str());
   }
-  text += Format("root mean square error: %.2f %% before, %.2f %% after\n",
-                 RelativeError(programs, fit.before) * kPerCent,
-                 RelativeError(programs, fit.after) * kPerCent);
-  return text + Format("scale of Acceleration %.4g, Factor %.4g\n", fit.scale, fit.profile.Factor);
+  const auto percent = [&](const std::vector<double>& minutes) {
+    return Format("%.2f", RelativeError(programs, minutes) * kPerCent);
+  };
+  text += Say({"제곱평균제곱근 오차: 전 {before} %, 후 {after} %\n",
+               "root mean square error: {before} % before, {after} % after\n"},
+              {{"before", percent(fit.before)}, {"after", percent(fit.after)}});
+  return text + Say({"Acceleration 배율 {scale}, Factor {factor}\n",
+                     "scale of Acceleration {scale}, Factor {factor}\n"},
+                    {{"scale", Format("%.4g", fit.scale)},
+                     {"factor", Format("%.4g", fit.profile.Factor)}});
 }
 
 }  // namespace
 
 int RunMachineShow(const Call& call) {
   std::string argument;
-  CommandLine line(call, "Prints the values of a machine file, defaults included.");
-  line.AddArgument("FILE.machine", &argument, "machine file");
+  CommandLine line(call, {"기본값까지 포함하여 기계 화일의 값을 출력합니다.",
+                          "Prints the values of a machine file, defaults included."});
+  line.AddArgument("FILE.machine", &argument, {"기계 화일", "machine file"});
   line.Parse();
   const Host host(call);
   Print(MachineProfileText(ReadMachine(host, argument)));
@@ -130,13 +146,19 @@ int RunMachineFit(const Call& call) {
   std::optional<std::string> list, out;
   std::string argument;
   CommandLine line(call,
-                   "Finds the scale of Acceleration and the Factor of a machine file that fit "
-                   "measured times best.");
+                   {"측정한 시간에 가장 잘 맞는 기계 화일의 Acceleration 배율과 Factor를 찾습니다.",
+                    "Finds the scale of Acceleration and the Factor of a machine file that fit "
+                    "measured times best."});
   params.AddTo(&line);
-  line.AddOption("--measured", &list, "LIST.csv: rows of program,minutes by the stopwatch");
+  line.AddOption("--measured", &list,
+                 {"LIST.csv: 초시계로 잰 시간, 한 줄에 program,minutes",
+                  "LIST.csv: rows of program,minutes by the stopwatch"});
   line.RequireOption("--measured");
-  line.AddOption("-o", &out, "OUT.machine: write the fitted machine file");
-  line.AddArgument("FILE.machine", &argument, "machine file to start from");
+  line.AddOption(
+      "-o", &out,
+      {"OUT.machine: 맞춘 기계 화일 쓰기", "OUT.machine: write the fitted machine file"});
+  line.AddArgument("FILE.machine", &argument,
+                   {"처음 값으로 쓸 기계 화일", "machine file to start from"});
   line.Parse();
   params.Check();
 

@@ -12,6 +12,7 @@
 #include "cli/nearest_name.h"
 #include "cli/output.h"
 #include "cli/tool_progress.h"
+#include "cli/tool_text.h"
 #include "platform/termination.h"
 
 namespace tvx {
@@ -19,20 +20,29 @@ namespace {
 
 enum ExitStatus { kDone = 0, kFailed = 1, kWrongCall = 2 };
 
+constexpr Message kHelp{
+    "tvx-cli [--home DIR] COMMAND [OPTIONS] ARGUMENTS\n\n"
+    "  --home DIR  드라이브가 있는 폴더 (기본: $TVX_HOME, 없으면\n"
+    "              $XDG_DATA_HOME/tvx, 없으면 ~/.local/share/tvx)\n"
+    "  --version   버전 출력\n\n"
+    "명령 (자세한 내용은 'tvx-cli COMMAND --help'):\n",
+    "tvx-cli [--home DIR] COMMAND [OPTIONS] ARGUMENTS\n\n"
+    "  --home DIR  the folder that holds the drives (default: $TVX_HOME, else\n"
+    "              $XDG_DATA_HOME/tvx, else ~/.local/share/tvx)\n"
+    "  --version   print the version\n\n"
+    "Commands ('tvx-cli COMMAND --help' tells more):\n"};
+
 std::string HelpText() {
-  std::string text =
-      "tvx-cli [--home DIR] COMMAND [OPTIONS] ARGUMENTS\n\n"
-      "  --home DIR  the folder that holds the drives (default: $TVX_HOME, else\n"
-      "              $XDG_DATA_HOME/tvx, else ~/.local/share/tvx)\n"
-      "  --version   print the version\n\n"
-      "Commands ('tvx-cli COMMAND --help' tells more):\n";
+  std::string text = Say(kHelp);
   for (const ToolCommand& command : ToolCommands()) {
     std::string name = command.name;
     name.resize(std::max<size_t>(name.size(), 20), ' ');
-    text += "  " + name + " " + command.summary + "\n";
+    text += "  " + name + " " + Say(command.summary) + "\n";
   }
   return text;
 }
+
+constexpr Message kUnknownCommand{"없는 명령입니다: '{name}'", "unknown command '{name}'"};
 
 bool IsHelp(const std::string& word) {
   return word == "--help" || word == "-h";
@@ -56,18 +66,21 @@ std::string TakeHome(std::vector<std::string>* words) {
     } else if (word == "--home") {
       break;
     } else {
-      throw WrongCall{"unknown option '" + word + "'" +
+      throw WrongCall{Say(kUnknownOption, {{"name", word}}) +
                       DidYouMean(word, {"--home", "--help", "--version"})};
     }
   }
   // An empty one is most likely a variable that is not set.
-  if (isGiven && home.empty()) throw WrongCall{"--home needs a folder"};
+  if (isGiven && home.empty())
+    throw WrongCall{Say({"--home에는 폴더가 필요합니다", "--home needs a folder"})};
   return home;
 }
 
 // Takes the name of a command, of one or two words, from the front of *words.
 const ToolCommand& TakeCommand(std::vector<std::string>* words) {
-  if (words->empty()) throw WrongCall{"no command given; 'tvx-cli --help' lists them"};
+  if (words->empty())
+    throw WrongCall{Say({"명령이 없습니다. 'tvx-cli --help'를 보십시오",
+                         "no command given; 'tvx-cli --help' lists them"})};
   const std::string one = words->front();
   const std::string two = words->size() > 1 ? one + " " + (*words)[1] : one;
   std::vector<std::string> names;
@@ -85,13 +98,17 @@ const ToolCommand& TakeCommand(std::vector<std::string>* words) {
     // A family name alone is near too: "conditon show" against "condition show".
     std::string guess = DidYouMean(two, names);
     if (guess.empty()) guess = DidYouMean(one, names);
-    throw WrongCall{"unknown command '" + one + "'" + guess};
+    throw WrongCall{Say(kUnknownCommand, {{"name", one}}) + guess};
   }
   std::string known;
   for (const std::string& word : secondWords) known += (known.empty() ? "" : ", ") + word;
-  if (words->size() == 1) throw WrongCall{one + ": one of " + known + " must follow"};
+  if (words->size() == 1) {
+    throw WrongCall{Say(
+        {"{name}: 다음 중 하나가 이어져야 합니다: {words}", "{name}: one of {words} must follow"},
+        {{"name", one}, {"words", known}})};
+  }
   if (IsHelp((*words)[1])) throw HelpWanted{HelpText()};
-  throw WrongCall{"unknown command '" + two + "'" + DidYouMean(two, names)};
+  throw WrongCall{Say(kUnknownCommand, {{"name", two}}) + DidYouMean(two, names)};
 }
 
 int RunCommand(std::vector<std::string> words) {
@@ -124,7 +141,7 @@ int RunAndReport(std::vector<std::string> words) {
     PrintRemark(failure.file + ": " + failure.reason);
     return kFailed;
   } catch (const Interrupted&) {
-    PrintRemark("interrupted");
+    PrintRemark(Say({"중지했습니다", "interrupted"}));
     return kFailed;
   } catch (const std::bad_alloc&) {
     EndOutOfMemory();

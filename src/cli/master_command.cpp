@@ -12,6 +12,7 @@
 #include "cli/output.h"
 #include "cli/params.h"
 #include "cli/program_files.h"
+#include "cli/tool_text.h"
 #include "master/master_build.h"
 #include "master/master_file.h"
 #include "master/master_lookup.h"
@@ -24,8 +25,9 @@ void BuildModel(const std::string& argument, CTVXView* view) {
   const Status built = BuildMaster(view->dialogs.master, &view->program, &view->masterGrid);
   if (built.ok()) return;
   const bool hasMemory = built.kind() != StatusKind::kNoMemory;
-  throw Failure{argument,
-                hasMemory ? built.Text() : "gives no master model: there is not enough memory"};
+  throw Failure{argument, hasMemory ? built.Text(ToolLanguage())
+                                    : Say({"마스터 모델을 만들 수 없습니다: 메모리가 모자랍니다",
+                                           "gives no master model: there is not enough memory"})};
 }
 
 std::string HeaderLine(const MasterGrid& grid) {
@@ -51,10 +53,10 @@ std::string RowLines(const MasterGrid& grid, int32_t iy) {
 }
 
 // The calls that take a model and nothing else.
-std::string ModelArgument(const Call& call, const std::string& description) {
+std::string ModelArgument(const Call& call, const Message& description) {
   std::string argument;
   CommandLine line(call, description);
-  line.AddArgument("FILE.mma", &argument, "master model file");
+  line.AddArgument("FILE.mma", &argument, {"마스터 모델 화일", "master model file"});
   line.Parse();
   return argument;
 }
@@ -67,14 +69,19 @@ int RunMasterBuild(const Call& call) {
   std::optional<float> diameter, allowance, tolerance;
   std::optional<std::string> out;
   std::string argument;
-  CommandLine line(call, "Builds a master model from the program that cuts the final surface.");
+  CommandLine line(call, {"최종 면을 가공하는 프로그램으로 마스터 모델을 만듭니다.",
+                          "Builds a master model from the program that cuts the final surface."});
   params.AddTo(&line);
-  line.AddOption("--tool-diameter", &diameter, "tool diameter in mm (default 10)");
-  line.AddOption("--allowance", &allowance, "allowance in mm (default 0)");
-  line.AddOption("--tolerance", &tolerance, "size of a cell in mm (default 1)");
-  line.AddOption("-o", &out, "OUT.mma, the file to create or replace");
+  line.AddOption("--tool-diameter", &diameter,
+                 {"공구 직경, mm (기본 10)", "tool diameter in mm (default 10)"});
+  line.AddOption("--allowance", &allowance,
+                 {"가공 여유, mm (기본 0)", "allowance in mm (default 0)"});
+  line.AddOption("--tolerance", &tolerance,
+                 {"셀의 크기, mm (기본 1)", "size of a cell in mm (default 1)"});
+  line.AddOption("-o", &out,
+                 {"OUT.mma: 만들거나 바꿀 화일", "OUT.mma, the file to create or replace"});
   line.RequireOption("-o");
-  line.AddArgument("FILE", &argument, "NC program");
+  line.AddArgument("FILE", &argument, kFileHelp);
   line.Parse();
   params.Check();
 
@@ -87,7 +94,8 @@ int RunMasterBuild(const Call& call) {
   view.dialogs.master.MasterAllowance = allowance.value_or(defaults.MasterAllowance);
   view.dialogs.master.MasterTolerance = tolerance.value_or(defaults.MasterTolerance);
   PrepareProgram(file, params.Adjusts(), &view);
-  ShowProgress(file.argument + ": building the master model");
+  ShowProgress(Say({"{file}: 마스터 모델 생성 중", "{file}: building the master model"},
+                   {{"file", file.argument}}));
   BuildModel(file.argument, &view);
   const Status written = WriteMasterFile(outPath, view.masterGrid, host.files.get());
   ThrowIfUnwritten(*out, written);
@@ -97,8 +105,10 @@ int RunMasterBuild(const Call& call) {
 int RunMasterDump(const Call& call) {
   const std::string argument = ModelArgument(
       call,
-      "Prints a master model: a line of its fields OriginX OriginY MinZ MaxX MaxY MaxZ ToolSize "
-      "CellSize CellCount NX NY ModelBuilt, then of each cell ix, iy, z and angle.");
+      {"마스터 모델을 출력합니다: 첫 줄은 OriginX OriginY MinZ MaxX MaxY MaxZ ToolSize CellSize "
+       "CellCount NX NY ModelBuilt, 그다음은 셀마다 ix, iy, z, angle.",
+       "Prints a master model: a line of its fields OriginX OriginY MinZ MaxX MaxY MaxZ ToolSize "
+       "CellSize CellCount NX NY ModelBuilt, then of each cell ix, iy, z and angle."});
   Host host(call);
   const MasterGrid grid = ReadModel(argument, host);
   Print(HeaderLine(grid));
@@ -109,12 +119,13 @@ int RunMasterDump(const Call& call) {
 int RunMasterLookup(const Call& call) {
   std::string argument, radiusWord;
   std::vector<std::string> pointWords;
-  CommandLine line(call,
-                   "Prints for each point the steepest angle of the model around it and above it, "
-                   "or none.");
-  line.AddArgument("FILE.mma", &argument, "master model file");
-  line.AddArgument("RADIUS", &radiusWord, "how far to look, in mm");
-  line.AddArguments("POINT", &pointWords, "points X,Y,Z");
+  CommandLine line(
+      call, {"점마다 그 둘레와 위에서 가장 가파른 모델의 각도를 출력합니다. 없으면 none입니다.",
+             "Prints for each point the steepest angle of the model around it and above it, "
+             "or none."});
+  line.AddArgument("FILE.mma", &argument, {"마스터 모델 화일", "master model file"});
+  line.AddArgument("RADIUS", &radiusWord, {"찾을 거리, mm", "how far to look, in mm"});
+  line.AddArguments("POINT", &pointWords, {"점 X,Y,Z", "points X,Y,Z"});
   line.Parse();
   const float radius = NumberOf(radiusWord, "RADIUS");
   std::vector<Vec3> points;
@@ -132,7 +143,9 @@ int RunMasterLookup(const Call& call) {
 
 int RunMasterShow(const Call& call) {
   const std::string argument = ModelArgument(
-      call, "Prints the moves of the wire picture of a master model, as the command blocks does.");
+      call,
+      {"마스터 모델 그림의 이동을 명령 blocks처럼 출력합니다.",
+       "Prints the moves of the wire picture of a master model, as the command blocks does."});
   Host host(call);
   ToolView view(&host);
   view.masterGrid = ReadModel(argument, host);

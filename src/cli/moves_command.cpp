@@ -12,6 +12,7 @@
 #include "cli/params.h"
 #include "cli/program_files.h"
 #include "cli/tool_progress.h"
+#include "cli/tool_text.h"
 #include "control/control_reading.h"
 #include "platform/termination.h"
 
@@ -135,7 +136,9 @@ void RunFile(const ProgramFile& file, const JobRecord& job, Files* files, MoveRe
   const Status read = ReadAsControl(file.path, options, files, receiver, remarks);
   switch (read.kind()) {
     case StatusKind::kWrongFormat:
-      throw Failure{file.argument, "the control reading does not know the conversational format"};
+      throw Failure{file.argument,
+                    Say({"대화형 프로그램은 이 명령으로 읽을 수 없습니다",
+                         "the control reading does not know the conversational format"})};
     case StatusKind::kStopped:
       EndIfInterrupted();
       return;
@@ -169,13 +172,17 @@ int RunMoves(const Call& call) {
   bool json = false;
   std::vector<std::string> arguments;
   CommandLine line(
-      call,
-      "Prints the moves and events of each program in the order in which a machine "
-      "control runs them, one a line: source line, kind, then of a move x, y, z, feed, "
-      "of an arc also plane, centre and sweep in radians, of an event its value.");
+      call, {"프로그램마다 기계 제어기가 실행하는 순서대로 이동과 기능을 한 줄에 하나씩 "
+             "출력합니다: 줄 번호, "
+             "종류, 이동은 x, y, z, 피드, 원호는 평면, 중심, 회전각(라디안)도, 기능은 그 값.",
+             "Prints the moves and events of each program in the order in which a machine "
+             "control runs them, one a line: source line, kind, then of a move x, y, z, feed, "
+             "of an arc also plane, centre and sweep in radians, of an event its value."});
   params.AddTo(&line);
-  line.AddFlag("--json", &json, "print one JSON document, with the remarks of the reading");
-  line.AddArguments("FILE", &arguments, "NC programs, read one after the other");
+  line.AddFlag("--json", &json,
+               {"읽으면서 확인한 내용까지 JSON 문서 하나로 출력",
+                "print one JSON document, with the remarks of the reading"});
+  line.AddArguments("FILE", &arguments, kFilesHelp);
   line.Parse();
   params.Check();
 

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "cli/tool_text.h"
+
 namespace tvx {
 namespace {
 
@@ -48,7 +50,8 @@ std::string NearestName(std::string_view word, const std::vector<std::string>& n
 
 std::string DidYouMean(std::string_view word, const std::vector<std::string>& names) {
   const std::string nearest = NearestName(word, names);
-  return nearest.empty() ? "" : "; did you mean '" + nearest + "'?";
+  if (nearest.empty()) return "";
+  return Say({". 혹시 '{name}'입니까?", "; did you mean '{name}'?"}, {{"name", nearest}});
 }
 
 }  // namespace tvx

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "cli/command.h"
+#include "cli/tool_text.h"
 
 namespace tvx {
 namespace {
@@ -35,22 +36,31 @@ bool ReadAll(std::string_view text, char separator, std::span<Number> numbers) {
 
 float NumberOf(const std::string& word, const std::string& what) {
   float number = 0;
-  if (!ReadNumber(word, &number)) throw WrongCall{what + ": '" + word + "' is no number"};
+  if (!ReadNumber(word, &number)) {
+    throw WrongCall{Say({"{what}: 숫자가 아닙니다: '{word}'", "{what}: '{word}' is no number"},
+                        {{"what", what}, {"word", word}})};
+  }
   return number;
 }
 
 Vec3 ParsePoint(const std::string& word) {
   std::array<float, 3> numbers;
   if (!ReadAll(word, ',', std::span<float>(numbers))) {
-    throw WrongCall{"'" + word + "' is no point X,Y,Z"};
+    throw WrongCall{
+        Say({"점 X,Y,Z가 아닙니다: '{word}'", "'{word}' is no point X,Y,Z"}, {{"word", word}})};
   }
   return {numbers[0], numbers[1], numbers[2]};
+}
+
+std::string NoSuchForm(const std::string& what, const std::string& word, const std::string& form) {
+  return Say({"{what}: {form} 형식이 아닙니다: '{word}'", "{what}: '{word}' is no {form}"},
+             {{"what", what}, {"word", word}, {"form", form}});
 }
 
 void ReadNumbers(const std::string& word, char separator, std::span<int32_t> numbers,
                  const std::string& what, const std::string& form) {
   if (!ReadAll(word, separator, numbers)) {
-    throw WrongCall{what + ": '" + word + "' is no " + form};
+    throw WrongCall{NoSuchForm(what, word, form)};
   }
 }
 

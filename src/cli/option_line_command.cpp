@@ -10,6 +10,8 @@
 #include "cli/json.h"
 #include "cli/output.h"
 #include "cli/params.h"
+#include "cli/program_files.h"
+#include "cli/tool_text.h"
 #include "jobs/option_line.h"
 
 namespace tvx {
@@ -21,7 +23,9 @@ std::string DirectoryOf(const std::string& path, Files* files) {
   std::string directory = PathBeforeName(path, kAnySlash);
   // A drive and a name alone: the file is in the root.
   if (directory.empty()) directory = path.substr(0, kDriveLength) + "\\";
-  if (!files->SetCurrentDirectory(directory).ok()) throw Failure{path, "its folder cannot be read"};
+  if (!files->SetCurrentDirectory(directory).ok()) {
+    throw Failure{path, Say({"폴더를 읽을 수 없습니다", "its folder cannot be read"})};
+  }
   return files->CurrentDirectory();
 }
 
@@ -30,9 +34,10 @@ std::string DirectoryOf(const std::string& path, Files* files) {
 int RunOptionLineParse(const Call& call) {
   FieldSettings settings;
   std::string text;
-  CommandLine line(call, "Parses an option line into a job record of defaults, and prints it.");
+  CommandLine line(call, {"옵션 줄을 기본값에 반영하여 작업 조건을 출력합니다.",
+                          "Parses an option line into a job record of defaults, and prints it."});
   settings.AddTo(&line);
-  line.AddArgument("LINE", &text, "option line");
+  line.AddArgument("LINE", &text, {"옵션 줄", "option line"});
   line.Parse();
   settings.Check();
 
@@ -52,10 +57,13 @@ int RunOptionLineBuild(const Call& call) {
   FieldSettings settings;
   std::optional<int> spindle;
   std::string argument;
-  CommandLine line(call, "Prints the option line that the job dialog would give a file.");
+  CommandLine line(call, {"작업 리스트 창이 화일에 붙이는 옵션 줄을 출력합니다.",
+                          "Prints the option line that the job dialog would give a file."});
   settings.AddTo(&line);
-  line.AddOption("--spindle", &spindle, "add the word of this spindle speed in rev/min");
-  line.AddArgument("FILE", &argument, "NC program");
+  line.AddOption(
+      "--spindle", &spindle,
+      {"이 회전수(rev/min)의 워드를 추가", "add the word of this spindle speed in rev/min"});
+  line.AddArgument("FILE", &argument, kFileHelp);
   line.Parse();
   settings.Check();
 

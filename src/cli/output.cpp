@@ -8,6 +8,7 @@
 
 #include "base/text.h"
 #include "cli/command.h"
+#include "cli/tool_text.h"
 #include "platform/processes/terminal.h"
 
 namespace tvx {
@@ -59,8 +60,9 @@ void FinishOutput() {
   NoteOutput(std::fflush(stdout) == 0);
   NoteOutput(std::fclose(stdout) == 0);
   if (outputError != 0) {
-    throw Failure{"standard output",
-                  std::string("could not be written: ") + std::strerror(outputError)};
+    throw Failure{Say({"표준 출력", "standard output"}),
+                  Say({"쓸 수 없습니다: {reason}", "could not be written: {reason}"},
+                      {{"reason", std::strerror(outputError)}})};
   }
 }
 

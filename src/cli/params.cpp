@@ -6,6 +6,7 @@
 
 #include "cli/command.h"
 #include "cli/nearest_name.h"
+#include "cli/tool_text.h"
 #include "conditions/condition_file.h"
 #include "master/master_file.h"
 #include "model/job_record.h"
@@ -20,14 +21,21 @@ struct Setting {
 
 Setting SplitSetting(const std::string& word) {
   const size_t equals = word.find('=');
-  if (equals == std::string::npos) throw WrongCall{"--set needs NAME=VALUE, not '" + word + "'"};
+  if (equals == std::string::npos) {
+    throw WrongCall{
+        Say({"--set: NAME=VALUE 형식이 아닙니다: '{word}'", "--set needs NAME=VALUE, not '{word}'"},
+            {{"word", word}})};
+  }
   return {word.substr(0, equals), word.substr(equals + 1)};
 }
 
-std::string WhatFits(const JobField& field) {
-  if (std::holds_alternative<int32_t JobRecord::*>(field.member)) return "is no whole number";
-  if (std::holds_alternative<float JobRecord::*>(field.member)) return "is no number";
-  return "is no value for a list";
+Message Misfit(const JobField& field) {
+  if (std::holds_alternative<int32_t JobRecord::*>(field.member))
+    return {"{what}: 정수가 아닙니다: '{value}'", "{what}: '{value}' is no whole number"};
+  if (std::holds_alternative<float JobRecord::*>(field.member))
+    return {"{what}: 숫자가 아닙니다: '{value}'", "{what}: '{value}' is no number"};
+  return {"{what}: 리스트에는 줄 수 없는 값입니다: '{value}'",
+          "{what}: '{value}' is no value for a list"};
 }
 
 void CheckSetting(const std::string& word) {
@@ -36,19 +44,23 @@ void CheckSetting(const std::string& word) {
   if (field == nullptr) {
     std::vector<std::string> names;
     for (const JobField& known : JobFields()) names.emplace_back(known.name);
-    throw WrongCall{"--set: unknown field '" + setting.name + "'" +
+    throw WrongCall{Say({"--set: 없는 필드입니다: '{name}'", "--set: unknown field '{name}'"},
+                        {{"name", setting.name}}) +
                     DidYouMean(setting.name, names)};
   }
   JobRecord scratch;
   if (!SetJobField(&scratch, setting.name, setting.value)) {
-    throw WrongCall{"--set " + setting.name + ": '" + setting.value + "' " + WhatFits(*field)};
+    throw WrongCall{
+        Say(Misfit(*field), {{"what", "--set " + setting.name}, {"value", setting.value}})};
   }
 }
 
 }  // namespace
 
 void FieldSettings::AddTo(CommandLine* line) {
-  line->AddRepeated("--set", &words_, "NAME=VALUE: set a field of the job record");
+  line->AddRepeated(
+      "--set", &words_,
+      {"NAME=VALUE: 작업 조건의 필드 값을 정하기", "NAME=VALUE: set a field of the job record"});
 }
 
 void FieldSettings::Check() const {
@@ -63,23 +75,38 @@ void FieldSettings::Apply(JobRecord* record) const {
 }
 
 void Params::AddRecordOptionsTo(CommandLine* line) {
-  line->AddOption("--condition", &condition_, "FILE.afa: read a condition file");
+  line->AddOption("--condition", &condition_,
+                  {"FILE.afa: 조건화일 읽기", "FILE.afa: read a condition file"});
   settings_.AddTo(line);
-  line->AddOption("--jobs", &jobs_, "adjust on N processor cores at most (default: all)");
+  line->AddOption("--jobs", &jobs_,
+                  {"프로세서 코어를 N개까지 써서 조정 (기본: 모두)",
+                   "adjust on N processor cores at most (default: all)"});
 }
 
 void Params::AddTo(CommandLine* line) {
   AddRecordOptionsTo(line);
-  line->AddFlag("--afa", &afa_, adjusts_ ? "adjust the feeds (the default)" : "adjust the feeds");
-  line->AddFlag("--no-afa", &noAfa_,
-                adjusts_ ? "do not adjust the feeds" : "do not adjust the feeds (the default)");
-  line->AddOption("--master", &master_, "FILE.mma: read a master model, and adjust by it");
+  line->AddFlag("--afa", &afa_,
+                adjusts_ ? Message{"피드를 조정 (기본)", "adjust the feeds (the default)"}
+                         : Message{"피드를 조정", "adjust the feeds"});
+  line->AddFlag(
+      "--no-afa", &noAfa_,
+      adjusts_ ? Message{"피드를 조정하지 않음", "do not adjust the feeds"}
+               : Message{"피드를 조정하지 않음 (기본)", "do not adjust the feeds (the default)"});
+
+  line->AddOption("--master", &master_,
+                  {"FILE.mma: 마스터 모델을 읽고 그것으로도 조정",
+                   "FILE.mma: read a master model, and adjust by it"});
 }
 
 void Params::Check() {
-  if (afa_ && noAfa_) throw WrongCall{"--afa and --no-afa exclude each other"};
+  if (afa_ && noAfa_)
+    throw WrongCall{
+        Say({"--afa와 --no-afa는 함께 쓸 수 없습니다", "--afa and --no-afa exclude each other"})};
   if (afa_ || noAfa_) adjusts_ = afa_;
-  if (jobs_ && *jobs_ < 1) throw WrongCall{"--jobs needs a number from 1 on"};
+  if (jobs_ && *jobs_ < 1) {
+    throw WrongCall{
+        Say({"--jobs에는 1 이상의 수가 필요합니다", "--jobs needs a number from 1 on"})};
+  }
   settings_.Check();
 }
 
@@ -106,9 +133,9 @@ MasterGrid ReadModel(const std::string& argument, const Host& host) {
     case StatusKind::kOk:
       return grid;
     case StatusKind::kNoMemory:
-      throw Failure{argument, read.Text()};
+      throw Failure{argument, read.Text(ToolLanguage())};
     case StatusKind::kWrongFormat:
-      throw Failure{argument, "is no master model file"};
+      throw Failure{argument, Say({"마스터 모델 화일이 아닙니다", "is no master model file"})};
     default:
       throw Failure{argument, ReadProblem(read), read};
   }

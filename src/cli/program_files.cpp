@@ -5,8 +5,16 @@
 #include "base/path_text.h"
 #include "cli/command.h"
 #include "cli/output.h"
+#include "cli/tool_text.h"
 
 namespace tvx {
+
+namespace {
+
+constexpr Message kAdjusting{"{file}: 피드 조정 중", "{file}: adjusting the feeds"};
+constexpr Message kCounting{"{file}: 시간 계산 중", "{file}: working out the times"};
+
+}  // namespace
 
 std::vector<ProgramFile> FindProgramFiles(const Host& host,
                                           const std::vector<std::string>& arguments) {
@@ -37,9 +45,11 @@ Status LoadProgramFile(const ProgramFile& file, CTVXView* view) {
 std::string LoadProblem(const Status& load, const NcProgram& program) {
   switch (load.kind()) {
     case StatusKind::kStoreFull:
-      return load.Text();
+      return load.Text(ToolLanguage());
     case StatusKind::kBlocksLost:
-      return std::to_string(program.lostBlocks) + " " + load.Text();
+      return Say(
+          {"블록 {count}개를 저장하지 못했습니다", "{count} blocks found no place in the store"},
+          {{"count", program.lostBlocks}});
     default:
       return ReadProblem(load);
   }
@@ -65,9 +75,9 @@ void PrepareProgram(const ProgramFile& file, bool adjusts, CTVXView* view) {
 
 ProgramResult EvaluateProgram(const ProgramFile& file, bool adjusts,
                               std::shared_ptr<const FileCheck> check, CTVXView* view) {
-  if (adjusts) ShowProgress(file.argument + ": adjusting the feeds");
+  if (adjusts) ShowProgress(Say(kAdjusting, {{"file", file.argument}}));
   const WorkScope work(ToolProgress(), Work::kAdjust, file.argument, Stopping::kAllowed);
-  const auto count = [&] { ShowProgress(file.argument + ": working out the times"); };
+  const auto count = [&] { ShowProgress(Say(kCounting, {{"file", file.argument}})); };
   auto result = Evaluate(
       view->Work(),
       {.adjusts = adjusts, .wanted = view->wanted, .check = std::move(check), .onAdjusted = count});

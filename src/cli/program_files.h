@@ -11,8 +11,14 @@
 
 namespace tvx {
 
-inline constexpr char kFreshHelp[] =
-    "read each program with the modal state of a new process, not with that of the one before";
+// The help texts that several commands have.
+inline constexpr Message kFileHelp{"NC 프로그램", "NC program"};
+inline constexpr Message kFilesHelp{"차례로 읽을 NC 프로그램",
+                                    "NC programs, read one after the other"};
+inline constexpr Message kJsonHelp{"JSON 문서 하나로 출력", "print one JSON document"};
+inline constexpr Message kFreshHelp{
+    "프로그램마다 앞 프로그램의 모달 상태를 이어받지 않고 새로 읽기",
+    "read each program with the modal state of a new process, not with that of the one before"};
 
 // A program named on the command line.
 struct ProgramFile {

@@ -10,6 +10,7 @@
 #include "cli/numbers.h"
 #include "cli/output.h"
 #include "cli/program_files.h"
+#include "cli/tool_text.h"
 #include "cli/view_options.h"
 #include "view/view_transform.h"
 
@@ -18,13 +19,15 @@ int RunProject(const Call& call) {
   ViewOptions viewOptions;
   std::optional<std::string> argument;
   std::vector<std::string> words;
-  CommandLine line(call,
-                   "Prints where points appear, in pixels from the centre of the drawing area, "
-                   "X Y one a line.");
+  CommandLine line(
+      call, {"점이 나타나는 위치를 그림 영역의 중심에서 픽셀로, 한 줄에 X Y 하나씩 출력합니다.",
+             "Prints where points appear, in pixels from the centre of the drawing area, "
+             "X Y one a line."});
   viewOptions.AddTo(&line);
   line.AddOption("--fit", &argument,
-                 "FILE: fit the view to this program (default: the scale and pan of a new view)");
-  line.AddArguments("POINT", &words, "X,Y,Z: points in mm");
+                 {"FILE: 보기를 이 프로그램에 맞추기 (기본: 새 보기의 배율과 위치)",
+                  "FILE: fit the view to this program (default: the scale and pan of a new view)"});
+  line.AddArguments("POINT", &words, {"X,Y,Z: 점, mm", "X,Y,Z: points in mm"});
   line.Parse();
   viewOptions.Check();
   std::vector<Vec3> points;

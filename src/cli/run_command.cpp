@@ -19,6 +19,7 @@
 #include "cli/run_outputs.h"
 #include "cli/run_report.h"
 #include "cli/time_totals.h"
+#include "cli/tool_text.h"
 #include "jobs/job_list.h"
 #include "reports/cut_time_list.h"
 #include "session/job_list_run.h"
@@ -30,6 +31,13 @@ namespace {
 constexpr int32_t kPictureWidth = 800;
 constexpr int32_t kPictureHeight = 600;
 
+constexpr Message kNoPlainName{"{line}번 줄: 화일 이름이 아닙니다: '{word}'",
+                               "line {line}: '{word}' is no plain file name"};
+constexpr Message kAboveRoot{"{line}번 줄: 드라이브나 폴더의 맨 위보다 위를 가리킵니다: '{word}'",
+                             "line {line}: '{word}' leads above the root of its drive or folder"};
+constexpr Message kListFull{"리스트에는 화일이 {most}개까지 들어가므로 마지막 {count}개를 뺐습니다",
+                            "a list holds {most} files, the last {count} of this one are left out"};
+
 // The lines of a .mcf list get the drive of the list file; those of any other list do not change.
 JobList ReadList(const Host& host, const std::string& drivePath, const std::string& argument,
                  RunReport* report) {
@@ -39,14 +47,12 @@ JobList ReadList(const Host& host, const std::string& drivePath, const std::stri
   ListReading reading =
       ReadJobList(DecodeCp949(bytes.value), isMcf ? std::optional(drivePath[0]) : std::nullopt);
   if (reading.problem != ListProblem::kNone) {
-    throw Failure{argument, Format("line %zu: '%s' %s", reading.line, reading.word.c_str(),
-                                   reading.problem == ListProblem::kName
-                                       ? "is no plain file name"
-                                       : "leads above the root of its drive or folder")};
+    const bool isName = reading.problem == ListProblem::kName;
+    throw Failure{argument, Say(isName ? kNoPlainName : kAboveRoot,
+                                {{"line", reading.line}, {"word", reading.word}})};
   }
   if (reading.leftOut > 0) {
-    report->Fail(argument, Format("a list holds %zu files, the last %zu of this one are left out",
-                                  kJobListSlots, reading.leftOut));
+    report->Fail(argument, Say(kListFull, {{"most", kJobListSlots}, {"count", reading.leftOut}}));
   }
   return std::move(reading.list);
 }
@@ -70,8 +76,14 @@ void PrintTable(std::span<const ProgramResult> results, const TimeTotals& totals
   const bool hasMachine = !results.empty() && results.front().machine.has_value();
   float total = 0;
   double machineTotal = 0;
-  Print(std::string("  cut mm  rapid mm   cut min  rapid min  total min  feed  ") +
-        (hasMachine ? "machine min  " : "") + "file\n");
+  const auto heading = [](const Message& title, size_t columns) {
+    return PadLeft(Say(title), columns) + "  ";
+  };
+  Print(heading({"절삭 mm", "cut mm"}, 8) + heading({"급속 mm", "rapid mm"}, 8) +
+        heading({"절삭 min", "cut min"}, 8) + heading({"급속 min", "rapid min"}, 9) +
+        heading({"소요 min", "total min"}, 9) + heading({"피드", "feed"}, 4) +
+        (hasMachine ? heading({"기계 min", "machine min"}, 11) : "") + Say({"화일", "file"}) +
+        "\n");
   for (const ProgramResult& result : results) {
     const CutTimeEntry& entry = result.entry;
     std::string machine;
@@ -84,8 +96,13 @@ void PrintTable(std::span<const ProgramResult> results, const TimeTotals& totals
                  entry.averageFeed, machine.c_str(), entry.fileName.c_str()));
     total += entry.totalMinutes;
   }
-  Print(Format("total time %.2f min\n", total));
-  if (hasMachine) Print(Format("machine time %.2f min\n", machineTotal));
+  const auto minutes = [](double value) { return Format("%.2f", value); };
+  Print(Say({"전체 시간 {minutes} min\n", "total time {minutes} min\n"},
+            {{"minutes", minutes(total)}}));
+  if (hasMachine) {
+    Print(Say({"기계시간 {minutes} min\n", "machine time {minutes} min\n"},
+              {{"minutes", minutes(machineTotal)}}));
+  }
   if (totals.programs > 1) Print(totals.Line(/*adjusts=*/true));
 }
 
@@ -103,7 +120,9 @@ void PrintInformation(std::span<const ProgramResult> results) {
   const char* between = "";
   for (const ProgramResult& result : results) {
     Print(between);
-    for (const std::string& text : CutTimeListLines(result.entry)) Print(text + "\n");
+    for (const std::string& text : CutTimeListLines(result.entry, Language::kKorean)) {
+      Print(text + "\n");
+    }
     between = "\n";
   }
 }
@@ -116,20 +135,29 @@ int RunJobs(const Call& call) {
   MachineOption machineOption;
   bool json = false, information = false, pictures = false, noPictures = false, fresh = false;
   std::string argument;
-  CommandLine line(call, "Runs a job list: a .mcf list, or a saved list (any other ending).");
+  CommandLine line(call, {"작업 리스트를 실행합니다: .mcf 리스트, 또는 저장한 리스트(다른 확장자).",
+                          "Runs a job list: a .mcf list, or a saved list (any other ending)."});
   params.AddRecordOptionsTo(&line);
-  line.AddFlag("--json", &json, "print one JSON document");
-  line.AddFlag("--info", &information, "print the lines of the cut-time list for each file");
+  line.AddFlag("--json", &json, kJsonHelp);
+  line.AddFlag(
+      "--info", &information,
+      {"화일마다 결과 목록의 정보를 출력", "print the lines of the cut-time list for each file"});
   outputs.AddTo(&line);
   machineOption.AddTo(&line);
-  line.AddFlag("--pictures", &pictures, "write a picture of each file into the current folder");
-  line.AddFlag("--no-pictures", &noPictures, "write none (the default)");
+  line.AddFlag("--pictures", &pictures,
+               {"현재 폴더에 화일마다 그림화일 쓰기",
+                "write a picture of each file into the current folder"});
+  line.AddFlag("--no-pictures", &noPictures,
+               {"그림화일을 쓰지 않음 (기본)", "write none (the default)"});
   line.AddFlag("--fresh", &fresh, kFreshHelp);
-  line.AddArgument("LIST", &argument, "job list");
+  line.AddArgument("LIST", &argument, {"작업 리스트", "job list"});
   line.Parse();
   params.Check();
   outputs.Check();
-  if (json && information) throw WrongCall{"--json and --info exclude each other"};
+  if (json && information) {
+    throw WrongCall{
+        Say({"--json과 --info는 함께 쓸 수 없습니다", "--json and --info exclude each other"})};
+  }
 
   Host host(call);
   ToolView view(&host);

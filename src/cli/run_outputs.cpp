@@ -7,6 +7,7 @@
 #include "cli/command.h"
 #include "cli/csv_option.h"
 #include "cli/output.h"
+#include "cli/tool_text.h"
 #include "platform/files/drives.h"
 #include "reports/job_list_file.h"
 #include "reports/spreadsheet_export.h"
@@ -14,6 +15,15 @@
 namespace tvx {
 
 namespace {
+
+constexpr Message kNotCopied{"{file}: {destination}에 복사할 수 없습니다: {reason}",
+                             "{file}: cannot be copied to {destination}: {reason}"};
+constexpr Message kSameName{"이름이 같은 화일이 두 폴더에 있습니다: {first}, {second}",
+                            "{first} and {second} have the same name"};
+constexpr Message kReplacedOne{"{file}: 옆에 있던 내용이 다른 프로그램 {count}개를 바꾸었습니다",
+                               "{file}: replaced {count} program that differed beside it"};
+constexpr Message kReplaced{"{file}: 옆에 있던 내용이 다른 프로그램 {count}개를 바꾸었습니다",
+                            "{file}: replaced {count} programs that differed beside it"};
 
 // The full drive path of a file to write.
 std::string OutputPath(const Host& host, const std::string& argument) {
@@ -23,8 +33,9 @@ std::string OutputPath(const Host& host, const std::string& argument) {
 // Returns false if a file could not be copied.
 bool ReportFailedCopies(const std::vector<FailedCopy>& failed) {
   for (const FailedCopy& copy : failed) {
-    PrintRemark(copy.source + ": cannot be copied to " + copy.destination + ": " +
-                copy.status.Text());
+    PrintRemark(Say(kNotCopied, {{"file", copy.source},
+                                 {"destination", copy.destination},
+                                 {"reason", copy.status.Text(ToolLanguage())}}));
   }
   return failed.empty();
 }
@@ -44,14 +55,14 @@ std::vector<FailedCopy> WriteListCopy(const std::string& argument, const Host& h
   const std::string path = OutputPath(host, argument);
   Files* const files = host.files.get();
   if (const auto same = FindSameName(path, results)) {
-    throw Failure{argument, same->first + " and " + same->second + " have the same name"};
+    throw Failure{argument, Say(kSameName, {{"first", same->first}, {"second", same->second}})};
   }
   const size_t replaced = ProgramsToReplace(path, results, files).size();
   std::vector<FailedCopy> failed;
   ThrowIfUnwritten(argument, WriteJobListFileCopy(path, results, files, &failed));
   if (replaced > 0) {
-    PrintRemark(argument + Format(": replaced %zu program%s that differed beside it", replaced,
-                                  replaced == 1 ? "" : "s"));
+    PrintRemark(
+        Say(replaced == 1 ? kReplacedOne : kReplaced, {{"file", argument}, {"count", replaced}}));
   }
   return failed;
 }
@@ -59,12 +70,14 @@ std::vector<FailedCopy> WriteListCopy(const std::string& argument, const Host& h
 void FillSheet(const std::string& argument, const Host& host,
                std::span<const ProgramResult> results) {
   if (HasIncomplete(results)) ThrowIfUnwritten(argument, StatusKind::kPartSource);
-  ShowProgress(argument + ": filling");
+  ShowProgress(Say({"{file}: 스프레드시트 쓰는 중", "{file}: filling"}, {{"file", argument}}));
   const auto program = host.app.spreadsheets->Start(SpreadsheetForm::kFile);
   if (program == nullptr) throw Failure{argument, kNoSpreadsheetProgram};
   if (!WriteSpreadsheetFile(OutputPath(host, argument), results, program.get())) {
     const std::string problem = program->Problem();
-    throw Failure{argument, problem.empty() ? "cannot be filled and saved" : problem};
+    throw Failure{argument, problem.empty()
+                                ? Say({"채우거나 저장할 수 없습니다", "cannot be filled and saved"})
+                                : problem};
   }
 }
 
@@ -79,7 +92,7 @@ void RunOutputs::AddTo(CommandLine* line) {
 
 void RunOutputs::Check() const {
   const auto csv = std::ranges::find(Reports(), &ReportOf("--csv")) - Reports().begin();
-  if (hasMark_ && !arguments_[static_cast<size_t>(csv)]) throw WrongCall{"--bom needs --csv"};
+  if (hasMark_ && !arguments_[static_cast<size_t>(csv)]) throw WrongCall{Say(kMarkNeedsCsv)};
 }
 
 Wanted RunOutputs::Needs() const {

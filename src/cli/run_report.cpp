@@ -7,10 +7,23 @@
 #include "cli/command.h"
 #include "cli/output.h"
 #include "cli/program_files.h"
+#include "cli/tool_text.h"
 
 namespace tvx {
 
 namespace {
+
+constexpr Message kNoSuchDrive{
+    "리스트의 화일이 하나도 없습니다. 찾은 곳: {directory}, 없는 드라이브입니다. 드라이브의 폴더는 "
+    "--home으로, 디렉토리는 리스트의 Dir로 정하십시오",
+    "no file of the list was found; looked in {directory}, a drive that does not exist; --home "
+    "selects the folder of the drives, Dir in a line of the list its directory"};
+constexpr Message kNoneFound{
+    "리스트의 화일이 하나도 없습니다. 찾은 곳: {directory} ({folder}). 드라이브의 폴더는 "
+    "--home으로, "
+    "디렉토리는 리스트의 Dir로 정하십시오",
+    "no file of the list was found; looked in {directory}, which is {folder}; --home selects the "
+    "folder of the drives, Dir in a line of the list its directory"};
 
 // The tail of an error line: why a file could not be read or written. Its content and the memory
 // have none.
@@ -19,7 +32,7 @@ std::string MasterReason(const MasterOutcome& outcome, const NcProgram& program)
   if (outcome.step == MasterStep::kLoad) return ": " + LoadProblem(outcome.status, program);
   const bool isOfFile = outcome.step != MasterStep::kBuild && kind != StatusKind::kWrongFormat &&
                         kind != StatusKind::kNoMemory;
-  return isOfFile ? ": " + outcome.status.Text() : "";
+  return isOfFile ? ": " + outcome.status.Text(ToolLanguage()) : "";
 }
 
 }  // namespace
@@ -51,7 +64,9 @@ void RunReport::OnRecorded(const std::string& path, const ProgramResult& result)
 }
 
 void RunReport::OnStopped(const RunEnd& end) {
-  PrintRemark(Format("stopped after %zu of %zu files", end.done, end.count));
+  PrintRemark(Say(
+      {"화일 {count}개 중 {done}개를 끝내고 중지했습니다", "stopped after {done} of {count} files"},
+      {{"count", end.count}, {"done", end.done}}));
   failed_ = true;
 }
 
@@ -63,12 +78,15 @@ void RunReport::OnLoadFailed(const std::string& path, const Status& load) {
 }
 
 void RunReport::OnMasterFailed(const std::string& path, const MasterOutcome& outcome) {
-  Fail(path,
-       "the master model cannot be read, built or written" + MasterReason(outcome, view_.program));
+  Fail(path, Say({"마스터 모델을 읽거나 만들거나 쓸 수 없습니다",
+                  "the master model cannot be read, built or written"}) +
+                 MasterReason(outcome, view_.program));
 }
 
 void RunReport::OnMasterBuilt(const std::string& path) {
-  if (!IsQuiet()) PrintRemark(path + ": the master model was built");
+  if (!IsQuiet())
+    PrintRemark(Say({"{file}: 마스터 모델을 만들었습니다", "{file}: the master model was built"},
+                    {{"file", path}}));
 }
 
 void RunReport::OnPictureFailed(const std::string& name, const Status& written) {
@@ -85,9 +103,8 @@ void RunReport::Fail(const std::string& path, const std::string& reason) {
 void RunReport::NoteMissingFiles(const Host& host) const {
   if (missing_ == 0 || missing_ < view_.results.runEnd.done) return;
   const std::string folder = host.MachinePath(missingFolder_);
-  PrintRemark("no file of the list was found; looked in " + missingFolder_ +
-              (folder.empty() ? ", a drive that does not exist" : ", which is " + folder) +
-              "; --home selects the folder of the drives, Dir in a line of the list its directory");
+  PrintRemark(Say(folder.empty() ? kNoSuchDrive : kNoneFound,
+                  {{"directory", missingFolder_}, {"folder", folder}}));
 }
 
 }  // namespace tvx

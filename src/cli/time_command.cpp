@@ -17,6 +17,7 @@
 #include "cli/params.h"
 #include "cli/program_files.h"
 #include "cli/time_totals.h"
+#include "cli/tool_text.h"
 #include "evaluate/program_result.h"
 #include "reports/result_csv.h"
 
@@ -91,35 +92,37 @@ std::string CsvTimes(const ProgramFile& file, const Times& times) {
 
 // A row of the table for people: a figure before and after, and what became of the difference.
 struct Row {
-  const char* label;
+  Message label;
   const char* unit;
   float CutTimeEntry::*figure;
   bool isTime;
 };
 
 constexpr Row kRows[] = {
-    {"cut length", "mm", &CutTimeEntry::cutLength, false},
-    {"rapid length", "mm", &CutTimeEntry::rapidLength, false},
-    {"cut time", "min", &CutTimeEntry::cutMinutes, true},
-    {"rapid time", "min", &CutTimeEntry::rapidMinutes, true},
-    {"total time", "min", &CutTimeEntry::totalMinutes, true},
+    {{"절삭길이", "cut length"}, "mm", &CutTimeEntry::cutLength, false},
+    {{"급속이송길이", "rapid length"}, "mm", &CutTimeEntry::rapidLength, false},
+    {{"절삭시간", "cut time"}, "min", &CutTimeEntry::cutMinutes, true},
+    {{"급속이송시간", "rapid time"}, "min", &CutTimeEntry::rapidMinutes, true},
+    {{"소요시간", "total time"}, "min", &CutTimeEntry::totalMinutes, true},
 };
 
 struct MachineRow {
-  const char* label;
+  Message label;
   double MachineTime::*figure;
 };
 
 constexpr MachineRow kMachineRows[] = {
-    {"machine cut", &MachineTime::cutMinutes},     {"machine rapid", &MachineTime::rapidMinutes},
-    {"machine dwell", &MachineTime::dwellMinutes}, {"machine tools", &MachineTime::toolMinutes},
-    {"machine total", &MachineTime::totalMinutes},
+    {{"기계 절삭", "machine cut"}, &MachineTime::cutMinutes},
+    {{"기계 급속이송", "machine rapid"}, &MachineTime::rapidMinutes},
+    {{"기계 드웰", "machine dwell"}, &MachineTime::dwellMinutes},
+    {{"기계 공구교환", "machine tools"}, &MachineTime::toolMinutes},
+    {{"기계시간", "machine total"}, &MachineTime::totalMinutes},
 };
 
 std::string TableLine(const std::string& label, const std::string& unit, const std::string& before,
                       const std::string& after, const std::string& saved) {
-  std::string line = Format("  %-14s %-7s %12s %12s %12s", label.c_str(), unit.c_str(),
-                            before.c_str(), after.c_str(), saved.c_str());
+  std::string line = "  " + PadRight(label, 14) + " " + PadRight(unit, 7);
+  for (const std::string& figure : {before, after, saved}) line += " " + PadLeft(figure, 12);
   line.erase(line.find_last_not_of(' ') + 1);
   return line + "\n";
 }
@@ -137,15 +140,17 @@ std::string MachineTable(const Times& times) {
       after = minutes(*timeAfter.*row.figure);
       saved = minutes(before - *timeAfter.*row.figure);
     }
-    text += TableLine(row.label, "min", minutes(before), after, saved);
+    text += TableLine(Say(row.label), "min", minutes(before), after, saved);
   }
   return text;
 }
 
 std::string TimesTable(const ProgramFile& file, const Times& times) {
   std::string text = file.argument + "\n";
-  text += times.after ? TableLine("", "", "programmed", "adjusted", "saved")
-                      : TableLine("", "", "programmed", "", "");
+  const std::string programmed = Say({"조정 전", "programmed"});
+  text += times.after
+              ? TableLine("", "", programmed, Say({"조정 후", "adjusted"}), Say({"절약", "saved"}))
+              : TableLine("", "", programmed, "", "");
   for (const Row& row : kRows) {
     const float before = times.before.entry.*row.figure;
     std::string after, saved;
@@ -153,9 +158,10 @@ std::string TimesTable(const ProgramFile& file, const Times& times) {
       after = ShortestFloat(times.after->entry.*row.figure);
       if (row.isTime) saved = ShortestFloat(before - times.after->entry.*row.figure);
     }
-    text += TableLine(row.label, row.unit, ShortestFloat(before), after, saved);
+    text += TableLine(Say(row.label), row.unit, ShortestFloat(before), after, saved);
   }
-  text += TableLine("average feed", "mm/min", std::to_string(times.before.entry.averageFeed),
+  text += TableLine(Say({"평균절삭속도", "average feed"}), "mm/min",
+                    std::to_string(times.before.entry.averageFeed),
                     times.after ? std::to_string(times.after->entry.averageFeed) : "", "");
   return text + MachineTable(times);
 }
@@ -166,6 +172,9 @@ bool IsOfAProgram(const Status& failure) {
   return !failure.ok() && failure.kind() != StatusKind::kMissing &&
          failure.kind() != StatusKind::kNoFile;
 }
+
+constexpr Message kTotalOfOne{"프로그램 {count}개의 합계", "total of {count} program"};
+constexpr Message kTotal{"프로그램 {count}개의 합계", "total of {count} programs"};
 
 // What the command prints and writes, program by program.
 class TimesReport {
@@ -190,9 +199,8 @@ class TimesReport {
     if (isJson_) {
       Print(JsonText(document_));
     } else if (arguments > 1) {
-      Print(
-          Format("total of %zu program%s\n  ", totals_.programs, totals_.programs == 1 ? "" : "s") +
-          totals_.Line(adjusts_));
+      Print(Say(totals_.programs == 1 ? kTotalOfOne : kTotal, {{"count", totals_.programs}}) +
+            "\n  " + totals_.Line(adjusts_));
     }
   }
 
@@ -214,18 +222,22 @@ int RunTime(const Call& call) {
   CsvOption csv;
   MachineOption machineOption;
   std::vector<std::string> arguments;
-  CommandLine line(call,
-                   "Prints how far the tool travels in each program and how long that takes, "
-                   "as programmed and after the feed adjustment. A program that cannot be read is "
-                   "reported, and the others follow. Modal state goes from program to program, as "
-                   "in the window, so that their order matters: see --fresh.");
+  CommandLine line(
+      call, {"프로그램마다 이동 길이와 시간을 조정 전과 피드 조정 후로 출력합니다. 읽을 수 없는 "
+             "프로그램은 알리고 나머지를 계속합니다. 창에서처럼 모달 상태가 다음 프로그램으로 "
+             "이어지므로 순서에 따라 결과가 다를 수 있습니다(--fresh 참조).",
+             "Prints how far the tool travels in each program and how long that takes, "
+             "as programmed and after the feed adjustment. A program that cannot be read is "
+             "reported, and the others follow. Modal state goes from program to program, as "
+             "in the window, so that their order matters: see --fresh."});
   params.AddTo(&line);
   line.AddFlag("--fresh", &fresh, kFreshHelp);
-  line.AddFlag("--json", &json, "print one JSON document");
+  line.AddFlag("--json", &json, kJsonHelp);
   csv.AddTo(&line);
   machineOption.AddTo(&line);
   line.AddArguments("FILE", &arguments,
-                    "NC programs, loaded one after the other; - for standard input");
+                    {"차례로 불러올 NC 프로그램, 표준 입력은 -",
+                     "NC programs, loaded one after the other; - for standard input"});
   line.Parse();
   params.Check();
   csv.Check();

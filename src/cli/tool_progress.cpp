@@ -7,6 +7,7 @@
 #include "base/format.h"
 #include "base/path_text.h"
 #include "cli/output.h"
+#include "cli/tool_text.h"
 #include "platform/termination.h"
 
 namespace tvx {
@@ -16,21 +17,21 @@ constexpr std::chrono::milliseconds kInterval{200};
 
 std::atomic<bool> isInterrupted = false;
 
-const char* WorkText(Work work) {
+std::string WorkText(Work work) {
   switch (work) {
     case Work::kRead:
-      return "reading";
+      return Say({"읽는 중", "reading"});
     case Work::kCheck:
-      return "checking";
+      return Say({"검사 중", "checking"});
     case Work::kAdjust:
-      return "adjusting the feeds";
+      return Say({"피드 조정 중", "adjusting the feeds"});
     case Work::kBuildMaster:
-      return "building the master model";
+      return Say({"마스터 모델 생성 중", "building the master model"});
     case Work::kDraw:
     case Work::kWritePicture:
-      return "drawing";
+      return Say({"그리는 중", "drawing"});
     case Work::kFillSheet:
-      return "filling";
+      return Say({"스프레드시트 쓰는 중", "filling"});
   }
   return "";
 }
@@ -51,7 +52,7 @@ class Terminal final : public Progress {
     const std::string file =
         state.files > 0 ? Format("%zu/%zu ", state.file, state.files) : std::string();
     const std::string name = NameOfPath(state.path, kAnySlash);
-    ShowProgress(file + name + Format(": %s %d %%", WorkText(state.work), state.percent));
+    ShowProgress(file + name + ": " + WorkText(state.work) + Format(" %d %%", state.percent));
     return !isInterrupted;
   }
   void Hide() override { ShowProgress(""); }

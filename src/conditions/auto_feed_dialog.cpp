@@ -90,7 +90,8 @@ void CAutoFeedDlg::SaveFile() {
   if (!MayReplace(path, IsConditionFile, files_, ui_)) return;
   const Status written = WriteConditionFile(path, own, SpindleSpeed, files_);
   if (!path.empty()) ShowWritten(written, path, ui_);
-  if (!written.ok()) ui_->ShowMessage({.text = "화일을 열수 없읍니다. "});
+  if (!written.ok())
+    ui_->ShowMessage({.text = ui_->Say({"화일을 열수 없읍니다. ", "The file cannot be opened. "})});
 }
 
 Closing CAutoFeedDlg::Accept() {

@@ -9,8 +9,8 @@
 #include <QWidget>
 #include <iterator>
 
+#include "base/message.h"
 #include "desktop/language.h"
-#include "jobs/labels.h"
 #include "platform/workers.h"
 
 namespace tvx {
@@ -26,9 +26,9 @@ bool highContrast = false;
 // Each in its own language, for a user who does not read the one in use.
 constexpr struct {
   const char* code;
-  int32_t language;
+  Language language;
   const char* name;
-} kLanguages[] = {{"ko", kKoreanLabels, "한국어"}, {"en", kEnglishLabels, "English"}};
+} kLanguages[] = {{"ko", Language::kKorean, "한국어"}, {"en", Language::kEnglish, "English"}};
 
 void Keep(const QString& settingsFile, const char* key, const QVariant& value) {
   if (!settingsFile.isEmpty()) QSettings(settingsFile, QSettings::IniFormat).setValue(key, value);
@@ -40,7 +40,7 @@ PenStyles ScreenPens() {
   return highContrast ? PenStyles(kHighContrastPenStyles) : PenStyles(kPenStyles);
 }
 
-std::optional<int32_t> ChosenLanguage(const QString& settingsFile) {
+std::optional<Language> ChosenLanguage(const QString& settingsFile) {
   const QString code = QSettings(settingsFile, QSettings::IniFormat).value(kLanguageKey).toString();
   for (const auto& row : kLanguages) {
     if (code == row.code) return row.language;

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "base/message.h"
 #include "view/drawing_device.h"
 
 class QAction;
@@ -18,9 +19,9 @@ namespace tvx {
 // the usual ones.
 PenStyles ScreenPens();
 
-// The language that the user has chosen in a settings file, one of jobs/labels.h; none if there is
+// The language that the user has chosen in a settings file; none if there is
 // no choice.
-std::optional<int32_t> ChosenLanguage(const QString& settingsFile);
+std::optional<Language> ChosenLanguage(const QString& settingsFile);
 
 class DisplayOptions : public QObject {
   Q_OBJECT

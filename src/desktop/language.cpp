@@ -1,48 +1,23 @@
-// Translation by the file in the program, with numbers as places, and the setup of a Korean
-// desktop.
+// Translation by the file in the program, and the setup of a Korean desktop.
 #include "desktop/language.h"
 
 #include <QApplication>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QLibraryInfo>
-#include <QRegularExpression>
-#include <QStringList>
 #include <QTranslator>
 #include <algorithm>
-
-#include "jobs/labels.h"
-#include "stats/entry_lines.h"
 
 namespace tvx {
 
 namespace {
 
-int32_t languageInUse = kKoreanLabels;
+Language languageInUse = Language::kKorean;
 
 // Finds nothing before a file is loaded: every text stays Korean.
 QTranslator& Translations() {
   static QTranslator translations;
   return translations;
-}
-
-// Empty if there is none.
-QString TranslationOf(const QString& text) {
-  return Translations().translate("tvx", text.toUtf8().constData());
-}
-
-// Replaces the numbers of a text by %1, %2 and so on, as its translation has them.
-QString TakeNumbers(QString text, QStringList* numbers) {
-  static const QRegularExpression kNumber("[-+]?\\d+(\\.\\d+)?(e[-+]?\\d+)?");
-  qsizetype from = 0;
-  for (;;) {
-    const QRegularExpressionMatch match = kNumber.match(text, from);
-    if (!match.hasMatch()) return text;
-    numbers->append(match.captured());
-    const QString place = "%" + QString::number(numbers->size());
-    text.replace(match.capturedStart(), match.capturedLength(), place);
-    from = match.capturedStart() + place.size();
-  }
 }
 
 // With a font without Hangul, the letters of one line come from two fonts of different weight.
@@ -76,46 +51,32 @@ std::string FromQt(const QString& text) {
   return text.toStdString();
 }
 
-void UseLanguage(int32_t language) {
+void UseLanguage(Language language) {
   languageInUse = language;
-  const bool english = language == kEnglishLabels;
+  const bool english = language == Language::kEnglish;
   if (!Translations().load(english ? ":/translations/tvx_en.qm" : "") && english) {
     qWarning("the English texts are missing");
   }
 }
 
-int32_t LanguageInUse() {
+Language LanguageInUse() {
   return languageInUse;
 }
 
 QString Translated(std::string_view text) {
-  QString source = ToQt(text);
-  if (Translations().isEmpty()) return source;
-  if (QString whole = TranslationOf(source); !whole.isEmpty()) return whole;
-  QStringList numbers;
-  QString translation = TranslationOf(TakeNumbers(source, &numbers));
-  if (translation.isEmpty()) return source;
-  for (const QString& number : numbers) translation = translation.arg(number);
-  return translation;
+  const QString source = ToQt(text);
+  const QString translation = Translations().translate("tvx", source.toUtf8().constData());
+  return translation.isEmpty() ? source : translation;
 }
 
-QString Translated(const Message& text) {
-  return ToQt(text.In(LanguageOf(languageInUse)));
-}
-
-QString InLanguage(std::string_view korean, std::string_view english) {
-  return ToQt(languageInUse == kEnglishLabels ? english : korean);
+QString InLanguage(const Message& message, std::initializer_list<NamedValue> values) {
+  return ToQt(Say(message, languageInUse, values));
 }
 
 QString Printable(QString text) {
   std::ranges::replace_if(
       text, [](QChar c) { return c < ' ' && c != '\t'; }, '?');
   return text;
-}
-
-QString TranslatedLabels(const std::string& text) {
-  const std::string labelled = ReplaceLabels(text, languageInUse);
-  return languageInUse == kEnglishLabels ? Translated(EnglishFigure(labelled)) : ToQt(labelled);
 }
 
 void SetUpKorean() {

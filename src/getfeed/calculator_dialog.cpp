@@ -46,8 +46,16 @@ bool Contains(std::span<const std::string_view> names, std::string_view name) {
   return std::ranges::find(names, name) != names.end();
 }
 
-std::string FeedCaption(int percent) {
-  return Format("<<고품질 -----(%d)----- 가공 속도>> ", percent - 100);
+// Its blanks differ from those after the first change.
+constexpr Message kFirstSpeed{"<<공구보호 -----(0)----- 가공속도>> ",
+                              "<<Tool protection -----(0)----- Machining speed>> "};
+constexpr Message kSpeed{"<< 공구보호 -----({percent})----- 가공속도>>",
+                         "<< Tool protection -----({percent})----- Machining speed>>"};
+constexpr Message kFeed{"<<고품질 -----({percent})----- 가공 속도>> ",
+                        "<<High quality -----({percent})----- Machining speed>> "};
+
+std::string FeedCaption(const UserInterface& ui, int percent) {
+  return ui.Say(kFeed, {{"percent", percent - 100}});
 }
 
 int InPercentRange(int position) {
@@ -71,7 +79,9 @@ std::span<const CalculatorNumber, kCalculatorNumbers> CalculatorNumbers() {
 }
 
 CGetFeedDlg::CGetFeedDlg(float toolDiameter, std::string_view material, UserInterface* ui)
-    : feedCaption(FeedCaption(state.feedPercent)), ui_(ui) {
+    : speedCaption(ui->Say(kFirstSpeed)),
+      feedCaption(FeedCaption(*ui, state.feedPercent)),
+      ui_(ui) {
   state.toolDiameter = toolDiameter;
   if (IsWorkMaterial(material)) state.workMaterial = material;
   for (const CalculatorNumber& number : kNumbers) {
@@ -140,13 +150,13 @@ void CGetFeedDlg::EditNumber(const CalculatorNumber& number, std::string_view te
 void CGetFeedDlg::ReleaseSpeedSlider(int position) {
   state.speedPercent = InPercentRange(position);
   RecalcSpeed(&state);
-  speedCaption = Format("<< 공구보호 -----(%d)----- 가공속도>>", state.speedPercent - 100);
+  speedCaption = ui_->Say(kSpeed, {{"percent", state.speedPercent - 100}});
 }
 
 void CGetFeedDlg::ReleaseFeedSlider(int position) {
   state.feedPercent = InPercentRange(position);
   RecalcResult(&state);
-  feedCaption = FeedCaption(state.feedPercent);
+  feedCaption = FeedCaption(*ui_, state.feedPercent);
 }
 
 void CGetFeedDlg::ToggleHighSpeedRough() {

@@ -86,7 +86,7 @@ class CGetFeedDlg : public Dialog {
   Closing Accept();
 
   GetFeedState state;
-  std::string speedCaption = "<<공구보호 -----(0)----- 가공속도>> ";
+  std::string speedCaption;
   std::string feedCaption;
   std::string refusedField;  // name of the field that gets the focus after a refusal
 

@@ -132,10 +132,10 @@ class PlaceSearch {
 
 }  // namespace
 
-const RuleText& TextOf(FeedRule rule) {
-  static constexpr RuleText kTexts[kFeedRules] = {
-      {"slope", "경사"},      {"master", "마스터 모델"}, {"XY corner", "XY 코너"},
-      {"Z corner", "Z 코너"}, {"arc", "원호"},
+const Message& TextOf(FeedRule rule) {
+  static constexpr Message kTexts[kFeedRules] = {
+      {"경사", "slope"},      {"마스터 모델", "master"}, {"XY 코너", "XY corner"},
+      {"Z 코너", "Z corner"}, {"원호", "arc"},
   };
   return kTexts[static_cast<size_t>(rule)];
 }

@@ -10,17 +10,14 @@
 #include <string_view>
 #include <vector>
 
+#include "base/message.h"
 #include "feed/feed_pass.h"
 #include "model/block_store.h"
 
 namespace tvx {
 
-// A rule as the user reads it, in both languages.
-struct RuleText {
-  const char* english;  // as RuleName
-  const char* korean;
-};
-const RuleText& TextOf(FeedRule rule);
+// A rule as the user reads it; in English as RuleName.
+const Message& TextOf(FeedRule rule);
 
 // The parts of a straight cut that have feeds of their own.
 enum class MovePart : uint8_t { kMiddle, kHead, kTail };

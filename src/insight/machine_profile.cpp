@@ -142,37 +142,39 @@ bool IsText(std::string_view text) {
   });
 }
 
-std::string_view ErrorWords(MachineFileError error) {
+Message TextOf(MachineFileError error) {
   switch (error) {
     case MachineFileError::kCannotBeRead:
-      return "cannot be read";
+      return {"읽을 수 없습니다", "cannot be read"};
     case MachineFileError::kTooLarge:
-      return "is too large for a machine file";
+      return {"기계 화일로는 너무 큽니다", "is too large for a machine file"};
     case MachineFileError::kNotText:
-      return "is no text file";
+      return {"텍스트 화일이 아닙니다", "is no text file"};
     case MachineFileError::kUnknownKey:
-      return "unknown key";
+      return {"없는 키입니다", "unknown key"};
     case MachineFileError::kDuplicateKey:
-      return "the key is set twice";
+      return {"키가 두 번 나옵니다", "the key is set twice"};
     case MachineFileError::kMissingValue:
-      return "a value is missing";
+      return {"값이 없습니다", "a value is missing"};
     case MachineFileError::kTooManyValues:
-      return "too many values";
+      return {"값이 너무 많습니다", "too many values"};
     case MachineFileError::kNotANumber:
-      return "not a number";
+      return {"숫자가 아닙니다", "not a number"};
     case MachineFileError::kOutOfRange:
-      return "value out of range";
+      return {"값이 범위를 벗어납니다", "value out of range"};
   }
-  return "";
+  return {"", ""};
 }
 
 }  // namespace
 
-std::string FaultText(const MachineFileFault& fault) {
+std::string FaultText(const MachineFileFault& fault, Language language) {
   std::string text;
-  if (fault.line > 0) text += Format("line %d: ", fault.line);
+  if (fault.line > 0) {
+    text += Say({"{line}번 줄: ", "line {line}: "}, language, {{"line", fault.line}});
+  }
   if (!fault.key.empty()) text += fault.key + ": ";
-  return text.append(ErrorWords(fault.error));
+  return text + TextOf(fault.error).In(language);
 }
 
 std::optional<MachineFileFault> ParseMachineProfile(std::string_view text, std::string_view name,

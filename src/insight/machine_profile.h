@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/message.h"
 #include "platform/files/files.h"
 
 namespace tvx {
@@ -48,8 +49,8 @@ struct MachineFileFault {
   Status read = {};  // why a file cannot be read
 };
 
-// The fault as an English phrase without the file's name: "line 3: Factor: must be above 0".
-std::string FaultText(const MachineFileFault& fault);
+// The fault as a phrase without the file's name: "line 3: Factor: value out of range".
+std::string FaultText(const MachineFileFault& fault, Language language);
 
 // Parses the text of a machine file. A key that is missing keeps its default; Name is `name` then.
 // Returns a fault for the first line that is wrong, with *profile unchanged.

@@ -9,48 +9,52 @@ namespace {
 
 constexpr const char* kBetweenParts = " | ";
 
+constexpr Message kLine{"{line}번 줄", "line {line}"};
+constexpr Message kTo{"끝점 {x} {y} {z}", "to {x} {y} {z}"};
+constexpr Message kFeed{"피드 {feed}", "feed {feed}"};
+constexpr Message kAdjusted{"조정된 피드 {feed}", "adjusted {feed}"};
+constexpr Message kProgrammedAndAdjusted{"프로그램 피드 {programmed}, 조정된 피드 {feed}",
+                                         "programmed {programmed}, adjusted {feed}"};
+constexpr Message kRapid{"급속이송", "rapid"};
+constexpr Message kHead{"앞", "head"};
+constexpr Message kTail{"뒤", "tail"};
+
 // "slope", "XY corner, head slope, tail XY corner".
-std::string RulesText(const MoveRules& rules, const MoveWords& words) {
-  const char* const names[kMoveParts] = {nullptr, words.head, words.tail};
+std::string RulesText(const MoveRules& rules, Language language) {
+  const Message* const names[kMoveParts] = {nullptr, &kHead, &kTail};
   std::string text;
   for (size_t part = 0; part < kMoveParts; ++part) {
     if (!rules[part]) continue;
     if (!text.empty()) text += ", ";
-    if (names[part] != nullptr) text.append(names[part]).append(" ");
-    text += TextOf(*rules[part]).*words.rule;
+    if (names[part] != nullptr) text.append(names[part]->In(language)).append(" ");
+    text += TextOf(*rules[part]).In(language);
   }
   return text;
 }
 
-std::string FeedsText(const MoveFacts& facts, const MoveWords& words) {
-  if (IsRapidType(facts.block.type)) return words.rapid;
-  const std::string feeds = FeedText(facts.block, words);
-  const bool isAsProgrammed =
-      facts.programmedFeed && std::to_string(*facts.programmedFeed) == feeds;
-  if (isAsProgrammed) return Format("%s %s", words.feed, feeds.c_str());
-  const std::string adjusted = Format("%s %s", words.adjusted, feeds.c_str());
-  if (!facts.programmedFeed) return adjusted;
-  return Format("%s %d, ", words.programmed, *facts.programmedFeed) + adjusted;
+std::string FeedsText(const MoveFacts& facts, Language language) {
+  if (IsRapidType(facts.block.type)) return kRapid.In(language);
+  const std::string feeds = FeedText(facts.block, language);
+  if (!facts.programmedFeed) return Say(kAdjusted, language, {{"feed", feeds}});
+  const std::string programmed = std::to_string(*facts.programmedFeed);
+  if (programmed == feeds) return Say(kFeed, language, {{"feed", feeds}});
+  return Say(kProgrammedAndAdjusted, language, {{"programmed", programmed}, {"feed", feeds}});
 }
 
 }  // namespace
 
-const MoveWords kEnglishMoveWords = {"line %llu", "to",   "feed", "programmed",      "adjusted",
-                                     "rapid",     "head", "tail", &RuleText::english};
-const MoveWords kKoreanMoveWords = {"%llu번 줄", "끝점", "피드", "프로그램 피드",  "조정된 피드",
-                                    "급속이송",  "앞",   "뒤",   &RuleText::korean};
-
-std::string LineText(uint64_t line, const std::string& text, const MoveWords& words) {
-  const std::string number = Format(words.line, static_cast<unsigned long long>(line));
+std::string LineText(uint64_t line, const std::string& text, Language language) {
+  const std::string number = Say(kLine, language, {{"line", line}});
   return text.empty() ? number : number + ": " + text;
 }
 
-std::string FeedText(const MotionBlock& block, const MoveWords& words) {
-  const auto zone = [](const char* name, int percent, int feed) {
-    return percent == 0 && feed == 0 ? std::string() : Format(" %s %d%% %d", name, percent, feed);
+std::string FeedText(const MotionBlock& block, Language language) {
+  const auto zone = [language](const Message& name, int percent, int feed) {
+    if (percent == 0 && feed == 0) return std::string();
+    return Format(" %s %d%% %d", name.In(language), percent, feed);
   };
-  return std::to_string(block.feed) + zone(words.head, block.headPercent, block.headFeed) +
-         zone(words.tail, block.tailPercent, block.tailFeed);
+  return std::to_string(block.feed) + zone(kHead, block.headPercent, block.headFeed) +
+         zone(kTail, block.tailPercent, block.tailFeed);
 }
 
 MoveFacts FactsOf(const BlockStore& store, uint32_t block, const FeedCauses* causes,
@@ -68,20 +72,22 @@ MoveFacts FactsOf(const BlockStore& store, uint32_t block, const FeedCauses* cau
   return facts;
 }
 
-std::string MoveText(const MoveFacts& facts, const MoveWords& words) {
+std::string MoveText(const MoveFacts& facts, Language language) {
   std::string text;
   const auto add = [&](const std::string& part) {
     if (part.empty()) return;
     if (!text.empty()) text += kBetweenParts;
     text += part;
   };
-  if (facts.line != 0) add(LineText(facts.line, facts.text, words));
+  if (facts.line != 0) add(LineText(facts.line, facts.text, language));
   const MotionBlock& block = facts.block;
   if (!IsMoveType(block.type)) return text;
-  add(Format("%s %s %s %s", words.to, ShortestFloat(block.x).c_str(),
-             ShortestFloat(block.y).c_str(), ShortestFloat(block.z).c_str()));
-  add(FeedsText(facts, words));
-  add(RulesText(facts.rules, words));
+  add(Say(kTo, language,
+          {{"x", ShortestFloat(block.x)},
+           {"y", ShortestFloat(block.y)},
+           {"z", ShortestFloat(block.z)}}));
+  add(FeedsText(facts, language));
+  add(RulesText(facts.rules, language));
   return text;
 }
 

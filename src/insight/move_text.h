@@ -5,33 +5,19 @@
 #include <optional>
 #include <string>
 
+#include "base/message.h"
 #include "insight/feed_causes.h"
 #include "insight/source_lines.h"
 #include "model/block_store.h"
 
 namespace tvx {
 
-// The words of the texts below, in one language.
-struct MoveWords {
-  const char* line;  // a format with the number
-  const char* to;
-  const char* feed;
-  const char* programmed;
-  const char* adjusted;
-  const char* rapid;
-  const char* head;
-  const char* tail;
-  const char* RuleText::*rule;
-};
-extern const MoveWords kEnglishMoveWords;
-extern const MoveWords kKoreanMoveWords;
-
 // "line 12: G1 X10"; "line 12" without a text.
-std::string LineText(uint64_t line, const std::string& text, const MoveWords& words);
+std::string LineText(uint64_t line, const std::string& text, Language language);
 
 // The feeds of a move with its zones: "1000", "1000 head 25% 100", "1000 head 25% 100 tail 30%
 // 200".
-std::string FeedText(const MotionBlock& block, const MoveWords& words);
+std::string FeedText(const MotionBlock& block, Language language);
 
 // What is known of a move.
 struct MoveFacts {
@@ -50,6 +36,6 @@ MoveFacts FactsOf(const BlockStore& store, uint32_t block, const FeedCauses* cau
 // "line 12: G1 X10 | to 10 0 -2 | programmed 1200, adjusted 1000 tail 30% 200 | tail XY corner".
 // A move whose feed is the programmed one has "feed 1200" instead, a rapid has "rapid". Parts that
 // are not known are left out.
-std::string MoveText(const MoveFacts& facts, const MoveWords& words);
+std::string MoveText(const MoveFacts& facts, Language language);
 
 }  // namespace tvx

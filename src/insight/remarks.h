@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/message.h"
 #include "platform/files/files.h"
 
 namespace tvx {
@@ -51,23 +52,20 @@ enum class RemarkClass : uint8_t {
   kNote,
 };
 
-// The texts of a remark, in UTF-8. The help texts say what the figures do with such a line and what
-// the user can do.
+// A remark. The help says what the figures do with such a line and what the user can do.
 struct RemarkKind {
   RemarkId id;
   RemarkClass remarkClass;
   std::string_view name;  // as printed and in JSON
-  std::string_view english;
-  std::string_view korean;
-  std::string_view englishHelp;
-  std::string_view koreanHelp;
+  Message text;
+  Message help;
 };
 
 // One row for each id, in the order of output.
 std::span<const RemarkKind> RemarkKinds();
 
-// "lost", "changed", "note".
-std::string_view ClassName(RemarkClass remarkClass);
+// "lost", "changed", "note". The English text is the name in JSON, too.
+const Message& TextOf(RemarkClass remarkClass);
 
 struct Remark {
   uint64_t line = 0;   // of the program, from 1

@@ -179,16 +179,16 @@ Status SourceLines::EndsEarly(const InputFile& file) const {
   return {StatusKind::kReadFailed, source_.path, file.status().reason()};
 }
 
-const char* SourceProblem(const Status& failure) {
+Message SourceProblem(const Status& failure) {
   switch (failure.kind()) {
     case StatusKind::kOk:
-      return "";
+      return {"", ""};
     case StatusKind::kNoProgram:
-      return "the program comes from no file";
+      return {"화일에서 불러온 프로그램이 아닙니다", "the program comes from no file"};
     case StatusKind::kChanged:
-      return "the file has changed since it was loaded";
+      return {"불러온 뒤에 화일이 바뀌었습니다", "the file has changed since it was loaded"};
     default:
-      return "the file cannot be read";
+      return {"화일을 읽을 수 없습니다", "the file cannot be read"};
   }
 }
 

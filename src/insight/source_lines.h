@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "base/message.h"
 #include "model/loader.h"
 #include "platform/files/files.h"
 
@@ -65,6 +66,6 @@ class SourceLines {
 };
 
 // Why the text could not be read, in words for an error line.
-const char* SourceProblem(const Status& failure);
+Message SourceProblem(const Status& failure);
 
 }  // namespace tvx

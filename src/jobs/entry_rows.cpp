@@ -3,8 +3,8 @@
 #include "jobs/entry_rows.h"
 
 #include "base/format.h"
-#include "jobs/labels.h"
 #include "jobs/restart.h"
+#include "model/option_labels.h"
 #include "stats/entry_lines.h"
 
 namespace tvx {
@@ -12,8 +12,6 @@ namespace tvx {
 namespace {
 
 using Rows = std::vector<std::string>;
-
-constexpr Message kFileName = {"화일명 : {name} ", "FileName : {name} "};
 
 const char* Indent(const FeedField& field) {
   if (field.form == FeedForm::kSwitch) return "  ";
@@ -40,17 +38,16 @@ Rows ConditionRows(const JobRecord& job, Language language) {
 }  // namespace
 
 std::vector<std::string> EntryRows(const std::string& name, const LineFile& file,
-                                   const JobRecord& options, int32_t language) {
-  Rows rows = {Say(kFileName, LanguageOf(language), {{"name", name}}), file.currentDirectory,
+                                   const JobRecord& options, Language language) {
+  Rows rows = {kFileNameLabel.In(language) + (" : " + name + " "), file.currentDirectory,
                Format("FileSize %d Byte", file.fileSize)};
   if (options.DeleteM30 == 0) rows.push_back("M30 ON");
   rows.push_back(Format("Restart %s", OnOff(options.RestartOn)));
-  const auto append = [&](const Rows& labelled) {
-    for (const std::string& row : labelled) rows.push_back(ReplaceLabels(row, language));
+  const auto append = [&rows](const Rows& more) {
+    rows.insert(rows.end(), more.begin(), more.end());
   };
-  if (options.RestartOn == 1) append(RestartInfoRows(options));
-  const Rows conditions = ConditionRows(options, LanguageOf(language));
-  rows.insert(rows.end(), conditions.begin(), conditions.end());
+  if (options.RestartOn == 1) append(RestartInfoRows(options, language));
+  append(ConditionRows(options, language));
   if (options.KeyCodeOn != 1) return rows;
   rows.push_back("Key Code");
   for (const std::string& word : options.KeyCodes) rows.push_back("  " + word);

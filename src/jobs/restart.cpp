@@ -4,6 +4,7 @@
 
 #include "base/format.h"
 #include "base/scan.h"
+#include "model/option_labels.h"
 #include "stats/entry_lines.h"
 
 namespace tvx {
@@ -62,13 +63,12 @@ Closing CRestartDlg::Cancel() {
   return Closing::kCancelled;
 }
 
-std::string RestartButtonText(const JobRecord& options, bool accepted) {
-  const std::string position = accepted ? RestartText(options) : "";
-  return position.empty() ? "재전송: " : position;
+std::string RestartButtonText(const JobRecord& options, bool accepted, Language language) {
+  return kRestartLabel.In(language) + (": " + (accepted ? RestartPosition(options, language) : ""));
 }
 
-std::vector<std::string> RestartInfoRows(const JobRecord& job) {
-  std::vector<std::string> rows = RestartReportLines(job);
+std::vector<std::string> RestartInfoRows(const JobRecord& job, Language language) {
+  std::vector<std::string> rows = RestartReportLines(job, language);
   for (std::string& row : rows) row.insert(0, "  ");
   return rows;
 }

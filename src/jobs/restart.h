@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/message.h"
 #include "model/job_record.h"
 #include "model/option_fields.h"
 #include "platform/user_interface.h"
@@ -57,10 +58,10 @@ class CRestartDlg : public Dialog {
 
 // Caption of the job dialog's button after the dialog: with the position in `options` if the dialog
 // was accepted, without one otherwise.
-std::string RestartButtonText(const JobRecord& options, bool accepted);
+std::string RestartButtonText(const JobRecord& options, bool accepted, Language language);
 
 // The rows of the information list for a position that is switched on: one for kinds 1 to 3, two
 // for kind 4, none for any other.
-std::vector<std::string> RestartInfoRows(const JobRecord& job);
+std::vector<std::string> RestartInfoRows(const JobRecord& job, Language language);
 
 }  // namespace tvx

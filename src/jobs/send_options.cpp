@@ -10,8 +10,8 @@
 #include "base/scan.h"
 #include "getfeed/calculator_dialog.h"
 #include "getfeed/condition_tables.h"
-#include "jobs/labels.h"
 #include "model/option_fields.h"
+#include "model/option_labels.h"
 #include "platform/number_field.h"
 #include "stats/entry_lines.h"
 
@@ -42,8 +42,6 @@ std::string WithMasterEnding(std::string path) {
   if (path.find("mma") == std::string::npos) path += ".mma";
   return path;
 }
-
-constexpr Message kHead = {"Afa조건:", "Afa:"};
 
 // The parameters that the texts of the buttons show: all with a single value that is always shown.
 bool IsOnButton(const FeedField& field) {
@@ -97,8 +95,8 @@ void CSendOptionDlg::DeriveSlopeRatio() {
 }
 
 void CSendOptionDlg::BuildConditionText() {
-  const Language language = LanguageOf(labelLanguage);
-  conditionText = std::string(kHead.In(language)) + "\r\n";
+  const Language language = labelLanguage;
+  conditionText = std::string(kConditionLabel.In(language)) + "\r\n";
   for (const FeedField& field : FeedFields()) {
     if (!IsOnButton(field)) continue;
     conditionText += "  " + LabelledText(own, field, field.decimals, language) + "\r\n";
@@ -148,12 +146,12 @@ void CSendOptionDlg::OpenCondition() {
 
 void CSendOptionDlg::ChooseConditionFile() {
   std::string fileName;
-  conditionFileCaption = "조건화일: ";
+  conditionFileCaption = kConditionFileLabel.In(labelLanguage);
+  conditionFileCaption += ": ";
   if (tvx::ChooseConditionFile(&own, &SpindleSpeed, files_, ui_, &fileName)) {
     ShowSpindleSpeed();
     conditionFileCaption += fileName;
   }
-  conditionFileCaption = ReplaceLabels(conditionFileCaption, labelLanguage);
   BuildConditionText();
   ShowFeedsOfCondition();
 }
@@ -219,12 +217,11 @@ void CSendOptionDlg::ShowSpindleSpeed() {
   spindleText = Format("%d", SpindleSpeed);
 }
 
-std::string ConditionButtonText(const JobRecord& job, int32_t labelLanguage) {
+std::string ConditionButtonText(const JobRecord& job, Language language) {
   // After each parameter, and after all that follow.
   constexpr const char* kSeparators[] = {", ", "\r\n ", ", ", "\r\n ", ", ",   "\r\n ",
                                          " ",  "\r\n ", "  ", "\n ",   "\r\n "};
-  const Language language = LanguageOf(labelLanguage);
-  std::string text = kHead.In(language);
+  std::string text = kConditionLabel.In(language);
   const char* before = " ";
   size_t next = 0;
   for (const FeedField& field : FeedFields()) {

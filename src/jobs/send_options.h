@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
+#include "base/message.h"
 #include "conditions/afa_setup_dialog.h"
 #include "conditions/auto_feed_dialog.h"
-#include "jobs/labels.h"
 #include "model/job_record.h"
 #include "platform/files/files.h"
 #include "platform/user_interface.h"
@@ -63,7 +63,7 @@ class CSendOptionDlg : public Dialog {
   // "Cancel": switches the adjustment off in both records; the source's other fields stay.
   Closing Cancel();
 
-  int32_t labelLanguage = kKoreanLabels;  // of conditionText and conditionFileCaption
+  Language labelLanguage = Language::kKorean;  // of conditionText and conditionFileCaption
   JobRecord own;
   int32_t SpindleSpeed = 1000;  // 1/min; the job dialog sets and reads it, and SpindleOn
   int32_t SpindleOn = 0;
@@ -94,9 +94,7 @@ class CSendOptionDlg : public Dialog {
   CAfaSetupDlg setup_;
 };
 
-// The text of the job dialog's button for the conditions of a record, with labels in a language of
-// jobs/labels.h, and the text without any.
-std::string ConditionButtonText(const JobRecord& job, int32_t labelLanguage);
-inline constexpr char kNoConditionText[] = "Afa조건: ";
+// The text of the job dialog's button for the conditions of a record.
+std::string ConditionButtonText(const JobRecord& job, Language language);
 
 }  // namespace tvx

@@ -10,6 +10,7 @@
 #include "jobs/entry_rows.h"
 #include "jobs/key_code_lines.h"
 #include "jobs/preview.h"
+#include "model/option_labels.h"
 #include "platform/files/user_files.h"
 #include "platform/number_field.h"
 
@@ -22,20 +23,27 @@ constexpr char kInfoFile[] = "info";
 constexpr char kKeyCodeFile[] = "KeyCode";
 constexpr size_t kCheckedBytes = 100;  // of a file that enters the list: all have to be 7-bit text
 
-constexpr char kNotInserted[] = "리스트에 넣지 못했습니다.";
+constexpr Message kNotInserted{"리스트에 넣지 못했습니다.",
+                               "The file was not inserted into the list."};
 
 constexpr char kError[] = "Error message";
 constexpr char kDnc[] = "DNC message";
 
-const struct {
+constexpr struct {
   JobMessage message;
-  const char* text;
+  Message text;
   const char* caption;
 } kMessageTable[] = {
-    {JobMessage::kCannotOpen, "화일을 열수 없읍니다. ", kError},
-    {JobMessage::kNoFileSelected, "화일 리스트에서 file이 선택되지 않았습니다. ", kDnc},
-    {JobMessage::kEntryIsFrozen, "현재 전송중 이거나 전송한 file입니다. ", kDnc},
-    {JobMessage::kCannotEnter, "화일을 등록할 수 없습니다. ", kError},
+    {JobMessage::kCannotOpen, {"화일을 열수 없읍니다. ", "The file cannot be opened. "}, kError},
+    {JobMessage::kNoFileSelected,
+     {"화일 리스트에서 file이 선택되지 않았습니다. ", "No file is selected in the file list. "},
+     kDnc},
+    {JobMessage::kEntryIsFrozen,
+     {"현재 전송중 이거나 전송한 file입니다. ", "The file is being sent or has been sent. "},
+     kDnc},
+    {JobMessage::kCannotEnter,
+     {"화일을 등록할 수 없습니다. ", "The file cannot be entered. "},
+     kError},
 };
 
 bool IsSevenBit(char c) {
@@ -55,9 +63,9 @@ std::string BareName(const std::string& name) {
 
 }  // namespace
 
-MessageBox MessageOf(JobMessage message) {
+MessageBox MessageOf(JobMessage message, Language language) {
   for (const auto& row : kMessageTable) {
-    if (row.message == message) return {.text = row.text, .caption = row.caption};
+    if (row.message == message) return {.text = row.text.In(language), .caption = row.caption};
   }
   return {};
 }
@@ -100,7 +108,7 @@ void CTransferDlg::Open(const JobDialogSetup& setup) {
   listOptions_.ConditionDir = setup.working->ConditionDir;
   listOptions_.KeyCodeOn = listOptions_.KeyCodeCount = listOptions_.RestartOn = 0;
   restart_.own.RestartOn = 0;
-  restartCaption = kRestartButton;
+  restartCaption = kRestartLabel.In(setup.labelLanguage) + std::string(" :");
   selectedFile = selectedEntry = -1;
   ClearInformation();
 
@@ -168,13 +176,13 @@ void CTransferDlg::NewMask() {
 // Refuses an entry that is being transferred, and -1, the index without a selected entry.
 bool CTransferDlg::RefuseFrozen(int entry) {
   if (entry >= std::max(setup_.working->FirstEditable, 0)) return false;
-  ui_->ShowMessage(MessageOf(JobMessage::kEntryIsFrozen));
+  ui_->ShowMessage(MessageOf(JobMessage::kEntryIsFrozen, ui_->language()));
   return true;
 }
 
 void CTransferDlg::InsertSelected() {
   if (selectedFile < 0) {
-    ui_->ShowMessage(MessageOf(JobMessage::kNoFileSelected));
+    ui_->ShowMessage(MessageOf(JobMessage::kNoFileSelected, ui_->language()));
     return;
   }
   const size_t position = selectedEntry < 0 ? list.size() : static_cast<size_t>(selectedEntry);
@@ -189,17 +197,18 @@ void CTransferDlg::AppendSelected() {
 bool CTransferDlg::IsReadableProgram(const std::string& path) {
   const Result<std::unique_ptr<InputFile>> file = files_->OpenForReading(path);
   if (!file.ok()) {
-    ui_->ShowStatus(kNotInserted, path);
+    ui_->ShowStatus(ui_->Say(kNotInserted), path);
     // A file that has vanished since the list was filled counts as an empty one.
     const bool isMissing = file.status.kind() == StatusKind::kMissing;
-    ui_->ShowMessage(MessageOf(isMissing ? JobMessage::kCannotEnter : JobMessage::kCannotOpen));
+    ui_->ShowMessage(
+        MessageOf(isMissing ? JobMessage::kCannotEnter : JobMessage::kCannotOpen, ui_->language()));
     return false;
   }
   char bytes[kCheckedBytes];
   const size_t count = file.value->Read(bytes, sizeof bytes);
   if (count == 0 || !std::all_of(bytes, bytes + count, IsSevenBit)) {
-    ui_->ShowStatus(kNotInserted, path);
-    ui_->ShowMessage(MessageOf(JobMessage::kCannotEnter));
+    ui_->ShowStatus(ui_->Say(kNotInserted), path);
+    ui_->ShowMessage(MessageOf(JobMessage::kCannotEnter, ui_->language()));
     return false;
   }
   return true;
@@ -212,8 +221,8 @@ void CTransferDlg::InsertFile(size_t position) {
   if (listOptions_.AfaByMaster == 1 && !AcceptWord(listOptions_.AfaMasterFile, ui_)) return;
   if (!IsReadableProgram(path)) return;
   if (list.IsFull()) {
-    ui_->ShowStatus(kNotInserted, path);
-    ui_->ShowMessage(MessageOf(JobMessage::kCannotEnter));
+    ui_->ShowStatus(ui_->Say(kNotInserted), path);
+    ui_->ShowMessage(MessageOf(JobMessage::kCannotEnter, ui_->language()));
     return;
   }
   const auto spindleSpeed = spindleOn_ == 1 ? std::optional(spindleSpeed_) : std::nullopt;
@@ -305,21 +314,24 @@ void CTransferDlg::ReadListFile(const std::string& path, std::optional<char> dri
   ListReading reading = ReadJobList(DecodeCp949(bytes.value), driveLetter);
   list = std::move(reading.list);
   if (reading.leftOut > 0) {
-    ui_->ShowStatus(kNotInserted, path);
-    ui_->ShowMessage(MessageOf(JobMessage::kCannotEnter));
+    ui_->ShowStatus(ui_->Say(kNotInserted), path);
+    ui_->ShowMessage(MessageOf(JobMessage::kCannotEnter, ui_->language()));
   }
   if (reading.problem == ListProblem::kNone) return;
-  ui_->ShowMessage({.text = reading.problem == ListProblem::kName
-                                ? "리스트에 사용할 수 없는 화일 이름이 있어서 읽지 않았습니다."
-                                : "리스트에 사용할 수 없는 경로가 있어서 읽지 않았습니다.",
-                    .path = Format("%s:%zu: %s", path.c_str(), reading.line, reading.word.c_str()),
-                    .icon = MessageIcon::kExclamation});
+  ui_->ShowMessage(
+      {.text = reading.problem == ListProblem::kName
+                   ? ui_->Say({"리스트에 사용할 수 없는 화일 이름이 있어서 읽지 않았습니다.",
+                               "The list holds a file name that is not allowed; it was not read."})
+                   : ui_->Say({"리스트에 사용할 수 없는 경로가 있어서 읽지 않았습니다.",
+                               "The list holds a path that is not allowed; it was not read."}),
+       .path = Format("%s:%zu: %s", path.c_str(), reading.line, reading.word.c_str()),
+       .icon = MessageIcon::kExclamation});
 }
 
 // A file that is missing is an empty one; any other that was not read is not.
 void CTransferDlg::ShowUnreadable(const Status& failure) {
   if (failure.kind() == StatusKind::kMissing) return;
-  MessageBox message = MessageOf(JobMessage::kCannotOpen);
+  MessageBox message = MessageOf(JobMessage::kCannotOpen, ui_->language());
   message.path = failure.path() + ": " + failure.Text();
   ui_->ShowMessage(message);
 }
@@ -339,7 +351,8 @@ void CTransferDlg::EditEntry() {
   if (selectedEntry < 0 || static_cast<size_t>(selectedEntry) >= list.size()) return;
   const std::string path = ProgramPath(static_cast<size_t>(selectedEntry));
   if (!setup_.programs->Start(setup_.editor, path)) {
-    ui_->ShowStatus("편집기를 시작하지 못했습니다.", path);
+    ui_->ShowStatus(ui_->Say({"편집기를 시작하지 못했습니다.", "The editor could not be started."}),
+                    path);
   }
 }
 
@@ -437,7 +450,7 @@ void CTransferDlg::SetRestart() {
   restart_.Open(&listOptions_);
   const bool accepted = ui_->RunModal(&restart_);
   if (!accepted) listOptions_.RestartOn = 0;
-  restartCaption = RestartButtonText(listOptions_, accepted);
+  restartCaption = RestartButtonText(listOptions_, accepted, setup_.labelLanguage);
 }
 
 void CTransferDlg::SetCondition() {
@@ -445,7 +458,7 @@ void CTransferDlg::SetCondition() {
   sendOptions_.SpindleSpeed = spindleSpeed_;
   sendOptions_.Open(&listOptions_);
   if (!ui_->RunModal(&sendOptions_)) {
-    conditionCaption = ReplaceLabels(kNoConditionText, setup_.labelLanguage);
+    conditionCaption = kConditionLabel.In(setup_.labelLanguage) + std::string(" ");
     return;
   }
   spindleOn_ = sendOptions_.SpindleOn;

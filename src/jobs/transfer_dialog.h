@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
+#include "base/message.h"
 #include "jobs/directory_browser.h"
 #include "jobs/job_list.h"
 #include "jobs/key_code_pad.h"
-#include "jobs/labels.h"
 #include "jobs/option_line.h"
 #include "jobs/restart.h"
 #include "jobs/send_options.h"
@@ -29,7 +29,7 @@ enum class JobMessage {
 };
 
 // A message of the table, with its caption.
-MessageBox MessageOf(JobMessage message);
+MessageBox MessageOf(JobMessage message, Language language);
 
 // The slot of CTVXApp::JobSlots that job lists use. Its number is a part of the names of the files
 // that the dialog keeps in the environment directory.
@@ -44,7 +44,7 @@ struct JobDialogSetup {
   const std::vector<std::string>* extensions;  // masks to offer, up to the first empty one
   Programs* programs;
   int32_t spindleSpeed = 1000;  // 1/min, that the send options start with
-  int32_t labelLanguage = kKoreanLabels;
+  Language labelLanguage = Language::kKorean;
 };
 
 // A browser over drives and directories, the files there that fit a mask, the job list, and an
@@ -59,7 +59,6 @@ class CTransferDlg : public Dialog {
   static constexpr char kFileListCaption[] = "화일 리스트";
   static constexpr char kInfoListCaption[] = "화일 미리보기";
   static constexpr char kDeleteM30[] = "M30삭제";  // ticked while DeleteM30 of ListOptions is 1
-  static constexpr char kRestartButton[] = "재전송 :";
   static constexpr char kConditionButton[] = "AFA 설정:";
 
   CTransferDlg(const std::vector<std::string>* userKeys, Files* files, UserInterface* ui);
@@ -131,7 +130,7 @@ class CTransferDlg : public Dialog {
   int selectedFile = -1;         // in browser.files
   int selectedEntry = -1;        // in list
   int selectedInformation = -1;  // row of the information list
-  std::string restartCaption = kRestartButton;
+  std::string restartCaption;
   std::string conditionCaption = kConditionButton;
 
  private:

@@ -11,9 +11,12 @@ namespace tvx {
 
 namespace {
 
-void Refuse(const std::string& text, UserInterface* ui, const std::string& path = {}) {
-  ui->ShowMessage(
-      {.text = text, .path = path, .caption = "TVX", .icon = MessageIcon::kExclamation});
+void Refuse(const Message& message, UserInterface* ui, const std::string& path = {},
+            std::initializer_list<NamedValue> values = {}) {
+  ui->ShowMessage({.text = ui->Say(message, values),
+                   .path = path,
+                   .caption = "TVX",
+                   .icon = MessageIcon::kExclamation});
 }
 
 bool EndsHere(WordScanner* scanner) {
@@ -28,7 +31,7 @@ bool AcceptNumber(std::string_view text, float lowest, float highest, UserInterf
   WordScanner scanner(text);
   float number = 0;
   if (!scanner.ReadFloat(&number) || !EndsHere(&scanner) || !std::isfinite(number)) {
-    Refuse("숫자를 입력하십시오.", ui);
+    Refuse({"숫자를 입력하십시오.", "Please enter a number."}, ui);
     return false;
   }
   if (number < lowest || number > highest) {
@@ -44,7 +47,7 @@ bool AcceptWholeNumber(std::string_view text, int32_t lowest, int32_t highest, U
   WordScanner scanner(text);
   int32_t number = 0;
   if (!scanner.ReadInt(&number) || !EndsHere(&scanner)) {
-    Refuse("정수를 입력하십시오.", ui);
+    Refuse({"정수를 입력하십시오.", "Please enter an integer."}, ui);
     return false;
   }
   // A number of more than 32 bits is held at their end, so the range is asked of the text's value.
@@ -58,14 +61,16 @@ bool AcceptWholeNumber(std::string_view text, int32_t lowest, int32_t highest, U
 }
 
 void ShowRange(float lowest, float highest, UserInterface* ui) {
-  Refuse(Format("%s 이상 %s 이하의 값을 입력하십시오.", ShortestFloat(lowest).c_str(),
-                ShortestFloat(highest).c_str()),
-         ui);
+  Refuse({"{lowest} 이상 {highest} 이하의 값을 입력하십시오.",
+          "Please enter a value from {lowest} to {highest}."},
+         ui, "", {{"lowest", ShortestFloat(lowest)}, {"highest", ShortestFloat(highest)}});
 }
 
 bool AcceptWord(const std::string& name, UserInterface* ui) {
   if (name.find_first_of(" \t\n\v\f\r") == std::string::npos) return true;
-  Refuse("빈칸이 있는 이름은 리스트와 설정 화일에 적을 수 없습니다.", ui, name);
+  Refuse({"빈칸이 있는 이름은 리스트와 설정 화일에 적을 수 없습니다.",
+          "The name has a blank; lists and settings files cannot hold it."},
+         ui, name);
   return false;
 }
 

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "base/message.h"
 #include "platform/progress.h"
 
 namespace tvx {
@@ -47,6 +48,14 @@ struct FileQuestion {
 class UserInterface {
  public:
   virtual ~UserInterface() = default;
+
+  // The language of the texts that it shows.
+  virtual Language language() const { return Language::kKorean; }
+
+  // A message in it, for the text of a MessageBox and of ShowStatus.
+  std::string Say(const Message& message, std::initializer_list<NamedValue> values = {}) const {
+    return tvx::Say(message, language(), values);
+  }
 
   // Shows a message and waits. True for OK and Yes.
   virtual bool ShowMessage(const MessageBox& message) = 0;

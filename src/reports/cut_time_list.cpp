@@ -18,6 +18,10 @@ namespace tvx {
 namespace {
 
 constexpr int kRapidLengthDecimals = 3;
+constexpr Message kPicture{"그림화일 {file}", "Picture file {file}"};
+constexpr Message kStopped{"화일 {count}개 중 {done}개를 끝내고 중지했습니다.",
+                           "Stopped after {done} of {count} files."};
+
 constexpr int kNoFile = -1;
 constexpr size_t kShownPrograms = 10;  // of those that a copy replaces
 
@@ -48,18 +52,17 @@ void Append(const std::vector<std::string>& more, std::vector<std::string>* line
 
 }  // namespace
 
-std::vector<std::string> CutTimeListLines(const CutTimeEntry& entry) {
+std::vector<std::string> CutTimeListLines(const CutTimeEntry& entry, Language language) {
   std::vector<std::string> lines = {"Dir : " + entry.dirName};
-  Append(RestartLines(entry), &lines);
-  Append(ConditionLines(entry, ""), &lines);
-  Append(FigureLines(entry, kRapidLengthDecimals), &lines);
-  lines.push_back("그림화일 " + entry.pictureName);
+  Append(RestartLines(entry, language), &lines);
+  Append(ConditionLines(entry, "", language), &lines);
+  Append(FigureLines(entry, kRapidLengthDecimals, language), &lines);
+  lines.push_back(Say(kPicture, language, {{"file", entry.pictureName}}));
   return lines;
 }
 
-std::string StoppedText(const RunEnd& end) {
-  return Format("화일 %d개 중 %d개를 끝내고 중지했습니다.", static_cast<int>(end.count),
-                static_cast<int>(end.done));
+std::string StoppedText(const RunEnd& end, Language language) {
+  return Say(kStopped, language, {{"count", end.count}, {"done", end.done}});
 }
 
 std::vector<CCutTimeListDlg::Button> CCutTimeListDlg::Buttons() {
@@ -94,7 +97,9 @@ void CCutTimeListDlg::Select(int index) {
   const auto& recorded = results_->recorded;
   const bool isEntry = index >= 0 && static_cast<size_t>(index) < recorded.size();
   selected = isEntry ? index : kNoFile;
-  if (isEntry) information = CutTimeListLines(recorded[static_cast<size_t>(index)].entry);
+  if (!isEntry) return;
+  const CutTimeEntry& entry = recorded[static_cast<size_t>(index)].entry;
+  information = CutTimeListLines(entry, ui_->language());
 }
 
 Closing CCutTimeListDlg::Clear() {
@@ -105,7 +110,9 @@ Closing CCutTimeListDlg::Clear() {
 
 Closing CCutTimeListDlg::DeleteSelected() {
   if (selected == kNoFile) {
-    ui_->ShowMessage({.text = "화일이 선택되지 않아습니다!!!\n", .caption = "DNC message"});
+    ui_->ShowMessage(
+        {.text = ui_->Say({"화일이 선택되지 않아습니다!!!\n", "No file is selected!!!\n"}),
+         .caption = "DNC message"});
     return Closing::kStaysOpen;
   }
   results_->recorded.erase(results_->recorded.begin() + selected);
@@ -134,16 +141,19 @@ bool CCutTimeListDlg::MayReplaceFile(const Report& report, const std::string& pa
 
 bool CCutTimeListDlg::MayCopyBeside(const std::string& path) {
   if (const auto same = FindSameName(path, results_->recorded)) {
-    ui_->ShowMessage({.text = "이름이 같은 화일이 두 폴더에 있어서 복사하지 않았습니다.",
-                      .path = same->first + "\n" + same->second,
-                      .icon = MessageIcon::kExclamation});
+    ui_->ShowMessage(
+        {.text = ui_->Say({"이름이 같은 화일이 두 폴더에 있어서 복사하지 않았습니다.",
+                           "Two files in two folders have the same name; nothing was copied."}),
+         .path = same->first + "\n" + same->second,
+         .icon = MessageIcon::kExclamation});
     return false;
   }
   const std::vector<std::string> replaced = ProgramsToReplace(path, results_->recorded, files_);
   if (replaced.empty()) return true;
-  return ui_->ShowMessage({.text = "내용이 다른 프로그램이 있습니다. 바꾸겠습니까?",
+  return ui_->ShowMessage({.text = ui_->Say({"내용이 다른 프로그램이 있습니다. 바꾸겠습니까?",
+                                             "There are programs that differ. Replace them?"}),
                            .path = JoinLines(replaced, kShownPrograms),
-                           .caption = "화일 바꾸기",
+                           .caption = ui_->Say({"화일 바꾸기", "Replace a file"}),
                            .icon = MessageIcon::kQuestion,
                            .buttons = MessageButtons::kYesNo});
 }
@@ -154,11 +164,12 @@ bool CCutTimeListDlg::WriteFiles(const Report& report, const std::string& path) 
   const Status written =
       report.steps == ReportSteps::kCopyFiles
           ? WriteJobListFileCopy(path, results, files_, &failed)
-          : report.write(results, {.path = path, .language = language(), .files = files_});
+          : report.write(results, {.path = path, .language = ui_->language(), .files = files_});
   ShowWritten(written, path, ui_);
   if (!written.ok()) return false;
   if (report.isOfKind == IsJobList) ShowNamesThatListsCutOff();
-  if (!failed.empty()) ui_->ShowStatus("복사하지 못했습니다.", failed.front().source);
+  if (!failed.empty())
+    ui_->ShowStatus(ui_->Say({"복사하지 못했습니다.", "Not copied."}), failed.front().source);
   if (report.isOfferedToOpen) ui_->OfferToOpen(path);
   return true;
 }
@@ -186,7 +197,8 @@ bool CCutTimeListDlg::FillSpreadsheet(const std::string& path) {
 }
 
 std::string CCutTimeListDlg::Remark() const {
-  return results_->runEnd.WasStopped() ? StoppedText(results_->runEnd) : std::string();
+  return results_->runEnd.WasStopped() ? StoppedText(results_->runEnd, ui_->language())
+                                       : std::string();
 }
 
 std::string CCutTimeListDlg::TotalTimeText() const {

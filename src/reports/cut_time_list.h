@@ -17,13 +17,10 @@
 namespace tvx {
 
 // All lines that the list shows about a result.
-std::vector<std::string> CutTimeListLines(const CutTimeEntry& entry);
+std::vector<std::string> CutTimeListLines(const CutTimeEntry& entry, Language language);
 
 // How far a run came that the user stopped.
-std::string StoppedText(const RunEnd& end);
-
-// The labels of these lines that a name follows: of a directory, a master model and a picture.
-inline constexpr std::string_view kNameLabels[] = {"Dir : ", "MMA ", "그림화일 "};
+std::string StoppedText(const RunEnd& end, Language language);
 
 // Works on the result table of its window, to which the runs append while the dialog is closed. No
 // other state is kept between two openings.
@@ -38,9 +35,7 @@ class CCutTimeListDlg final : public Dialog {
   CCutTimeListDlg(ResultTable* results, Files* files, UserInterface* ui, Spreadsheets* spreadsheets)
       : results_(results), files_(files), ui_(ui), spreadsheets_(spreadsheets) {}
 
-  // Both have to be set. The language of the job sheet, one of jobs/labels.h; and what brings the
-  // checks of the results to their ends before a report that shows them.
-  std::function<int32_t()> language;
+  // Has to be set. Brings the checks of the results to their ends before a report that shows them.
   std::function<void()> finishChecks;
 
   // Call it before the face is shown. Fills the list; no file is selected and no lines are shown.

@@ -204,7 +204,7 @@ extern const Report kJobListReport, kJobListCopyReport;
 
 constinit const Report kJobListReport = {
     .option = "--list",
-    .help = "OUT.mcf: write the job list file",
+    .help = {"OUT.mcf: 작업 리스트 화일 쓰기", "OUT.mcf: write the job list file"},
     .button = &kListButton,
     .ending = "mcf",
     .fileKind = "TVX file",
@@ -216,7 +216,8 @@ constinit const Report kJobListReport = {
 
 constinit const Report kJobListCopyReport = {
     .option = "--list-copy",
-    .help = "OUT.mcf: write the job list file and copy the files of the list beside it",
+    .help = {"OUT.mcf: 작업 리스트 화일을 쓰고 리스트의 화일을 그 옆에 복사",
+             "OUT.mcf: write the job list file and copy the files of the list beside it"},
     .button = &kCopyButton,
     .ending = "mcf",
     .fileKind = "TVX file",

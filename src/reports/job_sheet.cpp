@@ -13,8 +13,8 @@
 #include "base/format.h"
 #include "base/scan.h"
 #include "base/text.h"
-#include "jobs/labels.h"
 #include "model/option_fields.h"
+#include "model/option_labels.h"
 #include "reports/report.h"
 #include "stats/entry_lines.h"
 #include "view/output_buffer.h"
@@ -23,30 +23,28 @@ namespace tvx {
 
 namespace {
 
-struct Words {
-  const char* korean;
-  const char* english;
-};
-
-constexpr Words kTitle = {"작업 시트", "Job sheet"};
-constexpr Words kPrograms = {"프로그램", "Programs"};
-constexpr Words kProgram = {"프로그램", "Program"};
-constexpr Words kProgrammed = {"조정 전", "Programmed"};
-constexpr Words kAdjusted = {"조정 후", "Adjusted"};
-constexpr Words kSaved = {"단축", "Saved"};
-constexpr Words kTotalTime = {"소요시간", "Total time"};
-constexpr Words kMachineTime = {"기계시간", "Machine time"};
-constexpr Words kRemarks = {"검사", "Program check"};
-constexpr Words kNotChecked = {"검사하지 않았습니다.", "Not checked."};
-constexpr Words kNoRemarks = {"시간에서 빠지거나 다르게 읽은 줄이 없습니다.",
-                              "No line is left out of the times or read differently."};
-constexpr Words kCauses = {"피드를 늦춘 규칙", "Rules that slow the feed"};
-constexpr Words kHighestFeed = {"최대피드일 때", "at the maximum feed"};
-constexpr Words kUnexplained = {"그 밖", "other"};
-constexpr Words kConditions = {"조건", "Conditions"};
-constexpr Words kNoAdjustment = {"피드 자동 조정 없음", "No feed adjustment"};
-constexpr Words kNoPrograms = {"결과가 없습니다.", "There are no results."};
-constexpr Words kClasses[] = {{"빠짐", "lost"}, {"다름", "changed"}, {"참고", "note"}};
+constexpr Message kTitle{"작업 시트", "Job sheet"};
+constexpr Message kPrograms{"프로그램", "Programs"};
+constexpr Message kProgram{"프로그램", "Program"};
+constexpr Message kProgrammed{"조정 전", "Programmed"};
+constexpr Message kAdjusted{"조정 후", "Adjusted"};
+constexpr Message kSaved{"단축", "Saved"};
+constexpr Message kTotalTime{"소요시간", "Total time"};
+constexpr Message kMachineTime{"기계시간", "Machine time"};
+constexpr Message kRemarks{"검사", "Program check"};
+constexpr Message kNotChecked{"검사하지 않았습니다.", "Not checked."};
+constexpr Message kNoRemarks{"시간에서 빠지거나 다르게 읽은 줄이 없습니다.",
+                             "No line is left out of the times or read differently."};
+constexpr Message kCauses{"피드를 늦춘 규칙", "Rules that slow the feed"};
+constexpr Message kHighestFeed{"최대피드일 때", "at the maximum feed"};
+constexpr Message kUnexplained{"그 밖", "other"};
+constexpr Message kAverageFeed{"평균절삭속도", "Average feed"};
+constexpr Message kConditions{"조건", "Conditions"};
+constexpr Message kNoAdjustment{"피드 자동 조정 없음", "No feed adjustment"};
+constexpr Message kNoPrograms{"결과가 없습니다.", "There are no results."};
+constexpr Message kMachineParts{
+    "절삭 {cuts}, 급속이송 {rapids}, 드웰 {dwells}, 공구교환 {tools} min",
+    "cuts {cuts}, rapids {rapids}, dwells {dwells}, tool changes {tools} min"};
 
 constexpr char kUnknown[] = "–";
 
@@ -119,16 +117,15 @@ a { color: var(--mark); text-decoration: none; }
 // Collects pieces and writes them to the file.
 class Page {
  public:
-  Page(OutputFile* file, int32_t language)
-      : buffer_(file), isEnglish_(language == kEnglishLabels) {}
+  Page(OutputFile* file, Language language) : buffer_(file), language_(language) {}
 
-  bool isEnglish() const { return isEnglish_; }
-  const char* In(const Words& words) const { return isEnglish_ ? words.english : words.korean; }
+  Language language() const { return language_; }
+  const char* In(const Message& message) const { return message.In(language_); }
 
   // Markup as it is.
   void Mark(std::string_view markup) { buffer_.Write(markup); }
   void Text(std::string_view text) { buffer_.Write(MarkupText(text)); }
-  void Text(const Words& words) { Text(In(words)); }
+  void Text(const Message& message) { Text(In(message)); }
 
   // An element with a text. `tag` may hold attributes.
   template <typename T>
@@ -145,7 +142,7 @@ class Page {
 
  private:
   OutputBuffer buffer_;
-  bool isEnglish_;
+  Language language_;
 };
 
 constexpr char kNumberCell[] = "td class=\"number\"";
@@ -193,9 +190,10 @@ std::string CountText(uint64_t count) {
 
 // "lost 3, changed 1", as the window shows it.
 std::string ClassCounts(const Page& page, const RemarkCounts& counts) {
-  return std::string(page.In(kClasses[0])) + " " +
-         CountText(CountOfClass(counts, RemarkClass::kLost)) + ", " + page.In(kClasses[1]) + " " +
-         CountText(CountOfClass(counts, RemarkClass::kChanged));
+  const auto count = [&](RemarkClass remarkClass) {
+    return page.In(TextOf(remarkClass)) + (" " + CountText(CountOfClass(counts, remarkClass)));
+  };
+  return count(RemarkClass::kLost) + ", " + count(RemarkClass::kChanged);
 }
 
 // The sums of the list. The times are added in single precision, as the list itself adds them.
@@ -289,8 +287,8 @@ void AddList(std::span<const ProgramResult> results, const Totals& totals, Page*
   if (results.size() < 2) return;
   page->Mark("<table>\n<thead><tr><th class=\"number\">#</th>");
   page->Element("th", kProgram);
-  for (const Words& title : {kProgrammed, kAdjusted, kSaved}) {
-    page->Element("th class=\"number\"", title);
+  for (const Message* const title : {&kProgrammed, &kAdjusted, &kSaved}) {
+    page->Element("th class=\"number\"", *title);
   }
   if (totals.hasMachine) page->Element("th class=\"number\"", kMachineTime);
   if (totals.remarks) page->Element("th", kRemarks);
@@ -315,7 +313,7 @@ void AddPicture(const ProgramResult& result, Page* page) {
 
 // A figure that the adjustment changes.
 struct TimeRow {
-  Words label;
+  Message label;
   float CutTimeEntry::*minutes;
 };
 constexpr TimeRow kTimeRows[] = {
@@ -339,11 +337,20 @@ void AddTimeRow(const TimeRow& row, const ProgramResult& result, Page* page) {
 }
 
 // A row with one value that belongs to no column.
-void AddWideRow(const Words& label, const std::string& value, Page* page) {
+void AddWideRow(const Message& label, const std::string& value, Page* page) {
   page->Mark("<tr>");
   page->Element("th", label);
   page->Element("td class=\"number\" colspan=\"3\"", value);
   page->Mark("</tr>\n");
+}
+
+std::string MachineParts(const MachineTime& time, Language language) {
+  const auto minutes = [](double value) { return Format("%.1f", value); };
+  return Say(kMachineParts, language,
+             {{"cuts", minutes(time.cutMinutes)},
+              {"rapids", minutes(time.rapidMinutes)},
+              {"dwells", minutes(time.dwellMinutes)},
+              {"tools", minutes(time.toolMinutes)}});
 }
 
 void AddMachineRow(const MachineTime& time, const std::string& machine, Page* page) {
@@ -352,27 +359,21 @@ void AddMachineRow(const MachineTime& time, const std::string& machine, Page* pa
   page->Mark("<td colspan=\"3\">");
   page->Text(MinutesText(time.totalMinutes) + " (" + ClockText(time.totalMinutes) + "), ");
   page->Text(machine);
-  const auto parts =
-      page->isEnglish()
-          ? Format("cuts %.1f, rapids %.1f, dwells %.1f, tool changes %.1f min", time.cutMinutes,
-                   time.rapidMinutes, time.dwellMinutes, time.toolMinutes)
-          : Format("절삭 %.1f, 급속이송 %.1f, 드웰 %.1f, 공구교환 %.1f min", time.cutMinutes,
-                   time.rapidMinutes, time.dwellMinutes, time.toolMinutes);
-  page->Element("span class=\"clock\"", parts);
+  page->Element("span class=\"clock\"", MachineParts(time, page->language()));
   page->Mark("</td></tr>\n");
 }
 
 void AddFigures(const ProgramResult& result, Page* page) {
   const CutTimeEntry& entry = result.entry;
   page->Mark("<div><table>\n<thead><tr><th></th>");
-  for (const Words& title : {kProgrammed, kAdjusted, kSaved}) {
-    page->Element("th class=\"number\"", title);
+  for (const Message* const title : {&kProgrammed, &kAdjusted, &kSaved}) {
+    page->Element("th class=\"number\"", *title);
   }
   page->Mark("</tr></thead>\n<tbody>\n");
   for (const TimeRow& row : kTimeRows) AddTimeRow(row, result, page);
   const auto programmed = ProgrammedOf(result);
   page->Mark("<tr>");
-  page->Element("th", Words{"평균절삭속도", "Average feed"});
+  page->Element("th", kAverageFeed);
   page->Element(kNumberCell, programmed ? Format("%d mm/min", programmed->averageFeed) : kUnknown);
   page->Element(kNumberCell,
                 entry.AfaEnabled == 1 ? Format("%d mm/min", entry.averageFeed) : kUnknown);
@@ -400,9 +401,9 @@ void AddRemarks(const ProgramResult& result, Page* page) {
       if (count == 0) continue;
       page->Mark("<tr>");
       page->Element(kind.remarkClass == RemarkClass::kLost ? "td class=\"lost\"" : "td",
-                    kClasses[static_cast<size_t>(kind.remarkClass)]);
+                    TextOf(kind.remarkClass));
       page->Element(kNumberCell, CountText(count));
-      page->Element("td class=\"name\"", page->isEnglish() ? kind.english : kind.korean);
+      page->Element("td class=\"name\"", page->In(kind.text));
       page->Mark("</tr>\n");
     }
     page->Mark("</tbody></table>\n");
@@ -411,7 +412,7 @@ void AddRemarks(const ProgramResult& result, Page* page) {
 }
 
 // Minutes and their share of the cut time.
-void AddCause(const Words& label, double minutes, double all, Page* page) {
+void AddCause(const Message& label, double minutes, double all, Page* page) {
   page->Mark("<tr>");
   page->Element("td class=\"name\"", label);
   page->Element(kNumberCell, MinutesText(minutes));
@@ -427,8 +428,7 @@ void AddCauses(const ProgramResult& result, Page* page) {
   page->Mark("<table class=\"rows\"><tbody>\n");
   for (size_t i = 0; i < kFeedRules; ++i) {
     if (causes.byRule[i] == 0) continue;
-    const RuleText& text = TextOf(static_cast<FeedRule>(i));
-    AddCause({text.korean, text.english}, causes.byRule[i], causes.straightCuts, page);
+    AddCause(TextOf(static_cast<FeedRule>(i)), causes.byRule[i], causes.straightCuts, page);
   }
   constexpr double kShownMinutes = 0.005;
   if (std::abs(causes.unexplained) >= kShownMinutes) {
@@ -459,7 +459,7 @@ std::string ConditionText(const CutTimeEntry& entry, const FeedField& field) {
   return ShownText(entry, field, field.decimals) + gap + field.unit;
 }
 
-void AddCondition(const Words& label, const std::string& value, Page* page) {
+void AddCondition(const Message& label, const std::string& value, Page* page) {
   page->Mark("<div class=\"condition\">");
   page->Element("span class=\"weak\"", label);
   page->Element("span", value);
@@ -472,17 +472,14 @@ void AddConditions(const CutTimeEntry& entry, Page* page) {
   AddCondition({"급속이송속도", "Rapid feed"}, Format("%d mm/min", entry.RapidFeed), page);
   if (entry.AfaEnabled == 1) {
     for (const FeedField* const field : ConditionsOfSheet()) {
-      AddCondition({field->title.korean, field->title.english}, ConditionText(entry, *field), page);
+      AddCondition(field->title, ConditionText(entry, *field), page);
     }
   } else {
     AddCondition({"AFA", "AFA"}, page->In(kNoAdjustment), page);
   }
   if (entry.RestartOn == 1) {
-    // The position is "재전송: " and its value; of an odd kind there is only "Restart ON".
-    std::string line = RestartLines(entry).back();
-    line.erase(0, line.find(": ") == std::string::npos ? 0 : line.find(": ") + 2);
-    AddCondition({"재전송", "Restart"},
-                 ReplaceLabels(line, page->isEnglish() ? kEnglishLabels : kKoreanLabels), page);
+    const std::string position = RestartPosition(entry, page->language());
+    AddCondition(kRestartLabel, position.empty() ? "Restart ON" : position, page);
   }
   page->Mark("</div>\n");
 }
@@ -508,7 +505,7 @@ void AddProgram(const ProgramResult& result, size_t number, Page* page) {
 
 void AddPage(std::span<const ProgramResult> results, Page* page) {
   page->Mark("<!DOCTYPE html>\n<html lang=\"");
-  page->Mark(page->isEnglish() ? "en" : "ko");
+  page->Mark(page->language() == Language::kEnglish ? "en" : "ko");
   page->Mark("\">\n<head>\n<meta charset=\"utf-8\">\n");
   page->Mark("<meta name=\"viewport\" content=\"width=device-width\">\n");
   page->Element("title", kTitle);
@@ -534,7 +531,7 @@ bool IsJobSheet(std::string_view start) {
 }
 
 Status WriteJobSheetFile(const std::string& path, std::span<const ProgramResult> results,
-                         int32_t language, Files* files) {
+                         Language language, Files* files) {
   if (HasIncomplete(results)) return {StatusKind::kPartSource, path};
   const Result<std::unique_ptr<OutputFile>> file = files->Create(path);
   if (!file.ok()) return file.status;
@@ -548,7 +545,7 @@ extern const Report kJobSheetReport;
 constexpr Message kJobSheetButton{"HTML", "HTML"};
 constinit const Report kJobSheetReport = {
     .option = "--sheet-html",
-    .help = "OUT.html: write the job sheet, one page to print",
+    .help = {"OUT.html: 인쇄할 작업 시트 쓰기", "OUT.html: write the job sheet, one page to print"},
     .button = &kJobSheetButton,
     .ending = "html",
     .fileKind = "HTML file",

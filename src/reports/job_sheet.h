@@ -6,16 +6,17 @@
 #include <span>
 #include <string>
 
+#include "base/message.h"
 #include "evaluate/program_result.h"
 #include "platform/files/files.h"
 
 namespace tvx {
 
-// Creates or replaces the page, UTF-8, in a language of jobs/labels.h: totals, a table of all
+// Creates or replaces the page, UTF-8, in a language: totals, a table of all
 // programs, then for each its picture, times, remarks and conditions, as far as its details are
 // kept. An existing file is unchanged if that fails.
 Status WriteJobSheetFile(const std::string& path, std::span<const ProgramResult> results,
-                         int32_t language, Files* files);
+                         Language language, Files* files);
 
 // True for the first bytes of such a page, or of another in HTML.
 bool IsJobSheet(std::string_view start);

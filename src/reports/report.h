@@ -1,7 +1,6 @@
 // What a report declares: a file that is written from results, in the tool and in the window.
 #pragma once
 
-#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -15,8 +14,8 @@ namespace tvx {
 
 // What a report is written with, beside the results.
 struct ReportTarget {
-  std::string path;               // drive path; relative to the current directory for a mere name
-  int32_t language = 0;           // of jobs/labels.h
+  std::string path;  // drive path; relative to the current directory for a mere name
+  Language language = Language::kKorean;
   bool hasByteOrderMark = false;  // of values, for spreadsheet programs that need it
   Files* files = nullptr;
 };
@@ -30,7 +29,7 @@ enum class ReportSteps {
 
 struct Report {
   const char* option;  // of tvx-cli run, with its dashes
-  const char* help;
+  Message help;
   // On the button in the window's list of results; null for a report of the tool alone.
   const Message* button = nullptr;
   // What the window's file chooser lists.

@@ -58,7 +58,8 @@ std::string ResultsCsv(std::span<const ProgramResult> results) {
 extern const Report kCsvReport;
 constinit const Report kCsvReport = {
     .option = "--csv",
-    .help = "OUT.csv: write the figures as comma-separated values",
+    .help = {"OUT.csv: 값을 쉼표로 구분하여 쓰기",
+             "OUT.csv: write the figures as comma-separated values"},
     .write = [](std::span<const ProgramResult> results, const ReportTarget& to) -> Status {
       if (HasIncomplete(results)) return {StatusKind::kPartSource, to.path};
       const std::string mark(to.hasByteOrderMark ? kUtf8Mark : "");

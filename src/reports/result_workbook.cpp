@@ -120,7 +120,8 @@ Status WriteResultWorkbook(const std::string& path, std::span<const ProgramResul
 extern const Report kWorkbookReport;
 constinit const Report kWorkbookReport = {
     .option = "--xlsx",
-    .help = "OUT.xlsx: write a workbook with pictures, without an office program",
+    .help = {"OUT.xlsx: 그림이 있는 통합 문서를 오피스 프로그램 없이 쓰기",
+             "OUT.xlsx: write a workbook with pictures, without an office program"},
     .needs = {.workbookPicture = true},
     .write = [](std::span<const ProgramResult> results,
                 const ReportTarget& to) { return WriteResultWorkbook(to.path, results, to.files); },

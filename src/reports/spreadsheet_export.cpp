@@ -168,7 +168,8 @@ extern const Report kSpreadsheetReport;
 constexpr Message kSpreadsheetButton{"스프레드시트 출력", "Fill spreadsheet"};
 constinit const Report kSpreadsheetReport = {
     .option = "--sheet",
-    .help = "FILE: fill the first sheet of a workbook and save it",
+    .help = {"FILE: 통합 문서의 첫 번째 시트를 채우고 저장",
+             "FILE: fill the first sheet of a workbook and save it"},
     .button = &kSpreadsheetButton,
     .ending = "xls",
     .fileKind = "Excel file",

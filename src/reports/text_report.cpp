@@ -19,15 +19,18 @@ void AddLine(const std::string& line, std::string* report) {
 void AddRestart(const CutTimeEntry& entry, std::string* report) {
   AddLine(entry.RestartOn == 1 ? "Restart ON" : "Restart OFF", report);
   if (entry.RestartOn != 1) return;
-  for (const std::string& line : RestartReportLines(entry)) AddLine(line, report);
+  for (const std::string& line : RestartReportLines(entry, Language::kKorean))
+    AddLine(line, report);
 }
 
 void AddEntry(const CutTimeEntry& entry, std::string* report) {
   *report += kLineEnd + ("화일이름 " + entry.fileName);
   AddLine("Dir : " + entry.dirName + " ", report);
   AddRestart(entry, report);
-  for (const std::string& line : ConditionLines(entry, "")) AddLine(line, report);
-  for (const std::string& line : FigureLines(entry, kRapidLengthDecimals)) AddLine(line, report);
+  for (const std::string& line : ConditionLines(entry, "", Language::kKorean))
+    AddLine(line, report);
+  for (const std::string& line : FigureLines(entry, kRapidLengthDecimals, Language::kKorean))
+    AddLine(line, report);
   AddLine("그림화일 " + entry.pictureName + kLineEnd, report);
 }
 
@@ -49,7 +52,7 @@ extern const Report kTextReport;
 constexpr Message kTextButton{"화일 출력", "Write report"};
 constinit const Report kTextReport = {
     .option = "--report",
-    .help = "OUT.tvx: write the text report",
+    .help = {"OUT.tvx: 텍스트 보고서 쓰기", "OUT.tvx: write the text report"},
     .button = &kTextButton,
     .ending = "tvx",
     .fileKind = "TVX file",

@@ -15,7 +15,7 @@ CTVXApp::CTVXApp(Files* theFiles, UserInterface* theUi, Programs* thePrograms,
       spreadsheets(theSpreadsheets),
       sendOptions(theFiles, theUi) {}
 
-int CTVXApp::InitApplication(int32_t language) {
+int CTVXApp::InitApplication(Language language) {
   LabelLanguage = sendOptions.labelLanguage = language;
   const std::string& directory = configuration.EnvDir;
   NoteUnread(ReadConfiguration(&configuration, files));

@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
+#include "base/message.h"
 #include "feed/feed_pass.h"
 #include "insight/machine_profile.h"
-#include "jobs/labels.h"
 #include "jobs/send_options.h"
 #include "model/job_record.h"
 #include "model/parser_state.h"
@@ -34,7 +34,7 @@ class CTVXApp {
   // Starts the program: sets the language of the labels, then reads the configuration, the lists
   // and the user keys in this order. A missing file is no failure; any other that cannot be read is
   // noted. Returns 1.
-  int InitApplication(int32_t language = kKoreanLabels);
+  int InitApplication(Language language = Language::kKorean);
 
   // Notes a file of settings that could not be read, unless it is missing.
   void NoteUnread(const Status& read);
@@ -44,7 +44,7 @@ class CTVXApp {
   Programs* const programs;
   Spreadsheets* const spreadsheets;
 
-  int32_t LabelLanguage = kKoreanLabels;
+  Language LabelLanguage = Language::kKorean;
   // Files of settings that are there and could not be read: their values are the defaults. To be
   // reported by whoever started the application or opened a view, which then clears it.
   std::vector<Status> unread;

@@ -56,6 +56,15 @@ bool IsSameFile(const std::string& a, const std::string& b, const std::string& d
                      NormalDrivePath(AbsoluteDrivePath(directory, b)));
 }
 
+constexpr Message kUsesOther{"메모리에 있는 다른 마스터 모델을 사용합니다.",
+                             "The other master model, which is in memory, is used."};
+constexpr Message kUsesNone{"마스터 모델이 메모리에 없어서 사용하지 않습니다.",
+                            "The master model is not in memory and is not used."};
+constexpr Message kReadInPlace{"메모리에 다른 마스터 모델이 있습니다. 이 화일을 읽겠습니까?",
+                               "Another master model is in memory. Read this file?"};
+constexpr Message kReadMaster{"마스터 모델이 메모리에 없습니다. 읽겠습니까?",
+                              "The master model is not in memory. Read it?"};
+
 // The adjustment takes the master model that is in memory, or none: the times are then those of
 // another part, or too short. A model that was built and not saved may well be the wanted one.
 void OfferMaster(CTVXView* view) {
@@ -68,14 +77,13 @@ void OfferMaster(CTVXView* view) {
       (grid.path.empty() || IsSameFile(grid.path, path, app->files->CurrentDirectory()))) {
     return;
   }
-  MessageBox message{.text = isOther ? "메모리에 있는 다른 마스터 모델을 사용합니다."
-                                     : "마스터 모델이 메모리에 없어서 사용하지 않습니다.",
+  UserInterface* const ui = app->ui;
+  MessageBox message{.text = ui->Say(isOther ? kUsesOther : kUsesNone),
                      .path = path,
-                     .caption = "마스터 모델",
+                     .caption = ui->Say({"마스터 모델", "Master model"}),
                      .icon = MessageIcon::kExclamation};
   if (app->files->Exists(path)) {
-    message.text = isOther ? "메모리에 다른 마스터 모델이 있습니다. 이 화일을 읽겠습니까?"
-                           : "마스터 모델이 메모리에 없습니다. 읽겠습니까?";
+    message.text = ui->Say(isOther ? kReadInPlace : kReadMaster);
     message.buttons = MessageButtons::kYesNo;
   }
   if (!app->ui->ShowMessage(message) || message.buttons == MessageButtons::kOk) return;
@@ -110,7 +118,8 @@ void SingleCutTimeCommand(CTVXView* view) {
   } else if (view->job.MetafileCreateChk != 1) {
     return;
   } else if (entry.fileName.empty()) {
-    app->ui->ShowStatus("프로그램이 없어서 그림화일을 만들지 않았습니다.");
+    app->ui->ShowStatus(app->ui->Say({"프로그램이 없어서 그림화일을 만들지 않았습니다.",
+                                      "There is no program; no picture file was made."}));
   } else {
     ShowWritten(recorded, AbsoluteDrivePath(app->files->CurrentDirectory(), PictureName(entry)),
                 app->ui);

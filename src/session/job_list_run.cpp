@@ -50,13 +50,13 @@ class RunMessages final : public RunObserver {
     }
   }
   void OnMasterBuilt(const std::string& path) override {
-    ui_->ShowStatus("마스터 모델을 만들었습니다.", path);
+    ui_->ShowStatus(ui_->Say({"마스터 모델을 만들었습니다.", "The master model was built."}), path);
   }
   void OnPictureFailed(const std::string& path, const Status& written) override {
     ShowWritten(written, path, ui_);
   }
   void OnTableFull() override { ShowTableFull(ui_); }
-  void OnStopped(const RunEnd& end) override { ui_->ShowStatus(StoppedText(end)); }
+  void OnStopped(const RunEnd& end) override { ui_->ShowStatus(StoppedText(end, ui_->language())); }
 
  private:
   const NcProgram& program_;

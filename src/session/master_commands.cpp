@@ -19,17 +19,26 @@ bool ChooseMasterFile(const MasterContext& context, bool save, std::string* path
   return context.ui->ChooseFile(question, path);
 }
 
+constexpr Message kShort{"마스터 모델을 만들 수 없습니다: 프로그램이 너무 짧습니다.",
+                         "No master model can be made: the program is too short."};
+constexpr Message kNoCut{"마스터 모델을 만들 수 없습니다: 직선 절삭이 없습니다.",
+                         "No master model can be made: there is no straight cut."};
+constexpr Message kWide{"마스터 모델을 만들 수 없습니다: 가공 범위가 너무 넓습니다.",
+                        "No master model can be made: the part is too wide."};
+constexpr Message kTolerance{"마스터 모델을 만들 수 없습니다: 공차가 맞지 않습니다.",
+                             "No master model can be made: the tolerance does not fit."};
+
 // Why a program gives no model; null for what is no refusal.
-const char* RefusalText(const Status& build) {
+const Message* RefusalText(const Status& build) {
   switch (build.kind()) {
     case StatusKind::kFewBlocks:
-      return "마스터 모델을 만들 수 없습니다: 프로그램이 너무 짧습니다.";
+      return &kShort;
     case StatusKind::kNoCut:
-      return "마스터 모델을 만들 수 없습니다: 직선 절삭이 없습니다.";
+      return &kNoCut;
     case StatusKind::kTooWide:
-      return "마스터 모델을 만들 수 없습니다: 가공 범위가 너무 넓습니다.";
+      return &kWide;
     case StatusKind::kBadSizes:
-      return "마스터 모델을 만들 수 없습니다: 공차가 맞지 않습니다.";
+      return &kTolerance;
     default:
       return nullptr;
   }
@@ -69,19 +78,21 @@ void MakeMasterCommand(const MasterContext& context) {
   *context.dialog = edited;
   const Status built = BuildAndShowMaster(context);
   ShowBuildFailure(built, context.ui);
-  const char* const refusal = RefusalText(built);
-  if (refusal != nullptr) context.ui->ShowStatus(refusal);
+  const Message* const refusal = RefusalText(built);
+  if (refusal != nullptr) context.ui->ShowStatus(context.ui->Say(*refusal));
 }
 
 void DeleteMaster(MasterGrid* grid, UserInterface* ui) {
-  if (!ui->ShowMessage({.text = "마스터 모텔을 삭제 하겠읍니까?",
-                        .caption = " Optimizer message ",
-                        .buttons = MessageButtons::kOkCancel})) {
+  if (!ui->ShowMessage(
+          {.text = ui->Say({"마스터 모텔을 삭제 하겠읍니까?", "Delete the master model?"}),
+           .caption = " Optimizer message ",
+           .buttons = MessageButtons::kOkCancel})) {
     return;
   }
   DropMaster(grid);
   // Its picture stays until the next program is loaded.
-  ui->ShowStatus("마스터 모델을 메모리에서 지웠습니다.");
+  ui->ShowStatus(ui->Say(
+      {"마스터 모델을 메모리에서 지웠습니다.", "The master model is no longer in memory."}));
 }
 
 void SaveMasterCommand(const MasterContext& context) {
@@ -90,7 +101,8 @@ void SaveMasterCommand(const MasterContext& context) {
   if (!MayReplace(path, IsMasterFile, context.files, context.ui)) return;
   const Status written = WriteMasterFile(path, *context.grid, context.files);
   if (written.kind() == StatusKind::kNoContent) {
-    context.ui->ShowStatus("저장할 마스터 모델이 없습니다.");
+    context.ui->ShowStatus(
+        context.ui->Say({"저장할 마스터 모델이 없습니다.", "There is no master model to save."}));
   } else if (written.ok()) {
     context.grid->path = path;
     ShowWritten(written, path, context.ui);

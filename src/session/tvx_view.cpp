@@ -18,7 +18,6 @@ ViewDialogs::ViewDialogs(CTVXApp* app, ResultTable* table)
       results(table, app->files, app->ui, app->spreadsheets) {}
 
 CTVXView::CTVXView(CTVXApp* theApp) : app(theApp), dialogs(theApp, &results) {
-  dialogs.results.language = [this] { return app->LabelLanguage; };
   dialogs.results.finishChecks = [this] { FinishChecks(); };
   SetDefaults();
   ReadFiles();

@@ -19,9 +19,10 @@ namespace {
 // and not without a question: most such names are typing errors.
 bool CreateIfMissing(const std::string& path, const CTVXApp& app) {
   if (app.files->Exists(path)) return true;
-  if (!app.ui->ShowMessage({.text = "화일이 없습니다. 만들겠습니까?",
+  if (!app.ui->ShowMessage({.text = app.ui->Say({"화일이 없습니다. 만들겠습니까?",
+                                                 "The file does not exist. Create it?"}),
                             .path = path,
-                            .caption = "불러오기",
+                            .caption = app.ui->Say({"불러오기", "Load"}),
                             .icon = MessageIcon::kQuestion,
                             .buttons = MessageButtons::kYesNo})) {
     return false;

@@ -20,12 +20,12 @@ void Append(const std::vector<std::string>& more, std::vector<std::string>* line
 
 }  // namespace
 
-std::vector<std::string> FileInformationLines(const CutTimeEntry& entry) {
-  std::vector<std::string> lines = RestartLines(entry);
+std::vector<std::string> FileInformationLines(const CutTimeEntry& entry, Language language) {
+  std::vector<std::string> lines = RestartLines(entry, language);
   // Here a position that nobody knows has a line all the same.
   if (entry.RestartOn == 1 && !IsKnownRestart(entry.RestartKind)) lines.emplace_back();
-  Append(ConditionLines(entry, kWeightIndent), &lines);
-  Append(FigureLines(entry, kRapidLengthDecimals), &lines);
+  Append(ConditionLines(entry, kWeightIndent, language), &lines);
+  Append(FigureLines(entry, kRapidLengthDecimals, language), &lines);
   return lines;
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/message.h"
 #include "model/result_entry.h"
 #include "platform/user_interface.h"
 
@@ -12,7 +13,7 @@ namespace tvx {
 
 // The lines in which a result is shown to the user before it is recorded: restart options,
 // conditions of the feed adjustment if it is on, and the seven figures.
-std::vector<std::string> FileInformationLines(const CutTimeEntry& entry);
+std::vector<std::string> FileInformationLines(const CutTimeEntry& entry, Language language);
 
 // The file information dialog: shows a result and asks whether it goes into the table. Nothing is
 // editable.
@@ -23,7 +24,9 @@ class CFileInfoDlg : public Dialog {
   static constexpr char kCancel[] = "Cancel";
 
   // The list box as filled when the dialog opens.
-  std::vector<std::string> Lines() const { return FileInformationLines(entry); }
+  std::vector<std::string> Lines(Language language) const {
+    return FileInformationLines(entry, language);
+  }
 
   CutTimeEntry entry;
 

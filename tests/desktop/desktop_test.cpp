@@ -173,7 +173,7 @@ QStringList TextsIn(const QWidget* window) {
   return texts;
 }
 
-DesktopTest::DesktopTest(int32_t language) {
+DesktopTest::DesktopTest(Language language) {
   UseLanguage(language);
   app.InitApplication(language);
   OpenWindow();

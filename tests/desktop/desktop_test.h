@@ -66,7 +66,7 @@ QStringList TextsIn(const QWidget* window);
 
 class DesktopTest : public testing::Test {
  protected:
-  explicit DesktopTest(int32_t language = kKoreanLabels);
+  explicit DesktopTest(Language language = Language::kKorean);
 
   // A new window without a view in place of the first.
   void OpenWindow(const QString& settingsFile = {});

@@ -5,7 +5,7 @@ usage: tests/golden/run.py [--accept] TVX_CLI [AREA[/CASE]...]
 
 A case is a folder AREA/CASE with a file `cmd` and what it reads. Each line of `cmd` runs in a copy of
 the folder, with a home of its own in home/ and the project's example programs in examples/:
-  tvx-cli ARGUMENTS    the tool
+  tvx-cli ARGUMENTS    the tool; with TVX_LANGUAGE=ko or =en in front, in that language
   copy FOLDER TO       what a folder holds into another, which is made if it is missing
   show FILE            the text of a file, decoded from CP949, each carriage return shown as \\r
   changed COMMAND      what one of these prints, without the lines that the last command without
@@ -34,9 +34,9 @@ def show(path):
     return text.replace("\r", "\\r")
 
 
-def run_tool(tool, arguments, folder):
+def run_tool(tool, arguments, folder, language):
     home = folder / "home"
-    environment = dict(os.environ, TVX_HOME=str(home), LC_ALL="C.UTF-8")
+    environment = dict(os.environ, TVX_HOME=str(home), LC_ALL="C.UTF-8", TVX_LANGUAGE=language)
     run = subprocess.run(
         [tool, *arguments], cwd=folder, env=environment, capture_output=True, timeout=60
     )
@@ -49,9 +49,10 @@ def run_tool(tool, arguments, folder):
 
 
 def run_command(tool, words, folder):
-    program, *arguments = words
+    language = words[0].partition("=")[2]
+    program, *arguments = words[1:] if language else words
     if program == "tvx-cli":
-        return run_tool(tool, arguments, folder)
+        return run_tool(tool, arguments, folder, language)
     if program == "show":
         return show(folder / arguments[0])
     if program == "copy":

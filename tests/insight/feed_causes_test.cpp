@@ -140,8 +140,8 @@ TEST(MoveText, ShowsLineEndFeedsAndRulesOfEachMove) {
   };
   for (const auto& [block, english, korean] : rows) {
     const MoveFacts facts = FactsOf(adjusted.program.store, block, &adjusted.causes, &lines);
-    EXPECT_EQ(MoveText(facts, kEnglishMoveWords), english);
-    EXPECT_EQ(MoveText(facts, kKoreanMoveWords), korean);
+    EXPECT_EQ(MoveText(facts, Language::kEnglish), english);
+    EXPECT_EQ(MoveText(facts, Language::kKorean), korean);
   }
 }
 

@@ -60,7 +60,7 @@ TEST(MachineProfile, WrongFilesAreRefusedWithLineAndKey) {
     profile.Factor = 7;
     const auto fault = ParseMachineProfile(example.text, "x", &profile);
     ASSERT_TRUE(fault.has_value()) << example.text;
-    EXPECT_EQ(FaultText(*fault), example.fault);
+    EXPECT_EQ(FaultText(*fault, Language::kEnglish), example.fault);
     EXPECT_EQ(profile.Factor, 7) << example.text;
   }
 }
@@ -70,7 +70,7 @@ TEST(MachineProfile, FilesAreReadAndWrittenWhole) {
   MachineProfile profile;
   const auto read = [&](const char* path) {
     const auto fault = ReadMachineProfile(path, &files, &profile);
-    return fault ? FaultText(*fault) : "read";
+    return fault ? FaultText(*fault, Language::kEnglish) : "read";
   };
   EXPECT_EQ(read("c:\\none.machine"), "cannot be read");
   files.Put("c:\\big.machine", std::string(kLargestMachineFile + 1, ' '));

@@ -24,7 +24,7 @@ struct Loaded {
   // The texts with "|" between them.
   std::string Texts(uint64_t first, size_t count) {
     const Result<std::vector<std::string>> texts = lines.Read(first, count);
-    if (!texts.ok()) return SourceProblem(texts.status);
+    if (!texts.ok()) return SourceProblem(texts.status).english;
     std::string joined;
     for (const std::string& text : texts.value) joined += (joined.empty() ? "" : "|") + text;
     return joined;

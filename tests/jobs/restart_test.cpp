@@ -57,10 +57,10 @@ TEST_F(Restart, OkWithoutAPointCancels) {
     dialog.EditDecimal(c.decimal, c.text);
     EXPECT_EQ(dialog.numberText, c.number);
     const bool accepted = dialog.Accept() == Closing::kAccepted;
-    std::string shown = RestartButtonText(options, accepted);
-    for (const std::string& row : RestartInfoRows(options)) shown += "|" + row;
+    std::string shown = RestartButtonText(options, accepted, Language::kKorean);
+    for (const std::string& row : RestartInfoRows(options, Language::kKorean)) shown += "|" + row;
     EXPECT_EQ(shown, c.shown);
-    EXPECT_EQ(RestartButtonText(options, false), "재전송: ");
+    EXPECT_EQ(RestartButtonText(options, false, Language::kKorean), "재전송: ");
     EXPECT_EQ(options.RestartOn, accepted ? 1 : 0) << c.shown;
     EXPECT_EQ(dialog.own.RestartOn, options.RestartOn) << c.shown;
   }

@@ -57,12 +57,12 @@ TEST_F(SendOptions, FirstOpeningTakesTheSourceOver) {
             "  코너최대감속비 0.70\r\n  경사최소각도 10.0\r\n  경사최대감속비 1.00\r\n"
             "  볼록코너검색 ON\r\n  Z상하향검색 OFF\r\n  가공소재: STEEL(S45C)\r\n"
             "  최대피드  1000\r\n  접근피드  1000\r\n");
-  EXPECT_EQ(ConditionButtonText(source, kKoreanLabels),
+  EXPECT_EQ(ConditionButtonText(source, Language::kKorean),
             "Afa조건: 공구직경 10.0, 안전거리 5.0\r\n 코너최소각도 10.0, 코너최대감속비 0.70\r\n"
             " 경사최소각도 10.0, 경사최대감속비 0.10\r\n 볼록코너검색 ON Z상하향검색 OFF\r\n"
             " 가공소재: STEEL(S45C)  최대피드  1000\n 접근피드  77");
   const std::string english = "Afa: ToolDia 10.0, SafeDist 5.0\r\n";
-  EXPECT_TRUE(ConditionButtonText(source, kEnglishLabels).starts_with(english));
+  EXPECT_TRUE(ConditionButtonText(source, Language::kEnglish).starts_with(english));
 }
 
 TEST_F(SendOptions, EditsMoveTheRatios) {

@@ -420,7 +420,7 @@ TEST_F(TransferDialog, OptionsOfTheFilesToCome) {
 
   Open();
   EXPECT_EQ(dialog.restartCaption, "재전송 :");
-  EXPECT_EQ(dialog.conditionCaption, ConditionButtonText(dialog.ListOptions(), kKoreanLabels));
+  EXPECT_EQ(dialog.conditionCaption, ConditionButtonText(dialog.ListOptions(), Language::kKorean));
   Append("a.nc");
   EXPECT_NE(dialog.list.lines[0].find("RT OFF Afa ON"), std::string::npos) << "as at the start";
 }
@@ -429,7 +429,7 @@ TEST_F(TransferDialog, EnglishLabelsLeaveNamesAlone) {
   PutNc("공차\\번호.nc", "G01\n");
   slot.WorkDir = "c:\\marlo\\ncdata\\공차";
   JobDialogSetup setup = World();
-  setup.labelLanguage = kEnglishLabels;
+  setup.labelLanguage = Language::kEnglish;
   dialog.Open(setup);
   EXPECT_TRUE(dialog.conditionCaption.starts_with("Afa: ToolDia 10.0"));
   Append("번호.nc");

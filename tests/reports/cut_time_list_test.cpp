@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "jobs/labels.h"
+#include "base/message.h"
 #include "reports/example_entry.h"
 #include "support/memory_files.h"
 #include "support/scripted_spreadsheets.h"
@@ -20,7 +20,6 @@ class CutTimeList : public testing::Test {
  protected:
   CutTimeList() {
     files.SetCurrentDirectory("c:\\marlo");
-    dialog.language = [] { return kEnglishLabels; };
     dialog.finishChecks = [] {};
   }
 

@@ -56,7 +56,7 @@ TEST_F(SingleCutTime, FromTheOptionsToTheEntryAndItsPicture) {
   view.lastRun = {"c:\\marlo\\ncdata\\a.nc", "c:\\run", "the last run's line"};
   OnOptions("2000");
   ui.OnDialog<CFileInfoDlg>([&](CFileInfoDlg* info) {
-    EXPECT_EQ(std::ranges::count(info->Lines(), "최대피드  2000"), 1);
+    EXPECT_EQ(std::ranges::count(info->Lines(Language::kKorean), "최대피드  2000"), 1);
     EXPECT_EQ(view.results.recorded.size(), 0U);
     return true;
   });

@@ -31,7 +31,7 @@ TEST_F(Start, ReadsInThisOrderAndWithoutFilesTheDefaultsStand) {
   EXPECT_EQ(view.job.FileNames.size(), 300U);
   EXPECT_TRUE(view.results.recorded.empty());
   EXPECT_EQ(app.rememberedSpindle, 1000);
-  EXPECT_EQ(app.LabelLanguage, kKoreanLabels);
+  EXPECT_EQ(app.LabelLanguage, Language::kKorean);
 }
 
 TEST_F(Start, SettingsThatCannotBeReadAreNotedAndNothingIsWritten) {

@@ -45,6 +45,7 @@ class ScriptedUi : public UserInterface {
   std::vector<MessageBox> messages;
   std::vector<FileQuestion> fileQuestions;
   int repaints = 0;
+  Language shownLanguage = Language::kKorean;
 
   // Counts and logs what is shown at once, as long as the subscription exists.
   [[nodiscard]] Subscription WatchRepaints(ChangeNotifier* changes);
@@ -53,6 +54,7 @@ class ScriptedUi : public UserInterface {
   // "status TEXT", "offer PATH".
   std::vector<std::string> log;
 
+  Language language() const override { return shownLanguage; }
   bool ShowMessage(const MessageBox& message) override;
   bool RunModal(Dialog* dialog) override;
   bool ChooseFile(const FileQuestion& question, std::string* path) override;

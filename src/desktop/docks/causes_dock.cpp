@@ -33,7 +33,7 @@ QString MinutesText(double minutes) {
 }
 
 QString TextOfRule(FeedRule rule) {
-  QString text = InLanguage(TextOf(rule).korean, TextOf(rule).english);
+  QString text = InLanguage(TextOf(rule));
   text[0] = text[0].toUpper();
   return text;
 }

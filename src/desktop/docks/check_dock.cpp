@@ -27,14 +27,10 @@ enum Column { kMeaning, kCount, kColumns };
 
 constexpr int kKindRole = Qt::UserRole;  // index of the RemarkKind
 
-QString ClassText(RemarkClass remarkClass) {
-  constexpr const char* kTexts[] = {"빠짐", "다름", "참고"};
-  return Translated(kTexts[static_cast<size_t>(remarkClass)]);
-}
-
-QString MeaningOf(const RemarkKind& kind) {
-  return InLanguage(kind.korean, kind.english);
-}
+constexpr Message kLine{"줄 {line}", "Line {line}"};
+constexpr Message kCounts{"빠짐 {lost}, 다름 {changed}", "{lost} lost, {changed} changed"};
+constexpr Message kFirstLines{"{count}개 가운데 처음 {listed}개의 줄이 있습니다.",
+                              "The first {listed} lines of {count} are listed."};
 
 // Why there are no rows.
 QString StateText(CheckState state) {
@@ -54,7 +50,7 @@ QString StateText(CheckState state) {
 }
 
 QString LineText(uint64_t line) {
-  return Translated(Format("줄 %s", std::to_string(line).c_str()));
+  return InLanguage(kLine, {{"line", line}});
 }
 
 // The counts, or why there are none.
@@ -77,9 +73,8 @@ std::vector<const RemarkKind*> FoundKinds(const ProgramCheck& check) {
 }  // namespace
 
 QString CountsText(const ProgramCheck& check) {
-  return Translated(Format("빠짐 %s, 다름 %s",
-                           std::to_string(check.Count(RemarkClass::kLost)).c_str(),
-                           std::to_string(check.Count(RemarkClass::kChanged)).c_str()));
+  return InLanguage(kCounts, {{"lost", check.Count(RemarkClass::kLost)},
+                              {"changed", check.Count(RemarkClass::kChanged)}});
 }
 
 CheckDock::CheckDock(const DockContext& context, QWidget* parent)
@@ -182,7 +177,8 @@ void CheckDock::ShowKinds() {
     const ProgramCheck& check = *file_->result;
     for (const RemarkKind* const kind : FoundKinds(check)) {
       auto* const row = new QTreeWidgetItem(rows_);
-      row->setText(kMeaning, ClassText(kind->remarkClass) + " · " + MeaningOf(*kind));
+      row->setText(kMeaning,
+                   InLanguage(TextOf(kind->remarkClass)) + " · " + InLanguage(kind->text));
       row->setToolTip(kMeaning, row->text(kMeaning) + " (" + ToQt(kind->name) + ")");
       row->setText(kCount, QString::number(check.Of(kind->id).count));
       row->setTextAlignment(kCount, Qt::AlignRight | Qt::AlignVCenter);
@@ -221,14 +217,13 @@ void CheckDock::ShowRemark(QTreeWidgetItem* row) {
   };
 
   QString text = LineHtml(remark.line);
-  QString meaning = MeaningOf(kind);
+  QString meaning = InLanguage(kind.text);
   if (!remark.detail.empty()) meaning += ": " + Printable(ToQt(remark.detail));
-  text += paragraph(ClassText(kind.remarkClass) + " · " + meaning);
-  text += paragraph(InLanguage(kind.koreanHelp, kind.englishHelp));
+  text += paragraph(InLanguage(TextOf(kind.remarkClass)) + " · " + meaning);
+  text += paragraph(InLanguage(kind.help));
   if (list.stored.size() < list.count) {
-    text += paragraph(Translated(Format("%s개 가운데 처음 %s개의 줄이 있습니다.",
-                                        std::to_string(list.count).c_str(),
-                                        std::to_string(list.stored.size()).c_str())));
+    text +=
+        paragraph(InLanguage(kFirstLines, {{"count", list.count}, {"listed", list.stored.size()}}));
   }
   remark_->setHtml(text);
   // Of the files of a run, only the one that is loaded has a picture and a text in the window.

@@ -31,14 +31,20 @@ bool IsUnderCheck(const CTVXView* view) {
   return view != nullptr && view->checks().State() == CheckState::kUnderWay;
 }
 
+constexpr Message kParts{"절삭 {cuts}, 급속이송 {rapids}, 드웰 {dwells}, 공구교환 {tools} min",
+                         "Cuts {cuts}, rapids {rapids}, dwells {dwells}, tool changes {tools} min"};
+constexpr Message kWithoutFeed{"피드가 없는 이동 {count}개는 제외",
+                               "Without {count} moves that have no feed"};
+
 QString PartsText(const MachineTime& time, bool isChecked) {
-  QString text =
-      Translated(Format("절삭 %.1f, 급속이송 %.1f, 드웰 %.1f, 공구교환 %.1f min", time.cutMinutes,
-                        time.rapidMinutes, time.dwellMinutes, time.toolMinutes));
+  const auto minutes = [](double value) { return Format("%.1f", value); };
+  QString text = InLanguage(kParts, {{"cuts", minutes(time.cutMinutes)},
+                                     {"rapids", minutes(time.rapidMinutes)},
+                                     {"dwells", minutes(time.dwellMinutes)},
+                                     {"tools", minutes(time.toolMinutes)}});
   if (!isChecked) text += "\n" + Translated("드웰과 공구교환은 알 수 없습니다.");
   if (time.movesWithoutFeed > 0) {
-    text += "\n" + Translated(Format("피드가 없는 이동 %s개는 제외",
-                                     std::to_string(time.movesWithoutFeed).c_str()));
+    text += "\n" + InLanguage(kWithoutFeed, {{"count", time.movesWithoutFeed}});
   }
   return text;
 }
@@ -119,7 +125,8 @@ void MachineRows::Clear() {
 bool MachineRows::Use(const std::string& path) {
   MachineProfile read;
   if (const auto fault = ReadMachineProfile(path, context_.app->files, &read)) {
-    const std::string text = NameOfPath(path, kAnySlash) + ": " + FaultText(*fault);
+    const std::string text =
+        NameOfPath(path, kAnySlash) + ": " + FaultText(*fault, LanguageInUse());
     const QString message = Translated("기계 화일을 사용할 수 없습니다: ") + ToQt(text);
     context_.app->ui->ShowStatus(FromQt(message));
     // The load of a program at the start takes the place of the text in the status bar.

@@ -135,8 +135,8 @@ void CalculatorFace::ShowResults() {
   for (size_t i = 0; i < kCalculatorNumbers; ++i) {
     if (numbers_[i] != nullptr) ShowText(numbers_[i], dialog_->NumberText(CalculatorNumbers()[i]));
   }
-  if (speedCaption_ != nullptr) speedCaption_->setText(Translated(dialog_->speedCaption));
-  if (feedCaption_ != nullptr) feedCaption_->setText(Translated(dialog_->feedCaption));
+  if (speedCaption_ != nullptr) speedCaption_->setText(ToQt(dialog_->speedCaption));
+  if (feedCaption_ != nullptr) feedCaption_->setText(ToQt(dialog_->feedCaption));
 }
 
 void CalculatorFace::Accept() {

@@ -79,7 +79,7 @@ AfaSetupFace::AfaSetupFace(CAfaSetupDlg* dialog, QWidget* parent)
 }
 
 QString AfaSetupFace::SliderCaption(size_t slider) const {
-  return ToQt(dialog_->Caption(slider, LanguageOf(LanguageInUse())));
+  return ToQt(dialog_->Caption(slider, LanguageInUse()));
 }
 
 void AfaSetupFace::AddSliders(QLayout* layout, const char* group, size_t first) {

@@ -62,7 +62,7 @@ QLineEdit* Face::AddEdit(QFormLayout* form, std::string_view label, std::string_
 
 QLineEdit* Face::AddEdit(QFormLayout* form, const Message& label, std::string_view text,
                          std::function<void(const std::string& text)> edited) {
-  return AddLabelledEdit(form, Translated(label), text, std::move(edited));
+  return AddLabelledEdit(form, InLanguage(label), text, std::move(edited));
 }
 
 QCheckBox* Face::AddCheck(QLayout* layout, std::string_view label, std::function<bool()> isTicked,
@@ -72,7 +72,7 @@ QCheckBox* Face::AddCheck(QLayout* layout, std::string_view label, std::function
 
 QCheckBox* Face::AddCheck(QLayout* layout, const Message& label, std::function<bool()> isTicked,
                           std::function<void()> toggle) {
-  return AddLabelledCheck(layout, Translated(label), std::move(isTicked), std::move(toggle));
+  return AddLabelledCheck(layout, InLanguage(label), std::move(isTicked), std::move(toggle));
 }
 
 QPushButton* Face::AddButton(QLayout* layout, std::string_view text,
@@ -81,7 +81,7 @@ QPushButton* Face::AddButton(QLayout* layout, std::string_view text,
 }
 
 QPushButton* Face::AddButton(QLayout* layout, const Message& text, std::function<void()> clicked) {
-  return AddLabelledButton(layout, Translated(text), std::move(clicked));
+  return AddLabelledButton(layout, InLanguage(text), std::move(clicked));
 }
 
 QPushButton* Face::AddLabelledButton(QLayout* layout, const QString& text,

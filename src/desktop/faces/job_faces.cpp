@@ -208,7 +208,7 @@ QWidget* TransferFace::BuildOptions() {
   deleteM30_ = AddCheck(
       row, CTransferDlg::kDeleteM30, [this] { return dialog_->ListOptions().DeleteM30 == 1; },
       [this] { dialog_->ToggleDeleteM30(); });
-  restart_ = AddOperation(row, CTransferDlg::kRestartButton, &CTransferDlg::SetRestart);
+  restart_ = AddOperation(row, dialog_->restartCaption.c_str(), &CTransferDlg::SetRestart);
   condition_ = AddOperation(row, CTransferDlg::kConditionButton, &CTransferDlg::SetCondition);
   ShowAsBigButton(condition_);
   row->setStretch(1, 1);
@@ -242,8 +242,8 @@ void TransferFace::Show() {
     masks_->setCurrentIndex(dialog_->selectedMask);
   }
   deleteM30_->setChecked(dialog_->ListOptions().DeleteM30 == 1);
-  restart_->setText(TranslatedLabels(dialog_->restartCaption));
-  ShowCaption(condition_, Translated(dialog_->conditionCaption));
+  restart_->setText(ToQt(dialog_->restartCaption));
+  ShowCaption(condition_, ToQt(dialog_->conditionCaption));
 }
 
 void TransferFace::ShowTree() {

@@ -1,4 +1,3 @@
-// Shows the lines of results; labels are translated, names are not.
 #include "desktop/faces/result_faces.h"
 
 #include <QDialogButtonBox>
@@ -16,23 +15,11 @@
 
 namespace tvx {
 
-namespace {
-
-// A line of a result in the language in use. Names are not translated.
-QString InformationLine(const std::string& line) {
-  for (const std::string_view label : kNameLabels) {
-    if (line.starts_with(label)) return Translated(label) + ToQt(line.substr(label.size()));
-  }
-  return TranslatedLabels(line);
-}
-
-}  // namespace
-
 FileInfoFace::FileInfoFace(CFileInfoDlg* dialog, QWidget* parent) : QDialog(parent) {
   setWindowTitle(Translated(CFileInfoDlg::kTitle));
   auto* const column = new QVBoxLayout(this);
   auto* const list = new QListWidget(this);
-  for (const std::string& line : dialog->Lines()) list->addItem(TranslatedLabels(line));
+  for (const std::string& line : dialog->Lines(LanguageInUse())) list->addItem(ToQt(line));
   list->setMinimumSize(360, 420);
   column->addWidget(list);
   if (dialog->timeBefore) {
@@ -115,14 +102,12 @@ void CutTimeListFace::Show() {
   ShowRows(files_, dialog_->fileNames, dialog_->selected);
   ShowInformation();
   total_->setText(ToQt(dialog_->TotalTimeText()));
-  remark_->setText(Translated(dialog_->Remark()));
+  remark_->setText(ToQt(dialog_->Remark()));
 }
 
 void CutTimeListFace::ShowInformation() {
   information_->clear();
-  for (const std::string& line : dialog_->information) {
-    information_->addItem(InformationLine(line));
-  }
+  for (const std::string& line : dialog_->information) information_->addItem(ToQt(line));
 }
 
 }  // namespace tvx

@@ -11,8 +11,8 @@
 #include <QTextDocument>
 #include <QUrl>
 
+#include "base/message.h"
 #include "desktop/language.h"
-#include "jobs/labels.h"
 
 namespace tvx {
 
@@ -63,7 +63,7 @@ void Help::Show(const QString& page, const QString& text) {
     browser_->setOpenExternalLinks(true);
     browser_->resize(900, 760);
   }
-  const QString language = LanguageInUse() == kEnglishLabels ? "en" : "ko";
+  const QString language = LanguageInUse() == Language::kEnglish ? "en" : "ko";
   browser_->setSource(QUrl::fromLocalFile(QDir(folder).filePath(language + "/" + page)),
                       QTextDocument::MarkdownResource);
   browser_->show();

@@ -38,7 +38,7 @@ class WindowApplication : public QApplication {
 };
 
 struct Arguments {
-  int32_t language = tvx::kKoreanLabels;
+  tvx::Language language = tvx::Language::kKorean;
   QStringList files;
 };
 
@@ -47,7 +47,7 @@ struct Arguments {
 Arguments ReadArguments(const QString& settingsFile) {
   QCommandLineParser parser;
   parser.setApplicationDescription("Shows tool paths and their machining times.");
-  const bool choseEnglish = tvx::ChosenLanguage(settingsFile) == tvx::kEnglishLabels;
+  const bool choseEnglish = tvx::ChosenLanguage(settingsFile) == tvx::Language::kEnglish;
   const QString environment = qEnvironmentVariable("TVX_LANGUAGE", choseEnglish ? "en" : "ko");
   const QCommandLineOption language("language", "The language of the windows: ko or en.",
                                     "language", environment);
@@ -61,7 +61,8 @@ Arguments ReadArguments(const QString& settingsFile) {
     std::fprintf(stderr, "tvx: no language \"%s\": ko or en\n", qPrintable(asked));
     std::exit(2);
   }
-  return {asked == "en" ? tvx::kEnglishLabels : tvx::kKoreanLabels, parser.positionalArguments()};
+  return {asked == "en" ? tvx::Language::kEnglish : tvx::Language::kKorean,
+          parser.positionalArguments()};
 }
 
 }  // namespace
@@ -82,15 +83,17 @@ int main(int argc, char** argv) {
   const QString settingsFile = tvx::ToQt((home / "desktop.ini").string());
   const Arguments arguments = ReadArguments(settingsFile);
   tvx::UseLanguage(arguments.language);
-  if (arguments.language == tvx::kKoreanLabels) tvx::SetUpKorean();
+  if (arguments.language == tvx::Language::kKorean) tvx::SetUpKorean();
 
   const tvx::Drives drives(home);
   const std::unique_ptr<tvx::Files> files = tvx::MakeHostFiles(&drives);
   tvx::QtUserInterface ui(&drives, files.get());
   if (!tvx::HasCp949()) {
     // What is read or written without it is not what the files hold.
-    ui.ShowMessage({.text = "시스템에 CP949 변환기가 없습니다. libc6 꾸러미를, 있으면 "
-                            "libc-gconv-modules-extra 꾸러미를 설치하십시오.",
+    ui.ShowMessage({.text = ui.Say({"시스템에 CP949 변환기가 없습니다. libc6 꾸러미를, 있으면 "
+                                    "libc-gconv-modules-extra 꾸러미를 설치하십시오.",
+                                    "The system has no converter for CP949. Install the package "
+                                    "libc6, or libc-gconv-modules-extra where that exists."}),
                     .icon = tvx::MessageIcon::kStop});
     return 1;
   }

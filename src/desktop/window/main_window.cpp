@@ -22,7 +22,6 @@
 #include "desktop/window/leaving.h"
 #include "desktop/window/reload.h"
 #include "insight/move_text.h"
-#include "jobs/labels.h"
 #include "reports/report_table.h"
 #include "session/messages.h"
 #include "session/view_operations.h"
@@ -294,8 +293,7 @@ QString MainWindow::MoveTextOf(CTVXView* view, Mark mark) const {
   const auto block = view->MarkedBlock(mark);
   if (!block) return {};
   const MoveFacts facts = FactsOf(view->program.store, *block, view->causes(), view->Lines());
-  const MoveWords& words = LanguageInUse() == kEnglishLabels ? kEnglishMoveWords : kKoreanMoveWords;
-  return Printable(ToQt(MoveText(facts, words)));
+  return Printable(ToQt(MoveText(facts, LanguageInUse())));
 }
 
 void MainWindow::ShowHoveredMove() {

@@ -134,7 +134,7 @@ bool Printing::PrintTo(QPrinter* printer, CTVXView* view) {
   const QString file = printer->outputFileName();
   if (!painter.begin(printer)) {
     if (!file.isEmpty()) ShowWritten(StatusKind::kWriteFailed, FromQt(file), ui_);
-    ui_->ShowMessage({.text = "인쇄할 수 없습니다."});
+    ui_->ShowMessage({.text = ui_->Say({"인쇄할 수 없습니다.", "Printing is not possible."})});
     return false;
   }
   PaintOnPage({&view->program, &view->job, &view->view},
@@ -143,7 +143,9 @@ bool Printing::PrintTo(QPrinter* printer, CTVXView* view) {
   if (file.isEmpty() || printer->outputFormat() != QPrinter::PdfFormat) return hasEnded;
   const bool isWritten = hasEnded && IsCompletePdf(file);
   ShowWritten(isWritten ? StatusKind::kOk : StatusKind::kWriteFailed, FromQt(file), ui_);
-  if (!isWritten) ui_->ShowMessage({.text = "디스크가 가득 찼거나 쓸 수 없습니다."});
+  if (!isWritten)
+    ui_->ShowMessage({.text = ui_->Say({"디스크가 가득 찼거나 쓸 수 없습니다.",
+                                        "The disk is full or cannot be written."})});
   return isWritten;
 }
 

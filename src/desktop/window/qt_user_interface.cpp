@@ -146,8 +146,8 @@ void QtUserInterface::SetWindow(InterfaceWindow* window) {
 
 bool QtUserInterface::ShowMessage(const MessageBox& message) {
   const QString about = message.path.empty() ? QString() : ToQt(message.path) + "\n\n";
-  QMessageBox box(IconOf(message.icon), Translated(message.caption),
-                  about + Translated(message.text), ButtonsOf(message.buttons), Parent());
+  QMessageBox box(IconOf(message.icon), ToQt(message.caption), about + ToQt(message.text),
+                  ButtonsOf(message.buttons), Parent());
   box.setTextFormat(Qt::PlainText);  // a name in it may look like a tag
   NameButtons(&box);
   MakeRoomForCaption(&box);
@@ -211,7 +211,7 @@ bool QtUserInterface::ChooseFile(const FileQuestion& question, std::string* path
 
 void QtUserInterface::ShowStatus(const std::string& text, const std::string& path) {
   const QString about = path.empty() ? QString() : ToQt(path) + ": ";
-  if (window_ != nullptr) window_->ShowStatusText(about + Translated(text));
+  if (window_ != nullptr) window_->ShowStatusText(about + ToQt(text));
 }
 
 void QtUserInterface::OfferToOpen(const std::string& path) {

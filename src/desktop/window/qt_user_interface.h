@@ -4,6 +4,7 @@
 #include <QWidget>
 #include <string>
 
+#include "desktop/language.h"
 #include "desktop/window/progress_bar.h"
 #include "platform/files/drives.h"
 #include "platform/files/files.h"
@@ -32,6 +33,7 @@ class QtUserInterface final : public UserInterface {
   // Until a window is set, messages have no parent and the status line is not shown.
   void SetWindow(InterfaceWindow* window);
 
+  Language language() const override { return LanguageInUse(); }
   bool ShowMessage(const MessageBox& message) override;
   bool RunModal(Dialog* dialog) override;
   // Leaves the current directory of the program at the directory of the chosen file.

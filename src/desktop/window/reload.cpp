@@ -111,11 +111,13 @@ void Reload::ReadInOtherFormat() {
   view.job.InputFileType = type;
   Run();
   if (ending.empty() ||
-      !view.app->ui->ShowMessage({.text = "이 확장자의 화일을 항상 이 형식으로 읽겠습니까?",
-                                  .path = "." + ending,
-                                  .caption = "불러오기",
-                                  .icon = MessageIcon::kQuestion,
-                                  .buttons = MessageButtons::kYesNo})) {
+      !view.app->ui->ShowMessage(
+          {.text = view.app->ui->Say({"이 확장자의 화일을 항상 이 형식으로 읽겠습니까?",
+                                      "Read files with this ending in this format from now on?"}),
+           .path = "." + ending,
+           .caption = view.app->ui->Say({"불러오기", "Load"}),
+           .icon = MessageIcon::kQuestion,
+           .buttons = MessageButtons::kYesNo})) {
     return;
   }
   view.app->FormatOfEnding[ending] = type;

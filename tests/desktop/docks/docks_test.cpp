@@ -9,10 +9,10 @@
 #include <QTreeWidget>
 #include <QWheelEvent>
 
+#include "base/message.h"
 #include "desktop/desktop_test.h"
 #include "desktop/docks/bar_list.h"
 #include "desktop/docks/program_text.h"
-#include "jobs/labels.h"
 
 namespace tvx {
 namespace {
@@ -23,7 +23,7 @@ constexpr char kCorners[] =
 
 class DocksTest : public DesktopTest {
  protected:
-  DocksTest() : DesktopTest(kEnglishLabels) {}
+  DocksTest() : DesktopTest(Language::kEnglish) {}
 
   void LoadAndAdjust() {
     Load("part.nc", kCorners);

@@ -32,7 +32,7 @@ using enum CommandId;
 
 class DialogFaces : public DesktopTest {
  protected:
-  DialogFaces() : DesktopTest(kEnglishLabels) {}
+  DialogFaces() : DesktopTest(Language::kEnglish) {}
 
   // Opens a dialog on the record and runs it with a user's steps in its face. Returns what has
   // changed in the record.
@@ -281,7 +281,7 @@ class JobFaces : public DialogFaces {
     record.WorkDir = "c:\\marlo\\ncdata";
     working.FirstEditable = 0;
     dialog.Open({&record, &working, "c:\\marlo", "ed", &app.ExtensionList, NoPrograms(), 1000,
-                 kEnglishLabels});
+                 Language::kEnglish});
   }
 
   JobRecord working;

@@ -231,7 +231,7 @@ TEST_F(MainWindowTest, LanguageColoursAndCoresAreKeptForNextStart) {
   OpenWindow(settings);
   EXPECT_EQ(ChosenLanguage(settings), std::nullopt);
   entry("English")->trigger();
-  EXPECT_EQ(ChosenLanguage(settings), kEnglishLabels);
+  EXPECT_EQ(ChosenLanguage(settings), Language::kEnglish);
   entry("잘 보이는 색")->trigger();
   app.cores = 77;
   if (CoreCount() > 1) entry("1")->trigger();
