@@ -365,7 +365,7 @@ class BarWatcher : public QObject {
 };
 
 TEST_F(MainWindowTest, EscapeStopsRunWhoseBarMovedAndKeepsItsResults) {
-  constexpr int kLines = 2'000'000;
+  constexpr int kLines = 3'000'000;
   std::string program = "G1 F500\n";
   for (int i = 0; i < kLines; ++i) program += Format("X%dY%d\n", i % 1000, i / 1000);
   JobRecord& job = View().job;
@@ -377,7 +377,7 @@ TEST_F(MainWindowTest, EscapeStopsRunWhoseBarMovedAndKeepsItsResults) {
   }
   BarWatcher bar(window.get());
   RunCommand(kRunJobList, "전송");
-  EXPECT_GT(bar.shown.size(), 5U);
+  EXPECT_GT(bar.shown.size(), 3U) << "the bar moves within a file";
   EXPECT_NE(bar.shown.lower_bound({"2/3", 0}), bar.shown.lower_bound({"3/3", 0}));
   EXPECT_FALSE(bar.wasUnderDialog);
   EXPECT_EQ(Children().size(), 1) << "other keys start nothing";
