@@ -8,7 +8,7 @@
 
 namespace tvx {
 
-// A line of the form kMacro. Words and assignments may stand in one line, keywords only at its
+// A line of the form kMacro. A line may hold both words and assignments, keywords only at its
 // beginning or after an N word:
 //   words and #n = value
 //   GOTO n, IF [condition] GOTO n, IF [condition] THEN #n = value

@@ -150,7 +150,7 @@ class LineReader {
   uint64_t totalBytes_;
   uint64_t readBytes_ = 0;
   const char* next_ = nullptr;  // the first byte not given
-  const char* end_ = nullptr;   // after the last byte read; a line feed stands there
+  const char* end_ = nullptr;   // after the last byte read; points to a line feed
   const char* wholeOfCut_ = nullptr;
   char cut_[kParserLineBytes + 1];
 };
